@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string_view>
+
+#include "display/colour.h"
+
+namespace display {
+
+/// What drawing code asks of a surface: screen, paper and recorder are three canvases. Coordinates
+/// are floating units of the canvas's own scale, y downward. Boxes include both corners, so that a
+/// box of no width is one column of dots.
+class Canvas {
+ public:
+    virtual ~Canvas() = default;
+
+    /// The size with the frame, and the inner size, in units of the scale.
+    virtual float outerWidth() const = 0;
+    virtual float outerHeight() const = 0;
+    virtual float scaleWidth() const = 0;
+    virtual float scaleHeight() const = 0;
+
+    virtual void box(float x1, float y1, float x2, float y2) = 0;
+    virtual void line(float x1, float y1, float x2, float y2) = 0;
+    /// Prints at (textX, textY), the upper left corner of the text.
+    virtual void print(std::string_view text) = 0;
+
+    Colour foreground = kBlack;
+    float textX = 0;
+    float textY = 0;
+    bool bold = false;
+    std::string_view fontName = "MS Sans Serif";
+    float fontPoints = 8.25f;
+    int lineWidth = 1;
+};
+
+}  // namespace display

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/control.h"
+
+#include "display/form.h"
+
+namespace display {
+
+Control::Control(Form& form, std::string name)
+    : Revised(form.clock_), form_(form), name_(std::move(name)) {
+    form.controls_.push_back(this);
+}
+
+void Control::reset() {
+    left = 0.f;
+    top = 0.f;
+    width = 0.f;
+    height = 0.f;
+    visible = true;
+    enabled = true;
+    container = nullptr;
+    timesPlaced = 0;
+    resetKind();
+}
+
+Box Control::boxOnForm() const {
+    Box box{left, top, width, height};
+    for (const Panel* in = container; in; in = in->container) {
+        const float unit = in->unit;
+        box.left = in->left + box.left * unit;
+        box.top = in->top + box.top * unit;
+        box.width *= unit;
+        box.height *= unit;
+    }
+    return box;
+}
+
+bool Control::shown() const {
+    for (const Control* control = this; control; control = control->container.get()) {
+        if (!control->visible) return false;
+    }
+    return form_.visible;
+}
+
+bool Control::usable() const {
+    for (const Control* control = this; control; control = control->container.get()) {
+        if (!control->enabled) return false;
+    }
+    return form_.enabled;
+}
+
+std::string_view Control::spokenName() const {
+    return form_.language == Language::Spanish ? says.spanish : says.english;
+}
+
+}  // namespace display

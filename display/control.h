@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "display/colour.h"
+#include "display/property.h"
+
+namespace display {
+
+class ControlVisitor;
+class Form;
+class Panel;
+
+/// Where a control stands, in the units of its container (twips unless the container says else).
+struct Box {
+    float left = 0;
+    float top = 0;
+    float width = 0;
+    float height = 0;
+    bool operator==(const Box&) const = default;
+    float right() const { return left + width; }
+    float bottom() const { return top + height; }
+};
+
+/// One text in the two languages that the panels speak. UTF-8.
+struct Words {
+    const char* spanish = "";
+    const char* english = "";
+};
+
+/// The pointer on a control: position from its upper left corner in twips, and whether the left
+/// button is down.
+struct Mouse {
+    float x = 0;
+    float y = 0;
+    bool left = false;
+};
+
+using Event = std::function<void()>;
+using MouseEvent = std::function<void(const Mouse&)>;
+
+/// Base of the closed set of controls (see ControlVisitor). A control is a member of its form and
+/// lives as long; its name is its run-time name, which tests and the screen reader use.
+class Control : public Revised {
+ public:
+    Control(Form& form, std::string name);
+    virtual ~Control() = default;
+
+    virtual void accept(ControlVisitor& visitor) = 0;
+
+    /// Back to the state before any design value was laid.
+    void reset();
+
+    /// True when a person can act on it: it then becomes a real widget with keyboard and focus.
+    virtual bool interactive() const { return false; }
+
+    const std::string& name() const { return name_; }
+    Form& form() const { return form_; }
+
+    /// Its box in twips from the form's upper left corner, all containers resolved.
+    Box boxOnForm() const;
+
+    /// Shown and usable, its containers and its form included.
+    bool shown() const;
+    bool usable() const;
+
+    /// What the screen reader says and the tool tip shows, in the language of the form.
+    std::string_view spokenName() const;
+
+    Property<float> left{*this}, top{*this}, width{*this}, height{*this};
+    Property<bool> visible{*this, true};
+    Property<bool> enabled{*this, true};
+
+    /// The panel that it stands in, or null for the form itself.
+    Property<Panel*> container{*this, nullptr};
+
+    /// Accessible name; readouts that have a caption leave it to the caption.
+    Words says;
+    /// Tool tip; empty for none.
+    Words tip;
+    /// Place in the Tab order; 0 keeps it out of it.
+    int tabIndex = 0;
+
+    /// How often a layout placed it since the last load: exactly once, or the form is wrong.
+    int timesPlaced = 0;
+
+ protected:
+    virtual void resetKind() = 0;
+
+ private:
+    Form& form_;
+    std::string name_;
+};
+
+}  // namespace display

@@ -1,0 +1,255 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/controls.h"
+
+#include <algorithm>
+
+#include "display/chart.h"
+#include "display/form.h"
+
+namespace display {
+
+void Label::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+void Line::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+void Shape::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+void Picture::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+void Panel::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+void PictureBox::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+void Key::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+void TextField::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+void CheckBox::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+void Option::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+void ComboBox::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+void ListBox::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+void ScrollBar::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+void Tabs::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+
+void Label::resetKind() {
+    caption = "";
+    colour = kWhite;
+    font = Font{};
+    align = Align::Left;
+    surface = Surface::None;
+    wraps = false;
+}
+
+void Line::resetKind() {
+    from(0, 0);
+    to(0, 0);
+    colour = kWhite;
+    thickness = 1.f;
+    stroke = Stroke::Plain;
+}
+
+void Shape::resetKind() {
+    outline = Outline::Rectangle;
+    colour = kBlack;
+    fadesFrom = kBlack;
+}
+
+bool Picture::interactive() const {
+    return onPress || onRelease || onClick;
+}
+
+void Picture::resetKind() {
+    picture = "";
+    caption = "";
+}
+
+bool Panel::interactive() const {
+    return false;
+}
+
+void Panel::resetKind() {
+    caption = "";
+    surface = Surface::None;
+    unit = 1.f;
+}
+
+bool PictureBox::interactive() const {
+    return static_cast<bool>(onDoubleClick);
+}
+
+void PictureBox::resetKind() {
+    drawing.clear();
+}
+
+void Key::resetKind() {
+    caption = "";
+    colour = kWhite;
+    lit = false;
+    isDefault = false;
+    isCancel = false;
+}
+
+void TextField::edit(std::string_view wanted) {
+    if (text == wanted) return;
+    text.text_ = wanted;
+    if (onChange && !form().layingOut()) onChange();
+}
+
+void TextField::resetKind() {
+    text.text_ = "";
+    locked = false;
+    maxLength = 0;
+    align = Align::Left;
+    colour = kWhite;
+    font = Font{};
+}
+
+CheckBox::Value& CheckBox::Value::operator=(bool on) {
+    if (on_ == on) return *this;
+    on_ = on;
+    if (box_.onClick && !box_.form().layingOut()) box_.onClick();
+    return *this;
+}
+
+void CheckBox::resetKind() {
+    checked.on_ = false;
+    caption = "";
+}
+
+void Option::choose() {
+    if (chosen) return;
+    for (Control* control : form().controls()) {
+        auto* other = dynamic_cast<Option*>(control);
+        if (other && other != this && other->container.get() == container.get()) {
+            other->chosen = false;
+        }
+    }
+    chosen = true;
+    if (onClick && !form().layingOut()) onClick();
+}
+
+void Option::resetKind() {
+    chosen = false;
+    caption = "";
+}
+
+void ListModel::clear() {
+    rows_.clear();
+    selected_ = -1;
+    owner_.touch();
+}
+
+void ListModel::add(std::string_view row) {
+    rows_.emplace_back(row);
+    owner_.touch();
+}
+
+std::string_view ListModel::text() const {
+    return selected_ < 0 ? std::string_view{} : rows_[static_cast<std::size_t>(selected_)];
+}
+
+bool ListModel::setSelected(int row) {
+    if (row < -1 || row >= static_cast<int>(rows_.size()) || row == selected_) return false;
+    selected_ = row;
+    owner_.touch();
+    return true;
+}
+
+void ComboBox::select(int row) {
+    if (list.setSelected(row) && onClick && !form().layingOut()) onClick();
+}
+
+void ComboBox::resetKind() {
+    list.clear();
+}
+
+void ListBox::select(int row) {
+    if (list.setSelected(row) && onClick && !form().layingOut()) onClick();
+}
+
+void ListBox::resetKind() {
+    list.clear();
+}
+
+int ScrollBar::clamped(int wanted) const {
+    return std::clamp(wanted, minimum.get(), std::max(minimum.get(), maximum.get()));
+}
+
+ScrollBar::Value& ScrollBar::Value::operator=(int wanted) {
+    const int value = bar_.clamped(wanted);
+    if (!bar_.dragging) bar_.thumb = value;
+    if (value_ == value) return *this;
+    value_ = value;
+    if (bar_.onChange && !bar_.form().layingOut()) bar_.onChange();
+    return *this;
+}
+
+void ScrollBar::range(int lowest, int highest, int page) {
+    minimum = lowest;
+    maximum = highest;
+    pageStep = page;
+}
+
+void ScrollBar::drag(int position) {
+    dragging = true;
+    if (thumb == clamped(position)) return;
+    thumb = clamped(position);
+    if (onScroll) onScroll();
+}
+
+void ScrollBar::dropThumb() {
+    if (!dragging) return;
+    dragging = false;
+    value = thumb.get();
+}
+
+void ScrollBar::resetKind() {
+    minimum = 0;
+    maximum = 100;
+    pageStep = 10;
+    dragging = false;
+    thumb = 0;
+    value.value_ = 0;
+    vertical = false;
+}
+
+void Tabs::add(std::string_view caption, Panel& page) {
+    page.visible = pages_.empty();
+    pages_.push_back({std::string(caption), &page});
+    touch();
+}
+
+void Tabs::choose(int tab) {
+    if (tab < 0 || tab >= static_cast<int>(pages_.size()) || tab == current) return;
+    pages_[static_cast<std::size_t>(current.get())].panel->visible = false;
+    current = tab;
+    pages_[static_cast<std::size_t>(tab)].panel->visible = true;
+    if (onClick && !form().layingOut()) onClick();
+}
+
+void Tabs::resetKind() {
+    current = 0;
+    pages_.clear();
+}
+
+}  // namespace display

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/desktop.h"
+
+#include "display/form.h"
+
+namespace display {
+
+Desktop::Desktop() : queue_([this] { return now(); }) {}
+
+Desktop::~Desktop() = default;
+
+void Desktop::end() {
+    if (!ended_) {
+        ended_ = true;
+        ending();
+    }
+    throw ProgramEnded{};
+}
+
+Form* Desktop::find(std::string_view formName) const {
+    for (Form* form : forms_) {
+        if (form->name() == formName) return form;
+    }
+    return nullptr;
+}
+
+}  // namespace display

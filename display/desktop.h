@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <chrono>
+#include <exception>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "display/event_queue.h"
+
+namespace display {
+
+class Form;
+
+enum class BoxIcon { None, Information, Critical };
+
+/// A message box with one key. UTF-8; lines are divided by \n.
+struct MessageBox {
+    std::string title;
+    std::string text;
+    BoxIcon icon = BoxIcon::None;
+};
+
+enum class PointerShape { Arrow, Hourglass };
+
+struct Date {
+    int year = 2000;
+    int month = 1;
+    int day = 1;
+    int weekday = 0;  ///< 0 is Sunday
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+};
+
+/// Leaves whatever handler runs when the program ends: nothing of it runs on. Caught by the
+/// desktop alone.
+class ProgramEnded : public std::exception {
+ public:
+    const char* what() const noexcept override { return "the program has ended"; }
+};
+
+/// The only door from the panels to the outside of their windows. The Qt desktop is the real
+/// thing, the headless one runs the same program without a screen.
+class Desktop {
+ public:
+    Desktop();
+    virtual ~Desktop();
+    Desktop(const Desktop&) = delete;
+    Desktop& operator=(const Desktop&) = delete;
+
+    EventQueue& queue() { return queue_; }
+
+    /// Time since the start.
+    virtual Time now() const = 0;
+    /// Local date and time of day.
+    virtual Date today() const = 0;
+    /// Month and weekday words (0 is January, Sunday) in the user's language.
+    virtual std::string monthName(int month) const = 0;
+    virtual std::string shortMonthName(int month) const = 0;
+    virtual std::string weekdayName(int weekday) const = 0;
+
+    /// The user's language identifier: the primary language in the low ten bits (10 Spanish, 22
+    /// Portuguese, 9 English).
+    virtual int userLanguageId() const = 0;
+
+    /// Uniform from 0 up to but not including 1.
+    virtual double random() = 0;
+
+    /// Shows the box and returns when the user has answered it.
+    virtual void messageBox(const MessageBox& box) = 0;
+
+    /// One pass of waiting events inside a handler; what comes through, the queue decides.
+    virtual void letEventsThrough() = 0;
+
+    virtual void pointer(PointerShape shape) = 0;
+    virtual void beep() = 0;
+    virtual void setClipboardText(std::string_view text) = 0;
+
+    /// Prints the image of these windows, one under the other as they stand, on one page of the
+    /// desktop's printer. Answers what went wrong, empty when it was printed.
+    virtual std::string printImage(const std::vector<const Form*>& forms) = 0;
+
+    /// The help text of the program, in a window of its own.
+    virtual void showHelp(std::string_view fileName) = 0;
+    /// The file that the help key shows.
+    std::string helpFile;
+
+    /// Ends the program at once. Never returns to the handler.
+    [[noreturn]] void end();
+    bool ended() const { return ended_; }
+
+    // What forms tell the desktop.
+    virtual void formLoaded(Form&) {}
+    virtual void formShown(Form& form) = 0;
+    virtual void formHidden(Form& form) = 0;
+    /// Shows the form, lets the user act on it alone, and returns when it is hidden.
+    virtual void runModal(Form& form) = 0;
+    virtual void formMinimised(Form& form) = 0;
+
+    const std::vector<Form*>& forms() const { return forms_; }
+    /// The form of that name, or null.
+    Form* find(std::string_view formName) const;
+
+ protected:
+    /// Called once when the program ends, before the handlers unwind.
+    virtual void ending() {}
+
+ private:
+    friend class Form;
+    EventQueue queue_;
+    std::vector<Form*> forms_;
+    bool ended_ = false;
+};
+
+}  // namespace display

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/drawing.h"
+
+#include <algorithm>
+
+namespace display {
+
+Mark& Drawing::add(Mark::Kind kind) {
+    Mark mark;
+    mark.kind = kind;
+    mark.colour = foreground;
+    mark.number = next_++;
+    marks_.push_back(std::move(mark));
+    owner_.touch();
+    return marks_.back();
+}
+
+void Drawing::dropCovered(const Mark& box) {
+    auto covered = [&box](const Mark& mark) {
+        if (mark.kind == Mark::Kind::Print) {
+            // How far a text reaches is the screen's to know; only a box over the whole canvas
+            // or over its line from the start to the far edge is certain to cover it.
+            return box.x1 <= mark.x1 && box.y1 <= mark.y1 && box.x2 >= mark.x2 && box.y2 >= mark.y2;
+        }
+        return box.x1 <= std::min(mark.x1, mark.x2) && box.x2 >= std::max(mark.x1, mark.x2) &&
+               box.y1 <= std::min(mark.y1, mark.y2) && box.y2 >= std::max(mark.y1, mark.y2);
+    };
+    auto kept = std::remove_if(marks_.begin(), marks_.end(), covered);
+    if (kept != marks_.end()) {
+        marks_.erase(kept, marks_.end());
+        ++rebuilt_;
+    }
+}
+
+void Drawing::box(float x1, float y1, float x2, float y2) {
+    Mark mark;
+    mark.colour = foreground;
+    mark.x1 = std::min(x1, x2);
+    mark.y1 = std::min(y1, y2);
+    mark.x2 = std::max(x1, x2);
+    mark.y2 = std::max(y1, y2);
+    dropCovered(mark);
+    mark.number = next_++;
+    marks_.push_back(std::move(mark));
+    owner_.touch();
+}
+
+void Drawing::line(float x1, float y1, float x2, float y2) {
+    Mark& mark = add(Mark::Kind::Stroke);
+    mark.x1 = x1;
+    mark.y1 = y1;
+    mark.x2 = x2;
+    mark.y2 = y2;
+    mark.lineWidth = lineWidth;
+}
+
+void Drawing::print(std::string_view text) {
+    // A character is at most as wide as its font is high.
+    const float height = fontPoints * 20 / unit_ * 1.5f;
+    Mark& mark = add(Mark::Kind::Print);
+    mark.x1 = textX;
+    mark.y1 = textY;
+    mark.x2 = textX + height * static_cast<float>(text.size());
+    mark.y2 = textY + height;
+    mark.bold = bold;
+    mark.points = fontPoints;
+    mark.text = text;
+}
+
+void Drawing::scale(float unit, float frame) {
+    unit_ = unit;
+    frame_ = frame;
+    owner_.touch();
+}
+
+void Drawing::clear() {
+    if (marks_.empty()) return;
+    marks_.clear();
+    ++rebuilt_;
+    owner_.touch();
+}
+
+}  // namespace display

@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/event_queue.h"
+
+#include <algorithm>
+
+#include "display/control.h"
+#include "display/form.h"
+
+namespace display {
+
+namespace {
+
+/// Sets a flag for the length of a scope.
+class Scope {
+ public:
+    explicit Scope(bool& flag) : flag_(flag), before_(flag) { flag = true; }
+    ~Scope() { flag_ = before_; }
+    Scope(const Scope&) = delete;
+    Scope& operator=(const Scope&) = delete;
+
+ private:
+    bool& flag_;
+    bool before_;
+};
+
+}  // namespace
+
+void EventQueue::remove(Timer& timer) {
+    std::erase(timers_, &timer);
+}
+
+void EventQueue::post(Input input) {
+    inputs_.push_back(std::move(input));
+}
+
+void EventQueue::forget(const display::Form& form) {
+    std::erase_if(inputs_, [&form](const Input& input) { return input.form == &form; });
+}
+
+Timer* EventQueue::nextTimer() const {
+    Timer* next = nullptr;
+    for (Timer* timer : timers_) {
+        // An interval of 0 never ticks.
+        if (!timer->enabled || timer->inHandler_ || timer->interval.interval_.count() <= 0)
+            continue;
+        if (!next || timer->due_ < next->due_ ||
+            (timer->due_ == next->due_ && timer->order_ < next->order_)) {
+            next = timer;
+        }
+    }
+    return next;
+}
+
+std::optional<Time> EventQueue::nextDue() const {
+    if (!inputs_.empty()) return now();
+    const Timer* next = nextTimer();
+    if (!next) return std::nullopt;
+    return next->due_;
+}
+
+bool EventQueue::passes(const Input& input) const {
+    if (input.form && (!input.form->loaded() || !input.form->visible)) return false;
+    if (!modals_.empty() && input.form != modals_.back()) return false;
+    const bool ownWindow = input.kind == Input::Kind::Form;
+    if (!ownWindow && input.form && !input.form->enabled) return false;
+    if (input.control && (!input.control->shown() || !input.control->usable())) {
+        return false;
+    }
+    if (filters_.empty() || input.kind == Input::Kind::MoveWindow) return true;
+    const RunFilter& filter = filters_.back();
+    if (input.control)
+        return std::ranges::find(filter.controls, input.control) != filter.controls.end();
+    return std::ranges::find(filter.closable, input.form) != filter.closable.end();
+}
+
+void EventQueue::runInput(Input input) {
+    if (passes(input)) input.act();
+}
+
+void EventQueue::runTimers(Time until) {
+    // Each timer ticks at most once a pass: what it missed has merged into this tick.
+    while (Timer* timer = nextTimer()) {
+        if (timer->due_ > until) return;
+        const Time interval = timer->interval.interval_;
+        const Time late = until - timer->due_;
+        timer->due_ += interval * (late / interval + 1);
+        Scope inHandler(timer->inHandler_);
+        if (timer->onTick) timer->onTick();
+    }
+}
+
+void EventQueue::runDue() {
+    const Time until = now();
+    while (!inputs_.empty()) {
+        Input input = std::move(inputs_.front());
+        inputs_.pop_front();
+        runInput(std::move(input));
+    }
+    runTimers(until);
+}
+
+void EventQueue::runModalPass() {
+    const Time until = now();
+    while (!inputs_.empty()) {
+        Input input = std::move(inputs_.front());
+        inputs_.pop_front();
+        runInput(std::move(input));
+    }
+    if (gateOpen_) runTimers(until);
+}
+
+void EventQueue::letThrough() {
+    if (!gateOpen_ || inPass_) return;
+    Scope inPass(inPass_);
+    const Time until = now();
+    // What comes in while the pass runs waits for the next one.
+    for (std::size_t left = inputs_.size(); left > 0 && !inputs_.empty(); --left) {
+        Input input = std::move(inputs_.front());
+        inputs_.pop_front();
+        runInput(std::move(input));
+    }
+    runTimers(until);
+}
+
+}  // namespace display

@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/form.h"
+
+namespace display {
+
+Form::Form(Desktop& desktop, std::string name)
+    : Revised(clock_), desktop_(desktop), name_(std::move(name)) {
+    desktop.forms_.push_back(this);
+}
+
+Form::~Form() {
+    desktop_.queue().forget(*this);
+    std::erase(desktop_.forms_, this);
+}
+
+void Form::resetToLayout() {
+    layingOut_ = true;
+    caption = "";
+    enabled = true;
+    topmost = false;
+    windowState = WindowState::Normal;
+    for (Control* control : controls_) control->reset();
+    for (Timer* timer : timers_) timer->reset();
+    layOut();
+    layingOut_ = false;
+}
+
+void Form::load() {
+    if (loaded_) return;
+    // Loaded from here on: what its own load calls may call it back.
+    loaded_ = true;
+    resetToLayout();
+    desktop_.formLoaded(*this);
+    onLoad();
+}
+
+void Form::show() {
+    load();
+    if (visible) return;
+    visible = true;
+    desktop_.formShown(*this);
+    activated();
+}
+
+void Form::showModal() {
+    load();
+    visible = true;
+    desktop_.formShown(*this);
+    activated();
+    desktop_.runModal(*this);
+    if (desktop_.ended()) throw ProgramEnded{};
+}
+
+void Form::hide() {
+    if (!visible) return;
+    visible = false;
+    desktop_.formHidden(*this);
+}
+
+void Form::unload() {
+    if (!loaded_) return;
+    onUnload();
+    hide();
+    for (Timer* timer : timers_) timer->enabled = false;
+    desktop_.queue().forget(*this);
+    loaded_ = false;
+}
+
+void Form::minimise() {
+    windowState = WindowState::Minimised;
+    desktop_.formMinimised(*this);
+}
+
+Control* Form::find(std::string_view name) const {
+    for (Control* control : controls_) {
+        if (control->name() == name) return control;
+    }
+    return nullptr;
+}
+
+Timer* Form::findTimer(std::string_view name) const {
+    for (Timer* timer : timers_) {
+        if (timer->name() == name) return timer;
+    }
+    return nullptr;
+}
+
+void Form::placeControl(Control& control, const Box& box, Panel* in) {
+    control.left = box.left;
+    control.top = box.top;
+    control.width = box.width;
+    control.height = box.height;
+    control.container = in;
+    ++control.timesPlaced;
+}
+
+Line& Form::place(Line& line, float x1, float y1, float x2, float y2, Panel* in) {
+    line.container = in;
+    line.from(x1, y1);
+    line.to(x2, y2);
+    ++line.timesPlaced;
+    return line;
+}
+
+namespace {
+
+template <class Wanted>
+Key* firstKey(const Form& form, Wanted wanted) {
+    for (Control* control : form.controls()) {
+        auto* key = dynamic_cast<Key*>(control);
+        if (key && wanted(*key) && key->shown() && key->usable()) return key;
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+Key* Form::defaultKey() const {
+    return firstKey(*this, [](const Key& key) { return key.isDefault; });
+}
+
+Key* Form::cancelKey() const {
+    return firstKey(*this, [](const Key& key) { return key.isCancel; });
+}
+
+}  // namespace display

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "display/controls.h"
+#include "display/desktop.h"
+#include "display/timer.h"
+
+namespace display {
+
+enum class WindowState { Normal, Minimised };
+enum class Language { Spanish, English };
+
+/// Stands before all that counts with it.
+struct FormClock {
+    std::uint64_t clock_ = 0;
+};
+
+/// A window of the program: its members are its controls. The object exists for the whole run;
+/// loaded, shown, hidden and unloaded are its states. Loading sets every control back to the
+/// form's layout and then runs onLoad().
+class Form : private FormClock, public Revised {
+ public:
+    Form(Desktop& desktop, std::string name);
+    virtual ~Form();
+
+    void load();
+    void show();
+    void showModal();
+    void hide();
+    void unload();
+    bool loaded() const { return loaded_; }
+
+    Property<float> left{*this}, top{*this}, width{*this}, height{*this};
+    Text caption{*this};
+    Property<bool> visible{*this, false};
+    Property<bool> enabled{*this, true};
+    Property<bool> topmost{*this, false};
+    Property<WindowState> windowState{*this, WindowState::Normal};
+    /// Decides spoken names and tool tips.
+    Property<Language> language{*this, Language::English};
+
+    /// Folds the window; the desktop raises the resize.
+    void minimise();
+
+    /// The close of the window manager: does what the form's own close key does.
+    virtual void closeRequested() {}
+    /// Raised by the desktop: the first show of the rack, its fold, its unfold.
+    virtual void resized() {}
+    /// True while the next show raises a resize: the rack's first show alone.
+    virtual bool raisesResizeAtShow() const { return false; }
+    /// After each show of a form that was not visible.
+    virtual void activated() {}
+
+    const std::string& name() const { return name_; }
+    Desktop& desktop() const { return desktop_; }
+    const std::vector<Control*>& controls() const { return controls_; }
+    const std::vector<Timer*>& timers() const { return timers_; }
+    /// The control of that run-time name, or null.
+    Control* find(std::string_view name) const;
+    Timer* findTimer(std::string_view name) const;
+
+    /// Newer than any control or property that changed before it.
+    std::uint64_t clock() const { return clock_; }
+    /// True while the layout is being laid: then no event fires.
+    bool layingOut() const { return layingOut_; }
+
+    /// Enter and Escape, where no control takes them for itself.
+    Key* defaultKey() const;
+    Key* cancelKey() const;
+
+ protected:
+    /// Places every control with its design values. Called by load().
+    virtual void layOut() = 0;
+    virtual void onLoad() {}
+    virtual void onUnload() {}
+
+    /// Places a control, in the units of its container. Each control is placed once.
+    template <class C>
+    C& place(C& control, const Box& box, Panel* in = nullptr) {
+        placeControl(control, box, in);
+        return control;
+    }
+    /// Places a line by its two ends.
+    Line& place(Line& line, float x1, float y1, float x2, float y2, Panel* in = nullptr);
+
+ private:
+    friend class Control;
+    friend class Timer;
+    void placeControl(Control& control, const Box& box, Panel* in);
+    void resetToLayout();
+
+    Desktop& desktop_;
+    std::string name_;
+    std::vector<Control*> controls_;
+    std::vector<Timer*> timers_;
+    bool loaded_ = false;
+    bool layingOut_ = false;
+};
+
+}  // namespace display

@@ -1,0 +1,241 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/hand.h"
+
+namespace display {
+
+namespace {
+
+void run(const Event& event) {
+    if (event) event();
+}
+
+}  // namespace
+
+void Hand::post(Control& control, std::function<void()> act) {
+    desktop_.queue().post({Input::Kind::Control, &control.form(), &control, std::move(act)});
+}
+
+void Hand::post(Form& form, std::function<void()> act) {
+    desktop_.queue().post({Input::Kind::Form, &form, nullptr, std::move(act)});
+}
+
+void Hand::press(Picture& key) {
+    post(key, [&key] { run(key.onPress); });
+}
+
+void Hand::release(Picture& key) {
+    post(key, [&key] {
+        run(key.onRelease);
+        run(key.onClick);
+    });
+}
+
+void Hand::cancel(Picture& key) {
+    post(key, [&key] { run(key.onCancel); });
+}
+
+void Hand::click(Picture& key) {
+    press(key);
+    release(key);
+}
+
+void Hand::doubleClick(Control& control) {
+    post(control, [&control] {
+        if (auto* picture = dynamic_cast<Picture*>(&control)) run(picture->onDoubleClick);
+        if (auto* panel = dynamic_cast<Panel*>(&control)) run(panel->onDoubleClick);
+        if (auto* box = dynamic_cast<PictureBox*>(&control)) run(box->onDoubleClick);
+        if (auto* list = dynamic_cast<ListBox*>(&control)) run(list->onDoubleClick);
+    });
+}
+
+namespace {
+
+template <class Member>
+void onHandle(Control& handle, const Mouse& at, Member Panel::*ofPanel,
+              Member Picture::*ofPicture) {
+    if (auto* panel = dynamic_cast<Panel*>(&handle); panel && panel->*ofPanel)
+        (panel->*ofPanel)(at);
+    if (auto* picture = dynamic_cast<Picture*>(&handle); picture && picture->*ofPicture) {
+        (picture->*ofPicture)(at);
+    }
+}
+
+}  // namespace
+
+void Hand::mouseDown(Control& handle, Mouse at) {
+    desktop_.queue().post({Input::Kind::MoveWindow, &handle.form(), &handle, [&handle, at] {
+                               onHandle(handle, at, &Panel::onMouseDown, &Picture::onMouseDown);
+                           }});
+}
+
+void Hand::mouseMove(Control& handle, Mouse at) {
+    desktop_.queue().post({Input::Kind::MoveWindow, &handle.form(), &handle, [&handle, at] {
+                               onHandle(handle, at, &Panel::onMouseMove, &Picture::onMouseMove);
+                           }});
+}
+
+void Hand::mouseUp(Control& handle, Mouse at) {
+    desktop_.queue().post({Input::Kind::MoveWindow, &handle.form(), &handle, [&handle, at] {
+                               onHandle(handle, at, &Panel::onMouseUp, &Picture::onMouseUp);
+                           }});
+}
+
+void Hand::click(Key& key) {
+    post(key, [&key] { key.press(); });
+}
+
+void Hand::check(CheckBox& box, bool on) {
+    post(box, [&box, on] { box.checked = on; });
+}
+
+void Hand::choose(Option& option) {
+    post(option, [&option] { option.choose(); });
+}
+
+void Hand::choose(Tabs& tabs, int tab) {
+    post(tabs, [&tabs, tab] { tabs.choose(tab); });
+}
+
+void Hand::select(ComboBox& box, int row) {
+    post(box, [&box, row] { box.select(row); });
+}
+
+void Hand::select(ListBox& box, int row) {
+    post(box, [&box, row] { box.select(row); });
+}
+
+namespace {
+
+std::size_t characterLength(unsigned char lead) {
+    if (lead < 0x80) return 1;
+    if (lead < 0xe0) return 2;
+    return lead < 0xf0 ? 3 : 4;
+}
+
+std::size_t characters(std::string_view text) {
+    std::size_t count = 0;
+    for (const char byte : text) count += (static_cast<unsigned char>(byte) & 0xc0) != 0x80;
+    return count;
+}
+
+char32_t decode(std::string_view bytes) {
+    const auto lead = static_cast<unsigned char>(bytes[0]);
+    if (bytes.size() == 1) return lead;
+    char32_t value = lead & (0xff >> (bytes.size() + 1));
+    for (std::size_t i = 1; i < bytes.size(); ++i) {
+        value = value << 6 | (static_cast<unsigned char>(bytes[i]) & 0x3f);
+    }
+    return value;
+}
+
+void encode(char32_t character, std::string& out) {
+    if (character < 0x80) {
+        out += static_cast<char>(character);
+    } else if (character < 0x800) {
+        out += static_cast<char>(0xc0 | character >> 6);
+        out += static_cast<char>(0x80 | (character & 0x3f));
+    } else if (character < 0x10000) {
+        out += static_cast<char>(0xe0 | character >> 12);
+        out += static_cast<char>(0x80 | (character >> 6 & 0x3f));
+        out += static_cast<char>(0x80 | (character & 0x3f));
+    } else {
+        out += static_cast<char>(0xf0 | character >> 18);
+        out += static_cast<char>(0x80 | (character >> 12 & 0x3f));
+        out += static_cast<char>(0x80 | (character >> 6 & 0x3f));
+        out += static_cast<char>(0x80 | (character & 0x3f));
+    }
+}
+
+void typeOne(TextField& field, std::string_view bytes) {
+    if (field.locked) return;
+    char32_t character = decode(bytes);
+    if (field.onTyped) character = field.onTyped(character);
+    if (character == 0) return;
+    if (field.maxLength > 0 &&
+        characters(field.text.get()) >= static_cast<std::size_t>(field.maxLength.get())) {
+        return;
+    }
+    std::string text = field.text.get();
+    encode(character, text);
+    field.edit(text);
+}
+
+}  // namespace
+
+void Hand::type(TextField& field, std::string_view text) {
+    while (!text.empty()) {
+        const std::size_t length =
+            std::min(characterLength(static_cast<unsigned char>(text[0])), text.size());
+        post(field,
+             [&field, bytes = std::string(text.substr(0, length))] { typeOne(field, bytes); });
+        text.remove_prefix(length);
+    }
+}
+
+void Hand::edit(TextField& field, std::string_view text) {
+    post(field, [&field, wanted = std::string(text)] {
+        if (!field.locked) field.edit(wanted);
+    });
+}
+
+void Hand::enter(TextField& field) {
+    post(field, [&field] {
+        if (field.onEnter) {
+            field.onEnter();
+        } else if (Key* key = field.form().defaultKey()) {
+            key->press();
+        }
+    });
+}
+
+void Hand::scroll(ScrollBar& bar, int steps) {
+    post(bar, [&bar, steps] { bar.value = bar.value + steps; });
+}
+
+void Hand::page(ScrollBar& bar, int pages) {
+    post(bar, [&bar, pages] { bar.value = bar.value + pages * bar.pageStep; });
+}
+
+void Hand::set(ScrollBar& bar, int value) {
+    post(bar, [&bar, value] { bar.value = value; });
+}
+
+void Hand::drag(ScrollBar& bar, int position) {
+    post(bar, [&bar, position] { bar.drag(position); });
+}
+
+void Hand::drop(ScrollBar& bar) {
+    post(bar, [&bar] { bar.dropThumb(); });
+}
+
+void Hand::enter(Form& form) {
+    post(form, [&form] {
+        if (Key* key = form.enabled ? form.defaultKey() : nullptr) key->press();
+    });
+}
+
+void Hand::escape(Form& form) {
+    post(form, [&form] {
+        if (Key* key = form.enabled ? form.cancelKey() : nullptr) key->press();
+    });
+}
+
+void Hand::close(Form& form) {
+    post(form, [&form] {
+        if (form.enabled) form.closeRequested();
+    });
+}
+
+void Hand::unfold(Form& form) {
+    post(form, [&form] {
+        if (form.windowState == WindowState::Normal) return;
+        form.windowState = WindowState::Normal;
+        form.resized();
+    });
+}
+
+void Hand::help(Form& form) {
+    post(form, [&form] { form.desktop().showHelp(form.desktop().helpFile); });
+}
+
+}  // namespace display

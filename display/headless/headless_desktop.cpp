@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/headless/headless_desktop.h"
+
+#include <algorithm>
+#include <array>
+
+namespace display {
+
+void HeadlessDesktop::seedRandom(unsigned seed) {
+    seeded_ = true;
+    generator_.seed(seed);
+}
+
+double HeadlessDesktop::random() {
+    if (!randoms.empty()) {
+        const double drawn = randoms.front();
+        randoms.pop_front();
+        return drawn;
+    }
+    if (!seeded_) throw Unscripted("a random number was drawn that no script gives");
+    return static_cast<double>(generator_()) / 4294967296.0;
+}
+
+void HeadlessDesktop::advance(Time time) {
+    const Time end = now_ + time;
+    try {
+        while (!ended()) {
+            const auto due = queue().nextDue();
+            if (!due || *due > end) break;
+            now_ = std::max(now_, *due);
+            queue().runDue();
+        }
+    } catch (const ProgramEnded&) {
+        return;
+    }
+    now_ = std::max(now_, end);
+}
+
+Date HeadlessDesktop::today() const {
+    return date;
+}
+
+namespace {
+
+bool spanish(int languageId) {
+    return (languageId & 0x3ff) == 10;
+}
+
+constexpr std::array<const char*, 12> kMonthsEn = {"January",   "February", "March",    "April",
+                                                   "May",       "June",     "July",     "August",
+                                                   "September", "October",  "November", "December"};
+constexpr std::array<const char*, 12> kMonthsEs = {
+    "enero", "febrero", "marzo",      "abril",   "mayo",      "junio",
+    "julio", "agosto",  "septiembre", "octubre", "noviembre", "diciembre"};
+constexpr std::array<const char*, 7> kDaysEn = {"Sunday",   "Monday", "Tuesday", "Wednesday",
+                                                "Thursday", "Friday", "Saturday"};
+constexpr std::array<const char*, 7> kDaysEs = {"domingo", "lunes",   "martes", "miércoles",
+                                                "jueves",  "viernes", "sábado"};
+
+}  // namespace
+
+std::string HeadlessDesktop::monthName(int month) const {
+    const auto i = static_cast<std::size_t>(month);
+    return spanish(languageId) ? kMonthsEs.at(i) : kMonthsEn.at(i);
+}
+
+std::string HeadlessDesktop::shortMonthName(int month) const {
+    return monthName(month).substr(0, 3);
+}
+
+std::string HeadlessDesktop::weekdayName(int weekday) const {
+    const auto i = static_cast<std::size_t>(weekday);
+    return spanish(languageId) ? kDaysEs.at(i) : kDaysEn.at(i);
+}
+
+void HeadlessDesktop::messageBox(const MessageBox& box) {
+    if (boxAnswers.empty() && !answerEveryBox) {
+        throw Unscripted("a message box that no script answers: " + box.title + ": " + box.text);
+    }
+    if (!boxAnswers.empty()) boxAnswers.pop_front();
+    note("box " + box.title + ": " + box.text);
+    boxes.push_back(box);
+}
+
+void HeadlessDesktop::letEventsThrough() {
+    ++passes;
+    if (onPass) onPass();
+    queue().letThrough();
+}
+
+std::string HeadlessDesktop::printImage(const std::vector<const Form*>& forms) {
+    std::string line = "print";
+    for (const Form* form : forms) line += " " + form->name();
+    note(line);
+    printed.push_back(forms);
+    return printerFault;
+}
+
+void HeadlessDesktop::showHelp(std::string_view fileName) {
+    note("help " + std::string(fileName));
+    helpShown = fileName;
+}
+
+void HeadlessDesktop::formShown(Form& form) {
+    note("show " + form.name());
+    if (form.visible && form.raisesResizeAtShow()) form.resized();
+}
+
+void HeadlessDesktop::formHidden(Form& form) {
+    note("hide " + form.name());
+}
+
+void HeadlessDesktop::runModal(Form& form) {
+    const auto script = modalScripts.find(form.name());
+    if (script == modalScripts.end()) {
+        throw Unscripted("a modal form that no script answers: " + form.name());
+    }
+    note("modal " + form.name());
+    queue().pushModal(form);
+    script->second(form);
+    while (form.visible && !ended()) {
+        if (!queue().inputWaits()) throw Unscripted("the modal form was left open: " + form.name());
+        queue().runModalPass();
+    }
+    queue().popModal();
+}
+
+void HeadlessDesktop::formMinimised(Form& form) {
+    note("fold " + form.name());
+    form.resized();
+}
+
+}  // namespace display

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <random>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "display/desktop.h"
+#include "display/form.h"
+#include "display/hand.h"
+
+namespace display {
+
+/// A question that no script answers: the test that runs into it is wrong.
+class Unscripted : public std::logic_error {
+ public:
+    using std::logic_error::logic_error;
+};
+
+/// The desktop without a screen: virtual clock, scripted answers, a journal of what was shown. A
+/// whole day of measuring runs in seconds.
+class HeadlessDesktop final : public Desktop {
+ public:
+    explicit HeadlessDesktop(int userLanguageId = 0x0409) : languageId(userLanguageId) {}
+
+    // What the script says.
+    int languageId;
+    Date date{2026, 5, 4, 1, 12, 0, 0};
+    std::deque<double> randoms;          ///< the next draws
+    std::deque<std::string> boxAnswers;  ///< one for each message box; the text is free
+    bool answerEveryBox = false;
+    std::string printerFault;
+    /// What the user does when a form of that name is shown modally.
+    std::map<std::string, std::function<void(Form&)>> modalScripts;
+    /// Called at each pass of waiting events, before the queue's own.
+    std::function<void()> onPass;
+
+    /// From here on draws come from a generator of this seed once the script is used up.
+    void seedRandom(unsigned seed);
+
+    // What was seen.
+    std::vector<std::string> journal;
+    std::vector<MessageBox> boxes;
+    std::string clipboard;
+    PointerShape pointerShape = PointerShape::Arrow;
+    int beeps = 0;
+    int passes = 0;
+    std::vector<std::vector<const Form*>> printed;
+    std::string helpShown;
+
+    /// Lets time pass: every timer and all input that falls due.
+    void advance(Time time);
+    /// Handles what waits, without letting time pass.
+    void settle() { advance(Time{0}); }
+    /// Time that passes inside a handler, as a slow driver call takes it.
+    void elapse(Time time) { now_ += time; }
+
+    void note(std::string line) { journal.push_back(std::move(line)); }
+
+    Hand hand{*this};
+
+    Time now() const override { return now_; }
+    Date today() const override;
+    std::string monthName(int month) const override;
+    std::string shortMonthName(int month) const override;
+    std::string weekdayName(int weekday) const override;
+    int userLanguageId() const override { return languageId; }
+    double random() override;
+    void messageBox(const MessageBox& box) override;
+    void letEventsThrough() override;
+    void pointer(PointerShape shape) override { pointerShape = shape; }
+    void beep() override { ++beeps; }
+    void setClipboardText(std::string_view text) override { clipboard = text; }
+    std::string printImage(const std::vector<const Form*>& forms) override;
+    void showHelp(std::string_view fileName) override;
+    void formShown(Form& form) override;
+    void formHidden(Form& form) override;
+    void runModal(Form& form) override;
+    void formMinimised(Form& form) override;
+
+ protected:
+    void ending() override { note("end"); }
+
+ private:
+    Time now_{0};
+    bool seeded_ = false;
+    std::mt19937 generator_;
+};
+
+}  // namespace display
