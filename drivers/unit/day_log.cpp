@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "drivers/unit/day_log.h"
+
+#include <map>
+#include <utility>
+
+#include "drivers/unit/number_text.h"
+#include "drivers/unit/replace_file.h"
+
+namespace hm16 {
+
+namespace {
+
+// A shorter piece of an hour says nothing about the station.
+constexpr double kLeastSeconds = 60;
+
+struct HourLine {
+    int hour = -1;
+    double minutes = 0;
+};
+
+// The hour in front and the sixth field behind it; hour -1 when this is no line of an hour.
+HourLine readHourLine(std::string_view line) {
+    const auto blank = line.find(' ');
+    const auto hour = numberIn(line.substr(0, blank));
+    if (blank == std::string_view::npos || blank > 2 || !hour || *hour < 0 || *hour > 23) return {};
+    for (int field = 1; field <= 6; ++field) {
+        const auto next = line.find(' ');
+        if (next == std::string_view::npos) break;
+        line.remove_prefix(next + 1);
+    }
+    return {static_cast<int>(*hour), numberIn(line.substr(0, line.find(' '))).value_or(0)};
+}
+
+}  // namespace
+
+std::string withHourLine(std::string_view log, std::string_view line) {
+    std::map<int, std::pair<double, std::string>> hours;
+    const auto take = [&hours](std::string_view text) {
+        if (text.ends_with('\r')) text.remove_suffix(1);
+        const HourLine read = readHourLine(text);
+        if (read.hour < 0) return;
+        const auto found = hours.find(read.hour);
+        if (found != hours.end() && found->second.first > read.minutes) return;
+        hours[read.hour] = {read.minutes, std::string(text)};
+    };
+    while (!log.empty()) {
+        const auto end = log.find('\n');
+        take(log.substr(0, end));
+        log.remove_prefix(end == std::string_view::npos ? log.size() : end + 1);
+    }
+    take(line);
+    std::string text;
+    for (const auto& [hour, entry] : hours) text += entry.second + "\r\n";
+    return text;
+}
+
+DayLog::DayLog(std::filesystem::path folder) : folder_(std::move(folder)) {}
+
+std::optional<std::string> DayLog::tune(double frequency, const LocalTime& now) {
+    std::optional<std::string> fault;
+    if (frequency != frequency_) {
+        fault = close();
+        frequency_ = frequency;
+    }
+    if (!(summary_.seconds() > 0)) hour_ = now;
+    return fault;
+}
+
+std::optional<std::string> DayLog::add(const Readings& readings, double radiatedPower,
+                                       double seconds, const LocalTime& now) {
+    std::optional<std::string> fault;
+    if (!sameHour(now, hour_)) {
+        fault = close();
+        hour_ = now;
+    }
+    summary_.add(readings, radiatedPower, seconds);
+    return fault;
+}
+
+std::optional<std::string> DayLog::close() {
+    const HourSummary summary = std::exchange(summary_, {});
+    if (summary.seconds() < kLeastSeconds) return std::nullopt;
+    const auto file = folder_ / (dayMark(hour_) + ".log");
+    return replaceFile(file, withHourLine(fileBytes(file).value_or(""), summary.line(hour_.hour)));
+}
+
+}  // namespace hm16

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "drivers/unit/hour_summary.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "drivers/unit/number_text.h"
+
+namespace hm16 {
+
+namespace {
+
+// Under this level on both channels a listener takes the programme for gone.
+constexpr float kSilenceDb = -40;
+// Past this angle more of the signal is L-R than L+R: a mono receiver loses it.
+constexpr float kInvertedDegrees = 90;
+constexpr double kStretchSeconds = 3;
+
+double powerOf(float level) {
+    return std::pow(10.0, std::clamp(level, -100.0f, 100.0f) / 10.0);
+}
+
+std::string levelText(double power) {
+    return power > 0 ? decimalText(10 * std::log10(power), 1) : "A";
+}
+
+}  // namespace
+
+void HourSummary::Stretches::add(bool holds, double seconds) {
+    const double before = lasting_;
+    lasting_ = holds ? lasting_ + seconds : 0;
+    if (before < kStretchSeconds && lasting_ >= kStretchSeconds) ++count_;
+}
+
+void HourSummary::add(const Readings& readings, double radiatedPower, double seconds) {
+    if (!(seconds > 0)) return;
+    seconds_ += seconds;
+    highestModulation_ = std::max(highestModulation_, readings.peakModulation);
+    powerFirst_ += powerOf(readings.levelFirst) * seconds;
+    powerSecond_ += powerOf(readings.levelSecond) * seconds;
+    phase_ += readings.stereoPhase * seconds;
+    radiated_ += radiatedPower * seconds;
+    peaks_ += readings.peaksPerMinute * seconds;
+    silences_.add(readings.levelFirst < kSilenceDb && readings.levelSecond < kSilenceDb, seconds);
+    inversions_.add(readings.stereoPhase > kInvertedDegrees, seconds);
+}
+
+std::string HourSummary::line(int hour) const {
+    std::string line = std::to_string(hour) + " ";
+    if (!(seconds_ > 0)) return line + "A A A A A 0 A A A ";
+    line += decimalText(highestModulation_, 1) + " ";
+    line += levelText(powerFirst_ / seconds_) + " ";
+    line += levelText(powerSecond_ / seconds_) + " ";
+    line += decimalText(phase_ / seconds_, 1) + " ";
+    line += decimalText(radiated_ / seconds_, 3) + " ";
+    line += decimalText(minutes(), 1) + " ";
+    line += decimalText(peaks_ / seconds_, 1) + " ";
+    line += std::to_string(silences_.count()) + " ";
+    line += std::to_string(inversions_.count()) + " ";
+    return line;
+}
+
+}  // namespace hm16

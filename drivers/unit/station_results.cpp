@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "drivers/unit/station_results.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "drivers/unit/number_text.h"
+#include "drivers/unit/replace_file.h"
+
+namespace hm16 {
+
+namespace {
+
+constexpr std::size_t kLines = 24;
+using Lines = std::array<std::string, kLines>;
+
+std::filesystem::path fileOf(const std::filesystem::path& folder, double frequency) {
+    return folder / (frequencyKey(frequency) + ".dat");
+}
+
+Lines linesOf(std::string_view text) {
+    Lines lines;
+    for (auto& line : lines) {
+        const auto end = text.find('\n');
+        line = trimmed(text.substr(0, end));
+        if (end == std::string_view::npos) break;
+        text.remove_prefix(end + 1);
+    }
+    return lines;
+}
+
+float valueOf(const std::string& line) {
+    const double value = numberIn(line).value_or(0);
+    return std::abs(value) <= 1e6 ? static_cast<float>(value) : 0.0f;
+}
+
+// 0 is how these three say that there is no result.
+std::optional<float> resultOf(const std::string& line) {
+    const float value = valueOf(line);
+    return value != 0 ? std::optional(value) : std::nullopt;
+}
+
+enum class Best { Lowest, Highest };
+
+void keepBest(std::optional<float>& stored, float reading, Best best) {
+    if (reading == 0 || !std::isfinite(reading)) return;
+    if (!stored) stored = reading;
+    stored = best == Best::Lowest ? std::min(*stored, reading) : std::max(*stored, reading);
+}
+
+std::string resultText(const std::optional<float>& stored, int decimals, const char* none) {
+    return stored ? decimalText(*stored, decimals) : none;
+}
+
+std::string twoDigits(int number) {
+    return (number < 10 ? "0" : "") + std::to_string(number);
+}
+
+}  // namespace
+
+std::string frequencyKey(double frequency) {
+    return (frequency < 1000 ? "0" : "") + decimalText(frequency, 2);
+}
+
+StationResults::StationResults(double frequency) : frequency_(frequency) {}
+
+StationResults StationResults::read(const std::filesystem::path& folder, double frequency) {
+    return parse(frequency, fileBytes(fileOf(folder, frequency)).value_or(""));
+}
+
+StationResults StationResults::parse(double frequency, std::string_view text) {
+    const Lines lines = linesOf(text);
+    StationResults results(frequency);
+    results.seconds_ = std::max(0.0f, valueOf(lines[3]));
+    results.highestModulation_ = valueOf(lines[4]);
+    results.last_.peakModulation = valueOf(lines[5]);
+    results.last_.levelFirst = valueOf(lines[6]);
+    results.last_.levelSecond = valueOf(lines[7]);
+    results.last_.stereoPhase = valueOf(lines[8]);
+    results.last_.relativePower = valueOf(lines[9]);
+    results.worstMultipath_ = valueOf(lines[10]);
+    results.last_.multipath = valueOf(lines[11]);
+    results.mostPeaks_ = valueOf(lines[12]);
+    results.last_.rdsError = valueOf(lines[13]);
+    results.last_.rdsLevel = valueOf(lines[14]);
+    results.last_.pilotError = valueOf(lines[15]);
+    results.last_.pilotLevel = valueOf(lines[16]);
+    results.noiseLeft_ = resultOf(lines[17]);
+    results.noiseRight_ = resultOf(lines[18]);
+    results.separationLeft_ = resultOf(lines[19]);
+    results.separationRight_ = resultOf(lines[20]);
+    results.distortion_ = resultOf(lines[21]);
+    results.last_.carrierDeviation = valueOf(lines[22]) * 10;
+    results.last_.field = valueOf(lines[23]);
+    return results;
+}
+
+void StationResults::add(const Readings& readings, double seconds) {
+    seconds_ += seconds;
+    last_ = readings;
+    highestModulation_ = std::max(highestModulation_, readings.peakModulation);
+    worstMultipath_ = std::max(worstMultipath_, readings.multipath);
+    mostPeaks_ = std::max(mostPeaks_, readings.peaksPerMinute);
+    keepBest(noiseLeft_, readings.noiseLeft, Best::Lowest);
+    keepBest(noiseRight_, readings.noiseRight, Best::Lowest);
+    keepBest(separationLeft_, readings.separationLeft, Best::Highest);
+    keepBest(separationRight_, readings.separationRight, Best::Highest);
+    keepBest(distortion_, readings.distortion, Best::Lowest);
+}
+
+void StationResults::clear(StoredResult what) {
+    switch (what) {
+        case StoredResult::Noise:
+            noiseLeft_.reset();
+            noiseRight_.reset();
+            return;
+        case StoredResult::Distortion:
+            distortion_.reset();
+            return;
+        case StoredResult::Separation:
+            separationLeft_.reset();
+            separationRight_.reset();
+            return;
+    }
+}
+
+std::string StationResults::text(const LocalTime& now) const {
+    const Lines lines = {
+        decimalText(frequency_, 2),
+        dayMark(now),
+        twoDigits(now.hour) + ":" + twoDigits(now.minute),
+        decimalText(std::floor(seconds_), 0),
+        decimalText(highestModulation_, 1),
+        decimalText(last_.peakModulation, 1),
+        decimalText(last_.levelFirst, 1),
+        decimalText(last_.levelSecond, 1),
+        decimalText(last_.stereoPhase, 1),
+        decimalText(last_.relativePower, 2),
+        decimalText(worstMultipath_, 1),
+        decimalText(last_.multipath, 1),
+        decimalText(mostPeaks_, 0),
+        decimalText(last_.rdsError, 2),
+        decimalText(last_.rdsLevel, 2),
+        decimalText(last_.pilotError, 2),
+        decimalText(last_.pilotLevel, 2),
+        resultText(noiseLeft_, 1, "xx"),
+        resultText(noiseRight_, 1, "xx"),
+        resultText(separationLeft_, 1, "0"),
+        resultText(separationRight_, 1, "0"),
+        resultText(distortion_, 2, "0"),
+        decimalText(last_.carrierDeviation / 10, 2),
+        decimalText(last_.field, 1),
+    };
+    std::string text;
+    for (const auto& line : lines) text += line + "\r\n";
+    return text;
+}
+
+std::optional<std::string> StationResults::write(const std::filesystem::path& folder,
+                                                 const LocalTime& now) const {
+    return replaceFile(fileOf(folder, frequency_), text(now));
+}
+
+}  // namespace hm16

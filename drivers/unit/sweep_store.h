@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <mutex>
+#include <span>
+#include <vector>
+
+namespace hm16 {
+
+// Where a sweep runs. Frequencies in units of 100 kHz.
+struct SweepRange {
+    double start = 0;
+    double stop = 0;
+    int stepKhz = 25;
+
+    // Number of points, both ends counted in; 0 when stop lies below start.
+    int points() const;
+    // Frequency of a point counted from 0, worked out from its number so that nothing adds up.
+    double frequency(int point) const;
+};
+
+// The levels of all sweep frames since the library was opened: a frame replaces what it covers. It
+// stays after the sweep was stopped. Safe to fill from one thread and to ask from another.
+class SweepStore {
+ public:
+    // `noiseFloor` in dB over a microvolt: the answer for a frequency that no frame has covered.
+    explicit SweepStore(float noiseFloor);
+
+    // Takes a whole frame, one level a point of `range`. A point stands for the band of half a
+    // step on each side.
+    void takeFrame(const SweepRange& range, std::span<const float> levels);
+
+    // True once when one or more frames came since the last time it was true: only the newest can
+    // be asked for.
+    bool frameArrived();
+
+    // Forgets that a frame has come, not what it held: before a new sweep.
+    void forgetArrival();
+
+    // Level at a frequency in units of 100 kHz.
+    float level(double frequency) const;
+
+ private:
+    const float noiseFloor_;
+    mutable std::mutex mutex_;
+    std::vector<float> cells_;
+    bool arrived_ = false;
+};
+
+}  // namespace hm16
