@@ -6,7 +6,7 @@
 namespace display {
 
 Control::Control(Form& form, std::string name)
-    : Revised(form.clock_), form_(form), name_(std::move(name)) {
+    : Revised(form.ticks_), form_(form), name_(std::move(name)) {
     form.controls_.push_back(this);
 }
 

@@ -4,7 +4,7 @@
 namespace display {
 
 Form::Form(Desktop& desktop, std::string name)
-    : Revised(clock_), desktop_(desktop), name_(std::move(name)) {
+    : Revised(ticks_), desktop_(desktop), name_(std::move(name)) {
     desktop.forms_.push_back(this);
 }
 

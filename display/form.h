@@ -16,7 +16,7 @@ enum class Language { Spanish, English };
 
 /// Stands before all that counts with it.
 struct FormClock {
-    std::uint64_t clock_ = 0;
+    std::uint64_t ticks_ = 0;
 };
 
 /// A window of the program: its members are its controls. The object exists for the whole run;
@@ -64,7 +64,7 @@ class Form : private FormClock, public Revised {
     Timer* findTimer(std::string_view name) const;
 
     /// Newer than any control or property that changed before it.
-    std::uint64_t clock() const { return clock_; }
+    std::uint64_t clock() const { return ticks_; }
     /// True while the layout is being laid: then no event fires.
     bool layingOut() const { return layingOut_; }
 
