@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+
+#include "core/driver_door.h"
+#include "core/program_words.h"
+#include "core/slot.h"
+#include "core/station_state.h"
+#include "display/desktop.h"
+
+namespace hmonitor {
+
+class WorkingFolder;
+
+// The forms of the program. Who calls one includes its header in a .cpp.
+class Form_WaitLoad;
+class FormModoDemo;
+class Form3;
+class Form1;
+class Form_B;
+class Form_C;
+class Form_D;
+class Form_bSetMemories;
+class Form_bTuner;
+class Form_NewSpectro;
+class Form_D1;
+class FormD1a;
+class Form_Dd3;
+class Form7;
+class Form_BandSCanner;
+class Form_PrintBandScan;
+
+/// What all forms share: the desktop, the driver, the state of the station, the working folder,
+/// and a slot for each form.
+struct Program {
+    Program(display::Desktop& itsDesktop, DriverLibrary& library, WorkingFolder& folder)
+        : desktop(itsDesktop), driver(library, itsDesktop), files(folder) {}
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    display::Desktop& desktop;
+    DriverDoor driver;
+    WorkingFolder& files;
+    hmonitor::StationState StationState;
+    ProgramWords words;
+
+    Slot<hmonitor::Form_WaitLoad> Form_WaitLoad;
+    Slot<hmonitor::FormModoDemo> FormModoDemo;
+    Slot<hmonitor::Form3> Form3;
+    Slot<hmonitor::Form1> Form1;
+    Slot<hmonitor::Form_B> Form_B;
+    Slot<hmonitor::Form_C> Form_C;
+    Slot<hmonitor::Form_D> Form_D;
+    Slot<hmonitor::Form_bSetMemories> Form_bSetMemories;
+    Slot<hmonitor::Form_bTuner> Form_bTuner;
+    Slot<hmonitor::Form_NewSpectro> Form_NewSpectro;
+    Slot<hmonitor::Form_D1> Form_D1;
+    Slot<hmonitor::FormD1a> FormD1a;
+    Slot<hmonitor::Form_Dd3> Form_Dd3;
+    Slot<hmonitor::Form7> Form7;
+    Slot<hmonitor::Form_BandSCanner> Form_BandSCanner;
+    Slot<hmonitor::Form_PrintBandScan> Form_PrintBandScan;
+
+    /// The four panels of the rack, top to bottom, as they are disabled and enabled together.
+    std::array<display::Form*, 4> rack{};
+
+    void enableRack() {
+        for (display::Form* panel : rack) panel->enabled = true;
+    }
+    void disableRack() {
+        for (display::Form* panel : rack) panel->enabled = false;
+    }
+};
+
+}  // namespace hmonitor

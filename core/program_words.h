@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+
+#include "core/small_text.h"
+
+namespace hmonitor {
+
+/// The words that hold for the whole program.
+struct ProgramWords {
+    std::int16_t gStation = 0;   ///< index of the station in use; there is one
+    SmallText gLanguage;         ///< "ES" on a Spanish system, else "IN"
+    SmallText gBrand;            ///< brand of printed headers: "Marvenia" or "Teskel"
+    SmallText gModel;            ///< model of printed headers
+    float gHardwareVersion = 0;  ///< 0 means that no unit answered
+};
+
+}  // namespace hmonitor

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+namespace hmonitor {
+
+/// Where a form of the program stands. The arrow loads the form if it is not loaded, as using a
+/// form does; peek() does not. The object exists for the whole run, so nobody ever holds a
+/// dangling form.
+template <class FormType>
+class Slot {
+ public:
+    void fill(FormType& form) { form_ = &form; }
+    bool filled() const { return form_ != nullptr; }
+
+    FormType* operator->() const {
+        form_->load();
+        return form_;
+    }
+    FormType& operator*() const { return *operator->(); }
+
+    FormType& peek() const { return *form_; }
+
+ private:
+    FormType* form_ = nullptr;
+};
+
+}  // namespace hmonitor
