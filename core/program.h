@@ -65,12 +65,8 @@ struct Program {
     /// The four panels of the rack, top to bottom, as they are disabled and enabled together.
     std::array<display::Form*, 4> rack{};
 
-    void enableRack() {
-        for (display::Form* panel : rack) panel->enabled = true;
-    }
-    void disableRack() {
-        for (display::Form* panel : rack) panel->enabled = false;
-    }
+    void enableRack();
+    void disableRack();
 };
 
 }  // namespace hmonitor

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/driver.h"
+#include "drivers/hm16.h"
+
+namespace hmonitor {
+
+/// A driver library that was loaded at run time. The functions must outlive it.
+class LoadedDriver final : public DriverLibrary {
+ public:
+    explicit LoadedDriver(const HM16_Functions& functions) : call_(functions) {}
+
+    std::int32_t HM_Init() override { return call_.init(); }
+    std::int32_t HM_Terminate() override { return call_.terminate(); }
+    std::int32_t HM_DemoMode() override { return call_.demoMode(); }
+    std::int32_t HM_Normal(float frequency, std::int32_t average, std::int32_t audioMode,
+                           std::int32_t response, std::int32_t logFiles) override {
+        return call_.normal(frequency, average, audioMode, response, logFiles);
+    }
+    std::int32_t HM_Parar() override { return call_.parar(); }
+    std::int32_t HM_Reset(std::int32_t what) override { return call_.reset(what); }
+    std::int32_t HM_Data(Readings& r) override {
+        auto& o = r.outputs;
+        return call_.data(&o[0], &o[1], &o[2], &o[3], &o[4], &o[5], &o[6], &o[7], &o[8], &o[9],
+                          &o[10], &o[11], &o[12], &o[13], &o[14], &o[15]);
+    }
+    std::int32_t HM_DataRDS(float& error, float& level) override {
+        return call_.dataRds(&error, &level);
+    }
+    std::int32_t HM_Super(float frequency, float& level) override {
+        return call_.super(frequency, &level);
+    }
+    std::int32_t HM_StartEspectro(float start, float stop, std::int32_t stepKhz) override {
+        return call_.startEspectro(start, stop, stepKhz);
+    }
+    std::int32_t HM_TramaEspectroRecibida() override { return call_.tramaEspectroRecibida(); }
+    std::int32_t HM_GetEspectro(float frequency, float& level) override {
+        return call_.getEspectro(frequency, &level);
+    }
+    std::int32_t HM_RespFrecuencia(ResponsePairs& pairs) override {
+        auto& f = pairs.frequency;
+        auto& l = pairs.level;
+        return call_.respFrecuencia(&f[0], &l[0], &f[1], &l[1], &f[2], &l[2], &f[3], &l[3], &f[4],
+                                    &l[4], &f[5], &l[5], &f[6], &l[6], &f[7], &l[7]);
+    }
+    std::int32_t HM_setSintoMode(std::int32_t mode) override { return call_.setSintoMode(mode); }
+    std::int32_t HM_getHardwareVersion(float& version) override {
+        return call_.getHardwareVersion(&version);
+    }
+    std::int32_t HM_getDriverVersion(float& version) override {
+        return call_.getDriverVersion(&version);
+    }
+
+ private:
+    const HM16_Functions& call_;
+};
+
+}  // namespace hmonitor

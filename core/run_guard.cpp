@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/run_guard.h"
+
+#include "display/form.h"
+
+namespace hmonitor {
+
+RunGuard::RunGuard(Program& program, std::vector<const display::Control*> ownControls,
+                   std::vector<const display::Form*> ownWindows)
+    : program_(program) {
+    for (std::size_t i = 0; i < wereEnabled_.size(); ++i) {
+        wereEnabled_[i] = program.rack[i]->enabled;
+    }
+    program.disableRack();
+    program.desktop.queue().pushFilter({std::move(ownControls), std::move(ownWindows)});
+}
+
+RunGuard::~RunGuard() {
+    program_.desktop.queue().popFilter();
+    for (std::size_t i = 0; i < wereEnabled_.size(); ++i) {
+        program_.rack[i]->enabled = wereEnabled_[i];
+    }
+}
+
+}  // namespace hmonitor
