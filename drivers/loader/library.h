@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "drivers/hm16.h"
+#include "drivers/loader/shared_object.h"
+
+namespace hm16 {
+
+struct LoadResult;
+
+// A driver library that was loaded whole: every required function is there. Unloads it in the end;
+// the functions must not be called after that. It calls none of them itself.
+class Library {
+ public:
+    // Loads the file libraryName() from `folder`. On failure nothing stays loaded.
+    static LoadResult load(const std::filesystem::path& folder);
+
+    const HM16_Functions& functions() const { return functions_; }
+    const std::filesystem::path& file() const { return file_; }
+
+    // A function beside the nineteen, by name; null when the library has none.
+    void* extra(const char* name) const { return object_.function(name); }
+
+ private:
+    Library(SharedObject object, const HM16_Functions& functions, std::filesystem::path file);
+
+    SharedObject object_;
+    HM16_Functions functions_;
+    std::filesystem::path file_;
+};
+
+// What came of loading: the library, or one sentence that names the file and what is wrong: there
+// is no such file, the system does not take it for a library (with the system's reason), or it
+// lacks functions (with their names).
+struct LoadResult {
+    std::unique_ptr<Library> library;
+    std::string fault;
+};
+
+// "hm-16.so", "hm-16.dll" or "hm-16.dylib", by the system.
+std::filesystem::path libraryName();
+
+}  // namespace hm16

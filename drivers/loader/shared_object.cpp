@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "drivers/loader/shared_object.h"
+
+#include <utility>
+
+#if defined(_WIN32)
+#include <windows.h>
+
+#include <system_error>
+#else
+#include <dlfcn.h>
+#if defined(__linux__)
+#include <link.h>
+#endif
+#endif
+
+namespace hm16 {
+
+namespace {
+
+#if defined(_WIN32)
+
+void* openObject(const std::filesystem::path& file, std::string& reason) {
+    HMODULE module = LoadLibraryW(file.c_str());
+    if (module == nullptr) {
+        reason = std::system_category().message(static_cast<int>(GetLastError()));
+    }
+    return module;
+}
+
+void closeObject(void* handle) {
+    FreeLibrary(static_cast<HMODULE>(handle));
+}
+
+void* findFunction(void* handle, const char* name) {
+    return reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(handle), name));
+}
+
+#else
+
+void* openObject(const std::filesystem::path& file, std::string& reason) {
+    void* const handle = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (handle == nullptr) {
+        const char* const words = dlerror();
+        reason = words != nullptr ? words : "the system gives no reason";
+    }
+    return handle;
+}
+
+void closeObject(void* handle) {
+    dlclose(handle);
+}
+
+bool isFunction(void* address) {
+#if defined(__GLIBC__)
+    Dl_info info{};
+    const ElfW(Sym)* symbol = nullptr;
+    if (dladdr1(address, &info, const_cast<void**>(reinterpret_cast<const void**>(&symbol)),
+                RTLD_DL_SYMENT) != 0 &&
+        symbol != nullptr) {
+        const int type = ELF64_ST_TYPE(symbol->st_info);
+        return type == STT_FUNC || type == STT_GNU_IFUNC || type == STT_NOTYPE;
+    }
+#endif
+    return address != nullptr;
+}
+
+void* findFunction(void* handle, const char* name) {
+    void* const address = dlsym(handle, name);
+    return address != nullptr && isFunction(address) ? address : nullptr;
+}
+
+#endif
+
+}  // namespace
+
+SharedObject SharedObject::open(const std::filesystem::path& file, std::string& reason) {
+    return SharedObject(openObject(file, reason));
+}
+
+SharedObject::SharedObject(SharedObject&& other) noexcept
+    : handle_(std::exchange(other.handle_, nullptr)) {}
+
+SharedObject& SharedObject::operator=(SharedObject&& other) noexcept {
+    std::swap(handle_, other.handle_);
+    return *this;
+}
+
+SharedObject::~SharedObject() {
+    if (handle_ != nullptr) closeObject(handle_);
+}
+
+void* SharedObject::function(const char* name) const {
+    return handle_ != nullptr ? findFunction(handle_, name) : nullptr;
+}
+
+}  // namespace hm16
