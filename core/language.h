@@ -9,7 +9,9 @@ inline constexpr int kSpanishId = 10;
 inline constexpr int kPortugueseId = 22;
 
 /// The primary language of a language identifier: what remains of its whole 1024s.
-constexpr int primaryLanguage(int languageId) { return languageId - languageId / 1024 * 1024; }
+constexpr int primaryLanguage(int languageId) {
+    return languageId - languageId / 1024 * 1024;
+}
 
 /// The rack's panels keep their Spanish captions on Spanish and Portuguese systems.
 constexpr display::Language panelLanguage(int languageId) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/program.h"
+#include "core/segment_digit.h"
 #include "display/form.h"
 
 namespace hmonitor {
@@ -16,11 +17,29 @@ class ProgramForm : public display::Form {
           StationState(itsProgram.StationState) {}
 
  protected:
+    /// Places the seven lines of a digit in a box of the panel, all in the dark colour.
+    void placeDigit(SegmentDigit& digit, const display::Box& box, display::Panel* in,
+                    display::Colour dark);
+
+    /// A key of two pictures: the pressed one while it is held, the other when it comes up; acts
+    /// when it comes up on the key.
+    static void bindKey(display::Picture& key, const char* atRest, const char* pressed,
+                        display::Event act);
+
+    /// The handle by which a window is moved: while a button is down, the pointer's difference to
+    /// where it went down is added to each form's position.
+    void bindHandle(display::MouseEvent& down, display::MouseEvent& move,
+                    std::vector<display::Form*> moved);
+
     bool inDemoMode() const { return StationState.DemoMode == "si"; }
 
     Program& program;
     DriverDoor& driver;
     hmonitor::StationState& StationState;
+
+ private:
+    float grippedX_ = 0;
+    float grippedY_ = 0;
 };
 
 }  // namespace hmonitor

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/program_form.h"
+
+namespace hmonitor {
+
+void ProgramForm::placeDigit(SegmentDigit& digit, const display::Box& box, display::Panel* in,
+                             display::Colour dark) {
+    const auto strokes = SegmentDigit::strokes(box);
+    for (int i = 0; i < 7; ++i) {
+        const display::Box& ends = strokes[static_cast<std::size_t>(i)];
+        display::Line& line =
+            place(digit.segment(i), ends.left, ends.top, ends.right(), ends.bottom(), in);
+        line.stroke = display::Stroke::Segment;
+        // In units of 15 twips; a stroke is a seventh of the digit's height thick.
+        line.thickness = box.height / 7 / 15;
+        line.colour = dark;
+    }
+}
+
+void ProgramForm::bindKey(display::Picture& key, const char* atRest, const char* pressed,
+                          display::Event act) {
+    key.onPress = [&key, pressed] { key.picture = pressed; };
+    key.onCancel = [&key, atRest] { key.picture = atRest; };
+    key.onRelease = [&key, atRest, act = std::move(act)] {
+        key.picture = atRest;
+        act();
+    };
+}
+
+void ProgramForm::bindHandle(display::MouseEvent& down, display::MouseEvent& move,
+                             std::vector<display::Form*> moved) {
+    down = [this](const display::Mouse& at) {
+        grippedX_ = at.x;
+        grippedY_ = at.y;
+    };
+    move = [this, moved = std::move(moved)](const display::Mouse& at) {
+        if (!at.left) {
+            grippedX_ = at.x;
+            grippedY_ = at.y;
+            return;
+        }
+        const float dx = at.x - grippedX_;
+        const float dy = at.y - grippedY_;
+        for (display::Form* form : moved) {
+            form->left = form->left + dx;
+            form->top = form->top + dy;
+        }
+    };
+}
+
+}  // namespace hmonitor
