@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "drivers/simulated/band.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "drivers/simulated/chance.h"
+#include "drivers/simulated/programme.h"
+#include "drivers/simulated/station.h"
+
+namespace hm16::simulated {
+
+namespace {
+
+constexpr std::uint64_t kFloorStream = 1;
+constexpr std::uint64_t kFlickerStream = 2;
+// Past this distance a transmitter's own noise is all that is left of it.
+constexpr double kReachKhz = 800;
+constexpr double kFarLoss = 78;
+
+double toPower(double decibels) {
+    return std::pow(10.0, decibels / 10);
+}
+
+}  // namespace
+
+double sidebandLoss(double distanceKhz, double deviationKhz) {
+    const double distance = std::abs(distanceKhz);
+    // A quiet carrier still fills the filter: the width never falls below it.
+    const double reach = distance / std::max(deviationKhz, 22.0);
+    return std::min(12 * std::pow(reach, 1.6), kFarLoss + distance / 100);
+}
+
+double bandLevel(std::uint64_t seed, double frequency, double time) {
+    const double slope = Chance(seed, kFloorStream).wander(frequency, 13);
+    double power = toPower(kNoiseFloor + 2 * slope);
+    for (const Station& station : stations()) {
+        const double carrier = station.frequency + station.carrierError / 100000;
+        const double distance = (frequency - carrier) * 100;
+        if (std::abs(distance) > kReachKhz) continue;
+        const double deviation = programmeAt(station, seed, time).peak * 0.75;
+        power += toPower(station.field - sidebandLoss(distance, deviation));
+    }
+    const auto cell = static_cast<std::uint64_t>(std::lround(frequency * 4));
+    const double flicker = Chance(seed, kFlickerStream + (cell << 8)).wander(time, 0.11);
+    return 10 * std::log10(power) + 0.9 * flicker;
+}
+
+}  // namespace hm16::simulated
