@@ -18,6 +18,7 @@ class SmallText {
     constexpr SmallText() = default;
     constexpr SmallText(std::string_view text) { append(text); }
     constexpr SmallText(const char* text) : SmallText(std::string_view(text)) {}
+    SmallText(const std::string& text) : SmallText(std::string_view(text)) {}
 
     constexpr operator std::string_view() const { return view(); }
     constexpr std::string_view view() const { return {bytes_.data(), size_}; }
@@ -45,6 +46,7 @@ class SmallText {
         return a.view() == b;
     }
     friend constexpr bool operator==(const SmallText& a, const char* b) { return a.view() == b; }
+    friend bool operator==(const SmallText& a, const std::string& b) { return a.view() == b; }
 
  private:
     static constexpr bool isContinuation(char c) {
