@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/int16.h"
+#include "core/program_form.h"
+#include "display/family.h"
+
+namespace hmonitor {
+
+/// What the resize of the rack does next.
+enum class RackPhase { Folded = 0, Folding = 1, Starting = 2 };
+
+/// The modulation panel, the top of the rack: modulation bar and figures, field, multipath,
+/// carrier deviation, and the keys of the rack.
+class Form1 final : public ProgramForm {
+ public:
+    explicit Form1(Program& program);
+
+    void ActualizarModulacion();           ///< moves the modulation bar; every heartbeat
+    void ActualizarModulacion_Displays();  ///< numeric readouts; ten times a second
+    void DrawMultyPath();                  ///< multipath meter
+    void carrier1();                       ///< over-range lamp of the carrier deviation
+    void RefrescoIntensidadDeCampo();      ///< field in tenths
+    void respolee();                       ///< reads a finished frequency response run
+    void Command9();                       ///< folds the rack
+
+    void resized() override;
+    void closeRequested() override;
+    bool raisesResizeAtShow() const override { return rackPhase == RackPhase::Starting; }
+
+    // Behind everything.
+    display::Panel Faceplate{*this, "Faceplate"};
+    display::Picture Picture3{*this, "Picture3"};  ///< the handle of the rack
+    display::Picture Brand{*this, "Brand"};
+    display::Label Label1{*this, "Label1"};  ///< the other brand's word
+    display::Label Product{*this, "Product"};
+    display::Label Heading{*this, "Heading"};
+
+    // The modulation bar. The panel's unit makes a percent 48 units wide.
+    display::Label BarCaption{*this, "BarCaption"};
+    display::Panel BarWell{*this, "BarWell"};
+    display::Shape BarFill{*this, "BarFill"};
+    display::Label Label10{*this, "Label10"};  ///< hides the part of the bar that is not lit
+    display::Family<display::Line, 81> BarTick{*this, "BarTick"};
+    display::Family<display::Label, 17> BarNumber{*this, "BarNumber"};
+    display::Picture Picture1{*this, "Picture1"};
+    display::Picture Picture2{*this, "Picture2"};
+    display::Line Line1{*this, "Line1"};  ///< the mark
+
+    // Multipath.
+    display::Label Label_Multipath{*this, "Label_Multipath"};
+    display::Panel MultipathWell{*this, "MultipathWell"};
+    display::Family<display::Picture, 5> multypath{*this, "multypath"};
+    display::Label multygood{*this, "multygood"};
+    display::Label multybad{*this, "multybad"};
+
+    // Keys.
+    display::Picture Image_Average{*this, "Image_Average"};
+    display::Picture Image6{*this, "Image6"};  ///< peak detector
+    display::Picture SSbAMmode{*this, "SSbAMmode"};
+    display::Picture Image9{*this, "Image9"};  ///< print
+    display::Picture Image7{*this, "Image7"};  ///< fold
+    display::Picture Image_Power{*this, "Image_Power"};
+
+    // Readouts.
+    display::Label Label_NivelDeModulacion{*this, "Label_NivelDeModulacion"};
+    display::Panel PercentWell{*this, "PercentWell"};
+    display::Label Label_FMod_Porcentaje{*this, "Label_FMod_Porcentaje"};
+    display::Label PercentUnit{*this, "PercentUnit"};
+    display::Label Label_NivelModulacionFrecuencia{*this, "Label_NivelModulacionFrecuencia"};
+    display::Panel DeviationWell{*this, "DeviationWell"};
+    display::Label Label_FMod{*this, "Label_FMod"};
+    display::Label DeviationUnit{*this, "DeviationUnit"};
+    display::Label Label_PeakPerMinute{*this, "Label_PeakPerMinute"};
+    display::Panel PeaksWell{*this, "PeaksWell"};
+    display::Label Label_PicosPorMinuto{*this, "Label_PicosPorMinuto"};
+    display::Label PeaksUnit{*this, "PeaksUnit"};
+    display::Label Label_IntensidadDeCampo{*this, "Label_IntensidadDeCampo"};
+    display::Panel FieldWell{*this, "FieldWell"};
+    display::Label Label_FieldIntensity{*this, "Label_FieldIntensity"};
+    display::Label FieldUnit{*this, "FieldUnit"};
+    display::Label Label_DesviacionDePortadora{*this, "Label_DesviacionDePortadora"};
+    display::Panel CarrierWell{*this, "CarrierWell"};
+    display::Label Label_CarrierDeviation{*this, "Label_CarrierDeviation"};
+    display::Label CarrierUnit{*this, "CarrierUnit"};
+    display::Panel LampWell{*this, "LampWell"};
+    display::Label Label_OVER{*this, "Label_OVER"};
+    display::Label Label_Bad_CarrierDev{*this, "Label_Bad_CarrierDev"};
+
+    display::Timer Timer1{*this, "Timer1"};  ///< fall of the peak, relative power
+    display::Timer Timer4{*this, "Timer4"};  ///< slow readouts and the quality panel
+    display::Timer Timer5{*this, "Timer5"};  ///< reads the defaults of the analyses panel
+
+    // The panel's state lives for the run.
+    RackPhase rackPhase = RackPhase::Starting;
+    double PowerHold = 115;  ///< needle position of the relative power: 115 less the figure
+    double Pi = 0;
+    int RetuneOnMode = 1;
+    float ModBarValue = 0;  ///< percent at which the bar stands
+    SmallText FirstTick;    ///< "1" after the first tick of Timer4
+    Int16 DecayTick = 0;
+
+ protected:
+    void layOut() override;
+    void onLoad() override;
+
+ private:
+    struct MultipathWindow {
+        int count = 0;  ///< samples so far
+        int worst = 0;  ///< highest figure
+    };
+    enum class Shown { Nothing, Bad, Figure };
+
+    void layOutBar();
+    void layOutKeys();
+    void layOutReadouts();
+    void bindKeys();
+    void sayInPanelLanguage();
+    void offerDemoMode();
+    void readDefaults();
+    void readPresetAndCorrection();
+    void startRack();
+    void moveRackUnder();
+    void showVersion();
+    void powerOff();
+    void printRack();
+    void keepDetector(std::string_view line6);
+    void settleSettings();
+    void relativePower();
+    void showHeldModulation(float live);
+    void showCarrierDeviation(float sample);
+    void showMultipath(int figure);
+    void tickPeak();
+    void tickReadouts();
+
+    float PeakHoldValue = 0;
+    Int16 PeakHoldCount = 0;
+    float PeakHoldKHz = 0;
+    MultipathWindow multipath_;
+    Shown multipathShown_ = Shown::Nothing;
+    int multipathShownFigure_ = 0;
+    std::array<float, 100> DeviationSamples{};
+    std::size_t oldestDeviation_ = 0;
+    std::array<float, 4> Carrier4{};
+    float FieldTenths = 0;
+    SmallText DeviationText;
+};
+
+}  // namespace hmonitor

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "core/driver.h"
+
+namespace hmonitor::test {
+
+/// A driver library that answers from a script and notes every call. Plain members: a test sets
+/// what the unit says and reads what it was told.
+struct ScriptedDriver final : DriverLibrary {
+    // What the unit says.
+    Readings readings;
+    float rdsError = 0;
+    float rdsLevel = 0;
+    float hardwareVersion = 1.8f;
+    float driverVersion = 4.2f;
+    ResponsePairs response;
+    std::deque<float> superLevels;  ///< one each HM_Super; when used up, superLevel
+    float superLevel = 30;
+    std::deque<int> superResults;     ///< one each HM_Super; when used up, 0
+    std::deque<int> frames;           ///< one each HM_TramaEspectroRecibida; when used up, 0
+    std::map<float, float> spectrum;  ///< HM_GetEspectro by frequency; floorLevel elsewhere
+    float floorLevel = 12;
+    std::function<void(float)> duringSuper;  ///< what else happens while a level is measured
+    std::function<void()> duringNormal;
+
+    // What it was told. HM_Data and HM_DataRDS come too often to be noted.
+    std::vector<std::string> calls;
+    int dataCalls = 0;
+    int rdsCalls = 0;
+    bool noteData = false;
+    std::vector<std::string>* journal = nullptr;  ///< also noted here
+
+    std::int32_t HM_Init() override;
+    std::int32_t HM_Terminate() override;
+    std::int32_t HM_DemoMode() override;
+    std::int32_t HM_Normal(float frequency, std::int32_t average, std::int32_t audioMode,
+                           std::int32_t response, std::int32_t logFiles) override;
+    std::int32_t HM_Parar() override;
+    std::int32_t HM_Reset(std::int32_t what) override;
+    std::int32_t HM_Data(Readings& out) override;
+    std::int32_t HM_DataRDS(float& error, float& level) override;
+    std::int32_t HM_Super(float frequency, float& level) override;
+    std::int32_t HM_StartEspectro(float start, float stop, std::int32_t stepKhz) override;
+    std::int32_t HM_TramaEspectroRecibida() override;
+    std::int32_t HM_GetEspectro(float frequency, float& level) override;
+    std::int32_t HM_RespFrecuencia(ResponsePairs& pairs) override;
+    std::int32_t HM_setSintoMode(std::int32_t mode) override;
+    std::int32_t HM_getHardwareVersion(float& version) override;
+    std::int32_t HM_getDriverVersion(float& version) override;
+
+ private:
+    void note(std::string call);
+};
+
+}  // namespace hmonitor::test
