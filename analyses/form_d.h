@@ -16,10 +16,10 @@ class Form_D final : public ProgramForm {
     void resborra();  ///< shows the empty response
 
     display::Picture Image5{*this, "Image5"};  ///< the response switch
-    display::Label Text1{*this, "Text1"};      ///< radiated power
-    display::Label Text2{*this, "Text2"};      ///< highest modulation
-    display::Label Text3{*this, "Text3"};      ///< silence
-    display::Label Text4{*this, "Text4"};      ///< inverted phase
+    display::TextField Text1{*this, "Text1"};      ///< radiated power
+    display::TextField Text2{*this, "Text2"};      ///< highest modulation
+    display::TextField Text3{*this, "Text3"};      ///< silence
+    display::TextField Text4{*this, "Text4"};      ///< inverted phase
 
  protected:
     void layOut() override;

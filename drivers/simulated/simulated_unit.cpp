@@ -3,9 +3,9 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
 #include <cstdio>
-#include <cstring>
 #include <limits>
 #include <utility>
 
@@ -219,7 +219,7 @@ void SimulatedUnit::spoil(Readings& readings) {
     for (std::size_t i = 0; i < values.size(); ++i) {
         values[i] = garbageOf(options_.garbage, options_.seed, published_, static_cast<int>(i));
     }
-    std::memcpy(&readings, values.data(), sizeof readings);
+    readings = std::bit_cast<Readings>(values);
 }
 
 // The same fault again and again is said once.

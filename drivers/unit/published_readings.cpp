@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drivers/unit/published_readings.h"
 
+#include <bit>
 #include <cmath>
-#include <cstring>
 
 namespace hm16 {
 
@@ -30,8 +30,7 @@ void PublishedReadings::publishEndMark(Readings readings) {
 // Each value is stored with release order behind the odd sequence number, so that whoever sees a
 // new value also sees that the slot is being written.
 void PublishedReadings::show(const Readings& readings) {
-    Fields fields;
-    std::memcpy(fields.data(), &readings, sizeof readings);
+    const auto fields = std::bit_cast<Fields>(readings);
     const std::uint32_t next = shown_.load(std::memory_order_relaxed) ^ 1u;
     Slot& slot = slots_[next];
     const std::uint32_t sequence = slot.sequence.load(std::memory_order_relaxed);
@@ -50,7 +49,7 @@ bool PublishedReadings::copy(const Slot& slot, Readings& readings) {
         fields[i] = slot.values[i].load(std::memory_order_acquire);
     }
     if (before % 2 != 0 || slot.sequence.load(std::memory_order_relaxed) != before) return false;
-    std::memcpy(&readings, fields.data(), sizeof readings);
+    readings = std::bit_cast<Readings>(fields);
     return true;
 }
 

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+#include <vector>
+
+namespace hm16::receiver {
+
+// Attenuation that the filters of the chain are designed for: what is left of a rejected signal
+// stays below every figure's smallest step.
+inline constexpr double kStopbandDb = 80;
+
+// Length (odd) of a Kaiser-windowed filter with a transition of `transitionHz` at `rateHz`.
+std::size_t tapsFor(double rateHz, double transitionHz, double stopbandDb = kStopbandDb);
+
+// Linear-phase filter whose gain is `gain(hz)`, from 0 to half the rate. A gain with a step is
+// blunted to the transition that the length allows, halfway on each side of the step.
+std::vector<double> designFilter(double rateHz, std::size_t taps,
+                                 const std::function<double(double hz)>& gain,
+                                 double stopbandDb = kStopbandDb);
+
+// Low-pass, flat to `passHz`, down from `stopHz` on.
+std::vector<double> designLowPass(double rateHz, double passHz, double stopHz,
+                                  double stopbandDb = kStopbandDb);
+
+// Gain of a linear-phase filter at a frequency.
+double gainOf(const std::vector<double>& taps, double rateHz, double hz);
+
+}  // namespace hm16::receiver

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace hm16::receiver {
+
+// What a synthetic station does, in true figures: what a perfect receiver would read.
+
+// A sine in the audio. 1.0 in both channels deviates the carrier by 67.5 kHz, which is 0 dB.
+struct AudioTone {
+    double hz = 1000;
+    double left = 0;   // amplitude; a negative one is out of phase
+    double right = 0;
+};
+
+// A sine straight on the carrier, past audio and pre-emphasis.
+struct DirectTone {
+    double hz = 1000;
+    double deviationHz = 75e3;
+};
+
+// A stretch with more deviation: a direct tone that is there from start to start + length.
+struct Burst {
+    double startSeconds = 0;
+    double lengthSeconds = 0.02;
+    DirectTone tone;
+};
+
+// Programme-like sound: a chord whose notes come and go, with a pause now and then.
+struct Programme {
+    double level = 0;         // amplitude of the whole as AudioTone's; 0 is none
+    double width = 0.3;       // part of the sound that is in the difference channel
+    double pauseEvery = 4.0;  // seconds from pause to pause
+    double pauseLength = 0.4;
+};
+
+// A second path of the same signal.
+struct Ray {
+    double delaySeconds = 5e-6;
+    double amplitude = 0;  // of the direct one's
+    double phaseDegrees = 0;
+};
+
+struct RdsPlan {
+    double deviationHz = 0;  // peak of the subcarrier; 0 is none
+    double phaseDegrees = 0;  // against the third harmonic of the pilot
+    double errorHz = 0;       // beside three times the pilot's frequency
+    std::uint16_t programme = 0x1234;
+    std::string name = "STATION";
+    std::string text = "SYNTHETIC STATION WITH KNOWN FIGURES";
+    bool plainCarrier = false;  // an unmodulated 57 kHz sine instead of data
+};
+
+struct StationPlan {
+    double offsetHz = 0;        // from the centre of the band to the assigned frequency
+    double carrierErrorHz = 0;  // of the carrier against the assigned frequency
+    double amplitude = 0.7;     // 1 is full scale
+    double pilotDeviationHz = 0;
+    double pilotErrorHz = 0;
+    double preEmphasisUs = 50;
+    std::vector<AudioTone> tones;
+    std::vector<DirectTone> direct;
+    std::vector<Burst> bursts;
+    Programme programme;
+    RdsPlan rds;
+    Ray ray;
+};
+
+// What the receiver's radio makes of it.
+struct BandPlan {
+    double rateHz = 2.4e6;
+    double centreHz = 98e6;
+    std::vector<StationPlan> stations;
+    // Carrier to noise of a station of amplitude `noiseReference` in 200 kHz; 300 and over is no
+    // noise at all.
+    double carrierToNoiseDb = 300;
+    double noiseReference = 0.7;
+    double clockPpm = 0;   // how much too fast the radio's clock runs
+    bool eightBit = false;
+    double offsetI = 0;    // share of full scale
+    double offsetQ = 0;
+    double gainError = 0;  // Q is 1 + gainError times as strong as I
+    double phaseErrorDegrees = 0;
+    std::uint64_t seed = 1;
+};
+
+}  // namespace hm16::receiver
