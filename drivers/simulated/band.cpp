@@ -43,7 +43,7 @@ double bandLevel(std::uint64_t seed, double frequency, double time) {
     }
     const auto cell = static_cast<std::uint64_t>(std::lround(frequency * 4));
     const double flicker = Chance(seed, kFlickerStream + (cell << 8)).wander(time, 0.11);
-    return 10 * std::log10(power) + 0.9 * flicker;
+    return 10 * std::log10(power) + 0.7 * flicker;
 }
 
 }  // namespace hm16::simulated

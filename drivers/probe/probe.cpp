@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <array>
+#include <filesystem>
+#include <iostream>
+#include <string_view>
+#include <vector>
+
+#include "drivers/hm16_report.h"
+#include "drivers/loader/library.h"
+#include "drivers/probe/probe_options.h"
+#include "drivers/probe/probe_runs.h"
+
+namespace {
+
+using hm16::probe::Options;
+
+int fail(const std::string& sentence) {
+    std::cerr << "hm16-probe: " << sentence << '\n';
+    return 1;
+}
+
+// What a library tells beyond the nineteen functions goes behind the CSV, each line as a comment.
+void printReport(const hm16::Library& library) {
+    const auto report = reinterpret_cast<HM16_ReportFunction>(library.extra(HM16_REPORT_NAME));
+    std::array<char, 8192> text{};
+    if (report == nullptr || report(text.data(), static_cast<int32_t>(text.size())) != 0) {
+        std::cout << "# This library has no report.\n";
+        return;
+    }
+    std::string_view rest(text.data());
+    while (!rest.empty()) {
+        const auto end = rest.find('\n');
+        std::cout << "# " << rest.substr(0, end) << '\n';
+        rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
+    }
+}
+
+int probe(const Options& options) {
+    const auto folder = std::filesystem::absolute(options.library);
+    std::error_code error;
+    std::filesystem::current_path(options.files, error);
+    if (error) return fail(options.files.string() + " is no folder: " + error.message() + ".");
+    const auto loaded = hm16::Library::load(folder);
+    if (!loaded.library) return fail(loaded.fault);
+    const HM16_Functions& driver = loaded.library->functions();
+    driver.init();
+    float version = 0;
+    driver.getHardwareVersion(&version);
+    std::string fault = "No unit answers (hardware version 0).";
+    if (version > 0) {
+        driver.setSintoMode(0);
+        fault = hm16::probe::run(driver, options, std::cout);
+        if (options.report) printReport(*loaded.library);
+    }
+    driver.parar();
+    driver.terminate();
+    return fault.empty() ? 0 : fail(fault);
+}
+
+}  // namespace
+
+int main(int count, char** words) {
+    const std::vector<std::string_view> arguments(words + 1, words + count);
+    const auto parsed = hm16::probe::parseArguments(arguments);
+    if (parsed.help) {
+        std::cout << parsed.message;
+        return 0;
+    }
+    if (!parsed.options) return fail(parsed.message);
+    return probe(*parsed.options);
+}
