@@ -96,7 +96,7 @@ int checkReplaceable(const std::string& path, const struct stat& old) {
     if (S_ISDIR(old.st_mode)) return EISDIR;
     if (!S_ISREG(old.st_mode)) return EINVAL;
     // A rename would pass over a file that its owner has made read-only.
-    return failure(::access(path.c_str(), W_OK));
+    return failure(::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS));
 }
 
 // A link stays a link: the file that it leads to is replaced.

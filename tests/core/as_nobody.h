@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <unistd.h>
+
+namespace hmonitor::test {
+
+/// Gives up the administrator's rights for a while: permissions bind nobody else.
+class AsNobody {
+ public:
+    AsNobody() : was_(::geteuid()) {
+        if (was_ == 0) isNobody_ = ::seteuid(65534) == 0;
+    }
+    ~AsNobody() {
+        if (isNobody_ && ::seteuid(was_) != 0) ::_exit(99);
+    }
+    AsNobody(const AsNobody&) = delete;
+    AsNobody& operator=(const AsNobody&) = delete;
+
+ private:
+    uid_t was_;
+    bool isNobody_ = false;
+};
+
+}  // namespace hmonitor::test

@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/files.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "core/text_lines.h"
+#include "tests/core/as_nobody.h"
+#include "tests/core/temp_folder.h"
+
+namespace hmonitor {
+namespace {
+
+using test::AsNobody;
+using test::TempFolder;
+
+struct FilesTest : testing::Test {
+    TempFolder temp;
+    Files files{temp.path()};
+};
+
+TEST_F(FilesTest, FindsTheExactNameFirst) {
+    temp.put("HM-16.DAT", "upper");
+    temp.put("hm-16.dat", "lower");
+    EXPECT_EQ(*files.read("hm-16.dat"), "lower");
+    EXPECT_EQ(*files.read("HM-16.DAT"), "upper");
+}
+
+TEST_F(FilesTest, FindsAnotherCaseFirstInByteOrder) {
+    temp.put("Hm-Res.dat", "second");
+    temp.put("HM-RES.DAT", "first");
+    EXPECT_EQ(files.find("hm-res.dat"), "HM-RES.DAT");
+    EXPECT_EQ(*files.read("hm-res.dat"), "first");
+}
+
+TEST_F(FilesTest, FindsAccentedNamesWithoutRegardToCase) {
+    temp.put("SESI\u00d3N.3ds", "x");
+    EXPECT_EQ(files.find("sesi\u00f3n.3Ds"), "SESI\u00d3N.3ds");
+    EXPECT_FALSE(files.exists("sesion.3Ds"));
+}
+
+TEST_F(FilesTest, ANameIsBare) {
+    temp.put("a", "x");
+    for (const char* name : {"", ".", "..", "../x", "./a", "/etc/passwd"}) {
+        EXPECT_FALSE(files.exists(name)) << name;
+        EXPECT_TRUE(files.rewrite(name, "x").has_value()) << name;
+    }
+    EXPECT_FALSE(files.exists(std::string_view("a\0b", 3)));
+}
+
+TEST_F(FilesTest, AMissingFileSaysSo) {
+    const auto result = files.read("hm-16.dat");
+    ASSERT_FALSE(result);
+    EXPECT_EQ(result.fault().kind, FileFaultKind::Missing);
+    EXPECT_EQ(result.fault().sentence, "File not found: hm-16.dat");
+}
+
+TEST_F(FilesTest, AMissingFolderIsAMissingFile) {
+    const Files none(temp.path() / "none");
+    EXPECT_EQ(none.read("a").fault().sentence, "File not found: a");
+    EXPECT_EQ(none.rewrite("a", "x")->sentence, "a cannot be written: No such file or directory");
+}
+
+TEST_F(FilesTest, AFolderByTheNameIsUnreadable) {
+    std::filesystem::create_directory(temp.path() / "halden.dat");
+    const auto result = files.read("halden.dat");
+    ASSERT_FALSE(result);
+    EXPECT_EQ(result.fault().kind, FileFaultKind::Unreadable);
+    EXPECT_EQ(result.fault().sentence, "halden.dat cannot be read: Is a directory");
+    EXPECT_EQ(files.rewrite("halden.dat", "x")->sentence,
+              "halden.dat cannot be written: Is a directory");
+}
+
+TEST_F(FilesTest, APipeByTheNameDoesNotHoldTheProgram) {
+    ASSERT_EQ(::mkfifo((temp.path() / "normal.hm").c_str(), 0600), 0);
+    const auto result = files.read("normal.hm");
+    ASSERT_FALSE(result);
+    EXPECT_EQ(result.fault().kind, FileFaultKind::Unreadable);
+}
+
+TEST_F(FilesTest, AFileWithoutReadPermissionSaysSo) {
+    temp.put("hm-16.dat", "1");
+    ASSERT_EQ(::chmod(temp.path().c_str(), 0755), 0);
+    ASSERT_EQ(::chmod((temp.path() / "hm-16.dat").c_str(), 0), 0);
+    const AsNobody nobody;
+    const auto result = files.read("hm-16.dat");
+    ASSERT_FALSE(result);
+    EXPECT_EQ(result.fault().kind, FileFaultKind::Unreadable);
+    EXPECT_EQ(result.fault().sentence, "hm-16.dat cannot be read: Permission denied");
+}
+
+TEST_F(FilesTest, KeepsEveryByte) {
+    std::string all;
+    for (int i = 0; i < 256; ++i) all += static_cast<char>(i);
+    std::string large;
+    for (int i = 0; i < 4096; ++i) large += all;  // a megabyte
+    ASSERT_FALSE(files.rewrite("a", large));
+    EXPECT_EQ(*files.read("a"), large);
+    EXPECT_EQ(temp.bytes("a"), large);
+}
+
+TEST_F(FilesTest, RemovesAFileByAnyCase) {
+    temp.put("SCAN.DAT", "x");
+    EXPECT_FALSE(files.remove("scan.dat"));
+    EXPECT_FALSE(files.exists("scan.dat"));
+    EXPECT_FALSE(files.remove("scan.dat"));
+}
+
+TEST_F(FilesTest, ReadsNoMoreLinesThanAreAskedFor) {
+    temp.put("a", "1\r\n2\r\n");
+    EXPECT_EQ(*files.readLines("a", 2), (std::vector<std::string>{"1", "2"}));
+    EXPECT_EQ(files.readLines("a", 1)->size(), 1u);
+    EXPECT_TRUE(files.readLines("a", 0)->empty());
+}
+
+TEST_F(FilesTest, AFileTooShortNamesTheFirstMissingLine) {
+    temp.put("hm-16.dat", "1\r\n2\r\n3");
+    const auto result = files.readLines("hm-16.dat", 7);
+    ASSERT_FALSE(result);
+    EXPECT_EQ(result.fault().kind, FileFaultKind::TooShort);
+    EXPECT_EQ(result.fault().sentence, "hm-16.dat: line 4 is missing");
+    temp.put("empty", "");
+    EXPECT_EQ(files.readLines("empty", 1).fault().sentence, "empty: line 1 is missing");
+}
+
+std::vector<std::string> linesOf(std::string_view text) {
+    std::vector<std::string> lines;
+    for (TextLines at(text); const auto line = at.next();) lines.emplace_back(*line);
+    return lines;
+}
+
+TEST(TextLinesTest, EndWithALineFeedWithOrWithoutCarriageReturn) {
+    EXPECT_EQ(linesOf("a\r\nb\nc\r\n"), (std::vector<std::string>{"a", "b", "c"}));
+}
+
+TEST(TextLinesTest, TheLastMayHaveNoEnd) {
+    EXPECT_EQ(linesOf("a\r\nb"), (std::vector<std::string>{"a", "b"}));
+    EXPECT_EQ(linesOf("a\r\nb\r"), (std::vector<std::string>{"a", "b"}));
+}
+
+TEST(TextLinesTest, EmptyLinesCount) {
+    EXPECT_EQ(linesOf("\r\n\n"), (std::vector<std::string>{"", ""}));
+    EXPECT_TRUE(linesOf("").empty());
+}
+
+TEST(TextLinesTest, OtherBytesAreKept) {
+    const std::string odd("\xF1\x81 \t\0\r x", 8);
+    EXPECT_EQ(linesOf(odd + "\r\n"), (std::vector<std::string>{odd}));
+}
+
+TEST(TextLinesTest, KnowsItsEnd) {
+    TextLines lines("a\nb");
+    EXPECT_FALSE(lines.atEnd());
+    lines.next();
+    lines.next();
+    EXPECT_TRUE(lines.atEnd());
+    EXPECT_FALSE(lines.next());
+}
+
+TEST(JoinedLines, AreClosedByCarriageReturnAndLineFeed) {
+    EXPECT_EQ(joinLines({"1", "", "-3.5"}), "1\r\n\r\n-3.5\r\n");
+}
+
+}  // namespace
+}  // namespace hmonitor
