@@ -14,9 +14,13 @@ namespace {
 
 constexpr std::uint64_t kFloorStream = 1;
 constexpr std::uint64_t kFlickerStream = 2;
-// Past this distance a transmitter's own noise is all that is left of it.
-constexpr double kReachKhz = 800;
-constexpr double kFarLoss = 78;
+// Past this distance nothing is left of a station.
+constexpr double kReachKhz = 1200;
+// Far from a carrier the receiver's own filter and oscillator decide, not the sidebands: so much
+// loss at 150 kHz, and one dB more each 30 kHz.
+constexpr double kFilterLoss = 46;
+constexpr double kFilterFrom = 150;
+constexpr double kFilterSlope = 30;
 
 double toPower(double decibels) {
     return std::pow(10.0, decibels / 10);
@@ -28,7 +32,8 @@ double sidebandLoss(double distanceKhz, double deviationKhz) {
     const double distance = std::abs(distanceKhz);
     // A quiet carrier still fills the filter: the width never falls below it.
     const double reach = distance / std::max(deviationKhz, 22.0);
-    return std::min(12 * std::pow(reach, 1.6), kFarLoss + distance / 100);
+    const double filter = kFilterLoss + std::max(0.0, distance - kFilterFrom) / kFilterSlope;
+    return std::min(12 * std::pow(reach, 1.6), filter);
 }
 
 double bandLevel(std::uint64_t seed, double frequency, double time) {

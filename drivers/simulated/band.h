@@ -6,7 +6,7 @@
 namespace hm16::simulated {
 
 // Level of an empty channel before it moves, dB over a microvolt.
-inline constexpr float kNoiseFloor = 21;
+inline constexpr float kNoiseFloor = 24;
 
 // What the receiver's filter holds at a frequency (units of 100 kHz) at a time in seconds, in dB
 // over a microvolt: all stations with their sidebands, which are as wide as their modulation is
