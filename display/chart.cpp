@@ -1,7 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/chart.h"
 
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
 namespace display {
+
+const std::array<Colour, Chart::kSeries> Chart::kPlainColours = [] {
+    std::array<Colour, kSeries> colours;
+    colours.fill(kCyan);
+    return colours;
+}();
 
 void Chart::accept(ControlVisitor& visitor) {
     visitor.visit(*this);
@@ -55,6 +65,44 @@ std::string_view Chart::rowLabelAt(int r) const {
                : labels_[static_cast<std::size_t>(r - 1)];
 }
 
+std::optional<double> Chart::valueAt(int r, int c) const {
+    std::string_view text = dataAt(r, c);
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    double value = 0;
+    const auto end = text.data() + text.size();
+    if (std::from_chars(text.data(), end, value, std::chars_format::fixed).ec != std::errc{})
+        return std::nullopt;
+    // Words that a number parser knows ("inf", "nan") are no values of a chart.
+    return std::isfinite(value) ? std::optional(value) : std::nullopt;
+}
+
+void Chart::take(const Chart& other) {
+    rows_ = other.rows_;
+    columns_ = other.columns_;
+    cells_ = other.cells_;
+    labels_ = other.labels_;
+    touch();
+}
+
+namespace {
+
+std::size_t seriesOf(int column) {
+    return static_cast<std::size_t>((column < 1 ? 0 : column - 1) % Chart::kSeries);
+}
+
+}  // namespace
+
+void Chart::seriesColour(int column, Colour colour) {
+    Colour& held = colours_[seriesOf(column)];
+    if (held == colour) return;
+    held = colour;
+    touch();
+}
+
+Colour Chart::seriesColourAt(int column) const {
+    return colours_[seriesOf(column)];
+}
+
 void Chart::resetKind() {
     rows_ = 0;
     columns_ = 0;
@@ -65,6 +113,9 @@ void Chart::resetKind() {
     style = Style::Bars;
     lowest = 0.f;
     highest = 100.f;
+    gridStep = 10.f;
+    insets = Insets{};
+    colours_ = kPlainColours;
     touch();
 }
 

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <array>
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,6 +13,10 @@ namespace display {
 
 /// A chart that is addressed by row and column. Data are text as the program wrote them; cells out
 /// of the shown range are kept and not shown.
+///
+/// The rows share the width between the insets evenly, row r from left + (r - 1) * width / rows on;
+/// bars of one row stand side by side in it, one for each column, a curve passes through the middle
+/// of its rows. Row labels stand under the plot, in the lower inset.
 class Chart final : public Control {
  public:
     using Control::Control;
@@ -28,10 +35,35 @@ class Chart final : public Control {
     void rowLabel(std::string_view text);
     std::string_view dataAt(int row, int column) const;
     std::string_view rowLabelAt(int row) const;
+    /// The number that a cell's data begins with; none for an empty cell or a text that is no
+    /// number, which is drawn as nothing.
+    std::optional<double> valueAt(int row, int column) const;
+
+    /// Takes over rows, columns, data and labels of another chart, as its twin.
+    void take(const Chart& other);
 
     enum class Style { Bars, Curve };
     Property<Style> style{*this, Style::Bars};
-    Property<float> lowest{*this, 0}, highest{*this, 100};
+    /// The shown range of values, and the distance of the lines across it (0 for none).
+    Property<float> lowest{*this, 0}, highest{*this, 100}, gridStep{*this, 10};
+
+    /// Room between the control's edges and the plot, in the units of its container.
+    struct Insets {
+        float left = 0;
+        float top = 0;
+        float right = 0;
+        float bottom = 0;
+        bool operator==(const Insets&) const = default;
+    };
+    Property<Insets> insets{*this};
+
+    static constexpr int kSeries = 10;
+    /// The colours of columns 1 to 10; columns behind them begin anew.
+    void seriesColour(int column, Colour colour);
+    Colour seriesColourAt(int column) const;
+
+    /// What the pointer over a cell is told, in the language of the form; without it, the data.
+    std::function<std::string(int row, int column)> tellCell;
 
  protected:
     void resetKind() override;
@@ -41,6 +73,8 @@ class Chart final : public Control {
     int columns_ = 0;
     std::vector<std::vector<std::string>> cells_;
     std::vector<std::string> labels_;
+    std::array<Colour, kSeries> colours_ = kPlainColours;
+    static const std::array<Colour, kSeries> kPlainColours;
 };
 
 }  // namespace display
