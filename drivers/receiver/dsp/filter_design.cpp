@@ -38,8 +38,7 @@ std::size_t tapsFor(double rateHz, double transitionHz, double stopbandDb) {
 }
 
 std::vector<double> designFilter(double rateHz, std::size_t taps,
-                                 const std::function<double(double hz)>& gain,
-                                 double stopbandDb) {
+                                 const std::function<double(double hz)>& gain, double stopbandDb) {
     // The inverse Fourier integral of the gain, on a grid fine enough that the response's tail
     // does not fold back into the taps.
     const std::size_t grid = std::max<std::size_t>(4096, 8 * taps);
@@ -63,8 +62,8 @@ std::vector<double> designFilter(double rateHz, std::size_t taps,
     std::vector<double> result(taps);
     for (std::size_t n = 0; n <= half; ++n) {
         const double place = half == 0 ? 0 : static_cast<double>(n) / static_cast<double>(half);
-        const double window = bessel0(beta * std::sqrt(std::max(0.0, 1 - place * place))) /
-                              bessel0(beta);
+        const double window =
+            bessel0(beta * std::sqrt(std::max(0.0, 1 - place * place))) / bessel0(beta);
         result[half + n] = side[n] * window;
         result[half - n] = side[n] * window;
     }

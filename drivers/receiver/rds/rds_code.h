@@ -25,8 +25,7 @@ constexpr std::uint32_t rdsRemainder(std::uint32_t bits) {
 // A block as it is sent.
 constexpr std::uint32_t rdsBlock(std::uint16_t information, RdsOffset offset) {
     const std::uint32_t shifted = static_cast<std::uint32_t>(information) << 10U;
-    return shifted |
-           (rdsRemainder(shifted) ^ kRdsOffsetWords[static_cast<std::size_t>(offset)]);
+    return shifted | (rdsRemainder(shifted) ^ kRdsOffsetWords[static_cast<std::size_t>(offset)]);
 }
 
 // True when 26 received bits are a faultless block of this place.

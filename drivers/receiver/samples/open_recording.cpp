@@ -31,8 +31,8 @@ std::unique_ptr<SampleSource> openByFormat(const RecordingRequest& request) {
     const std::string format =
         request.format == "auto" ? formatByName(request.file) : lowered(request.format);
     if (const auto raw = rawFormat(format)) {
-        return std::make_unique<RawRecording>(
-            request.file, RawLayout{*raw, request.rateHz, request.centreHz, 0});
+        return std::make_unique<RawRecording>(request.file,
+                                              RawLayout{*raw, request.rateHz, request.centreHz, 0});
     }
     if (format == "sigmf") {
         SigmfDescription description = describeSigmf(request.file);
@@ -51,7 +51,9 @@ std::unique_ptr<SampleSource> openByFormat(const RecordingRequest& request) {
 }
 
 // A rate in words: whole Hz are exact enough for a sentence.
-std::string inHz(double rate) { return std::to_string(static_cast<long long>(rate)) + " Hz"; }
+std::string inHz(double rate) {
+    return std::to_string(static_cast<long long>(rate)) + " Hz";
+}
 
 }  // namespace
 

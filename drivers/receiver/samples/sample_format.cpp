@@ -70,8 +70,7 @@ bool isReal(SampleFormat format) {
 std::optional<SampleFormat> rawFormat(std::string_view word) {
     if (!word.empty() && word.front() == '.') word.remove_prefix(1);
     std::string low;
-    for (const char c : word)
-        low += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    for (const char c : word) low += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
     if (low == "cu8") return SampleFormat::Cu8;
     if (low == "cs8") return SampleFormat::Cs8;
     if (low == "cs16") return SampleFormat::Cs16;

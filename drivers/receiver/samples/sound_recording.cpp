@@ -46,8 +46,8 @@ Domain SoundRecording::domain() const {
 std::size_t SoundRecording::read(std::span<Sample> into) {
     const auto channels = static_cast<std::size_t>(channels_);
     frames_.resize(into.size() * channels);
-    const sf_count_t got = sf_readf_float(handle_->file, frames_.data(),
-                                          static_cast<sf_count_t>(into.size()));
+    const sf_count_t got =
+        sf_readf_float(handle_->file, frames_.data(), static_cast<sf_count_t>(into.size()));
     const std::size_t whole = got > 0 ? static_cast<std::size_t>(got) : 0;
     for (std::size_t i = 0; i < whole; ++i) {
         const float first = frames_[i * channels];
@@ -59,6 +59,8 @@ std::size_t SoundRecording::read(std::span<Sample> into) {
     return whole;
 }
 
-void SoundRecording::rewind() { sf_seek(handle_->file, 0, SEEK_SET); }
+void SoundRecording::rewind() {
+    sf_seek(handle_->file, 0, SEEK_SET);
+}
 
 }  // namespace hm16::receiver

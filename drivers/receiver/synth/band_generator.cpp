@@ -21,7 +21,9 @@ float eightBits(float value) {
 
 }  // namespace
 
-BandGenerator::BandGenerator(const BandPlan& plan) : plan_(plan), random_(plan.seed) { rewind(); }
+BandGenerator::BandGenerator(const BandPlan& plan) : plan_(plan), random_(plan.seed) {
+    rewind();
+}
 
 BandGenerator::~BandGenerator() = default;
 
@@ -47,8 +49,7 @@ std::size_t BandGenerator::read(std::span<Sample> into) {
 
 void BandGenerator::addNoise(std::span<Sample> into) {
     const double power = plan_.noiseReference * plan_.noiseReference *
-                         std::pow(10.0, -plan_.carrierToNoiseDb / 10) * plan_.rateHz /
-                         kNoiseBandHz;
+                         std::pow(10.0, -plan_.carrierToNoiseDb / 10) * plan_.rateHz / kNoiseBandHz;
     const auto amplitude = static_cast<float>(std::sqrt(power));
     for (Sample& sample : into) sample += amplitude * random_.noise();
 }
@@ -61,8 +62,7 @@ void BandGenerator::spoil(std::span<Sample> into) const {
     const auto across = static_cast<float>(std::sin(skew));
     const Sample offset(static_cast<float>(plan_.offsetI), static_cast<float>(plan_.offsetQ));
     for (Sample& sample : into) {
-        if (unequal)
-            sample.imag(gain * (sample.imag() * along + sample.real() * across));
+        if (unequal) sample.imag(gain * (sample.imag() * along + sample.real() * across));
         sample += offset;
         if (plan_.eightBit) sample = {eightBits(sample.real()), eightBits(sample.imag())};
     }

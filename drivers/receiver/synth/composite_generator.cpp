@@ -48,8 +48,8 @@ CompositeGenerator::CompositeGenerator(const StationPlan& plan, double rateHz, s
     : plan_(plan), rateHz_(rateHz), rds_(plan.rds) {
     for (const AudioTone& tone : plan_.tones) {
         const double gain = kFullAudioHz * preEmphasis(tone.hz, plan_.preEmphasisUs) / 2;
-        steady_.push_back({tone.hz, gain * (tone.left + tone.right),
-                           gain * (tone.left - tone.right), 0, 0});
+        steady_.push_back(
+            {tone.hz, gain * (tone.left + tone.right), gain * (tone.left - tone.right), 0, 0});
     }
     if (plan_.programme.level > 0) addProgramme(plan_.programme, seed);
 }
@@ -60,8 +60,8 @@ void CompositeGenerator::addProgramme(const Programme& programme, std::uint64_t 
     for (int n = 0; n < kNotes; ++n) {
         Voice note;
         note.hz = 110 * std::pow(2.0, n * 0.55 + 0.2 * random.uniform());
-        const double gain = kFullAudioHz * programme.level * preEmphasis(note.hz, plan_.preEmphasisUs) *
-                            0.45 / (1 + 0.6 * n);
+        const double gain = kFullAudioHz * programme.level *
+                            preEmphasis(note.hz, plan_.preEmphasisUs) * 0.45 / (1 + 0.6 * n);
         note.sum = gain;
         note.difference = gain * programme.width * (random.uniform() < 0.5 ? -1 : 1);
         note.beatHz = 0.7 + 3 * random.uniform();

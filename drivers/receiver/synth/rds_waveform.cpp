@@ -45,8 +45,8 @@ std::vector<bool> rdsBits(const RdsPlan& plan) {
     constexpr std::uint16_t kTextGroup = 2U << 12U;
     for (std::size_t segment = 0; segment < kTextLetters / 4; ++segment) {
         const std::size_t part = segment % (kNameLetters / 2);
-        addGroup(bits, {plan.programme, static_cast<std::uint16_t>(8U | part),
-                        kMusicAndAlternative, pair(name, 2 * part)});
+        addGroup(bits, {plan.programme, static_cast<std::uint16_t>(8U | part), kMusicAndAlternative,
+                        pair(name, 2 * part)});
         addGroup(bits, {plan.programme, static_cast<std::uint16_t>(kTextGroup | segment),
                         pair(text, 4 * segment), pair(text, 4 * segment + 2)});
     }

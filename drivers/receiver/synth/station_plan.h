@@ -12,7 +12,7 @@ namespace hm16::receiver {
 // A sine in the audio. 1.0 in both channels deviates the carrier by 67.5 kHz, which is 0 dB.
 struct AudioTone {
     double hz = 1000;
-    double left = 0;   // amplitude; a negative one is out of phase
+    double left = 0;  // amplitude; a negative one is out of phase
     double right = 0;
 };
 
@@ -45,7 +45,7 @@ struct Ray {
 };
 
 struct RdsPlan {
-    double deviationHz = 0;  // peak of the subcarrier; 0 is none
+    double deviationHz = 0;   // peak of the subcarrier; 0 is none
     double phaseDegrees = 0;  // against the third harmonic of the pilot
     double errorHz = 0;       // beside three times the pilot's frequency
     std::uint16_t programme = 0x1234;
@@ -78,9 +78,9 @@ struct BandPlan {
     // noise at all.
     double carrierToNoiseDb = 300;
     double noiseReference = 0.7;
-    double clockPpm = 0;   // how much too fast the radio's clock runs
+    double clockPpm = 0;  // how much too fast the radio's clock runs
     bool eightBit = false;
-    double offsetI = 0;    // share of full scale
+    double offsetI = 0;  // share of full scale
     double offsetQ = 0;
     double gainError = 0;  // Q is 1 + gainError times as strong as I
     double phaseErrorDegrees = 0;

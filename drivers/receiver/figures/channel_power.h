@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <complex>
+#include <span>
+#include <vector>
+
+#include "drivers/receiver/figures/spectrum.h"
+
+namespace hm16::receiver {
+
+// Where the power of the channel's surroundings lies.
+class ChannelPower {
+ public:
+    // `channelHz`: rate of the samples.
+    explicit ChannelPower(double channelHz);
+
+    // Takes samples of the channel; half of them are looked at.
+    void add(std::span<const std::complex<float>> channel);
+
+    // Ends a slot: what was added becomes part of the mean of the last half second.
+    void endSlot();
+
+    // Mean power within 100 kHz of the centre; full scale is 1.
+    double inChannel() const { return inside_; }
+
+    // Power of a strong neighbour 200 kHz away as a share of the channel's own. The sidebands of
+    // the station itself lie on both sides alike, so only what one side has more than the other
+    // counts, or what is too much for any station.
+    double neighbour() const;
+
+ private:
+    double between(double fromHz, double toHz) const;
+
+    double channelHz_;
+    Spectrum spectrum_;
+    std::vector<std::complex<float>> held_;
+    std::size_t skip_ = 0;
+    std::vector<double> sum_;
+    std::vector<double> mean_;
+    std::size_t looks_ = 0;
+    double inside_ = 0;
+};
+
+}  // namespace hm16::receiver

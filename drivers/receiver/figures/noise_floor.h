@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "drivers/receiver/figures/ring.h"
+
+namespace hm16::receiver {
+
+// The noise of a channel as far as the gaps of the programme show it: the 5th percentile of the
+// levels of 50 ms blocks over the last 20 seconds. Never below the true noise, and above it while
+// the programme leaves no gap.
+class NoiseFloor {
+ public:
+    // Mean square of one block.
+    void add(double meanSquare) { blocks_.add(meanSquare); }
+
+    // Level in dB; 0, which is "not known", in the first second.
+    double db() const;
+
+ private:
+    Ring blocks_{400};
+};
+
+}  // namespace hm16::receiver

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "drivers/receiver/figures/response_run.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "drivers/receiver/figures/audio_power.h"
+
+namespace hm16::receiver {
+namespace {
+
+constexpr double kToneDb = 20;  // over all else: a test tone, not music
+constexpr double kQuietDb = -45;
+constexpr double kOffBy = 0.03;  // share by which a generator may miss the frequency
+constexpr double kOffByHz = 3;
+constexpr std::size_t kSilentLooks = 12;
+constexpr int kReferenceHz = 1000;
+
+int testToneAt(double hz) {
+    for (const int tone : ResponseRun::kTones)
+        if (std::fabs(hz - tone) < std::max(kOffBy * tone, kOffByHz)) return tone;
+    return 0;
+}
+
+}  // namespace
+
+void ResponseRun::look(const SteadyTone& tone) {
+    if (ended_) return;
+    const double db = levelDb(tone.meanSquare);
+    const int hz = testToneAt(tone.hz);
+    // Harmonics of a test tone belong to it; what else stands beside it makes it no test tone.
+    if (hz == 0 || tone.dominanceDb() < kToneDb || db < kQuietDb) {
+        if (count_ > 0 && ++looksWithout_ >= kSilentLooks) ended_ = true;
+        return;
+    }
+    looksWithout_ = 0;
+    for (std::size_t n = 0; n < count_; ++n) {
+        if (found_[n]->hz != hz) continue;
+        // A look that a tone only partly fills reads low: the highest one is the whole tone.
+        found_[n]->db = std::max(found_[n]->db, db);
+        return;
+    }
+    found_[count_++] = Found{hz, db};
+}
+
+std::array<ResponseRun::Result, 8> ResponseRun::results() const {
+    std::array<Result, 8> results;
+    if (count_ == 0) return results;
+    double reference = found_[0]->db;
+    for (std::size_t n = 0; n < count_; ++n)
+        if (found_[n]->hz == kReferenceHz) reference = found_[n]->db;
+    for (std::size_t n = 0; n < count_; ++n) {
+        results[n].hz = found_[n]->hz;
+        results[n].tenthsOfDb = static_cast<int>(std::lround(10 * (found_[n]->db - reference)));
+    }
+    return results;
+}
+
+}  // namespace hm16::receiver
