@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+
+#include "core/memory_block.h"
+#include "core/program_form.h"
+#include "tuner/numbered_keys.h"
+
+namespace hmonitor {
+
+/// The editor of the sixteen memory presets, with the general options of the panels in its wide
+/// part. Open, it holds the rack disabled.
+class Form_bSetMemories final : public ProgramForm {
+ public:
+    static constexpr int kMemories = hmonitor::MemoryBlock::kMemories;
+
+    explicit Form_bSetMemories(Program& program);
+
+    void Command1();                                ///< shows the selected memory
+    void Command2();                                ///< draws its number
+    void Command3(SegmentDigit& place, int digit);  ///< draws one digit of it
+    void Command4();                                ///< loads the options
+    void Command5();                                ///< colours the preset keys
+    void advan();                                   ///< saves the options
+
+    void activated() override;
+    void closeRequested() override;
+
+    display::Panel Faceplate{*this, "Faceplate"};
+
+    // The selected memory.
+    display::Panel MemoryWell{*this, "MemoryWell"};
+    SegmentDigit memoryTens{*this, "Line", upFrom(1)};
+    SegmentDigit memoryUnits{*this, "Line", upFrom(8)};
+    display::Label Label_Selected{*this, "Label_Selected"};
+    NumberedKeys<kMemories> presets{*this, "SSCommand"};  ///< key n selects memory n
+    display::Label Label_Frequency{*this, "Label_Frequency"};
+    display::TextField Text1{*this, "Text1"};  ///< frequency in MHz
+    display::Label Label_Name{*this, "Label_Name"};
+    display::TextField Text2{*this, "Text2"};        ///< station name
+    display::Key SSCommand20{*this, "SSCommand20"};  ///< save
+    display::Key SSCommand22{*this, "SSCommand22"};  ///< delete
+
+    display::Key SSCommand17{*this, "SSCommand17"};  ///< accept and close
+    display::Key SSCommand18{*this, "SSCommand18"};  ///< cancel
+    display::Key SSCommand19{*this, "SSCommand19"};  ///< shows and hides the options
+
+    // The options, in the wide part.
+    display::Panel Options{*this, "Options"};
+    display::Label Label_Correction{*this, "Label_Correction"};
+    display::TextField label_dbCorrection{*this, "label_dbCorrection"};
+    display::Key SSCommand21{*this, "SSCommand21"};  ///< unlocks the correction
+    display::CheckBox SSCheck1{*this, "SSCheck1"};   ///< odd frequencies only
+    display::CheckBox SSCheck2{*this, "SSCheck2"};   ///< all frequencies
+    display::CheckBox SSCheck3{*this, "SSCheck3"};   ///< log files of the preset
+
+    std::optional<hmonitor::MemoryBlock> MemoryBlock;  ///< as it stood at the first showing
+    SmallText SelectedMemory;                          ///< "1" to "16", or "cero" for none
+    int IsEmptySlot = 0;                               ///< 1 when the selected memory is empty
+    int WidthState = 2;                                ///< 1 narrow, 2 wide
+    int LoadedOnce = 0;                                ///< 1 once the first showing has run
+
+ protected:
+    void layOut() override;
+    void onLoad() override;
+
+ private:
+    void layOutMemory();
+    void layOutKeys();
+    void layOutOptions();
+    void speak();
+    void bindFields();
+
+    hmonitor::MemoryBlock readBlock() const;
+    int selected() const;
+    bool presetSelected() const;
+    bool opensToStore() const;
+    void select(int memory);
+    void tuneSelected();
+    void showEmpty();
+    void offerTunedFrequency();
+
+    void save();
+    void saveAs(std::string_view frequency);
+    void erase();
+    void accept();
+    void cancel();
+    void close();
+    void changeWidth();
+    void exclude(display::CheckBox& changed, display::CheckBox& other);
+
+    bool excluding_ = false;
+};
+
+}  // namespace hmonitor

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/program_form.h"
+#include "tuner/numbered_keys.h"
+
+namespace hmonitor {
+
+/// A keypad for typing a frequency without a point in units of 100 kHz. Open, it holds the rack
+/// disabled and tunes it through the tuning bar.
+class Form_bTuner final : public ProgramForm {
+ public:
+    explicit Form_bTuner(Program& program);
+
+    void closeRequested() override;
+
+    display::Panel Faceplate{*this, "Faceplate"};  ///< the window is moved by it
+    display::Label Label1{*this, "Label1"};
+    display::Panel EntryWell{*this, "EntryWell"};
+    display::TextField Text1{*this, "Text1"};        ///< the digits typed so far
+    NumberedKeys<9> digits{*this, "SSCommand"};      ///< 1 to 9
+    display::Key SSCommand11{*this, "SSCommand11"};  ///< empties the digits
+    display::Key SSCommand13{*this, "SSCommand13"};  ///< 0
+    display::Key SSCommand10{*this, "SSCommand10"};  ///< tunes
+    display::Key SSCommand12{*this, "SSCommand12"};  ///< closes
+
+ protected:
+    void layOut() override;
+    void onLoad() override;
+
+ private:
+    void append(char digit);
+    void tune();
+    void close();
+};
+
+}  // namespace hmonitor

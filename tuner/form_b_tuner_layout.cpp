@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/look.h"
+#include "core/numbers.h"
+#include "tuner/form_b_tuner.h"
+
+namespace hmonitor {
+
+using display::Key;
+using display::Surface;
+
+namespace {
+
+constexpr float kWidth = 2900;
+constexpr float kHeight = 4360;
+constexpr float kLeft = 240;
+constexpr float kGap = 110;
+constexpr float kKeyWidth = (kWidth - 2 * kLeft - 2 * kGap) / 3;
+constexpr float kKeyHeight = 460;
+
+/// The box of the key in a row and column of the pad, both from 0.
+display::Box padBox(int row, int column) {
+    return {kLeft + static_cast<float>(column) * (kKeyWidth + kGap),
+            1300 + static_cast<float>(row) * (kKeyHeight + kGap), kKeyWidth, kKeyHeight};
+}
+
+}  // namespace
+
+void Form_bTuner::layOut() {
+    width = kWidth;
+    height = kHeight;
+    caption = "Remote Control";
+    place(Faceplate, {0, 0, kWidth, kHeight}).surface = Surface::Faceplate;
+    place(Label1, {kLeft, 200, kWidth - 2 * kLeft, 200}).caption = "Remote Control";
+    Label1.font = display::Font{140};
+    Label1.colour = look::kCaptionColour;
+    place(EntryWell, {kLeft, 500, kWidth - 2 * kLeft, 620}).surface = Surface::Well;
+    place(Text1, {100, 90, kWidth - 2 * kLeft - 200, 440}, &EntryWell).says = {
+        "Frecuencia sin punto, en décimas de MHz", "Frequency without point, tenths of MHz"};
+    Text1.tip = {"981 es 98.1 MHz, 9815 es 98.15 MHz. Enter sintoniza",
+                 "981 is 98.1 MHz, 9815 is 98.15 MHz. Enter tunes"};
+    Text1.colour = display::kRed;
+    Text1.font = look::kReadout;
+    Text1.align = display::Align::Right;
+    Text1.tabIndex = 1;
+
+    int tab = Text1.tabIndex;
+    for (int digit = 1; digit <= digits.count(); ++digit) {
+        Key& key = digits[digit];
+        place(key, padBox((digit - 1) / 3, (digit - 1) % 3)).caption = wholeText(digit);
+        key.tabIndex = ++tab;
+    }
+    place(SSCommand11, padBox(3, 0)).caption = "Cls";
+    SSCommand11.says = {"Borrar los dígitos", "Clear the digits"};
+    SSCommand11.tip = {"Borra los dígitos", "Clears the digits"};
+    place(SSCommand13, padBox(3, 1)).caption = "0";
+    place(SSCommand10, padBox(3, 2)).caption = "Enter";
+    SSCommand10.says = {"Sintonizar", "Tune"};
+    SSCommand10.tip = {"Sintoniza la frecuencia", "Tunes the frequency"};
+    SSCommand10.isDefault = true;
+    place(SSCommand12, {kLeft, 3660, kWidth - 2 * kLeft, kKeyHeight}).caption = "Close";
+    SSCommand12.says = {"Cerrar", "Close"};
+    SSCommand12.tip = {"Cierra el teclado", "Closes the keypad"};
+    SSCommand12.isCancel = true;
+    for (Key* key : {&SSCommand11, &SSCommand13, &SSCommand10, &SSCommand12}) {
+        key->tabIndex = ++tab;
+    }
+}
+
+}  // namespace hmonitor

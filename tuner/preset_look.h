@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/look.h"
+#include "display/form.h"
+
+// What the memory editor shows of a preset.
+namespace hmonitor::preset_look {
+
+/// Widths of the dialog in twips, without its options and with them.
+inline constexpr float kNarrow = 4445;
+inline constexpr float kWide = 7700;
+
+/// Keys of memories that hold a station, and of empty ones.
+inline constexpr display::Colour kStored = display::kWhite;
+inline constexpr display::Colour kEmpty{0xa0948c};
+
+/// A lit segment of the memory's number.
+inline constexpr display::Colour kDigit{0x2f2fff};
+
+}  // namespace hmonitor::preset_look
+
+namespace hmonitor {
+
+/// What the screen reader says of the key of a memory, 1 to 16.
+display::Words presetName(int memory);
+display::Words emptyPresetName(int memory);
+
+/// The selected memory in words; 0 for none.
+std::string selectedText(display::Language language, int memory);
+
+}  // namespace hmonitor
