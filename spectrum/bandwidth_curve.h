@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+
+namespace hmonitor {
+
+/// The curve of the modulation bandwidth: a straight line over each 25 kHz, and the corners between
+/// them rounded over 20 kHz by a blend of the two lines. The blend bows outward where the curve
+/// falls.
+class BandwidthCurve {
+ public:
+    static constexpr int kLastKhz = 150;
+    /// Percent at 0, 25, 50 ... 175 kHz; the first is taken as 100 and the last as 0.
+    using Peaks = std::array<float, 8>;
+    /// Percent at each kHz; 0 is 100.
+    using Points = std::array<float, kLastKhz + 1>;
+
+    /// A new curve through the peaks. The share of the blend carries over from curve to curve, so
+    /// that the first 15 kHz of a later one are blended as the end of the one before.
+    Points through(const Peaks& peaks);
+
+ private:
+    float share_ = 0;  ///< of the second line, 0 to 1
+};
+
+}  // namespace hmonitor

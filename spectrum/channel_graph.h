@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "spectrum/class1.h"
+
+namespace hmonitor {
+
+/// The graph of a channel spectrum: dB below the carrier over kHz around it. Past 25 columns every
+/// second one is labelled.
+Class1 channelGraph(display::Canvas& canvas, Int16 columns, Int16 stepKhz);
+
+/// The columns and the step (kHz) of a graph that has no spectrum yet.
+inline constexpr int kUsualColumns = 17;
+inline constexpr int kUsualStepKhz = 25;
+
+}  // namespace hmonitor

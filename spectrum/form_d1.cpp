@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "spectrum/form_d1.h"
+
+#include "core/language.h"
+#include "core/numbers.h"
+#include "core/taken_for_granted.h"
+#include "panels/audio/form_b.h"
+#include "spectrum/channel_graph.h"
+#include "spectrum/channel_spectrum_file.h"
+#include "spectrum/form_d1a.h"
+#include "spectrum/form_new_spectro.h"
+#include "spectrum/rack_place.h"
+
+namespace hmonitor {
+
+namespace {
+
+constexpr const char* kLocked = "Wait";
+
+}  // namespace
+
+Form_D1::Form_D1(Program& itsProgram) : ProgramForm(itsProgram, "Form_D1") {
+    Command3D1.onClick = [this] {
+        hide();
+        program.Form_NewSpectro->show();
+    };
+    Command3D2.onClick = [this] {
+        if (Command3D2.caption != kLocked) close();
+    };
+    SSCommand1.onClick = [] {};  // the printed page has no window yet
+    SSCommand2.onClick = [this] {
+        program.FormD1a->left = left;
+        program.FormD1a->top = top;
+        program.FormD1a->show();
+        hide();
+    };
+    bindHandle(SSPanel1.onMouseDown, SSPanel1.onMouseMove, {this});
+}
+
+void Form_D1::onLoad() {
+    unit_ = Unit::Returned;
+    language = panelLanguage(program.desktop.userLanguageId());
+    placeBesideRack(*this, program);
+    showStored();
+}
+
+void Form_D1::showStored() {
+    const double frequency = valueOf(StationState.CurrentFreq);
+    const auto stored = ChannelSpectrum::read(program.files, frequency);
+    if (!stored || stored->points == 0) {
+        channelGraph(Picture1.drawing, kUsualColumns, kUsualStepKhz).GraphInit();
+        if (!stored && stored.fault().kind != FileFaultKind::Missing) {
+            tellFault(program.desktop, stored.fault());
+        }
+        return;
+    }
+    Class1 graph = channelGraph(Picture1.drawing, stored->points, stored->stepKhz());
+    graph.GraphInit();
+    EscalaClean(stored->points, stored->stepKhz());
+    for (int i = 1; i <= static_cast<int>(stored->values.size()); ++i) {
+        printValue(i, stored->values[static_cast<std::size_t>(i - 1)]);
+        Int16 below = stored->value(i);
+        graph.GraphLine(i, below);
+    }
+}
+
+void Form_D1::EscalaClean(Int16 columns, Int16 step) {
+    display::Drawing& table = Picture2.drawing;
+    const int centre = columns / 2;
+    table.foreground = display::kWhite;
+    table.box(0, 0, table.outerWidth(), table.outerHeight());
+    table.foreground = display::kRed;
+    table.textX = 1;
+    table.textY = 0;
+    table.print("Values:");
+    table.foreground = display::kBlack;
+    for (int i = 0; i < columns; ++i) {
+        if (i == centre) {
+            table.foreground = display::kRed;
+            printRow(i + 1, 1, "  F0");
+            table.foreground = display::kBlack;
+        } else {
+            const Int16 offset = (i - centre) * step;
+            printRow(i + 1, 1, longText(int{offset}).append(':'));
+        }
+    }
+}
+
+void Form_D1::printValue(int i, std::string_view value) {
+    constexpr float kBesideOffsets = 500;
+    // The values are dB below the carrier.
+    const bool zero = valueOf(value) == 0;
+    printRow(i, kBesideOffsets, zero ? SmallText(value) : SmallText("-").append(value));
+}
+
+void Form_D1::printRow(int i, float x, std::string_view text) {
+    constexpr int kFirst = 180;
+    constexpr int kPitch = 175;
+    Picture2.drawing.textX = x;
+    Picture2.drawing.textY = static_cast<float>(kFirst + kPitch * i);
+    Picture2.drawing.print(text);
+}
+
+void Form_D1::beginRun() {
+    Command3D2.caption = kLocked;
+}
+
+void Form_D1::endRun(Unit unit) {
+    unit_ = unit;
+    Command3D2.caption = unit == Unit::Returned ? "Ok" : "&Cancel";
+}
+
+void Form_D1::close() {
+    if (unit_ == Unit::Idle) {
+        program.Form_B->GuardoModo_LR();
+        program.Form_B->cambfre();
+    }
+    program.enableRack();
+    unload();
+}
+
+}  // namespace hmonitor

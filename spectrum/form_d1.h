@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/int16.h"
+#include "core/program_form.h"
+
+namespace hmonitor {
+
+/// Shows a channel spectrum as bars and as a table: the stored one of the tuned frequency when it
+/// is loaded, then the points of a run as they come.
+class Form_D1 final : public ProgramForm {
+ public:
+    explicit Form_D1(Program& program);
+
+    /// Draws the empty table: a row for each column, with its offset in kHz.
+    void EscalaClean(Int16 columns, Int16 step);
+    /// Prints the value of row i (from 1), dB without sign.
+    void printValue(int i, std::string_view value);
+
+    /// How a run left the unit.
+    enum class Unit { Returned, Idle };
+    /// A run locks the window open until it ends.
+    void beginRun();
+    void endRun(Unit unit);
+
+    void closeRequested() override { Command3D2.press(); }
+
+    display::Panel Faceplate{*this, "Faceplate"};
+    display::Panel SSPanel1{*this, "SSPanel1"};  ///< the handle of the window
+    display::Label Label1{*this, "Label1"};
+    display::PictureBox Picture1{*this, "Picture1"};  ///< bars
+    display::PictureBox Picture2{*this, "Picture2"};  ///< values
+    display::Key Command3D1{*this, "Command3D1"};     ///< asks for a new run
+    display::Key Command3D2{*this, "Command3D2"};     ///< closes, but for a run in work
+    display::Key SSCommand1{*this, "SSCommand1"};     ///< printed page
+    display::Key SSCommand2{*this, "SSCommand2"};     ///< modulation bandwidth
+
+    display::Timer Timer1{*this, "Timer1"};
+
+ protected:
+    void layOut() override;
+    void onLoad() override;
+
+ private:
+    void showStored();
+    void printRow(int i, float x, std::string_view text);
+    void close();
+
+    Unit unit_ = Unit::Returned;
+};
+
+}  // namespace hmonitor

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+
+#include "core/int16.h"
+#include "core/program_form.h"
+#include "spectrum/bandwidth_curve.h"
+
+namespace hmonitor {
+
+/// How wide the station's modulation reaches: the strongest levels seen at six frequencies up to
+/// 150 kHz above the carrier, as a curve in percent of the carrier.
+class FormD1a final : public ProgramForm {
+ public:
+    explicit FormD1a(Program& program);
+
+    void GraphClean();                  ///< draws the empty graph without its grid
+    void GraphRepaint();                ///< draws the grid
+    void GraficoMuestras(Int16 count);  ///< shows the count of samples
+    /// A straight ramp of 25 kHz from where the last ramp ended to y percent at x kHz.
+    void Grafico(Int16 x, float y);
+    /// The curve goes on to x kHz (0 starts it) and y percent. y becomes its distance from the
+    /// top: the caller's variable is rewritten.
+    void GraphLine(Int16 x, float& y);
+
+    bool running() const { return Timer1.enabled; }
+    void closeRequested() override;
+
+    display::Panel Faceplate{*this, "Faceplate"};
+    display::Panel SSPanel1{*this, "SSPanel1"};  ///< the handle of the window
+    display::Label Heading{*this, "Heading"};
+    display::PictureBox Picture1{*this, "Picture1"};
+    display::Key Command3D1{*this, "Command3D1"};  ///< runs and stops
+    display::Key Command3D2{*this, "Command3D2"};  ///< closes
+    display::Key Command1{*this, "Command1"};      ///< test pattern
+    display::Key SSCommand1{*this, "SSCommand1"};  ///< printed page
+
+    display::Timer Timer1{*this, "Timer1"};  ///< takes frames or points
+
+    // What the run holds, reset by loading.
+    std::array<float, 8> PeakPercent{};  ///< highest percent at 0, 25 ... 175 kHz
+    std::array<float, 7> Levels{};       ///< the reference, then the last levels at 25 ... 150 kHz
+    Int16 SampleCount;
+    Int16 FrameBusy;  ///< -1 while a tick is in work
+    float HardwareVersion = 0;
+
+ protected:
+    void layOut() override;
+    void onLoad() override;
+
+ private:
+    enum class Taken { All, UnitFailed };
+
+    bool givesFrames() const;
+    void takeGeometry();
+    void runOrStop();
+    void start(float carrier);
+    void announceStart();
+    bool takeReference(float carrier);
+    void startSampling();
+    void stop();
+    void giveUnitBack();
+    void tick();
+    Taken takeLevels();
+    bool holdPeaks();
+    void drawCurve();
+    void drawTestPattern();
+    void printAt(float x, float y, std::string_view text);
+    SmallText timeOfDay() const;
+
+    // The graph on Picture1.
+    int YPixels = 0;    ///< canvas units for a percent
+    float XPixels = 0;  ///< canvas units for a kHz
+    int BarHalf = 0;
+    int BaseY = 0;
+    int LastX = 0;
+    int LastY = 0;
+    float rampFrom_ = 0;
+    BandwidthCurve curve_;
+    double frequency_ = 0;  ///< of the run, 100 kHz units
+};
+
+}  // namespace hmonitor

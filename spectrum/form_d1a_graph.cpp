@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <cmath>
+
+#include "core/numbers.h"
+#include "spectrum/form_d1a.h"
+
+namespace hmonitor {
+
+namespace {
+
+constexpr display::Colour kTraceColour{1114111};
+/// Under the curve up to 75 kHz, where full modulation ends, and beyond it.
+constexpr display::Colour kNarrowColour{16711680};
+constexpr display::Colour kWideColour{12648384};
+constexpr display::Colour kGridColour{8421504};
+
+constexpr int kColumns = 150;
+constexpr int kColumnPitch = 25;
+/// Where 0 kHz and 100 percent stand.
+constexpr float kLeft = 400;
+constexpr float kTop = 400;
+/// The height of the line of text above the graph.
+constexpr float kHead = 300;
+
+}  // namespace
+
+void FormD1a::takeGeometry() {
+    const display::Drawing& canvas = Picture1.drawing;
+    YPixels = toWhole((canvas.outerHeight() - 900) / 100);
+    XPixels = (canvas.outerWidth() - kLeft) / kColumns;
+    BarHalf = toWhole(XPixels / 2);
+    BaseY = (YPixels + 5) * 100;
+}
+
+void FormD1a::printAt(float x, float y, std::string_view text) {
+    Picture1.drawing.textX = x;
+    Picture1.drawing.textY = y;
+    Picture1.drawing.print(text);
+}
+
+void FormD1a::GraphClean() {
+    display::Drawing& canvas = Picture1.drawing;
+    const float foot = canvas.outerHeight();
+    canvas.foreground = display::kWhite;
+    canvas.box(0, kHead, canvas.outerWidth(), foot);
+    canvas.foreground = display::kBlack;
+    for (int i = 0; i <= 100; i += 20) {
+        printAt(40, kHead + static_cast<float>(i * YPixels), shortText(100 - i));
+    }
+    for (int i = 0; i <= kColumns; i += kColumnPitch) {
+        // The last label stands clear of the right edge.
+        const float start = i == kColumns ? 130 : 320;
+        printAt(start + static_cast<float>(i) * XPixels, static_cast<float>(BaseY), shortText(i));
+    }
+    canvas.bold = true;
+    printAt(9200, foot - 180, "BW=+/-Khz");
+    printAt(40, 60, "%Mod");
+    canvas.bold = false;
+}
+
+void FormD1a::GraphRepaint() {
+    constexpr int kRows = 10;
+    display::Drawing& canvas = Picture1.drawing;
+    canvas.foreground = kGridColour;
+    for (int i = 0; i <= kRows; ++i) {
+        const bool last = i == kRows;
+        const float y = kTop + static_cast<float>(10 * i * YPixels) + (last ? 30 : 0);
+        canvas.lineWidth = i % 2 == 0 || last ? 2 : 1;
+        canvas.line(340, y, canvas.outerWidth(), y);
+    }
+    canvas.lineWidth = 1;
+    for (int i = 0; i <= kColumns; i += kColumnPitch) {
+        const float start = i == kColumns ? 390 : kLeft;
+        const float x = start + static_cast<float>(i) * XPixels;
+        canvas.line(x, kTop, x, static_cast<float>(BaseY - 70));
+    }
+}
+
+void FormD1a::GraphLine(Int16 x, float& y) {
+    constexpr float kFoot = 500;
+    constexpr int kFirstWide = 76;
+    if (y > 99) y = 99;
+    y = 100 - y;
+    const float row = static_cast<float>(YPixels) * y + kTop;
+    if (x == 0) {
+        LastX = static_cast<int>(kLeft);
+    } else {
+        display::Drawing& canvas = Picture1.drawing;
+        const float here = kLeft + static_cast<float>(x) * XPixels;
+        const float before = here - static_cast<float>(BarHalf);
+        const float foot = canvas.outerHeight() - kFoot;
+        const auto lastX = static_cast<float>(LastX);
+        const auto lastY = static_cast<float>(LastY);
+        canvas.lineWidth = 1;
+        canvas.foreground = x < kFirstWide ? kNarrowColour : kWideColour;
+        canvas.box(lastX, lastY, before, foot);
+        canvas.box(before, row, here, foot);
+        canvas.lineWidth = 2;
+        canvas.foreground = kTraceColour;
+        canvas.line(lastX, lastY, here, row);
+        LastX = toWhole(here);
+    }
+    LastY = toWhole(row);
+}
+
+void FormD1a::Grafico(Int16 x, float y) {
+    const float step = std::fabs(rampFrom_ - y) / kColumnPitch;
+    const float towards = y < rampFrom_ ? -step : step;
+    // The very first ramp leaves out its first column, which the start of the curve has drawn.
+    for (int k = x == kColumnPitch ? 2 : 1; k <= kColumnPitch; ++k) {
+        float here = rampFrom_ + static_cast<float>(k) * towards;
+        GraphLine(x - kColumnPitch + k, here);
+    }
+    rampFrom_ = y;
+}
+
+void FormD1a::GraficoMuestras(Int16 count) {
+    display::Drawing& canvas = Picture1.drawing;
+    canvas.foreground = display::kWhite;
+    canvas.box(5500, kHead, 6100, 0);
+    canvas.foreground = display::kBlack;
+    printAt(5500, 20, shortText(int{count}));
+}
+
+void FormD1a::announceStart() {
+    display::Drawing& canvas = Picture1.drawing;
+    canvas.foreground = display::kWhite;
+    canvas.box(800, kHead, canvas.outerWidth(), 0);
+    canvas.foreground = display::kBlack;
+    printAt(800, 20, SmallText("Start Time: ").append(timeOfDay()));
+    printAt(4740, 20, "Samples: ");
+    printAt(5500, 20, "0");
+}
+
+SmallText FormD1a::timeOfDay() const {
+    const display::Date now = program.desktop.today();
+    SmallText text = mask("00", now.hour);
+    return text.append(':')
+        .append(mask("00", now.minute))
+        .append(':')
+        .append(mask("00", now.second));
+}
+
+void FormD1a::drawCurve() {
+    PeakPercent.front() = 100;
+    PeakPercent.back() = 0;
+    BandwidthCurve::Points points = curve_.through(PeakPercent);
+    GraphClean();
+    for (int x = 0; x <= BandwidthCurve::kLastKhz; ++x) {
+        GraphLine(x, points[static_cast<std::size_t>(x)]);
+    }
+    GraphRepaint();
+}
+
+void FormD1a::drawTestPattern() {
+    struct Corner {
+        int kHz;
+        float percent;
+    };
+    constexpr Corner kPattern[] = {{0, 100},  {25, 80},  {50, 80}, {75, 40},
+                                   {100, 20}, {125, 20}, {150, 80}};
+    GraphClean();
+    for (const Corner& corner : kPattern) {
+        float percent = corner.percent;
+        GraphLine(corner.kHz, percent);
+    }
+    GraphRepaint();
+}
+
+}  // namespace hmonitor

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "spectrum/rack_place.h"
+
+namespace hmonitor {
+
+void placeBesideRack(display::Form& window, const Program& program) {
+    constexpr float kGap = 120;
+    const display::Form& rack = *program.rack.front();
+    window.left = rack.left + rack.width + kGap;
+    window.top = rack.top;
+}
+
+void placeOverRack(display::Form& window, const Program& program) {
+    const display::Form& top = *program.rack.front();
+    const display::Form& foot = *program.rack.back();
+    const float height = foot.top + foot.height - top.top;
+    window.left = top.left + (top.width - window.width) / 2;
+    window.top = top.top + (height - window.height) / 2;
+}
+
+}  // namespace hmonitor
