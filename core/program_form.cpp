@@ -27,25 +27,33 @@ void ProgramForm::bindKey(display::Picture& key, const char* atRest, const char*
     };
 }
 
+template <class Forms>
+void ProgramForm::follow(const display::Mouse& at, const Forms& moved) {
+    if (!at.left) {
+        grippedX_ = at.x;
+        grippedY_ = at.y;
+        return;
+    }
+    const float dx = at.x - grippedX_;
+    const float dy = at.y - grippedY_;
+    for (display::Form* form : moved) {
+        form->left = form->left + dx;
+        form->top = form->top + dy;
+    }
+}
+
 void ProgramForm::bindHandle(display::MouseEvent& down, display::MouseEvent& move,
                              std::vector<display::Form*> moved) {
     down = [this](const display::Mouse& at) {
         grippedX_ = at.x;
         grippedY_ = at.y;
     };
-    move = [this, moved = std::move(moved)](const display::Mouse& at) {
-        if (!at.left) {
-            grippedX_ = at.x;
-            grippedY_ = at.y;
-            return;
-        }
-        const float dx = at.x - grippedX_;
-        const float dy = at.y - grippedY_;
-        for (display::Form* form : moved) {
-            form->left = form->left + dx;
-            form->top = form->top + dy;
-        }
-    };
+    move = [this, moved = std::move(moved)](const display::Mouse& at) { follow(at, moved); };
+}
+
+void ProgramForm::bindRackHandle(display::MouseEvent& down, display::MouseEvent& move) {
+    bindHandle(down, move, {});
+    move = [this](const display::Mouse& at) { follow(at, program.rack); };
 }
 
 }  // namespace hmonitor

@@ -30,6 +30,8 @@ class ProgramForm : public display::Form {
     /// where it went down is added to each form's position.
     void bindHandle(display::MouseEvent& down, display::MouseEvent& move,
                     std::vector<display::Form*> moved);
+    /// The same for the rack: its four panels move as one.
+    void bindRackHandle(display::MouseEvent& down, display::MouseEvent& move);
 
     bool inDemoMode() const { return StationState.DemoMode == "si"; }
 
@@ -38,6 +40,8 @@ class ProgramForm : public display::Form {
     hmonitor::StationState& StationState;
 
  private:
+    template <class Forms>
+    void follow(const display::Mouse& at, const Forms& moved);
     float grippedX_ = 0;
     float grippedY_ = 0;
 };

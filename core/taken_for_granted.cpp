@@ -8,6 +8,11 @@ void endWithFault(display::Desktop& desktop, const FileFault& fault) {
     desktop.end();
 }
 
+void settle(display::Desktop& desktop, const std::optional<FileFault>& fault) {
+    if (fault && fault->kind != FileFaultKind::NotWritten) endWithFault(desktop, *fault);
+    tellFault(desktop, fault);
+}
+
 void tellFault(display::Desktop& desktop, const std::optional<FileFault>& fault) {
     if (fault) desktop.messageBox({"HMonitor", fault->sentence, display::BoxIcon::Critical});
 }

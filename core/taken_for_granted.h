@@ -20,6 +20,10 @@ T takenForGranted(display::Desktop& desktop, FileResult<T> result) {
     return std::move(*result);
 }
 
+/// After a settings file was read and rewritten: a file that could not be read ends the program, a
+/// write that failed is told and the handler goes on.
+void settle(display::Desktop& desktop, const std::optional<FileFault>& fault);
+
 /// A rewrite that failed is one sentence with the file and the reason; the handler goes on.
 void tellFault(display::Desktop& desktop, const std::optional<FileFault>& fault);
 

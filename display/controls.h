@@ -27,7 +27,8 @@ enum class Surface {
     Faceplate,  ///< the metal of a rack unit
     Well,       ///< a dark display set into the faceplate
     Plate,      ///< a light plate for black figures
-    Sheet       ///< white paper
+    Sheet,      ///< white paper
+    Glow        ///< light that grows to the right: the head of a moving bar
 };
 
 /// A text. Painted; never takes the focus.

@@ -4,6 +4,9 @@
 #include "core/int16.h"
 #include "core/program_form.h"
 #include "display/family.h"
+#include "panels/audio/held_figures.h"
+#include "panels/audio/level_bar.h"
+#include "panels/audio/phase_vector.h"
 
 namespace hmonitor {
 
@@ -13,18 +16,20 @@ class Form_B final : public ProgramForm {
  public:
     explicit Form_B(Program& program);
 
-    void InicioForm();                    ///< selects the stored preset, which starts the rack
-    void Command1();                      ///< shows the station name
-    void Command5();                      ///< shows the memory number
-    void Command9();                      ///< loads the memory and tunes
-    void Command11();                     ///< takes the memory of the editor and tunes
-    void Command13();                     ///< shows the frequency
-    void cambfre();                       ///< retunes the frequency of the tuning bar
-    void RefrescoFase();                  ///< phase digits
-    void RefrescoPotencia(Int16 figure);  ///< relative power digits
-    void Command_DibujoLCD_Potencia();    ///< draws one of them
-    void GuardoModo_LR();                 ///< stores the audio mode L and R
-    void GuardoModo_LmasR_LmenosR();      ///< stores the audio mode L+R and L-R
+    void InicioForm();                      ///< selects the stored preset, which starts the rack
+    void Command1();                        ///< shows the station name
+    void Command4(int digit);               ///< draws the units digit of the memory number
+    void Command5();                        ///< shows the memory number
+    void Command9();                        ///< loads the memory and tunes
+    void Command11();                       ///< takes the memory of the editor and tunes
+    void Command13();                       ///< shows the frequency
+    void cambfre();                         ///< retunes the frequency of the tuning bar
+    void RefrescoFase();                    ///< phase digits
+    void RefrescoPotencia(Int16 figure);    ///< relative power digits
+    void Command_DibujoLCD_Potencia();      ///< draws one of them
+    void DibujoPotencia(double powerHold);  ///< turns the relative power needle
+    void GuardoModo_LR();                   ///< stores the audio mode L and R
+    void GuardoModo_LmasR_LmenosR();        ///< stores the audio mode L+R and L-R
 
     display::Panel Faceplate{*this, "Faceplate"};
     display::Label Heading{*this, "Heading"};
@@ -108,6 +113,15 @@ class Form_B final : public ProgramForm {
     Int16 DemoTick = 0;
     Int16 WindowTicks = 0;
     display::Colour SegmentOnColour{0x2f2fff};
+    LevelWindow WindowMaxL, WindowMaxR;
+    LevelBar BarL, BarR;
+    float PhaseNow = 0;  ///< degrees, clamped to 0 to 90
+    float PhaseRaw = 0;  ///< degrees, as the unit said
+    PhaseTrail trail;
+    PhaseHold phaseHold;
+    PowerFigure power;
+    int PowerDigit = 0;
+    int PowerPlace = 0;
 
  protected:
     void layOut() override;
@@ -122,10 +136,26 @@ class Form_B final : public ProgramForm {
     void layOutPhase();
     void layOutTuning();
     void bindTuning();
+    struct Channel;
     void heartbeat();
+    void takeLevel(const Channel& channel, float level);
+    void handOffModulation(float peak);
+    void showPhase(float phase);
+    void dropPeakMarks();
+    void drawNeedle(display::Line& needle, float phase);
     void stepMemory(Step step);
+    bool memoriesAllEmpty() const;
+    void tuneWhereTheBarStands();
+    void tuneBarTo(int bar);
+    double barFrequency(int bar) const;
     void tune(Tuning how);
+    void tuneUnit(const std::array<int, 4>& switches);
+    void cancelArmedResponse();
+    void placeLevelElements();
+    void leaveMemory();
     void HScroll1_Change();
+    void openEditor();
+    void openKeypad();
     void storeAudioMode(std::string_view line7);
     void showFrequency(double frequency);
 };

@@ -4,11 +4,11 @@
 #include "core/int16.h"
 #include "core/program_form.h"
 #include "display/family.h"
+#include "panels/modulation/carrier_deviation.h"
+#include "panels/modulation/modulation_hold.h"
+#include "panels/modulation/multipath_meter.h"
 
 namespace hmonitor {
-
-/// What the resize of the rack does next.
-enum class RackPhase { Folded = 0, Folding = 1, Starting = 2 };
 
 /// The modulation panel, the top of the rack: modulation bar and figures, field, multipath,
 /// carrier deviation, and the keys of the rack.
@@ -26,7 +26,7 @@ class Form1 final : public ProgramForm {
 
     void resized() override;
     void closeRequested() override;
-    bool raisesResizeAtShow() const override { return rackPhase == RackPhase::Starting; }
+    bool raisesResizeAtShow() const override { return RackPhase == kStarting; }
 
     // Behind everything.
     display::Panel Faceplate{*this, "Faceplate"};
@@ -40,7 +40,7 @@ class Form1 final : public ProgramForm {
     display::Label BarCaption{*this, "BarCaption"};
     display::Panel BarWell{*this, "BarWell"};
     display::Shape BarFill{*this, "BarFill"};
-    display::Label Label10{*this, "Label10"};  ///< hides the part of the bar that is not lit
+    display::Label Label10{*this, "Label10"};  ///< the head of the bar
     display::Family<display::Line, 81> BarTick{*this, "BarTick"};
     display::Family<display::Label, 17> BarNumber{*this, "BarNumber"};
     display::Picture Picture1{*this, "Picture1"};
@@ -92,12 +92,21 @@ class Form1 final : public ProgramForm {
     display::Timer Timer5{*this, "Timer5"};  ///< reads the defaults of the analyses panel
 
     // The panel's state lives for the run.
-    RackPhase rackPhase = RackPhase::Starting;
+    static constexpr int kStarting = 2;  ///< the next resize stacks the rack and starts it
+    static constexpr int kFolding = 1;   ///< the next resize is the fold itself
+    static constexpr int kFolded = 0;    ///< the next resize unfolds
+    int RackPhase = kStarting;
     double PowerHold = 115;  ///< needle position of the relative power: 115 less the figure
     double Pi = 0;
     int RetuneOnMode = 1;
-    float ModBarValue = 0;  ///< percent at which the bar stands
-    SmallText FirstTick;    ///< "1" after the first tick of Timer4
+    ModulationBar bar;
+    ModulationHold held;
+    MultipathMeter meter;
+    CarrierDeviation carrier;
+    CarrierOver over;
+    float FieldTenths = 0;             ///< tenths of a dB, at most 999
+    std::array<int, 3> FieldDigits{};  ///< hundreds, tens, units; -1 for a cleared place
+    SmallText FirstTick;               ///< "1" after the first tick of Timer4
     Int16 DecayTick = 0;
 
  protected:
@@ -105,45 +114,32 @@ class Form1 final : public ProgramForm {
     void onLoad() override;
 
  private:
-    struct MultipathWindow {
-        int count = 0;  ///< samples so far
-        int worst = 0;  ///< highest figure
-    };
-    enum class Shown { Nothing, Bad, Figure };
-
+    void layOutHead();
     void layOutBar();
+    void layOutMultipath();
     void layOutKeys();
     void layOutReadouts();
     void bindKeys();
     void sayInPanelLanguage();
     void offerDemoMode();
-    void readDefaults();
     void readPresetAndCorrection();
+    void takeCorrection(double correction);
+    void refreshDefaults();
     void startRack();
-    void moveRackUnder();
+    void stackRack();
     void showVersion();
     void powerOff();
     void printRack();
-    void keepDetector(std::string_view line6);
-    void settleSettings();
-    void relativePower();
-    void showHeldModulation(float live);
+    void selectDetector(std::string_view line6);
+    void takeSettings();
+    void showRelativePower();
+    void showBar(float percent);
     void showCarrierDeviation(float sample);
-    void showMultipath(int figure);
+    void showMultipathFigure(int figure);
+    void showMultipathBad();
     void tickPeak();
     void tickReadouts();
-
-    float PeakHoldValue = 0;
-    Int16 PeakHoldCount = 0;
-    float PeakHoldKHz = 0;
-    MultipathWindow multipath_;
-    Shown multipathShown_ = Shown::Nothing;
-    int multipathShownFigure_ = 0;
-    std::array<float, 100> DeviationSamples{};
-    std::size_t oldestDeviation_ = 0;
-    std::array<float, 4> Carrier4{};
-    float FieldTenths = 0;
-    SmallText DeviationText;
+    float correctedField(float field) const;
 };
 
 }  // namespace hmonitor

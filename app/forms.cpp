@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/forms.h"
+
+namespace hmonitor {
+
+Forms::Forms(Program& program, Form_WaitLoad::Brand brand)
+    : formWaitLoad(program, brand),
+      formModoDemo(program),
+      form3(program),
+      form1(program),
+      formB(program),
+      formC(program),
+      formD(program),
+      formSetMemories(program),
+      formTuner(program) {
+    program.Form_WaitLoad.fill(formWaitLoad);
+    program.FormModoDemo.fill(formModoDemo);
+    program.Form3.fill(form3);
+    program.Form1.fill(form1);
+    program.Form_B.fill(formB);
+    program.Form_C.fill(formC);
+    program.Form_D.fill(formD);
+    program.Form_bSetMemories.fill(formSetMemories);
+    program.Form_bTuner.fill(formTuner);
+    program.rack = {&form1, &formB, &formC, &formD};
+}
+
+}  // namespace hmonitor

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "analyses/form_d.h"
+#include "core/program.h"
+#include "panels/audio/form_b.h"
+#include "panels/modulation/form1.h"
+#include "panels/quality/form_c.h"
+#include "startup/form3.h"
+#include "startup/form_modo_demo.h"
+#include "startup/form_wait_load.h"
+#include "tuner/form_b_set_memories.h"
+#include "tuner/form_b_tuner.h"
+
+namespace hmonitor {
+
+/// Owns every form of the program for the whole run and fills the program's slots with them.
+class Forms {
+ public:
+    explicit Forms(Program& program, Form_WaitLoad::Brand brand = Form_WaitLoad::Brand::Marvenia);
+
+    hmonitor::Form_WaitLoad formWaitLoad;
+    hmonitor::FormModoDemo formModoDemo;
+    hmonitor::Form3 form3;
+    hmonitor::Form1 form1;
+    hmonitor::Form_B formB;
+    hmonitor::Form_C formC;
+    hmonitor::Form_D formD;
+    hmonitor::Form_bSetMemories formSetMemories;
+    hmonitor::Form_bTuner formTuner;
+};
+
+}  // namespace hmonitor

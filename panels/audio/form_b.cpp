@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "panels/audio/form_b.h"
+
+#include <cmath>
+
+#include "core/language.h"
+#include "core/numbers.h"
+#include "core/panel_settings.h"
+#include "core/taken_for_granted.h"
+#include "tuner/form_b_set_memories.h"
+#include "tuner/form_b_tuner.h"
+
+namespace hmonitor {
+
+Form_B::Form_B(Program& itsProgram) : ProgramForm(itsProgram, "Form_B") {
+    Timer2.onTick = [this] { heartbeat(); };
+    Timer3.onTick = [this] { dropPeakMarks(); };
+    SSCommand1.onClick = [this] { stepMemory(Step::Next); };
+    SSCommand2.onClick = [this] { stepMemory(Step::Previous); };
+    HScroll1.onChange = [this] { HScroll1_Change(); };
+    HScroll1.onScroll = [this] { showFrequency(barFrequency(HScroll1.thumb)); };
+    Image1.onPress = [this] {
+        GuardoModo_LR();
+        driver.HM_Parar();
+        cambfre();
+    };
+    Image2.onPress = [this] {
+        GuardoModo_LmasR_LmenosR();
+        driver.HM_Parar();
+        cambfre();
+    };
+    bindKey(Image3, "SetN", "SetA", [this] { openEditor(); });
+    bindKey(Image4, "RemoteN", "RemoteA", [this] { openKeypad(); });
+}
+
+void Form_B::onLoad() {
+    Image1.picture = "LyRN";
+    Image2.picture = "LRN";
+    Image3.picture = "SetN";
+    Image4.picture = "RemoteN";
+    StationState.HalfStep = "0";
+    Pi = 4 * std::atan(1.0);
+
+    language = panelLanguage(desktop().userLanguageId());
+    if (language == display::Language::Spanish) return;
+    Label_AudioLevel.caption = "Audio level";
+    Label_StereoPhaseVector.caption = "Stereo phase vector";
+    Label_AudioProcessingRelativePower.caption = "Audio processing relative power";
+}
+
+void Form_B::InicioForm() {
+    Command13();
+    SSCommand1.press();
+}
+
+void Form_B::Command1() {
+    StationState.RadioName = RadioName;
+    Label_RadioName.caption = RadioName;
+}
+
+void Form_B::Command11() {
+    MemoryNumber = toWhole(valueOf(StationState.MemoryNumber));
+    OffMemory = 0;
+    Command5();
+    Command9();
+}
+
+void Form_B::Command13() {
+    showFrequency(TunedFreq);
+}
+
+void Form_B::showFrequency(double frequency) {
+    Label_FrecRadio.caption = mask("0.00", frequency / 10);
+}
+
+void Form_B::GuardoModo_LR() {
+    Image1.picture = "LyRA";
+    Image2.picture = "LRN";
+    storeAudioMode("0");
+}
+
+void Form_B::GuardoModo_LmasR_LmenosR() {
+    Image2.picture = "LRA";
+    Image1.picture = "LyRN";
+    storeAudioMode("1");
+}
+
+void Form_B::storeAudioMode(std::string_view line7) {
+    settle(desktop(), rewritePanelLine(program.files, PanelLine::AudioMode, line7));
+}
+
+void Form_B::openEditor() {
+    if (!program.Form_bSetMemories.filled()) return;
+    StationState.MemoryEditFreq = shortText(TunedFreq);
+    // The memory number on purpose: the editor takes it from here.
+    StationState.CurrentFreq = wholeText(MemoryNumber);
+    program.disableRack();
+    if (OffMemory == 1) {
+        StationState.MemoryEdit = "1";
+        MemoryState = "";
+    } else {
+        StationState.MemoryEdit = "0";
+    }
+    program.Form_bSetMemories->show();
+}
+
+void Form_B::openKeypad() {
+    if (!program.Form_bTuner.filled()) return;
+    program.disableRack();
+    program.Form_bTuner->show();
+}
+
+}  // namespace hmonitor

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "analyses/form_d.h"
+#include "core/numbers.h"
+#include "core/panel_settings.h"
+#include "core/taken_for_granted.h"
+#include "panels/audio/form_b.h"
+#include "panels/modulation/form1.h"
+#include "panels/quality/form_c.h"
+
+namespace hmonitor {
+
+void Form1::bindKeys() {
+    Image_Average.onPress = [this] {
+        if (RetuneOnMode != 1) {
+            RetuneOnMode = 1;
+            return;
+        }
+        Image_Average.picture = "msA";
+        Image6.picture = "PeakN";
+        selectDetector("1");
+        driver.HM_Parar();
+        program.Form_B->cambfre();
+    };
+    Image6.onPress = [this] {
+        if (RetuneOnMode != 1) {
+            RetuneOnMode = 1;
+            return;
+        }
+        Image6.picture = "PeakA";
+        Image_Average.picture = "msN";
+        selectDetector("0");
+        program.Form_B->cambfre();
+    };
+    // The band is FM only; the key does nothing.
+    SSbAMmode.onClick = [] {};
+    bindKey(Image7, "MinN", "MinA", [this] { Command9(); });
+    bindKey(Image9, "MinN", "MinA", [this] { printRack(); });
+    bindKey(Image_Power, "PowerN", "PowerA", [this] { powerOff(); });
+
+    bindRackHandle(Picture3.onMouseDown, Picture3.onMouseMove);
+    Picture3.onDoubleClick = [this] { showVersion(); };
+}
+
+void Form1::selectDetector(std::string_view line6) {
+    settle(desktop(), rewritePanelLine(program.files, PanelLine::Detector, line6));
+}
+
+void Form1::showVersion() {
+    float hardware = 0;
+    driver.HM_getHardwareVersion(hardware);
+    program.words.gHardwareVersion = hardware;
+    float library = hardware;
+    driver.HM_getDriverVersion(library);
+    desktop().messageBox({program.words.gModel.str(),
+                          "Software Version: 4.5\nDriver Version: " + longText(library).str() +
+                              "\nHardware Version: " + longText(hardware).str(),
+                          display::BoxIcon::Information});
+}
+
+void Form1::printRack() {
+    const std::string fault = desktop().printImage(
+        {this, &program.Form_B.peek(), &program.Form_C.peek(), &program.Form_D.peek()});
+    if (fault.empty()) return;
+    desktop().messageBox({program.words.gModel.str(), fault, display::BoxIcon::Critical});
+}
+
+void Form1::powerOff() {
+    driver.HM_Parar();
+    // Whatever becomes of the file, the power key ends the program.
+    tellFault(desktop(),
+              rewritePanelLine(program.files, PanelLine::MemoryPreset, StationState.MemoryNumber));
+    driver.HM_Terminate();
+    desktop().end();
+}
+
+void Form1::closeRequested() {
+    powerOff();
+}
+
+}  // namespace hmonitor

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <algorithm>
+#include <cstdlib>
+
+#include "core/numbers.h"
+#include "panels/modulation/form1.h"
+
+namespace hmonitor {
+
+namespace {
+
+/// The word "GOOD", lit and dark.
+constexpr display::Colour kGoodLit{0x37ff4b};
+constexpr display::Colour kGoodDark{0x1b6013};
+
+}  // namespace
+
+void Form1::ActualizarModulacion() {
+    if (valueOf(StationState.ModSettle) == 0) {
+        // The first heartbeat after a tuning: the bar jumps and the held peak starts anew.
+        showBar(bar.jumpTo(StationState.DemoPeak));
+        StationState.ModBar = 0;
+        StationState.ModSettle = "5";
+        return;
+    }
+    showBar(bar.follow(StationState.DemoPeak));
+}
+
+void Form1::showBar(float percent) {
+    const float at = 48 * percent;
+    BarFill.width = at;
+    Label10.left = at - 40;
+    Picture1.left = at + 200;
+    Picture2.left = at + 180;
+    Line1.x1 = at + 230;
+    Line1.x2 = at + 230;
+}
+
+float Form1::correctedField(float field) const {
+    return static_cast<float>(valueOf(StationState.DbCorrection10)) / 10 + field;
+}
+
+void Form1::ActualizarModulacion_Displays() {
+    const Readings readings = driver.HM_Data();
+    const float live = inDemoMode() ? StationState.DemoPeak : readings.output(1);
+    if (held.take(live)) {
+        Label_FMod_Porcentaje.caption = mask("0.0", held.PeakHoldValue);
+        Label_FMod.caption = mask("0.0", held.PeakHoldKHz);
+    }
+    Label_PicosPorMinuto.caption = shortText(readings.output(16));
+    // Without a unit the field shows the simulated value.
+    Label_FieldIntensity.caption =
+        mask("0.0", inDemoMode() ? 69.5f : correctedField(readings.output(14)));
+    showCarrierDeviation(readings.output(13));
+}
+
+void Form1::showCarrierDeviation(float sample) {
+    const float hertz = carrier.take(sample);
+    const bool out = CarrierDeviation::outOfLimit(hertz);
+    if (out && Label_CarrierDeviation.colour == display::kCyan) {
+        Label_CarrierDeviation.colour = display::kRed;
+        Label_Bad_CarrierDev.visible = true;
+    }
+    if (!out && Label_CarrierDeviation.colour == display::kRed) {
+        Label_CarrierDeviation.colour = display::kCyan;
+        Label_Bad_CarrierDev.visible = false;
+    }
+    Label_CarrierDeviation.caption = mask("0.0", hertz / 1000);
+}
+
+void Form1::carrier1() {
+    const Readings readings = driver.HM_Data();
+    Label_OVER.visible = over.take(inDemoMode() ? 3.f : readings.output(13));
+}
+
+void Form1::RefrescoIntensidadDeCampo() {
+    const Readings readings = driver.HM_Data();
+    FieldTenths = inDemoMode() ? 695.f
+                               : readings.output(14) * 10 +
+                                     static_cast<float>(valueOf(StationState.DbCorrection10));
+    if (FieldTenths > 999) FieldTenths = 999;
+    const int tenths = std::max(0, floorWhole(FieldTenths));
+    FieldDigits = {tenths < 100 ? -1 : tenths / 100, tenths < 10 ? -1 : tenths / 10 % 10,
+                   tenths % 10};
+}
+
+void Form1::DrawMultyPath() {
+    const Readings readings = driver.HM_Data();
+    if (inDemoMode()) return;
+    const int sample = std::abs(floorWhole(readings.output(15)));
+    switch (meter.take(sample, correctedField(readings.output(14)))) {
+        case MultipathMeter::Draw::Nothing:
+            return;
+        case MultipathMeter::Draw::Bad:
+            showMultipathBad();
+            return;
+        case MultipathMeter::Draw::Figure:
+            showMultipathFigure(*meter.MultipathShown);
+            return;
+    }
+}
+
+void Form1::showMultipathBad() {
+    multybad.visible = true;
+    multygood.colour = kGoodDark;
+    for (display::Picture& element : multypath) element.picture = "multyoff";
+}
+
+void Form1::showMultipathFigure(int figure) {
+    multybad.visible = MultipathMeter::bad(figure);
+    for (int i = 0; i < 5; ++i) {
+        multypath[static_cast<std::size_t>(i)].picture =
+            MultipathMeter::lit(i, figure) ? "multyon" : "multyoff";
+    }
+    multygood.colour = MultipathMeter::good(figure) ? kGoodLit : kGoodDark;
+}
+
+}  // namespace hmonitor

@@ -1,0 +1,32 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# Sourced. lay_rack TREE BUILD FOLDER UNIT: assembles what runs in the folder; the working folder's
+# first contents never go over an existing file.
+
+lay_rack() {
+  local tree=$1 build=$2 folder=$3 unit=$4 file
+  mkdir -p "$folder/Logs"
+  cp -f "$build/app/hmonitor" "$folder/hmonitor.new" && mv -f "$folder/hmonitor.new" "$folder/hmonitor"
+  cp -f "$build/drivers/$unit/hm-16.so" "$folder/hm-16.so.new" &&
+    mv -f "$folder/hm-16.so.new" "$folder/hm-16.so"
+  if [ "$unit" != simulated ] && [ ! -e "$folder/hm-16.ini" ]; then
+    cp "$tree/drivers/$unit/hm-16.ini" "$folder/hm-16.ini"
+  fi
+  for file in "$tree"/install/*; do
+    [ -f "$file" ] || continue
+    [ -e "$folder/$(basename "$file")" ] || cp "$file" "$folder/"
+  done
+}
+
+# set_recording INI FILE: names the recording in the receiver's settings.
+set_recording() {
+  local line
+  while IFS= read -r line || [ -n "$line" ]; do
+    line=${line%$'\r'}
+    case "$line" in
+      file\ *=* | file=*) printf 'file = %s\r\n' "$2" ;;
+      source\ *=* | source=*) printf 'source = recording\r\n' ;;
+      *) printf '%s\r\n' "$line" ;;
+    esac
+  done <"$1" >"$1.new"
+  mv -f "$1.new" "$1"
+}

@@ -1,0 +1,47 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# Sourced by ./run and ./test: installs what is missing.
+
+# What the program is built from and runs with.
+build_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev libqt6svg6-dev
+  libqcustomplot-dev libgl1-mesa-dev libliquid-dev libfftw3-dev libsndfile1-dev
+  nlohmann-json3-dev fonts-b612 qt6-qpa-plugins)
+# A display where there is none, and the picture of it.
+picture_packages=(xvfb xauth imagemagick)
+# What the tests need besides.
+test_packages=(libgtest-dev libgmock-dev libbenchmark-dev openbox xdotool wmctrl x11-utils dbus-x11
+  at-spi2-core python3 git)
+
+say() { printf '%s\n' "$*" >&2; }
+
+missing_packages() {
+  local package
+  for package in "$@"; do
+    dpkg-query -W -f '${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed ||
+      printf '%s\n' "$package"
+  done
+}
+
+# install_missing PACKAGE...
+install_missing() {
+  if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
+    say "This is not a Debian or Ubuntu system. Please see that these are installed (names of"
+    say "Debian's packages): $*"
+    return 0
+  fi
+  local missing
+  mapfile -t missing < <(missing_packages "$@")
+  [ "${#missing[@]}" -gt 0 ] || return 0
+  local as_root=()
+  if [ "$(id -u)" -ne 0 ]; then
+    if ! command -v sudo >/dev/null; then
+      say "Missing: ${missing[*]}"
+      say "Install them as root: apt-get install ${missing[*]}"
+      exit 1
+    fi
+    as_root=(sudo)
+  fi
+  say "Installing ${missing[*]}"
+  "${as_root[@]}" apt-get update -qq >&2
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq \
+    --no-install-recommends "${missing[@]}" >&2
+}

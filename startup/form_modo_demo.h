@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/int16.h"
+#include "core/program_form.h"
+
+namespace hmonitor {
+
+/// Offers to go on without a unit. Shown modally; the answer is read right after it closes.
+class FormModoDemo final : public ProgramForm {
+ public:
+    static constexpr int kDemo = -1;
+    static constexpr int kExit = 0;
+
+    explicit FormModoDemo(Program& program);
+
+    int answer() const { return answer_; }
+    void closeRequested() override { Command2.press(); }
+
+    display::Panel Faceplate{*this, "Faceplate"};
+    display::Label Label1{*this, "Label1"};    ///< the Spanish words
+    display::Label Label2{*this, "Label2"};    ///< the English words
+    display::Key Command1{*this, "Command1"};  ///< demo mode
+    display::Key Command2{*this, "Command2"};  ///< exit
+
+ protected:
+    void layOut() override;
+    void onLoad() override;
+
+ private:
+    Int16 answer_ = kExit;
+};
+
+}  // namespace hmonitor

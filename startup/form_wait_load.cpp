@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "startup/form_wait_load.h"
+
+#include <cmath>
+#include <numbers>
+
+#include "core/language.h"
+#include "core/look.h"
+#include "panels/modulation/form1.h"
+
+namespace hmonitor {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr display::Colour kRingRest{0x9c010d};
+constexpr display::Colour kRingLit{0xff0000};
+
+}  // namespace
+
+Form_WaitLoad::Form_WaitLoad(Program& itsProgram, Brand brand)
+    : ProgramForm(itsProgram, "Form_WaitLoad"), brand_(brand) {
+    Timer1.onTick = [this] { turnRing(); };
+    Timer2.onTick = [this] { openDriver(); };
+}
+
+void Form_WaitLoad::onLoad() {
+    program.words.gBrand = Check1.checked ? "Marvenia" : "Teskel";
+    program.words.gModel = "TK-16";
+    ring_ = -1;
+
+    const bool spanish = primaryLanguage(desktop().userLanguageId()) == kSpanishId;
+    program.words.gLanguage = spanish ? "ES" : "IN";
+    language = spanish ? display::Language::Spanish : display::Language::English;
+
+    if (program.words.gBrand == "Marvenia") {
+        Logo1.picture = Logo2.picture.get();
+        Logo1.left = 440.f;
+    }
+}
+
+void Form_WaitLoad::turnRing() {
+    ring_ = ring_ == kShapes ? 1 : ring_ + 1;
+    for (int i = 1; i <= kShapes; ++i) {
+        Shape1[static_cast<std::size_t>(i - 1)].colour = i == ring_ ? kRingLit : kRingRest;
+    }
+}
+
+void Form_WaitLoad::openDriver() {
+    Timer2.enabled = false;
+    program.words.gModel = "HMonitor";
+    driver.HM_Init();
+    program.Form1->show();
+    hide();
+    unload();
+}
+
+void Form_WaitLoad::layOut() {
+    width = 5600.f;
+    height = 2600.f;
+    caption = "HMonitor";
+    place(Faceplate, {0, 0, 5600, 2600}).surface = display::Surface::Faceplate;
+    place(Check1, {0, 0, 10, 10}).caption = "Marvenia";
+    Check1.checked = brand_ == Brand::Marvenia;
+    Check1.visible = false;
+    place(Logo1, {620, 500, 3200, 520}).picture = "LogoTeskel";
+    place(Logo2, {620, 500, 3200, 520}).picture = "LogoMarvenia";
+    Logo2.visible = false;
+    place(Label1, {440, 1700, 2800, 300}).caption = "Please wait,";
+    Label1.font = display::Font{170};
+    Label1.colour = look::kScaleColour;
+    for (int i = 0; i < kShapes; ++i) {
+        const double turn = 2 * std::numbers::pi * i / kShapes;
+        const auto x = static_cast<float>(4500 + 420 * std::sin(turn));
+        const auto y = static_cast<float>(1400 - 420 * std::cos(turn));
+        display::Shape& dot = Shape1[static_cast<std::size_t>(i)];
+        place(dot, {x - 60, y - 60, 120, 120});
+        dot.outline = display::Outline::Oval;
+        dot.colour = kRingRest;
+    }
+    Timer1.interval = 62ms;
+    Timer1.enabled = true;
+    Timer2.interval = 100ms;
+    Timer2.enabled = true;
+}
+
+}  // namespace hmonitor

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/program_form.h"
+#include "display/family.h"
+
+namespace hmonitor {
+
+/// The splash, the first form of the program: fixes brand, language and model, opens the driver and
+/// shows the rack.
+class Form_WaitLoad final : public ProgramForm {
+ public:
+    /// The brand that the program was built for, stored in Check1.
+    enum class Brand { Marvenia, Teskel };
+
+    explicit Form_WaitLoad(Program& program, Brand brand = Brand::Marvenia);
+
+    static constexpr int kShapes = 16;
+
+    display::Panel Faceplate{*this, "Faceplate"};
+    display::CheckBox Check1{*this, "Check1"};
+    display::Picture Logo1{*this, "Logo1"};
+    display::Picture Logo2{*this, "Logo2"};
+    display::Label Label1{*this, "Label1"};
+    display::Family<display::Shape, kShapes> Shape1{*this, "Shape1"};
+
+    display::Timer Timer1{*this, "Timer1"};  ///< turns the ring
+    display::Timer Timer2{*this, "Timer2"};  ///< opens the driver, once
+
+    int ringIndex() const { return ring_; }
+
+ protected:
+    void layOut() override;
+    void onLoad() override;
+
+ private:
+    void turnRing();
+    void openDriver();
+
+    Brand brand_;
+    int ring_ = -1;  ///< 1 to 16 names the lit shape
+};
+
+}  // namespace hmonitor

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/support/rack_bench.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+#include <utility>
+
+namespace hmonitor::test {
+
+ScratchFolder::ScratchFolder() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "rack-XXXXXX").string();
+    if (!mkdtemp(pattern.data())) throw std::runtime_error("no temporary folder: " + pattern);
+    path_ = pattern;
+}
+
+ScratchFolder::~ScratchFolder() {
+    std::error_code ignored;
+    std::filesystem::permissions(path_, std::filesystem::perms::owner_all, ignored);
+    std::filesystem::remove_all(path_, ignored);
+}
+
+std::string lines(const std::vector<std::string>& texts) {
+    std::string all;
+    for (const std::string& text : texts) all += text + "\r\n";
+    return all;
+}
+
+std::string memoryBlock(const std::vector<Memory>& memories) {
+    std::string block(300, ' ');
+    for (int number = 1; number <= 16; ++number) {
+        const auto base = static_cast<std::size_t>(16 * number);
+        block[base] = '-';
+        block[base + 10] = '-';
+    }
+    for (const Memory& memory : memories) {
+        const auto base = static_cast<std::size_t>(16 * memory.number);
+        block.replace(base + 1, memory.name.size(), memory.name);
+        block.replace(base + 11, memory.frequency.size(), memory.frequency);
+    }
+    return block;
+}
+
+RackBench::RackBench(int languageId, Form_WaitLoad::Brand brand)
+    : desktop(languageId),
+      files(scratch.path()),
+      program(desktop, driver, files),
+      forms(program, brand),
+      form1(forms.form1),
+      formB(forms.formB),
+      formC(forms.formC),
+      formD(forms.formD),
+      state(program.StationState),
+      hand(desktop.hand) {
+    driver.journal = &desktop.journal;
+    desktop.seedRandom(1);
+    write("hm-16.dat", lines({"1", "0", "0", "1", "0", "0", "0", "0"}));
+    write("normal.hm", lines({"100", "0", "0", "0", "1.000", "0", "0", "2", "90"}));
+    write("Hm-res.dat", lines({"0", "0", "0"}));
+    write("scan.dat", "");
+    write(
+        "halden.dat",
+        memoryBlock({{1, "RADIO UNO", "981"}, {3, "R. TRES", "10255"}, {16, "DIECISEIS", "875"}}));
+}
+
+void RackBench::write(std::string_view name, std::string_view bytes) {
+    std::ofstream out(scratch.path() / name, std::ios::binary | std::ios::trunc);
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+}
+
+std::string RackBench::read(std::string_view name) const {
+    std::ifstream in(scratch.path() / name, std::ios::binary);
+    std::ostringstream bytes;
+    bytes << in.rdbuf();
+    return bytes.str();
+}
+
+bool RackBench::exists(std::string_view name) const {
+    return std::filesystem::exists(scratch.path() / name);
+}
+
+void RackBench::remove(std::string_view name) {
+    std::filesystem::remove(scratch.path() / name);
+}
+
+void RackBench::showSplash() {
+    forms.formWaitLoad.show();
+}
+
+void RackBench::start() {
+    showSplash();
+    advance(std::chrono::milliseconds(100));
+}
+
+std::vector<std::string> RackBench::takeCalls() {
+    return std::exchange(driver.calls, {});
+}
+
+}  // namespace hmonitor::test

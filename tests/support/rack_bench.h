@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/forms.h"
+#include "core/files.h"
+#include "core/program.h"
+#include "display/headless/headless_desktop.h"
+#include "tests/support/scripted_driver.h"
+
+namespace hmonitor::test {
+
+/// A folder of its own that is gone with it.
+class ScratchFolder {
+ public:
+    ScratchFolder();
+    ~ScratchFolder();
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+
+    const std::filesystem::path& path() const { return path_; }
+
+ private:
+    std::filesystem::path path_;
+};
+
+/// One line a text, each closed by carriage return and line feed.
+std::string lines(const std::vector<std::string>& texts);
+
+/// A preset block of 300 bytes with these memories: number, name, frequency text ("1025").
+struct Memory {
+    int number;
+    std::string name;
+    std::string frequency;
+};
+std::string memoryBlock(const std::vector<Memory>& memories);
+
+/// The whole program on the headless desktop, a scripted unit of version 1.8 and a working folder
+/// of its own with the shipped kind of settings: preset 1 of three memories (1 "RADIO UNO" 98.1,
+/// 3 "RADIO TRES" 102.55, 16 "DIECISEIS" 87.5).
+class RackBench {
+ public:
+    explicit RackBench(int languageId = kEnglish,
+                       Form_WaitLoad::Brand brand = Form_WaitLoad::Brand::Marvenia);
+
+    static constexpr int kEnglish = 0x0409;
+    static constexpr int kSpanish = 0x0c0a;
+    static constexpr int kPortuguese = 0x0416;
+
+    void write(std::string_view name, std::string_view bytes);
+    std::string read(std::string_view name) const;
+    bool exists(std::string_view name) const;
+    void remove(std::string_view name);
+
+    /// From the splash to the measuring rack.
+    void start();
+    /// Shows the splash only.
+    void showSplash();
+    /// Time passes on the virtual clock.
+    void advance(std::chrono::milliseconds time) { desktop.advance(time); }
+    /// Heartbeats of 30 ms.
+    void beat(int count = 1) { advance(std::chrono::milliseconds(30 * count)); }
+
+    /// The unit's output 1 to 16.
+    float& output(int number) { return driver.readings.output(number); }
+
+    /// The calls since the last time they were taken.
+    std::vector<std::string> takeCalls();
+
+    ScratchFolder scratch;
+    display::HeadlessDesktop desktop;
+    ScriptedDriver driver;
+    Files files;
+    Program program;
+    Forms forms;
+
+    // Short names.
+    hmonitor::Form1& form1;
+    hmonitor::Form_B& formB;
+    hmonitor::Form_C& formC;
+    hmonitor::Form_D& formD;
+    hmonitor::StationState& state;
+    display::Hand& hand;
+};
+
+}  // namespace hmonitor::test
