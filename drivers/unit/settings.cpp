@@ -3,10 +3,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <fstream>
-#include <iterator>
 
 #include "drivers/unit/number_text.h"
+#include "drivers/unit/replace_file.h"
 
 namespace hm16 {
 
@@ -29,12 +28,9 @@ std::string inQuotes(std::string_view text) {
 Settings Settings::read(const std::filesystem::path& file) {
     std::error_code error;
     if (!std::filesystem::exists(file, error) && !error) return parse("", file.string());
-    std::ifstream in(file, std::ios::binary);
-    std::string bytes{std::istreambuf_iterator<char>(in), {}};
-    Settings settings = parse(bytes, file.string());
-    if (!in.is_open() || in.bad() || std::filesystem::is_directory(file, error)) {
-        settings.faults_.push_back(file.string() + ": the settings file cannot be read.");
-    }
+    const auto bytes = fileBytes(file);
+    Settings settings = parse(bytes.value_or(""), file.string());
+    if (!bytes) settings.faults_.push_back(file.string() + ": the settings file cannot be read.");
     return settings;
 }
 

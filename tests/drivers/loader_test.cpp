@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "drivers/loader/library.h"
+#include "tests/drivers/temporary_folder.h"
+
+#if defined(__linux__)
+#include <dlfcn.h>
+#endif
+
+namespace hm16 {
+namespace {
+
+const std::filesystem::path kFixtures = HM16_FIXTURES;
+
+// True while the system holds the file as a library.
+bool isLoaded(const std::filesystem::path& file) {
+    void* const handle = dlopen(file.c_str(), RTLD_NOW | RTLD_NOLOAD);
+    if (handle != nullptr) dlclose(handle);
+    return handle != nullptr;
+}
+
+TEST(Loader, SaysThatThereIsNoFile) {
+    const TemporaryFolder folder;
+    const LoadResult result = Library::load(folder.path());
+    EXPECT_EQ(result.library, nullptr);
+    EXPECT_EQ(result.fault,
+              "There is no driver library " + (folder.path() / libraryName()).string() + ".");
+}
+
+TEST(Loader, GivesTheSystemsReasonForAFileThatIsNoLibrary) {
+    const TemporaryFolder folder;
+    folder.write(libraryName().string(), "this is a letter, not a library\n");
+    const LoadResult result = Library::load(folder.path());
+    EXPECT_EQ(result.library, nullptr);
+    const std::string head =
+        (folder.path() / libraryName()).string() + " cannot be loaded as a driver library: ";
+    EXPECT_THAT(result.fault, testing::StartsWith(head));
+    EXPECT_GT(result.fault.size(), head.size() + 5);
+}
+
+TEST(Loader, BearsALibraryCutAtAnyLength) {
+    std::ifstream in(kFixtures / "sixteen" / libraryName(), std::ios::binary);
+    const std::string whole{std::istreambuf_iterator<char>(in), {}};
+    ASSERT_GT(whole.size(), 1000u);
+    // Only lengths at which the system itself refuses the file: beyond its headers a cut library
+    // may be mapped and then fault, which no loader can foresee.
+    for (const std::size_t length : {0, 1, 4, 16, 63, 64, 100, 200}) {
+        const TemporaryFolder folder;
+        folder.write(libraryName().string(), whole.substr(0, length));
+        EXPECT_EQ(Library::load(folder.path()).library, nullptr) << length;
+    }
+}
+
+TEST(Loader, NamesTheFunctionsThatALibraryLacksAndCloses) {
+    const auto folder = kFixtures / "lacking";
+    const LoadResult result = Library::load(folder);
+    EXPECT_EQ(result.library, nullptr);
+    EXPECT_EQ(result.fault,
+              (folder / libraryName()).string() +
+                  " is no complete driver library; it lacks HM_DemoMode, HM_Normal, HM_Parar, "
+                  "HM_Reset, HM_Data, HM_DataRDS, HM_Super, HM_StartEspectro, "
+                  "HM_TramaEspectroRecibida, HM_GetEspectro, HM_RespFrecuencia, HM_setSintoMode, "
+                  "HM_getHardwareVersion, HM_getDriverVersion.");
+    EXPECT_FALSE(isLoaded(folder / libraryName()));
+}
+
+#if defined(__GLIBC__)
+TEST(Loader, TakesDataUnderAFunctionsNameForALackingFunction) {
+    const auto folder = kFixtures / "data_named";
+    const LoadResult result = Library::load(folder);
+    EXPECT_EQ(result.fault, (folder / libraryName()).string() +
+                                " is no complete driver library; it lacks HM_Reset.");
+}
+#endif
+
+TEST(Loader, DoesWithoutTheThreeThatAreNeverCalled) {
+    const LoadResult result = Library::load(kFixtures / "sixteen");
+    ASSERT_NE(result.library, nullptr) << result.fault;
+    EXPECT_EQ(result.fault, "");
+    const HM16_Functions& functions = result.library->functions();
+    EXPECT_EQ(functions.directorio, nullptr);
+    EXPECT_EQ(functions.setClient, nullptr);
+    EXPECT_EQ(functions.getSintoMode, nullptr);
+    EXPECT_EQ(functions.init(), 5);
+    float version = 7;
+    functions.getHardwareVersion(&version);
+    EXPECT_EQ(version, 0);
+}
+
+TEST(Loader, PutsEachOfTheNineteenInItsPlace) {
+    const auto file = std::filesystem::path(HM16_SIMULATED);
+    const LoadResult result = Library::load(file.parent_path());
+    ASSERT_NE(result.library, nullptr) << result.fault;
+    const HM16_Functions& f = result.library->functions();
+    const auto is = [&](auto function, const char* name) {
+        EXPECT_NE(function, nullptr) << name;
+        EXPECT_EQ(reinterpret_cast<void*>(function), result.library->extra(name)) << name;
+    };
+    is(f.init, "HM_Init");
+    is(f.terminate, "HM_Terminate");
+    is(f.demoMode, "HM_DemoMode");
+    is(f.directorio, "HM_Directorio");
+    is(f.normal, "HM_Normal");
+    is(f.parar, "HM_Parar");
+    is(f.reset, "HM_Reset");
+    is(f.data, "HM_Data");
+    is(f.dataRds, "HM_DataRDS");
+    is(f.super, "HM_Super");
+    is(f.startEspectro, "HM_StartEspectro");
+    is(f.tramaEspectroRecibida, "HM_TramaEspectroRecibida");
+    is(f.getEspectro, "HM_GetEspectro");
+    is(f.setClient, "HM_setClient");
+    is(f.respFrecuencia, "HM_RespFrecuencia");
+    is(f.setSintoMode, "HM_setSintoMode");
+    is(f.getSintoMode, "HM_getSintoMode");
+    is(f.getHardwareVersion, "HM_getHardwareVersion");
+    is(f.getDriverVersion, "HM_getDriverVersion");
+    EXPECT_EQ(result.library->extra("HM_NotThere"), nullptr);
+}
+
+TEST(Loader, UnloadsALibraryInTheEnd) {
+    const auto file = kFixtures / "sixteen" / libraryName();
+    {
+        const LoadResult result = Library::load(kFixtures / "sixteen");
+        ASSERT_NE(result.library, nullptr);
+        EXPECT_TRUE(isLoaded(file));
+    }
+    EXPECT_FALSE(isLoaded(file));
+}
+
+}  // namespace
+}  // namespace hm16
