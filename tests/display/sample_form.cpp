@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/display/sample_form.h"
+
+#include <algorithm>
+
+namespace display::test {
+
+using namespace std::chrono_literals;
+
+SampleForm::SampleForm(Desktop& desktop, std::string name) : Form(desktop, std::move(name)) {
+    bind();
+}
+
+bool SampleForm::didHear(std::string_view line) const {
+    return std::ranges::find(heard, line) != heard.end();
+}
+
+Event SampleForm::says(std::string line) {
+    return [this, line = std::move(line)] { heard.push_back(line); };
+}
+
+void SampleForm::closeRequested() {
+    heard.emplace_back("close");
+    if (!staysOpen) hide();
+}
+
+void SampleForm::bind() {
+    KeyN.onPress = [this] {
+        heard.emplace_back("KeyN press");
+        KeyN.picture = "PeakA";
+    };
+    KeyN.onRelease = [this] {
+        heard.emplace_back("KeyN release");
+        KeyN.picture = "PeakN";
+    };
+    KeyN.onCancel = [this] {
+        heard.emplace_back("KeyN cancel");
+        KeyN.picture = "PeakN";
+    };
+    KeyN.onClick = says("KeyN click");
+    Handle1.onMouseDown = [this](const Mouse&) { heard.emplace_back("Handle1 down"); };
+    Handle1.onMouseMove = [this](const Mouse&) { heard.emplace_back("Handle1 move"); };
+    Handle1.onMouseUp = [this](const Mouse&) { heard.emplace_back("Handle1 up"); };
+    Handle1.onDoubleClick = says("Handle1 double click");
+    PictureBox1.onDoubleClick = says("PictureBox1 double click");
+    Key1.onClick = says("Key1 click");
+    KeyDefault.onClick = says("KeyDefault click");
+    KeyCancel.onClick = says("KeyCancel click");
+    Text1.onChange = says("Text1 change");
+    Check1.onClick = says("Check1 click");
+    Option1.onClick = says("Option1 click");
+    Option2.onClick = says("Option2 click");
+    OptionApart.onClick = says("OptionApart click");
+    Combo1.onClick = says("Combo1 click");
+    List1.onClick = says("List1 click");
+    List1.onDoubleClick = says("List1 double click");
+    HScroll1.onChange = says("HScroll1 change");
+    HScroll1.onScroll = says("HScroll1 scroll");
+    Tabs1.onClick = says("Tabs1 click");
+    KeyPage2.onClick = says("KeyPage2 click");
+    Timer1.onTick = says("Timer1 tick");
+    Timer2.onTick = says("Timer2 tick");
+}
+
+void SampleForm::layOut() {
+    caption = "Sample";
+    left = 600.f;
+    top = 300.f;
+    width = 9000.f;
+    height = 6000.f;
+    layOutPanels();
+    layOutPainted();
+    layOutKeys();
+    layOutFields();
+    layOutTabs();
+    Timer1.interval = 100ms;
+    Timer2.interval = 300ms;
+}
+
+void SampleForm::layOutPanels() {
+    place(Panel1, {0, 0, 9000, 2400}).surface = Surface::Faceplate;
+    place(Handle1, {0, 0, 9000, 240}, &Panel1);
+    place(Panel2, {150, 300, 4500, 1500}, &Panel1).surface = Surface::Well;
+    Panel2.unit = 15.f;
+}
+
+void SampleForm::layOutPainted() {
+    place(Label1, {10, 5, 150, 16}, &Panel2).caption = "Carrier deviation";
+    Label1.font = Font{180, Weight::Bold};
+    place(LabelValue, {180, 5, 100, 16}, &Panel2).caption = "75.0";
+    LabelValue.colour = kGreen;
+    LabelValue.align = Align::Right;
+    LabelValue.readout = true;
+    LabelValue.says = {"Desviacion de portadora", "Carrier deviation"};
+    place(Line1, 10, 30, 290, 30, &Panel2).colour = kRed;
+    for (std::size_t i = 0; i < LineBar.size(); ++i) {
+        const float x = 10 + 20 * static_cast<float>(i);
+        place(LineBar[i], x, 40, x, 80, &Panel2).thickness = 4.f;
+    }
+    place(Shape1, {100, 40, 40, 40}, &Panel2).colour = kCyan;
+    Shape1.fadesFrom = kCyan;
+    place(Lamp1, {160, 40, 40, 40}, &Panel2).picture = "multyoff";
+    place(PictureBox1, {4800, 300, 1800, 1500}, &Panel1);
+    PictureBox1.drawing.scale(15, 2);
+    PictureBox1.says = {"Espectro", "Spectrum"};
+    place(Chart1, {6750, 300, 2100, 1500}, &Panel1);
+    Chart1.rowCount(4);
+    Chart1.columnCount(1);
+}
+
+void SampleForm::layOutKeys() {
+    place(KeyN, {150, 1890, 900, 420}, &Panel1).picture = "PeakN";
+    KeyN.says = {"Pico", "Peak"};
+    KeyN.tip = {"Muestra el pico", "Shows the peak"};
+    KeyN.tabIndex = 1;
+    place(Key1, {1200, 1890, 1200, 420}, &Panel1).caption = "&Scan";
+    Key1.says = {"Barrido", "Scan"};
+    Key1.tabIndex = 2;
+    place(KeyDefault, {2550, 1890, 1200, 420}, &Panel1).caption = "OK";
+    KeyDefault.says = {"Aceptar", "OK"};
+    KeyDefault.isDefault = true;
+    KeyDefault.tabIndex = 3;
+    place(KeyCancel, {3900, 1890, 1200, 420}, &Panel1).caption = "Exit";
+    KeyCancel.says = {"Salir", "Exit"};
+    KeyCancel.isCancel = true;
+    KeyCancel.tabIndex = 4;
+}
+
+void SampleForm::layOutFields() {
+    place(Text1, {150, 2550, 1800, 330}).says = {"Nombre", "Name"};
+    Text1.text = "Radio";
+    Text1.tabIndex = 5;
+    place(Check1, {2100, 2550, 1500, 330}).caption = "Stereo";
+    Check1.says = {"Estereo", "Stereo"};
+    Check1.tabIndex = 6;
+    place(Group1, {3750, 2550, 2400, 900}).surface = Surface::Plate;
+    place(Option1, {90, 60, 2100, 330}, &Group1).caption = "50 us";
+    Option1.says = {"50 microsegundos", "50 microseconds"};
+    Option1.chosen = true;
+    Option1.tabIndex = 7;
+    place(Option2, {90, 450, 2100, 330}, &Group1).caption = "75 us";
+    Option2.says = {"75 microsegundos", "75 microseconds"};
+    Option2.tabIndex = 8;
+    place(OptionApart, {6300, 2550, 2400, 330}).caption = "Mono";
+    OptionApart.says = {"Mono", "Mono"};
+    OptionApart.chosen = true;
+    place(Combo1, {150, 3000, 1800, 330}).says = {"Modo", "Mode"};
+    for (const char* row : {"Peak", "Average", "RMS"}) Combo1.list.add(row);
+    Combo1.select(0);
+    place(List1, {2100, 3000, 1500, 900}).says = {"Sesiones", "Sessions"};
+    for (const char* row : {"Monday", "Tuesday"}) List1.list.add(row);
+    place(HScroll1, {150, 4050, 6000, 300}).says = {"Frecuencia", "Frequency"};
+    HScroll1.range(0, 205, 10);
+    HScroll1.value = 110;
+    HScroll1.tabIndex = 9;
+}
+
+void SampleForm::layOutTabs() {
+    place(Tabs1, {150, 4500, 6000, 1350}).says = {"Paginas", "Pages"};
+    Tabs1.tabIndex = 10;
+    place(Page1, {210, 4920, 5880, 900});
+    place(Page2, {210, 4920, 5880, 900});
+    place(LabelPage1, {60, 60, 3000, 240}, &Page1).caption = "First page";
+    place(KeyPage2, {60, 60, 1200, 420}, &Page2).caption = "Go";
+    KeyPage2.says = {"Ir", "Go"};
+    Tabs1.add("One", Page1);
+    Tabs1.add("Two", Page2);
+}
+
+}  // namespace display::test
