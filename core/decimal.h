@@ -21,7 +21,7 @@ inline constexpr int kMostDecimals = 28;
 Decimal toDecimal(double value, int significant);
 
 /// The mantissa that `number` has with exactly `decimals` decimals, halves away from zero.
-/// Needs a number under 1e15 and at most 3 decimals, else the result would not fit.
+/// Needs a number of at most 1e15 and at most 3 decimals, else the result would not fit.
 std::uint64_t mantissaAt(const Decimal& number, int decimals);
 
 /// Ten to the power of 0 to 19.

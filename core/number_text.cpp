@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kFloatDigits = 7;
 constexpr int kDoubleDigits = 15;
-constexpr int kExponentFrom = 15;  // digits before the point beyond which an exponent is shown
+constexpr double kExponentFrom = 1e15;
 
 SmallText digitsText(std::uint64_t value) {
     char digits[20];
@@ -53,7 +53,7 @@ SmallText textOf(double value, int significant) {
     if (!std::isfinite(value)) return unendingText(value);
     const Decimal number = toDecimal(value, significant);
     SmallText text = number.negative ? "-" : "";
-    if (wholeDigits(number) > kExponentFrom) {
+    if (std::fabs(value) >= kExponentFrom) {
         appendExponent(text, number);
     } else if (number.scale < 0) {
         appendFixed(text, number.mantissa * powerOfTen(-number.scale), 0, 1);
@@ -86,10 +86,10 @@ Pattern parsePattern(std::string_view pattern) {
 SmallText masked(std::string_view pattern, double value, int significant) {
     const Pattern parts = parsePattern(pattern);
     SmallText text = parts.before;
-    const Decimal number = std::isfinite(value) ? toDecimal(value, significant) : Decimal{};
-    if (!std::isfinite(value) || wholeDigits(number) > kExponentFrom) {
+    if (!(std::fabs(value) < kExponentFrom)) {
         return text.append(textOf(value, significant)).append(parts.after);
     }
+    const Decimal number = toDecimal(value, significant);
     const int decimals = std::min(parts.decimals, 3);
     const std::uint64_t mantissa = mantissaAt(number, decimals);
     if (number.negative && mantissa != 0) text.append('-');

@@ -53,12 +53,12 @@ def rounded(x, significant):
     return once
 
 
-def plain(number):
+def plain(number, value):
     if number == 0:
         return "0"
     sign = "-" if number < 0 else ""
     number = abs(number)
-    if number.adjusted() >= 15:
+    if abs(value) >= 10 ** 15:
         digits = "".join(str(d) for d in number.as_tuple().digits).rstrip("0")
         tail = "." + digits[1:] if len(digits) > 1 else ""
         return f"{sign}{digits[0]}{tail}E+{number.adjusted()}"
@@ -74,9 +74,9 @@ def plain(number):
     return f"{sign}{whole}" + ("." + decimals if decimals else "")
 
 
-def masked(number, mask):
-    if number.adjusted() >= 15 and number != 0:
-        return plain(number)
+def masked(number, mask, value):
+    if abs(value) >= 10 ** 15:
+        return plain(number, value)
     wholes, _, decimals = mask.partition(".")
     shown = abs(number).quantize(Decimal(1).scaleb(-len(decimals)), rounding=ROUND_HALF_UP)
     units = int(shown.scaleb(len(decimals)))
@@ -151,7 +151,7 @@ def texts(rng):
     alphabet = "0123456789.-+ eExX,\u00e9"
     result += ["".join(rng.choice(alphabet) for _ in range(rng.randrange(1, 12)))
                for _ in range(300)]
-    result += [plain(rounded(rng.uniform(-2000, 2000), 15)) for _ in range(100)]
+    result += [plain(rounded(x, 15), x) for x in (rng.uniform(-2000, 2000) for _ in range(100))]
     return result
 
 
@@ -159,14 +159,16 @@ def main():
     rng = random.Random(16)
     rows = []
     for bits in samples32(rng):
-        number = rounded(float32(bits), 7)
-        rows.append(["float32", f"{bits:08x}", plain(number)])
+        exact_in = float32(bits)
+        number = rounded(exact_in, 7)
+        rows.append(["float32", f"{bits:08x}", plain(number, exact_in)])
         for mask in rng.sample(MASKS, 2):
-            rows.append(["mask32", f"{bits:08x}", mask, masked(number, mask)])
+            rows.append(["mask32", f"{bits:08x}", mask, masked(number, mask, exact_in)])
     for bits in samples64(rng):
-        number = rounded(float64(bits), 15)
-        rows.append(["float64", f"{bits:016x}", plain(number)])
-        rows.append(["mask64", f"{bits:016x}", (mask := rng.choice(MASKS)), masked(number, mask)])
+        exact_in = float64(bits)
+        number = rounded(exact_in, 15)
+        rows.append(["float64", f"{bits:016x}", plain(number, exact_in)])
+        rows.append(["mask64", f"{bits:016x}", (mask := rng.choice(MASKS)), masked(number, mask, exact_in)])
     for text in texts(rng):
         rows.append(["value", text, f"{bits64(value(text.replace(chr(92) + 't', chr(9)))):016x}"])
     halves = [n / 2 for n in range(-9, 10)] + [0.49999999999999994, 4503599627370497.5, 2147483647.5,
