@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "drivers/receiver/chain/peak_noise.h"
 #include "drivers/receiver/dsp/filter_design.h"
 
 namespace hm16::receiver {
@@ -10,8 +11,8 @@ namespace {
 
 constexpr double kWideFlatHz = 190e3;
 constexpr double kWideStopHz = 290e3;
-constexpr double kNarrowFlatHz = 85e3;
-constexpr double kNarrowStopHz = 125e3;
+constexpr double kNarrowFlatHz = 90e3;
+constexpr double kNarrowStopHz = 130e3;
 constexpr double kNarrowStopbandDb = 60;
 
 // At low rates as wide as the rate allows.
@@ -36,6 +37,7 @@ std::vector<double> narrowTaps(const Rates& rates) {
 
 FrontEnd::FrontEnd(const Rates& rates, double offsetHz)
     : flatHz_(flatFor(rates.channel)),
+      noiseHz_(noiseBandwidthHz(wideTaps(rates), rates.source)),
       mixer_(offsetHz / rates.source),
       decimator_(wideTaps(rates), rates.channelStep),
       narrow_(narrowTaps(rates), 1) {}

@@ -37,9 +37,13 @@ class FrontEnd {
     // Flat to this far from the carrier.
     double flatHz() const { return flatHz_; }
 
+    // Noise bandwidth of the wide filter.
+    double noiseHz() const { return noiseHz_; }
+
  private:
     ChannelWidth width_ = ChannelWidth::Wide;
     double flatHz_;
+    double noiseHz_;
     Mixer mixer_;
     ComplexDecimator decimator_;
     ComplexDecimator narrow_;

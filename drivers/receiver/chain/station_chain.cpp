@@ -21,9 +21,12 @@ constexpr double kLeastPilotHz = 450;          // 0.6 percent
 // 10 dB of carrier to noise in 200 kHz the discriminator's threshold begins.
 constexpr double kMostRoughness = 0.1;
 
+// From here on the discriminator clicks now and then, and a click is no peak of the station.
+constexpr double kMostPeakRoughness = 0.04;
+
 // A neighbour within these 200 kHz away beats with the carrier inside the multiplex.
-constexpr double kNeighbourNarrow = 0.02;
-constexpr double kNeighbourWide = 0.01;
+constexpr double kNeighbourNarrow = 0.04;
+constexpr double kNeighbourWide = 0.03;
 
 // Slots after a change of the filter that hold its transient.
 constexpr std::size_t kSettling = 2;
@@ -49,6 +52,7 @@ StationChain::StationChain(const ChainSettings& settings)
       pilotFilter_(pilotTaps(rates_), rates_.pilotStep),
       decoder_(rates_, settings.deemphasisUs),
       rds_(rates_),
+      peakNoise_(rates_, frontEnd_.noiseHz()),
       channelPower_(rates_.channel),
       audio_(rates_.audio) {}
 
@@ -92,6 +96,7 @@ void StationChain::takeComposite(std::span<const float> composite) {
         const auto part = composite.first(std::min(composite.size(), slotLength_ - slot_.size()));
         slot_.insert(slot_.end(), part.begin(), part.end());
         addPilot(part);
+        peakNoise_.add(part);
         decoder_.add(part);
         rds_.add(part);
         composite = composite.subspan(part.size());
@@ -121,12 +126,16 @@ void StationChain::endSlot() {
     const double now =
         static_cast<double>(slots_) * static_cast<double>(slotLength_) / rates_.composite;
     bool present = slot.meanSquare > 0;
+    double noiseRise = 0;
     if (settings_.domain == Domain::Band) {
         channelPower_.endSlot();
         const double power = channelPower_.inChannel();
         figures_.fieldDb =
             power > 0 ? std::max(0.0, 10 * std::log10(power) + settings_.dbuvAtFullScale) : 0;
         present = multipath_.roughness() < kMostRoughness;
+        peakNoise_.endSlot();
+        // What a neighbour beats into the envelope is no noise.
+        if (!figures_.narrow) noiseRise = peakNoise_.riseHz(multipath_.roughness());
         figures_.multipathPercent = multipath_.percent();
         multipath_.fade();
         chooseWidth();
@@ -134,7 +143,9 @@ void StationChain::endSlot() {
     rds_.endSlot();
     const bool settled = sinceWidth_ > kSettling;
     if (present) {
-        settleCarrier(slot, settled);
+        if (settled) settleCarrier(slot, noiseRise);
+        if (multipath_.roughness() > kMostPeakRoughness && settings_.domain == Domain::Band)
+            figures_.peakHz = 0;
         settlePilot(now);
         settlePower();
     } else {
@@ -159,11 +170,10 @@ void StationChain::chooseWidth() {
     meanSquares_.clear();
 }
 
-void StationChain::settleCarrier(const SlotSummary& slot, bool steady) {
-    if (!steady) return;
+void StationChain::settleCarrier(const SlotSummary& slot, double noiseRiseHz) {
     carrier_.add(slot.meanHz);
     figures_.carrierHz = carrier_.hz();
-    figures_.peakHz = slot.peakFrom(figures_.carrierHz);
+    figures_.peakHz = std::max(0.0, slot.peakFrom(figures_.carrierHz) - noiseRiseHz);
     meanSquares_.add(slot.meanSquare - figures_.carrierHz * figures_.carrierHz);
 }
 

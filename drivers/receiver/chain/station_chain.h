@@ -7,6 +7,7 @@
 
 #include "drivers/receiver/chain/demodulator.h"
 #include "drivers/receiver/chain/front_end.h"
+#include "drivers/receiver/chain/peak_noise.h"
 #include "drivers/receiver/chain/rates.h"
 #include "drivers/receiver/chain/rds_receiver.h"
 #include "drivers/receiver/chain/stereo_decoder.h"
@@ -55,7 +56,7 @@ class StationChain {
     void addPilot(std::span<const float> composite);
     void endSlot();
     void chooseWidth();
-    void settleCarrier(const SlotSummary& slot, bool steady);
+    void settleCarrier(const SlotSummary& slot, double noiseRiseHz);
     void settleAudio();
     void settlePilot(double now);
     void settlePower();
@@ -77,6 +78,7 @@ class StationChain {
     std::size_t pilotPoints_ = 0;
     CarrierMean carrier_;
     PeaksPerMinute peaks_;
+    PeakNoise peakNoise_;
     Multipath multipath_;
     ChannelPower channelPower_;
     AudioFigures audio_;

@@ -41,7 +41,7 @@ std::vector<double> designFilter(double rateHz, std::size_t taps,
                                  const std::function<double(double hz)>& gain, double stopbandDb) {
     // The inverse Fourier integral of the gain, on a grid fine enough that the response's tail
     // does not fold back into the taps.
-    const std::size_t grid = std::max<std::size_t>(4096, 8 * taps);
+    const std::size_t grid = std::max<std::size_t>(1024, 8 * taps);
     const std::size_t half = (taps - 1) / 2;
     std::vector<double> side(half + 1, 0.0);
     for (std::size_t k = 0; k < grid; ++k) {

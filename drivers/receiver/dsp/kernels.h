@@ -18,8 +18,10 @@ void filterReal(const float* in, const float* taps, std::size_t floats, std::siz
 void filterComplex(const float* iq, const float* doubledTaps, std::size_t floats, std::size_t step,
                    std::size_t outputs, float* outIq);
 
-// iq[n] *= phasor(n), where phasor(n) = start * table[n], element by element.
-void rotate(float* iq, const float* tableIq, float startRe, float startIm, std::size_t samples);
+// Multiplies each sample by a phasor, start * (cosine + i sine), taken from tables in which each
+// value stands twice. `samples` is a multiple of 4.
+void rotate(float* iq, const float* doubledCosines, const float* doubledSines, float startRe,
+            float startIm, std::size_t samples);
 
 // Angle from each sample to the next in radians: out[n] from samples n and n + 1 of `samples` + 1.
 // Exact to 1e-7; this is what keeps the receiver's own distortion below 0.01 percent.

@@ -8,12 +8,17 @@
 #include "drivers/receiver/dsp/kernels.h"
 
 namespace hm16::receiver {
+namespace {
 
-Mixer::Mixer(double turns) : turns_(-turns), table_(2 * kTable) {
+constexpr std::size_t kLanes = 4;  // samples that are rotated together
+
+}  // namespace
+
+Mixer::Mixer(double turns) : turns_(-turns), cosines_(2 * kTable), sines_(2 * kTable) {
     for (std::size_t n = 0; n < kTable; ++n) {
         const double angle = 2 * std::numbers::pi * turns_ * static_cast<double>(n);
-        table_[2 * n] = static_cast<float>(std::cos(angle));
-        table_[2 * n + 1] = static_cast<float>(std::sin(angle));
+        cosines_[2 * n] = cosines_[2 * n + 1] = static_cast<float>(std::cos(angle));
+        sines_[2 * n] = sines_[2 * n + 1] = static_cast<float>(std::sin(angle));
     }
 }
 
@@ -22,8 +27,14 @@ void Mixer::process(std::span<std::complex<float>> samples) {
     while (!samples.empty()) {
         const std::size_t count = std::min(samples.size(), kTable);
         const double angle = 2 * std::numbers::pi * phase_;
-        rotate(reinterpret_cast<float*>(samples.data()), table_.data(),
-               static_cast<float>(std::cos(angle)), static_cast<float>(std::sin(angle)), count);
+        const auto re = static_cast<float>(std::cos(angle));
+        const auto im = static_cast<float>(std::sin(angle));
+        const std::size_t fours = count / kLanes * kLanes;
+        rotate(reinterpret_cast<float*>(samples.data()), cosines_.data(), sines_.data(), re, im,
+               fours);
+        for (std::size_t n = fours; n < count; ++n)
+            samples[n] *=
+                std::complex<float>(re, im) * std::complex<float>(cosines_[2 * n], sines_[2 * n]);
         phase_ += turns_ * static_cast<double>(count);
         phase_ -= std::floor(phase_);
         samples = samples.subspan(count);

@@ -23,7 +23,8 @@ class Mixer {
 
     double turns_;
     double phase_ = 0;
-    std::vector<float> table_;
+    std::vector<float> cosines_;  // each value twice
+    std::vector<float> sines_;
 };
 
 }  // namespace hm16::receiver

@@ -3,11 +3,9 @@
 
 #include <cstddef>
 
-#include "drivers/receiver/dsp/fast.h"
-
 namespace hm16::receiver {
 
-HM16_FAST AudioPower audioPower(std::span<const float> left, std::span<const float> right) {
+AudioPower audioPower(std::span<const float> left, std::span<const float> right) {
     constexpr std::size_t kLanes = 8;
     const std::size_t count = left.size();
     if (count == 0) return {};

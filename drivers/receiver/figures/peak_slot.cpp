@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "drivers/receiver/dsp/fast.h"
-
 namespace hm16::receiver {
 namespace {
 
@@ -16,7 +14,7 @@ struct Sums {
     double square;
 };
 
-HM16_FAST Sums sumsOf(const float* values, std::size_t count) {
+Sums sumsOf(const float* values, std::size_t count) {
     // Short stretches in float, their sums in double: fast and exact to a part in a million.
     constexpr std::size_t kStretch = 512;
     Sums total{0, 0};

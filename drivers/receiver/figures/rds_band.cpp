@@ -18,7 +18,7 @@ constexpr std::size_t kPoints = 80;  // one second
 constexpr std::size_t kFewestPoints = 16;
 
 // Share of the band's power that must lie on the axis; noise alone leaves a few percent.
-constexpr double kPresentShare = 0.3;
+constexpr double kPresentShare = 0.2;
 // Less deviation than this cannot be told from what programme leaves in the band.
 constexpr double kLeastHz = 150;
 
@@ -101,9 +101,13 @@ void RdsBand::update() {
         along += p.squared * std::polar(1.0, -(linePhase_ + lineSlope_ * (p.seconds - meanTime)));
         power += p.power;
     }
-    amplitudeSquared_ = std::max(0.0, along.real() / static_cast<double>(points_.size()));
     power /= static_cast<double>(points_.size());
     errorHz_ = lineSlope_ / 2 / (2 * kPi);
+    // Within a point the line has turned on a little, which weakens the point's sum.
+    const double turned = lineSlope_ * static_cast<double>(perPoint_) / rateHz_ / 2;
+    const double kept = turned == 0 ? 1 : std::sin(turned) / turned;
+    amplitudeSquared_ =
+        std::max(0.0, along.real() / static_cast<double>(points_.size()) / std::max(0.5, kept));
     present_ = power > 0 && amplitudeSquared_ > kPresentShare * power && levelHz() > kLeastHz;
 }
 

@@ -71,9 +71,11 @@ SteadyTone findTone(std::span<const double> power, double binHz, std::size_t lob
         const double lobe = sumAround(power, centre, lobeBins, taken);
         const double floor =
             floorBeside(power, centre, lobeBins) * static_cast<double>(2 * lobeBins + 1);
-        tone.harmonics += std::max(0.0, lobe - floor);
+        tone.harmonics += lobe - floor;
         tone.harmonicsInBand = true;
     }
+    // Over many orders the floor's ups and downs cancel out; what is left of them is no distortion.
+    tone.harmonics = std::max(0.0, tone.harmonics);
     for (std::size_t k = first; k <= last; ++k)
         if (!taken[k]) tone.rest += power[k];
     return tone;

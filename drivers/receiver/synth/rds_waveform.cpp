@@ -54,6 +54,7 @@ std::vector<bool> rdsBits(const RdsPlan& plan) {
 }
 
 RdsWaveform::RdsWaveform(const RdsPlan& plan) {
+    if (plan.deviationHz <= 0 || plan.plainCarrier) return;
     const std::vector<bool> once = rdsBits(plan);
     // Twice round, so that differential coding comes back to where it began.
     std::vector<int> signs;
@@ -69,15 +70,15 @@ RdsWaveform::RdsWaveform(const RdsPlan& plan) {
     points_.assign(signs.size() * kPointsPerBit, 0.0F);
     const auto points = static_cast<int>(points_.size());
     const int reach = static_cast<int>(kRdsPulseReach) * kPointsPerBit;
-    std::vector<double> pulse;
+    std::vector<float> pulse;
     for (int k = -reach; k <= reach; ++k)
-        pulse.push_back(rdsPulse(static_cast<double>(k) / kPointsPerBit));
+        pulse.push_back(static_cast<float>(rdsPulse(static_cast<double>(k) / kPointsPerBit)));
     for (int bit = 0; bit < bits; ++bit) {
-        const int middle = bit * kPointsPerBit + kPointsPerBit / 2;
-        for (int k = -reach; k <= reach; ++k) {
-            const int at = ((middle + k) % points + points) % points;
-            points_[static_cast<std::size_t>(at)] += static_cast<float>(
-                signs[static_cast<std::size_t>(bit)] * pulse[static_cast<std::size_t>(k + reach)]);
+        const auto sign = static_cast<float>(signs[static_cast<std::size_t>(bit)]);
+        int at = (bit * kPointsPerBit + kPointsPerBit / 2 - reach + points) % points;
+        for (const float value : pulse) {
+            points_[static_cast<std::size_t>(at)] += sign * value;
+            if (++at == points) at = 0;
         }
     }
     float highest = 0;

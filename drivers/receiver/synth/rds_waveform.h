@@ -12,7 +12,8 @@ namespace hm16::receiver {
 // before differential coding.
 std::vector<bool> rdsBits(const RdsPlan& plan);
 
-// The data signal on the subcarrier, which repeats for ever; its highest value is 1.
+// The data signal on the subcarrier, which repeats for ever; its highest value is 1. A plan without
+// data has none.
 class RdsWaveform {
  public:
     explicit RdsWaveform(const RdsPlan& plan);
@@ -24,7 +25,7 @@ class RdsWaveform {
     static constexpr int kPointsPerBit = 32;
 
     std::vector<float> points_;
-    double length_;
+    double length_ = 0;
 };
 
 }  // namespace hm16::receiver

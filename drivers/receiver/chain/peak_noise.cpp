@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "drivers/receiver/chain/peak_noise.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "drivers/receiver/chain/demodulator.h"
+#include "drivers/receiver/dsp/filter_design.h"
+
+namespace hm16::receiver {
+namespace {
+
+constexpr double kRiseOverRms = 2;
+constexpr double kBandHz = 68e3;
+constexpr double kBandFlatHz = 4e3;
+constexpr double kBandStopHz = 8.4e3;  // the RDS band ends there
+constexpr double kBandStopbandDb = 60;
+constexpr double kRemembered = 0.8;  // of each slot: a quarter of a second
+
+std::vector<double> bandTaps(const Rates& rates) {
+    return designLowPass(rates.composite, kBandFlatHz, kBandStopHz, kBandStopbandDb);
+}
+
+// Power behind the multiplex filter of noise whose density is the frequency squared.
+double noisePower(const Rates& rates) {
+    constexpr double kStepHz = 500;
+    const std::vector<double> taps = compositeTaps(rates.channel, Droop::None);
+    double power = 0;
+    for (double hz = kStepHz / 2; hz < rates.channel / 2; hz += kStepHz) {
+        const double gain = hz * gainOf(taps, rates.channel, hz);
+        power += gain * gain * kStepHz;
+    }
+    return power;
+}
+
+// The same as it comes out of the band around 68 kHz, whose filter halves amplitudes.
+double noisePowerInBand(const Rates& rates) {
+    constexpr double kStepHz = 100;
+    const std::vector<double> multiplex = compositeTaps(rates.channel, Droop::None);
+    const std::vector<double> band = bandTaps(rates);
+    double power = 0;
+    for (double away = -kBandStopHz; away < kBandStopHz; away += kStepHz) {
+        const double hz = kBandHz + away;
+        const double gain =
+            hz * gainOf(multiplex, rates.channel, hz) * gainOf(band, rates.composite, away);
+        power += gain * gain * kStepHz / 2;
+    }
+    return power;
+}
+
+}  // namespace
+
+PeakNoise::PeakNoise(const Rates& rates, double channelNoiseHz)
+    : band_(bandTaps(rates), rates.narrowStep, kBandHz / rates.composite) {
+    const double power = noisePower(rates);
+    // Noise over carrier is twice the envelope's relative variance; its density is that over the
+    // channel's noise bandwidth.
+    risePerEnvelope_ = kRiseOverRms * std::sqrt(2 / channelNoiseHz * power);
+    risePerBand_ = kRiseOverRms * std::sqrt(power / noisePowerInBand(rates));
+}
+
+void PeakNoise::add(std::span<const float> composite) {
+    samples_.clear();
+    band_.process(composite, samples_);
+    for (const std::complex<float> sample : samples_) slotPower_ += std::norm(sample);
+    slotCount_ += samples_.size();
+}
+
+void PeakNoise::endSlot() {
+    if (slotCount_ == 0) return;
+    const double now = slotPower_ / static_cast<double>(slotCount_);
+    bandPower_ = bandPower_ == 0 ? now : kRemembered * bandPower_ + (1 - kRemembered) * now;
+    slotPower_ = 0;
+    slotCount_ = 0;
+}
+
+double PeakNoise::riseHz(double roughness) const {
+    const double byEnvelope = risePerEnvelope_ * std::sqrt(std::max(0.0, roughness));
+    const double byBand = risePerBand_ * std::sqrt(bandPower_);
+    return std::min(byEnvelope, byBand);
+}
+
+double noiseBandwidthHz(const std::vector<double>& taps, double rateHz) {
+    double squares = 0;
+    double sum = 0;
+    for (const double tap : taps) {
+        squares += tap * tap;
+        sum += tap;
+    }
+    return rateHz * squares / (sum * sum);
+}
+
+}  // namespace hm16::receiver

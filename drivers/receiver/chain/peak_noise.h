@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <complex>
+#include <span>
+#include <vector>
+
+#include "drivers/receiver/chain/rates.h"
+#include "drivers/receiver/dsp/decimator.h"
+
+namespace hm16::receiver {
+
+// How much noise lifts the highest deviation of a slot. Noise on the carrier is phase noise, whose
+// deviation grows with frequency; what the multiplex filter lets through of it adds to the peak
+// about twice its rms: more on a long steady tone, whose every crest is a new chance, less on
+// programme that peaks once.
+//
+// The noise is measured twice, and the lower result counts: in the envelope, where several rays or
+// a neighbour look like noise too, and in the multiplex around 68 kHz, where a hard limiter leaves
+// its splinters.
+class PeakNoise {
+ public:
+    // `channelNoiseHz`: noise bandwidth of the channel filter.
+    PeakNoise(const Rates& rates, double channelNoiseHz);
+
+    void add(std::span<const float> composite);
+    void endSlot();
+
+    // Rise in Hz; `roughness` is the variance of the envelope over its square.
+    double riseHz(double roughness) const;
+
+ private:
+    BandDecimator band_;
+    double risePerEnvelope_;
+    double risePerBand_;
+    double bandPower_ = 0;
+    double slotPower_ = 0;
+    std::size_t slotCount_ = 0;
+    std::vector<std::complex<float>> samples_;
+};
+
+// Width in Hz of the band in which white noise has as much power as behind this filter.
+double noiseBandwidthHz(const std::vector<double>& taps, double rateHz);
+
+}  // namespace hm16::receiver
