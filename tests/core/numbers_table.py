@@ -116,7 +116,8 @@ def wholes(x):
 def samples32(rng):
     kept = [0.0, -0.0, 0.5, -0.5, 0.1, 0.2, 0.3, 0.7, 1.5, 9.95, 99.95, 0.05, 0.04, -0.04, -0.05,
             875.0, 1025.5, 1234566.5, 1234567.5, 9999999.5, 99999995.0, 1e15, 9.99999e14, 3.4e38,
-            1e-7, 1.5e-10, 1e-27, 1e-28, 9.9e-29, 1e-40, 16777216.0, 0.25, 0.75, 2.675, 160.0]
+            1e-7, 1.5e-10, 1e-27, 1e-28, 9.9e-29, 1e-40, 16777216.0, 0.25, 0.75, 2.675, 160.0,
+            123456.25, 123456.75, 12345.625, 12345.375, 1.00000005, 0.001, 0.0001, 9.9999995e-5]
     result = [bits32(x) for x in kept]
     result += [bits32(n / 20) for n in range(-60, 220, 7)]
     result += [bits32(rng.uniform(-120, 120)) for _ in range(250)]
@@ -130,12 +131,20 @@ def samples32(rng):
 
 def samples64(rng):
     kept = [0.0, 0.1 + 0.2, 1e15, 999999999999999.9, 99999999999999.95, 1e22, 1.7e308, 5e-324,
-            28.999999999999996, 2.675, 1.005, 0.285, 1e-20 / 3, 2e-28 / 3, 1e-27 / 7, 0.125, -0.004]
+            28.999999999999996, 2.675, 1.005, 0.285, 1e-20 / 3, 2e-28 / 3, 1e-27 / 7, 0.125, -0.004,
+            99999999999999.25, 99999999999999.75, 1234567890123.125, 1234567890123.375,
+            123456789012345.5, 123456789012346.5, 1e-7, 1e-6, 1e-5, 1e-3, 0.00099999999999999999,
+            9.99999999999999e-8]
     result = [bits64(x) for x in kept]
     result += [bits64(rng.uniform(-2000, 2000)) for _ in range(200)]
     result += [bits64(round(rng.uniform(-200, 200), 3)) for _ in range(200)]
+    # Just beside a tie, where a product in floating point alone would go wrong.
+    ties = [rng.randrange(10 ** 13, 10 ** 14) + rng.choice([0.25, 0.75]) for _ in range(50)]
+    result += [bits64(x) + d for x in ties for d in (-1, 0, 1)]
+    near = [(rng.randrange(10 ** 14, 10 ** 15) + 0.5) / 10 ** rng.randrange(8, 20) for _ in range(100)]
+    result += [bits64(x) for x in near]
     result += [bits64(rng.uniform(-1, 1) * 10.0 ** rng.randrange(-30, 20)) for _ in range(200)]
-    while len(result) < 800:
+    while len(result) < 1000:
         bits = rng.getrandbits(64)
         if (bits >> 52) & 0x7FF != 0x7FF:
             result.append(bits)
