@@ -93,6 +93,8 @@ class Desktop {
 
     // What forms tell the desktop.
     virtual void formLoaded(Form&) {}
+    /// The object goes away; nothing of it may be called any more.
+    virtual void formDestroyed(Form&) {}
     virtual void formShown(Form& form) = 0;
     virtual void formHidden(Form& form) = 0;
     /// Shows the form, lets the user act on it alone, and returns when it is hidden.

@@ -89,24 +89,28 @@ void EventQueue::runTimers(Time until) {
     }
 }
 
-void EventQueue::runDue() {
-    const Time until = now();
+void EventQueue::runInputs() {
     while (!inputs_.empty()) {
         Input input = std::move(inputs_.front());
         inputs_.pop_front();
         runInput(std::move(input));
     }
+}
+
+void EventQueue::runDue() {
+    const Time until = now();
+    runInputs();
     runTimers(until);
 }
 
 void EventQueue::runModalPass() {
     const Time until = now();
-    while (!inputs_.empty()) {
-        Input input = std::move(inputs_.front());
-        inputs_.pop_front();
-        runInput(std::move(input));
-    }
+    runInputs();
     if (gateOpen_) runTimers(until);
+}
+
+void EventQueue::runBoxPass() {
+    if (gateOpen_) runTimers(now());
 }
 
 void EventQueue::letThrough() {

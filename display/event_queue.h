@@ -61,6 +61,11 @@ class EventQueue {
 
     /// A modal form or box stands: input passes as ever, to what is enabled, in a loop of its own.
     void runModalPass();
+    /// A message box stands: time goes on, what a hand did before waits until it is answered.
+    void runBoxPass();
+    /// Input alone, for a widget that must show at once what became of it. Not for use inside a
+    /// handler.
+    void runInputs();
 
     /// While a modal form stands, the others hear nothing.
     void pushModal(const display::Form& form) { modals_.push_back(&form); }

@@ -9,6 +9,7 @@ Form::Form(Desktop& desktop, std::string name)
 }
 
 Form::~Form() {
+    desktop_.formDestroyed(*this);
     desktop_.queue().forget(*this);
     std::erase(desktop_.forms_, this);
 }

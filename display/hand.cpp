@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/hand.h"
 
+#include <algorithm>
+
 namespace display {
 
 namespace {
@@ -80,6 +82,24 @@ void Hand::mouseUp(Control& handle, Mouse at) {
                            }});
 }
 
+void Hand::mouseDown(Control& handle, Pointer at) {
+    desktop_.queue().post({Input::Kind::MoveWindow, &handle.form(), &handle, [&handle, at] {
+                               onHandle(handle, at(), &Panel::onMouseDown, &Picture::onMouseDown);
+                           }});
+}
+
+void Hand::mouseMove(Control& handle, Pointer at) {
+    desktop_.queue().post({Input::Kind::MoveWindow, &handle.form(), &handle, [&handle, at] {
+                               onHandle(handle, at(), &Panel::onMouseMove, &Picture::onMouseMove);
+                           }});
+}
+
+void Hand::mouseUp(Control& handle, Pointer at) {
+    desktop_.queue().post({Input::Kind::MoveWindow, &handle.form(), &handle, [&handle, at] {
+                               onHandle(handle, at(), &Panel::onMouseUp, &Picture::onMouseUp);
+                           }});
+}
+
 void Hand::click(Key& key) {
     post(key, [&key] { key.press(); });
 }
@@ -146,18 +166,55 @@ void encode(char32_t character, std::string& out) {
     }
 }
 
-void typeOne(TextField& field, std::string_view bytes) {
-    if (field.locked) return;
+/// Where that character starts in the bytes; their end beyond the last one.
+std::size_t byteOf(std::string_view text, std::size_t character) {
+    std::size_t at = 0;
+    for (; character > 0 && at < text.size(); --character) {
+        at += characterLength(static_cast<unsigned char>(text[at]));
+    }
+    return std::min(at, text.size());
+}
+
+/// Puts one typed character in place of the span; answers how many came in: 1, or 0 when the
+/// field's filter or its length refuses it.
+std::size_t typeOne(TextField& field, std::string_view bytes, Span replaced) {
     char32_t character = decode(bytes);
     if (field.onTyped) character = field.onTyped(character);
-    if (character == 0) return;
-    if (field.maxLength > 0 &&
-        characters(field.text.get()) >= static_cast<std::size_t>(field.maxLength.get())) {
-        return;
-    }
+    if (character == 0) return 0;
     std::string text = field.text.get();
-    encode(character, text);
+    const std::size_t from = byteOf(text, replaced.from);
+    text.erase(from, byteOf(text, replaced.to) - from);
+    if (field.maxLength > 0 &&
+        characters(text) >= static_cast<std::size_t>(field.maxLength.get())) {
+        return 0;
+    }
+    std::string encoded;
+    encode(character, encoded);
+    text.insert(from, encoded);
     field.edit(text);
+    return 1;
+}
+
+void cut(TextField& field, Span span) {
+    std::string text = field.text.get();
+    const std::size_t from = byteOf(text, span.from);
+    text.erase(from, byteOf(text, span.to) - from);
+    field.edit(text);
+}
+
+/// One after the other, from the span's start on.
+void typeAll(TextField& field, std::string_view text, Span replaced) {
+    if (field.locked) return;
+    if (text.empty()) cut(field, replaced);
+    while (!text.empty()) {
+        const std::size_t length =
+            std::min(characterLength(static_cast<unsigned char>(text[0])), text.size());
+        if (typeOne(field, text.substr(0, length), replaced) == 1) {
+            ++replaced.from;
+            replaced.to = replaced.from;
+        }
+        text.remove_prefix(length);
+    }
 }
 
 }  // namespace
@@ -166,10 +223,16 @@ void Hand::type(TextField& field, std::string_view text) {
     while (!text.empty()) {
         const std::size_t length =
             std::min(characterLength(static_cast<unsigned char>(text[0])), text.size());
-        post(field,
-             [&field, bytes = std::string(text.substr(0, length))] { typeOne(field, bytes); });
+        post(field, [&field, bytes = std::string(text.substr(0, length))] {
+            const std::size_t end = characters(field.text.get());
+            typeAll(field, bytes, {end, end});
+        });
         text.remove_prefix(length);
     }
+}
+
+void Hand::type(TextField& field, std::string_view text, Span replaced) {
+    post(field, [&field, replaced, typed = std::string(text)] { typeAll(field, typed, replaced); });
 }
 
 void Hand::edit(TextField& field, std::string_view text) {

@@ -1,11 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <string_view>
 
 #include "display/form.h"
 
 namespace display {
+
+/// Characters of a text, counted from 0: from the first to just before the second.
+struct Span {
+    std::size_t from = 0;
+    std::size_t to = 0;
+};
 
 /// What a person does with pointer and keyboard, for whoever stands before the screen: the Qt
 /// desktop translates raw input into these calls, tests make them directly. Each posts one input;
@@ -25,6 +33,12 @@ class Hand {
     void mouseDown(Control& handle, Mouse at);
     void mouseMove(Control& handle, Mouse at);
     void mouseUp(Control& handle, Mouse at);
+    /// The same, the place asked for when the input comes through: until then the handle may have
+    /// moved with its window.
+    using Pointer = std::function<Mouse()>;
+    void mouseDown(Control& handle, Pointer at);
+    void mouseMove(Control& handle, Pointer at);
+    void mouseUp(Control& handle, Pointer at);
 
     void click(Key& key);
     void check(CheckBox& box, bool on);
@@ -35,7 +49,10 @@ class Hand {
 
     /// Types characters one by one at the end, each through the field's own filter.
     void type(TextField& field, std::string_view characters);
-    /// Replaces the text of the field, as an edit or a paste does.
+    /// Types or pastes characters in place of those of the span, each through the field's filter;
+    /// none just cuts the span out.
+    void type(TextField& field, std::string_view characters, Span replaced);
+    /// Replaces the text of the field, as an edit does.
     void edit(TextField& field, std::string_view text);
     void enter(TextField& field);
 

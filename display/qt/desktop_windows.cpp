@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QWindow>
+
+#include "display/qt/form_window.h"
+#include "display/qt/help_window.h"
+#include "display/qt/qt_desktop.h"
+#include "display/qt/rack_window.h"
+
+namespace display::qt {
+
+FormWindow& QtDesktop::windowOf(Form& form) {
+    std::unique_ptr<FormWindow>& window = windows_[&form];
+    if (!window) window = std::make_unique<FormWindow>(*this, form);
+    return *window;
+}
+
+const QWidget* QtDesktop::opener() const {
+    if (const QWidget* active = QApplication::activeWindow()) return active;
+    if (rack_ && rack_->isVisible()) return rack_.get();
+    return nullptr;
+}
+
+void QtDesktop::formShown(Form& form) {
+    if (rack_ && rack_->holds(form)) {
+        if (form.visible && form.raisesResizeAtShow()) {
+            rack_->sync();
+            paintNow(form);
+            form.resized();
+        }
+        rack_->sync();
+    } else {
+        focus_.opened(form);
+        FormWindow& window = windowOf(form);
+        window.appear(opener() == &window ? nullptr : opener());
+    }
+    enableViews();
+    if (!queue().gateOpen()) paintNow(form);
+    frameSoon();
+}
+
+void QtDesktop::formHidden(Form& form) {
+    if (rack_ && rack_->holds(form)) {
+        rack_->sync();
+    } else if (const auto found = windows_.find(&form); found != windows_.end()) {
+        found->second->hide();
+        focus_.closed(form);
+    }
+    frameSoon();
+}
+
+void QtDesktop::formDestroyed(Form& form) {
+    windows_.erase(&form);
+    focus_.closed(form);
+    if (rack_) rack_->forget(form);
+}
+
+void QtDesktop::formMinimised(Form& form) {
+    if (rack_ && rack_->holds(form)) {
+        rack_->fold();
+    } else if (const auto found = windows_.find(&form); found != windows_.end()) {
+        found->second->showMinimized();
+    }
+    form.resized();
+}
+
+void QtDesktop::enableViews() {
+    const Form* alone = modals_.empty() ? nullptr : modals_.back();
+    for (Form* form : forms()) {
+        FormView* view = viewOf(*form);
+        const bool enabled = !alone || form == alone;
+        if (view && view->isEnabled() != enabled) view->setEnabled(enabled);
+    }
+}
+
+void QtDesktop::paintNow(const Form& form) {
+    FormView* view = viewOf(form);
+    if (!view || !view->window()->isVisible()) return;
+    PhaseScope handling(*this, Phase::Handling);
+    // A window's first picture needs the window system's word that it stands.
+    constexpr qint64 kPatience = 150;
+    QElapsedTimer waited;
+    waited.start();
+    const QWindow* native = view->window()->windowHandle();
+    while (native && !native->isExposed() && waited.elapsed() < kPatience) {
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 5);
+    }
+    view->sync();
+    view->repaint();
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+}  // namespace display::qt

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QFont>
+#include <QString>
+
+#include "display/controls.h"
+
+namespace display::qt {
+
+/// The type face of the panels, loaded from its files. Needs a QGuiApplication.
+class Faces {
+ public:
+    /// Looks for the files of B612 beside the program and where systems keep fonts. Without them
+    /// the system's sans serif stands in, and one sentence on standard error says so.
+    static const Faces& get();
+
+    /// A face of that height in logical pixels.
+    QFont font(qreal pixels, Weight weight, bool spaced = false) const;
+
+    const QString& family() const { return family_; }
+    bool found() const { return found_; }
+
+ private:
+    Faces();
+    QString family_;
+    bool found_ = false;
+};
+
+}  // namespace display::qt

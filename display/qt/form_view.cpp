@@ -1,0 +1,260 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/qt/form_view.h"
+
+#include <QPaintEvent>
+#include <algorithm>
+
+#include "display/qt/qt_desktop.h"
+#include "display/qt/surfaces.h"
+#include "display/qt/view_builder.h"
+
+namespace display::qt {
+
+FormView::FormView(QtDesktop& desktop, Form& form, QWidget* parent)
+    : QWidget(parent), desktop_(desktop), form_(form), scale_(desktop.scale()) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
+    setFocusPolicy(Qt::ClickFocus);
+    setObjectName(QString::fromStdString(form.name()));
+    build();
+}
+
+FormView::~FormView() = default;
+
+void FormView::build() {
+    for (Control* control : form_.controls()) {
+        ViewBuilder builder(desktop_, *this);
+        control->accept(builder);
+        Item item;
+        item.control = control;
+        item.painted = std::move(builder.painted);
+        item.widget = builder.widget;
+        if (item.widget) {
+            item.widget->widget().setObjectName(QString::fromStdString(control->name()));
+            item.widget->widget().hide();
+        }
+        items_.push_back(std::move(item));
+        if (const auto* panel = dynamic_cast<const Panel*>(control)) panels_.push_back(panel);
+    }
+}
+
+QWidget* FormView::widgetOf(const Control& control) const {
+    for (const Item& item : items_) {
+        if (item.control == &control) return item.widget ? &item.widget->widget() : nullptr;
+    }
+    return nullptr;
+}
+
+void FormView::orderTabs() {
+    std::vector<Control*> order;
+    for (const Item& item : items_) {
+        if (item.widget && item.control->tabIndex > 0) order.push_back(item.control);
+    }
+    std::ranges::stable_sort(order, {}, &Control::tabIndex);
+    QWidget* before = nullptr;
+    for (const Control* control : order) {
+        QWidget* next = widgetOf(*control);
+        if (before) setTabOrder(before, next);
+        before = next;
+    }
+}
+
+bool FormView::containersChanged() const {
+    return std::ranges::any_of(panels_,
+                               [this](const Panel* panel) { return panel->revision() > drawn_; });
+}
+
+bool FormView::insideChanged(const Control& control) const {
+    for (const Panel* in = control.container; in; in = in->container) {
+        if (in->revision() > drawn_) return true;
+    }
+    return false;
+}
+
+namespace {
+
+/// Rectangles that lie close together are repainted as one: less overhead than pixels saved.
+void merge(std::vector<QRect>& rects) {
+    constexpr int kWorth = 1500;
+    auto area = [](const QRect& rect) { return rect.width() * rect.height(); };
+    std::vector<QRect> merged;
+    for (QRect rect : rects) {
+        for (std::size_t i = 0; i < merged.size();) {
+            const QRect both = merged[i].united(rect);
+            if (area(both) <= area(merged[i]) + area(rect) + kWorth) {
+                rect = both;
+                merged.erase(merged.begin() + static_cast<std::ptrdiff_t>(i));
+                i = 0;
+            } else {
+                ++i;
+            }
+        }
+        merged.push_back(rect);
+    }
+    rects.swap(merged);
+}
+
+}  // namespace
+
+void FormView::sync() {
+    const Scale scale(desktop_.scale().px(1), devicePixelRatioF());
+    const bool first = drawn_ == 0;
+    const bool rescaled = !(scale == scale_);
+    if (!stale() && !rescaled) return;
+    const std::uint64_t upTo = form_.clock();
+    const bool formChanged = form_.revision() > drawn_ && (formEnabled_ != form_.enabled ||
+                                                           language_ != form_.language || first);
+    const bool containers = containersChanged();
+    formEnabled_ = form_.enabled;
+    language_ = form_.language;
+    if (rescaled || first) behind_ = QPixmap();
+    scale_ = scale;
+
+    std::vector<QRect> dirty;
+    for (Item& item : items_) {
+        const bool changed = item.control->revision() > drawn_ || rescaled ||
+                             (containers && insideChanged(*item.control));
+        if (changed) refresh(item, dirty);
+        if (item.widget && (changed || formChanged)) refreshWidget(item);
+    }
+    drawn_ = upTo;
+    if (first) orderTabs();
+    if (behind_.isNull()) dirty.assign(1, rect());
+    merge(dirty);
+    lastDirty_ = QRegion();
+    for (const QRect& rect : dirty) lastDirty_ += scale_.around(rect);
+    if (!lastDirty_.isEmpty()) update(lastDirty_);
+}
+
+void FormView::measure(Item& item) {
+    item.reach = QRect();
+    item.clip = QRectF();
+    item.shown = item.painted && item.control->shown();
+    if (!item.shown) return;
+    const QRectF whole = item.painted->reach();
+    QRectF seen = whole;
+    for (const Panel* in = item.control->container; in; in = in->container) {
+        seen &= scale_.snapped(in->boxOnForm());
+    }
+    item.shown = !seen.isEmpty();
+    if (item.shown) {
+        if (seen != whole) item.clip = seen;
+        item.reach = seen.toAlignedRect();
+    }
+}
+
+void FormView::refresh(Item& item, std::vector<QRect>& dirty) {
+    if (!item.painted) return;
+    const QRect before = item.reach;
+    item.painted->prepare(scale_);
+    const auto index = static_cast<std::size_t>(&item - items_.data());
+    if (behind_.isNull()) {
+        measure(item);
+        return;
+    }
+    if (!item.lively) liven(index);
+    measure(item);
+    if (!item.reach.isEmpty() && !before.contains(item.reach)) livenAbove(index, item.reach);
+    if (!before.isEmpty()) dirty.push_back(before);
+    if (!item.reach.isEmpty() && item.reach != before) dirty.push_back(item.reach);
+}
+
+void FormView::liven(std::size_t index) {
+    Item& item = items_[index];
+    item.lively = true;
+    if (item.reach.isEmpty()) return;
+    livenAbove(index, item.reach);
+    paintBehind(item.reach);
+}
+
+void FormView::livenAbove(std::size_t index, const QRect& where) {
+    for (std::size_t i = index + 1; i < items_.size(); ++i) {
+        if (!items_[i].lively && items_[i].reach.intersects(where)) liven(i);
+    }
+}
+
+void FormView::refreshWidget(Item& item) {
+    Control& control = *item.control;
+    QWidget& widget = item.widget->widget();
+    const QRect box = item.widget->within(scale_.whole(control.boxOnForm()));
+    if (widget.geometry() != box) widget.setGeometry(box);
+    QRect seen = box;
+    for (const Panel* in = control.container; in; in = in->container) {
+        seen &= scale_.whole(in->boxOnForm());
+    }
+    if (seen != box) {
+        widget.setMask(seen.translated(-box.topLeft()));
+    } else if (!widget.mask().isEmpty()) {
+        widget.clearMask();
+    }
+    std::string_view spoken = control.spokenName();
+    widget.setAccessibleName(qText(spoken.empty() ? std::string_view(control.name()) : spoken));
+    const char* tip = language_ == Language::Spanish ? control.tip.spanish : control.tip.english;
+    if (widget.toolTip() != QString::fromUtf8(tip)) widget.setToolTip(QString::fromUtf8(tip));
+    if (widget.isEnabled() != control.usable()) widget.setEnabled(control.usable());
+    item.widget->sync();
+    const bool shown = control.shown() && !seen.isEmpty();
+    if (widget.isHidden() == shown) widget.setVisible(shown);
+}
+
+void FormView::paintItem(QPainter& painter, Item& item) {
+    if (item.clip.isNull()) {
+        item.painted->paint(painter);
+        return;
+    }
+    painter.save();
+    painter.setClipRect(item.clip, Qt::IntersectClip);
+    item.painted->paint(painter);
+    painter.restore();
+}
+
+void FormView::paintBehind(const QRect& where) {
+    QPainter painter(&behind_);
+    painter.setClipRect(scale_.around(where));
+    paintFormGround(painter, rect());
+    for (Item& item : items_) {
+        if (item.shown && !item.lively && item.reach.intersects(where)) paintItem(painter, item);
+    }
+}
+
+void FormView::makeBehind() {
+    behind_ = QPixmap(size() * scale_.deviceRatio());
+    behind_.setDevicePixelRatio(scale_.deviceRatio());
+    behind_.fill(Qt::black);
+    paintBehind(rect());
+}
+
+void FormView::paintWhole(QPainter& painter) {
+    paintFormGround(painter, rect());
+    for (Item& item : items_) {
+        if (item.shown) paintItem(painter, item);
+    }
+}
+
+void FormView::paintForPaper(QPainter& painter) {
+    wholePaint_ = true;
+    render(&painter, QPoint(), QRegion(), DrawChildren);
+    wholePaint_ = false;
+}
+
+void FormView::paintEvent(QPaintEvent* event) {
+    ++paints_;
+    QPainter painter(this);
+    if (wholePaint_) {
+        paintWhole(painter);
+        return;
+    }
+    if (behind_.isNull() || behind_.size() != size() * scale_.deviceRatio()) makeBehind();
+    const QRegion& region = event->region();
+    const qreal ratio = scale_.deviceRatio();
+    for (const QRect& part : region) {
+        const QRect whole = scale_.around(part) & rect();
+        painter.drawPixmap(QRectF(whole), behind_,
+                           QRectF(QPointF(whole.topLeft()) * ratio, QSizeF(whole.size()) * ratio));
+    }
+    for (Item& item : items_) {
+        if (item.lively && item.shown && region.intersects(item.reach)) paintItem(painter, item);
+    }
+}
+
+}  // namespace display::qt

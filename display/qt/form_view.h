@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QPixmap>
+#include <QRegion>
+#include <QWidget>
+#include <memory>
+#include <vector>
+
+#include "display/form.h"
+#include "display/qt/control_widget.h"
+#include "display/qt/painted.h"
+#include "display/qt/scale.h"
+
+namespace display::qt {
+
+/// One form on the screen: a surface that paints what no hand touches, and the widgets of what it
+/// does. It looks at the form once a frame and paints what is newer than what it drew.
+///
+/// What has not changed since the form came up lies in a picture behind; only what has ever
+/// changed, and what stands above that, is painted anew.
+class FormView final : public QWidget {
+ public:
+    FormView(QtDesktop& desktop, Form& form, QWidget* parent);
+    ~FormView() override;
+
+    Form& form() const { return form_; }
+
+    /// True when the form is newer than what was drawn.
+    bool stale() const { return form_.clock() > drawn_; }
+    /// Takes over what changed and asks for the repaint of just that. Nothing is painted before.
+    void sync();
+
+    /// A widget of the form that stands for that control, or null.
+    QWidget* widgetOf(const Control& control) const;
+    const Scale& scale() const { return scale_; }
+
+    /// Paints the whole form with its widgets, without the picture behind: as sharp as the
+    /// painter's paper.
+    void paintForPaper(QPainter& painter);
+
+    /// How often it painted, and how many pixels were asked for at the last sync().
+    int paints() const { return paints_; }
+    const QRegion& lastDirty() const { return lastDirty_; }
+
+ protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    bool event(QEvent* event) override;
+
+ private:
+    struct Item {
+        Control* control = nullptr;
+        std::unique_ptr<Painted> painted;
+        ControlWidget* widget = nullptr;
+        QRectF clip;          ///< of the containers; null when nothing is cut
+        QRect reach;          ///< what it touches on the surface, whole pixels
+        bool shown = false;   ///< painted, and to be seen
+        bool lively = false;  ///< not in the picture behind
+    };
+
+    void build();
+    void orderTabs();
+    void refresh(Item& item, std::vector<QRect>& dirty);
+    void refreshWidget(Item& item);
+    void measure(Item& item);
+    void liven(std::size_t index);
+    void livenAbove(std::size_t index, const QRect& where);
+    void paintWhole(QPainter& painter);
+    void paintItem(QPainter& painter, Item& item);
+    void paintBehind(const QRect& where);
+    void makeBehind();
+    bool containersChanged() const;
+    bool insideChanged(const Control& control) const;
+
+    Control* handleAt(QPointF px) const;
+    Mouse pointOn(const Control& control, bool left) const;
+    void handleMoved(const QPointF& at, Qt::MouseButtons buttons);
+
+    QtDesktop& desktop_;
+    Form& form_;
+    Scale scale_;
+    std::vector<Item> items_;
+    std::vector<const Panel*> panels_;
+    QPixmap behind_;
+    std::uint64_t drawn_ = 0;
+    Control* gripped_ = nullptr;
+    bool formEnabled_ = true;
+    Language language_ = Language::English;
+    int paints_ = 0;
+    QRegion lastDirty_;
+    bool wholePaint_ = false;
+};
+
+}  // namespace display::qt

@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QCursor>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWindow>
+
+#include "display/qt/form_view.h"
+#include "display/qt/qt_desktop.h"
+
+namespace display::qt {
+
+namespace {
+
+bool isHandle(const Control& control) {
+    if (const auto* panel = dynamic_cast<const Panel*>(&control)) {
+        return panel->onMouseDown || panel->onMouseMove || panel->onMouseUp || panel->onDoubleClick;
+    }
+    if (const auto* picture = dynamic_cast<const Picture*>(&control)) {
+        return !picture->interactive() && (picture->onMouseDown || picture->onMouseMove ||
+                                           picture->onMouseUp || picture->onDoubleClick);
+    }
+    return false;
+}
+
+}  // namespace
+
+Control* FormView::handleAt(QPointF px) const {
+    for (auto item = items_.rbegin(); item != items_.rend(); ++item) {
+        Control* control = item->control;
+        if (isHandle(*control) && control->shown() && control->usable() &&
+            scale_.snapped(control->boxOnForm()).contains(px)) {
+            return control;
+        }
+    }
+    return nullptr;
+}
+
+Mouse FormView::pointOn(const Control& control, bool left) const {
+    // From the pointer's place on the screen and the model's own position: a window that follows
+    // a frame behind never makes the pointer seem to move.
+    const QPointF at = desktop_.pointerOnForm(form_);
+    const Box box = control.boxOnForm();
+    return {static_cast<float>(at.x()) - box.left, static_cast<float>(at.y()) - box.top, left};
+}
+
+void FormView::handleMoved(const QPointF& at, Qt::MouseButtons buttons) {
+    Control* handle = gripped_ ? gripped_ : handleAt(at);
+    if (!handle) return;
+    const bool left = buttons.testFlag(Qt::LeftButton);
+    desktop_.hand().mouseMove(*handle, [this, handle, left] { return pointOn(*handle, left); });
+}
+
+void FormView::mousePressEvent(QMouseEvent* event) {
+    desktop_.pointerAt(event->globalPosition());
+    if (event->button() != Qt::LeftButton) return;
+    gripped_ = handleAt(event->position());
+    if (!gripped_) return;
+    if (desktop_.systemMovesWindows()) {
+        if (QWindow* native = window()->windowHandle()) native->startSystemMove();
+        return;
+    }
+    Control* handle = gripped_;
+    desktop_.hand().mouseDown(*handle, [this, handle] { return pointOn(*handle, true); });
+}
+
+void FormView::mouseMoveEvent(QMouseEvent* event) {
+    desktop_.pointerAt(event->globalPosition());
+    if (!desktop_.systemMovesWindows()) handleMoved(event->position(), event->buttons());
+}
+
+void FormView::mouseReleaseEvent(QMouseEvent* event) {
+    desktop_.pointerAt(event->globalPosition());
+    if (event->button() != Qt::LeftButton || !gripped_) return;
+    Control* handle = gripped_;
+    gripped_ = nullptr;
+    desktop_.hand().mouseUp(*handle, [this, handle] { return pointOn(*handle, false); });
+}
+
+void FormView::mouseDoubleClickEvent(QMouseEvent* event) {
+    desktop_.pointerAt(event->globalPosition());
+    if (event->button() != Qt::LeftButton) return;
+    if (Control* handle = handleAt(event->position())) desktop_.hand().doubleClick(*handle);
+}
+
+void FormView::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            desktop_.hand().enter(form_);
+            break;
+        case Qt::Key_Escape:
+            desktop_.hand().escape(form_);
+            break;
+        case Qt::Key_F1:
+        case Qt::Key_Help:
+            desktop_.hand().help(form_);
+            break;
+        default:
+            QWidget::keyPressEvent(event);
+    }
+}
+
+bool FormView::event(QEvent* event) {
+    // Another screen, another device pixel ratio: what was drawn is stale.
+    if (event->type() == QEvent::ScreenChangeInternal) desktop_.frameSoon();
+    return QWidget::event(event);
+}
+
+}  // namespace display::qt

@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/qt/key_widgets.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include "display/qt/faces.h"
+#include "display/qt/palette.h"
+#include "display/qt/pictures.h"
+#include "display/qt/qt_desktop.h"
+
+namespace display::qt {
+
+void paintFocusRing(QPainter& painter, const QRectF& box) {
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    painter.setPen(QPen(QColor(kFocus), 1.6));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(box.adjusted(1.8, 1.8, -1.8, -1.8), 3.5, 3.5);
+}
+
+Qt::FocusPolicy focusPolicyOf(const Control& control, Qt::FocusPolicy outside) {
+    return control.tabIndex > 0 ? Qt::StrongFocus : outside;
+}
+
+namespace {
+
+bool pressesKey(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Space || event.key() == Qt::Key_Return ||
+           event.key() == Qt::Key_Enter;
+}
+
+}  // namespace
+
+PictureKeyWidget::PictureKeyWidget(QtDesktop& desktop, Picture& key, QWidget* parent)
+    : QAbstractButton(parent), desktop_(desktop), key_(key) {
+    setMouseTracking(true);
+}
+
+void PictureKeyWidget::sync() {
+    setFocusPolicy(focusPolicyOf(key_));
+}
+
+void PictureKeyWidget::press(HeldBy by) {
+    if (held_ != HeldBy::Nothing) return;
+    held_ = by;
+    desktop_.hand().press(key_);
+}
+
+void PictureKeyWidget::letGo(bool onIt) {
+    if (held_ == HeldBy::Nothing) return;
+    held_ = HeldBy::Nothing;
+    if (onIt) {
+        desktop_.hand().release(key_);
+    } else {
+        desktop_.hand().cancel(key_);
+    }
+}
+
+void PictureKeyWidget::paintEvent(QPaintEvent*) {
+    if (!hasFocus()) return;
+    QPainter painter(this);
+    paintFocusRing(painter, rect());
+}
+
+void PictureKeyWidget::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) press(HeldBy::Mouse);
+}
+
+void PictureKeyWidget::mouseMoveEvent(QMouseEvent* event) {
+    // A key that is a handle too hears the pointer as well.
+    if (!key_.onMouseMove) return;
+    const Scale scale = desktop_.scale();
+    const Mouse at{static_cast<float>(scale.twips(event->position().x())),
+                   static_cast<float>(scale.twips(event->position().y())),
+                   event->buttons().testFlag(Qt::LeftButton)};
+    desktop_.hand().mouseMove(key_, at);
+}
+
+void PictureKeyWidget::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton && held_ == HeldBy::Mouse) {
+        letGo(rect().contains(event->position().toPoint()));
+    }
+}
+
+void PictureKeyWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+    mousePressEvent(event);
+    if (key_.onDoubleClick) desktop_.hand().doubleClick(key_);
+}
+
+void PictureKeyWidget::keyPressEvent(QKeyEvent* event) {
+    if (!pressesKey(*event)) {
+        event->ignore();
+    } else if (!event->isAutoRepeat()) {
+        press(HeldBy::Keyboard);
+    }
+}
+
+void PictureKeyWidget::keyReleaseEvent(QKeyEvent* event) {
+    if (!pressesKey(*event)) {
+        event->ignore();
+    } else if (!event->isAutoRepeat() && held_ == HeldBy::Keyboard) {
+        letGo(true);
+    }
+}
+
+void PictureKeyWidget::focusOutEvent(QFocusEvent* event) {
+    if (held_ == HeldBy::Keyboard) letGo(false);
+    QAbstractButton::focusOutEvent(event);
+    update();
+}
+
+void PictureKeyWidget::changeEvent(QEvent* event) {
+    // A disabled widget hears no release any more.
+    if (event->type() == QEvent::EnabledChange && !isEnabled()) letGo(false);
+    QAbstractButton::changeEvent(event);
+}
+
+void PictureKeyWidget::hideEvent(QHideEvent* event) {
+    held_ = HeldBy::Nothing;
+    QAbstractButton::hideEvent(event);
+}
+
+PictureBoxWidget::PictureBoxWidget(QtDesktop& desktop, PictureBox& box, QWidget* parent)
+    : QWidget(parent), desktop_(desktop), box_(box) {
+    setFocusPolicy(focusPolicyOf(box));
+}
+
+void PictureBoxWidget::paintEvent(QPaintEvent*) {
+    if (!hasFocus()) return;
+    QPainter painter(this);
+    paintFocusRing(painter, rect());
+}
+
+void PictureBoxWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) desktop_.hand().doubleClick(box_);
+}
+
+void PictureBoxWidget::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        desktop_.hand().doubleClick(box_);
+    } else {
+        event->ignore();
+    }
+}
+
+KeyWidget::KeyWidget(QtDesktop& desktop, Key& key, QWidget* parent)
+    : QAbstractButton(parent), desktop_(desktop), key_(key) {
+    connect(this, &QAbstractButton::clicked, this, [this] { desktop_.hand().click(key_); });
+}
+
+void KeyWidget::sync() {
+    setFocusPolicy(focusPolicyOf(key_));
+    setText(qText(key_.caption));
+    update();
+}
+
+void KeyWidget::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const qreal unit = desktop_.scale().px(10);
+    const Cap cap = key_.lit || isDown() ? Cap::Lit : Cap::Dark;
+    paintCap(painter, rect(), unit, cap, isDown() ? CapMark::None : CapMark::Amber);
+    QColor colour(cap == Cap::Lit ? kLitText : kKeyText);
+    if (cap == Cap::Dark && !(key_.colour.get() == kWhite)) colour = qColour(key_.colour);
+    if (!isEnabled()) colour = QColor(kKeyTextOff);
+    paintCapText(painter, rect(), unit, colour, text());
+    if (hasFocus()) paintFocusRing(painter, rect());
+}
+
+void KeyWidget::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        if (!event->isAutoRepeat()) desktop_.hand().click(key_);
+    } else if (event->key() == Qt::Key_Escape) {
+        event->ignore();
+    } else {
+        QAbstractButton::keyPressEvent(event);
+    }
+}
+
+CheckBoxWidget::CheckBoxWidget(QtDesktop& desktop, CheckBox& box, QWidget* parent)
+    : QCheckBox(parent), desktop_(desktop), box_(box) {
+    connect(this, &QCheckBox::clicked, this, [this](bool on) { desktop_.hand().check(box_, on); });
+}
+
+void CheckBoxWidget::sync() {
+    setFocusPolicy(focusPolicyOf(box_));
+    setFont(Faces::get().font(desktop_.scale().px(120), Weight::Normal));
+    setText(qText(box_.caption));
+    setChecked(box_.checked);
+}
+
+OptionWidget::OptionWidget(QtDesktop& desktop, Option& option, QWidget* parent)
+    : QRadioButton(parent), desktop_(desktop), option_(option) {
+    setAutoExclusive(false);
+    connect(this, &QRadioButton::clicked, this, [this] {
+        setChecked(option_.chosen);
+        desktop_.hand().choose(option_);
+    });
+}
+
+void OptionWidget::sync() {
+    setFocusPolicy(focusPolicyOf(option_));
+    setFont(Faces::get().font(desktop_.scale().px(120), Weight::Normal));
+    setText(qText(option_.caption));
+    setChecked(option_.chosen);
+}
+
+}  // namespace display::qt

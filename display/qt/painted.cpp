@@ -1,0 +1,307 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/qt/painted.h"
+
+#include <QLinearGradient>
+#include <QStaticText>
+#include <cmath>
+
+#include "display/qt/control_widget.h"
+#include "display/qt/faces.h"
+#include "display/qt/palette.h"
+#include "display/qt/pictures.h"
+#include "display/qt/surfaces.h"
+
+namespace display::qt {
+
+QPointF onForm(const Control& control, float x, float y) {
+    for (const Panel* in = control.container; in; in = in->container) {
+        x = in->left + x * in->unit;
+        y = in->top + y * in->unit;
+    }
+    return {x, y};
+}
+
+namespace {
+
+constexpr qreal kTwipsPerPixel = 10;
+
+class PaintedLabel final : public Painted {
+ public:
+    explicit PaintedLabel(Label& label) : label_(label) {
+        layout_.setTextFormat(Qt::PlainText);
+        layout_.setPerformanceHint(QStaticText::AggressiveCaching);
+    }
+
+    void prepare(const Scale& scale) override {
+        box_ = scale.snapped(label_.boxOnForm());
+        unit_ = scale.px(kTwipsPerPixel);
+        colour_ = qColour(label_.colour);
+        const display::Font& wanted = label_.font;
+        if (!(wanted == fontOf_) || height_ != scale.px(wanted.size)) {
+            fontOf_ = wanted;
+            height_ = scale.px(wanted.size);
+            font_ = Faces::get().font(height_, wanted.weight, wanted.spaced);
+            textOf_ = QString();
+        }
+        const QString text = qText(label_.caption);
+        if (text != textOf_ || text.isEmpty()) {
+            textOf_ = text;
+            layout_.setText(text);
+            layout_.prepare(QTransform(), font_);
+        }
+        placeText(scale);
+    }
+
+    QRectF reach() const override {
+        const QRectF text = textOf_.isEmpty() ? QRectF() : textBox_.adjusted(-1, -1, 1, 1);
+        return label_.surface == Surface::None && !text.isEmpty() ? text : box_.united(text);
+    }
+
+    void paint(QPainter& painter) override {
+        paintSurface(painter, label_.surface, box_, unit_);
+        if (textOf_.isEmpty()) return;
+        painter.setFont(font_);
+        painter.setPen(colour_);
+        if (flowing_) {
+            painter.drawText(textBox_, flags(), textOf_);
+        } else {
+            painter.drawStaticText(textBox_.topLeft(), layout_);
+        }
+    }
+
+ private:
+    int flags() const {
+        const int across = label_.align == Align::Right    ? Qt::AlignRight
+                           : label_.align == Align::Centre ? Qt::AlignHCenter
+                                                           : Qt::AlignLeft;
+        return across | Qt::AlignVCenter | (label_.wraps ? Qt::TextWordWrap : 0);
+    }
+
+    void placeText(const Scale& scale) {
+        flowing_ = label_.wraps || textOf_.contains('\n');
+        if (flowing_) {
+            const QFontMetricsF metrics(font_);
+            const QRectF needed = metrics.boundingRect(box_, flags(), textOf_);
+            // Text that is higher than its box starts at the box's top.
+            textBox_ = needed.height() > box_.height()
+                           ? QRectF(box_.left(), box_.top(), box_.width(), needed.height() + 1)
+                           : box_.united(needed);
+            return;
+        }
+        const QSizeF size = layout_.size();
+        qreal x = box_.left();
+        if (label_.align == Align::Right) x = box_.right() - size.width();
+        if (label_.align == Align::Centre) x = box_.center().x() - size.width() / 2;
+        const qreal y = box_.center().y() - size.height() / 2;
+        textBox_ = QRectF(QPointF(scale.snapped(x), scale.snapped(y)), size);
+    }
+
+    Label& label_;
+    QStaticText layout_;
+    QFont font_;
+    QString textOf_;
+    QRectF box_, textBox_;
+    QColor colour_;
+    display::Font fontOf_{-1};
+    qreal height_ = 0;
+    qreal unit_ = 1;
+    bool flowing_ = false;
+};
+
+/// The element of a segment digit between two points: a bar with pointed ends.
+QPolygonF segmentOutline(QPointF from, QPointF to, qreal width) {
+    const QLineF line(from, to);
+    const qreal half = width / 2;
+    const QPointF along = line.length() > 0
+                              ? QPointF(line.dx() / line.length(), line.dy() / line.length())
+                              : QPointF(1, 0);
+    const QPointF across(-along.y() * half, along.x() * half);
+    const QPointF step = along * half;
+    return {QList<QPointF>{from, from + step + across, to - step + across, to, to - step - across,
+                           from + step - across}};
+}
+
+class PaintedLine final : public Painted {
+ public:
+    explicit PaintedLine(Line& line) : line_(line) {}
+
+    void prepare(const Scale& scale) override {
+        const QPointF a = onForm(line_, line_.x1, line_.y1);
+        const QPointF b = onForm(line_, line_.x2, line_.y2);
+        from_ = QPointF(scale.px(a.x()), scale.px(a.y()));
+        to_ = QPointF(scale.px(b.x()), scale.px(b.y()));
+        width_ = std::max(scale.px(line_.thickness * 15.0), 1 / scale.deviceRatio());
+        colour_ = qColour(line_.colour);
+        stroke_ = line_.stroke;
+        straight_ = stroke_ == Stroke::Plain && (a.x() == b.x() || a.y() == b.y());
+        if (stroke_ == Stroke::Segment) outline_ = segmentOutline(from_, to_, width_);
+        if (straight_) makeBar(scale);
+    }
+
+    QRectF reach() const override {
+        if (straight_) return bar_;
+        const qreal pad = width_ / 2 + 1;
+        return QRectF(from_, to_).normalized().adjusted(-pad, -pad, pad, pad);
+    }
+
+    void paint(QPainter& painter) override {
+        if (straight_) {
+            painter.fillRect(bar_, colour_);
+            return;
+        }
+        painter.setRenderHint(QPainter::Antialiasing, true);
+        if (stroke_ == Stroke::Segment) {
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(colour_);
+            painter.drawConvexPolygon(outline_);
+        } else {
+            painter.setPen(QPen(colour_, width_, Qt::SolidLine,
+                                stroke_ == Stroke::Round ? Qt::RoundCap : Qt::FlatCap));
+            painter.drawLine(from_, to_);
+        }
+        painter.setRenderHint(QPainter::Antialiasing, false);
+    }
+
+ private:
+    /// A level or upright line is a bar of whole device pixels.
+    void makeBar(const Scale& scale) {
+        const qreal width = std::max(scale.snapped(width_), 1 / scale.deviceRatio());
+        const QRectF between = QRectF(from_, to_).normalized();
+        const qreal x = scale.snapped(between.left()), y = scale.snapped(between.top());
+        if (line_.x1 == line_.x2) {
+            bar_ = QRectF(scale.snapped(between.left() - width / 2), y, width,
+                          scale.snapped(between.bottom()) - y);
+        } else {
+            bar_ = QRectF(x, scale.snapped(between.top() - width / 2),
+                          scale.snapped(between.right()) - x, width);
+        }
+    }
+
+    Line& line_;
+    QPointF from_, to_;
+    QRectF bar_;
+    QPolygonF outline_;
+    QColor colour_;
+    qreal width_ = 1;
+    Stroke stroke_ = Stroke::Plain;
+    bool straight_ = false;
+};
+
+class PaintedShape final : public Painted {
+ public:
+    explicit PaintedShape(Shape& shape) : shape_(shape) {}
+
+    void prepare(const Scale& scale) override {
+        box_ = scale.snapped(shape_.boxOnForm());
+        radius_ = scale.px(3 * kTwipsPerPixel);
+        outline_ = shape_.outline;
+        brush_ = qColour(shape_.colour);
+        if (!(shape_.colour.get() == shape_.fadesFrom.get())) {
+            QLinearGradient fade(box_.topLeft(), box_.topRight());
+            fade.setColorAt(0, qColour(shape_.fadesFrom));
+            fade.setColorAt(1, qColour(shape_.colour));
+            brush_ = fade;
+        }
+    }
+
+    QRectF reach() const override { return box_; }
+
+    void paint(QPainter& painter) override {
+        if (outline_ == Outline::Rectangle) {
+            painter.fillRect(box_, brush_);
+            return;
+        }
+        painter.setRenderHint(QPainter::Antialiasing, true);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(brush_);
+        if (outline_ == Outline::Oval) {
+            painter.drawEllipse(box_);
+        } else {
+            painter.drawRoundedRect(box_, radius_, radius_);
+        }
+        painter.setRenderHint(QPainter::Antialiasing, false);
+    }
+
+ private:
+    Shape& shape_;
+    QRectF box_;
+    QBrush brush_;
+    qreal radius_ = 0;
+    Outline outline_ = Outline::Rectangle;
+};
+
+class PaintedPicture final : public Painted {
+ public:
+    explicit PaintedPicture(Picture& picture) : picture_(picture) {}
+
+    void prepare(const Scale& scale) override {
+        box_ = scale.snapped(picture_.boxOnForm());
+        look_.caption = qText(picture_.caption);
+        look_.unit = scale.px(kTwipsPerPixel);
+    }
+
+    QRectF reach() const override { return box_; }
+
+    void paint(QPainter& painter) override {
+        if (picture_.picture.empty() || box_.isEmpty()) return;
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing, true);
+        paintPicture(painter, picture_.picture, box_, look_);
+        painter.restore();
+    }
+
+ private:
+    Picture& picture_;
+    QRectF box_;
+    PictureLook look_;
+};
+
+class PaintedPanel final : public Painted {
+ public:
+    explicit PaintedPanel(Panel& panel) : panel_(panel) {}
+
+    void prepare(const Scale& scale) override {
+        box_ = scale.snapped(panel_.boxOnForm());
+        unit_ = scale.px(kTwipsPerPixel);
+        caption_ = qText(panel_.caption);
+    }
+
+    QRectF reach() const override {
+        return panel_.surface == Surface::None && caption_.isEmpty() ? QRectF() : box_;
+    }
+
+    void paint(QPainter& painter) override {
+        paintSurface(painter, panel_.surface, box_, unit_);
+        if (caption_.isEmpty()) return;
+        painter.setFont(Faces::get().font(14 * unit_, Weight::Bold));
+        const bool light = panel_.surface == Surface::Plate || panel_.surface == Surface::Sheet;
+        painter.setPen(QColor(light ? kLitText : kText));
+        painter.drawText(box_, Qt::AlignCenter, caption_);
+    }
+
+ private:
+    Panel& panel_;
+    QRectF box_;
+    QString caption_;
+    qreal unit_ = 1;
+};
+
+}  // namespace
+
+std::unique_ptr<Painted> paintedLabel(Label& label) {
+    return std::make_unique<PaintedLabel>(label);
+}
+std::unique_ptr<Painted> paintedLine(Line& line) {
+    return std::make_unique<PaintedLine>(line);
+}
+std::unique_ptr<Painted> paintedShape(Shape& shape) {
+    return std::make_unique<PaintedShape>(shape);
+}
+std::unique_ptr<Painted> paintedPicture(Picture& picture) {
+    return std::make_unique<PaintedPicture>(picture);
+}
+std::unique_ptr<Painted> paintedPanel(Panel& panel) {
+    return std::make_unique<PaintedPanel>(panel);
+}
+
+}  // namespace display::qt

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QColor>
+#include <QPalette>
+
+#include "display/colour.h"
+
+namespace display::qt {
+
+inline QColor qColour(Colour colour) {
+    return {colour.red(), colour.green(), colour.blue()};
+}
+
+// The colours of the house, beside those that the panels' logic decides.
+inline constexpr QRgb kFaceplateTop = 0xff252a32;
+inline constexpr QRgb kFaceplateBottom = 0xff181b20;
+inline constexpr QRgb kFaceplateEdge = 0xff3d444e;
+inline constexpr QRgb kFaceplateShade = 0xff0b0d10;
+inline constexpr QRgb kWellTop = 0xff0c1014;
+inline constexpr QRgb kWellBottom = 0xff050709;
+inline constexpr QRgb kWellRim = 0xff2f363f;
+inline constexpr QRgb kPlateTop = 0xffd9dee5;
+inline constexpr QRgb kPlateBottom = 0xffbdc5cf;
+inline constexpr QRgb kKeyTop = 0xff3a424d;
+inline constexpr QRgb kKeyBottom = 0xff262c34;
+inline constexpr QRgb kKeyEdge = 0xff0d0f12;
+inline constexpr QRgb kKeyGlint = 0xff525c69;
+inline constexpr QRgb kKeyText = 0xffd3dae3;
+inline constexpr QRgb kKeyTextOff = 0xff747d89;
+inline constexpr QRgb kLitTop = 0xffeff2f6;
+inline constexpr QRgb kLitBottom = 0xffb7c0cb;
+inline constexpr QRgb kLitText = 0xff171a1f;
+inline constexpr QRgb kAmber = 0xfff5a50a;
+inline constexpr QRgb kFocus = 0xffffc24a;
+inline constexpr QRgb kText = 0xffe4e8ee;
+inline constexpr QRgb kField = 0xff0e1216;
+inline constexpr QRgb kAccent = 0xff2f7fb8;
+
+/// The palette that ordinary widgets of dialogs take.
+QPalette housePalette();
+
+}  // namespace display::qt

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QLinearGradient>
+#include <algorithm>
+
+#include "display/controls.h"
+#include "display/qt/faces.h"
+#include "display/qt/palette.h"
+#include "display/qt/pictures.h"
+
+namespace display::qt {
+
+void paintCap(QPainter& painter, const QRectF& box, qreal unit, Cap cap, CapMark mark) {
+    const bool lit = cap == Cap::Lit;
+    const qreal radius = 4 * unit;
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    // The seat that the key stands in.
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(kKeyEdge));
+    painter.drawRoundedRect(box, radius + unit, radius + unit);
+    const QRectF face = box.adjusted(1.5 * unit, 1.5 * unit, -1.5 * unit, -1.5 * unit);
+    QLinearGradient metal(face.topLeft(), face.bottomLeft());
+    metal.setColorAt(0, QColor(lit ? kLitTop : kKeyTop));
+    metal.setColorAt(1, QColor(lit ? kLitBottom : kKeyBottom));
+    painter.setBrush(metal);
+    painter.drawRoundedRect(face, radius, radius);
+    painter.setPen(QPen(QColor(lit ? 0xffffffff : kKeyGlint), unit * 0.8));
+    painter.drawLine(face.topLeft() + QPointF(radius, unit * 0.4),
+                     face.topRight() + QPointF(-radius, unit * 0.4));
+    if (!lit || mark == CapMark::None || face.height() < 22 * unit) return;
+    const qreal width = std::min(18 * unit, face.width() * 0.4);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(kAmber));
+    painter.drawRoundedRect(
+        QRectF(face.center().x() - width / 2, face.top() + 3 * unit, width, 2.6 * unit), unit,
+        unit);
+}
+
+void paintCapText(QPainter& painter, const QRectF& box, qreal unit, QColor colour,
+                  const QString& text) {
+    if (text.isEmpty()) return;
+    qreal height = std::min(12 * unit, box.height() * 0.55);
+    QFont font = Faces::get().font(height, Weight::Bold);
+    // Words that are too wide for the key are set smaller, never cut.
+    const qreal room = box.width() - 8 * unit;
+    const qreal width = QFontMetricsF(font).horizontalAdvance(text);
+    if (width > room && width > 0) font = Faces::get().font(height * room / width, Weight::Bold);
+    painter.setFont(font);
+    painter.setPen(colour);
+    painter.drawText(box, Qt::AlignCenter | Qt::TextDontClip, text);
+}
+
+namespace {
+
+void paintKey(QPainter& painter, const QRectF& box, const PictureLook& look, Cap cap,
+              const char* word) {
+    paintCap(painter, box, look.unit, cap, CapMark::Amber);
+    paintCapText(painter, box, look.unit, QColor(cap == Cap::Lit ? kLitText : kKeyText),
+                 look.caption.isEmpty() ? QString::fromUtf8(word) : look.caption);
+}
+
+template <std::size_t N>
+struct Text {
+    constexpr Text(const char (&from)[N]) { std::copy(from, from + N, text); }
+    char text[N];
+};
+
+template <Text Word, Cap Face>
+void key(QPainter& painter, const QRectF& box, const PictureLook& look) {
+    paintKey(painter, box, look, Face, Word.text);
+}
+
+}  // namespace
+
+const std::vector<NamedPicture>& keyPictures() {
+    static const std::vector<NamedPicture> pictures = {
+        {"msN", key<"AVG", Cap::Dark>},        {"msA", key<"AVG", Cap::Lit>},
+        {"PeakN", key<"PEAK", Cap::Dark>},     {"PeakA", key<"PEAK", Cap::Lit>},
+        {"MinN", key<"FOLD", Cap::Dark>},      {"MinA", key<"FOLD", Cap::Lit>},
+        {"PowerN", key<"POWER", Cap::Dark>},   {"PowerA", key<"POWER", Cap::Lit>},
+        {"AmN", key<"AM", Cap::Dark>},         {"AmA", key<"AM", Cap::Lit>},
+        {"LRN", key<"L | R", Cap::Dark>},      {"LRA", key<"L | R", Cap::Lit>},
+        {"LyRN", key<"L+R | L-R", Cap::Dark>}, {"LyRA", key<"L+R | L-R", Cap::Lit>},
+        {"SetN", key<"SET", Cap::Dark>},       {"SetA", key<"SET", Cap::Lit>},
+        {"RemoteN", key<"TUNER", Cap::Dark>},  {"RemoteA", key<"TUNER", Cap::Lit>},
+        {"ResN", key<"RES", Cap::Dark>},       {"ResA", key<"RES", Cap::Lit>},
+        {"OpenN", key<"OPEN", Cap::Dark>},     {"OpenA", key<"OPEN", Cap::Lit>},
+        {"LogN", key<"LOG", Cap::Dark>},       {"LogA", key<"LOG", Cap::Lit>},
+        {"OffN", key<"OFF", Cap::Dark>},       {"OffA", key<"ON", Cap::Lit>},
+        {"NextN", key<"\u25b6", Cap::Dark>},   {"NextA", key<"\u25b6", Cap::Lit>},
+        {"PrevN", key<"\u25c0", Cap::Dark>},   {"PrevA", key<"\u25c0", Cap::Lit>},
+    };
+    return pictures;
+}
+
+}  // namespace display::qt

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QLinearGradient>
+#include <QPolygonF>
+
+#include "display/controls.h"
+#include "display/qt/faces.h"
+#include "display/qt/palette.h"
+#include "display/qt/pictures.h"
+
+namespace display::qt {
+
+namespace {
+
+void paintLamp(QPainter& painter, const QRectF& box, qreal unit, QColor top, QColor bottom) {
+    QLinearGradient glow(box.topLeft(), box.bottomLeft());
+    glow.setColorAt(0, top);
+    glow.setColorAt(1, bottom);
+    painter.setPen(QPen(QColor(0x0a, 0x12, 0x0b), unit * 0.8));
+    painter.setBrush(glow);
+    const qreal half = unit * 0.4;
+    painter.drawRoundedRect(box.adjusted(half, half, -half, -half), 3 * unit, 3 * unit);
+}
+
+void lampOn(QPainter& painter, const QRectF& box, const PictureLook& look) {
+    paintLamp(painter, box, look.unit, QColor(0x4d, 0xff, 0x5e), QColor(0x22, 0xe8, 0x38));
+}
+
+void lampOff(QPainter& painter, const QRectF& box, const PictureLook& look) {
+    paintLamp(painter, box, look.unit, QColor(0x1d, 0x3a, 0x20), QColor(0x17, 0x2e, 0x1a));
+}
+
+void paintWordMark(QPainter& painter, const QRectF& box, const QString& word, QColor colour) {
+    qreal height = box.height() * 0.8;
+    QFont font = Faces::get().font(height, Weight::Bold);
+    font.setLetterSpacing(QFont::PercentageSpacing, 112);
+    const qreal width = QFontMetricsF(font).horizontalAdvance(word);
+    if (width > box.width()) {
+        font = Faces::get().font(height * box.width() / width, Weight::Bold);
+        font.setLetterSpacing(QFont::PercentageSpacing, 112);
+    }
+    painter.setFont(font);
+    painter.setPen(colour);
+    painter.drawText(box, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, word);
+}
+
+/// The two brands' word marks.
+void teskel(QPainter& painter, const QRectF& box, const PictureLook&) {
+    paintWordMark(painter, box, QStringLiteral("TESKEL"), QColor(0x9f, 0xc4, 0xff));
+}
+
+void marvenia(QPainter& painter, const QRectF& box, const PictureLook&) {
+    paintWordMark(painter, box, QStringLiteral("MARVENIA"), QColor(0xdd, 0xe2, 0xe9));
+}
+
+/// The heads of the bar's mark, above and below the scale.
+void markTop(QPainter& painter, const QRectF& box, const PictureLook&) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::white);
+    painter.drawPolygon(
+        QPolygonF({box.topLeft(), box.topRight(), QPointF(box.center().x(), box.bottom())}));
+}
+
+void markBottom(QPainter& painter, const QRectF& box, const PictureLook&) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::white);
+    painter.drawPolygon(
+        QPolygonF({box.bottomLeft(), box.bottomRight(), QPointF(box.center().x(), box.top())}));
+}
+
+}  // namespace
+
+const std::vector<NamedPicture>& markPictures() {
+    static const std::vector<NamedPicture> pictures = {
+        {"multyon", lampOn},  {"multyoff", lampOff},      {"Logo1", teskel},
+        {"Logo2", marvenia},  {"LogoTeskel", teskel},     {"LogoMarvenia", marvenia},
+        {"MarkTop", markTop}, {"MarkBottom", markBottom},
+    };
+    return pictures;
+}
+
+}  // namespace display::qt

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QPainter>
+#include <QRectF>
+#include <QString>
+#include <string_view>
+#include <vector>
+
+namespace display::qt {
+
+struct PictureLook {
+    QString caption;  ///< words on a key instead of the drawing's own
+    qreal unit = 1;   ///< one natural pixel on this canvas
+};
+
+using PicturePainter = void (*)(QPainter&, const QRectF&, const PictureLook&);
+
+/// Paints one of the program's own drawings by its name. False, and nothing painted, when no
+/// drawing has that name.
+bool paintPicture(QPainter& painter, std::string_view name, const QRectF& box,
+                  const PictureLook& look);
+
+/// All names that paintPicture() knows.
+std::vector<std::string_view> pictureNames();
+
+/// One name and how it is drawn.
+struct NamedPicture {
+    std::string_view name;
+    PicturePainter paint;
+};
+/// The lamps, word marks and arrows.
+const std::vector<NamedPicture>& markPictures();
+/// The keys of the panels, released (N) and pressed or lit (A).
+const std::vector<NamedPicture>& keyPictures();
+
+/// A key cap; a lit one is light and may carry an amber mark.
+enum class Cap { Dark, Lit };
+enum class CapMark { None, Amber };
+void paintCap(QPainter& painter, const QRectF& box, qreal unit, Cap cap, CapMark mark);
+/// The words on a cap, set smaller where they would not fit.
+void paintCapText(QPainter& painter, const QRectF& box, qreal unit, QColor colour,
+                  const QString& text);
+
+}  // namespace display::qt

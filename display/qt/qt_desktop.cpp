@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/qt/qt_desktop.h"
+
+#include <QClipboard>
+#include <QScreen>
+#include <QStyleFactory>
+#include <chrono>
+
+#include "display/qt/desktop_language.h"
+#include "display/qt/faces.h"
+#include "display/qt/form_window.h"
+#include "display/qt/help_window.h"
+#include "display/qt/palette.h"
+#include "display/qt/rack_window.h"
+
+namespace display::qt {
+
+namespace {
+
+/// The rack at its natural size, in twips.
+constexpr QSizeF kRack(12000, 7000);
+
+}  // namespace
+
+QtDesktop::QtDesktop(int& argc, char** argv) {
+    if (!QApplication::instance()) {
+        QApplication::setHighDpiScaleFactorRoundingPolicy(
+            Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+        own_ = std::make_unique<QApplication>(argc, argv);
+    }
+    clock_.start();
+    languageId_ = languageIdOfUser();
+    generator_.seed(static_cast<std::mt19937::result_type>(
+        std::chrono::system_clock::now().time_since_epoch().count()));
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setPalette(housePalette());
+    QApplication::setQuitOnLastWindowClosed(false);
+    systemMoves_ = QGuiApplication::platformName().startsWith("wayland");
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    scale_ = Scale(Scale::fitting(kRack, screen->availableGeometry().size()),
+                   screen->devicePixelRatio());
+    QApplication::setFont(Faces::get().font(scale_.px(120), Weight::Normal));
+    wakeTimer_.setSingleShot(true);
+    wakeTimer_.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&wakeTimer_, &QTimer::timeout, &wakeTimer_, [this] { wake(); });
+}
+
+QtDesktop::~QtDesktop() = default;
+
+void QtDesktop::rack(std::vector<Form*> forms) {
+    rack_ = std::make_unique<RackWindow>(*this, std::move(forms));
+}
+
+Time QtDesktop::now() const {
+    return std::chrono::duration_cast<Time>(std::chrono::nanoseconds(clock_.nsecsElapsed()));
+}
+
+double QtDesktop::random() {
+    return static_cast<double>(generator_()) / 4294967296.0;
+}
+
+void QtDesktop::pointer(PointerShape shape) {
+    const bool wanted = shape == PointerShape::Hourglass;
+    if (wanted == hourglass_) return;
+    hourglass_ = wanted;
+    if (wanted) {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    } else {
+        QApplication::restoreOverrideCursor();
+    }
+}
+
+void QtDesktop::beep() {
+    QApplication::beep();
+}
+
+void QtDesktop::setClipboardText(std::string_view text) {
+    QGuiApplication::clipboard()->setText(qText(text));
+}
+
+bool QtDesktop::spanish() const {
+    const int primary = languageId_ & 0x3ff;
+    return primary == 10 || primary == 22;
+}
+
+Hand& QtDesktop::hand() {
+    wakeTimer_.start(0);
+    return hand_;
+}
+
+QSize QtDesktop::rackSize() const {
+    return {scale_.whole(scale_.px(kRack.width())), scale_.whole(scale_.px(kRack.height()))};
+}
+
+QRect QtDesktop::availableRoom() const {
+    return QGuiApplication::primaryScreen()->availableGeometry();
+}
+
+QPoint QtDesktop::screenPoint(float leftTwips, float topTwips) const {
+    return QPointF(scale_.px(leftTwips), scale_.px(topTwips)).toPoint();
+}
+
+QPointF QtDesktop::pointerOnForm(const Form& form) const {
+    return {scale_.twips(pointer_.x()) - form.left, scale_.twips(pointer_.y()) - form.top};
+}
+
+FormView* QtDesktop::viewOf(const Form& form) const {
+    if (rack_ && rack_->holds(form)) return rack_->viewOf(form);
+    const auto found = windows_.find(&form);
+    return found == windows_.end() ? nullptr : &found->second->view();
+}
+
+}  // namespace display::qt

@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QPointF>
+#include <QTimer>
+#include <functional>
+#include <map>
+#include <memory>
+#include <random>
+
+#include "display/desktop.h"
+#include "display/form.h"
+#include "display/hand.h"
+#include "display/qt/focus_keeper.h"
+#include "display/qt/scale.h"
+
+class QEventLoop;
+class QPrinter;
+
+namespace display::qt {
+
+class FormView;
+class FormWindow;
+class HelpWindow;
+class RackWindow;
+
+/// The desktop on Qt 6 Widgets. One wake-up timer feeds the queue; raw input becomes calls of a
+/// Hand; once a frame the windows take over what is newer than what they drew.
+class QtDesktop : public Desktop {
+ public:
+    /// Uses the application object if there is one, else owns it.
+    QtDesktop(int& argc, char** argv);
+    ~QtDesktop() override;
+
+    /// The forms that stand together in one window, the one that leads first. Before their show.
+    void rack(std::vector<Form*> forms);
+
+    /// Runs the start inside the desktop, then its events until the program ends or, without a
+    /// rack, the last window closes. Answers the exit status.
+    int run(const std::function<void()>& start = {});
+
+    // What forms ask; see Desktop.
+    Time now() const override;
+    Date today() const override;
+    std::string monthName(int month) const override;
+    std::string shortMonthName(int month) const override;
+    std::string weekdayName(int weekday) const override;
+    int userLanguageId() const override { return languageId_; }
+    double random() override;
+    void messageBox(const MessageBox& box) override;
+    void letEventsThrough() override;
+    void pointer(PointerShape shape) override;
+    void beep() override;
+    void setClipboardText(std::string_view text) override;
+    std::string printImage(const std::vector<const Form*>& forms) override;
+    void showHelp(std::string_view fileName) override;
+    void formShown(Form& form) override;
+    void formHidden(Form& form) override;
+    void formDestroyed(Form& form) override;
+    void runModal(Form& form) override;
+    void formMinimised(Form& form) override;
+
+    // What the windows and widgets ask.
+
+    /// The person before the screen. What is posted is handled as soon as the event that brought
+    /// it has returned.
+    Hand& hand();
+    /// Handles posted input now, unless a handler runs.
+    void runInputNow();
+    /// One look at all windows, soon.
+    void frameSoon();
+
+    /// One factor for all windows, at the first screen's device pixel ratio.
+    const Scale& scale() const { return scale_; }
+    QSize rackSize() const;
+    /// The screen less task bars, in logical pixels.
+    QRect availableRoom() const;
+    QPoint screenPoint(float leftTwips, float topTwips) const;
+    float modelX(int px) const { return static_cast<float>(scale_.twips(px)); }
+    float modelY(int px) const { return static_cast<float>(scale_.twips(px)); }
+    /// True where a program may not place windows: then a handle starts the system's own move.
+    bool systemMovesWindows() const { return systemMoves_; }
+
+    /// Where the pointer was last seen on the screen, and where that is on a form, in twips from
+    /// where the model says that the form stands.
+    void pointerAt(const QPointF& global) { pointer_ = global; }
+    QPointF pointerOnForm(const Form& form) const;
+
+    /// The view of a form, or null when it was never shown; for tests and the printer.
+    FormView* viewOf(const Form& form) const;
+    RackWindow* rackWindow() const { return rack_.get(); }
+
+ protected:
+    void ending() override;
+    /// Makes the printer ready: the desktop's default one. Answers what is wrong, or nothing.
+    virtual std::string preparePrinter(QPrinter& printer) const;
+
+ private:
+    /// What stands on the stack of the one thread.
+    enum class Phase { Idle, Handling, Modal, Box };
+    /// What runs now, and before: put back on every way out.
+    class PhaseScope {
+     public:
+        PhaseScope(QtDesktop& desktop, Phase phase) : desktop_(desktop), before_(desktop.phase_) {
+            desktop.phase_ = phase;
+        }
+        ~PhaseScope() { desktop_.phase_ = before_; }
+        PhaseScope(const PhaseScope&) = delete;
+        PhaseScope& operator=(const PhaseScope&) = delete;
+
+     private:
+        QtDesktop& desktop_;
+        Phase before_;
+    };
+
+    void wake();
+    void runQueue();
+    void arm();
+    void frameIfDue();
+    void frame();
+    bool anythingStale() const;
+    void paintNow(const Form& form);
+    void enableViews();
+    FormWindow& windowOf(Form& form);
+    const QWidget* opener() const;
+    bool spanish() const;
+
+    std::unique_ptr<QApplication> own_;
+    Hand hand_{*this};
+    Scale scale_{0.1, 1};
+    QElapsedTimer clock_;
+    QTimer wakeTimer_;
+    Phase phase_ = Phase::Idle;
+    std::unique_ptr<RackWindow> rack_;
+    std::map<const Form*, std::unique_ptr<FormWindow>> windows_;
+    std::unique_ptr<HelpWindow> help_;
+    std::vector<Form*> modals_;
+    FocusKeeper focus_;
+    Time lastFrame_{-1000000};
+    bool frameWanted_ = false;
+    bool hourglass_ = false;
+    bool systemMoves_ = false;
+    int languageId_ = 0x0409;
+    QPointF pointer_;
+    std::mt19937 generator_;
+};
+
+}  // namespace display::qt

@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/qt/rack_window.h"
+
+#include <QCloseEvent>
+#include <QPainter>
+#include <algorithm>
+
+#include "display/qt/palette.h"
+#include "display/qt/qt_desktop.h"
+
+namespace display::qt {
+
+RackWindow::RackWindow(QtDesktop& desktop, std::vector<Form*> forms)
+    : QWidget(nullptr), desktop_(desktop), forms_(std::move(forms)), views_(forms_.size()) {
+    setObjectName("Rack");
+    setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowMinimizeButtonHint |
+                   Qt::WindowCloseButtonHint | Qt::WindowSystemMenuHint);
+}
+
+bool RackWindow::holds(const Form& form) const {
+    return std::ranges::find(forms_, &form) != forms_.end();
+}
+
+FormView* RackWindow::viewOf(const Form& form) const {
+    const auto found = std::ranges::find(forms_, &form);
+    return found == forms_.end() ? nullptr
+                                 : views_[static_cast<std::size_t>(found - forms_.begin())];
+}
+
+void RackWindow::forget(const Form& form) {
+    const auto found = std::ranges::find(forms_, &form);
+    if (found == forms_.end()) return;
+    const auto index = found - forms_.begin();
+    delete views_[static_cast<std::size_t>(index)];
+    views_.erase(views_.begin() + index);
+    forms_.erase(found);
+    if (forms_.empty()) hide();
+}
+
+FormView& RackWindow::makeView(Form& form) {
+    FormView*& view =
+        views_[static_cast<std::size_t>(std::ranges::find(forms_, &form) - forms_.begin())];
+    if (!view) view = new FormView(desktop_, form, this);
+    return *view;
+}
+
+void RackWindow::placeFirst() {
+    placed_ = true;
+    Form& first = lead();
+    const QRect room = desktop_.availableRoom();
+    // The whole rack will stand below its first panel: leave room for it.
+    const QSize rack = desktop_.rackSize();
+    QPoint at = desktop_.screenPoint(first.left, first.top);
+    if (first.left == 0.f && first.top == 0.f) {
+        at = QPoint(room.center().x() - rack.width() / 2, room.center().y() - rack.height() / 2);
+    }
+    at.setX(std::max(std::min(at.x(), room.right() + 1 - rack.width()), room.left()));
+    at.setY(std::max(std::min(at.y(), room.bottom() + 1 - rack.height()), room.top()));
+    first.left = desktop_.modelX(at.x());
+    first.top = desktop_.modelY(at.y());
+}
+
+void RackWindow::placeViews() {
+    const Scale& scale = makeView(lead()).scale();
+    QRect all;
+    for (std::size_t i = 0; i < forms_.size(); ++i) {
+        Form& form = *forms_[i];
+        if (!form.visible) {
+            if (views_[i] && !views_[i]->isHidden()) views_[i]->hide();
+            continue;
+        }
+        FormView& view = makeView(form);
+        const QRect box = scale.whole(
+            Box{form.left - lead().left, form.top - lead().top, form.width, form.height});
+        if (view.geometry() != box) view.setGeometry(box);
+        view.sync();
+        if (view.isHidden()) {
+            view.show();
+            view.raise();
+        }
+        all |= box;
+    }
+    if (!all.isEmpty() && (size() != all.size() || minimumSize() != all.size())) {
+        setFixedSize(all.size());
+    }
+}
+
+void RackWindow::placeWindow() {
+    const QPoint wanted = desktop_.screenPoint(lead().left, lead().top);
+    if (wanted != pos()) move(wanted);
+}
+
+void RackWindow::sync() {
+    if (forms_.empty()) return;
+    if (!lead().visible) {
+        if (isVisible()) hide();
+        return;
+    }
+    if (!placed_) placeFirst();
+    placeViews();
+    if (isMinimized() && lead().windowState == WindowState::Minimised) return;
+    if (!isMinimized()) placeWindow();
+    const QString title = qText(lead().caption.get());
+    if (windowTitle() != title) setWindowTitle(title);
+    if (!isVisible()) {
+        show();
+        raise();
+        activateWindow();
+    }
+}
+
+void RackWindow::fold() {
+    sync();
+    showMinimized();
+}
+
+void RackWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange && !isMinimized() && !forms_.empty()) {
+        desktop_.hand().unfold(lead());
+    }
+}
+
+void RackWindow::moveEvent(QMoveEvent* event) {
+    QWidget::moveEvent(event);
+    if (!isVisible() || isMinimized() || forms_.empty()) return;
+    if (desktop_.screenPoint(lead().left, lead().top) == pos()) return;
+    // The window manager moved the window: all its panels moved with it.
+    const float across = desktop_.modelX(pos().x()) - lead().left;
+    const float down = desktop_.modelY(pos().y()) - lead().top;
+    for (Form* form : forms_) {
+        form->left = form->left + across;
+        form->top = form->top + down;
+    }
+}
+
+void RackWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    if (!forms_.empty()) desktop_.hand().close(lead());
+}
+
+void RackWindow::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), QColor(kFaceplateShade));
+}
+
+}  // namespace display::qt

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QWidget>
+#include <memory>
+#include <vector>
+
+#include "display/qt/form_view.h"
+
+namespace display::qt {
+
+/// The panels of the rack as one native window without a frame: it moves, folds and closes as one.
+/// Each panel stands in it where the model says, measured from the first; the window is as high
+/// and wide as the shown ones need.
+class RackWindow final : public QWidget {
+ public:
+    RackWindow(QtDesktop& desktop, std::vector<Form*> forms);
+
+    bool holds(const Form& form) const;
+    FormView* viewOf(const Form& form) const;
+    Form& lead() const { return *forms_.front(); }
+
+    /// Shows or hides what the model shows; takes over places and all that changed.
+    void sync();
+    void fold();
+    void forget(const Form& form);
+
+ protected:
+    void closeEvent(QCloseEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+ private:
+    FormView& makeView(Form& form);
+    void placeViews();
+    void placeWindow();
+    void placeFirst();
+
+    QtDesktop& desktop_;
+    std::vector<Form*> forms_;
+    std::vector<FormView*> views_;  ///< one for each form, null until it is shown
+    bool placed_ = false;
+};
+
+}  // namespace display::qt
