@@ -1,19 +1,213 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "panels/quality/form_c.h"
 
+#include "core/language.h"
+#include "core/look.h"
+#include "core/response_switch.h"
+#include "core/taken_for_granted.h"
+#include "panels/audio/form_b.h"
+
 namespace hmonitor {
 
-Form_C::Form_C(Program& itsProgram) : ProgramForm(itsProgram, "Form_C") {}
+namespace {
 
-void Form_C::Command1() {}
-void Form_C::Command4() {}
-void Form_C::Command6() {}
-void Form_C::Command11() {}
-void Form_C::Command13() {}
+constexpr display::Colour kRedLit{0x2317fd};
+constexpr display::Colour kDark = look::kUnlit;
 
-void Form_C::layOut() {
-    width = 12000;
-    height = 1260;
+// What HM_Reset clears.
+constexpr int kNoise = 1;
+constexpr int kDistortion = 2;
+constexpr int kSeparation = 3;
+
+template <std::size_t Places>
+void drawAt(std::array<SegmentDigit, Places>& places, int place, int digit, display::Colour lit) {
+    if (place < 1 || place > static_cast<int>(Places)) return;
+    places[static_cast<std::size_t>(place - 1)].show(digit, lit, kDark);
+}
+
+}  // namespace
+
+Form_C::Form_C(Program& itsProgram) : ProgramForm(itsProgram, "Form_C") {
+    bindKey(Image_Reset1, "ResN", "ResA", [this] { reset(kNoise); });
+    bindKey(Image2, "ResN", "ResA", [this] { reset(kDistortion); });
+    bindKey(Image3, "ResN", "ResA", [this] { reset(kSeparation); });
+}
+
+void Form_C::onLoad() {
+    SegmentGreen = display::Colour{0x00ff00};
+    for (display::Picture* key : {&Image_Reset1, &Image2, &Image3}) key->picture = "ResN";
+    language = panelLanguage(desktop().userLanguageId());
+    if (language == display::Language::Spanish) return;
+    Heading.caption = "QUALITY";
+    Label_ErrorFrecuencia19Khz.caption = "19Khz Freq. Error";
+    Label_NivelPiloto.caption = "Pilot Level";
+    Label_PisoDeRuido.caption = "Noise level";
+    Label_DistorsionArmonica.caption = "Harmonic distortion";
+    Label_SeparacionDeCanales.caption = "Channel Separation";
+    Label_57KhzError.caption = "57Khz Freq. Error";
+    Label_NivelRDS.caption = "RDS level";
+}
+
+void Form_C::reset(int code) {
+    driver.HM_Parar();
+    driver.HM_Reset(code);
+    driver.HM_Parar();
+    if (code == kNoise) {
+        StationState.FloorNoiseL = "xx";
+        StationState.FloorNoiseR = "xx";
+    } else if (code == kDistortion) {
+        StationState.FloorThd = "0";
+    } else {
+        StationState.FloorSepL = "0";
+        StationState.FloorSepR = "0";
+    }
+    program.Form_B->cambfre();
+}
+
+void Form_C::Command1() {
+    const Readings readings = driver.HM_Data();
+    float level = RdsLevel;
+    driver.HM_DataRDS(Error57, level);
+    RdsLevel = level;
+
+    // Without a pilot its error means nothing.
+    Label_19K_FrecError.caption =
+        readings.output(7) > kLeastLevel ? signedTenths(readings.output(6)).view() : kMeaningless;
+    Label_PilotLevel.caption = mask("0.0", readings.output(7));
+    Label_LeftNoise.caption = mask("0.0", readings.output(8));
+    Label_RightNoise.caption = mask("0.0", readings.output(9));
+    Label_HarmonicDistortion.caption = mask("0.00", readings.output(12));
+    Label_ChannelSep_Left.caption = mask("0.0", readings.output(10));
+    Label_ChannelSep_Right.caption = mask("0.0", readings.output(11));
+    showRds();
+    showSeparation(readings);
+}
+
+void Form_C::showRds() {
+    Label_57K_FrecError.caption =
+        RdsLevel > kLeastLevel ? signedTenths(Error57).view() : kMeaningless;
+    Label_RDSLevel.caption = mask("0.0", RdsLevel);
+}
+
+void Form_C::showSeparation(const Readings& readings) {
+    const int leftFigure =
+        inDemoMode() ? 45 : separationFigure(readings.output(10), StationState.FloorSepL);
+    const int rightFigure =
+        inDemoMode() ? 45 : separationFigure(readings.output(11), StationState.FloorSepR);
+    Command2(1, leftFigure / 10);
+    Command2(2, leftFigure % 10);
+    Command2(3, rightFigure / 10);
+    Command2(4, rightFigure % 10);
+}
+
+void Form_C::readFrozen() {
+    const auto stored =
+        takenForGranted(desktop(), ResponseSwitch::read(program.files, SwitchLine::PilotLevel));
+    FrozenError19 = static_cast<float>(stored.value(SwitchLine::PilotError));
+    FrozenPilot = static_cast<float>(stored.value(SwitchLine::PilotLevel));
+    StationState.ResponseState = "sisi";
+}
+
+void Form_C::Command4() {
+    float error = driver.HM_Data().output(6);
+    if (inDemoMode()) {
+        error = 0.5f;
+    } else {
+        // While a response run is armed the digits stand on the values from the moment of arming:
+        // the test tones disturb the pilot.
+        if (StationState.ResponseState == "si") readFrozen();
+        if (StationState.ResponseAuto == "si") {
+            error = FrozenError19;
+        } else {
+            FrozenError19 = error;
+        }
+    }
+    const PilotErrorFigure figure = pilotErrorFigure(error);
+    Line147.colour = SegmentGreen;
+    Line148.colour = figure.negative ? kDark : SegmentGreen;
+    if (!figure.digits.changes) return;
+    const auto& [first, second, third] = figure.digits.places;
+    if (first == ThreePlaces::kBlank) {
+        Command3(22);
+    } else {
+        Command3(1, first);
+    }
+    if (second == ThreePlaces::kBlank) {
+        Command3(33);
+        // One digit: the label shows it until it is written again.
+        Label_19K_FrecError.caption = wholeText(third);
+    } else {
+        Command3(2, second);
+    }
+    Command3(3, third);
+}
+
+void Form_C::Command6() {
+    float level = driver.HM_Data().output(7);
+    if (inDemoMode()) level = 10;
+    if (StationState.ResponseAuto == "si") {
+        level = FrozenPilot;
+    } else {
+        FrozenPilot = level;
+    }
+    const auto [first, second, third] = pilotLevelDigits(level).places;
+    if (first == ThreePlaces::kBlank) {
+        Command5(11);
+    } else {
+        Command5(1, first);
+    }
+    if (second == ThreePlaces::kBlank) {
+        Command5(22);
+    } else {
+        Command5(2, second);
+    }
+    Command5(3, third);
+}
+
+void Form_C::Command11() {
+    const Readings readings = driver.HM_Data();
+    const int leftFigure =
+        noiseFigure(inDemoMode() ? 70.f : readings.output(8), StationState.FloorNoiseL);
+    const int rightFigure =
+        noiseFigure(inDemoMode() ? 72.f : readings.output(9), StationState.FloorNoiseR);
+    Command10(1, leftFigure / 10);
+    Command10(2, leftFigure % 10);
+    Command10(3, rightFigure / 10);
+    Command10(4, rightFigure % 10);
+}
+
+void Form_C::Command13() {
+    const Readings readings = driver.HM_Data();
+    const double figure =
+        inDemoMode() ? 127 : distortionFigure(readings.output(12), StationState.FloorThd);
+    const ThreePlaces digits = distortionDigits(figure);
+    for (int place = 1; place <= 3; ++place) {
+        Command12(place, digits.places[static_cast<std::size_t>(place - 1)]);
+    }
+}
+
+void Form_C::Command2(int place, int digit) {
+    drawAt(separation, place, digit, kRedLit);
+}
+
+void Form_C::Command3(int place, int digit) {
+    if (place == 22) error19[0].blank(kDark);
+    if (place == 33) error19[1].blank(kDark);
+    drawAt(error19, place, digit, SegmentGreen);
+}
+
+void Form_C::Command5(int place, int digit) {
+    if (place == 11) pilot[0].blank(kDark);
+    if (place == 22) pilot[1].blank(kDark);
+    drawAt(pilot, place, digit, SegmentGreen);
+}
+
+void Form_C::Command10(int place, int digit) {
+    drawAt(noise, place, digit, kRedLit);
+}
+
+void Form_C::Command12(int place, int digit) {
+    drawAt(distortion, place, digit, kRedLit);
 }
 
 }  // namespace hmonitor

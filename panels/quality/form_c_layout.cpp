@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/look.h"
+#include "panels/quality/form_c.h"
+
+namespace hmonitor {
+
+using display::Align;
+using display::Colour;
+using display::Label;
+using display::Panel;
+using display::Surface;
+
+namespace {
+
+constexpr float kHeight = 1260;
+constexpr float kCaptionTop = 270;
+constexpr float kLabelTop = 440;
+constexpr float kLabelHeight = 310;
+constexpr float kDigitsTop = 800;
+constexpr float kDigitsHeight = 370;
+
+constexpr float kDigitTop = 55;
+constexpr float kDigitWidth = 205;
+constexpr float kDigitHeight = 260;
+
+// Left edges and widths of the seven columns.
+constexpr float kColumnGap = 87;
+constexpr float kWidths[] = {1300, 1260, 1700, 1900, 2040, 1300, 1260};
+
+constexpr float columnLeft(int column) {
+    float left = look::kMargin;
+    for (int i = 0; i < column; ++i) left += kWidths[i] + kColumnGap;
+    return left;
+}
+
+}  // namespace
+
+struct Form_C::Column {
+    int index;
+    Label& caption;
+    const char* words;
+    Panel& well;
+    Label& value;
+    Label* second;  ///< the right channel, where there are two
+    Panel* digits;
+};
+
+void Form_C::layOut() {
+    width = look::kRackWidth;
+    height = kHeight;
+    caption = "HMonitor";
+    place(Faceplate, {0, 0, look::kRackWidth, kHeight}).surface = Surface::Faceplate;
+    place(Heading, {8640, 80, 3000, 160}).caption = "CALIDAD";
+    Heading.font = look::kHeading;
+    Heading.colour = look::kCaptionColour;
+    Heading.align = Align::Right;
+    const Column columns[] = {
+        {0, Label_ErrorFrecuencia19Khz, "Error Frec. 19Khz", Error19Well, Label_19K_FrecError,
+         nullptr, &Error19Digits},
+        {1, Label_NivelPiloto, "Nivel tono piloto", PilotWell, Label_PilotLevel, nullptr,
+         &PilotDigits},
+        {2, Label_PisoDeRuido, "Piso de ruido", NoiseWell, Label_LeftNoise, &Label_RightNoise,
+         &NoiseDigits},
+        {3, Label_DistorsionArmonica, "Distorsion armonica", DistortionWell,
+         Label_HarmonicDistortion, nullptr, &DistortionDigits},
+        {4, Label_SeparacionDeCanales, "Separacion de canales", SeparationWell,
+         Label_ChannelSep_Left, &Label_ChannelSep_Right, &SeparationDigits},
+        {5, Label_57KhzError, "Error Frec. 57Khz", Error57Well, Label_57K_FrecError, nullptr,
+         nullptr},
+        {6, Label_NivelRDS, "Nivel RDS", RdsWell, Label_RDSLevel, nullptr, nullptr},
+    };
+    for (const Column& column : columns) layOutColumn(column);
+    layOutReset(Image_Reset1, NoiseWell.left + NoiseWell.width,
+                {"Borrar el resultado de ruido", "Clear the noise result"}, 1);
+    layOutReset(Image2, DistortionWell.left + DistortionWell.width,
+                {"Borrar el resultado de distorsión", "Clear the distortion result"}, 2);
+    layOutReset(Image3, SeparationWell.left + SeparationWell.width,
+                {"Borrar el resultado de separación", "Clear the separation result"}, 3);
+    layOutDigits();
+}
+
+void Form_C::layOutColumn(const Column& column) {
+    const float x = columnLeft(column.index);
+    const float wide = kWidths[column.index];
+    place(column.caption, {x, kCaptionTop, wide + 40, 150}).caption = column.words;
+    column.caption.font = look::kCaption;
+    column.caption.colour = look::kCaptionColour;
+    place(column.well, {x, kLabelTop, wide, kLabelHeight}).surface = Surface::Well;
+    const float half = (wide - 160) / 2;
+    if (column.second) {
+        place(column.value, {80, 35, half, 240}, &column.well);
+        place(*column.second, {80 + half, 35, half, 240}, &column.well);
+    } else {
+        place(column.value, {80, 35, wide - 160, 240}, &column.well);
+    }
+    for (Label* label : {&column.value, column.second}) {
+        if (!label) continue;
+        label->font = look::kSmallReadout;
+        label->align = Align::Right;
+        label->colour = display::kCyan;
+        label->readout = true;
+    }
+    if (column.digits) {
+        place(*column.digits, {x, kDigitsTop, wide, kDigitsHeight}).surface = Surface::Well;
+    }
+}
+
+void Form_C::layOutReset(display::Picture& key, float right, display::Words says, int order) {
+    place(key, {right - 470, 215, 470, 200}).picture = "ResN";
+    key.says = says;
+    key.tip = says;
+    key.tabIndex = order;
+}
+
+void Form_C::layOutPoint(display::Shape& point, float x, Panel& in) {
+    place(point, {x, kDigitTop + kDigitHeight - 25, 40, 40}, &in);
+    point.outline = display::Outline::Oval;
+    point.colour = Colour{0x808080};
+}
+
+void Form_C::layOutDigits() {
+    const auto dark = look::kUnlit;
+    auto box = [](float x) { return display::Box{x, kDigitTop, kDigitWidth, kDigitHeight}; };
+
+    place(Line147, 120, 190, 270, 190, &Error19Digits);
+    place(Line148, 195, 115, 195, 265, &Error19Digits);
+    for (display::Line* sign : {&Line147, &Line148}) {
+        sign->stroke = display::Stroke::Segment;
+        sign->thickness = 2.5f;
+        sign->colour = dark;
+    }
+    for (int i = 0; i < 3; ++i) {
+        const auto at = static_cast<std::size_t>(i);
+        const float x = 300.f * static_cast<float>(i);
+        placeDigit(error19[at], box(380 + x), &Error19Digits, dark);
+        placeDigit(pilot[at], box(300 + x), &PilotDigits, dark);
+        placeDigit(distortion[at], box(520 + x), &DistortionDigits, dark);
+    }
+    layOutPoint(Error19Point, 920, Error19Digits);
+    layOutPoint(PilotPoint, 840, PilotDigits);
+    layOutPoint(DistortionPoint, 760, DistortionDigits);
+
+    const float noiseAt[] = {170, 460, 970, 1260};
+    const float separationAt[] = {330, 620, 1170, 1460};
+    for (std::size_t i = 0; i < 4; ++i) {
+        placeDigit(noise[i], box(noiseAt[i]), &NoiseDigits, dark);
+        placeDigit(separation[i], box(separationAt[i]), &SeparationDigits, dark);
+    }
+}
+
+}  // namespace hmonitor

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <string_view>
+
+#include "core/numbers.h"
+
+namespace hmonitor {
+
+/// What a three-digit display shows, places 1 to 3 from the left. A place that is blank goes dark;
+/// a display that is left alone keeps what it had.
+struct ThreePlaces {
+    static constexpr int kBlank = -1;
+
+    std::array<int, 3> places{kBlank, kBlank, kBlank};
+    bool changes = true;
+
+    friend bool operator==(const ThreePlaces&, const ThreePlaces&) = default;
+};
+
+/// The error of the 19 kHz pilot on its digits: sign and tenths, at most 99.9 upwards.
+struct PilotErrorFigure {
+    bool negative = false;
+    SmallText text;  ///< tenths of a hertz without sign; its characters are the digits
+    ThreePlaces digits;
+};
+
+PilotErrorFigure pilotErrorFigure(float hertz);
+
+/// The pilot level in tenths, the fraction cut.
+ThreePlaces pilotLevelDigits(float level);
+
+/// A noise reading in dB limited by the stored floor ("xx": none): never better than the floor.
+/// Gives the figure of the digits, 0 to 99.
+int noiseFigure(float reading, std::string_view floor);
+
+/// A separation in dB, at most 99, and never below the stored result.
+int separationFigure(float reading, std::string_view floor);
+
+/// A distortion in hundredths of a percent, never below the stored result.
+double distortionFigure(float reading, std::string_view floor);
+
+/// Three digits with a point after place 1; the fraction of the figure is cut.
+ThreePlaces distortionDigits(double hundredths);
+
+/// A reading with one decimal and a plus when it is above 0; dashes where it means nothing.
+SmallText signedTenths(float reading);
+
+inline constexpr std::string_view kMeaningless = "----";
+/// A pilot or RDS level must be above this for its frequency error to mean anything.
+inline constexpr float kLeastLevel = 0.3f;
+
+}  // namespace hmonitor
