@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "drivers/receiver/figures/response_run.h"
+#include "drivers/receiver/figures/response_tones.h"
 
 #include <algorithm>
 #include <cmath>
@@ -17,14 +17,14 @@ constexpr std::size_t kSilentLooks = 12;
 constexpr int kReferenceHz = 1000;
 
 int testToneAt(double hz) {
-    for (const int tone : ResponseRun::kTones)
+    for (const int tone : ResponseTones::kTones)
         if (std::fabs(hz - tone) < std::max(kOffBy * tone, kOffByHz)) return tone;
     return 0;
 }
 
 }  // namespace
 
-void ResponseRun::look(const SteadyTone& tone) {
+void ResponseTones::look(const SteadyTone& tone) {
     if (ended_) return;
     const double db = levelDb(tone.meanSquare);
     const int hz = testToneAt(tone.hz);
@@ -43,7 +43,7 @@ void ResponseRun::look(const SteadyTone& tone) {
     found_[count_++] = Found{hz, db};
 }
 
-std::array<ResponseRun::Result, 8> ResponseRun::results() const {
+std::array<ResponseTones::Result, 8> ResponseTones::results() const {
     std::array<Result, 8> results;
     if (count_ == 0) return results;
     double reference = found_[0]->db;

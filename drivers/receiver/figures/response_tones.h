@@ -12,7 +12,7 @@ namespace hm16::receiver {
 
 // A frequency response run: the station sends eight test tones one after the other, the receiver
 // finds them in the audio and keeps their levels.
-class ResponseRun {
+class ResponseTones {
  public:
     static constexpr std::array<int, 8> kTones{30, 125, 400, 1000, 4000, 8000, 12000, 15000};
 

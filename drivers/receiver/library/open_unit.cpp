@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+
+#include "drivers/hm16_report.h"
+#include "drivers/receiver/library/open_source.h"
+#include "drivers/receiver/library/receiver_options.h"
+#include "drivers/receiver/library/receiver_unit.h"
+#include "drivers/unit/settings.h"
+#include "drivers/unit/unit.h"
+
+namespace hm16 {
+namespace {
+
+// The unit that is open, for the functions beside the nineteen. Those are called from the same
+// thread as the nineteen, which own the unit.
+receiver::ReceiverUnit* openedUnit = nullptr;
+
+// Forgets itself when it goes.
+class OpenedUnit : public receiver::ReceiverUnit {
+ public:
+    using ReceiverUnit::ReceiverUnit;
+    ~OpenedUnit() override { openedUnit = nullptr; }
+};
+
+}  // namespace
+
+std::unique_ptr<Unit> openUnit(const std::filesystem::path& folder, PublishedReadings& readings) {
+    Settings settings = Settings::read(folder / "hm-16.ini");
+    const receiver::ReceiverOptions options = receiver::readOptions(settings, folder);
+    const auto faults = settings.faults();
+    for (const auto& fault : faults) std::fprintf(stderr, "%s\n", fault.c_str());
+    if (!faults.empty() || options.version <= 0) return nullptr;
+    try {
+        auto source = receiver::openSource(options);
+        // The program may change its folder later; the files stay where it was at the start.
+        auto unit = std::make_unique<OpenedUnit>(options, std::move(source), readings,
+                                                 std::filesystem::current_path());
+        openedUnit = unit.get();
+        return unit;
+    } catch (const receiver::SourceError& error) {
+        const char* key = options.source == receiver::SourceKind::Recording ? "file" : "source";
+        settings.addFault(key, std::string("cannot be used: ") + error.what());
+        std::fprintf(stderr, "%s\n", settings.faults().back().c_str());
+    }
+    return nullptr;
+}
+
+float libraryVersion() {
+    return 1.0F;
+}
+
+}  // namespace hm16
+
+int32_t HM16_CALL HM16_ReceiverReport(char* text, int32_t size) {
+    if (!hm16::openedUnit || !text || size <= 0) return 1;
+    const std::string report = hm16::openedUnit->report();
+    const std::size_t length = std::min(report.size(), static_cast<std::size_t>(size) - 1);
+    std::memcpy(text, report.data(), length);
+    text[length] = 0;
+    return 0;
+}
+
+int32_t HM16_CALL HM16_ReceiverStep(int32_t slots) {
+    return hm16::openedUnit && hm16::openedUnit->step(slots) ? 0 : 1;
+}

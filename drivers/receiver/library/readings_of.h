@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "drivers/receiver/figures/figures.h"
+#include "drivers/unit/readings.h"
+#include "drivers/unit/unit.h"
+
+namespace hm16::receiver {
+
+// A level in steps of `stepDb`; 0 leaves it as it is.
+double stepped(double level, double stepDb);
+
+// Figures in the units of HM_Data. `peakHz` stands for the peak: of the last slot or a mean, by
+// the detector.
+Readings readingsOf(const Figures& figures, double peakHz, AudioMode mode, double levelStepDb);
+
+}  // namespace hm16::receiver

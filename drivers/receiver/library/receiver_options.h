@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "drivers/receiver/samples/open_recording.h"
+#include "drivers/unit/settings.h"
+
+namespace hm16::receiver {
+
+enum class SourceKind { Recording, Synthetic, Soapy };
+enum class Pace {
+    Real,  // as on the air
+    Fast,  // as fast as it is asked, or else as the machine can
+};
+enum class AtEnd { Stop, Loop };
+enum class Scene { Station, Band, Rays, Tones, Silence };
+
+// What hm-16.ini says about the receiver; docs/receiver.md lists the keys.
+struct ReceiverOptions {
+    float version = 1.8F;
+    SourceKind source = SourceKind::Synthetic;
+    RecordingRequest recording;
+    AtEnd atEnd = AtEnd::Loop;
+    Pace pace = Pace::Real;
+    double rateHz = 0;    // 0: as the source says
+    double centreHz = 0;  // 0: as the source says
+    double dbuvAtFullScale = 100;
+    double clockPpm = 0;
+    double deemphasisUs = 50;
+    double levelStepDb = 1;
+    double compositeHzAtFullScale = 100e3;
+    Scene scene = Scene::Station;
+    std::string soapyLibrary;
+    std::string soapyDevice;
+    double gainDb = 0;
+    bool automaticGain = true;
+};
+
+// Takes the options out of a settings file that lies in `folder`; file names in it count from
+// there. What is wrong stands in settings.faults() afterwards.
+ReceiverOptions readOptions(Settings& settings, const std::filesystem::path& folder);
+
+}  // namespace hm16::receiver

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <array>
+#include <cstdio>
+
+#include "drivers/receiver/library/open_source.h"
+#include "drivers/receiver/library/receiver_unit.h"
+#include "drivers/unit/number_text.h"
+
+namespace hm16::receiver {
+namespace {
+
+std::string inMhz(double hz) {
+    return decimalText(hz / 1e6, 6) + " MHz";
+}
+
+std::string programmeText(const Figures& figures) {
+    if (!figures.rdsProgramme) return "none";
+    std::array<char, 8> text{};
+    std::snprintf(text.data(), text.size(), "%04X", static_cast<unsigned>(*figures.rdsProgramme));
+    return text.data();
+}
+
+// Letters of a station's name; what is no plain letter shows as a point.
+std::string plain(std::string name) {
+    for (char& c : name)
+        if (c < ' ' || c > '~') c = '.';
+    return name;
+}
+
+}  // namespace
+
+std::string ReceiverUnit::report() const {
+    const std::lock_guard lock(mutex_);
+    std::string text = "source: " + nameOf(options_) + "\n";
+    text += "sample rate: " + decimalText(source_->rateHz(), 1) + " Hz\n";
+    if (source_->domain() == Domain::Band) text += "centre: " + inMhz(source_->centreHz()) + "\n";
+    text += "signal read: " + decimalText(clock_.seconds(), 2) + " s" + (ended_ ? ", ended" : "") +
+            "\n";
+    if (source_->badSamples() > 0)
+        text += "samples that were no numbers: " + std::to_string(source_->badSamples()) + "\n";
+    if (!chain_) return text;
+    const Figures& figures = chain_->figures();
+    text += "tuned: " + inMhz(tuning_.frequency * 1e5) + (figures.carrier ? "" : ", no carrier") +
+            (figures.stereo ? ", stereo" : "") +
+            (figures.narrow ? ", narrow filter for a strong neighbour" : "") + "\n";
+    text += "rds programme: " + programmeText(figures) + "\n";
+    text += "rds name: " + (figures.rdsName.empty() ? "none" : plain(figures.rdsName)) + "\n";
+    text += "rds blocks: " + std::to_string(figures.rdsGoodBlocks) + " good, " +
+            std::to_string(figures.rdsBadBlocks) + " bad\n";
+    return text;
+}
+
+}  // namespace hm16::receiver

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <filesystem>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "drivers/receiver/chain/station_chain.h"
+#include "drivers/receiver/figures/response_tones.h"
+#include "drivers/receiver/figures/ring.h"
+#include "drivers/receiver/library/band_levels.h"
+#include "drivers/receiver/library/receiver_options.h"
+#include "drivers/receiver/library/signal_clock.h"
+#include "drivers/receiver/samples/sample_source.h"
+#include "drivers/unit/day_log.h"
+#include "drivers/unit/unit.h"
+
+namespace hm16::receiver {
+
+// A unit that measures samples of the band. A thread of its own reads them at the pace of the
+// settings, runs the chain, publishes readings, delivers frames and keeps files. In steps instead:
+// whoever asks for them drives the signal, so that a recording is measured without a gap as fast
+// as the machine can.
+class ReceiverUnit : public Unit {
+ public:
+    // Files of stations and days go into `files`.
+    ReceiverUnit(const ReceiverOptions& options, std::unique_ptr<SampleSource> source,
+                 PublishedReadings& readings, std::filesystem::path files);
+    ~ReceiverUnit() override;
+
+    float hardwareVersion() const override { return options_.version; }
+    void measure(const Tuning& tuning) override;
+    void stop() override;
+    void clearResults(StoredResult what) override;
+    std::optional<float> levelAt(double frequency) override;
+    void sweep(const SweepRange& range) override;
+    SweepStore& frames() override { return frames_; }
+    ResponseResults response() override;
+
+    // From now on the signal goes on only with this: `slots` of 50 ms of the running measurement.
+    // False when the pace is real, nothing runs or the signal has ended.
+    bool step(int slots);
+
+    // What the readings have no place for, in lines of text.
+    std::string report() const;
+
+ private:
+    enum class Job { None, Measure, Sweep };
+    enum class Drive { Free, Steps };
+
+    void run();
+    void work(std::unique_lock<std::mutex>& lock);
+    void waitForAir(std::unique_lock<std::mutex>& lock, double signalSeconds);
+    bool readStretch(std::size_t samples);
+    bool measureStretch();
+    bool sweepFrame();
+    void measureBandAround(double hz);
+    double levelIn(double hz, double widthHz) const;
+    bool covered(double hz) const;
+    void endOfSignal(const std::string& sentence);
+    void publish();
+    void keep(const Readings& readings);
+    void saveResults();
+    void say(const std::optional<std::string>& fault);
+    double trueCentreHz() const;
+
+    const ReceiverOptions options_;
+    const std::filesystem::path files_;
+    PublishedReadings& readings_;
+    SweepStore frames_;
+
+    mutable std::mutex mutex_;
+    std::condition_variable wake_;
+    Job job_ = Job::None;
+    Drive drive_ = Drive::Free;
+    bool closing_ = false;
+
+    std::unique_ptr<SampleSource> source_;
+    double trueRateHz_;
+    SignalClock clock_;
+    bool ended_ = false;
+    std::vector<Sample> stretch_;
+
+    Tuning tuning_;
+    std::unique_ptr<StationChain> chain_;
+    std::size_t slots_ = 0;
+    Ring peaks_{20};
+    ResponseTones tones_;
+    std::size_t looks_ = 0;
+    std::optional<StationResults> results_;
+    double sinceSaved_ = 0;
+    DayLog log_;
+
+    SweepRange range_;
+    BandLevels levels_;
+
+    std::chrono::steady_clock::time_point due_;
+    std::string lastFault_;
+    std::thread thread_;
+};
+
+}  // namespace hm16::receiver

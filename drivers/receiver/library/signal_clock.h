@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+
+#include "drivers/unit/local_time.h"
+
+namespace hm16::receiver {
+
+// The time of the signal: it goes on with the samples that were read, however fast that is. Logs
+// and results of a recording that is measured in a hurry are thus those of its real length.
+class SignalClock {
+ public:
+    explicit SignalClock(double rateHz) : rateHz_(rateHz), start_(Wall::now()) {}
+
+    void add(std::size_t samples) { samples_ += samples; }
+    double seconds() const { return static_cast<double>(samples_) / rateHz_; }
+
+    // Wall clock at the signal's present moment.
+    LocalTime now() const {
+        return localTimeAt(start_ + std::chrono::duration_cast<Wall::duration>(
+                                        std::chrono::duration<double>(seconds())));
+    }
+
+ private:
+    using Wall = std::chrono::system_clock;
+
+    double rateHz_;
+    Wall::time_point start_;
+    std::uint64_t samples_ = 0;
+};
+
+}  // namespace hm16::receiver
