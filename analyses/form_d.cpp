@@ -1,22 +1,76 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analyses/form_d.h"
 
+#include "analyses/form_band_scanner.h"
+#include "analyses/form_dd3.h"
+#include "analyses/scan_file.h"
+#include "core/language.h"
+#include "core/taken_for_granted.h"
+#include "spectrum/class1.h"
+#include "spectrum/form_d1.h"
+#include "spectrum/form_d1a.h"
+#include "spectrum/form_new_spectro.h"
+
 namespace hmonitor {
 
-Form_D::Form_D(Program& itsProgram) : ProgramForm(itsProgram, "Form_D") {}
+namespace {
 
-void Form_D::spect() {}
-void Form_D::respo() {}
-void Form_D::resborra() {}
+/// Shows an analysis beside the disabled rack; closing it enables the rack again. A window that
+/// the program does not have yet is not opened.
+template <class FormType>
+display::Event door(Program& program, Slot<FormType>& target) {
+    return [&program, &target] {
+        if (!target.filled()) return;
+        program.disableRack();
+        target->show();
+    };
+}
 
-void Form_D::layOut() {
-    width = 12000;
-    height = 1340;
-    place(Image5, {3000, 600, 640, 300}).picture = "OffN";
-    place(Text1, {10800, 160, 900, 240});
-    place(Text2, {10800, 420, 900, 240});
-    place(Text3, {10800, 680, 900, 240});
-    place(Text4, {10800, 940, 900, 240});
+/// A key whose window is still to come: it shows its two pictures and does nothing else.
+void windowToCome() {}
+
+}  // namespace
+
+Form_D::Form_D(Program& itsProgram) : ProgramForm(itsProgram, "Form_D") {
+    bindDoors();
+}
+
+Form_D::~Form_D() = default;
+
+void Form_D::bindDoors() {
+    bindKey(Image1, "OpenN", "OpenA", door(program, program.FormD1a));
+    bindKey(Image2, "OpenN", "OpenA", door(program, program.Form_BandSCanner));
+    bindKey(Image3, "OpenN", "OpenA", door(program, program.Form_Dd3));
+    bindKey(Image4, "LogN", "LogA", windowToCome);
+    Image5.onRelease = [this] { turnSwitch(); };
+    Image6.onClick = windowToCome;
+    // Once its window was closed, the channel spectrum has no other door.
+    PictureGraph1.onDoubleClick = door(program, program.Form_D1);
+}
+
+void Form_D::onLoad() {
+    sayInPanelLanguage();
+    makeGraph();
+    for (display::Picture* key : {&Image1, &Image2, &Image3, &Image6}) key->picture = "OpenN";
+    Image4.picture = "LogN";
+    Image5.picture = "OffN";
+    proveScanFile();
+    if (program.Form_NewSpectro.filled()) program.Form_NewSpectro->Command3D1.press();
+}
+
+void Form_D::sayInPanelLanguage() {
+    language = panelLanguage(desktop().userLanguageId());
+    if (language == display::Language::Spanish) return;
+    Label_SpectrumAnalyzer.caption = "Spectrum analyzer";
+    Label_bandScanner.caption = "Band scanner";
+    Label_FrequencyResponse.caption = "Frequency response";
+    Label_OnAirPerformance.caption = "On-Air performance";
+}
+
+void Form_D::proveScanFile() {
+    // Nothing is kept: the band scanner takes the file for granted, and without it the program
+    // ends here, at its start, rather than in the middle of the work.
+    takenForGranted(desktop(), ScanFile::read(program.files));
 }
 
 }  // namespace hmonitor

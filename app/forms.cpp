@@ -12,7 +12,14 @@ Forms::Forms(Program& program, Form_WaitLoad::Brand brand)
       formC(program),
       formD(program),
       formSetMemories(program),
-      formTuner(program) {
+      formTuner(program),
+      formNewSpectro(program),
+      formD1(program),
+      formD1a(program),
+      formDd3(program),
+      form7(program),
+      formBandSCanner(program),
+      formPrintBandScan(program) {
     program.Form_WaitLoad.fill(formWaitLoad);
     program.FormModoDemo.fill(formModoDemo);
     program.Form3.fill(form3);
@@ -22,6 +29,13 @@ Forms::Forms(Program& program, Form_WaitLoad::Brand brand)
     program.Form_D.fill(formD);
     program.Form_bSetMemories.fill(formSetMemories);
     program.Form_bTuner.fill(formTuner);
+    program.Form_NewSpectro.fill(formNewSpectro);
+    program.Form_D1.fill(formD1);
+    program.FormD1a.fill(formD1a);
+    program.Form_Dd3.fill(formDd3);
+    program.Form7.fill(form7);
+    program.Form_BandSCanner.fill(formBandSCanner);
+    program.Form_PrintBandScan.fill(formPrintBandScan);
     program.rack = {&form1, &formB, &formC, &formD};
 }
 

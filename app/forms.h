@@ -1,11 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "analyses/form7.h"
+#include "analyses/form_band_scanner.h"
 #include "analyses/form_d.h"
+#include "analyses/form_dd3.h"
+#include "analyses/form_print_band_scan.h"
 #include "core/program.h"
 #include "panels/audio/form_b.h"
 #include "panels/modulation/form1.h"
 #include "panels/quality/form_c.h"
+#include "spectrum/form_d1.h"
+#include "spectrum/form_d1a.h"
+#include "spectrum/form_new_spectro.h"
 #include "startup/form3.h"
 #include "startup/form_modo_demo.h"
 #include "startup/form_wait_load.h"
@@ -28,6 +35,13 @@ class Forms {
     hmonitor::Form_D formD;
     hmonitor::Form_bSetMemories formSetMemories;
     hmonitor::Form_bTuner formTuner;
+    hmonitor::Form_NewSpectro formNewSpectro;
+    hmonitor::Form_D1 formD1;
+    hmonitor::FormD1a formD1a;
+    hmonitor::Form_Dd3 formDd3;
+    hmonitor::Form7 form7;
+    hmonitor::Form_BandSCanner formBandSCanner;
+    hmonitor::Form_PrintBandScan formPrintBandScan;
 };
 
 }  // namespace hmonitor

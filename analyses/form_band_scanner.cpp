@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "analyses/form_band_scanner.h"
+
+#include "analyses/form_print_band_scan.h"
+#include "core/language.h"
+#include "core/long_date.h"
+#include "core/numbers.h"
+#include "core/run_guard.h"
+#include "core/taken_for_granted.h"
+#include "panels/audio/form_b.h"
+#include "spectrum/rack_place.h"
+
+namespace hmonitor {
+
+namespace {
+
+constexpr float kNewestPointUnit = 2.0f;
+
+}  // namespace
+
+Form_BandSCanner::Form_BandSCanner(Program& itsProgram)
+    : ProgramForm(itsProgram, "Form_BandSCanner") {
+    for (display::Option* option : {&Option_All, &Option_Pares, &Option_Impares, &Option_250Khz})
+        option->onClick = [this] { chooseOption(); };
+    Command3D1.onClick = [this] { Command3D1_Click(); };
+    CommandClose.onClick = [this] { CommandClose_Click(); };
+    SSCommand1.onClick = [this] { datePage(); };
+    HScroll1.onChange = [this] { showScrolled(); };
+    Timer1.onTick = [this] { takeFrame(); };
+    Graph1.tellCell = [this](int row, int column) { return tellCell(row, column); };
+    bindHandle(SSPanel1.onMouseDown, SSPanel1.onMouseMove, {this});
+}
+
+void Form_BandSCanner::onLoad() {
+    language = panelLanguage(desktop().userLanguageId());
+    hardwareVersion_ = 0;
+    levelOffset_ = 0;
+    sweepLimit_ = 0;
+    sweepStepKhz_ = 0;
+    stop_ = busy_ = unitAway_ = filling_ = closeAfterFill_ = false;
+
+    placeOverRack(*this, program);
+    showStored(takenForGranted(desktop(), ScanFile::read(program.files)));
+    program.Form_PrintBandScan->legend.hideUpper();
+    driver.HM_Parar();
+    driver.HM_getHardwareVersion(hardwareVersion_);
+    program.Form_B->cambfre();
+}
+
+void Form_BandSCanner::showStored(const std::vector<std::string>& levels) {
+    // In the cells of the odd channels, whichever choice wrote the file.
+    const ScanOption& odd = scanOption(ScanSpacing::Odd);
+    Graph1.columnCount(odd.columns);
+    twin().columnCount(odd.columns);
+    ScanWalk walk(odd.startColumn, odd.columns);
+    for (const std::string& level : levels) write(walk.next(), level);
+}
+
+ScanSpacing Form_BandSCanner::spacing() const {
+    if (Option_All.chosen) return ScanSpacing::All;
+    if (Option_Pares.chosen) return ScanSpacing::Even;
+    if (Option_250Khz.chosen) return ScanSpacing::Quarter;
+    return ScanSpacing::Odd;
+}
+
+const ScanOption& Form_BandSCanner::option() const {
+    return scanOption(spacing());
+}
+
+bool Form_BandSCanner::unitSweeps() const {
+    return hardwareVersion_ >= 1.7f && hardwareVersion_ < kNewestPointUnit;
+}
+
+display::Chart& Form_BandSCanner::twin() {
+    return program.Form_PrintBandScan->Graph1;
+}
+
+void Form_BandSCanner::write(const ScanCell& cell, std::string_view text) {
+    for (display::Chart* chart : {&Graph1, &twin()}) {
+        chart->row = cell.row;
+        chart->column = cell.column;
+        chart->data(text);
+    }
+}
+
+std::int32_t Form_BandSCanner::shownLevel(float level) const {
+    return floorWhole(level + static_cast<float>(valueOf(StationState.DbCorrection10) / 10));
+}
+
+std::string Form_BandSCanner::tellCell(int row, int column) const {
+    constexpr int kMhzAboveRow = 86;
+    const auto index = static_cast<std::size_t>(column - 1);
+    const auto& series = option().series;
+    const char* tenths =
+        index < series.size() ? series[index] : kUpperSeries[index % kUpperSeries.size()];
+    return shortText(kMhzAboveRow + row).append(tenths).str() +
+           " MHz: " + std::string(Graph1.dataAt(row, column)) + " dB";
+}
+
+void Form_BandSCanner::showOption(const ScanOption& chosen) {
+    for (int row = 1; row <= kScanRows; ++row) {
+        Graph1.row = row;
+        Graph1.rowLabel(SmallText("         ").append(rowMhz(chosen, row)));
+    }
+    // Row 1 alone: the band begins in the middle of it.
+    Graph1.row = 1;
+    Graph1.rowLabel(chosen.windowRow1);
+    Graph1.columnCount(chosen.columns);
+    legend.show(chosen);
+}
+
+void Form_BandSCanner::chooseOption() {
+    const ScanOption& chosen = option();
+    showOption(chosen);
+    program.Form_PrintBandScan->showOption(chosen);
+    if (unitSweeps()) {
+        fillFromSweep(chosen);
+    } else {
+        fillOneByOne(chosen);
+    }
+}
+
+void Form_BandSCanner::fillFromSweep(const ScanOption& chosen) {
+    const ScanChannels channels = optionChannels(chosen.spacing);
+    ScanWalk walk(chosen.startColumn, chosen.columns);
+    float level = 0;
+    for (int i = 0; i < channels.count(); ++i) {
+        const ScanCell cell = walk.next();
+        driver.HM_GetEspectro(channels.tenths(i), level);
+        write(cell, shortText(shownLevel(level)));
+    }
+}
+
+void Form_BandSCanner::fillOneByOne(const ScanOption& chosen) {
+    const ScanChannels channels = optionChannels(chosen.spacing);
+    ScanWalk walk(chosen.startColumn, chosen.columns);
+    stop_ = false;
+    closeAfterFill_ = false;
+    filling_ = true;
+    unitAway_ = true;
+    Command3D1.enabled = false;
+    {
+        const RunGuard guard(program, {&CommandClose, &HScroll1}, {this});
+        float level = 0;
+        for (int i = 0; i < channels.count() && !stop_; ++i) {
+            const ScanCell cell = walk.next();
+            if (driver.HM_Super(channels.tenths(i), level) != 0) break;
+            write(cell, shortText(shownLevel(level)));
+        }
+    }
+    Command3D1.enabled = true;
+    filling_ = false;
+    if (closeAfterFill_) close();
+}
+
+void Form_BandSCanner::closeRequested() {
+    CommandClose.press();
+}
+
+void Form_BandSCanner::CommandClose_Click() {
+    if (CommandClose.caption == "Wait") {
+        driver.HM_Parar();
+        // Heard by a run that is measured one by one; a sweep goes on, its own key stops it.
+        stop_ = true;
+        return;
+    }
+    if (filling_) {
+        // The window goes when the measurement that holds the thread has come back.
+        stop_ = true;
+        closeAfterFill_ = true;
+        return;
+    }
+    close();
+}
+
+void Form_BandSCanner::close() {
+    if (unitAway_) returnUnit();
+    program.enableRack();
+    unload();
+}
+
+void Form_BandSCanner::returnUnit() {
+    unitAway_ = false;
+    program.Form_B->GuardoModo_LR();
+    program.Form_B->cambfre();
+}
+
+void Form_BandSCanner::datePage() {
+    // The page keeps its date for when it can be shown.
+    program.Form_PrintBandScan->Label2.caption = longDate(desktop());
+}
+
+void Form_BandSCanner::showScrolled() {
+    constexpr float kRowWidth = 920;
+    constexpr float kMarginLeft = 280;
+    Graph1.left = -kRowWidth * static_cast<float>(HScroll1.value) - kMarginLeft;
+}
+
+}  // namespace hmonitor

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "analyses/form_d.h"
+#include "analyses/response_charts.h"
+#include "analyses/response_file.h"
+#include "core/panel_settings.h"
+#include "core/response_switch.h"
+#include "core/taken_for_granted.h"
+#include "panels/audio/form_b.h"
+#include "panels/modulation/form1.h"
+
+namespace hmonitor {
+
+void Form_D::respo() {
+    const auto pairs = ResponseFile(StationState.CurrentFreq).read(program.files);
+    if (!pairs || ResponseCurve::resultsIn(*pairs) == 0) {
+        resborra();
+        return;
+    }
+    showResponse(program, ResponseCurve::of(*pairs));
+}
+
+void Form_D::resborra() {
+    showResponse(program, ResponseCurve::empty());
+}
+
+void Form_D::turnSwitch() {
+    const Readings readings = driver.HM_Data();
+    if (Image5.picture == "OffA") {
+        switchOff();
+    } else {
+        arm(readings);
+    }
+    program.Form_B->cambfre();
+}
+
+void Form_D::switchOff() {
+    Image5.picture = "OffN";
+    StationState.ResponseState = "no";
+    StationState.ResponseAuto = "";
+    tellFault(desktop(), ResponseSwitch::off().write(program.files));
+    // What the unit has measured so far is taken all the same.
+    program.Form1->respolee();
+}
+
+void Form_D::arm(const Readings& atArming) {
+    const auto settings =
+        takenForGranted(desktop(), PanelSettings::read(program.files, PanelLine::ScannerOffset));
+    if (settings.line(PanelLine::AudioMode) != "0") {
+        // The tones are measured left and right.
+        program.Form_B->Image1.picture = "LyRA";
+        program.Form_B->Image2.picture = "LRN";
+        tellFault(desktop(), settings.with(PanelLine::AudioMode, "0").write(program.files));
+        driver.HM_Parar();
+        program.Form_B->cambfre();
+    }
+    Image5.picture = "OffA";
+    StationState.ResponseAuto = "si";
+    StationState.ResponseState = "si";
+    constexpr int kPilotError = 6;
+    constexpr int kPilotLevel = 7;
+    tellFault(desktop(),
+              ResponseSwitch::armed(atArming.output(kPilotError), atArming.output(kPilotLevel))
+                  .write(program.files));
+}
+
+}  // namespace hmonitor

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "analyses/form_dd3.h"
+
+#include "analyses/form7.h"
+#include "analyses/response_curve.h"
+#include "core/language.h"
+#include "core/long_date.h"
+#include "core/numbers.h"
+#include "spectrum/rack_place.h"
+
+namespace hmonitor {
+
+Form_Dd3::Form_Dd3(Program& itsProgram) : ProgramForm(itsProgram, "Form_Dd3") {
+    Command3D2.onClick = [this] { close(); };
+    SSCommand1.onClick = [this] { datePage(); };
+    Graph1.tellCell = [this](int row, int) { return ResponseCurve::tell(Graph1, row); };
+    bindHandle(Panel3D1.onMouseDown, Panel3D1.onMouseMove, {this});
+}
+
+void Form_Dd3::onLoad() {
+    language = panelLanguage(desktop().userLanguageId());
+}
+
+void Form_Dd3::activated() {
+    // It is loaded by the first tuning, before the rack has its place.
+    if (!placed_) placeOverRack(*this, program);
+    placed_ = true;
+}
+
+void Form_Dd3::closeRequested() {
+    Command3D2.press();
+}
+
+void Form_Dd3::close() {
+    program.enableRack();
+    hide();
+}
+
+void Form_Dd3::datePage() {
+    // The page keeps its date for when it can be shown.
+    program.Form7->Label2.caption = StationState.StationName.str() + " " +
+                                    longText(valueOf(StationState.MemoryFreq) / 10).str() +
+                                    " mhz  " + longDate(desktop());
+}
+
+}  // namespace hmonitor

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/program_form.h"
+#include "display/chart.h"
+#include "display/family.h"
+
+namespace hmonitor {
+
+/// The window of the audio frequency response. It is never unloaded, so its chart keeps the curve.
+class Form_Dd3 final : public ProgramForm {
+ public:
+    explicit Form_Dd3(Program& program);
+
+    void closeRequested() override;
+    void activated() override;
+
+    display::Panel Faceplate{*this, "Faceplate"};
+    display::Panel Panel3D1{*this, "Panel3D1"};  ///< moves the window
+    display::Label Label1{*this, "Label1"};
+    display::Panel ChartWell{*this, "ChartWell"};
+    display::Family<display::Label, 7> ScaleNumber{*this, "ScaleNumber"};
+    display::Label ScaleUnit{*this, "ScaleUnit"};
+    display::Label ToneUnit{*this, "ToneUnit"};
+    display::Chart Graph1{*this, "Graph1"};
+    display::Key SSCommand1{*this, "SSCommand1"};  ///< print page
+    display::Key Command3D2{*this, "Command3D2"};  ///< close
+
+ protected:
+    void layOut() override;
+    void onLoad() override;
+
+ private:
+    void close();
+    void datePage();
+
+    bool placed_ = false;  ///< has stood on the screen; from then on its place is the user's
+};
+
+}  // namespace hmonitor

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "analyses/response_curve.h"
+
+#include <array>
+
+#include "core/numbers.h"
+#include "display/chart.h"
+
+namespace hmonitor {
+
+namespace {
+
+constexpr std::array<ResponseCurve::Tone, ResponseCurve::kTones> kTestTones = {{
+    {30, "30"},
+    {125, "125"},
+    {400, "400"},
+    {1000, "1K"},
+    {4000, "4K"},
+    {8000, "8K"},
+    {12000, "12K"},
+    {15000, "15K"},
+}};
+
+// The two highest tones are in lower case here and nowhere else, which is wanted: it tells an empty
+// curve from a measured one at a glance.
+constexpr std::array<const char*, ResponseCurve::kTones> kEmptyLabels = {"30", "125", "400", "1K",
+                                                                         "4K", "8K",  "12k", "15k"};
+
+/// The chart's value of 0 dB.
+constexpr double kZeroDb = 15;
+
+SmallText dataOf(std::int32_t tenthsOfDb) {
+    return shortText(tenthsOfDb / 10. + kZeroDb);
+}
+
+}  // namespace
+
+int ResponseCurve::resultsIn(const ResponsePairs& pairs) {
+    int results = 0;
+    for (const std::int32_t frequency : pairs.frequency) results += frequency != 0;
+    return results;
+}
+
+ResponseCurve ResponseCurve::of(const ResponsePairs& pairs) {
+    ResponseCurve curve;
+    for (const Tone& tone : kTestTones) {
+        for (std::size_t pair = 0; pair < pairs.frequency.size(); ++pair) {
+            if (pairs.frequency[pair] != tone.hz) continue;
+            // A tone that was measured twice: its label goes to the row written last.
+            if (!curve.rows_.empty() && curve.rows_.back().label == tone.label)
+                curve.rows_.back().label = {};
+            curve.rows_.push_back({dataOf(pairs.level[pair]), tone.label});
+        }
+    }
+    return curve;
+}
+
+ResponseCurve ResponseCurve::empty() {
+    ResponseCurve curve;
+    for (const char* label : kEmptyLabels) curve.rows_.push_back({"10", label});
+    return curve;
+}
+
+void ResponseCurve::show(display::Chart& chart) const {
+    chart.column = 1;
+    for (std::size_t i = 0; i < rows_.size(); ++i) {
+        chart.row = static_cast<int>(i) + 1;
+        chart.data(rows_[i].data);
+        if (!rows_[i].label.empty()) chart.rowLabel(rows_[i].label);
+    }
+    chart.rowCount(static_cast<int>(rows_.size()));
+}
+
+std::string ResponseCurve::tell(const display::Chart& chart, int row) {
+    const double level = valueOf(chart.dataAt(row, 1)) - kZeroDb;
+    return std::string(chart.rowLabelAt(row)) + " Hz: " + mask("0.0", level).str() + " dB";
+}
+
+}  // namespace hmonitor

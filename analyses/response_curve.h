@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/driver.h"
+#include "core/small_text.h"
+
+namespace display {
+class Chart;
+}
+
+namespace hmonitor {
+
+/// A frequency response as a chart shows it: one row for each measured test tone, in the order of
+/// the tones.
+class ResponseCurve {
+ public:
+    /// One test tone of the sequence that the transmitter sends.
+    struct Tone {
+        int hz;
+        const char* label;
+    };
+    /// One row: its data, and its label, empty where it has none.
+    struct Row {
+        SmallText data;
+        std::string_view label;
+    };
+
+    static constexpr int kTones = 8;
+
+    /// The curve of measured pairs: a level of 0 dB stands at 15. Pairs may come in any order;
+    /// those whose frequency is no test tone are dropped. Of two pairs of one tone each has a row,
+    /// and the label stands with the second.
+    static ResponseCurve of(const ResponsePairs& pairs);
+
+    /// What stands where nothing was measured: flat at 10.
+    static ResponseCurve empty();
+
+    /// How many pairs carry a result at all, tones or not: those with a frequency.
+    static int resultsIn(const ResponsePairs& pairs);
+
+    const std::vector<Row>& rows() const { return rows_; }
+
+    /// Writes the rows into a chart and makes it as long as they are. Labels of rows that have none
+    /// stay as they were.
+    void show(display::Chart& chart) const;
+
+    /// What the pointer over a row of such a chart is told: the tone and its level in dB.
+    static std::string tell(const display::Chart& chart, int row);
+
+ private:
+    std::vector<Row> rows_;
+};
+
+}  // namespace hmonitor
