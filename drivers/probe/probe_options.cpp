@@ -40,7 +40,7 @@ class Reader {
         const std::string_view word = value(option);
         const auto read = numberIn(word);
         if (read && *read >= range.low && *read <= range.high) return *read;
-        fail(std::string(option) + " is \"" + std::string(word) + "\", but must be a number from " +
+        fail(std::string(option) + " is " + inQuotes(word) + ", but must be a number from " +
              decimalText(range.low, 3) + " to " + decimalText(range.high, 3) + ".");
         return range.low;
     }
@@ -112,10 +112,9 @@ Parsed parseArguments(std::span<const std::string_view> arguments) {
         } else if (words == 2 && what) {
             options.what = *what;
         } else if (words == 2) {
-            reader.fail("\"" + std::string(word) +
-                        "\" is none of readings, levels, sweep and response.");
+            reader.fail(inQuotes(word) + " is none of readings, levels, sweep and response.");
         } else {
-            reader.fail("\"" + std::string(word) + "\" is one word too many.");
+            reader.fail(inQuotes(word) + " is one word too many.");
         }
     }
     if (words == 0) reader.fail("Name the folder of the driver library; --help tells more.");

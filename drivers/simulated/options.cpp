@@ -53,8 +53,8 @@ Options readOptions(Settings& settings) {
     if (clock != "now") {
         options.clock = timeIn(clock);
         if (!options.clock) {
-            settings.addFault("clock", "is \"" + clock +
-                                           "\", but must be now or a time such as "
+            settings.addFault("clock", "is " + inQuotes(clock) +
+                                           ", but must be now or a time such as "
                                            "2026-03-04 22:59:50.");
         }
     }

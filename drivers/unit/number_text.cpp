@@ -34,6 +34,13 @@ std::optional<double> numberIn(std::string_view text) {
     return value;
 }
 
+std::string inQuotes(std::string_view text) {
+    std::string quoted(1, '"');
+    quoted += text;
+    quoted += '"';
+    return quoted;
+}
+
 std::string_view trimmed(std::string_view text) {
     constexpr std::string_view kBlank = " \t\r\n";
     const auto first = text.find_first_not_of(kBlank);

@@ -16,6 +16,9 @@ std::string decimalText(double value, int decimals);
 // else. Takes a sign, digits and one point; no exponent, no hexadecimal, no "inf".
 std::optional<double> numberIn(std::string_view text);
 
+// `text` in double quotes, as a sentence names what somebody wrote.
+std::string inQuotes(std::string_view text);
+
 // `text` without blanks, tabs and line ends around it.
 std::string_view trimmed(std::string_view text);
 

@@ -41,9 +41,11 @@ long ownProcess() {
 }
 
 fs::path unfinishedName(const fs::path& file) {
-    fs::path name = std::string(kHead);
-    name += file.filename();
-    name += "." + std::to_string(ownProcess()) + std::string(kTail);
+    std::string name(kHead);
+    name += file.filename().string();
+    name += '.';
+    name += std::to_string(ownProcess());
+    name += kTail;
     return file.parent_path() / name;
 }
 

@@ -19,10 +19,6 @@ std::string lowered(std::string_view text) {
     return result;
 }
 
-std::string inQuotes(std::string_view text) {
-    return "\"" + std::string(text) + "\"";
-}
-
 }  // namespace
 
 Settings Settings::read(const std::filesystem::path& file) {

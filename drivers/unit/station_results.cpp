@@ -54,13 +54,15 @@ std::string resultText(const std::optional<float>& stored, int decimals, const c
 }
 
 std::string twoDigits(int number) {
-    return (number < 10 ? "0" : "") + std::to_string(number);
+    std::string text(number < 10 ? 1 : 0, '0');
+    return text += std::to_string(number);
 }
 
 }  // namespace
 
 std::string frequencyKey(double frequency) {
-    return (frequency < 1000 ? "0" : "") + decimalText(frequency, 2);
+    std::string key(frequency < 1000 ? 1 : 0, '0');
+    return key += decimalText(frequency, 2);
 }
 
 StationResults::StationResults(double frequency) : frequency_(frequency) {}
