@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/display/qt/qt_bench.h"
+
+#include <QDir>
+#include <algorithm>
+
+namespace display::qt {
+
+namespace {
+
+/// One application for the whole run, as Qt wants it.
+QApplication& application() {
+    static int argc = 1;
+    static char name[] = "test_qt";
+    static char* argv[] = {name, nullptr};
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && qEnvironmentVariableIsEmpty("DISPLAY")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    static auto* app = [] {
+        QApplication::setHighDpiScaleFactorRoundingPolicy(
+            Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+        return new QApplication(argc, argv);
+    }();
+    return *app;
+}
+
+}  // namespace
+
+QtBench::QtBench() {
+    application();
+    int argc = 0;
+    desktop = std::make_unique<QtDesktop>(argc, nullptr);
+    sample = std::make_unique<test::SampleForm>(*desktop);
+}
+
+QtBench::~QtBench() = default;
+
+bool QtBench::until(const std::function<bool()>& holds) {
+    return QTest::qWaitFor(holds, 5000);
+}
+
+void QtBench::settle() {
+    QTest::qWait(80);
+}
+
+void QtBench::showSample() {
+    sample->show();
+    QWidget* window = view(*sample).window();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+    QApplication::setActiveWindow(window);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+    settle();
+    sample->heard.clear();
+}
+
+FormView& QtBench::view(const Form& form) {
+    FormView* shown = desktop->viewOf(form);
+    if (!shown) throw std::logic_error("not on the screen: " + form.name());
+    return *shown;
+}
+
+QWidget& QtBench::widget(const Control& control) {
+    QWidget* found = view(control.form()).widgetOf(control);
+    if (!found) throw std::logic_error("no widget for " + control.name());
+    return *found;
+}
+
+QPoint QtBench::middle(const Control& control) {
+    return view(control.form()).scale().snapped(control.boxOnForm()).center().toPoint();
+}
+
+void QtBench::keep(const Form& form, const QString& name) {
+    QDir().mkpath("pictures");
+    view(form).window()->grab().save("pictures/" + name + ".png");
+}
+
+int QtBench::times(std::string_view heard) const {
+    return static_cast<int>(std::ranges::count(sample->heard, heard));
+}
+
+}  // namespace display::qt
