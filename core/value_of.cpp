@@ -30,12 +30,11 @@ double valueOf(std::string_view text) {
     const std::size_t point = digitsFrom(text, start);
     std::size_t end = point;
     if (point < text.size() && text[point] == '.') end = digitsFrom(text, point + 1);
-    if (end == point + 1 && point == start) return 0;  // a point alone
 
     double value = 0;
     const auto result =
         std::from_chars(text.data() + start, text.data() + end, value, std::chars_format::fixed);
-    if (result.ec == std::errc::invalid_argument || value == 0) value = 0;
+    if (result.ec == std::errc::invalid_argument) return 0;  // no digit, or a point alone
     if (result.ec == std::errc::result_out_of_range || std::isinf(value)) {
         const bool large =
             text.substr(start, point - start).find_first_not_of('0') != std::string_view::npos;

@@ -146,6 +146,7 @@ TEST(TextLinesTest, EmptyLinesCount) {
 TEST(TextLinesTest, OtherBytesAreKept) {
     const std::string odd("\xF1\x81 \t\0\r x", 8);
     EXPECT_EQ(linesOf(odd + "\r\n"), (std::vector<std::string>{odd}));
+    EXPECT_EQ(linesOf("a\r\r\nb"), (std::vector<std::string>{"a\r", "b"}));
 }
 
 TEST(TextLinesTest, KnowsItsEnd) {
