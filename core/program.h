@@ -34,14 +34,14 @@ class Form_PrintBandScan;
 /// What all forms share: the desktop, the driver, the state of the station, the working folder,
 /// and a slot for each form.
 struct Program {
-    Program(display::Desktop& itsDesktop, DriverLibrary& library, Files& folder)
+    Program(display::Desktop& itsDesktop, DriverLibrary& library, const Files& folder)
         : desktop(itsDesktop), driver(library, itsDesktop), files(folder) {}
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
     display::Desktop& desktop;
     DriverDoor driver;
-    Files& files;
+    const Files& files;
     hmonitor::StationState StationState;
     ProgramWords words;
 

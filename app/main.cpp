@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QCoreApplication>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+
+#include "app/forms.h"
+#include "core/files.h"
+#include "core/folder_lock.h"
+#include "core/language.h"
+#include "core/loaded_driver.h"
+#include "display/qt/qt_desktop.h"
+#include "drivers/loader/loader.h"
+
+namespace {
+
+using hmonitor::DriverLibrary;
+
+/// The library of the program's folder, or one that answers nothing: then the program offers to go
+/// on without a unit, and what was wrong goes to standard error.
+std::unique_ptr<DriverLibrary> openDriver(const hm16::LoadResult& loaded) {
+    if (loaded.library) {
+        return std::make_unique<hmonitor::LoadedDriver>(loaded.library->functions());
+    }
+    std::fprintf(stderr, "hmonitor: %s\n", loaded.fault.c_str());
+    return std::make_unique<hmonitor::NoLibrary>();
+}
+
+void sayTaken(display::Desktop& desktop) {
+    const bool spanish =
+        hmonitor::dialogLanguage(desktop.userLanguageId()) == display::Language::Spanish;
+    desktop.messageBox({"HMonitor",
+                        spanish ? "HMonitor ya está en marcha en esta carpeta."
+                                : "HMonitor is already running in this folder.",
+                        display::BoxIcon::Information});
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    display::qt::QtDesktop desktop(argc, argv);
+
+    // The settings lie beside the program, wherever it was started from.
+    const std::filesystem::path folder = QCoreApplication::applicationDirPath().toStdString();
+    std::error_code notThere;
+    std::filesystem::current_path(folder, notThere);
+
+    const hmonitor::FolderLock lock(folder);
+    if (lock.isTakenByAnother()) {
+        return desktop.run([&desktop] {
+            sayTaken(desktop);
+            desktop.end();
+        });
+    }
+
+    const hmonitor::Files files(folder);
+    files.removeLeftovers();
+    const hm16::LoadResult loaded = hm16::Library::load(folder);
+    const std::unique_ptr<DriverLibrary> driver = openDriver(loaded);
+
+    hmonitor::Program program(desktop, *driver, files);
+    hmonitor::Forms forms(program);
+    desktop.rack({&forms.form1, &forms.formB, &forms.formC, &forms.formD, &forms.form3});
+    return desktop.run([&forms] { forms.formWaitLoad.show(); });
+}
