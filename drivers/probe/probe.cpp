@@ -49,7 +49,10 @@ int probe(const Options& options) {
     std::string fault = "No unit answers (hardware version 0).";
     if (version > 0) {
         driver.setSintoMode(0);
-        fault = hm16::probe::run(driver, options, std::cout);
+        // A library that measures a recording in a hurry lets itself be driven.
+        auto step = reinterpret_cast<HM16_StepFunction>(loaded.library->extra(HM16_STEP_NAME));
+        if (step != nullptr && step(0) != 0) step = nullptr;
+        fault = hm16::probe::run(driver, step, options, std::cout);
         if (options.report) printReport(*loaded.library);
     }
     driver.parar();

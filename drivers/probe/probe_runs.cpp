@@ -33,6 +33,36 @@ void waitFor(double seconds) {
     std::this_thread::sleep_for(std::chrono::duration<double>(seconds));
 }
 
+// Time as a run sees it: that of the wall, or that of the signal where the library can be driven.
+class RunClock {
+ public:
+    explicit RunClock(HM16_StepFunction step) : step_(step) {}
+
+    // Lets time pass until `seconds` after the start; false when the signal has ended before.
+    bool passUntil(double seconds) {
+        if (step_ == nullptr) {
+            std::this_thread::sleep_until(start_ + std::chrono::duration<double>(seconds));
+            return true;
+        }
+        const auto slots = std::lround(seconds / kSlotSeconds);
+        for (; slots_ < slots; ++slots_) {
+            if (step_(1) != 0) return false;
+        }
+        return true;
+    }
+
+    double seconds() const {
+        return step_ == nullptr ? secondsSince(start_) : static_cast<double>(slots_) * kSlotSeconds;
+    }
+
+ private:
+    static constexpr double kSlotSeconds = 0.05;
+
+    HM16_StepFunction step_;
+    Clock::time_point start_ = Clock::now();
+    long slots_ = 0;
+};
+
 std::array<float, 18> readAll(const HM16_Functions& driver) {
     std::array<float, 18> r{};
     driver.data(&r[0], &r[1], &r[2], &r[3], &r[4], &r[5], &r[6], &r[7], &r[8], &r[9], &r[10],
@@ -47,12 +77,13 @@ void tune(const HM16_Functions& driver, const Options& options, ResponseRun resp
                   options.sum ? 1 : 0, response == ResponseRun::Armed ? 1 : 0, options.log ? 1 : 0);
 }
 
-std::string runReadings(const HM16_Functions& driver, const Options& options, Csv& csv) {
+std::string runReadings(const HM16_Functions& driver, HM16_StepFunction step,
+                        const Options& options, Csv& csv) {
     tune(driver, options, ResponseRun::Off);
     csv.head(kReadingsHead);
-    const auto start = Clock::now();
+    RunClock clock(step);
     for (long look = 0; look * options.every <= options.seconds; ++look) {
-        std::this_thread::sleep_until(start + std::chrono::duration<double>(look * options.every));
+        if (!clock.passUntil(look * options.every)) break;
         const auto readings = readAll(driver);
         std::vector<double> line{look * options.every};
         line.insert(line.end(), readings.begin(), readings.end());
@@ -94,7 +125,8 @@ void writeFrame(const HM16_Functions& driver, const SweepRange& range, double se
     }
 }
 
-std::string runSweep(const HM16_Functions& driver, const Options& options, Csv& csv) {
+std::string runSweep(const HM16_Functions& driver, HM16_StepFunction step, const Options& options,
+                     Csv& csv) {
     const SweepRange range = rangeOf(options);
     float version = 0;
     driver.getHardwareVersion(&version);
@@ -108,6 +140,7 @@ std::string runSweep(const HM16_Functions& driver, const Options& options, Csv& 
     const auto start = Clock::now();
     long frames = 0;
     while (options.rounds == 0 || frames < options.rounds) {
+        if (step != nullptr && step(1) != 0) break;
         if (driver.tramaEspectroRecibida() != 0) {
             ++frames;
             writeFrame(driver, range, secondsSince(start), csv);
@@ -124,12 +157,13 @@ bool endMark(const std::array<float, 18>& readings) {
     return std::trunc(readings[5]) == kEndMarkError && std::trunc(readings[6]) == kEndMarkLevel;
 }
 
-std::string runResponse(const HM16_Functions& driver, const Options& options, Csv& csv) {
+std::string runResponse(const HM16_Functions& driver, HM16_StepFunction step,
+                        const Options& options, Csv& csv) {
     tune(driver, options, ResponseRun::Armed);
-    const auto start = Clock::now();
+    RunClock clock(step);
     bool ended = false;
-    while (!ended && secondsSince(start) < options.seconds) {
-        waitFor(options.every);
+    for (long look = 1; !ended && clock.seconds() < options.seconds; ++look) {
+        if (!clock.passUntil(look * options.every)) break;
         ended = endMark(readAll(driver));
     }
     driver.parar();
@@ -147,17 +181,18 @@ std::string runResponse(const HM16_Functions& driver, const Options& options, Cs
 
 }  // namespace
 
-std::string run(const HM16_Functions& driver, const Options& options, std::ostream& out) {
+std::string run(const HM16_Functions& driver, HM16_StepFunction step, const Options& options,
+                std::ostream& out) {
     Csv csv(out);
     switch (options.what) {
         case What::Readings:
-            return runReadings(driver, options, csv);
+            return runReadings(driver, step, options, csv);
         case What::Levels:
             return runLevels(driver, options, csv);
         case What::Sweep:
-            return runSweep(driver, options, csv);
+            return runSweep(driver, step, options, csv);
         case What::Response:
-            return runResponse(driver, options, csv);
+            return runResponse(driver, step, options, csv);
     }
     return "";
 }

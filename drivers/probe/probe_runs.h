@@ -5,12 +5,17 @@
 #include <string>
 
 #include "drivers/hm16.h"
+#include "drivers/hm16_report.h"
 #include "drivers/probe/probe_options.h"
 
 namespace hm16::probe {
 
 // Runs what the options ask for on a library that HM_Init has opened and writes the CSV to `out`.
 // Gives an empty text when it measured, else one sentence. Leaves the library in mode idle.
-std::string run(const HM16_Functions& driver, const Options& options, std::ostream& out);
+//
+// With `step`, time is that of the signal: instead of waiting, the library is asked to measure on,
+// as fast as it can. A recording that ends before the asked time ends the run.
+std::string run(const HM16_Functions& driver, HM16_StepFunction step, const Options& options,
+                std::ostream& out);
 
 }  // namespace hm16::probe

@@ -38,8 +38,7 @@ std::string ReceiverUnit::report() const {
             "\n";
     if (source_->badSamples() > 0)
         text += "samples that were no numbers: " + std::to_string(source_->badSamples()) + "\n";
-    if (!chain_) return text;
-    const Figures& figures = chain_->figures();
+    const Figures& figures = heard_;
     text += "tuned: " + inMhz(tuning_.frequency * 1e5) + (figures.carrier ? "" : ", no carrier") +
             (figures.stereo ? ", stereo" : "") +
             (figures.narrow ? ", narrow filter for a strong neighbour" : "") + "\n";

@@ -88,6 +88,7 @@ void ReceiverUnit::measure(const Tuning& tuning) {
     peaks_.clear();
     if (tuning.response == hm16::ResponseRun::Armed) tones_ = ResponseTones();
     chain_.reset();
+    heard_ = Figures();
     if (covered(hz)) {
         ChainSettings settings;
         settings.domain = source_->domain();
@@ -258,6 +259,7 @@ bool ReceiverUnit::measureStretch() {
         return whole;
     }
     chain_->push(stretch_);
+    heard_ = chain_->figures();
     if (!whole) {
         chain_.reset();
         publish();

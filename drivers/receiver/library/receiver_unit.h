@@ -89,6 +89,7 @@ class ReceiverUnit : public Unit {
 
     Tuning tuning_;
     std::unique_ptr<StationChain> chain_;
+    Figures heard_;  // the last that were measured, for the report
     std::size_t slots_ = 0;
     Ring peaks_{20};
     ResponseTones tones_;
