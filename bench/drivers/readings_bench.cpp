@@ -14,6 +14,8 @@ namespace {
 // The library tuned to a good station, its own thread at work, as the panels find it.
 struct Tuned {
     Tuned() : loaded(hm16::Library::load(std::filesystem::path(HM16_SIMULATED).parent_path())) {
+        // Results of the station go where the library is opened.
+        std::filesystem::current_path(std::filesystem::temp_directory_path());
         loaded.library->functions().init();
         loaded.library->functions().normal(985, 0, 0, 0, 0);
     }

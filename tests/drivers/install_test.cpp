@@ -154,4 +154,20 @@ TEST(Install, TheSettingsOfTheUnitAreTheOnesThatItHasWithoutThem) {
     lines("hm-16.ini");
 }
 
+TEST(Install, ThePageForLibraryWritersListsTheSameSettings) {
+    std::ifstream in(std::string(HMONITOR_SOURCE_DIR) + "/docs/driver.md");
+    const std::string page{std::istreambuf_iterator<char>(in), {}};
+    int settings = 0;
+    for (const std::string& line : lines("hm-16.ini")) {
+        const auto equals = line.find(" = ");
+        if (line.empty() || line.front() == ';') continue;
+        ASSERT_NE(equals, std::string::npos) << line;
+        const std::string row =
+            "| `" + line.substr(0, equals) + "` | " + line.substr(equals + 3) + " |";
+        EXPECT_THAT(page, testing::HasSubstr(row));
+        ++settings;
+    }
+    EXPECT_EQ(settings, 10);
+}
+
 }  // namespace
