@@ -86,21 +86,21 @@ void Chart::take(const Chart& other) {
 
 namespace {
 
-std::size_t seriesOf(int column) {
-    return static_cast<std::size_t>((column < 1 ? 0 : column - 1) % Chart::kSeries);
+std::size_t seriesOf(int series) {
+    return static_cast<std::size_t>((series < 1 ? 0 : series - 1) % Chart::kSeries);
 }
 
 }  // namespace
 
-void Chart::seriesColour(int column, Colour colour) {
-    Colour& held = colours_[seriesOf(column)];
+void Chart::seriesColour(int series, Colour colour) {
+    Colour& held = colours_[seriesOf(series)];
     if (held == colour) return;
     held = colour;
     touch();
 }
 
-Colour Chart::seriesColourAt(int column) const {
-    return colours_[seriesOf(column)];
+Colour Chart::seriesColourAt(int series) const {
+    return colours_[seriesOf(series)];
 }
 
 void Chart::resetKind() {

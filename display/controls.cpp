@@ -98,7 +98,7 @@ bool PictureBox::interactive() const {
 }
 
 void PictureBox::resetKind() {
-    drawing.clear();
+    drawing.reset();
 }
 
 void Key::resetKind() {
@@ -154,6 +154,7 @@ void Option::resetKind() {
 }
 
 void ListModel::clear() {
+    if (rows_.empty()) return;
     rows_.clear();
     selected_ = -1;
     owner_.touch();
@@ -208,6 +209,8 @@ void ScrollBar::range(int lowest, int highest, int page) {
     minimum = lowest;
     maximum = highest;
     pageStep = page;
+    // A range that leaves the value outside moves it to the nearer end.
+    value = value.value_.get();
 }
 
 void ScrollBar::drag(int position) {

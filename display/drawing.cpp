@@ -16,14 +16,15 @@ Mark& Drawing::add(Mark::Kind kind) {
 }
 
 void Drawing::dropCovered(const Mark& box) {
-    auto covered = [&box](const Mark& mark) {
-        if (mark.kind == Mark::Kind::Print) {
-            // How far a text reaches is the screen's to know; only a box over the whole canvas
-            // or over its line from the start to the far edge is certain to cover it.
-            return box.x1 <= mark.x1 && box.y1 <= mark.y1 && box.x2 >= mark.x2 && box.y2 >= mark.y2;
-        }
-        return box.x1 <= std::min(mark.x1, mark.x2) && box.x2 >= std::max(mark.x1, mark.x2) &&
-               box.y1 <= std::min(mark.y1, mark.y2) && box.y2 >= std::max(mark.y1, mark.y2);
+    // What reaches beyond the canvas is cut at its edge, and so is what a box has to cover: else a
+    // text near the right edge, whose end is a guess, would outlive every wipe.
+    const float right = outerWidth();
+    const float bottom = outerHeight();
+    auto covered = [&](const Mark& mark) {
+        auto [x1, x2] = std::minmax(mark.x1, mark.x2);
+        auto [y1, y2] = std::minmax(mark.y1, mark.y2);
+        return box.x1 <= std::max(x1, 0.f) && box.x2 >= std::min(x2, right) &&
+               box.y1 <= std::max(y1, 0.f) && box.y2 >= std::min(y2, bottom);
     };
     auto kept = std::remove_if(marks_.begin(), marks_.end(), covered);
     if (kept != marks_.end()) {
@@ -55,7 +56,7 @@ void Drawing::line(float x1, float y1, float x2, float y2) {
 }
 
 void Drawing::print(std::string_view text) {
-    // A character is at most as wide as its font is high.
+    // How far a text reaches is the screen's to know: no character is wider than its line is high.
     const float height = fontPoints * 20 / unit_ * 1.5f;
     Mark& mark = add(Mark::Kind::Print);
     mark.x1 = textX;
@@ -71,6 +72,17 @@ void Drawing::scale(float unit, float frame) {
     unit_ = unit;
     frame_ = frame;
     owner_.touch();
+}
+
+void Drawing::reset() {
+    clear();
+    foreground = kBlack;
+    textX = 0;
+    textY = 0;
+    bold = false;
+    fontName = "MS Sans Serif";
+    fontPoints = 8.25f;
+    lineWidth = 1;
 }
 
 void Drawing::clear() {

@@ -42,6 +42,8 @@ class Drawing final : public Canvas {
     void scale(float unit, float frame);
     float unit() const { return unit_; }
     void clear();
+    /// Clears it and puts the pens back, as before the first mark; the scale stays.
+    void reset();
 
     const std::vector<Mark>& marks() const { return marks_; }
     /// Counts up whenever marks were dropped, so that a screen knows to paint anew.

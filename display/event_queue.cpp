@@ -60,17 +60,28 @@ std::optional<Time> EventQueue::nextDue() const {
 
 bool EventQueue::passes(const Input& input) const {
     if (input.form && (!input.form->loaded() || !input.form->visible)) return false;
-    if (!modals_.empty() && input.form != modals_.back()) return false;
+    if (!modals_.empty() && input.form != modals_.back().form) return false;
     const bool ownWindow = input.kind == Input::Kind::Form;
     if (!ownWindow && input.form && !input.form->enabled) return false;
     if (input.control && (!input.control->shown() || !input.control->usable())) {
         return false;
     }
-    if (filters_.empty() || input.kind == Input::Kind::MoveWindow) return true;
-    const RunFilter& filter = filters_.back();
-    if (input.control)
-        return std::ranges::find(filter.controls, input.control) != filter.controls.end();
-    return std::ranges::find(filter.closable, input.form) != filter.closable.end();
+    const RunFilter* run = filter();
+    if (!run || input.kind == Input::Kind::MoveWindow || input.kind == Input::Kind::FormKey)
+        return true;
+    if (input.control) return hears(*input.control);
+    return std::ranges::find(run->closable, input.form) != run->closable.end();
+}
+
+const EventQueue::RunFilter* EventQueue::filter() const {
+    // What a run asks or reports in a modal form has to be answered, or the run never ends.
+    const std::size_t unfiltered = modals_.empty() ? 0 : modals_.back().runsBefore;
+    return filters_.size() > unfiltered ? &filters_.back() : nullptr;
+}
+
+bool EventQueue::hears(const display::Control& control) const {
+    const RunFilter* run = filter();
+    return !run || std::ranges::find(run->controls, &control) != run->controls.end();
 }
 
 void EventQueue::runInput(Input input) {

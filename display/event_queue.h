@@ -19,7 +19,8 @@ struct Input {
     enum class Kind {
         Control,     ///< acted on a control
         MoveWindow,  ///< dragged a window by a handle: passes during a run
-        Form         ///< closed, folded or unfolded a window, pressed a key of the form
+        Form,        ///< closed, folded or unfolded a window, asked for help
+        FormKey      ///< Enter or Escape: it acts if the key that it presses is heard (see hears)
     };
     Kind kind = Kind::Control;
     display::Form* form = nullptr;
@@ -68,12 +69,14 @@ class EventQueue {
     void runInputs();
 
     /// While a modal form stands, the others hear nothing.
-    void pushModal(const display::Form& form) { modals_.push_back(&form); }
+    void pushModal(const display::Form& form) { modals_.push_back({&form, filters_.size()}); }
     void popModal() { modals_.pop_back(); }
 
     void pushFilter(RunFilter filter) { filters_.push_back(std::move(filter)); }
     void popFilter() { filters_.pop_back(); }
     bool running() const { return !filters_.empty(); }
+    /// True unless a run stands that does not list the control.
+    bool hears(const display::Control& control) const;
 
     /// Forgets what waits for a form that goes away.
     void forget(const display::Form& form);
@@ -87,12 +90,18 @@ class EventQueue {
     void runInput(Input input);
     void runTimers(Time until);
     bool passes(const Input& input) const;
+    const RunFilter* filter() const;
 
     std::function<Time()> clock_;
     std::deque<Input> inputs_;
     std::vector<Timer*> timers_;
     std::vector<RunFilter> filters_;
-    std::vector<const display::Form*> modals_;
+    /// A modal form, and how many runs stood when it opened: those do not filter it.
+    struct Modal {
+        const display::Form* form;
+        std::size_t runsBefore;
+    };
+    std::vector<Modal> modals_;
     std::uint64_t nextOrder_ = 1;
     bool gateOpen_ = false;
     bool inPass_ = false;

@@ -21,6 +21,15 @@ void Hand::post(Form& form, std::function<void()> act) {
     desktop_.queue().post({Input::Kind::Form, &form, nullptr, std::move(act)});
 }
 
+namespace {
+
+/// Enter and Escape reach a key as a click on it does: not past a run that does not list it.
+void pressIfHeard(Key* key) {
+    if (key && key->form().desktop().queue().hears(*key)) key->press();
+}
+
+}  // namespace
+
 void Hand::press(Picture& key) {
     post(key, [&key] { run(key.onPress); });
 }
@@ -245,8 +254,8 @@ void Hand::enter(TextField& field) {
     post(field, [&field] {
         if (field.onEnter) {
             field.onEnter();
-        } else if (Key* key = field.form().defaultKey()) {
-            key->press();
+        } else {
+            pressIfHeard(field.form().defaultKey());
         }
     });
 }
@@ -272,15 +281,13 @@ void Hand::drop(ScrollBar& bar) {
 }
 
 void Hand::enter(Form& form) {
-    post(form, [&form] {
-        if (Key* key = form.enabled ? form.defaultKey() : nullptr) key->press();
-    });
+    desktop_.queue().post(
+        {Input::Kind::FormKey, &form, nullptr, [&form] { pressIfHeard(form.defaultKey()); }});
 }
 
 void Hand::escape(Form& form) {
-    post(form, [&form] {
-        if (Key* key = form.enabled ? form.cancelKey() : nullptr) key->press();
-    });
+    desktop_.queue().post(
+        {Input::Kind::FormKey, &form, nullptr, [&form] { pressIfHeard(form.cancelKey()); }});
 }
 
 void Hand::close(Form& form) {
