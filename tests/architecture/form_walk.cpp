@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/architecture/form_walk.h"
+
+#include <algorithm>
+#include <set>
+
+#include "display/chart.h"
+#include "display/controls.h"
+
+namespace hmonitor::test {
+
+using namespace display;
+
+namespace {
+
+/// Room that an edge may miss by: half a twip of rounding.
+constexpr float kSlack = 0.5f;
+
+/// What a walk has to know of each kind: where it stands in its container, and whether a hand on
+/// it reaches a handler.
+class Look final : public ControlVisitor {
+ public:
+    Box box;
+    bool handled = true;
+    bool handleOnly = false;
+
+    explicit Look(Control& control) {
+        box = {control.left, control.top, control.width, control.height};
+        control.accept(*this);
+    }
+
+    void visit(Label&) override {}
+    void visit(Line& line) override {
+        const auto [x1, x2] = std::minmax(line.x1.get(), line.x2.get());
+        const auto [y1, y2] = std::minmax(line.y1.get(), line.y2.get());
+        box = {x1, y1, x2 - x1, y2 - y1};
+    }
+    void visit(Shape&) override {}
+    void visit(Picture& key) override { handled = key.onClick || key.onRelease || key.onPress; }
+    void visit(Panel&) override {}
+    void visit(PictureBox& box_) override { handled = static_cast<bool>(box_.onDoubleClick); }
+    void visit(Key& key) override { handled = static_cast<bool>(key.onClick); }
+    // A field, a list or an option may be read when another key is pressed.
+    void visit(TextField&) override {}
+    void visit(CheckBox&) override {}
+    void visit(Option&) override {}
+    void visit(ComboBox&) override {}
+    void visit(ListBox&) override {}
+    void visit(ScrollBar& bar) override { handled = static_cast<bool>(bar.onChange); }
+    void visit(Tabs&) override { handleOnly = true; }
+    void visit(Chart&) override {}
+};
+
+class Walk {
+ public:
+    explicit Walk(const Form& form) : form_(form) {}
+
+    std::vector<std::string> faults() {
+        for (Control* control : form_.controls()) {
+            checkName(*control);
+            checkPlace(*control);
+            if (control->interactive()) checkKey(*control);
+        }
+        checkOverlaps();
+        return std::move(faults_);
+    }
+
+ private:
+    void fault(const Control& control, const std::string& what) {
+        faults_.push_back(form_.name() + "." + control.name() + " " + what);
+    }
+
+    void checkName(const Control& control) {
+        if (control.name().empty()) fault(control, "has no name");
+        if (!names_.insert(control.name()).second) fault(control, "has a name that stands twice");
+    }
+
+    void checkPlace(Control& control) {
+        if (control.timesPlaced != 1) {
+            fault(control, "is placed " + std::to_string(control.timesPlaced) + " times");
+            return;
+        }
+        const Box box = Look(control).box;
+        const Panel* in = control.container;
+        const float unit = in ? in->unit.get() : 1;
+        const float width = (in ? in->width.get() : form_.width.get()) / unit;
+        const float height = (in ? in->height.get() : form_.height.get()) / unit;
+        if (box.left < -kSlack || box.top < -kSlack || box.right() > width + kSlack ||
+            box.bottom() > height + kSlack) {
+            fault(control, "reaches out of " + (in ? in->name() : std::string("its form")));
+        }
+    }
+
+    void checkKey(Control& control) {
+        if (!Look(control).handled) fault(control, "has no handler");
+        if (*control.says.spanish == 0) fault(control, "has no accessible name in Spanish");
+        if (*control.says.english == 0) fault(control, "has no accessible name in English");
+        if (control.width <= 0 || control.height <= 0) fault(control, "has no size");
+    }
+
+    static bool overlap(const Box& a, const Box& b) {
+        return a.left + kSlack < b.right() && b.left + kSlack < a.right() &&
+               a.top + kSlack < b.bottom() && b.top + kSlack < a.bottom();
+    }
+
+    /// Keys of two pages of a tab row never show together; the row itself lies around its pages.
+    static bool mayMeet(Control& a, Control& b) {
+        return a.interactive() && b.interactive() && a.shown() && b.shown() &&
+               !Look(a).handleOnly && !Look(b).handleOnly;
+    }
+
+    void checkOverlaps() {
+        const auto& controls = form_.controls();
+        for (std::size_t i = 0; i < controls.size(); ++i) {
+            for (std::size_t j = i + 1; j < controls.size(); ++j) {
+                if (mayMeet(*controls[i], *controls[j]) &&
+                    overlap(controls[i]->boxOnForm(), controls[j]->boxOnForm())) {
+                    fault(*controls[i], "overlaps " + controls[j]->name());
+                }
+            }
+        }
+    }
+
+    const Form& form_;
+    std::set<std::string> names_;
+    std::vector<std::string> faults_;
+};
+
+}  // namespace
+
+std::vector<std::string> faultsOf(const Form& form) {
+    return Walk(form).faults();
+}
+
+}  // namespace hmonitor::test

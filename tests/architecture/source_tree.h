@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace hmonitor::test {
+
+/// A source file of the tree, by its path from the top, with its lines.
+struct SourceFile {
+    std::string path;
+    std::vector<std::string> lines;
+
+    bool isHeader() const { return path.ends_with(".h"); }
+    bool isUnder(std::string_view folder) const {
+        return path.starts_with(std::string(folder) + "/");
+    }
+    /// "path:line", as compilers point at it.
+    std::string at(std::size_t index) const { return path + ":" + std::to_string(index + 1); }
+};
+
+/// Every C and C++ file of the tree's own folders, in the order of their paths.
+inline std::vector<SourceFile> sourceFiles() {
+    namespace fs = std::filesystem;
+    const fs::path top = HMONITOR_SOURCE_DIR;
+    std::vector<SourceFile> files;
+    for (const char* folder :
+         {"app", "startup", "core", "panels", "tuner", "analyses", "performance", "spectrum",
+          "analyzer", "display", "drivers", "tests", "bench"}) {
+        if (!fs::exists(top / folder)) continue;
+        for (const auto& entry : fs::recursive_directory_iterator(top / folder)) {
+            const std::string ending = entry.path().extension().string();
+            if (ending != ".h" && ending != ".cpp" && ending != ".c") continue;
+            SourceFile file{fs::relative(entry.path(), top).generic_string(), {}};
+            std::ifstream in(entry.path());
+            for (std::string line; std::getline(in, line);) file.lines.push_back(line);
+            files.push_back(std::move(file));
+        }
+    }
+    std::ranges::sort(files, {}, &SourceFile::path);
+    return files;
+}
+
+}  // namespace hmonitor::test

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gtest/gtest.h>
+
+#include <regex>
+#include <set>
+#include <string>
+
+#include "tests/architecture/source_tree.h"
+
+namespace hmonitor::test {
+namespace {
+
+constexpr std::size_t kMostLines = 500;
+
+TEST(Sources, BeginWithTheirLicence) {
+    for (const SourceFile& file : sourceFiles()) {
+        ASSERT_FALSE(file.lines.empty()) << file.path;
+        EXPECT_NE(file.lines[0].find("SPDX-License-Identifier: GPL-3.0-or-later"),
+                  std::string::npos)
+            << file.at(0);
+    }
+}
+
+TEST(Sources, AreShort) {
+    for (const SourceFile& file : sourceFiles()) {
+        EXPECT_LE(file.lines.size(), kMostLines) << file.path;
+    }
+}
+
+TEST(Sources, AreNamedForWhatTheyHold) {
+    static const std::regex kEmptyName(R"((^|_)(utils?|helpers?|managers?|common|misc)(_|$))");
+    for (const SourceFile& file : sourceFiles()) {
+        const std::string name = std::filesystem::path(file.path).stem().string();
+        EXPECT_FALSE(std::regex_search(name, kEmptyName)) << file.path;
+    }
+}
+
+TEST(Headers, AreReadOnce) {
+    for (const SourceFile& file : sourceFiles()) {
+        if (!file.isHeader()) continue;
+        // The C interface is for any compiler: it guards itself by name.
+        const bool cInterface = file.path.starts_with("drivers/hm16");
+        const bool guarded = std::ranges::any_of(file.lines, [&](const std::string& line) {
+            return cInterface ? line.starts_with("#ifndef HM16_") : line == "#pragma once";
+        });
+        EXPECT_TRUE(guarded) << file.path;
+    }
+}
+
+/// Folders whose numbers reach a person or a file by the rules of core/numbers.h.
+bool isProgram(const SourceFile& file) {
+    for (const char* apart : {"tests", "bench", "drivers", "display/qt"}) {
+        if (file.isUnder(apart)) return false;
+    }
+    return true;
+}
+
+std::string withoutComment(const std::string& line) {
+    return line.substr(0, line.find("//"));
+}
+
+bool formatsOnItsOwn(const std::string& line) {
+    static const std::regex kCalls(
+        R"(\b(printf|fprintf|sprintf|snprintf|strtod|strtof|atof|stod|stof|lround|nearbyint)\s*\(|std::(round|to_string)\s*\()");
+    return std::regex_search(withoutComment(line), kCalls);
+}
+
+TEST(Numbers, AreFormattedParsedAndRoundedByTheNumberRulesOnly) {
+    // Whole numbers in names of elements ("Line(3)") and of files, and a fault on standard error:
+    // no figures.
+    const std::set<std::string> namesElements = {"app/main.cpp",          "core/files.cpp",
+                                                 "core/rewrite_file.cpp", "core/segment_digit.cpp",
+                                                 "display/family.h",      "tuner/numbered_keys.h"};
+    for (const SourceFile& file : sourceFiles()) {
+        if (!isProgram(file) || namesElements.contains(file.path)) continue;
+        for (std::size_t i = 0; i < file.lines.size(); ++i) {
+            EXPECT_FALSE(formatsOnItsOwn(file.lines[i])) << file.at(i) << ": " << file.lines[i];
+        }
+    }
+}
+
+TEST(Numbers, CallsAreToldFromComments) {
+    EXPECT_TRUE(formatsOnItsOwn("x = std::round(y);"));
+    EXPECT_TRUE(formatsOnItsOwn("std::snprintf (b, 3, f);"));
+    EXPECT_FALSE(formatsOnItsOwn("// never std::round(y)"));
+    EXPECT_FALSE(formatsOnItsOwn("around(y); Stroke::Round(2);"));
+}
+
+}  // namespace
+}  // namespace hmonitor::test
