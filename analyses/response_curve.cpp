@@ -30,7 +30,8 @@ constexpr std::array<const char*, ResponseCurve::kTones> kEmptyLabels = {"30", "
 constexpr double kZeroDb = 15;
 
 SmallText dataOf(std::int32_t tenthsOfDb) {
-    return shortText(tenthsOfDb / 10. + kZeroDb);
+    // In tenths up to the last step: the sum of two rounded figures would show its error as text.
+    return shortText((tenthsOfDb + 10 * kZeroDb) / 10);
 }
 
 }  // namespace
