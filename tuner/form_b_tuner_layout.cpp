@@ -17,6 +17,9 @@ constexpr float kGap = 110;
 constexpr float kKeyWidth = (kWidth - 2 * kLeft - 2 * kGap) / 3;
 constexpr float kKeyHeight = 460;
 
+/// What the screen reader says of the digit keys.
+constexpr const char* kFigures[] = {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9"};
+
 /// The box of the key in a row and column of the pad, both from 0.
 display::Box padBox(int row, int column) {
     return {kLeft + static_cast<float>(column) * (kKeyWidth + kGap),
@@ -47,12 +50,14 @@ void Form_bTuner::layOut() {
     for (int digit = 1; digit <= digits.count(); ++digit) {
         Key& key = digits[digit];
         place(key, padBox((digit - 1) / 3, (digit - 1) % 3)).caption = wholeText(digit);
+        key.says = {kFigures[digit], kFigures[digit]};
         key.tabIndex = ++tab;
     }
     place(SSCommand11, padBox(3, 0)).caption = "Cls";
     SSCommand11.says = {"Borrar los dígitos", "Clear the digits"};
     SSCommand11.tip = {"Borra los dígitos", "Clears the digits"};
     place(SSCommand13, padBox(3, 1)).caption = "0";
+    SSCommand13.says = {kFigures[0], kFigures[0]};
     place(SSCommand10, padBox(3, 2)).caption = "Enter";
     SSCommand10.says = {"Sintonizar", "Tune"};
     SSCommand10.tip = {"Sintoniza la frecuencia", "Tunes the frequency"};

@@ -69,10 +69,7 @@ void checkSpoken(Form& form) {
         form.language = language;
         for (Control* control : form.controls()) {
             if (!control->interactive()) continue;
-            auto* key = dynamic_cast<display::Key*>(control);
-            const bool speaks =
-                !control->spokenName().empty() || (key != nullptr && !key->caption.empty());
-            EXPECT_TRUE(speaks) << control->name();
+            EXPECT_FALSE(control->spokenName().empty()) << control->name();
         }
     }
 }
