@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "analyses/form_d.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/support/rack_bench.h"
+
+namespace hmonitor::test {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::Each;
+using testing::ElementsAre;
+using testing::SizeIs;
+
+std::vector<std::string> captions(const Form_D& form) {
+    return {form.Label_SpectrumAnalyzer.caption.get(), form.Label_bandScanner.caption.get(),
+            form.Label_FrequencyResponse.caption.get(), form.Label_OnAirPerformance.caption.get()};
+}
+
+/// Bars of the thumbnail: filled boxes in the trace colour.
+int bars(const Form_D& form) {
+    int count = 0;
+    for (const display::Mark& mark : form.PictureGraph1.drawing.marks())
+        count += mark.kind == display::Mark::Kind::Filled && mark.colour.bgr == 16754077;
+    return count;
+}
+
+std::vector<bool> enabledPanels(const RackBench& bench) {
+    std::vector<bool> enabled;
+    for (const display::Form* panel : bench.program.rack) enabled.push_back(panel->enabled);
+    return enabled;
+}
+
+TEST(AnalysesPanel, IsEnglishOnAnEnglishSystem) {
+    RackBench bench;
+    bench.start();
+    EXPECT_THAT(captions(bench.formD), ElementsAre("Spectrum analyzer", "Band scanner",
+                                                   "Frequency response", "On-Air performance"));
+}
+
+TEST(AnalysesPanel, IsSpanishOnSpanishAndPortugueseSystems) {
+    for (const int language : {RackBench::kSpanish, RackBench::kPortuguese}) {
+        RackBench bench(language);
+        bench.start();
+        EXPECT_THAT(captions(bench.formD),
+                    ElementsAre("Analizador de espectro", "Scanner de banda",
+                                "Respuesta a frecuencia", "Performance On-Air"));
+    }
+}
+
+TEST(AnalysesPanel, ItsLoadMeasuresTheFirstSpectrumInTheMiddleOfTheStart) {
+    RackBench bench;
+    bench.driver.noteData = true;
+    bench.start();
+    std::vector<std::string> wanted{
+        "HM_Init",  "HM_getHardwareVersion",      "HM_Data", "HM_Parar", "HM_getHardwareVersion",
+        "HM_Parar", "HM_Normal(875, 0, 0, 0, 0)", "HM_Parar"};
+    for (int i = 0; i < 17; ++i)
+        wanted.push_back("HM_Super(" + shortText(873 + 0.25 * i).str() + ")");
+    wanted.insert(wanted.end(), {"HM_Parar", "HM_Normal(875, 0, 0, 0, 0)", "HM_setSintoMode(0)",
+                                 "HM_Parar", "HM_Normal(981, 0, 0, 0, 0)"});
+    // Readings that the panels' own refresh takes after each tuning are none of the order.
+    std::vector<std::string> calls = bench.takeCalls();
+    bool first = true;
+    std::erase_if(calls, [&first](const std::string& call) {
+        if (call != "HM_Data") return false;
+        return !std::exchange(first, false);
+    });
+    EXPECT_EQ(calls, wanted);
+}
+
+TEST(AnalysesPanel, AMissingScanFileEndsTheProgramWithItsName) {
+    RackBench bench;
+    bench.remove("scan.dat");
+    bench.desktop.answerEveryBox = true;
+    bench.start();
+    ASSERT_THAT(bench.desktop.boxes, SizeIs(1));
+    EXPECT_EQ(bench.desktop.boxes[0].text, "File not found: scan.dat");
+    EXPECT_TRUE(bench.desktop.ended());
+}
+
+TEST(AnalysesPanel, DoorsShowTheirPressedPictureDisableTheRackAndOpen) {
+    struct Door {
+        display::Picture Form_D::*key;
+        const char* form;
+    };
+    const Door doors[] = {{&Form_D::Image1, "FormD1a"},
+                          {&Form_D::Image2, "Form_BandSCanner"},
+                          {&Form_D::Image3, "Form_Dd3"}};
+    for (const Door& door : doors) {
+        RackBench bench;
+        bench.start();
+        display::Picture& key = bench.formD.*door.key;
+        EXPECT_EQ(key.picture, "OpenN");
+        bench.hand.press(key);
+        bench.desktop.settle();
+        EXPECT_EQ(key.picture, "OpenA");
+        EXPECT_THAT(enabledPanels(bench), Each(true));
+        bench.hand.release(key);
+        bench.desktop.settle();
+        EXPECT_EQ(key.picture, "OpenN") << door.form;
+        EXPECT_THAT(enabledPanels(bench), Each(false)) << door.form;
+        EXPECT_TRUE(bench.desktop.find(door.form)->visible) << door.form;
+    }
+}
+
+TEST(AnalysesPanel, AReleaseOutsideTheKeyOpensNothing) {
+    RackBench bench;
+    bench.start();
+    bench.hand.press(bench.formD.Image2);
+    bench.hand.cancel(bench.formD.Image2);
+    bench.desktop.settle();
+    EXPECT_EQ(bench.formD.Image2.picture, "OpenN");
+    EXPECT_THAT(enabledPanels(bench), Each(true));
+    EXPECT_FALSE(bench.forms.formBandSCanner.loaded());
+}
+
+TEST(AnalysesPanel, TheLogKeyHasPicturesOfItsOwn) {
+    RackBench bench;
+    bench.start();
+    EXPECT_EQ(bench.formD.Image4.picture, "LogN");
+    bench.hand.press(bench.formD.Image4);
+    bench.desktop.settle();
+    EXPECT_EQ(bench.formD.Image4.picture, "LogA");
+    bench.hand.release(bench.formD.Image4);
+    bench.desktop.settle();
+    EXPECT_EQ(bench.formD.Image4.picture, "LogN");
+}
+
+TEST(AnalysesPanel, TheZoomKeySaysItsTip) {
+    RackBench bench;
+    bench.start();
+    EXPECT_STREQ(bench.formD.Image6.tip.english, "'Spectral Zoom' Analyzer");
+    EXPECT_STREQ(bench.formD.Image6.tip.spanish, "'Spectral Zoom' Analyzer");
+}
+
+TEST(AnalysesPanel, ADoubleClickOnTheThumbnailOpensTheChannelSpectrum) {
+    RackBench bench;
+    bench.start();
+    bench.forms.formD1.closeRequested();
+    EXPECT_FALSE(bench.forms.formD1.visible);
+    bench.hand.doubleClick(bench.formD.PictureGraph1);
+    bench.desktop.settle();
+    EXPECT_TRUE(bench.forms.formD1.visible);
+    EXPECT_THAT(enabledPanels(bench), Each(false));
+}
+
+TEST(Thumbnail, ShowsTheStoredSpectrumOfTheTunedFrequency) {
+    RackBench bench;
+    bench.start();
+    bench.write("0981.spc", lines({"3", "25", "98.0", "40", "0", "60", ""}));
+    bench.formB.cambfre();
+    EXPECT_EQ(bars(bench.formD), 3);
+}
+
+TEST(Thumbnail, IsEmptyWithoutAFile) {
+    RackBench bench;
+    bench.start();
+    bench.write("0981.spc", lines({"3", "25", "98.0", "40", "0", "60", ""}));
+    bench.formD.spect();
+    bench.state.CurrentFreq = "982";
+    bench.formD.spect();
+    EXPECT_EQ(bars(bench.formD), 0);
+}
+
+TEST(Thumbnail, LooksForAZeroBeforeFrequenciesUnderAThousand) {
+    RackBench bench;
+    bench.start();
+    const std::pair<const char*, const char*> names[] = {{"875", "0875.spc"},
+                                                         {"875.5", "0875.5.spc"},
+                                                         {"1025.5", "1025.5.spc"},
+                                                         {"1000", "1000.spc"}};
+    for (const auto& [frequency, name] : names) {
+        bench.write(name, lines({"2", "25", "1", "10", "20", ""}));
+        bench.state.CurrentFreq = frequency;
+        bench.formD.spect();
+        EXPECT_EQ(bars(bench.formD), 2) << name;
+        bench.remove(name);
+    }
+}
+
+TEST(Thumbnail, DrawsWhatIsThereOfATornFile) {
+    RackBench bench;
+    bench.start();
+    bench.write("0981.spc", "17\r\n25\r\n97.85\r\n40\r\n30");
+    bench.formD.spect();
+    EXPECT_EQ(bars(bench.formD), 2);
+}
+
+TEST(Thumbnail, IsEmptyWhereTheCountIsNone) {
+    RackBench bench;
+    bench.start();
+    for (const char* count : {"0", "-1", "abc", ""}) {
+        bench.write("0981.spc", lines({count, "25", "98.0", "40", "0", "60", ""}));
+        bench.formD.spect();
+        EXPECT_EQ(bars(bench.formD), 0) << count;
+    }
+}
+
+TEST(OnAirFigures, AnEditOfAFieldGoesBackWithinAMinute) {
+    RackBench bench;
+    bench.start();
+    EXPECT_EQ(bench.formD.Text1.text, "1.000");
+    EXPECT_EQ(bench.formD.Text2.text, "100");
+    EXPECT_EQ(bench.formD.Text3.text, "2");
+    EXPECT_EQ(bench.formD.Text4.text, "90");
+    bench.hand.edit(bench.formD.Text2, "55");
+    bench.desktop.settle();
+    EXPECT_EQ(bench.formD.Text2.text, "55");
+    bench.advance(60s);
+    EXPECT_EQ(bench.formD.Text2.text, "100");
+}
+
+}  // namespace
+}  // namespace hmonitor::test
