@@ -28,7 +28,9 @@ class Form_D1 final : public ProgramForm {
     display::Panel Faceplate{*this, "Faceplate"};
     display::Panel SSPanel1{*this, "SSPanel1"};  ///< the handle of the window
     display::Label Label1{*this, "Label1"};
+    display::Panel Sheet1{*this, "Sheet1"};
     display::PictureBox Picture1{*this, "Picture1"};  ///< bars
+    display::Panel Sheet2{*this, "Sheet2"};
     display::PictureBox Picture2{*this, "Picture2"};  ///< values
     display::Key Command3D1{*this, "Command3D1"};     ///< asks for a new run
     display::Key Command3D2{*this, "Command3D2"};     ///< closes, but for a run in work

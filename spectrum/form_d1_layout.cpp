@@ -21,8 +21,11 @@ void Form_D1::layOut() {
     place(SSPanel1, {0, 0, width, look::kTitleStrip});
     place(Label1, look::titleBox(width)).caption = "Channel Spectrum";
     Label1.font = look::kTitle;
+    place(Sheet1, {look::kWindowMargin, kTop, kBars, kHeight}).surface = display::Surface::Sheet;
     place(Picture1, {look::kWindowMargin, kTop, kBars, kHeight});
     Picture1.says = {"Espectro del canal", "Channel spectrum"};
+    place(Sheet2, {2 * look::kWindowMargin + kBars, kTop, kTable, kHeight}).surface =
+        display::Surface::Sheet;
     place(Picture2, {2 * look::kWindowMargin + kBars, kTop, kTable, kHeight});
     Picture2.says = {"Valores en dB bajo la portadora", "Values in dB below the carrier"};
     // Six characters of an offset must end before the values begin.

@@ -30,6 +30,7 @@ class FormD1a final : public ProgramForm {
     display::Panel Faceplate{*this, "Faceplate"};
     display::Panel SSPanel1{*this, "SSPanel1"};  ///< the handle of the window
     display::Label Heading{*this, "Heading"};
+    display::Panel Sheet1{*this, "Sheet1"};
     display::PictureBox Picture1{*this, "Picture1"};
     display::Key Command3D1{*this, "Command3D1"};  ///< runs and stops
     display::Key Command3D2{*this, "Command3D2"};  ///< closes

@@ -19,6 +19,7 @@ void FormD1a::layOut() {
     place(SSPanel1, {0, 0, width, look::kTitleStrip});
     place(Heading, look::titleBox(width)).caption = "Modulation Bandwidth";
     Heading.font = look::kTitle;
+    place(Sheet1, {look::kWindowMargin, kTop, kGraph, kHeight}).surface = display::Surface::Sheet;
     place(Picture1, {look::kWindowMargin, kTop, kGraph, kHeight});
     Picture1.says = {"Curva del ancho de banda de modulación", "Modulation bandwidth curve"};
 
