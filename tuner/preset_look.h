@@ -13,7 +13,7 @@ inline constexpr float kWide = 7700;
 
 /// Keys of memories that hold a station, and of empty ones.
 inline constexpr display::Colour kStored = display::kWhite;
-inline constexpr display::Colour kEmpty{0xc6b28f};
+inline constexpr display::Colour kEmpty{0xeab274};
 
 /// A lit segment of the memory's number.
 inline constexpr display::Colour kDigit{0x2f2fff};
