@@ -61,6 +61,7 @@ void Form_D::onLoad() {
 void Form_D::sayInPanelLanguage() {
     language = panelLanguage(desktop().userLanguageId());
     if (language == display::Language::Spanish) return;
+    Heading.caption = "ANALYSES";
     Label_SpectrumAnalyzer.caption = "Spectrum analyzer";
     Label_bandScanner.caption = "Band scanner";
     Label_FrequencyResponse.caption = "Frequency response";

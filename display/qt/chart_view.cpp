@@ -13,15 +13,8 @@ namespace display::qt {
 
 namespace {
 
-constexpr QRgb kSeries[] = {0xff5aa5ff, 0xff00d8d8, 0xfff5a50a, 0xff6fdc6f};
-
-QColor seriesColour(int column) {
-    return QColor(kSeries[(column - 1) % 4]);
-}
-
-double valueAt(const Chart& chart, int row, int column) {
-    return qText(chart.dataAt(row, column)).trimmed().toDouble();
-}
+/// Share of a row that its bars fill; the rest parts it from its neighbours.
+constexpr double kRowFill = 0.84;
 
 }  // namespace
 
@@ -35,50 +28,78 @@ ChartView::ChartView(Chart& chart, QWidget* parent)
 
 void ChartView::dress() {
     plot_->setBackground(QBrush(QColor(kWellBottom)));
-    plot_->axisRect()->setBackground(QBrush(QColor(kWellTop)));
+    plot_->axisRect()->setBackground(Qt::NoBrush);
+    // The insets of the chart alone say where the plot lies.
+    plot_->axisRect()->setAutoMargins(QCP::msNone);
+    plot_->plotLayout()->setMargins(QMargins(0, 0, 0, 0));
     const QPen line{QColor(kWellRim)};
-    const QPen grid{QColor(0x24, 0x2b, 0x33), 0, Qt::DotLine};
     for (QCPAxis* axis : {plot_->xAxis, plot_->yAxis}) {
         axis->setBasePen(line);
-        axis->setTickPen(line);
+        axis->setTickPen(Qt::NoPen);
         axis->setSubTickPen(Qt::NoPen);
         axis->setTickLabelColor(QColor(kText));
-        axis->setTickLabelFont(Faces::get().font(11, Weight::Normal));
-        axis->grid()->setPen(grid);
+        axis->grid()->setPen(line);
         axis->grid()->setZeroLinePen(line);
     }
-    plot_->xAxis->grid()->setVisible(false);
+    plot_->yAxis->setTickLabels(false);
+}
+
+double ChartView::scale() const {
+    return chart_.width > 0 ? width() / double{chart_.width} : 0;
+}
+
+double ChartView::barWidth() const {
+    return kRowFill / std::max(chart_.columnCount(), 1);
+}
+
+QColor ChartView::colourOf(int column) const {
+    const Colour colour = chart_.seriesColourAt(column);
+    return {colour.red(), colour.green(), colour.blue()};
 }
 
 void ChartView::resizeEvent(QResizeEvent*) {
     plot_->setGeometry(rect());
+    layOut();
+}
+
+void ChartView::layOut() {
+    const Chart::Insets insets = chart_.insets;
+    const auto pixels = [this](float units) { return qRound(units * scale()); };
+    plot_->axisRect()->setMargins(QMargins(pixels(insets.left), pixels(insets.top),
+                                           pixels(insets.right), pixels(insets.bottom)));
+    constexpr double kLabelUnits = 110;
+    plot_->xAxis->setTickLabelFont(Faces::get().font(kLabelUnits * scale(), Weight::Normal));
 }
 
 void ChartView::labelRows() {
     QSharedPointer<QCPAxisTickerText> ticker(new QCPAxisTickerText);
     const int rows = chart_.rowCount();
-    const int every = std::max(1, rows * 34 / std::max(width(), 1));
-    for (int row = 1; row <= rows; row += every) {
-        ticker->addTick(row, qText(chart_.rowLabelAt(row)));
-    }
+    for (int row = 1; row <= rows; ++row) ticker->addTick(row, qText(chart_.rowLabelAt(row)));
     plot_->xAxis->setTicker(ticker);
-    plot_->xAxis->setRange(0.4, rows + 0.6);
+    plot_->xAxis->setRange(0.5, rows + 0.5);
     plot_->yAxis->setRange(chart_.lowest, chart_.highest);
+    const bool lines = chart_.gridStep > 0;
+    plot_->yAxis->grid()->setVisible(lines);
+    if (!lines) return;
+    QSharedPointer<QCPAxisTickerFixed> levels(new QCPAxisTickerFixed);
+    levels->setTickStep(chart_.gridStep);
+    levels->setTickOrigin(chart_.lowest);
+    plot_->yAxis->setTicker(levels);
 }
 
 void ChartView::drawBars() {
     const int columns = chart_.columnCount();
-    const double width = 0.8 / std::max(columns, 1);
     for (int column = 1; column <= columns; ++column) {
         auto* bars = new QCPBars(plot_->xAxis, plot_->yAxis);
-        bars->setWidth(width * 0.92);
+        bars->setWidth(barWidth() * 0.88);
         bars->setBaseValue(chart_.lowest);
         bars->setPen(Qt::NoPen);
-        bars->setBrush(seriesColour(column));
+        bars->setBrush(colourOf(column));
         for (int row = 1; row <= chart_.rowCount(); ++row) {
-            if (chart_.dataAt(row, column).empty()) continue;
-            bars->addData(row + (column - (columns + 1) / 2.0) * width,
-                          valueAt(chart_, row, column));
+            const auto value = chart_.valueAt(row, column);
+            // A value under the scale is no bar, rather than one that hangs below it.
+            if (!value || *value <= chart_.lowest) continue;
+            bars->addData(row + (column - (columns + 1) / 2.0) * barWidth(), *value);
         }
     }
 }
@@ -86,16 +107,17 @@ void ChartView::drawBars() {
 void ChartView::drawCurves() {
     for (int column = 1; column <= chart_.columnCount(); ++column) {
         QCPGraph* graph = plot_->addGraph();
-        graph->setPen(QPen(seriesColour(column), 1.8));
+        graph->setPen(QPen(colourOf(column), 1.8));
+        graph->setScatterStyle(QCPScatterStyle(QCPScatterStyle::ssDisc, 6));
         for (int row = 1; row <= chart_.rowCount(); ++row) {
-            if (chart_.dataAt(row, column).empty()) continue;
-            graph->addData(row, valueAt(chart_, row, column));
+            if (const auto value = chart_.valueAt(row, column)) graph->addData(row, *value);
         }
     }
 }
 
 void ChartView::sync() {
     plot_->clearPlottables();
+    layOut();
     labelRows();
     if (chart_.style == Chart::Style::Bars) {
         drawBars();
@@ -106,16 +128,19 @@ void ChartView::sync() {
 }
 
 void ChartView::tellValue(QMouseEvent* event) {
-    const int row = static_cast<int>(std::lround(plot_->xAxis->pixelToCoord(event->pos().x())));
-    if (row < 1 || row > chart_.rowCount()) {
+    const double at = plot_->xAxis->pixelToCoord(event->pos().x());
+    const int row = static_cast<int>(std::lround(at));
+    int column = 1;
+    if (chart_.style == Chart::Style::Bars)
+        column = static_cast<int>(std::floor((at - row + kRowFill / 2) / barWidth())) + 1;
+    if (row < 1 || row > chart_.rowCount() || column < 1 || column > chart_.columnCount() ||
+        chart_.dataAt(row, column).empty()) {
         QToolTip::hideText();
         return;
     }
-    QStringList lines{qText(chart_.rowLabelAt(row))};
-    for (int column = 1; column <= chart_.columnCount(); ++column) {
-        lines << qText(chart_.dataAt(row, column));
-    }
-    QToolTip::showText(event->globalPosition().toPoint(), lines.join('\n'), plot_);
+    const QString told = chart_.tellCell ? QString::fromStdString(chart_.tellCell(row, column))
+                                         : qText(chart_.dataAt(row, column));
+    QToolTip::showText(event->globalPosition().toPoint(), told, plot_);
 }
 
 }  // namespace display::qt

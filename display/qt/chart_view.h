@@ -12,7 +12,8 @@ class QMouseEvent;
 namespace display::qt {
 
 /// A chart by row and column: columns of bars beside one another for each row, or a curve for each
-/// column. The value under the pointer is told in a tool tip.
+/// column. The window draws scale and legend; the plot stands in the chart's insets so that they
+/// meet. The value under the pointer is told in a tool tip.
 class ChartView final : public QWidget, public ControlWidget {
  public:
     ChartView(Chart& chart, QWidget* parent);
@@ -26,8 +27,13 @@ class ChartView final : public QWidget, public ControlWidget {
     void dress();
     void drawBars();
     void drawCurves();
+    void layOut();
     void labelRows();
     void tellValue(QMouseEvent* event);
+    QColor colourOf(int column) const;
+    /// Pixels for a unit of the chart's box.
+    double scale() const;
+    double barWidth() const;
 
     Chart& chart_;
     QCustomPlot* plot_;
