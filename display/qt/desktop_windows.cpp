@@ -22,6 +22,10 @@ const QWidget* QtDesktop::opener() const {
     return nullptr;
 }
 
+void QtDesktop::formLoaded(Form& form) {
+    if (rack_ && rack_->holds(form)) rack_->joined(form);
+}
+
 void QtDesktop::formShown(Form& form) {
     if (rack_ && rack_->holds(form)) {
         if (form.visible && form.raisesResizeAtShow()) {

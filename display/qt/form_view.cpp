@@ -45,6 +45,11 @@ QWidget* FormView::widgetOf(const Control& control) const {
     return nullptr;
 }
 
+SpokenLabels& FormView::spoken() {
+    if (!spoken_) spoken_ = std::make_unique<SpokenLabels>(*this);
+    return *spoken_;
+}
+
 void FormView::orderTabs() {
     std::vector<Control*> order;
     for (const Item& item : items_) {
@@ -115,6 +120,7 @@ void FormView::sync() {
         const bool changed = item.control->revision() > drawn_ || rescaled ||
                              (containers && insideChanged(*item.control));
         if (changed) refresh(item, dirty);
+        if (changed && spoken_) spoken_->changed(*item.control);
         if (item.widget && (changed || formChanged)) refreshWidget(item);
     }
     drawn_ = upTo;
@@ -188,7 +194,12 @@ void FormView::refreshWidget(Item& item) {
         widget.clearMask();
     }
     std::string_view spoken = control.spokenName();
-    widget.setAccessibleName(qText(spoken.empty() ? std::string_view(control.name()) : spoken));
+    const QString name = qText(spoken.empty() ? std::string_view(control.name()) : spoken);
+    if (widget.accessibleName() != name) {
+        widget.setAccessibleName(name);
+        // Lists and tabs tell what is selected as their name; the description says whose it is.
+        widget.setAccessibleDescription(name);
+    }
     const char* tip = language_ == Language::Spanish ? control.tip.spanish : control.tip.english;
     if (widget.toolTip() != QString::fromUtf8(tip)) widget.setToolTip(QString::fromUtf8(tip));
     if (widget.isEnabled() != control.usable()) widget.setEnabled(control.usable());

@@ -11,6 +11,7 @@
 #include "display/qt/control_widget.h"
 #include "display/qt/painted.h"
 #include "display/qt/scale.h"
+#include "display/qt/spoken_labels.h"
 
 namespace display::qt {
 
@@ -38,6 +39,9 @@ class FormView final : public QWidget {
     /// Paints the whole form with its widgets, without the picture behind: as sharp as the
     /// painter's paper.
     void paintForPaper(QPainter& painter);
+
+    /// What assistive tools find of the painted labels; made when the first one asks.
+    SpokenLabels& spoken();
 
     /// How often it painted, and how many pixels were asked for at the last sync().
     int paints() const { return paints_; }
@@ -78,8 +82,8 @@ class FormView final : public QWidget {
     bool insideChanged(const Control& control) const;
 
     Control* handleAt(QPointF px) const;
-    Mouse pointOn(const Control& control, bool left) const;
-    void handleMoved(const QPointF& at, Qt::MouseButtons buttons);
+    Mouse pointOn(const Control& control, QPointF global, bool left) const;
+    void handleMoved(const QMouseEvent& event);
 
     QtDesktop& desktop_;
     Form& form_;
@@ -93,6 +97,7 @@ class FormView final : public QWidget {
     Language language_ = Language::English;
     int paints_ = 0;
     QRegion lastDirty_;
+    std::unique_ptr<SpokenLabels> spoken_;
     bool wholePaint_ = false;
 };
 

@@ -35,23 +35,24 @@ Control* FormView::handleAt(QPointF px) const {
     return nullptr;
 }
 
-Mouse FormView::pointOn(const Control& control, bool left) const {
+Mouse FormView::pointOn(const Control& control, QPointF global, bool left) const {
     // From the pointer's place on the screen and the model's own position: a window that follows
     // a frame behind never makes the pointer seem to move.
-    const QPointF at = desktop_.pointerOnForm(form_);
+    const QPointF at = desktop_.pointOnForm(form_, global);
     const Box box = control.boxOnForm();
     return {static_cast<float>(at.x()) - box.left, static_cast<float>(at.y()) - box.top, left};
 }
 
-void FormView::handleMoved(const QPointF& at, Qt::MouseButtons buttons) {
-    Control* handle = gripped_ ? gripped_ : handleAt(at);
+void FormView::handleMoved(const QMouseEvent& event) {
+    Control* handle = gripped_ ? gripped_ : handleAt(event.position());
     if (!handle) return;
-    const bool left = buttons.testFlag(Qt::LeftButton);
-    desktop_.hand().mouseMove(*handle, [this, handle, left] { return pointOn(*handle, left); });
+    const bool left = event.buttons().testFlag(Qt::LeftButton);
+    desktop_.hand().mouseMove(*handle, [this, handle, left, at = event.globalPosition()] {
+        return pointOn(*handle, at, left);
+    });
 }
 
 void FormView::mousePressEvent(QMouseEvent* event) {
-    desktop_.pointerAt(event->globalPosition());
     if (event->button() != Qt::LeftButton) return;
     gripped_ = handleAt(event->position());
     if (!gripped_) return;
@@ -60,24 +61,25 @@ void FormView::mousePressEvent(QMouseEvent* event) {
         return;
     }
     Control* handle = gripped_;
-    desktop_.hand().mouseDown(*handle, [this, handle] { return pointOn(*handle, true); });
+    desktop_.hand().mouseDown(*handle, [this, handle, at = event->globalPosition()] {
+        return pointOn(*handle, at, true);
+    });
 }
 
 void FormView::mouseMoveEvent(QMouseEvent* event) {
-    desktop_.pointerAt(event->globalPosition());
-    if (!desktop_.systemMovesWindows()) handleMoved(event->position(), event->buttons());
+    if (!desktop_.systemMovesWindows()) handleMoved(*event);
 }
 
 void FormView::mouseReleaseEvent(QMouseEvent* event) {
-    desktop_.pointerAt(event->globalPosition());
     if (event->button() != Qt::LeftButton || !gripped_) return;
     Control* handle = gripped_;
     gripped_ = nullptr;
-    desktop_.hand().mouseUp(*handle, [this, handle] { return pointOn(*handle, false); });
+    desktop_.hand().mouseUp(*handle, [this, handle, at = event->globalPosition()] {
+        return pointOn(*handle, at, false);
+    });
 }
 
 void FormView::mouseDoubleClickEvent(QMouseEvent* event) {
-    desktop_.pointerAt(event->globalPosition());
     if (event->button() != Qt::LeftButton) return;
     if (Control* handle = handleAt(event->position())) desktop_.hand().doubleClick(*handle);
 }

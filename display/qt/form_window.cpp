@@ -9,6 +9,14 @@
 
 namespace display::qt {
 
+namespace {
+
+/// While a window manager puts its frame around a new window, the place that it reports wavers by
+/// the frame's width; a person takes longer to drag it anywhere.
+constexpr qint64 kFraming = 400;
+
+}  // namespace
+
 FormWindow::FormWindow(QtDesktop& desktop, Form& form)
     : QWidget(nullptr), desktop_(desktop), form_(form), view_(desktop, form, this) {
     setObjectName(QString::fromStdString(form.name()) + "Window");
@@ -51,6 +59,7 @@ void FormWindow::appear(const QWidget* over) {
     if (over && !windowHandle()) winId();
     if (over && over->windowHandle()) windowHandle()->setTransientParent(over->windowHandle());
     placing_ = false;
+    shownSince_.start();
     show();
     raise();
     activateWindow();
@@ -67,7 +76,7 @@ void FormWindow::sync() {
     const QSize size = view_.scale().whole(Box{0, 0, form_.width, form_.height}).size();
     if (view_.size() != size) view_.resize(size);
     if (this->size() != size || minimumSize() != size) setFixedSize(size);
-    if (isVisible() && !placing_) {
+    if (isVisible() && !placing_ && shownSince_.elapsed() >= kFraming) {
         const QPoint wanted = desktop_.screenPoint(form_.left, form_.top);
         if (wanted != pos()) move(wanted);
     }
@@ -76,7 +85,7 @@ void FormWindow::sync() {
 
 void FormWindow::moveEvent(QMoveEvent* event) {
     QWidget::moveEvent(event);
-    if (placing_ || !isVisible()) return;
+    if (placing_ || !isVisible() || shownSince_.elapsed() < kFraming) return;
     // Rounding alone is no move of the window manager's.
     if (desktop_.screenPoint(form_.left, form_.top) == pos()) return;
     form_.left = desktop_.modelX(pos().x());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QElapsedTimer>
 #include <QWidget>
 
 #include "display/qt/form_view.h"
@@ -32,6 +33,7 @@ class FormWindow final : public QWidget {
     Form& form_;
     FormView view_;
     bool placing_ = false;
+    QElapsedTimer shownSince_;
 };
 
 }  // namespace display::qt

@@ -35,6 +35,8 @@ bool pressesKey(const QKeyEvent& event) {
 PictureKeyWidget::PictureKeyWidget(QtDesktop& desktop, Picture& key, QWidget* parent)
     : QAbstractButton(parent), desktop_(desktop), key_(key) {
     setMouseTracking(true);
+    // Mouse and keyboard go their own way: this comes from assistive tools alone.
+    connect(this, &QAbstractButton::clicked, this, [this] { desktop_.hand().click(key_); });
 }
 
 void PictureKeyWidget::sync() {
@@ -177,14 +179,39 @@ void KeyWidget::keyPressEvent(QKeyEvent* event) {
     }
 }
 
+namespace {
+
+bool standsOnLight(const Control& control) {
+    for (const Panel* in = control.container; in; in = in->container) {
+        if (in->surface != Surface::None) {
+            return in->surface == Surface::Plate || in->surface == Surface::Sheet;
+        }
+    }
+    return false;
+}
+
+/// The words beside a check mark: dark on a light plate.
+void dressWords(QWidget& widget, const Control& control, const QtDesktop& desktop) {
+    widget.setFocusPolicy(focusPolicyOf(control));
+    widget.setFont(Faces::get().font(desktop.scale().px(120), Weight::Normal));
+    QPalette colours = housePalette();
+    if (standsOnLight(control)) {
+        colours.setColor(QPalette::Active, QPalette::WindowText, QColor(kLitText));
+        colours.setColor(QPalette::Inactive, QPalette::WindowText, QColor(kLitText));
+        colours.setColor(QPalette::Disabled, QPalette::WindowText, QColor(0x5c, 0x64, 0x6e));
+    }
+    widget.setPalette(colours);
+}
+
+}  // namespace
+
 CheckBoxWidget::CheckBoxWidget(QtDesktop& desktop, CheckBox& box, QWidget* parent)
     : QCheckBox(parent), desktop_(desktop), box_(box) {
     connect(this, &QCheckBox::clicked, this, [this](bool on) { desktop_.hand().check(box_, on); });
 }
 
 void CheckBoxWidget::sync() {
-    setFocusPolicy(focusPolicyOf(box_));
-    setFont(Faces::get().font(desktop_.scale().px(120), Weight::Normal));
+    dressWords(*this, box_, desktop_);
     setText(qText(box_.caption));
     setChecked(box_.checked);
 }
@@ -199,8 +226,7 @@ OptionWidget::OptionWidget(QtDesktop& desktop, Option& option, QWidget* parent)
 }
 
 void OptionWidget::sync() {
-    setFocusPolicy(focusPolicyOf(option_));
-    setFont(Faces::get().font(desktop_.scale().px(120), Weight::Normal));
+    dressWords(*this, option_, desktop_);
     setText(qText(option_.caption));
     setChecked(option_.chosen);
 }

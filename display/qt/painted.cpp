@@ -2,7 +2,6 @@
 #include "display/qt/painted.h"
 
 #include <QLinearGradient>
-#include <QStaticText>
 #include <cmath>
 
 #include "display/qt/control_widget.h"
@@ -24,89 +23,6 @@ QPointF onForm(const Control& control, float x, float y) {
 namespace {
 
 constexpr qreal kTwipsPerPixel = 10;
-
-class PaintedLabel final : public Painted {
- public:
-    explicit PaintedLabel(Label& label) : label_(label) {
-        layout_.setTextFormat(Qt::PlainText);
-        layout_.setPerformanceHint(QStaticText::AggressiveCaching);
-    }
-
-    void prepare(const Scale& scale) override {
-        box_ = scale.snapped(label_.boxOnForm());
-        unit_ = scale.px(kTwipsPerPixel);
-        colour_ = qColour(label_.colour);
-        const display::Font& wanted = label_.font;
-        if (!(wanted == fontOf_) || height_ != scale.px(wanted.size)) {
-            fontOf_ = wanted;
-            height_ = scale.px(wanted.size);
-            font_ = Faces::get().font(height_, wanted.weight, wanted.spaced);
-            textOf_ = QString();
-        }
-        const QString text = qText(label_.caption);
-        if (text != textOf_ || text.isEmpty()) {
-            textOf_ = text;
-            layout_.setText(text);
-            layout_.prepare(QTransform(), font_);
-        }
-        placeText(scale);
-    }
-
-    QRectF reach() const override {
-        const QRectF text = textOf_.isEmpty() ? QRectF() : textBox_.adjusted(-1, -1, 1, 1);
-        return label_.surface == Surface::None && !text.isEmpty() ? text : box_.united(text);
-    }
-
-    void paint(QPainter& painter) override {
-        paintSurface(painter, label_.surface, box_, unit_);
-        if (textOf_.isEmpty()) return;
-        painter.setFont(font_);
-        painter.setPen(colour_);
-        if (flowing_) {
-            painter.drawText(textBox_, flags(), textOf_);
-        } else {
-            painter.drawStaticText(textBox_.topLeft(), layout_);
-        }
-    }
-
- private:
-    int flags() const {
-        const int across = label_.align == Align::Right    ? Qt::AlignRight
-                           : label_.align == Align::Centre ? Qt::AlignHCenter
-                                                           : Qt::AlignLeft;
-        return across | Qt::AlignVCenter | (label_.wraps ? Qt::TextWordWrap : 0);
-    }
-
-    void placeText(const Scale& scale) {
-        flowing_ = label_.wraps || textOf_.contains('\n');
-        if (flowing_) {
-            const QFontMetricsF metrics(font_);
-            const QRectF needed = metrics.boundingRect(box_, flags(), textOf_);
-            // Text that is higher than its box starts at the box's top.
-            textBox_ = needed.height() > box_.height()
-                           ? QRectF(box_.left(), box_.top(), box_.width(), needed.height() + 1)
-                           : box_.united(needed);
-            return;
-        }
-        const QSizeF size = layout_.size();
-        qreal x = box_.left();
-        if (label_.align == Align::Right) x = box_.right() - size.width();
-        if (label_.align == Align::Centre) x = box_.center().x() - size.width() / 2;
-        const qreal y = box_.center().y() - size.height() / 2;
-        textBox_ = QRectF(QPointF(scale.snapped(x), scale.snapped(y)), size);
-    }
-
-    Label& label_;
-    QStaticText layout_;
-    QFont font_;
-    QString textOf_;
-    QRectF box_, textBox_;
-    QColor colour_;
-    display::Font fontOf_{-1};
-    qreal height_ = 0;
-    qreal unit_ = 1;
-    bool flowing_ = false;
-};
 
 /// The element of a segment digit between two points: a bar with pointed ends.
 QPolygonF segmentOutline(QPointF from, QPointF to, qreal width) {
@@ -288,9 +204,6 @@ class PaintedPanel final : public Painted {
 
 }  // namespace
 
-std::unique_ptr<Painted> paintedLabel(Label& label) {
-    return std::make_unique<PaintedLabel>(label);
-}
 std::unique_ptr<Painted> paintedLine(Line& line) {
     return std::make_unique<PaintedLine>(line);
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QLinearGradient>
+#include <QPolygonF>
 #include <algorithm>
 
 #include "display/controls.h"
@@ -35,9 +36,32 @@ void paintCap(QPainter& painter, const QRectF& box, qreal unit, Cap cap, CapMark
         unit);
 }
 
+namespace {
+
+/// Arrows are drawn: type faces give those that they have in sizes of their own.
+bool paintArrow(QPainter& painter, const QRectF& box, qreal unit, QColor colour,
+                const QString& text) {
+    static const QString arrows = QString::fromUtf8("\u25b6\u25bc\u25c0\u25b2");
+    const qsizetype which = text.size() == 1 ? arrows.indexOf(text[0]) : -1;
+    if (which < 0) return false;
+    const qreal size = std::min({5.5 * unit, box.height() * 0.28, box.width() * 0.28});
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    painter.translate(box.center());
+    painter.rotate(90.0 * static_cast<double>(which));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colour);
+    painter.drawPolygon(
+        QPolygonF(QList<QPointF>{{-size * 0.8, -size}, {size, 0}, {-size * 0.8, size}}));
+    painter.restore();
+    return true;
+}
+
+}  // namespace
+
 void paintCapText(QPainter& painter, const QRectF& box, qreal unit, QColor colour,
                   const QString& text) {
-    if (text.isEmpty()) return;
+    if (text.isEmpty() || paintArrow(painter, box, unit, colour, text)) return;
     qreal height = std::min(12 * unit, box.height() * 0.55);
     QFont font = Faces::get().font(height, Weight::Bold);
     // Words that are too wide for the key are set smaller, never cut.
@@ -46,7 +70,7 @@ void paintCapText(QPainter& painter, const QRectF& box, qreal unit, QColor colou
     if (width > room && width > 0) font = Faces::get().font(height * room / width, Weight::Bold);
     painter.setFont(font);
     painter.setPen(colour);
-    painter.drawText(box, Qt::AlignCenter | Qt::TextDontClip, text);
+    painter.drawText(box, Qt::AlignCenter | Qt::TextDontClip | Qt::TextShowMnemonic, text);
 }
 
 namespace {

@@ -12,6 +12,7 @@
 #include "display/qt/help_window.h"
 #include "display/qt/palette.h"
 #include "display/qt/rack_window.h"
+#include "display/qt/spoken_labels.h"
 
 namespace display::qt {
 
@@ -35,6 +36,7 @@ QtDesktop::QtDesktop(int& argc, char** argv) {
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     QApplication::setPalette(housePalette());
     QApplication::setQuitOnLastWindowClosed(false);
+    SpokenLabels::install();
     systemMoves_ = QGuiApplication::platformName().startsWith("wayland");
     const QScreen* screen = QGuiApplication::primaryScreen();
     scale_ = Scale(Scale::fitting(kRack, screen->availableGeometry().size()),
@@ -100,8 +102,8 @@ QPoint QtDesktop::screenPoint(float leftTwips, float topTwips) const {
     return QPointF(scale_.px(leftTwips), scale_.px(topTwips)).toPoint();
 }
 
-QPointF QtDesktop::pointerOnForm(const Form& form) const {
-    return {scale_.twips(pointer_.x()) - form.left, scale_.twips(pointer_.y()) - form.top};
+QPointF QtDesktop::pointOnForm(const Form& form, QPointF global) const {
+    return {scale_.twips(global.x()) - form.left, scale_.twips(global.y()) - form.top};
 }
 
 FormView* QtDesktop::viewOf(const Form& form) const {

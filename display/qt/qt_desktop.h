@@ -56,6 +56,7 @@ class QtDesktop : public Desktop {
     void setClipboardText(std::string_view text) override;
     std::string printImage(const std::vector<const Form*>& forms) override;
     void showHelp(std::string_view fileName) override;
+    void formLoaded(Form& form) override;
     void formShown(Form& form) override;
     void formHidden(Form& form) override;
     void formDestroyed(Form& form) override;
@@ -83,10 +84,8 @@ class QtDesktop : public Desktop {
     /// True where a program may not place windows: then a handle starts the system's own move.
     bool systemMovesWindows() const { return systemMoves_; }
 
-    /// Where the pointer was last seen on the screen, and where that is on a form, in twips from
-    /// where the model says that the form stands.
-    void pointerAt(const QPointF& global) { pointer_ = global; }
-    QPointF pointerOnForm(const Form& form) const;
+    /// A place on the screen as one on a form, in twips from where the model says that it stands.
+    QPointF pointOnForm(const Form& form, QPointF global) const;
 
     /// The view of a form, or null when it was never shown; for tests and the printer.
     FormView* viewOf(const Form& form) const;
@@ -143,7 +142,6 @@ class QtDesktop : public Desktop {
     bool hourglass_ = false;
     bool systemMoves_ = false;
     int languageId_ = 0x0409;
-    QPointF pointer_;
     std::mt19937 generator_;
 };
 

@@ -56,8 +56,19 @@ void RackWindow::placeFirst() {
     }
     at.setX(std::max(std::min(at.x(), room.right() + 1 - rack.width()), room.left()));
     at.setY(std::max(std::min(at.y(), room.bottom() + 1 - rack.height()), room.top()));
+    layoutLeft_ = first.left;
+    layoutTop_ = first.top;
     first.left = desktop_.modelX(at.x());
     first.top = desktop_.modelY(at.y());
+    for (Form* form : forms_) {
+        if (form != &first && form->loaded()) joined(*form);
+    }
+}
+
+void RackWindow::joined(Form& form) {
+    if (!placed_ || &form == &lead()) return;
+    form.left = form.left + (lead().left - layoutLeft_);
+    form.top = form.top + (lead().top - layoutTop_);
 }
 
 void RackWindow::placeViews() {

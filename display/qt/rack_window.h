@@ -24,6 +24,8 @@ class RackWindow final : public QWidget {
     void sync();
     void fold();
     void forget(const Form& form);
+    /// A form came from its layout: it takes part in how far the rack was moved since.
+    void joined(Form& form);
 
  protected:
     void closeEvent(QCloseEvent* event) override;
@@ -41,6 +43,7 @@ class RackWindow final : public QWidget {
     std::vector<Form*> forms_;
     std::vector<FormView*> views_;  ///< one for each form, null until it is shown
     bool placed_ = false;
+    float layoutLeft_ = 0, layoutTop_ = 0;  ///< where the first form's layout put it
 };
 
 }  // namespace display::qt

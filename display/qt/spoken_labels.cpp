@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/qt/spoken_labels.h"
+
+#include <QAccessibleWidget>
+#include <QPointer>
+#include <algorithm>
+
+#include "display/qt/control_widget.h"
+#include "display/qt/form_view.h"
+
+namespace display::qt {
+
+namespace {
+
+constexpr int kPause = 500;
+
+/// One painted label.
+class SpokenLabel final : public QAccessibleInterface {
+ public:
+    SpokenLabel(FormView& view, const Label& label) : view_(&view), label_(label) {}
+
+    bool isValid() const override { return !view_.isNull(); }
+    QObject* object() const override { return nullptr; }
+    QWindow* window() const override { return view_ ? view_->window()->windowHandle() : nullptr; }
+    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+    QAccessibleInterface* parent() const override {
+        return view_ ? QAccessible::queryAccessibleInterface(view_) : nullptr;
+    }
+    QAccessibleInterface* child(int) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+    void setText(QAccessible::Text, const QString&) override {}
+    QAccessible::Role role() const override { return QAccessible::StaticText; }
+
+    QString text(QAccessible::Text kind) const override {
+        if (!view_) return {};
+        if (kind == QAccessible::Name) {
+            const std::string_view spoken = label_.spokenName();
+            return qText(spoken.empty() ? std::string_view(label_.caption.get()) : spoken);
+        }
+        if (kind == QAccessible::Value && label_.readout) return qText(label_.caption.get());
+        return {};
+    }
+
+    QRect rect() const override {
+        if (!view_) return {};
+        const QRect box = view_->scale().whole(label_.boxOnForm());
+        return {view_->mapToGlobal(box.topLeft()), box.size()};
+    }
+
+    QAccessible::State state() const override {
+        QAccessible::State state;
+        state.readOnly = true;
+        state.invisible = !view_ || !label_.shown();
+        return state;
+    }
+
+ private:
+    QPointer<FormView> view_;
+    const Label& label_;
+};
+
+/// A form: its widgets, then its painted labels.
+class SpokenForm final : public QAccessibleWidget {
+ public:
+    explicit SpokenForm(FormView& view) : QAccessibleWidget(&view, QAccessible::Grouping) {}
+
+    FormView& view() const { return static_cast<FormView&>(*widget()); }
+
+    QString text(QAccessible::Text kind) const override {
+        if (kind != QAccessible::Name) return QAccessibleWidget::text(kind);
+        const Form& form = view().form();
+        return qText(form.caption.empty() ? std::string_view(form.name())
+                                          : std::string_view(form.caption.get()));
+    }
+    int childCount() const override {
+        return QAccessibleWidget::childCount() + view().spoken().count();
+    }
+    QAccessibleInterface* child(int index) const override {
+        const int widgets = QAccessibleWidget::childCount();
+        return index < widgets ? QAccessibleWidget::child(index)
+                               : view().spoken().at(index - widgets);
+    }
+    int indexOfChild(const QAccessibleInterface* child) const override {
+        const int label = view().spoken().indexOf(child);
+        return label < 0 ? QAccessibleWidget::indexOfChild(child)
+                         : QAccessibleWidget::childCount() + label;
+    }
+    QAccessibleInterface* childAt(int x, int y) const override {
+        for (int i = 0; i < view().spoken().count(); ++i) {
+            QAccessibleInterface* label = view().spoken().at(i);
+            if (!label->state().invisible && label->rect().contains(x, y)) return label;
+        }
+        return QAccessibleWidget::childAt(x, y);
+    }
+};
+
+QAccessibleInterface* makeSpokenForm(const QString&, QObject* object) {
+    auto* view = dynamic_cast<FormView*>(object);
+    return view ? new SpokenForm(*view) : nullptr;
+}
+
+}  // namespace
+
+void SpokenLabels::install() {
+    QAccessible::installFactory(makeSpokenForm);
+}
+
+SpokenLabels::SpokenLabels(FormView& view) {
+    for (const Control* control : view.form().controls()) {
+        const auto* label = dynamic_cast<const Label*>(control);
+        if (!label) continue;
+        labels_.push_back(label);
+        ids_.push_back(QAccessible::registerAccessibleInterface(new SpokenLabel(view, *label)));
+    }
+    timer_.setSingleShot(true);
+    timer_.setInterval(kPause);
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { tell(); });
+}
+
+SpokenLabels::~SpokenLabels() {
+    for (const QAccessible::Id id : ids_) QAccessible::deleteAccessibleInterface(id);
+}
+
+QAccessibleInterface* SpokenLabels::at(int index) const {
+    return index < 0 || index >= count()
+               ? nullptr
+               : QAccessible::accessibleInterface(ids_[static_cast<std::size_t>(index)]);
+}
+
+int SpokenLabels::indexOf(const QAccessibleInterface* child) const {
+    for (int i = 0; i < count(); ++i) {
+        if (at(i) == child) return i;
+    }
+    return -1;
+}
+
+void SpokenLabels::changed(const Control& control) {
+    const auto found = std::ranges::find(labels_, &control);
+    if (found == labels_.end()) return;
+    toTell_.insert(static_cast<int>(found - labels_.begin()));
+    if (!timer_.isActive()) timer_.start();
+}
+
+void SpokenLabels::tell() {
+    ++tellings_;
+    for (const int index : toTell_) {
+        QAccessibleInterface* label = at(index);
+        if (!label || label->state().invisible) continue;
+        if (labels_[static_cast<std::size_t>(index)]->readout) {
+            QAccessibleValueChangeEvent event(label, label->text(QAccessible::Value));
+            QAccessible::updateAccessibility(&event);
+        } else {
+            QAccessibleEvent event(label, QAccessible::NameChanged);
+            QAccessible::updateAccessibility(&event);
+        }
+    }
+    toTell_.clear();
+}
+
+}  // namespace display::qt

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAccessible>
+#include <QTimer>
+#include <memory>
+#include <set>
+#include <vector>
+
+#include "display/controls.h"
+
+namespace display::qt {
+
+class FormView;
+
+/// What a screen reader finds of the labels that a form's surface paints: each with its name, the
+/// measured ones with their value too. Changes are told at most twice a second.
+class SpokenLabels {
+ public:
+    explicit SpokenLabels(FormView& view);
+    ~SpokenLabels();
+    SpokenLabels(const SpokenLabels&) = delete;
+    SpokenLabels& operator=(const SpokenLabels&) = delete;
+
+    int count() const { return static_cast<int>(ids_.size()); }
+    QAccessibleInterface* at(int index) const;
+    int indexOf(const QAccessibleInterface* child) const;
+
+    /// A label of the form shows something else than before.
+    void changed(const Control& control);
+
+    /// How often changes were told.
+    int tellings() const { return tellings_; }
+
+    /// Makes forms findable for assistive tools; once, when the desktop starts.
+    static void install();
+
+ private:
+    void tell();
+
+    std::vector<const Label*> labels_;
+    std::vector<QAccessible::Id> ids_;
+    std::set<int> toTell_;
+    QTimer timer_;
+    int tellings_ = 0;
+};
+
+}  // namespace display::qt
