@@ -10,7 +10,7 @@
 #include "core/language.h"
 #include "core/loaded_driver.h"
 #include "display/qt/qt_desktop.h"
-#include "drivers/loader/loader.h"
+#include "drivers/loader/library.h"
 
 namespace {
 
