@@ -55,17 +55,47 @@ void Drawing::line(float x1, float y1, float x2, float y2) {
     mark.lineWidth = lineWidth;
 }
 
+namespace {
+
+/// How far a text reaches at most, in its own heights. How wide it is exactly is the screen's to
+/// know; figures are narrower than letters in every face, so that a count that is wiped and
+/// printed again is known to be gone.
+float reachOf(std::string_view text) {
+    constexpr float kFigure = 0.72f;
+    constexpr float kLetter = 1.f;
+    float reach = 0;
+    for (const char c : text) reach += c >= '0' && c <= '9' ? kFigure : kLetter;
+    return reach;
+}
+
+}  // namespace
+
+void Drawing::dropSame(const Mark& print) {
+    const auto dropped = std::erase_if(marks_, [&print](const Mark& mark) {
+        return mark.kind == Mark::Kind::Print && mark.x1 == print.x1 && mark.y1 == print.y1 &&
+               mark.colour == print.colour && mark.bold == print.bold &&
+               mark.points == print.points && mark.text == print.text;
+    });
+    if (dropped > 0) ++rebuilt_;
+}
+
 void Drawing::print(std::string_view text) {
-    // How far a text reaches is the screen's to know: no character is wider than its line is high.
-    const float height = fontPoints * 20 / unit_ * 1.5f;
-    Mark& mark = add(Mark::Kind::Print);
+    constexpr float kLine = 1.5f;
+    const float height = fontPoints * 20 / unit_;
+    Mark mark;
+    mark.kind = Mark::Kind::Print;
+    mark.colour = foreground;
     mark.x1 = textX;
     mark.y1 = textY;
-    mark.x2 = textX + height * static_cast<float>(text.size());
-    mark.y2 = textY + height;
+    mark.x2 = textX + height * reachOf(text);
+    mark.y2 = textY + height * kLine;
     mark.bold = bold;
     mark.points = fontPoints;
     mark.text = text;
+    dropSame(mark);
+    mark.number = next_++;
+    marks_.push_back(std::move(mark));
+    owner_.touch();
 }
 
 void Drawing::scale(float unit, float frame) {

@@ -52,6 +52,8 @@ class Drawing final : public Canvas {
  private:
     Mark& add(Mark::Kind kind);
     void dropCovered(const Mark& box);
+    /// A text that is printed over itself stands there once.
+    void dropSame(const Mark& print);
 
     Control& owner_;
     float unit_ = 1;
