@@ -15,6 +15,10 @@ namespace {
 /// the frame's width; a person takes longer to drag it anywhere.
 constexpr qint64 kFraming = 400;
 
+/// What the frame takes beside and below a window that has one, before it is known.
+constexpr int kFrameAcross = 8;
+constexpr int kFrameDown = 36;
+
 }  // namespace
 
 FormWindow::FormWindow(QtDesktop& desktop, Form& form)
@@ -35,7 +39,8 @@ Qt::WindowFlags FormWindow::wantedFlags() const {
 }
 
 void FormWindow::placeFirst(const QWidget* over) {
-    const QRect room = desktop_.availableRoom();
+    QRect room = desktop_.availableRoom();
+    if (!form_.caption.empty()) room.adjust(0, 0, -kFrameAcross, -kFrameDown);
     QRect box(pos(), size());
     if (form_.left == 0.f && form_.top == 0.f) {
         box.moveCenter(over ? over->geometry().center() : room.center());

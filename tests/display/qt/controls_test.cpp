@@ -80,8 +80,8 @@ TEST_F(Controls, Escape_PressesTheCancelKeyAndEnterTheDefault) {
 
 TEST_F(Controls, Tab_WalksTheControlsInTheirOrder) {
     widget(sample->KeyN).setFocus();
-    const Control* order[] = {&sample->Key1,   &sample->KeyDefault, &sample->KeyCancel,
-                              &sample->Text1,  &sample->Check1,     &sample->Option1,
+    const Control* order[] = {&sample->Key1,    &sample->KeyDefault, &sample->KeyCancel,
+                              &sample->Text1,   &sample->Check1,     &sample->Option1,
                               &sample->Option2, &sample->HScroll1,   &sample->Tabs1};
     for (const Control* next : order) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
@@ -125,9 +125,19 @@ TEST_F(Controls, TextField_TakesNoMoreThanItsLength) {
     auto& line = dynamic_cast<QLineEdit&>(widget(sample->Text1));
     line.setFocus();
     line.end(false);
-    QTest::keyClicks(&line, "s1\u00f1");
+    QTest::keyClicks(&line, "s1z");
     EXPECT_EQ(sample->Text1.text.get(), "Radios");
     EXPECT_EQ(line.text(), "Radios");
+}
+
+TEST_F(Controls, TextField_PastedLettersBeyondAsciiCountAsOneCharacter) {
+    auto& line = dynamic_cast<QLineEdit&>(widget(sample->Text1));
+    line.setFocus();
+    line.setCursorPosition(0);
+    QApplication::clipboard()->setText(QString::fromUtf8("ñé"));
+    line.paste();
+    QTest::keyClicks(&line, "x");
+    EXPECT_EQ(sample->Text1.text.get(), "ñéxRadio");
 }
 
 TEST_F(Controls, TextField_LockedTakesNothing) {

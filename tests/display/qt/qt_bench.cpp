@@ -40,6 +40,8 @@ bool QtBench::until(const std::function<bool()>& holds) {
 }
 
 void QtBench::settle() {
+    // A change that no event brought is not looked for.
+    desktop->frameSoon();
     QTest::qWait(80);
 }
 

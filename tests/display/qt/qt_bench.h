@@ -25,7 +25,7 @@ class QtBench : public testing::Test {
     /// Lets events run until the condition holds; false after five seconds without.
     static bool until(const std::function<bool()>& holds);
     /// Lets what was posted reach the model and the screen.
-    static void settle();
+    void settle();
 
     QWidget& widget(const Control& control);
     FormView& view(const Form& form);

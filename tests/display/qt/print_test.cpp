@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QClipboard>
+#include <QFile>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QTemporaryDir>
+
+#include "tests/display/qt/qt_bench.h"
+
+namespace display::qt {
+
+namespace {
+
+/// A desktop whose printer writes its pages to a file.
+class PaperDesktop final : public QtDesktop {
+ public:
+    PaperDesktop(int& argc, QString path) : QtDesktop(argc, nullptr), path_(std::move(path)) {}
+
+ protected:
+    std::string preparePrinter(QPrinter& printer) const override {
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(path_);
+        return {};
+    }
+
+ private:
+    QString path_;
+};
+
+}  // namespace
+
+class Print : public QtBench {};
+
+TEST_F(Print, WindowsGoOnOnePageAndTheClipboardStaysAsItWas) {
+    const QTemporaryDir folder;
+    int argc = 0;
+    PaperDesktop paper(argc, folder.filePath("page.pdf"));
+    test::SampleForm form(paper, "OnPaper");
+    form.show();
+    QTest::qWait(100);
+    QApplication::clipboard()->setText("mine");
+    EXPECT_EQ(paper.printImage({&form}), "");
+    EXPECT_EQ(QApplication::clipboard()->text(), "mine");
+    QFile page(folder.filePath("page.pdf"));
+    ASSERT_TRUE(page.open(QIODevice::ReadOnly));
+    const QByteArray bytes = page.readAll();
+    EXPECT_TRUE(bytes.startsWith("%PDF"));
+    EXPECT_EQ(bytes.count("/Type /Page\n"), 1);
+    EXPECT_TRUE(bytes.contains("/Subtype /Image"));
+}
+
+TEST_F(Print, WithoutAPrinter_SaysSoInOneSentence) {
+    if (!QPrinterInfo::defaultPrinter().isNull()) GTEST_SKIP() << "this computer has a printer";
+    showSample();
+    const std::string fault = desktop->printImage({sample.get()});
+    EXPECT_TRUE(fault == "No printer is set up on this computer." ||
+                fault == "No hay ninguna impresora configurada en este equipo.")
+        << fault;
+}
+
+TEST_F(Print, FormsThatAreNotShown_PrintNothing) {
+    EXPECT_EQ(desktop->printImage({sample.get()}), "");
+}
+
+}  // namespace display::qt
