@@ -22,6 +22,8 @@ void FormD1a::layOut() {
     place(Sheet1, {look::kWindowMargin, kTop, kGraph, kHeight}).surface = display::Surface::Sheet;
     place(Picture1, {look::kWindowMargin, kTop, kGraph, kHeight});
     Picture1.says = {"Curva del ancho de banda de modulación", "Modulation bandwidth curve"};
+    // The label of 150 kHz has 270 units up to the edge.
+    Picture1.drawing.fontPoints = 7;
 
     place(Command3D1, {150, kKeys, 2200, look::kKeyHeight}).caption = "Run";
     Command3D1.isDefault = true;
