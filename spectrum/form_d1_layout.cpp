@@ -24,6 +24,8 @@ void Form_D1::layOut() {
     place(Sheet1, {look::kWindowMargin, kTop, kBars, kHeight}).surface = display::Surface::Sheet;
     place(Picture1, {look::kWindowMargin, kTop, kBars, kHeight});
     Picture1.says = {"Espectro del canal", "Channel spectrum"};
+    // "-50" has 240 units up to the grid.
+    Picture1.drawing.fontPoints = 6.75f;
     place(Sheet2, {2 * look::kWindowMargin + kBars, kTop, kTable, kHeight}).surface =
         display::Surface::Sheet;
     place(Picture2, {2 * look::kWindowMargin + kBars, kTop, kTable, kHeight});
