@@ -102,6 +102,27 @@ TEST_F(Drawings, ABoxOverTheStartOfATextKeepsIt) {
     EXPECT_EQ(drawing.marks().size(), 2u);
 }
 
+TEST_F(Drawings, ATextPrintedOverItselfStandsThereOnce) {
+    drawing.textX = 4;
+    drawing.textY = 6;
+    drawing.print("dB");
+    const auto rebuilt = drawing.rebuilt();
+    drawing.print("dB");
+    EXPECT_EQ(drawing.marks().size(), 1u);
+    EXPECT_GT(drawing.rebuilt(), rebuilt);
+    drawing.bold = true;
+    drawing.print("dB");
+    drawing.print("Hz");
+    EXPECT_EQ(drawing.marks().size(), 3u);
+}
+
+TEST_F(Drawings, ACountOfFiveFiguresIsGoneUnderABoxOfThreeAndAHalfLines) {
+    drawing.print("32767");
+    const float line = drawing.fontPoints * 20 / drawing.unit();
+    drawing.box(0, 0, 3.65f * line, 2 * line);
+    EXPECT_EQ(drawing.marks().size(), 1u);
+}
+
 TEST_F(Drawings, AnHourOfRedrawsDoesNotGrow) {
     auto redraw = [&](int frame) {
         drawing.foreground = kBlack;
