@@ -76,6 +76,8 @@ void ChartView::labelRows() {
     const int rows = chart_.rowCount();
     for (int row = 1; row <= rows; ++row) ticker->addTick(row, qText(chart_.rowLabelAt(row)));
     plot_->xAxis->setTicker(ticker);
+    // A line through the middle of a row would stand among its bars.
+    plot_->xAxis->grid()->setVisible(chart_.style == Chart::Style::Curve);
     plot_->xAxis->setRange(0.5, rows + 0.5);
     plot_->yAxis->setRange(chart_.lowest, chart_.highest);
     const bool lines = chart_.gridStep > 0;
