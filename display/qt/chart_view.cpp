@@ -122,6 +122,8 @@ void ChartView::sync() {
     layOut();
     labelRows();
     if (chart_.style == Chart::Style::Bars) {
+        // Bars and lines stand upright: smoothing costs time and blurs their edges.
+        plot_->setNotAntialiasedElements(QCP::aeAll);
         drawBars();
     } else {
         drawCurves();
