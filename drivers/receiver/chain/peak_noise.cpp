@@ -10,7 +10,7 @@
 namespace hm16::receiver {
 namespace {
 
-constexpr double kRiseOverRms = 2;
+constexpr double kRiseOverRms = 2.9;
 constexpr double kBandHz = 68e3;
 constexpr double kBandFlatHz = 4e3;
 constexpr double kBandStopHz = 8.4e3;  // the RDS band ends there

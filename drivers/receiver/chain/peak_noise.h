@@ -11,9 +11,10 @@
 namespace hm16::receiver {
 
 // How much noise lifts the highest deviation of a slot. Noise on the carrier is phase noise, whose
-// deviation grows with frequency; what the multiplex filter lets through of it adds to the peak
-// about twice its rms: more on a long steady tone, whose every crest is a new chance, less on
-// programme that peaks once.
+// deviation grows with frequency; what the multiplex filter lets through of it adds about three
+// times its rms to a peak that comes often within the slot, as that of a tone does. A programme's
+// single highest peak gains less and then reads up to twice the noise's rms low: 0.2 kHz at 50 dB
+// of carrier to noise, 1.8 kHz at 30 dB.
 //
 // The noise is measured twice, and the lower result counts: in the envelope, where several rays or
 // a neighbour look like noise too, and in the multiplex around 68 kHz, where a hard limiter leaves

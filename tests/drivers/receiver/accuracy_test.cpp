@@ -1,0 +1,325 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Each figure against signals whose truth is known. The bars are those of the table in
+// docs/receiver.md, which lists what is reached.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+
+#include "tests/drivers/receiver/signals.h"
+
+namespace hm16::receiver {
+namespace {
+
+struct Kind {
+    double rateHz;
+    bool eightBit;
+};
+
+class Accuracy : public testing::TestWithParam<Kind> {
+ protected:
+    BandPlan band(const std::function<void(StationPlan&)>& shape) const {
+        return bandWith(shape, GetParam().rateHz, GetParam().eightBit);
+    }
+
+    // Keeps the worst miss of a row for the report.
+    void miss(double value) {
+        worst_ = std::max(worst_, std::fabs(value));
+        RecordProperty("worst", std::to_string(worst_));
+    }
+
+ private:
+    double worst_ = 0;
+};
+
+const std::vector<Kind> kKinds =
+    kReduced ? std::vector<Kind>{{1.2e6, true}}
+             : std::vector<Kind>{{1.2e6, false}, {1.2e6, true}, {2.4e6, false}, {2.4e6, true}};
+
+INSTANTIATE_TEST_SUITE_P(Samples, Accuracy, testing::ValuesIn(kKinds), [](const auto& kind) {
+    return std::string(kind.param.rateHz > 2e6 ? "2400k" : "1200k") +
+           (kind.param.eightBit ? "_8bit" : "_float");
+});
+
+void stereo(StationPlan& station, double left, double right, double hz = 1000) {
+    station.pilotDeviationHz = 6750;
+    station.rds.deviationHz = 2000;
+    station.tones = {{hz, left, right}};
+}
+
+TEST_P(Accuracy, PeakModulationFrom10To130Percent) {
+    for (const double percent : {10.0, 50.0, 100.0, 130.0}) {
+        for (const double hz : {1000.0, 15000.0}) {
+            const auto plan = band([&](auto& s) { s.direct = {{hz, percent * 750}}; });
+            const double peak = measure(plan, 0.6).peakHz;
+            EXPECT_NEAR(peak, percent * 750, 500) << percent << " % at " << hz << " Hz";
+            miss(peak - percent * 750);
+        }
+    }
+}
+
+TEST_P(Accuracy, PeakModulationOf150Percent) {
+    const double peak = measure(band([](auto& s) { s.direct = {{1000, 112500}}; }), 0.6).peakHz;
+    EXPECT_NEAR(peak, 112500, 1500);
+    miss(peak - 112500);
+}
+
+TEST_P(Accuracy, PeakModulationInNoise) {
+    for (const double percent : {10.0, 50.0, 100.0, 130.0}) {
+        auto plan = band([&](auto& s) { s.direct = {{1000, percent * 750}}; });
+        plan.carrierToNoiseDb = 30;
+        const auto check = [&](const Figures& f) {
+            if (f.peakHz == 0) return;
+            EXPECT_NEAR(f.peakHz, percent * 750, 1500);
+            miss(f.peakHz - percent * 750);
+        };
+        measure(plan, 0.6, 300e3, check);
+    }
+}
+
+TEST_P(Accuracy, CarrierDeviation) {
+    for (const double error : {-7500.0, -320.0, 0.0, 2500.0}) {
+        const auto plan = band([&](auto& s) {
+            s.carrierErrorHz = error;
+            stereo(s, 0.7, 0.3);
+            s.tones.push_back({30, 0.3, 0.3});
+        });
+        const double carrier = measure(plan, 1.2).carrierHz;
+        EXPECT_NEAR(carrier, error, 5);
+        miss(carrier - error);
+    }
+}
+
+TEST_P(Accuracy, PilotLevel) {
+    for (const double level : {6750.0, 7500.0}) {
+        const auto plan = band([&](auto& s) {
+            stereo(s, 0.5, 0.2, 5000);
+            s.pilotDeviationHz = level;
+        });
+        const Figures figures = measure(plan, 0.5);
+        EXPECT_TRUE(figures.stereo);
+        EXPECT_NEAR(figures.pilotHz, level, 0.005 * level);
+        miss(figures.pilotHz / level - 1);
+    }
+}
+
+TEST_P(Accuracy, PilotError) {
+    for (const double error : {-2.0, 0.0, 2.0}) {
+        const auto plan = band([&](auto& s) {
+            stereo(s, 0.5, 0.2, 5000);
+            s.pilotErrorHz = error;
+        });
+        const double measured = measure(plan, 0.5).pilotErrorHz;
+        EXPECT_NEAR(measured, error, 0.01);
+        miss(measured - error);
+    }
+}
+
+TEST_P(Accuracy, RdsLevel) {
+    for (const double level : {1200.0, 2000.0, 4000.0}) {
+        const auto plan = band([&](auto& s) {
+            stereo(s, 0.6, 0.2);
+            s.rds.deviationHz = level;
+            s.rds.phaseDegrees = level == 2000 ? 0 : 90;
+        });
+        const Figures figures = measure(plan, 0.8);
+        EXPECT_TRUE(figures.rds);
+        EXPECT_NEAR(figures.rdsHz, level, 0.05 * level);
+        miss(figures.rdsHz / level - 1);
+    }
+}
+
+TEST_P(Accuracy, RdsError) {
+    for (const double error : {-4.0, 0.0, 2.5}) {
+        const auto plan = band([&](auto& s) {
+            stereo(s, 0.6, 0.2);
+            s.rds.errorHz = error;
+        });
+        const double measured = measure(plan, 1.2).rdsErrorHz;
+        EXPECT_NEAR(measured, error, 0.1);
+        miss(measured - error);
+    }
+}
+
+TEST_P(Accuracy, AudioLevels) {
+    for (const double db : {-40.0, -20.0, -6.0, 0.0, 3.0}) {
+        const double amplitude = std::pow(10, db / 20);
+        const auto plan = band([&](auto& s) { stereo(s, amplitude, amplitude, 400); });
+        const Figures figures = measure(plan, 0.4);
+        EXPECT_NEAR(figures.levelLeftDb, db, 0.1);
+        EXPECT_NEAR(figures.levelRightDb, db, 0.1);
+        miss(figures.levelLeftDb - db);
+        miss(figures.levelRightDb - db);
+    }
+}
+
+TEST_P(Accuracy, Separation) {
+    double least = 200;
+    for (const double hz : {100.0, 400.0, 1000.0, 5000.0, 12000.0}) {
+        const double amplitude = hz > 6000 ? 0.2 : 0.7;
+        const Figures left = measure(band([&](auto& s) { stereo(s, amplitude, 0, hz); }), 0.4);
+        EXPECT_GE(left.separationLeftDb, 60) << hz;
+        EXPECT_EQ(left.separationRightDb, 0);
+        least = std::min(least, left.separationLeftDb);
+        if (hz != 1000) continue;
+        const Figures right = measure(band([&](auto& s) { stereo(s, 0, amplitude, hz); }), 0.4);
+        EXPECT_GE(right.separationRightDb, 60) << hz;
+        EXPECT_EQ(right.separationLeftDb, 0);
+        least = std::min(least, right.separationRightDb);
+    }
+    RecordProperty("least", std::to_string(least));
+}
+
+TEST_P(Accuracy, DistortionResidual) {
+    for (const double hz : {100.0, 400.0, 1000.0, 5000.0}) {
+        const Figures figures = measure(band([&](auto& s) { stereo(s, 0.6, 0.6, hz); }), 0.9);
+        EXPECT_LE(figures.distortionPercent, 0.02) << hz;
+        miss(figures.distortionPercent);
+    }
+}
+
+TEST_P(Accuracy, DistortionOfAKnownHarmonic) {
+    const auto plan = band([](auto& s) {
+        s.preEmphasisUs = 0;
+        s.direct = {{1000, 50000}, {2000, 500}};
+    });
+    // De-emphasis weakens the harmonic against its tone.
+    const auto gain = [](double hz) { return 1 / std::hypot(1.0, 2 * M_PI * hz * 50e-6); };
+    const double expected = gain(2000) / gain(1000);
+    const double measured = measure(plan, 0.9).distortionPercent;
+    EXPECT_NEAR(measured, expected, 0.02);
+    miss(measured - expected);
+}
+
+TEST_P(Accuracy, StereoPhase) {
+    const auto check = [&](double left, double right, double degrees) {
+        const auto plan = band([&](auto& s) { stereo(s, left, right); });
+        const double measured = measure(plan, 0.25).stereoPhaseDegrees;
+        EXPECT_NEAR(measured, degrees, 0.5);
+        miss(measured - degrees);
+    };
+    check(0, 0.5, 0);
+    check(0.5, 0.5, 45);
+    check(0.5, 0, 90);
+    check(0.5, -0.5, 135);
+    // The mixtures need no repetition in every kind of samples.
+    if (kReduced || !GetParam().eightBit) return;
+    for (int mixture = 1; mixture <= 20; ++mixture) {
+        const double degrees = mixture * 8.0;
+        check(0.6 * std::sin(degrees * M_PI / 180), 0.6 * std::cos(degrees * M_PI / 180), degrees);
+    }
+}
+
+TEST_P(Accuracy, NoRayReadsNoMultipath) {
+    const double none = measure(band([](auto& s) { stereo(s, 0.8, 0.8); }), 0.6).multipathPercent;
+    EXPECT_LE(none, 1);
+    miss(none);
+}
+
+TEST_P(Accuracy, MultipathRisesWithTheSecondRay) {
+    struct Expected {
+        Ray ray;
+        int lamps;  // of the panel's five: below 28, 21, 16, 11, 6
+    };
+    const std::vector<Expected> rays{
+        {{5e-6, 0.05, 60}, 5}, {{5e-6, 0.1, 60}, 4}, {{10e-6, 0.2, 60}, 3}, {{5e-6, 0.4, 60}, 1}};
+    double before = 0;
+    int lampsBefore = 6;
+    for (const Expected& expected : rays) {
+        const auto plan = band([&](auto& s) {
+            stereo(s, 0.95, 0.95);
+            s.ray = expected.ray;
+        });
+        const double figure = measure(plan, 0.6).multipathPercent;
+        EXPECT_GT(figure, before);
+        int lamps = 0;
+        for (const double limit : {28.0, 21.0, 16.0, 11.0, 6.0}) lamps += figure < limit ? 1 : 0;
+        EXPECT_LT(lamps, lampsBefore) << figure;
+        before = figure;
+        lampsBefore = lamps;
+        RecordProperty("ray" + std::to_string(expected.ray.amplitude), std::to_string(figure));
+    }
+}
+
+TEST_P(Accuracy, PeaksPerMinuteCountsBurstsPlacedByHand) {
+    const auto plan = band([](auto& s) {
+        s.direct = {{700, 20000}};
+        // Two within one slot's neighbourhood count once; four stand alone.
+        for (const double start : {0.41, 0.87, 1.31, 1.335, 1.83, 2.27})
+            s.bursts.push_back({start, 0.012, {1000, 70000}});
+    });
+    EXPECT_EQ(measure(plan, 2.6).peaksPerMinute, 5);
+}
+
+TEST_P(Accuracy, FieldFollowsTheCarrier) {
+    for (const double amplitude : {0.7, 0.1, 0.02}) {
+        auto plan = band([&](auto& s) {
+            stereo(s, 0.5, 0.3);
+            s.amplitude = amplitude;
+        });
+        plan.noiseReference = amplitude;
+        // Eight bits add their own noise below a hundredth of full scale.
+        const double expected = kFieldAtFullScale + 20 * std::log10(amplitude);
+        const double field = measure(plan, 0.5).fieldDb;
+        EXPECT_NEAR(field, expected, 0.2);
+        miss(field - expected);
+    }
+}
+
+// A station and one beside it.
+BandPlan withNeighbour(BandPlan plan, double offsetHz, double strongerDb) {
+    StationPlan& station = plan.stations.front();
+    station.amplitude = strongerDb > 10 ? 0.08 : 0.4;
+    plan.noiseReference = station.amplitude;
+    StationPlan other;
+    other.offsetHz = station.offsetHz + offsetHz;
+    other.amplitude = station.amplitude * std::pow(10, strongerDb / 20);
+    other.pilotDeviationHz = 6750;
+    other.tones = {{700, 0.5, 0.1}, {3100, 0.1, 0.3}};
+    plan.stations.push_back(other);
+    return plan;
+}
+
+TEST_P(Accuracy, StrongNeighbourAt400KilohertzDoublesTheBarsAtMost) {
+    for (const double side : {-400e3, 400e3}) {
+        const auto shape = [](auto& s) {
+            stereo(s, 0.7, 0);
+            s.carrierErrorHz = 400;
+            s.pilotErrorHz = 1;
+        };
+        const Figures alone = measure(band(shape), 1.2);
+        const Figures f = measure(withNeighbour(band(shape), side, 20), 1.2);
+        EXPECT_NEAR(f.peakHz, alone.peakHz, 1000);
+        EXPECT_NEAR(f.carrierHz, 400, 10);
+        EXPECT_NEAR(f.pilotHz, 6750, 0.01 * 6750);
+        EXPECT_NEAR(f.pilotErrorHz, 1, 0.02);
+        EXPECT_NEAR(f.rdsHz, 2000, 0.1 * 2000);
+        EXPECT_NEAR(f.rdsErrorHz, 3, 0.2);
+        EXPECT_NEAR(f.levelLeftDb, 20 * std::log10(0.7), 0.2);
+        EXPECT_GE(f.separationLeftDb, 54);
+        EXPECT_LE(f.distortionPercent, 0.04);
+        EXPECT_NEAR(f.stereoPhaseDegrees, 90, 1);
+        EXPECT_LE(f.multipathPercent, 2);
+        EXPECT_NEAR(f.fieldDb, kFieldAtFullScale + 20 * std::log10(0.08), 0.4);
+        miss(f.peakHz - alone.peakHz);
+    }
+}
+
+TEST_P(Accuracy, EquallyStrongNeighbourAt200Kilohertz) {
+    for (const double side : {-200e3, 200e3}) {
+        const auto shape = [](auto& s) {
+            stereo(s, 0.7, 0);
+            s.carrierErrorHz = 400;
+        };
+        const Figures alone = measure(band(shape), 1.2);
+        const Figures f = measure(withNeighbour(band(shape), side, 0), 1.2);
+        EXPECT_TRUE(f.narrow);
+        EXPECT_NEAR(f.carrierHz, 400, 100);
+        EXPECT_NEAR(f.pilotHz, 6750, 0.05 * 6750);
+        EXPECT_NEAR(f.peakHz, alone.peakHz, 3000);
+        miss(f.peakHz - alone.peakHz);
+    }
+}
+
+}  // namespace
+}  // namespace hm16::receiver
