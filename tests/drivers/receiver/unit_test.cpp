@@ -1,0 +1,252 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The unit behind the nineteen functions, on recordings and on a radio that goes away.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <chrono>
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <thread>
+
+#include "drivers/receiver/library/readings_of.h"
+#include "drivers/receiver/library/receiver_unit.h"
+#include "drivers/receiver/library/scenes.h"
+#include "drivers/unit/replace_file.h"
+#include "tests/drivers/receiver/signals.h"
+
+namespace hm16::receiver {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+
+// The first `length` samples of a band, then nothing.
+class Excerpt : public SampleSource {
+ public:
+    Excerpt(const BandPlan& plan, std::uint64_t length) : band_(plan), left_(length) {}
+    double rateHz() const override { return band_.rateHz(); }
+    double centreHz() const override { return band_.centreHz(); }
+    std::size_t read(std::span<Sample> into) override {
+        const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(left_, into.size()));
+        band_.read(into.first(count));
+        left_ -= count;
+        return count;
+    }
+    void rewind() override {}
+
+ private:
+    BandGenerator band_;
+    std::uint64_t left_;
+};
+
+// A radio that is unplugged while it runs.
+class Unplugged : public BandGenerator {
+ public:
+    using BandGenerator::BandGenerator;
+    bool live() const override { return true; }
+    std::size_t read(std::span<Sample> into) override {
+        if (++reads_ > 8) throw SourceError("The radio \"x\" has stopped sending.");
+        return BandGenerator::read(into);
+    }
+
+ private:
+    int reads_ = 0;
+};
+
+class ReceiverUnitTest : public testing::Test {
+ protected:
+    ReceiverUnitTest()
+        : folder_(fs::temp_directory_path() / ("hm16_unit_" + std::to_string(getpid()))) {
+        fs::create_directories(folder_);
+        options_.pace = Pace::Fast;
+        options_.levelStepDb = 0;
+    }
+    ~ReceiverUnitTest() override { fs::remove_all(folder_); }
+
+    std::unique_ptr<ReceiverUnit> unit(std::unique_ptr<SampleSource> source) {
+        auto result =
+            std::make_unique<ReceiverUnit>(options_, std::move(source), readings_, folder_);
+        if (options_.pace == Pace::Fast) result->step(0);
+        return result;
+    }
+    std::unique_ptr<ReceiverUnit> sceneUnit(Scene scene) {
+        return unit(std::make_unique<BandGenerator>(sceneOf(scene, 0, 0)));
+    }
+
+    ReceiverOptions options_;
+    PublishedReadings readings_;
+    const fs::path folder_;
+};
+
+TEST_F(ReceiverUnitTest, MeasuresTheTunedStationStepByStep) {
+    const auto unit = sceneUnit(Scene::Station);
+    unit->measure({.frequency = 985});
+    EXPECT_TRUE(unit->step(30));
+    const Readings now = readings_.latest();
+    EXPECT_NEAR(now.pilotLevel, 9, 0.05);
+    EXPECT_NEAR(now.pilotError, 0.5, 0.01);
+    EXPECT_NEAR(now.rdsLevel, 100 * 2000 / 75e3, 0.05);
+    EXPECT_NEAR(now.carrierDeviation, 1.2, 0.3);
+    EXPECT_NEAR(now.field, 100 + 20 * std::log10(0.3), 0.2);
+    EXPECT_THAT(unit->report(), HasSubstr("rds programme: E123"));
+    EXPECT_THAT(unit->report(), HasSubstr("rds name: SYNTH FM"));
+}
+
+TEST_F(ReceiverUnitTest, TunesWithinTheSamplesAndFindsNothingOutsideThem) {
+    const auto unit = sceneUnit(Scene::Band);
+    unit->measure({.frequency = 978});
+    unit->step(30);
+    EXPECT_NEAR(readings_.latest().peakModulation, 82 / 0.75, 1);
+    EXPECT_NEAR(readings_.latest().carrierDeviation, -24, 0.1);
+    unit->stop();
+    unit->measure({.frequency = 1040});
+    EXPECT_TRUE(unit->step(10));
+    EXPECT_EQ(readings_.latest(), readingsOf(Figures(), 0, AudioMode::LeftRight, 0));
+    EXPECT_EQ(readings_.latest().field, 0);
+    EXPECT_EQ(unit->levelAt(1040), 0.0F);
+}
+
+TEST_F(ReceiverUnitTest, LevelsAreWholeDecibelsUnlessAskedOtherwise) {
+    options_.levelStepDb = 1;
+    const auto unit = sceneUnit(Scene::Station);
+    EXPECT_EQ(unit->levelAt(985), 90.0F);
+    options_.levelStepDb = 0;
+    EXPECT_NEAR(*sceneUnit(Scene::Station)->levelAt(985), 100 + 20 * std::log10(0.3), 0.2);
+}
+
+TEST_F(ReceiverUnitTest, AFrameShowsTheCarrierAmongTheNoise) {
+    const auto unit = sceneUnit(Scene::Band);
+    unit->sweep({.start = 976, .stop = 988, .stepKhz = 25});
+    EXPECT_TRUE(unit->step(1));
+    EXPECT_TRUE(unit->frames().frameArrived());
+    EXPECT_GT(unit->frames().level(985), unit->frames().level(981.5) + 40);
+    EXPECT_EQ(unit->frames().level(1060), 0);
+}
+
+TEST_F(ReceiverUnitTest, ARecordingThatEndsWhileMeasuringLeavesNoFigures) {
+    options_.atEnd = AtEnd::Stop;
+    const auto unit = this->unit(std::make_unique<Excerpt>(sceneOf(Scene::Station, 0, 0), 1200000));
+    unit->measure({.frequency = 985});
+    EXPECT_FALSE(unit->step(100));
+    EXPECT_EQ(readings_.latest(), readingsOf(Figures(), 0, AudioMode::LeftRight, 0));
+    EXPECT_EQ(unit->levelAt(985), std::nullopt);
+    EXPECT_FALSE(unit->step(1));
+}
+
+TEST_F(ReceiverUnitTest, ARadioThatDisappearsLeavesNoFiguresAndFailsLevels) {
+    options_.pace = Pace::Real;
+    const auto unit = this->unit(std::make_unique<Unplugged>(sceneOf(Scene::Station, 0, 0)));
+    unit->measure({.frequency = 985});
+    for (int wait = 0; wait < 500 && unit->report().find("ended") == std::string::npos; ++wait)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    EXPECT_THAT(unit->report(), HasSubstr("ended"));
+    EXPECT_EQ(readings_.latest().field, 0);
+    EXPECT_EQ(unit->levelAt(985), std::nullopt);
+    unit->stop();
+    unit->measure({.frequency = 985});
+    EXPECT_EQ(readings_.latest().peakModulation, 0);
+}
+
+TEST_F(ReceiverUnitTest, ResultsAreKeptInTheStationsFileAndCleared) {
+    const auto unit = sceneUnit(Scene::Tones);
+    unit->measure({.frequency = 985});
+    unit->step(40);
+    unit->stop();
+    const auto kept = StationResults::read(folder_, 985);
+    ASSERT_TRUE(kept.separationLeft());
+    EXPECT_GT(*kept.separationLeft(), 55);
+    unit->clearResults(StoredResult::Separation);
+    EXPECT_FALSE(StationResults::read(folder_, 985).separationLeft());
+}
+
+TEST_F(ReceiverUnitTest, TheDaysLogGetsItsLine) {
+    {
+        const auto unit = sceneUnit(Scene::Tones);
+        unit->measure({.frequency = 985, .log = DayLogging::On});
+        unit->step(kReduced ? 1201 : 1300);
+    }
+    bool found = false;
+    for (const auto& entry : fs::directory_iterator(folder_))
+        found |= entry.path().extension() == ".log" && fs::file_size(entry) > 0;
+    EXPECT_TRUE(found);
+}
+
+TEST_F(ReceiverUnitTest, AResponseRunEndsWithTheMarkAndItsResults) {
+    BandPlan band = sceneOf(Scene::Silence, 0, 0);
+    StationPlan station;
+    station.offsetHz = 300e3;
+    // One second of each of three tones.
+    station.preEmphasisUs = 0;
+    for (const double start : {0.0, 1.0, 2.0})
+        station.bursts.push_back({start,
+                                  1.0,
+                                  {start == 0   ? 400.0
+                                   : start == 1 ? 1000.0
+                                                : 4000.0,
+                                   30e3}});
+    band.stations.push_back(station);
+    options_.deemphasisUs = 0;
+    const auto unit = this->unit(std::make_unique<BandGenerator>(band));
+    unit->measure({.frequency = 985, .response = hm16::ResponseRun::Armed});
+    int slots = 0;
+    while (readings_.latest().pilotError != kEndMarkError && slots++ < 160) unit->step(1);
+    EXPECT_EQ(readings_.latest().pilotError, kEndMarkError);
+    EXPECT_EQ(readings_.latest().pilotLevel, kEndMarkLevel);
+    unit->stop();
+    const auto results = unit->response();
+    const std::vector<int> expected{400, 1000, 4000, 0};
+    for (std::size_t n = 0; n < expected.size(); ++n) {
+        EXPECT_EQ(results[n].frequency, expected[n]);
+        EXPECT_NEAR(results[n].level, 0, 1);
+    }
+}
+
+TEST_F(ReceiverUnitTest, ReadingsCanBeCopiedFromAnotherThreadWhileItMeasures) {
+    options_.pace = Pace::Real;
+    const auto unit = sceneUnit(Scene::Tones);
+    std::atomic<bool> stop{false};
+    std::thread reader([&] {
+        while (!stop) EXPECT_TRUE(std::isfinite(readings_.latest().field));
+    });
+    for (int round = 0; round < 3; ++round) {
+        unit->measure({.frequency = 985});
+        std::this_thread::sleep_for(std::chrono::milliseconds(60));
+        unit->levelAt(985);
+        unit->stop();
+        unit->sweep({.start = 980, .stop = 986, .stepKhz = 100});
+        std::this_thread::sleep_for(std::chrono::milliseconds(30));
+        unit->stop();
+    }
+    stop = true;
+    reader.join();
+}
+
+TEST(ReceiverOptionsTest, WrongSettingsAreSentencesWithFileAndLine) {
+    const auto faults = [](const std::string& text) {
+        Settings settings = Settings::parse(text, "hm-16.ini");
+        readOptions(settings, ".");
+        std::string all;
+        for (const auto& fault : settings.faults()) all += fault + "\n";
+        return all;
+    };
+    EXPECT_EQ(faults(""), "");
+    EXPECT_THAT(faults("version = 1.8\nsource = tape\n"), HasSubstr("hm-16.ini, line 2"));
+    EXPECT_THAT(faults("clock_ppm = fast\n"), HasSubstr("line 1"));
+    EXPECT_THAT(faults("source = recording\n"), HasSubstr("file is missing"));
+    EXPECT_THAT(faults("source = soapy\npace = fast\n"), HasSubstr("line 2"));
+    EXPECT_THAT(faults("centre = 98\n"), HasSubstr("centre"));
+}
+
+// The template that is shipped must be one that the unit takes.
+TEST(ReceiverOptionsTest, TheTemplateHasNoFaults) {
+    const fs::path folder = fs::path(HMONITOR_SOURCE_DIR) / "drivers/receiver";
+    Settings settings = Settings::read(folder / "hm-16.ini");
+    EXPECT_EQ(readOptions(settings, folder).version, 1.8F);
+    EXPECT_TRUE(settings.faults().empty());
+}
+
+}  // namespace
+}  // namespace hm16::receiver
