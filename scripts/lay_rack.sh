@@ -6,10 +6,13 @@ lay_rack() {
   local tree=$1 build=$2 folder=$3 unit=$4 file
   mkdir -p "$folder/Logs"
   cp -f "$build/app/hmonitor" "$folder/hmonitor.new" && mv -f "$folder/hmonitor.new" "$folder/hmonitor"
-  cp -f "$build/drivers/$unit/hm-16.so" "$folder/hm-16.so.new" &&
-    mv -f "$folder/hm-16.so.new" "$folder/hm-16.so"
-  if [ "$unit" != simulated ] && [ ! -e "$folder/hm-16.ini" ]; then
-    cp "$tree/drivers/$unit/hm-16.ini" "$folder/hm-16.ini"
+  local library=$build/drivers/simulated/hm-16.so
+  [ "$unit" = receiver ] && library=$build/receiver/hm-16.so
+  cp -f "$library" "$folder/hm-16.so.new" && mv -f "$folder/hm-16.so.new" "$folder/hm-16.so"
+  cp -f "$build/drivers/probe/hm16-probe" "$folder/hm16-probe.new" &&
+    mv -f "$folder/hm16-probe.new" "$folder/hm16-probe"
+  if [ "$unit" = receiver ] && [ ! -e "$folder/hm-16.ini" ]; then
+    cp "$tree/drivers/receiver/hm-16.ini" "$folder/hm-16.ini"
   fi
   for file in "$tree"/install/*; do
     [ -f "$file" ] || continue
@@ -23,7 +26,7 @@ set_recording() {
   while IFS= read -r line || [ -n "$line" ]; do
     line=${line%$'\r'}
     case "$line" in
-      file\ *=* | file=*) printf 'file = %s\r\n' "$2" ;;
+      file\ *=* | file=* | ";file"*=*) printf 'file = %s\r\n' "$2" ;;
       source\ *=* | source=*) printf 'source = recording\r\n' ;;
       *) printf '%s\r\n' "$line" ;;
     esac

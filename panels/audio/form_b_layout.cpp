@@ -24,6 +24,7 @@ constexpr Colour kNeedle{0x0000ff};
 
 /// Twips for one unit of each dial.
 constexpr float kBarsUnit = 1.4f;
+constexpr float kBarsLeft = 330;
 constexpr float kPhaseUnit = 1.4f;
 constexpr float kPowerUnit = 1.2f;
 
@@ -65,7 +66,7 @@ void Form_B::layOutLevels() {
         letter->font = look::kLamp;
         letter->colour = look::kScaleColour;
     }
-    place(LevelBars, {330, 0, 4060, 860}, &LevelWell).unit = kBarsUnit;
+    place(LevelBars, {kBarsLeft, 0, 4060, 860}, &LevelWell).unit = kBarsUnit;
     for (int i = 0; i < LevelBar::kElements; ++i) {
         for (auto* family : {&LineAudL, &LineAudR}) {
             // Until the first tuning there is one element a bar.
@@ -80,8 +81,8 @@ void Form_B::layOutLevels() {
     for (int i = 0; i < 7; ++i) {
         // Two elements a dB, -25 dB at element 0.
         Label& number = LevelNumber[static_cast<std::size_t>(i)];
-        const float x = 5 + 45 * static_cast<float>(10 * i);
-        place(number, {x - 125, 255, 250, 110}, &LevelBars).caption = wholeText(5 * i - 25);
+        const float x = kBarsLeft + kBarsUnit * (5 + 45 * static_cast<float>(10 * i));
+        place(number, {x - 175, 357, 350, 154}, &LevelWell).caption = wholeText(5 * i - 25);
         number.font = look::kScale;
         number.colour = look::kScaleColour;
         number.align = Align::Centre;

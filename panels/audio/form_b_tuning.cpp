@@ -86,7 +86,7 @@ void Form_B::Command9() {
     StationState.MemoryFreq = shortText(stored.tuned());
     StationState.StationName = RadioName;
     ManualTune = 0;
-    tuneBarTo(toWhole(stored.frequency) - kLowestFrequency);
+    tuneBarTo(toWhole(stored.frequency - kLowestFrequency));
     Command1();
 }
 
