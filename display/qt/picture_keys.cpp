@@ -27,7 +27,7 @@ void paintCap(QPainter& painter, const QRectF& box, qreal unit, Cap cap, CapMark
     painter.setPen(QPen(QColor(lit ? 0xffffffff : kKeyGlint), unit * 0.8));
     painter.drawLine(face.topLeft() + QPointF(radius, unit * 0.4),
                      face.topRight() + QPointF(-radius, unit * 0.4));
-    if (!lit || mark == CapMark::None || face.height() < 22 * unit) return;
+    if (!lit || mark == CapMark::None || face.height() < 30 * unit) return;
     const qreal width = std::min(18 * unit, face.width() * 0.4);
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(kAmber));
