@@ -55,6 +55,7 @@ int main(int argc, char** argv) {
 
     const hmonitor::Files files(folder);
     files.removeLeftovers();
+    hmonitor::Files(folder / "Logs").removeLeftovers();
     const hm16::LoadResult loaded = hm16::Library::load(folder);
     const std::unique_ptr<DriverLibrary> driver = openDriver(loaded);
 
