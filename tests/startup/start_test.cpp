@@ -12,6 +12,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 
 std::vector<std::string> shownOrHidden(const std::vector<std::string>& journal) {
     std::vector<std::string> seen;
