@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gtest/gtest.h>
+
+#include "tests/panels/quality/quality_bench.h"
+
+namespace hmonitor::test {
+namespace {
+
+TEST_F(Quality, RefreshesTenTimesASecondWithFiveReadingsOfItsOwn) {
+    bench.output(6) = -0.55f;
+    bench.output(7) = 10;
+    bench.output(8) = -61;
+    bench.output(9) = -61;
+    const int before = bench.driver.dataCalls;
+    const int rdsBefore = bench.driver.rdsCalls;
+    bench.formC.Command4();
+    bench.formC.Command6();
+    bench.formC.Command11();
+    bench.formC.Command13();
+    bench.formC.Command1();
+    EXPECT_EQ(bench.driver.dataCalls - before, 5);
+    EXPECT_EQ(bench.driver.rdsCalls - rdsBefore, 1);
+
+    bench.output(8) = -52;
+    bench.advance(std::chrono::milliseconds(100));
+    EXPECT_EQ(noise(), "5261");
+    // The labels come last: the one that the error's digit borrows is written again.
+    EXPECT_EQ(bench.formC.Label_19K_FrecError.caption, "-0.6");
+}
+
+TEST_F(Quality, LabelsShowTheReadingsAsTheyAre) {
+    bench.output(6) = 1.26f;
+    bench.output(7) = 9.55f;
+    bench.output(8) = -72.44f;
+    bench.output(9) = -71.46f;
+    bench.output(10) = 60;
+    bench.output(11) = 41.25f;
+    bench.output(12) = 0.056f;
+    bench.driver.rdsError = -0.75f;
+    bench.driver.rdsLevel = 4.44f;
+    bench.state.FloorNoiseL = "-70";
+    bench.state.FloorSepL = "65";
+    bench.state.FloorThd = "40";
+    bench.formC.Command1();
+    EXPECT_EQ(bench.formC.Label_19K_FrecError.caption, "+1.3");
+    EXPECT_EQ(bench.formC.Label_PilotLevel.caption, "9.6");
+    EXPECT_EQ(bench.formC.Label_LeftNoise.caption, "-72.4");
+    EXPECT_EQ(bench.formC.Label_RightNoise.caption, "-71.5");
+    EXPECT_EQ(bench.formC.Label_ChannelSep_Left.caption, "60.0");
+    EXPECT_EQ(bench.formC.Label_ChannelSep_Right.caption, "41.3");
+    EXPECT_EQ(bench.formC.Label_HarmonicDistortion.caption, "0.06");
+    EXPECT_EQ(bench.formC.Label_57K_FrecError.caption, "-0.8");
+    EXPECT_EQ(bench.formC.Label_RDSLevel.caption, "4.4");
+}
+
+TEST_F(Quality, WithoutAPilotItsErrorMeansNothing) {
+    bench.output(6) = 1.5f;
+    for (const float none : {0.3f, 0.f, -5.f}) {
+        bench.output(7) = none;
+        bench.formC.Command1();
+        EXPECT_EQ(bench.formC.Label_19K_FrecError.caption, "----") << none;
+    }
+    bench.output(7) = 0.31f;
+    bench.formC.Command1();
+    EXPECT_EQ(bench.formC.Label_19K_FrecError.caption, "+1.5");
+}
+
+TEST_F(Quality, WithoutRdsItsErrorMeansNothing) {
+    bench.driver.rdsError = 2.5f;
+    bench.driver.rdsLevel = 0.3f;
+    bench.formC.Command1();
+    EXPECT_EQ(bench.formC.Label_57K_FrecError.caption, "----");
+    EXPECT_EQ(bench.formC.Label_RDSLevel.caption, "0.3");
+    bench.driver.rdsLevel = 0.31f;
+    bench.formC.Command1();
+    EXPECT_EQ(bench.formC.Label_57K_FrecError.caption, "+2.5");
+    EXPECT_EQ(bench.formC.RdsLevel, 0.31f);
+    EXPECT_EQ(bench.formC.Error57, 2.5f);
+}
+
+TEST_F(Quality, SeparationDigitsStandOnTheStoredResult) {
+    bench.output(10) = 60;
+    bench.output(11) = 48.9f;
+    bench.state.FloorSepL = "65";
+    bench.state.FloorSepR = "0";
+    bench.formC.Command1();
+    EXPECT_EQ(separation(), "6548");
+    EXPECT_EQ(bench.formC.Label_ChannelSep_Left.caption, "60.0");
+}
+
+TEST_F(Quality, NoiseDigitsStandOnTheStoredFloor) {
+    bench.output(8) = -72.4f;
+    bench.output(9) = -72.4f;
+    bench.state.FloorNoiseL = "-70";
+    bench.state.FloorNoiseR = "xx";
+    bench.formC.Command11();
+    EXPECT_EQ(noise(), "7072");
+}
+
+TEST_F(Quality, DistortionAlwaysHasThreeDigits) {
+    bench.output(12) = 0.05f;
+    bench.formC.Command13();
+    EXPECT_EQ(distortion(), "005");
+    bench.state.FloorThd = "230";
+    bench.formC.Command13();
+    EXPECT_EQ(distortion(), "230");
+}
+
+TEST_F(Quality, PilotErrorShowsItsSignAndDarkensUnusedPlaces) {
+    bench.output(6) = -12.34f;
+    bench.formC.Command4();
+    EXPECT_EQ(error19(), "-123");
+    bench.output(6) = 1.26f;
+    bench.formC.Command4();
+    EXPECT_EQ(error19(), "+ 12");
+    bench.output(6) = 0;
+    bench.formC.Command4();
+    EXPECT_EQ(error19(), "+  0");
+}
+
+TEST_F(Quality, PilotErrorOfOneDigitStandsInTheLabelUntilItIsWrittenAgain) {
+    bench.output(6) = -0.55f;
+    bench.output(7) = 10;
+    bench.formC.Command1();
+    EXPECT_EQ(bench.formC.Label_19K_FrecError.caption, "-0.6");
+    bench.formC.Command4();
+    EXPECT_EQ(bench.formC.Label_19K_FrecError.caption, "5");
+    bench.formC.Command1();
+    EXPECT_EQ(bench.formC.Label_19K_FrecError.caption, "-0.6");
+    bench.output(6) = 1.5f;
+    bench.formC.Command4();
+    EXPECT_EQ(bench.formC.Label_19K_FrecError.caption, "-0.6");
+}
+
+TEST_F(Quality, PilotErrorFarBelowChangesTheSignAlone) {
+    bench.output(6) = 45.6f;
+    bench.formC.Command4();
+    bench.output(6) = -100;
+    bench.formC.Command4();
+    EXPECT_EQ(error19(), "-456");
+}
+
+TEST_F(Quality, PilotLevelDarkensUnusedPlaces) {
+    for (const auto& [level, digits] :
+         {std::pair{12.39f, "123"}, {9.99f, " 99"}, {0.75f, "  7"}, {10.f, "100"}}) {
+        bench.output(7) = level;
+        bench.formC.Command6();
+        EXPECT_EQ(pilot(), digits) << level;
+    }
+}
+
+TEST_F(Quality, WhileArmedTheDigitsStandOnTheValuesOfTheMomentOfArming) {
+    bench.write("Hm-res.dat", lines({"1", "1.26", " 9.5 "}));
+    bench.output(6) = 50;
+    bench.output(7) = 70;
+    bench.state.ResponseState = "si";
+    bench.state.ResponseAuto = "si";
+    bench.formC.Command4();
+    bench.formC.Command6();
+    EXPECT_EQ(bench.state.ResponseState, "sisi");
+    EXPECT_EQ(error19(), "+ 12");
+    EXPECT_EQ(pilot(), " 95");
+
+    // The file is read at the moment of arming alone.
+    bench.write("Hm-res.dat", lines({"1", "33.3", "44.4"}));
+    bench.formC.Command4();
+    bench.formC.Command6();
+    EXPECT_EQ(error19(), "+ 12");
+    EXPECT_EQ(pilot(), " 95");
+
+    bench.state.ResponseAuto = "";
+    bench.formC.Command4();
+    bench.formC.Command6();
+    EXPECT_EQ(error19(), "+500");
+    EXPECT_EQ(pilot(), "700");
+    EXPECT_EQ(bench.formC.FrozenError19, 50.f);
+    EXPECT_EQ(bench.formC.FrozenPilot, 70.f);
+}
+
+TEST_F(Quality, DemoModeShowsItsOwnFigures) {
+    bench.state.DemoMode = "si";
+    bench.state.ResponseState = "si";
+    for (int output = 6; output <= 12; ++output) bench.output(output) = 33;
+    for (SmallText* floor : {&bench.state.FloorSepL, &bench.state.FloorSepR}) *floor = "65";
+    bench.state.FloorThd = "500";
+    bench.formC.FrozenError19 = 7;
+    bench.formC.Command4();
+    bench.formC.Command6();
+    bench.formC.Command11();
+    bench.formC.Command13();
+    bench.formC.Command1();
+    EXPECT_EQ(error19(), "+  5");
+    EXPECT_EQ(pilot(), "100");
+    EXPECT_EQ(noise(), "7072");
+    EXPECT_EQ(distortion(), "127");
+    EXPECT_EQ(separation(), "4545");
+    EXPECT_EQ(bench.formC.Label_PilotLevel.caption, "33.0");
+    EXPECT_EQ(bench.state.ResponseState, "si");
+    EXPECT_EQ(bench.formC.FrozenError19, 7.f);
+}
+
+}  // namespace
+}  // namespace hmonitor::test
