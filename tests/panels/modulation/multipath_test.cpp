@@ -54,6 +54,7 @@ TEST(MultipathMeter, AWeakFieldIsBadOnceAndTheWindowStaysClosed) {
     for (int i = 0; i < 15; ++i) EXPECT_EQ(meter.take(40, 44.9f), Draw::Nothing);
     EXPECT_EQ(meter.MultipathCount, 10);
     EXPECT_EQ(meter.MultipathWorst, 5);
+    EXPECT_EQ(meter.take(40, 44.99f), Draw::Nothing);
     EXPECT_EQ(meter.take(40, 45.f), Draw::Figure);
     EXPECT_EQ(meter.MultipathShown, 5);
 }
