@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gtest/gtest.h>
+#include <cmath>
+
+#include "tests/panels/audio/shown_digit.h"
+#include "tests/support/rack_bench.h"
+
+namespace hmonitor::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr display::Colour kLit{0x2317fd};
+constexpr display::Colour kDark{0x1d1c20};
+
+TEST(PowerFigure, DropFrom60To40HoldsFor11UpdatesAndThenFallsEveryThird) {
+    PowerFigure power;
+    power.take(60);
+    for (int i = 1; i <= 10; ++i) {
+        power.take(40);
+        EXPECT_EQ(power.PowerShown, 60) << i;
+    }
+    power.take(40);
+    EXPECT_EQ(power.PowerShown, 59);
+    for (int figure = 58; figure >= 40; --figure) {
+        power.take(40);
+        power.take(40);
+        EXPECT_EQ(power.PowerShown, figure + 1);
+        power.take(40);
+        EXPECT_EQ(power.PowerShown, figure);
+    }
+    power.take(40);
+    EXPECT_EQ(power.PowerShown, 40);
+    EXPECT_EQ(power.PowerTicks, 0);
+    for (int i = 0; i < 50; ++i) power.take(40);
+    EXPECT_EQ(power.PowerShown, 40);
+}
+
+TEST(PowerFigure, RiseShowsAtOnceAndStartsTheHoldAnew) {
+    PowerFigure power;
+    power.take(60);
+    for (int i = 0; i < 10; ++i) power.take(40);
+    power.take(61);
+    EXPECT_EQ(power.PowerShown, 61);
+    for (int i = 0; i < 10; ++i) power.take(40);
+    EXPECT_EQ(power.PowerShown, 61);
+    power.take(40);
+    EXPECT_EQ(power.PowerShown, 60);
+}
+
+TEST(PowerFigure, FallThatPassesTheReadingTakesIt) {
+    PowerFigure power;
+    power.take(60);
+    for (int i = 0; i < 10; ++i) power.take(40);
+    power.take(59);
+    EXPECT_EQ(power.PowerShown, 59);
+    EXPECT_EQ(power.PowerTicks, 8);
+    power.take(58);
+    power.take(58);
+    EXPECT_EQ(power.PowerTicks, 10);
+    power.take(58);
+    EXPECT_EQ(power.PowerShown, 58);
+}
+
+TEST(PowerFigure, NeverGoesBelowZero) {
+    PowerFigure power;
+    power.take(1);
+    for (int i = 0; i < 40; ++i) power.take(-7);
+    EXPECT_EQ(power.PowerShown, 0);
+}
+
+class Power : public testing::Test {
+ protected:
+    void SetUp() override { bench.start(); }
+    /// Where the needle's tip stands, degrees right of vertical.
+    double needle() {
+        const auto& line = bench.formB.LinePo;
+        EXPECT_EQ(line.x1, 1350);
+        EXPECT_EQ(line.y1, 2315);
+        const double x = line.x2 - 1350;
+        const double y = 2315 - line.y2;
+        EXPECT_NEAR(std::hypot(x, y), 1865, 0.01);
+        return std::atan2(x, y) * 180 / 3.14159265358979323846;
+    }
+    std::string tens() { return shownFigure(bench.formB.powerTens, kLit, kDark); }
+    std::string units() { return shownFigure(bench.formB.powerUnits, kLit, kDark); }
+
+    RackBench bench;
+};
+
+TEST_F(Power, NeedleStandsAtRestForZeroAndUpFor25) {
+    bench.output(5) = 0;
+    bench.advance(100ms);
+    EXPECT_NEAR(needle(), -25, 0.001);
+    bench.output(5) = 2.5f;
+    bench.advance(100ms);
+    EXPECT_NEAR(needle(), 0, 0.001);
+    EXPECT_EQ(tens(), "2");
+    EXPECT_EQ(units(), "5");
+    EXPECT_EQ(bench.state.PowerText, "25");
+}
+
+TEST_F(Power, AtRestTheHoldRisesByThreeQuartersAndReturns) {
+    for (int i = 0; i < 5; ++i) {
+        bench.advance(100ms);
+        EXPECT_DOUBLE_EQ(bench.form1.PowerHold, 115.75);
+        EXPECT_NEAR(needle(), -25, 0.001);
+    }
+}
+
+TEST_F(Power, NeedleJumpsUpAndFallsThreeQuartersOfADegreeAnUpdate) {
+    bench.output(5) = 5;
+    bench.advance(100ms);
+    EXPECT_NEAR(needle(), 25, 0.001);
+    bench.output(5) = 0;
+    bench.advance(100ms);
+    EXPECT_NEAR(needle(), 24.25, 0.001);
+    bench.advance(900ms);
+    EXPECT_NEAR(needle(), 17.5, 0.001);
+}
+
+TEST_F(Power, NeedleTakesTheWholePartAndTheDigitsTheRoundedFigure) {
+    bench.output(5) = 3.17f;
+    bench.advance(100ms);
+    EXPECT_NEAR(needle(), 6, 0.001);
+    EXPECT_EQ(tens(), "3");
+    EXPECT_EQ(units(), "2");
+}
+
+TEST_F(Power, HundredLeavesTheTensPlaceAsItWas) {
+    bench.output(5) = 7.3f;
+    bench.advance(100ms);
+    EXPECT_EQ(tens(), "7");
+    EXPECT_EQ(units(), "3");
+    bench.output(5) = 10.4f;
+    bench.advance(100ms);
+    EXPECT_EQ(tens(), "7");
+    EXPECT_EQ(units(), "4");
+    EXPECT_EQ(bench.formB.PowerDigit, 4);
+    EXPECT_EQ(bench.formB.power.PowerShown, 104);
+}
+
+TEST_F(Power, OtherPlacesDrawNothing) {
+    bench.output(5) = 7.3f;
+    bench.advance(100ms);
+    for (const int place : {0, 3, -1}) {
+        bench.formB.PowerDigit = 8;
+        bench.formB.PowerPlace = place;
+        bench.formB.Command_DibujoLCD_Potencia();
+        EXPECT_EQ(tens() + units(), "73") << place;
+    }
+    bench.formB.PowerPlace = 1;
+    bench.formB.Command_DibujoLCD_Potencia();
+    EXPECT_EQ(tens() + units(), "83");
+}
+
+TEST_F(Power, UnitsAreNumberedBackwards) {
+    EXPECT_EQ(bench.formB.powerTens.segment(0).name(), "Line30");
+    EXPECT_EQ(bench.formB.powerTens.segment(6).name(), "Line36");
+    EXPECT_EQ(bench.formB.powerUnits.segment(0).name(), "Line43");
+    EXPECT_EQ(bench.formB.powerUnits.segment(6).name(), "Line37");
+}
+
+}  // namespace
+}  // namespace hmonitor::test
