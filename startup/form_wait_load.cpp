@@ -63,6 +63,7 @@ void Form_WaitLoad::layOut() {
     place(Faceplate, {0, 0, 5600, 2600}).surface = display::Surface::Faceplate;
     place(Check1, {0, 0, 10, 10}).caption = "Marvenia";
     Check1.checked = brand_ == Brand::Marvenia;
+    Check1.says = {"Marca", "Brand"};
     Check1.visible = false;
     place(Logo1, {620, 500, 3200, 520}).picture = "LogoTeskel";
     place(Logo2, {620, 500, 3200, 520}).picture = "LogoMarvenia";

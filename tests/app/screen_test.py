@@ -9,6 +9,7 @@ import pathlib
 import subprocess
 import sys
 import tempfile
+import time
 
 sys.dont_write_bytecode = True
 from screen import Screen, wait_for
@@ -82,9 +83,14 @@ def detector_keys(run):
 def fold(run):
     run.press(FOLD)
     wait_for(lambda: run.screen.is_folded(run.window), "the rack folded")
-    run.screen.ask("xdotool", "windowactivate", "--sync", run.window)
-    wait_for(lambda: not run.screen.is_folded(run.window) and run.find_rack() == run.window,
-             "the rack unfolded")
+    time.sleep(1)  # no hand at a task bar is quicker
+
+    def unfolded():
+        # As a user asks at the task bar: again, where the folding had not come to its end.
+        run.screen.ask("xdotool", "windowactivate", run.window)
+        return not run.screen.is_folded(run.window) and run.find_rack() == run.window
+
+    wait_for(unfolded, "the rack unfolded")
 
 
 def second_start(run):
