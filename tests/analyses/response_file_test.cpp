@@ -56,12 +56,12 @@ TEST(ResponseFile, TextThatIsNoNumberCountsAsZero) {
 }
 
 TEST(ResponseFile, AMissingFileGivesNothing) {
-    const ScratchFolder scratch;
+    const TempFolder scratch;
     EXPECT_FALSE(ResponseFile("981").read(Files(scratch.path())));
 }
 
 TEST(ResponseFile, ReadsBackWhatItWrote) {
-    const ScratchFolder scratch;
+    const TempFolder scratch;
     const Files files(scratch.path());
     const ResponsePairs pairs = ResponseFile::parse(kStored);
     EXPECT_FALSE(ResponseFile("1025.5").write(files, pairs));

@@ -43,7 +43,7 @@ TEST(ScanFile, ReadsAnEmptyFileAsNoChannels) {
 }
 
 TEST(ScanFile, SaysThatItsFileIsMissing) {
-    const ScratchFolder scratch;
+    const TempFolder scratch;
     const Files files(scratch.path());
     const auto lines = ScanFile::read(files);
     ASSERT_FALSE(lines);
@@ -51,7 +51,7 @@ TEST(ScanFile, SaysThatItsFileIsMissing) {
 }
 
 TEST(ScanFile, WritesAnEmptyRunAsAnEmptyFile) {
-    const ScratchFolder scratch;
+    const TempFolder scratch;
     const Files files(scratch.path());
     EXPECT_FALSE(ScanFile{}.write(files));
     EXPECT_EQ(*files.read("scan.dat"), "");

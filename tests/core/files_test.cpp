@@ -6,7 +6,7 @@
 
 #include "core/text_lines.h"
 #include "tests/core/as_nobody.h"
-#include "tests/core/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace hmonitor {
 namespace {
@@ -20,27 +20,27 @@ struct FilesTest : testing::Test {
 };
 
 TEST_F(FilesTest, FindsTheExactNameFirst) {
-    temp.put("HM-16.DAT", "upper");
-    temp.put("hm-16.dat", "lower");
+    temp.write("HM-16.DAT", "upper");
+    temp.write("hm-16.dat", "lower");
     EXPECT_EQ(*files.read("hm-16.dat"), "lower");
     EXPECT_EQ(*files.read("HM-16.DAT"), "upper");
 }
 
 TEST_F(FilesTest, FindsAnotherCaseFirstInByteOrder) {
-    temp.put("Hm-Res.dat", "second");
-    temp.put("HM-RES.DAT", "first");
+    temp.write("Hm-Res.dat", "second");
+    temp.write("HM-RES.DAT", "first");
     EXPECT_EQ(files.find("hm-res.dat"), "HM-RES.DAT");
     EXPECT_EQ(*files.read("hm-res.dat"), "first");
 }
 
 TEST_F(FilesTest, FindsAccentedNamesWithoutRegardToCase) {
-    temp.put("SESI\u00d3N.3ds", "x");
+    temp.write("SESI\u00d3N.3ds", "x");
     EXPECT_EQ(files.find("sesi\u00f3n.3Ds"), "SESI\u00d3N.3ds");
     EXPECT_FALSE(files.exists("sesion.3Ds"));
 }
 
 TEST_F(FilesTest, ANameIsBare) {
-    temp.put("a", "x");
+    temp.write("a", "x");
     for (const char* name : {"", ".", "..", "../x", "./a", "/etc/passwd"}) {
         EXPECT_FALSE(files.exists(name)) << name;
         EXPECT_TRUE(files.rewrite(name, "x").has_value()) << name;
@@ -79,7 +79,7 @@ TEST_F(FilesTest, APipeByTheNameDoesNotHoldTheProgram) {
 }
 
 TEST_F(FilesTest, AFileWithoutReadPermissionSaysSo) {
-    temp.put("hm-16.dat", "1");
+    temp.write("hm-16.dat", "1");
     ASSERT_EQ(::chmod(temp.path().c_str(), 0755), 0);
     ASSERT_EQ(::chmod((temp.path() / "hm-16.dat").c_str(), 0), 0);
     const AsNobody nobody;
@@ -96,30 +96,30 @@ TEST_F(FilesTest, KeepsEveryByte) {
     for (int i = 0; i < 4096; ++i) large += all;  // a megabyte
     ASSERT_FALSE(files.rewrite("a", large));
     EXPECT_EQ(*files.read("a"), large);
-    EXPECT_EQ(temp.bytes("a"), large);
+    EXPECT_EQ(temp.read("a"), large);
 }
 
 TEST_F(FilesTest, RemovesAFileByAnyCase) {
-    temp.put("SCAN.DAT", "x");
+    temp.write("SCAN.DAT", "x");
     EXPECT_FALSE(files.remove("scan.dat"));
     EXPECT_FALSE(files.exists("scan.dat"));
     EXPECT_FALSE(files.remove("scan.dat"));
 }
 
 TEST_F(FilesTest, ReadsNoMoreLinesThanAreAskedFor) {
-    temp.put("a", "1\r\n2\r\n");
+    temp.write("a", "1\r\n2\r\n");
     EXPECT_EQ(*files.readLines("a", 2), (std::vector<std::string>{"1", "2"}));
     EXPECT_EQ(files.readLines("a", 1)->size(), 1u);
     EXPECT_TRUE(files.readLines("a", 0)->empty());
 }
 
 TEST_F(FilesTest, AFileTooShortNamesTheFirstMissingLine) {
-    temp.put("hm-16.dat", "1\r\n2\r\n3");
+    temp.write("hm-16.dat", "1\r\n2\r\n3");
     const auto result = files.readLines("hm-16.dat", 7);
     ASSERT_FALSE(result);
     EXPECT_EQ(result.fault().kind, FileFaultKind::TooShort);
     EXPECT_EQ(result.fault().sentence, "hm-16.dat: line 4 is missing");
-    temp.put("empty", "");
+    temp.write("empty", "");
     EXPECT_EQ(files.readLines("empty", 1).fault().sentence, "empty: line 1 is missing");
 }
 

@@ -8,7 +8,7 @@
 
 #include <optional>
 
-#include "tests/core/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace hmonitor {
 namespace {

@@ -10,7 +10,7 @@
 #include "core/station_defaults.h"
 #include "core/text_lines.h"
 #include "tests/core/formats_page.h"
-#include "tests/core/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace hmonitor {
 namespace {
@@ -20,7 +20,7 @@ struct FormatsTest : testing::Test {
     test::TempFolder temp;
     Files files{temp.path()};
 
-    void putExample(const std::string& name) { temp.put(name, joinLines(page.example(name))); }
+    void putExample(const std::string& name) { temp.write(name, joinLines(page.example(name))); }
 
     // Each row: content, lines used, "read" or the message.
     void checkRows(const std::string& name) {
@@ -28,7 +28,7 @@ struct FormatsTest : testing::Test {
         ASSERT_FALSE(rows.empty());
         for (const auto& row : rows) {
             ASSERT_EQ(row.size(), 3u);
-            temp.put(name, test::unescaped(row[0]));
+            temp.write(name, test::unescaped(row[0]));
             const auto lines = files.readLines(name, static_cast<int>(valueOf(row[1])));
             EXPECT_EQ(lines ? "read" : lines.fault().sentence, row[2]) << row[0];
         }
@@ -46,9 +46,9 @@ TEST_F(FormatsTest, TheExampleOfThePanelSettingsReadsAsThePageSays) {
     EXPECT_EQ(settings->line(PanelLine::MakeLog), "0");
     EXPECT_EQ(settings->line(PanelLine::Detector), "1");
     EXPECT_EQ(settings->line(PanelLine::AudioMode), "0");
-    const std::string before = temp.bytes("hm-16.dat");
+    const std::string before = temp.read("hm-16.dat");
     EXPECT_FALSE(settings->write(files));
-    EXPECT_EQ(temp.bytes("hm-16.dat"), before);
+    EXPECT_EQ(temp.read("hm-16.dat"), before);
 }
 
 TEST_F(FormatsTest, TheExampleOfTheOnAirFiguresReadsAsThePageSays) {
@@ -85,16 +85,16 @@ TEST_F(FormatsTest, PresetBlocksOfOddSizesAreSavedAsThePageSays) {
     ASSERT_EQ(rows.size(), 5u);
     for (const auto& row : rows) {
         const auto size = static_cast<std::size_t>(valueOf(row.at(0)));
-        temp.put("halden.dat", std::string(size, 'x'));
+        temp.write("halden.dat", std::string(size, 'x'));
         EXPECT_FALSE(MemoryBlock::read(files)->write(files));
-        const std::string saved = std::to_string(temp.bytes("halden.dat").size());
+        const std::string saved = std::to_string(temp.read("halden.dat").size());
         EXPECT_TRUE(row.at(1).ends_with("a save writes " + saved + " bytes")) << row.at(1);
     }
 }
 
 TEST_F(FormatsTest, TheExampleOfTheResponseSwitchIsWhatArmingWrites) {
     EXPECT_FALSE(ResponseSwitch::armed(-1.5f, 8.9f).write(files));
-    EXPECT_EQ(temp.bytes("Hm-res.dat"), joinLines(page.example("Hm-res.dat")));
+    EXPECT_EQ(temp.read("Hm-res.dat"), joinLines(page.example("Hm-res.dat")));
 }
 
 TEST_F(FormatsTest, TheExampleOfTheResultsGivesTheFloorsOfThePage) {

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/core/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace hmonitor {
 namespace {
@@ -24,7 +24,7 @@ TEST_F(MemoryBlockTest, ARecordIsSixteenBytesAtSixteenTimesItsNumber) {
     std::string bytes(300, ' ');
     bytes.replace(16, 16, "-RADIO UNO-8755 ");
     bytes.replace(256, 16, "-LAST     -1080 ");
-    temp.put("halden.dat", bytes);
+    temp.write("halden.dat", bytes);
     const auto block = MemoryBlock::read(files);
     ASSERT_TRUE(block);
     EXPECT_EQ(block->name(1), "RADIO UNO");
@@ -108,36 +108,36 @@ TEST_F(MemoryBlockTest, UndefinedAndControlBytesAreKept) {
 
 TEST_F(MemoryBlockTest, AShortFileReadsAsBlankBehindAndIsWrittenWithThreeHundredBytes) {
     for (std::size_t size : {0u, 1u, 16u, 31u, 271u, 299u, 300u}) {
-        temp.put("halden.dat", markedBytes(size));
+        temp.write("halden.dat", markedBytes(size));
         const auto block = MemoryBlock::read(files);
         ASSERT_TRUE(block);
         EXPECT_EQ(block->isEmpty(16), size <= 267) << size;
         EXPECT_FALSE(block->write(files));
-        EXPECT_EQ(temp.bytes("halden.dat"), markedBytes(size) + std::string(300 - size, ' '));
+        EXPECT_EQ(temp.read("halden.dat"), markedBytes(size) + std::string(300 - size, ' '));
     }
 }
 
 TEST_F(MemoryBlockTest, ALongerTailIsKept) {
     for (std::size_t size : {301u, 1u << 20}) {
-        temp.put("halden.dat", markedBytes(size));
+        temp.write("halden.dat", markedBytes(size));
         auto block = MemoryBlock::read(files);
         block->store(16, "X", "875");
         EXPECT_FALSE(block->write(files));
-        EXPECT_EQ(temp.bytes("halden.dat").size(), size);
-        EXPECT_EQ(temp.bytes("halden.dat").substr(272), markedBytes(size).substr(272));
+        EXPECT_EQ(temp.read("halden.dat").size(), size);
+        EXPECT_EQ(temp.read("halden.dat").substr(272), markedBytes(size).substr(272));
     }
 }
 
 TEST_F(MemoryBlockTest, RestoringBringsBackTheOldBytesAndTheOldLength) {
     for (std::size_t size : {0u, 299u, 300u, 301u}) {
-        temp.put("halden.dat", markedBytes(size));
+        temp.write("halden.dat", markedBytes(size));
         auto block = MemoryBlock::read(files);
         block->erase(1);
         block->store(2, "NEW", "8755");
         EXPECT_FALSE(block->write(files));
-        EXPECT_NE(temp.bytes("halden.dat"), markedBytes(size));
+        EXPECT_NE(temp.read("halden.dat"), markedBytes(size));
         EXPECT_FALSE(block->restore(files));
-        EXPECT_EQ(temp.bytes("halden.dat"), markedBytes(size));
+        EXPECT_EQ(temp.read("halden.dat"), markedBytes(size));
     }
 }
 

@@ -5,7 +5,7 @@
 #include <sys/stat.h>
 
 #include "tests/core/as_nobody.h"
-#include "tests/core/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace hmonitor {
 namespace {
@@ -20,7 +20,7 @@ struct PanelSettingsTest : testing::Test {
 };
 
 TEST_F(PanelSettingsTest, LinesAreTextAndBecomeNumbersWhenUsed) {
-    temp.put("hm-16.dat", "17\r\n -3.5 \r\nx\r\n1\r\n0\r\n1\r\n0\r\n12\r\n");
+    temp.write("hm-16.dat", "17\r\n -3.5 \r\nx\r\n1\r\n0\r\n1\r\n0\r\n12\r\n");
     const PanelSettings settings = readAll();
     EXPECT_EQ(settings.value(PanelLine::MemoryPreset), 17);
     EXPECT_EQ(settings.line(PanelLine::DbCorrection), " -3.5 ");
@@ -40,7 +40,7 @@ TEST_F(PanelSettingsTest, AMissingFileSaysSo) {
 }
 
 TEST_F(PanelSettingsTest, ReadsNoMoreLinesThanAreUsed) {
-    temp.put("hm-16.dat", "3\r\n-3.5\r\n");
+    temp.write("hm-16.dat", "3\r\n-3.5\r\n");
     const auto settings = PanelSettings::read(files, PanelLine::DbCorrection);
     ASSERT_TRUE(settings);
     EXPECT_EQ(settings->line(PanelLine::MemoryPreset), "3");
@@ -51,7 +51,7 @@ TEST_F(PanelSettingsTest, ReadsNoMoreLinesThanAreUsed) {
 
 TEST_F(PanelSettingsTest, CutAtEveryLengthGivesTheLinesOrNamesTheMissingOne) {
     for (std::size_t length = 0; length <= kInstalled.size(); ++length) {
-        temp.put("hm-16.dat", kInstalled.substr(0, length));
+        temp.write("hm-16.dat", kInstalled.substr(0, length));
         const auto settings = PanelSettings::read(files, PanelLine::ScannerOffset);
         const std::size_t whole = (length + 2) / 3;  // each line is three bytes, its digit first
         SCOPED_TRACE(length);
@@ -63,44 +63,44 @@ TEST_F(PanelSettingsTest, CutAtEveryLengthGivesTheLinesOrNamesTheMissingOne) {
 }
 
 TEST_F(PanelSettingsTest, ARewriteChangesOneLineAndKeepsTheOthersToTheByte) {
-    temp.put("hm-16.dat", "1\r\n -3.5\r\nod\xF1\r\n\r\n0\r\n0\r\n0\r\n007\r\n");
+    temp.write("hm-16.dat", "1\r\n -3.5\r\nod\xF1\r\n\r\n0\r\n0\r\n0\r\n007\r\n");
     EXPECT_FALSE(rewritePanelLine(files, PanelLine::Detector, "1"));
-    EXPECT_EQ(temp.bytes("hm-16.dat"), "1\r\n -3.5\r\nod\xF1\r\n\r\n0\r\n1\r\n0\r\n007\r\n");
+    EXPECT_EQ(temp.read("hm-16.dat"), "1\r\n -3.5\r\nod\xF1\r\n\r\n0\r\n1\r\n0\r\n007\r\n");
 }
 
 TEST_F(PanelSettingsTest, ARewriteClosesEachLineWithCarriageReturnAndLineFeed) {
-    temp.put("hm-16.dat", "1\n2\n3\n4\n5\n6\n7\n8");
+    temp.write("hm-16.dat", "1\n2\n3\n4\n5\n6\n7\n8");
     EXPECT_FALSE(rewritePanelLine(files, PanelLine::MemoryPreset, "16"));
-    EXPECT_EQ(temp.bytes("hm-16.dat"), "16\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n8\r\n");
+    EXPECT_EQ(temp.read("hm-16.dat"), "16\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n8\r\n");
 }
 
 TEST_F(PanelSettingsTest, ARewriteHasEightLinesWhateverStoodBehind) {
-    temp.put("hm-16.dat", kInstalled + "9\r\n10\r\n");
+    temp.write("hm-16.dat", kInstalled + "9\r\n10\r\n");
     EXPECT_FALSE(rewritePanelLine(files, PanelLine::AudioMode, "1"));
-    EXPECT_EQ(temp.bytes("hm-16.dat"), "1\r\n0\r\n0\r\n1\r\n0\r\n0\r\n1\r\n0\r\n");
+    EXPECT_EQ(temp.read("hm-16.dat"), "1\r\n0\r\n0\r\n1\r\n0\r\n0\r\n1\r\n0\r\n");
 }
 
 TEST_F(PanelSettingsTest, ARewriteOfAShortFileIsRefusedAndLeavesIt) {
-    temp.put("hm-16.dat", "1\r\n0\r\n");
+    temp.write("hm-16.dat", "1\r\n0\r\n");
     EXPECT_EQ(rewritePanelLine(files, PanelLine::MemoryPreset, "2")->sentence,
               "hm-16.dat: line 3 is missing");
-    EXPECT_EQ(temp.bytes("hm-16.dat"), "1\r\n0\r\n");
+    EXPECT_EQ(temp.read("hm-16.dat"), "1\r\n0\r\n");
 }
 
 TEST_F(PanelSettingsTest, SeveralLinesChangeInOneRewrite) {
-    temp.put("hm-16.dat", kInstalled);
+    temp.write("hm-16.dat", kInstalled);
     const PanelSettings changed = readAll()
                                       .with(PanelLine::DbCorrection, "-3.5")
                                       .with(PanelLine::OddFrequencies, "1")
                                       .with(PanelLine::AllFrequencies, "0")
                                       .with(PanelLine::MakeLog, "1");
-    EXPECT_EQ(temp.bytes("hm-16.dat"), kInstalled);
+    EXPECT_EQ(temp.read("hm-16.dat"), kInstalled);
     EXPECT_FALSE(changed.write(files));
-    EXPECT_EQ(temp.bytes("hm-16.dat"), "1\r\n-3.5\r\n1\r\n0\r\n1\r\n0\r\n0\r\n0\r\n");
+    EXPECT_EQ(temp.read("hm-16.dat"), "1\r\n-3.5\r\n1\r\n0\r\n1\r\n0\r\n0\r\n0\r\n");
 }
 
 TEST_F(PanelSettingsTest, AFolderThatCannotBeWrittenLeavesTheFileAndSaysWhy) {
-    temp.put("hm-16.dat", kInstalled);
+    temp.write("hm-16.dat", kInstalled);
     ASSERT_EQ(::chmod(temp.path().c_str(), 0555), 0);
     {
         const test::AsNobody nobody;
@@ -109,7 +109,7 @@ TEST_F(PanelSettingsTest, AFolderThatCannotBeWrittenLeavesTheFileAndSaysWhy) {
         EXPECT_EQ(fault->sentence, "hm-16.dat cannot be written: Permission denied");
     }
     ::chmod(temp.path().c_str(), 0755);
-    EXPECT_EQ(temp.bytes("hm-16.dat"), kInstalled);
+    EXPECT_EQ(temp.read("hm-16.dat"), kInstalled);
 }
 
 }  // namespace

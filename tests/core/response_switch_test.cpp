@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/core/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace hmonitor {
 namespace {
@@ -15,14 +15,14 @@ struct ResponseSwitchTest : testing::Test {
 
 TEST_F(ResponseSwitchTest, OffIsThreeZeros) {
     EXPECT_FALSE(ResponseSwitch::off().write(files));
-    EXPECT_EQ(temp.bytes("Hm-res.dat"), "0\r\n0\r\n0\r\n");
+    EXPECT_EQ(temp.read("Hm-res.dat"), "0\r\n0\r\n0\r\n");
 }
 
 TEST_F(ResponseSwitchTest, ArmedHasTheErrorWithoutBlankAndTheLevelBetweenBlanks) {
     EXPECT_FALSE(ResponseSwitch::armed(1.5f, 8.9f).write(files));
-    EXPECT_EQ(temp.bytes("Hm-res.dat"), "1\r\n1.5\r\n 8.9 \r\n");
+    EXPECT_EQ(temp.read("Hm-res.dat"), "1\r\n1.5\r\n 8.9 \r\n");
     EXPECT_FALSE(ResponseSwitch::armed(-0.5f, -1).write(files));
-    EXPECT_EQ(temp.bytes("Hm-res.dat"), "1\r\n-0.5\r\n-1 \r\n");
+    EXPECT_EQ(temp.read("Hm-res.dat"), "1\r\n-0.5\r\n-1 \r\n");
 }
 
 TEST_F(ResponseSwitchTest, ReadsBackWhatWasArmed) {
@@ -35,11 +35,11 @@ TEST_F(ResponseSwitchTest, ReadsBackWhatWasArmed) {
 }
 
 TEST_F(ResponseSwitchTest, ReadsNoMoreLinesThanAreUsed) {
-    temp.put("Hm-res.dat", "1");
+    temp.write("Hm-res.dat", "1");
     EXPECT_EQ(ResponseSwitch::read(files, SwitchLine::Armed)->value(SwitchLine::Armed), 1);
     EXPECT_EQ(ResponseSwitch::read(files, SwitchLine::PilotLevel).fault().sentence,
               "Hm-res.dat: line 2 is missing");
-    temp.put("Hm-res.dat", "");
+    temp.write("Hm-res.dat", "");
     EXPECT_EQ(ResponseSwitch::read(files, SwitchLine::Armed).fault().sentence,
               "Hm-res.dat: line 1 is missing");
 }

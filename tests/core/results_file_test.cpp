@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/core/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace hmonitor {
 namespace {
@@ -26,8 +26,8 @@ struct ResultsFileTest : testing::Test {
 };
 
 TEST_F(ResultsFileTest, LinesEighteenToTwentyTwoAreTheFloors) {
-    temp.put("0985.dat",
-             linesFrom(1, 17) + " -68.5\r\n-70\r\n45.9\r\n-0.5\r\n0.29\r\n23\r\n24\r\n");
+    temp.write("0985.dat",
+               linesFrom(1, 17) + " -68.5\r\n-70\r\n45.9\r\n-0.5\r\n0.29\r\n23\r\n24\r\n");
     const StationState state = floorsAt(985);
     EXPECT_EQ(state.FloorNoiseL, " -68.5");
     EXPECT_EQ(state.FloorNoiseR, "-70");
@@ -47,16 +47,16 @@ TEST_F(ResultsFileTest, NoFileMeansNoFloors) {
 }
 
 TEST_F(ResultsFileTest, TheNameHasAZeroUnderAThousandAndThePointOfAHalfStep) {
-    temp.put("0999.5.dat", linesFrom(1, 17) + "a\r\n");
-    temp.put("1000.dat", linesFrom(1, 17) + "b\r\n");
-    temp.put("1025.5.DAT", linesFrom(1, 17) + "c\r\n");
+    temp.write("0999.5.dat", linesFrom(1, 17) + "a\r\n");
+    temp.write("1000.dat", linesFrom(1, 17) + "b\r\n");
+    temp.write("1025.5.DAT", linesFrom(1, 17) + "c\r\n");
     EXPECT_EQ(floorsAt(999.5).FloorNoiseL, "a");
     EXPECT_EQ(floorsAt(1000).FloorNoiseL, "b");
     EXPECT_EQ(floorsAt(1025.5).FloorNoiseL, "c");
 }
 
 TEST_F(ResultsFileTest, AShortFileCountsAsMissingLineByLine) {
-    temp.put("1025.dat", linesFrom(1, 17) + "-68\r\n-70\r\n45\r\n");
+    temp.write("1025.dat", linesFrom(1, 17) + "-68\r\n-70\r\n45\r\n");
     const StationState state = floorsAt(1025);
     EXPECT_EQ(state.FloorNoiseL, "-68");
     EXPECT_EQ(state.FloorNoiseR, "-70");
@@ -68,7 +68,7 @@ TEST_F(ResultsFileTest, AShortFileCountsAsMissingLineByLine) {
 TEST_F(ResultsFileTest, CutAtEveryLengthHasTheLinesThatAreThere) {
     const std::string whole = linesFrom(1, 24);
     for (std::size_t length = 0; length <= whole.size(); ++length) {
-        temp.put("1025.dat", whole.substr(0, length));
+        temp.write("1025.dat", whole.substr(0, length));
         const ResultsFile results = ResultsFile::read(files, 1025);
         const std::string cut = whole.substr(0, length);
         const auto feeds = std::count(cut.begin(), cut.end(), '\n');
@@ -80,7 +80,7 @@ TEST_F(ResultsFileTest, CutAtEveryLengthHasTheLinesThatAreThere) {
 }
 
 TEST_F(ResultsFileTest, HasTwentyFourLinesAndNoOthers) {
-    temp.put("1025.dat", linesFrom(1, 30));
+    temp.write("1025.dat", linesFrom(1, 30));
     const ResultsFile results = ResultsFile::read(files, 1025);
     EXPECT_EQ(results.line(24), "24");
     EXPECT_FALSE(results.line(25));

@@ -13,7 +13,7 @@
 #include "core/files.h"
 #include "core/rewrite_file.h"
 #include "tests/core/as_nobody.h"
-#include "tests/core/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace hmonitor {
 namespace {
@@ -63,7 +63,7 @@ struct RewriteTest : testing::Test {
     Watcher watcher;
     Files files{temp.path(), &watcher};
 
-    void SetUp() override { temp.put(kName, kOld); }
+    void SetUp() override { temp.write(kName, kOld); }
     mode_t modeOf(std::string_view name) const {
         struct stat status = {};
         ::stat((temp.path() / name).c_str(), &status);
@@ -73,18 +73,18 @@ struct RewriteTest : testing::Test {
 
 TEST_F(RewriteTest, ReplacesTheFileWhole) {
     EXPECT_FALSE(files.rewrite(kName, kNew));
-    EXPECT_EQ(temp.bytes(kName), kNew);
+    EXPECT_EQ(temp.read(kName), kNew);
     EXPECT_EQ(temp.names(), std::set<std::string>{std::string(kName)});
 }
 
 TEST_F(RewriteTest, MakesAFileThatWasNotThere) {
     EXPECT_FALSE(files.rewrite("1025.res", kNew));
-    EXPECT_EQ(temp.bytes("1025.res"), kNew);
+    EXPECT_EQ(temp.read("1025.res"), kNew);
 }
 
 TEST_F(RewriteTest, WritesAnEmptyFileToo) {
     EXPECT_FALSE(files.rewrite(kName, ""));
-    EXPECT_EQ(temp.bytes(kName), "");
+    EXPECT_EQ(temp.read(kName), "");
 }
 
 TEST_F(RewriteTest, PassesEachStepInOrderFlushingBeforeTheRename) {
@@ -93,9 +93,9 @@ TEST_F(RewriteTest, PassesEachStepInOrderFlushingBeforeTheRename) {
 }
 
 TEST_F(RewriteTest, KeepsTheNameThatWasFound) {
-    temp.put("HM-RES.DAT", kOld);
+    temp.write("HM-RES.DAT", kOld);
     EXPECT_FALSE(files.rewrite("Hm-res.dat", kNew));
-    EXPECT_EQ(temp.bytes("HM-RES.DAT"), kNew);
+    EXPECT_EQ(temp.read("HM-RES.DAT"), kNew);
     EXPECT_FALSE(temp.names().contains("Hm-res.dat"));
 }
 
@@ -107,21 +107,21 @@ TEST_F(RewriteTest, KeepsThePermissions) {
 
 TEST_F(RewriteTest, KeepsALinkAndReplacesWhatItLeadsTo) {
     TempFolder elsewhere;
-    elsewhere.put("real.dat", kOld);
+    elsewhere.write("real.dat", kOld);
     std::filesystem::create_symlink(elsewhere.path() / "real.dat", temp.path() / "link.dat");
     EXPECT_FALSE(files.rewrite("link.dat", kNew));
     EXPECT_TRUE(std::filesystem::is_symlink(temp.path() / "link.dat"));
-    EXPECT_EQ(elsewhere.bytes("real.dat"), kNew);
+    EXPECT_EQ(elsewhere.read("real.dat"), kNew);
 }
 
 TEST_F(RewriteTest, AFaultAtAnyPointLeavesOneWholeFileAndNothingBeside) {
     for (const Point& point : allPoints()) {
-        temp.put(kName, kOld);
+        temp.write(kName, kOld);
         watcher.place = point;
         watcher.answer = [] { return EIO; };
         const auto fault = files.rewrite(kName, kNew);
         SCOPED_TRACE(testing::Message() << int(point.step) << '/' << int(point.moment));
-        EXPECT_EQ(temp.bytes(kName), isBehindRename(point) ? kNew : kOld);
+        EXPECT_EQ(temp.read(kName), isBehindRename(point) ? kNew : kOld);
         EXPECT_EQ(temp.names().size(), 1u);
         EXPECT_EQ(fault.has_value(), !isBehindRename(point));
         if (!fault) continue;
@@ -150,7 +150,7 @@ TEST_F(RewriteTest, ADiskThatFillsUpInTheMiddleOfAWriteLeavesTheOldFile) {
     ::signal(SIGXFSZ, handler);
     ASSERT_TRUE(fault);
     EXPECT_EQ(fault->sentence, "hm-16.dat cannot be written: File too large");
-    EXPECT_EQ(temp.bytes(kName), kOld);
+    EXPECT_EQ(temp.read(kName), kOld);
     EXPECT_EQ(temp.names().size(), 1u);
 }
 
@@ -163,7 +163,7 @@ TEST_F(RewriteTest, AFolderThatCannotBeWrittenLeavesTheOldFile) {
                   "hm-16.dat cannot be written: Permission denied");
     }
     ::chmod(temp.path().c_str(), 0755);
-    EXPECT_EQ(temp.bytes(kName), kOld);
+    EXPECT_EQ(temp.read(kName), kOld);
 }
 
 TEST_F(RewriteTest, AFileMadeReadOnlyStays) {
@@ -174,7 +174,7 @@ TEST_F(RewriteTest, AFileMadeReadOnlyStays) {
         EXPECT_EQ(files.rewrite(kName, kNew)->sentence,
                   "hm-16.dat cannot be written: Permission denied");
     }
-    EXPECT_EQ(temp.bytes(kName), kOld);
+    EXPECT_EQ(temp.read(kName), kOld);
 }
 
 // Runs `work` in a process of its own; gives that process.
@@ -187,23 +187,23 @@ pid_t inChild(const std::function<void()>& work) {
 
 TEST_F(RewriteTest, ADeathAtAnyPointLeavesOneWholeFile) {
     for (const Point& point : allPoints()) {
-        temp.put(kName, kOld);
+        temp.write(kName, kOld);
         watcher.place = point;
         watcher.answer = []() -> int { ::_exit(7); };
         int status = 0;
         ::waitpid(inChild([&] { files.rewrite(kName, kNew); }), &status, 0);
         SCOPED_TRACE(testing::Message() << int(point.step) << '/' << int(point.moment));
         ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 7);
-        EXPECT_EQ(temp.bytes(kName), isBehindRename(point) ? kNew : kOld);
+        EXPECT_EQ(temp.read(kName), isBehindRename(point) ? kNew : kOld);
         files.removeLeftovers();
         EXPECT_EQ(temp.names().size(), 1u);
     }
 }
 
 TEST_F(RewriteTest, ALeftoverOfTheSameProcessNumberIsNoHindrance) {
-    temp.put(".hmonitor-" + std::to_string(::getpid()) + ".rewrite", "left over");
+    temp.write(".hmonitor-" + std::to_string(::getpid()) + ".rewrite", "left over");
     EXPECT_FALSE(files.rewrite(kName, kNew));
-    EXPECT_EQ(temp.bytes(kName), kNew);
+    EXPECT_EQ(temp.read(kName), kNew);
     EXPECT_EQ(temp.names().size(), 1u);
 }
 
@@ -231,7 +231,7 @@ TEST_F(RewriteTest, ThreeHundredKillsAlwaysLeaveAWholeOldOrNewFile) {
         ::waitpid(child, nullptr, 0);
         ::close(ready[0]);
         ::close(ready[1]);
-        const std::string bytes = temp.bytes(kName);
+        const std::string bytes = temp.read(kName);
         ASSERT_TRUE(bytes == small || bytes == large) << "kill " << kill << ": " << bytes.size();
         if (temp.names().size() > 1) ++killedInTheMiddle;
         plain.removeLeftovers();
@@ -254,10 +254,10 @@ TEST(Leftovers, MatchNoPatternOfTheProgramsFiles) {
 
 TEST(Leftovers, GoAtStartAndNothingElseGoes) {
     TempFolder temp;
-    temp.put(".hmonitor-1.rewrite", "torn");
-    temp.put(".hmonitor-22222.rewrite", "torn");
-    temp.put("hm-16.dat", kOld);
-    temp.put(".hidden", "mine");
+    temp.write(".hmonitor-1.rewrite", "torn");
+    temp.write(".hmonitor-22222.rewrite", "torn");
+    temp.write("hm-16.dat", kOld);
+    temp.write(".hidden", "mine");
     Files(temp.path()).removeLeftovers();
     EXPECT_EQ(temp.names(), (std::set<std::string>{"hm-16.dat", ".hidden"}));
 }

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/core/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace hmonitor {
 namespace {
@@ -14,7 +14,7 @@ struct StationDefaultsTest : testing::Test {
 };
 
 TEST_F(StationDefaultsTest, TakeLinesOneFiveEightAndNine) {
-    temp.put("normal.hm", "100\r\na\r\nb\r\nc\r\n1.000\r\nd\r\ne\r\n2\r\n90\r\n");
+    temp.write("normal.hm", "100\r\na\r\nb\r\nc\r\n1.000\r\nd\r\ne\r\n2\r\n90\r\n");
     const auto defaults = StationDefaults::read(files);
     ASSERT_TRUE(defaults);
     EXPECT_EQ(defaults->Text1, "1.000");
@@ -24,12 +24,12 @@ TEST_F(StationDefaultsTest, TakeLinesOneFiveEightAndNine) {
 }
 
 TEST_F(StationDefaultsTest, ThePowerIsItsFirstFiveCharacters) {
-    temp.put("normal.hm", "1\n2\n3\n4\n\x80 10 kilowatts\n6\n7\n8\n9");
+    temp.write("normal.hm", "1\n2\n3\n4\n\x80 10 kilowatts\n6\n7\n8\n9");
     EXPECT_EQ(StationDefaults::read(files)->Text1, "\u20ac 10 ");
 }
 
 TEST_F(StationDefaultsTest, TheOthersAreTheWholePartOfTheirValue) {
-    temp.put("normal.hm", " 99.9%\r\n\r\n\r\n\r\n\r\n\r\n\r\n-1.5\r\ntwo\r\n");
+    temp.write("normal.hm", " 99.9%\r\n\r\n\r\n\r\n\r\n\r\n\r\n-1.5\r\ntwo\r\n");
     const auto defaults = StationDefaults::read(files);
     EXPECT_EQ(defaults->Text1, "");
     EXPECT_EQ(defaults->Text2, "99");
@@ -40,7 +40,7 @@ TEST_F(StationDefaultsTest, TheOthersAreTheWholePartOfTheirValue) {
 TEST_F(StationDefaultsTest, CutAtEveryLengthAreWholeOrNameTheMissingLine) {
     const std::string whole = "1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n8\r\n9\r\n";
     for (std::size_t length = 0; length <= whole.size(); ++length) {
-        temp.put("normal.hm", whole.substr(0, length));
+        temp.write("normal.hm", whole.substr(0, length));
         const auto defaults = StationDefaults::read(files);
         const std::size_t lines = (length + 2) / 3;
         SCOPED_TRACE(length);

@@ -5,10 +5,12 @@
 
 #include <algorithm>
 
-#include "tests/drivers/temporary_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace hm16 {
 namespace {
+
+using hmonitor::test::TempFolder;
 
 Readings onAir(float modulation) {
     Readings r;
@@ -23,7 +25,7 @@ LocalTime at(int hour, int minute, int second = 0) {
 }
 
 TEST(DayLog, WritesAnHoursLineWhenTheNextHourBegins) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     DayLog log(folder.path());
     log.tune(985, at(9, 0));
     for (int minute = 1; minute < 60; ++minute) log.add(onAir(90), 1, 60, at(9, minute));
@@ -33,7 +35,7 @@ TEST(DayLog, WritesAnHoursLineWhenTheNextHourBegins) {
 }
 
 TEST(DayLog, WritesOneLineForEachHourInOrder) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     DayLog log(folder.path());
     log.tune(985, at(8, 30));
     for (int minute = 0; minute < 150; ++minute) {
@@ -47,7 +49,7 @@ TEST(DayLog, WritesOneLineForEachHourInOrder) {
 }
 
 TEST(DayLog, BeginsANewFileAtMidnight) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     DayLog log(folder.path());
     log.tune(985, at(23, 58));
     log.add(onAir(90), 1, 90, at(23, 59, 30));
@@ -59,7 +61,7 @@ TEST(DayLog, BeginsANewFileAtMidnight) {
 }
 
 TEST(DayLog, WritesAnUnfinishedHourWhenClosedIfAMinuteWasMeasured) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     DayLog log(folder.path());
     log.tune(985, at(9, 0));
     log.add(onAir(90), 1, 59.9, at(9, 1));
@@ -71,7 +73,7 @@ TEST(DayLog, WritesAnUnfinishedHourWhenClosedIfAMinuteWasMeasured) {
 }
 
 TEST(DayLog, AnotherStationGetsALineOfItsOwnHour) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     DayLog log(folder.path());
     log.tune(985, at(9, 0));
     log.add(onAir(90), 1, 120, at(9, 2));
@@ -83,7 +85,7 @@ TEST(DayLog, AnotherStationGetsALineOfItsOwnHour) {
 }
 
 TEST(DayLog, TuningTheSameStationAgainGoesOnWithTheHour) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     DayLog log(folder.path());
     log.tune(985, at(9, 0));
     log.add(onAir(90), 1, 120, at(9, 2));

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "drivers/loader/library.h"
-#include "tests/drivers/temporary_folder.h"
+#include "tests/support/temp_folder.h"
 
 #if defined(__linux__)
 #include <dlfcn.h>
@@ -11,6 +11,8 @@
 
 namespace hm16 {
 namespace {
+
+using hmonitor::test::TempFolder;
 
 const std::filesystem::path kFixtures = HM16_FIXTURES;
 
@@ -22,7 +24,7 @@ bool isLoaded(const std::filesystem::path& file) {
 }
 
 TEST(Loader, SaysThatThereIsNoFile) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     const LoadResult result = Library::load(folder.path());
     EXPECT_EQ(result.library, nullptr);
     EXPECT_EQ(result.fault,
@@ -30,7 +32,7 @@ TEST(Loader, SaysThatThereIsNoFile) {
 }
 
 TEST(Loader, GivesTheSystemsReasonForAFileThatIsNoLibrary) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     folder.write(libraryName().string(), "this is a letter, not a library\n");
     const LoadResult result = Library::load(folder.path());
     EXPECT_EQ(result.library, nullptr);
@@ -47,7 +49,7 @@ TEST(Loader, BearsALibraryCutAtAnyLength) {
     // Only lengths at which the system itself refuses the file: beyond its headers a cut library
     // may be mapped and then fault, which no loader can foresee.
     for (const std::size_t length : {0, 1, 4, 16, 63, 64, 100, 200}) {
-        const TemporaryFolder folder;
+        const TempFolder folder;
         folder.write(libraryName().string(), whole.substr(0, length));
         EXPECT_EQ(Library::load(folder.path()).library, nullptr) << length;
     }

@@ -11,10 +11,12 @@
 #include "drivers/loader/library.h"
 #include "drivers/probe/csv.h"
 #include "drivers/probe/probe_options.h"
-#include "tests/drivers/temporary_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace hm16::probe {
 namespace {
+
+using hmonitor::test::TempFolder;
 
 using testing::HasSubstr;
 using testing::StartsWith;
@@ -111,7 +113,7 @@ class Probe : public testing::Test {
         return folder.path().string() + " --files " + folder.path().string();
     }
 
-    TemporaryFolder folder;
+    TempFolder folder;
 };
 
 TEST_F(Probe, WritesAReadingForEachLook) {

@@ -8,21 +8,23 @@
 
 #include <random>
 
-#include "tests/drivers/temporary_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace hm16 {
 namespace {
 
+using hmonitor::test::TempFolder;
+
 TEST(ReplaceFile, PutsNewBytesInPlaceAndLeavesNothingElse) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     folder.write("0985.dat", "old");
     EXPECT_EQ(replaceFile(folder.path() / "0985.dat", "new\r\n"), std::nullopt);
     EXPECT_EQ(folder.read("0985.dat"), "new\r\n");
-    EXPECT_EQ(folder.files(), 1u);
+    EXPECT_EQ(folder.names().size(), 1u);
 }
 
 TEST(ReplaceFile, NamesFileAndReasonAndKeepsTheOldFile) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     std::filesystem::create_directory(folder.path() / "0985.dat");
     folder.write("0985.dat/inside", "x");
     const auto fault = replaceFile(folder.path() / "0985.dat", "new");
@@ -30,7 +32,7 @@ TEST(ReplaceFile, NamesFileAndReasonAndKeepsTheOldFile) {
     EXPECT_EQ(*fault,
               (folder.path() / "0985.dat").string() + " cannot be written: Is a directory.");
     EXPECT_EQ(folder.read("0985.dat/inside"), "x");
-    EXPECT_EQ(folder.files(), 1u);
+    EXPECT_EQ(folder.names().size(), 1u);
 }
 
 TEST(ReplaceFile, NamesAFolderThatIsNotThere) {
@@ -40,7 +42,7 @@ TEST(ReplaceFile, NamesAFolderThatIsNotThere) {
 }
 
 TEST(RemoveUnfinishedFiles, RemovesThoseOfDeadProcessesOnly) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     const std::string living = "~hm16-0985.dat." + std::to_string(getpid()) + ".new";
     folder.write("~hm16-0985.dat.999999999.new", "torn");
     folder.write("~hm16-x.new", "torn");
@@ -61,7 +63,7 @@ TEST(RemoveUnfinishedFiles, BearsAFolderThatIsNotThere) {
 }
 
 TEST(FileBytes, GivesNothingForAMissingFileOrAFolder) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     folder.write("empty", "");
     EXPECT_EQ(fileBytes(folder.path() / "none"), std::nullopt);
     EXPECT_EQ(fileBytes(folder.path()), std::nullopt);
@@ -84,7 +86,7 @@ bool isWhole(const std::string& bytes) {
 // A process that does nothing but rewrite is killed again and again: whoever reads afterwards finds
 // an old or a new file, whole.
 TEST(ReplaceFile, LeavesAWholeFileAfterThreeHundredKills) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     const auto file = folder.path() / "0985.dat";
     ASSERT_EQ(replaceFile(file, std::string(20000, 'a')), std::nullopt);
     std::mt19937 random(16);
@@ -97,7 +99,7 @@ TEST(ReplaceFile, LeavesAWholeFileAfterThreeHundredKills) {
         ASSERT_EQ(waitpid(child, nullptr, 0), child);
         ASSERT_TRUE(isWhole(folder.read("0985.dat"))) << "round " << round;
         removeUnfinishedFiles(folder.path());
-        ASSERT_EQ(folder.files(), 1u) << "round " << round;
+        ASSERT_EQ(folder.names().size(), 1u) << "round " << round;
     }
 }
 

@@ -4,10 +4,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/drivers/temporary_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace hm16 {
 namespace {
+
+using hmonitor::test::TempFolder;
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -98,12 +100,12 @@ TEST(Settings, NamesALineWithoutAnEqualsSignADoubleKeyAndAnOpenSection) {
 }
 
 TEST(Settings, AMissingFileHasNoSettingsAndNoFaults) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     EXPECT_THAT(Settings::read(folder.path() / "hm-16.ini").faults(), IsEmpty());
 }
 
 TEST(Settings, AFolderInPlaceOfTheFileIsAFault) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     const auto faults = Settings::read(folder.path()).faults();
     ASSERT_EQ(faults.size(), 1u);
     EXPECT_EQ(faults[0], folder.path().string() + ": the settings file cannot be read.");

@@ -12,7 +12,7 @@
 
 #include "drivers/loader/library.h"
 #include "drivers/unit/readings.h"
-#include "tests/drivers/temporary_folder.h"
+#include "tests/support/temp_folder.h"
 
 // The simulated unit through the real loader, with settings of its own, in a folder of its own that
 // is the current folder as long as it lives.
@@ -35,7 +35,7 @@ class SimulatedLibrary {
 
     const HM16_Functions& operator*() const { return library_->functions(); }
     const HM16_Functions* operator->() const { return &library_->functions(); }
-    const TemporaryFolder& folder() const { return folder_; }
+    const hmonitor::test::TempFolder& folder() const { return folder_; }
 
     void tune(float frequency, int audioMode = 0, int response = 0, int logFiles = 0) const {
         (*this)->parar();
@@ -87,7 +87,7 @@ class SimulatedLibrary {
     }
 
  private:
-    TemporaryFolder folder_;
+    hmonitor::test::TempFolder folder_;
     std::filesystem::path before_;
     std::unique_ptr<hm16::Library> library_;
 };

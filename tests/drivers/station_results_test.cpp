@@ -4,10 +4,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/drivers/temporary_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace hm16 {
 namespace {
+
+using hmonitor::test::TempFolder;
 
 const LocalTime kNow{2026, 3, 4, 9, 5, 7};
 
@@ -129,7 +131,7 @@ TEST(StationResults, ClearsSeparationAlone) {
 }
 
 TEST(StationResults, ReadsBackWhatItWrote) {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     StationResults results(1025.5);
     results.add(someReadings(), 90);
     ASSERT_EQ(results.write(folder.path(), kNow), std::nullopt);

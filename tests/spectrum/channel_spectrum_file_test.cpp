@@ -101,7 +101,7 @@ TEST(ChannelSpectrumText, LineFeedsAloneDivideLinesToo) {
 }
 
 TEST(ChannelSpectrumFile, ReplacesTheOldFileWhole) {
-    ScratchFolder folder;
+    TempFolder folder;
     const Files files(folder.path());
     ASSERT_FALSE(files.rewrite("0979.spc", "an older and much longer text that must be gone"));
     ASSERT_FALSE(sample().write(files, 979));
@@ -109,7 +109,7 @@ TEST(ChannelSpectrumFile, ReplacesTheOldFileWhole) {
 }
 
 TEST(ChannelSpectrumFile, MissingOneIsToldFromAnEmptyOne) {
-    ScratchFolder folder;
+    TempFolder folder;
     const Files files(folder.path());
     const auto missing = ChannelSpectrum::read(files, 979);
     ASSERT_FALSE(missing);

@@ -1,25 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/support/rack_bench.h"
 
-#include <cstdlib>
-#include <fstream>
-#include <sstream>
-#include <stdexcept>
 #include <utility>
 
 namespace hmonitor::test {
-
-ScratchFolder::ScratchFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "rack-XXXXXX").string();
-    if (!mkdtemp(pattern.data())) throw std::runtime_error("no temporary folder: " + pattern);
-    path_ = pattern;
-}
-
-ScratchFolder::~ScratchFolder() {
-    std::error_code ignored;
-    std::filesystem::permissions(path_, std::filesystem::perms::owner_all, ignored);
-    std::filesystem::remove_all(path_, ignored);
-}
 
 std::string lines(const std::vector<std::string>& texts) {
     std::string all;
@@ -65,19 +49,15 @@ RackBench::RackBench(int languageId, Form_WaitLoad::Brand brand)
 }
 
 void RackBench::write(std::string_view name, std::string_view bytes) {
-    std::ofstream out(scratch.path() / name, std::ios::binary | std::ios::trunc);
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    scratch.write(name, bytes);
 }
 
 std::string RackBench::read(std::string_view name) const {
-    std::ifstream in(scratch.path() / name, std::ios::binary);
-    std::ostringstream bytes;
-    bytes << in.rdbuf();
-    return bytes.str();
+    return scratch.read(name);
 }
 
 bool RackBench::exists(std::string_view name) const {
-    return std::filesystem::exists(scratch.path() / name);
+    return scratch.has(name);
 }
 
 void RackBench::remove(std::string_view name) {

@@ -13,22 +13,9 @@
 #include "core/program.h"
 #include "display/headless/headless_desktop.h"
 #include "tests/support/scripted_driver.h"
+#include "tests/support/temp_folder.h"
 
 namespace hmonitor::test {
-
-/// A folder of its own that is gone with it.
-class ScratchFolder {
- public:
-    ScratchFolder();
-    ~ScratchFolder();
-    ScratchFolder(const ScratchFolder&) = delete;
-    ScratchFolder& operator=(const ScratchFolder&) = delete;
-
-    const std::filesystem::path& path() const { return path_; }
-
- private:
-    std::filesystem::path path_;
-};
 
 /// One line a text, each closed by carriage return and line feed.
 std::string lines(const std::vector<std::string>& texts);
@@ -73,7 +60,7 @@ class RackBench {
     /// The calls since the last time they were taken.
     std::vector<std::string> takeCalls();
 
-    ScratchFolder scratch;
+    TempFolder scratch;
     display::HeadlessDesktop desktop;
     ScriptedDriver driver;
     Files files;

@@ -6,43 +6,51 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 
 namespace hmonitor::test {
 
-/// An empty folder that is the working folder while it lives; then the old one is back and the
-/// folder is gone with all that was written into it.
-class TempWorkingFolder {
+/// An empty folder of a test's own, gone with the test and all that was written into it.
+class TempFolder {
  public:
-    TempWorkingFolder() : before_(std::filesystem::current_path()) {
-        std::string pattern = std::filesystem::temp_directory_path() / "hmonitor-rack-XXXXXX";
-        if (!::mkdtemp(pattern.data())) throw std::runtime_error("no folder " + pattern);
+    TempFolder() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "hmonitor-XXXXXX").string();
+        if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no folder " + pattern);
         path_ = pattern;
-        std::filesystem::current_path(path_);
     }
-    ~TempWorkingFolder() {
+    ~TempFolder() {
         std::error_code none;
-        std::filesystem::current_path(before_, none);
+        // A test may have left it read-only.
+        std::filesystem::permissions(path_, std::filesystem::perms::owner_all, none);
         std::filesystem::remove_all(path_, none);
     }
-    TempWorkingFolder(const TempWorkingFolder&) = delete;
-    TempWorkingFolder& operator=(const TempWorkingFolder&) = delete;
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
 
     const std::filesystem::path& path() const { return path_; }
 
-    void writeFile(std::string_view name, std::string_view bytes) const {
+    void write(const std::filesystem::path& name, std::string_view bytes) const {
         std::ofstream(path_ / name, std::ios::binary) << bytes;
     }
-    std::string readFile(std::string_view name) const {
+    std::string read(const std::filesystem::path& name) const {
         std::ifstream file(path_ / name, std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
     }
-    bool hasFile(std::string_view name) const { return std::filesystem::exists(path_ / name); }
+    bool has(const std::filesystem::path& name) const {
+        return std::filesystem::exists(path_ / name);
+    }
+    std::set<std::string> names() const {
+        std::set<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(path_)) {
+            names.insert(entry.path().filename().string());
+        }
+        return names;
+    }
 
  private:
-    std::filesystem::path before_;
     std::filesystem::path path_;
 };
 
