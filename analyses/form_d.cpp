@@ -15,12 +15,24 @@ namespace hmonitor {
 
 namespace {
 
+/// The start leaves the channel spectrum open beside the living rack. The unit serves one analysis
+/// at a time: what still stands of it closes, as by its own keys, before a door opens. The
+/// spectrum's own door so shows the station that is tuned now.
+void closeSpectrumWindows(Program& program) {
+    if (program.Form_NewSpectro.filled()) program.Form_NewSpectro.peek().unload();
+    if (program.FormD1a.filled() && program.FormD1a.peek().loaded())
+        program.FormD1a.peek().closeRequested();
+    if (program.Form_D1.filled() && program.Form_D1.peek().loaded())
+        program.Form_D1.peek().Command3D2.press();
+}
+
 /// Shows an analysis beside the disabled rack; closing it enables the rack again. A window that
 /// the program does not have yet is not opened.
 template <class FormType>
 display::Event door(Program& program, Slot<FormType>& target) {
     return [&program, &target] {
         if (!target.filled()) return;
+        closeSpectrumWindows(program);
         program.disableRack();
         target->show();
     };

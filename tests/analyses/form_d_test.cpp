@@ -147,6 +147,77 @@ TEST(AnalysesPanel, ADoubleClickOnTheThumbnailOpensTheChannelSpectrum) {
     EXPECT_THAT(enabledPanels(bench), Each(false));
 }
 
+TEST(AnalysesPanel, ADoorClosesWhatTheStartLeftOpenOfTheSpectrum) {
+    display::Picture Form_D::*const doors[] = {&Form_D::Image1, &Form_D::Image2, &Form_D::Image3};
+    for (const auto door : doors) {
+        RackBench bench;
+        bench.start();
+        ASSERT_TRUE(bench.forms.formD1.visible);
+        bench.hand.click(bench.formD.*door);
+        bench.desktop.settle();
+        EXPECT_FALSE(bench.forms.formD1.loaded());
+        EXPECT_THAT(enabledPanels(bench), Each(false));
+    }
+}
+
+TEST(AnalysesPanel, ADoorClosesTheQuestionForANewSpectrumToo) {
+    RackBench bench;
+    bench.start();
+    bench.hand.click(bench.forms.formD1.Command3D1);
+    bench.desktop.settle();
+    ASSERT_TRUE(bench.forms.formNewSpectro.visible);
+    bench.hand.click(bench.formD.Image2);
+    bench.desktop.settle();
+    EXPECT_FALSE(bench.forms.formNewSpectro.loaded());
+    EXPECT_FALSE(bench.forms.formD1.loaded());
+    EXPECT_TRUE(bench.forms.formBandSCanner.visible);
+    EXPECT_THAT(enabledPanels(bench), Each(false));
+}
+
+TEST(AnalysesPanel, ADoorClosesTheBandwidthThatTheSpectrumOpened) {
+    RackBench bench;
+    bench.start();
+    bench.hand.click(bench.forms.formD1.SSCommand2);
+    bench.desktop.settle();
+    ASSERT_TRUE(bench.forms.formD1a.visible);
+    bench.hand.click(bench.formD.Image2);
+    bench.desktop.settle();
+    EXPECT_FALSE(bench.forms.formD1a.loaded());
+    EXPECT_FALSE(bench.forms.formD1.loaded());
+    EXPECT_TRUE(bench.forms.formBandSCanner.visible);
+    EXPECT_THAT(enabledPanels(bench), Each(false));
+}
+
+/// What the table of the channel spectrum says beside its offsets.
+std::vector<std::string> valuesShown(RackBench& bench) {
+    std::vector<std::string> values;
+    for (const display::Mark& mark : bench.forms.formD1.Picture2.drawing.marks())
+        if (mark.kind == display::Mark::Kind::Print && mark.x1 == 500) values.push_back(mark.text);
+    return values;
+}
+
+TEST(AnalysesPanel, TheThumbnailOpensTheStationThatIsTunedNow) {
+    RackBench bench;
+    bench.start();
+    bench.write("0981.spc", lines({"3", "25", "98.0", "40", "0", "33", ""}));
+    // Still open from the start, and hidden behind the bandwidth that was closed since.
+    for (const bool hidden : {false, true}) {
+        if (hidden) {
+            bench.hand.click(bench.forms.formD1.SSCommand2);
+            bench.hand.close(bench.forms.formD1a);
+            bench.desktop.settle();
+            ASSERT_FALSE(bench.forms.formD1.visible);
+            bench.write("0981.spc", lines({"1", "25", "98.0", "7", ""}));
+        }
+        bench.hand.doubleClick(bench.formD.PictureGraph1);
+        bench.desktop.settle();
+        EXPECT_TRUE(bench.forms.formD1.visible);
+        EXPECT_THAT(enabledPanels(bench), Each(false));
+        EXPECT_EQ(valuesShown(bench), hidden ? std::vector<std::string>({"-7"})
+                                             : std::vector<std::string>({"-40", "0", "-33"}));
+    }
+}
+
 TEST(Thumbnail, ShowsTheStoredSpectrumOfTheTunedFrequency) {
     RackBench bench;
     bench.start();
@@ -197,6 +268,40 @@ TEST(Thumbnail, IsEmptyWhereTheCountIsNone) {
         bench.formD.spect();
         EXPECT_EQ(bars(bench.formD), 0) << count;
     }
+}
+
+TEST(Thumbnail, DrawsNoMoreBarsThanStandThereWhateverTheCount) {
+    RackBench bench;
+    bench.start();
+    for (const auto& [count, drawn] :
+         {std::pair{"1", 1}, {"26", 3}, {"99", 3}, {"801", 3}, {"40000", 3}}) {
+        bench.write("0981.spc",
+                    lines({count, "25", "98.0", "40", "-60000", "99999", ""}) + "7\r\n8\r\n");
+        bench.formD.spect();
+        EXPECT_EQ(bars(bench.formD), drawn) << count;
+    }
+}
+
+TEST(Thumbnail, AnHourOfTuningsDoesNotGrowTheDrawing) {
+    RackBench bench;
+    bench.start();
+    std::vector<std::string> full{"33", "50", "97.25"};
+    for (int i = 0; i < 33; ++i) full.push_back(std::to_string(i));
+    full.emplace_back();
+    bench.write("0981.spc", lines(full));
+    bench.formD.spect();
+    const std::size_t once = bench.formD.PictureGraph1.drawing.marks().size();
+    for (int i = 0; i < 3600; ++i) bench.formD.spect();
+    EXPECT_EQ(bench.formD.PictureGraph1.drawing.marks().size(), once);
+}
+
+TEST(OnAirFigures, StandUnderTheirWords) {
+    RackBench bench;
+    bench.start();
+    EXPECT_EQ(bench.formD.Label_RadiatedPower.caption, "Radiated Power:");
+    EXPECT_EQ(bench.formD.Label_MaxModulation.caption, "Max. Modulation:");
+    EXPECT_EQ(bench.formD.Label_3secSilence.caption, "3 sec. silence:");
+    EXPECT_EQ(bench.formD.Label_InvertedPhase.caption, "Inverted phase:");
 }
 
 TEST(OnAirFigures, AnEditOfAFieldGoesBackWithinAMinute) {
