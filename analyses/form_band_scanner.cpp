@@ -40,6 +40,9 @@ void Form_BandSCanner::onLoad() {
     stop_ = busy_ = unitAway_ = filling_ = closeAfterFill_ = false;
 
     placeOverRack(*this, program);
+    // The page may still hold an older scan under another choice of channels.
+    twin().take(Graph1);
+    program.Form_PrintBandScan->showOption(option());
     showStored(takenForGranted(desktop(), ScanFile::read(program.files)));
     program.Form_PrintBandScan->legend.hideUpper();
     driver.HM_Parar();
@@ -160,7 +163,7 @@ void Form_BandSCanner::closeRequested() {
 void Form_BandSCanner::CommandClose_Click() {
     if (CommandClose.caption == "Wait") {
         driver.HM_Parar();
-        // Heard by a run that is measured one by one; a sweep goes on, its own key stops it.
+        // Ends a run that is measured one by one; a sweep goes on, its own key stops it.
         stop_ = true;
         return;
     }

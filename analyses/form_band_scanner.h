@@ -70,6 +70,8 @@ class Form_BandSCanner final : public ProgramForm {
     void runOneByOne();
     Fill measureChannels(ScanFile& file);
     void startSweep();
+    /// Asks for the frame from there (hundredths of a MHz) up to the limit.
+    void askForFrame(int low);
     void takeFrame();
     void drawSwept(ScanFile& file);
     void goOnSweeping();
@@ -81,9 +83,10 @@ class Form_BandSCanner final : public ProgramForm {
 
     float hardwareVersion_ = 0;
     double levelOffset_ = 0;  ///< dB, of runs that are measured one by one
+    int sweepLow_ = 0;        ///< hundredths of a MHz, start of the frame that is awaited
     int sweepLimit_ = 0;      ///< hundredths of a MHz, end of the part swept so far
     int sweepStepKhz_ = 0;
-    bool stop_ = false;      ///< asks a run that is measured one by one to end
+    bool stop_ = false;      ///< asks a run that is measured one by one to end; the unit was halted
     bool busy_ = false;      ///< a tick works on a frame
     bool unitAway_ = false;  ///< the unit has left normal measuring and was not returned
     bool filling_ = false;   ///< an option fills the chart, channel by channel

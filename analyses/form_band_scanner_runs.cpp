@@ -101,14 +101,24 @@ Form_BandSCanner::Fill Form_BandSCanner::measureChannels(ScanFile& file) {
 void Form_BandSCanner::startSweep() {
     sweepLimit_ = kBandStart + kFrameWidth;
     sweepStepKhz_ = Option_250Khz.chosen ? 250 : 100;
-    driver.HM_StartEspectro(tenths(kBandStart), tenths(sweepLimit_), sweepStepKhz_);
+    askForFrame(kBandStart);
     Command3D1.caption = "Stop";
-    stop_ = false;
     Timer1.enabled = true;
 }
 
+void Form_BandSCanner::askForFrame(int low) {
+    sweepLow_ = low;
+    stop_ = false;
+    driver.HM_StartEspectro(tenths(low), tenths(sweepLimit_), sweepStepKhz_);
+}
+
 void Form_BandSCanner::takeFrame() {
-    if (busy_ || driver.HM_TramaEspectroRecibida() == 0) return;
+    if (busy_) return;
+    if (driver.HM_TramaEspectroRecibida() == 0) {
+        // The close key has halted the unit: without a new word no frame would ever come.
+        if (stop_) askForFrame(sweepLow_);
+        return;
+    }
     busy_ = true;
     ScanFile file;
     drawSwept(file);
@@ -138,7 +148,7 @@ void Form_BandSCanner::drawSwept(ScanFile& file) {
 void Form_BandSCanner::goOnSweeping() {
     const int low = sweepLimit_;
     sweepLimit_ = std::min(sweepLimit_ + kFrameWidth, kBandStop);
-    driver.HM_StartEspectro(tenths(low), tenths(sweepLimit_), sweepStepKhz_);
+    askForFrame(low);
     constexpr int kFirstScrolledMhz = 102;
     if (sweepLimit_ > kFirstScrolledMhz * 100)
         HScroll1.value = sweepLimit_ / 100 - kFirstScrolledMhz;

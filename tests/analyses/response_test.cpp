@@ -158,6 +158,31 @@ TEST_F(Response, PairsThatAreNoToneAreStoredButNotShown) {
                                              "0", "0", "0", "0", "0", "0"}));
 }
 
+TEST_F(Response, AToneThatCameTwiceHasTwoRowsAndItsLabelOnTheSecond) {
+    bench.formD.respo();
+    bench.driver.response.frequency = {1000, 30, 1000, 0, 0, 0, 0, 0};
+    bench.driver.response.level = {10, 20, 30, 0, 0, 0, 0, 0};
+    bench.form1.respolee();
+    // The row in between keeps the label that it had.
+    EXPECT_THAT(rows(), ElementsAre("30=17", "125=16", "1K=18"));
+}
+
+TEST_F(Response, AbsurdResultsAreStoredAndShownAsTheyAre) {
+    bench.driver.response.frequency = {-1, 2147483647, 30, 0, 0, 0, 0, 0};
+    bench.driver.response.level = {1, 2, -2147483647, 0, 0, 0, 0, 0};
+    bench.form1.respolee();
+    EXPECT_THAT(rows(), ElementsAre("30=-214748349.7"));
+    EXPECT_EQ(bench.read("0981.res"), lines({"1", "2", "-2147483647", "0", "0", "0", "0", "0", "-1",
+                                             "2147483647", "30", "0", "0", "0", "0", "0"}));
+}
+
+TEST_F(Response, ResultsThatAreAllUnknownLeaveNoRow) {
+    bench.driver.response.frequency = {777, 0, 0, 0, 0, 0, 0, 0};
+    bench.form1.respolee();
+    EXPECT_THAT(rows(), IsEmpty());
+    EXPECT_EQ(bench.formD.Image5.picture, "OffN");
+}
+
 TEST_F(Response, AResultThatCannotBeStoredIsSaidAndTheRackGoesOn) {
     measured();
     std::filesystem::create_directory(bench.scratch.path() / "0981.res");

@@ -338,11 +338,54 @@ TEST_F(Sweep, TheCloseKeyHaltsTheUnitAndTheRunGoesOnUntilItsOwnKey) {
     EXPECT_THAT(bench.takeCalls(), ElementsAre("HM_Parar"));
     EXPECT_TRUE(scanner.visible);
     EXPECT_TRUE(scanner.Timer1.enabled);
+    EXPECT_EQ(scanner.CommandClose.caption, "Wait");
     click(scanner.Command3D1);
     click(scanner.CommandClose);
     EXPECT_FALSE(scanner.loaded());
     EXPECT_TRUE(rackEnabled());
     EXPECT_EQ(bench.driver.calls.back(), kMeasuring);
+}
+
+TEST_F(Sweep, AUnitThatTheCloseKeyHaltedIsAskedForTheSameFrameAgain) {
+    open(1.8f);
+    click(scanner.Command3D1);
+    frames(2);
+    click(scanner.CommandClose);
+    bench.takeCalls();
+    bench.advance(250ms);
+    EXPECT_THAT(bench.takeCalls(), ElementsAre("HM_StartEspectro(915, 935, 100)"));
+    bench.advance(5s);
+    EXPECT_THAT(bench.takeCalls(), IsEmpty());
+    frames(9);
+    expectLevels(tableFill("frame108.0", ScanSpacing::Odd));
+    EXPECT_EQ(scanner.CommandClose.caption, "Ok");
+    EXPECT_EQ(bench.read("scan.dat"), storedLevels(tableFill("frame108.0", ScanSpacing::Odd)));
+}
+
+TEST_F(Sweep, AFrameThatWasUnderWayWhenTheCloseKeyHaltedTheUnitIsTaken) {
+    open(1.8f);
+    click(scanner.Command3D1);
+    click(scanner.CommandClose);
+    bench.takeCalls();
+    frames(1);
+    EXPECT_THAT(bench.takeCalls(), ElementsAre("HM_Parar", "HM_StartEspectro(895, 915, 100)"));
+    expectLevels(tableFill("frame89.5", ScanSpacing::Odd));
+}
+
+TEST_F(Sweep, AUnitThatFallsSilentInTheMiddleIsLeftByStopAndClose) {
+    bench.write("scan.dat", "before\r\n");
+    open(1.8f);
+    click(scanner.Command3D1);
+    frames(4);
+    bench.advance(60s);
+    EXPECT_EQ(scanner.Command3D1.caption, "Stop");
+    expectLevels(tableFill("frame95.5", ScanSpacing::Odd));
+    click(scanner.Command3D1);
+    click(scanner.CommandClose);
+    EXPECT_FALSE(scanner.loaded());
+    EXPECT_TRUE(rackEnabled());
+    EXPECT_EQ(bench.driver.calls.back(), kMeasuring);
+    EXPECT_EQ(bench.read("scan.dat"), "before\r\n");
 }
 
 TEST_F(Sweep, AChoiceInTheMiddleOfASweepIsFollowedByTheNextFrame) {

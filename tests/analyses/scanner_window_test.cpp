@@ -50,6 +50,34 @@ TEST_F(ScannerWindow, ShowsTheStoredScanInTheCellsOfTheOddChannels) {
     }
 }
 
+TEST_F(ScannerWindow, ThePageIsInStepWithAWindowThatComesBack) {
+    open(1.8f);
+    choose(ScanSpacing::All);
+    click(scanner.CommandClose);
+    bench.write("scan.dat", "44\r\n");
+    open(1.8f);
+    ASSERT_EQ(scanner.Graph1.columnCount(), page.Graph1.columnCount());
+    for (int row = 1; row <= 21; ++row) {
+        for (int column = 1; column <= 10; ++column)
+            ASSERT_EQ(scanner.Graph1.dataAt(row, column), page.Graph1.dataAt(row, column))
+                << row << "," << column;
+    }
+    EXPECT_EQ(page.Graph1.dataAt(1, 3), "44");
+    EXPECT_THAT(words(), ElementsAre(".1", ".3", ".5", ".7", ".9"));
+    EXPECT_THAT(labels(page.Graph1), ElementsAre("87.1", "88.1", "107.1"));
+}
+
+TEST_F(ScannerWindow, ReadsNoMoreOfAHugeStoredScanThanItShows) {
+    std::string huge;
+    for (int i = 0; i < 100000; ++i) huge += "55\r\n";
+    bench.write("scan.dat", huge);
+    open(1.8f);
+    const ScanCell last = tableFill("stored", ScanSpacing::Odd).cells.back().cell;
+    EXPECT_EQ(scanner.Graph1.dataAt(last.row, last.column), "55");
+    EXPECT_EQ(scanner.Graph1.dataAt(last.row, last.column + 1), "");
+    EXPECT_EQ(scanner.Graph1.dataAt(last.row + 1, 1), "");
+}
+
 TEST_F(ScannerWindow, KeepsStoredTextThatIsNoNumber) {
     bench.write("scan.dat", "abc\r\n 55\r\n");
     open(1.8f);
@@ -199,6 +227,18 @@ TEST_F(ScannerWindow, ClosingWhileAChoiceMeasuresEndsItAndReturnsTheUnit) {
     };
     choose(ScanSpacing::All);
     EXPECT_EQ(measured, 10);
+    EXPECT_FALSE(scanner.loaded());
+    EXPECT_TRUE(rackEnabled());
+    EXPECT_EQ(bench.driver.calls.back(), "HM_Normal(981, 0, 0, 0, 0)");
+}
+
+TEST_F(ScannerWindow, AUnitThatFailsUnderAChoiceEndsTheFillingAndIsReturnedAtTheClose) {
+    open(1.5f);
+    bench.driver.superResults = {0, 0, 7};
+    choose(ScanSpacing::Even);
+    EXPECT_EQ(callsOf("HM_Super"), 3);
+    EXPECT_TRUE(scanner.Command3D1.enabled);
+    click(scanner.CommandClose);
     EXPECT_FALSE(scanner.loaded());
     EXPECT_TRUE(rackEnabled());
     EXPECT_EQ(bench.driver.calls.back(), "HM_Normal(981, 0, 0, 0, 0)");

@@ -25,6 +25,42 @@ TEST(AnalysesWindows, StandAsTheyShould) {
                 ElementsAre("Form_BandSCanner.Graph1 reaches out of ChartView"));
 }
 
+TEST(AnalysesWindows, TheScannersControlsStandWithTheirWordsAndStartValues) {
+    RackBench bench;
+    bench.start();
+    Form_BandSCanner& scanner = *bench.program.Form_BandSCanner;
+    EXPECT_EQ(scanner.caption, "Band Scanner");
+    EXPECT_EQ(scanner.Label9.caption, "Band Scanner");
+    EXPECT_EQ(scanner.Label_Channels.caption, "Channels:");
+    const char* const scale[] = {"100", "90", "80", "70", "60", "50", "40", "30"};
+    for (std::size_t i = 0; i < 8; ++i) {
+        const std::string name = "Label" + std::to_string(i + 1);
+        EXPECT_EQ(scanner.find(name), &scanner.Scale[i]) << name;
+        EXPECT_EQ(scanner.Scale[i].caption, scale[i]);
+    }
+    EXPECT_EQ(scanner.Label12.caption, "dB");
+    EXPECT_EQ(scanner.Option_All.caption, "All");
+    EXPECT_EQ(scanner.Option_Pares.caption, "Even");
+    EXPECT_EQ(scanner.Option_Impares.caption, "Odd");
+    EXPECT_EQ(scanner.Option_250Khz.caption, "250 Khz");
+    EXPECT_EQ(scanner.Command3D1.caption, "&New run");
+    EXPECT_EQ(scanner.CommandClose.caption, "&Cancel");
+    EXPECT_EQ(scanner.SSCommand1.caption, "Print Mode");
+    EXPECT_EQ(scanner.HScroll1.value, 0);
+    EXPECT_EQ(std::chrono::milliseconds(scanner.Timer1.interval), std::chrono::milliseconds(250));
+    EXPECT_FALSE(scanner.Timer1.enabled);
+}
+
+TEST(AnalysesWindows, TheResponsesControlsStandWithTheirWords) {
+    RackBench bench;
+    bench.start();
+    const Form_Dd3& window = *bench.program.Form_Dd3;
+    EXPECT_EQ(window.caption, "Frecuency response");
+    EXPECT_EQ(window.Label1.caption, "Frecuency Response");
+    EXPECT_EQ(window.Command3D2.caption, "Ok");
+    EXPECT_EQ(window.SSCommand1.caption, "Print Form");
+}
+
 TEST(AnalysesWindows, TheChartEndsWithItsViewAtTheBarsEnd) {
     RackBench bench;
     bench.start();
