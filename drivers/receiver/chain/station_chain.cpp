@@ -9,8 +9,10 @@
 namespace hm16::receiver {
 namespace {
 
-// Pieces that stay in the processor's cache all along the chain.
-constexpr std::size_t kPiece = 8192;
+// Pieces that stay in the processor's cache all along the chain, and short enough to keep no slot
+// waiting for samples that have long come.
+constexpr std::size_t kLongestPiece = 8192;
+constexpr double kPieceSeconds = 0.0025;
 
 constexpr double kPilotFlatHz = 60;
 constexpr double kPilotFitSeconds = 0.2;
@@ -45,6 +47,8 @@ StationChain::StationChain(const ChainSettings& settings)
     : settings_(settings),
       rates_(planRates(settings.rateHz, settings.domain)),
       slotLength_(static_cast<std::size_t>(std::lround(kSlotSeconds * rates_.composite))),
+      pieceLength_(std::min(kLongestPiece, static_cast<std::size_t>(
+                                               std::lround(kPieceSeconds * rates_.source)))),
       frontEnd_(rates_, settings.offsetHz),
       demodulator_(rates_),
       compositeFilter_(compositeTaps(rates_.channel, Droop::None), rates_.compositeStep),
@@ -58,13 +62,25 @@ StationChain::StationChain(const ChainSettings& settings)
 
 void StationChain::push(std::span<const Sample> samples) {
     while (!samples.empty()) {
-        const auto piece = samples.first(std::min(samples.size(), kPiece));
-        if (settings_.domain == Domain::Band) {
-            pushBand(piece);
-        } else {
-            pushComposite(piece);
+        if (held_.empty() && samples.size() >= pieceLength_) {
+            pushPiece(samples.first(pieceLength_));
+            samples = samples.subspan(pieceLength_);
+            continue;
         }
-        samples = samples.subspan(piece.size());
+        const auto part = samples.first(std::min(samples.size(), pieceLength_ - held_.size()));
+        held_.insert(held_.end(), part.begin(), part.end());
+        samples = samples.subspan(part.size());
+        if (held_.size() < pieceLength_) continue;
+        pushPiece(held_);
+        held_.clear();
+    }
+}
+
+void StationChain::pushPiece(std::span<const Sample> samples) {
+    if (settings_.domain == Domain::Band) {
+        pushBand(samples);
+    } else {
+        pushComposite(samples);
     }
 }
 

@@ -34,7 +34,9 @@ struct ChainSettings {
 };
 
 // The whole way from samples to figures for one tuned station. Samples go in as they come; the
-// figures are settled anew at the end of each slot of 50 ms.
+// figures are settled anew at the end of each slot of 50 ms. The samples are worked on in pieces of
+// one fixed length, so that the figures do not depend, not even by a rounding, on how many come at
+// a time; up to 2.5 ms of them wait for the rest of their piece.
 class StationChain {
  public:
     explicit StationChain(const ChainSettings& settings);
@@ -50,6 +52,7 @@ class StationChain {
     const AudioFigures& audio() const { return audio_; }
 
  private:
+    void pushPiece(std::span<const Sample> samples);
     void pushBand(std::span<const Sample> samples);
     void pushComposite(std::span<const Sample> samples);
     void takeComposite(std::span<const float> composite);
@@ -65,6 +68,8 @@ class StationChain {
     ChainSettings settings_;
     Rates rates_;
     std::size_t slotLength_;
+    std::size_t pieceLength_;
+    std::vector<Sample> held_;  // of the piece that is not full yet
 
     FrontEnd frontEnd_;
     Demodulator demodulator_;

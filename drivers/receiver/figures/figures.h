@@ -44,6 +44,8 @@ struct Figures {
     std::string rdsName;
 
     bool narrow = false;  // measured through the narrow filter because of a strong neighbour
+
+    bool operator==(const Figures&) const = default;
 };
 
 }  // namespace hm16::receiver
