@@ -32,8 +32,12 @@ TEST(Splash, FixesBrandModelAndLanguageAtLoad) {
 }
 
 TEST(Splash, SpeaksSpanishForSpanishSystemsAlone) {
-    for (const auto& [id, word] : {std::pair{0x0c0a, "ES"}, {0x040a, "ES"}, {0x080a, "ES"},
-                                   {0x0416, "IN"}, {0x0816, "IN"}, {0x0409, "IN"}}) {
+    for (const auto& [id, word] : {std::pair{0x0c0a, "ES"},
+                                   {0x040a, "ES"},
+                                   {0x080a, "ES"},
+                                   {0x0416, "IN"},
+                                   {0x0816, "IN"},
+                                   {0x0409, "IN"}}) {
         RackBench bench(id);
         bench.showSplash();
         EXPECT_EQ(bench.program.words.gLanguage, word) << id;
@@ -97,9 +101,9 @@ TEST(Start, ShowsTheFormsInTheirOrder) {
     RackBench bench;
     bench.start();
     const auto seen = shownOrHidden(bench.desktop.journal);
-    const std::vector<std::string> wanted = {"show Form_WaitLoad", "show Form1", "show Form3",
-                                             "show Form_C",        "show Form_D", "hide Form3",
-                                             "show Form_B",        "hide Form_WaitLoad"};
+    const std::vector<std::string> wanted = {
+        "show Form_WaitLoad", "show Form1", "show Form3",  "show Form_C",
+        "show Form_D",        "hide Form3", "show Form_B", "hide Form_WaitLoad"};
     std::vector<std::string> rack;
     for (const std::string& line : seen) {
         if (std::ranges::find(wanted, line) != wanted.end()) rack.push_back(line);
@@ -195,8 +199,7 @@ TEST(Start, PanelsAreSpanishForSpanishAndPortuguese) {
         EXPECT_EQ(bench.form1.Label_NivelModulacionFrecuencia.caption, "F-Mod [KHz]");
         EXPECT_EQ(bench.form1.Label_PeakPerMinute.caption, "Picos por Minuto");
         EXPECT_EQ(bench.form1.Label_IntensidadDeCampo.caption, "Intensidad de campo [dB/uV]");
-        EXPECT_EQ(bench.form1.Label_DesviacionDePortadora.caption,
-                  "Desviacion de portadora [KHz]");
+        EXPECT_EQ(bench.form1.Label_DesviacionDePortadora.caption, "Desviacion de portadora [KHz]");
         EXPECT_EQ(bench.formB.Label_AudioLevel.caption, "Nivel de audio");
         EXPECT_EQ(bench.formB.Label_StereoPhaseVector.caption, "Vector de fase estereo");
         EXPECT_EQ(bench.formB.Label_AudioProcessingRelativePower.caption,

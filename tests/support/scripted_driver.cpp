@@ -31,11 +31,12 @@ void ScriptedDriver::note(std::string call) {
 
 std::int32_t ScriptedDriver::HM_Init() {
     note("HM_Init");
-    return 0;
+    return initResult;
 }
 
 std::int32_t ScriptedDriver::HM_Terminate() {
     note("HM_Terminate");
+    if (duringTerminate) duringTerminate();
     return 0;
 }
 
@@ -66,12 +67,13 @@ std::int32_t ScriptedDriver::HM_Reset(std::int32_t what) {
 std::int32_t ScriptedDriver::HM_Data(Readings& out) {
     ++dataCalls;
     if (noteData) note("HM_Data");
-    out = readings;
+    if (!silent) out = readings;
     return 0;
 }
 
 std::int32_t ScriptedDriver::HM_DataRDS(float& error, float& level) {
     ++rdsCalls;
+    if (silent) return 0;
     error = rdsError;
     level = rdsLevel;
     return 0;

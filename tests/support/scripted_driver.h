@@ -15,6 +15,8 @@ namespace hmonitor::test {
 /// what the unit says and reads what it was told.
 struct ScriptedDriver final : DriverLibrary {
     // What the unit says.
+    std::int32_t initResult = 0;
+    bool silent = false;  ///< HM_Data and HM_DataRDS leave their outputs alone
     Readings readings;
     float rdsError = 0;
     float rdsLevel = 0;
@@ -29,6 +31,7 @@ struct ScriptedDriver final : DriverLibrary {
     float floorLevel = 12;
     std::function<void(float)> duringSuper;  ///< what else happens while a level is measured
     std::function<void()> duringNormal;
+    std::function<void()> duringTerminate;
 
     // What it was told. HM_Data and HM_DataRDS come too often to be noted.
     std::vector<std::string> calls;

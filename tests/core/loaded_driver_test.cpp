@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Each call of the program reaches its own function of a library, with its arguments in their
+// places.
+#include "core/loaded_driver.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <numeric>
+#include <string>
+#include <vector>
+
+namespace hmonitor {
+namespace {
+
+using testing::ElementsAre;
+
+/// What the library was told.
+std::vector<std::string> told;
+
+template <class... Arguments>
+std::int32_t tell(const char* name, std::int32_t result, Arguments... arguments) {
+    std::string call = name;
+    ((call += " " + std::to_string(arguments)), ...);
+    told.push_back(call);
+    return result;
+}
+
+/// A library in which every function answers with a number of its own and notes what it was told.
+HM16_Functions noting() {
+    HM16_Functions f = {};
+    f.init = []() { return tell("init", 1); };
+    f.terminate = []() { return tell("terminate", 2); };
+    f.demoMode = []() { return tell("demoMode", 3); };
+    f.normal = [](float frequency, int32_t average, int32_t audioMode, int32_t response,
+                  int32_t logFiles) {
+        return tell("normal", 4, int(frequency), average, audioMode, response, logFiles);
+    };
+    f.parar = []() { return tell("parar", 5); };
+    f.reset = [](int32_t what) { return tell("reset", 6, what); };
+    f.data = [](float* a, float* b, float* c, float* d, float* e, float* f6, float* g, float* h,
+                float* i, float* j, float* k, float* l, float* m, float* n, float* o, float* p) {
+        float number = 0;
+        for (float* output : {a, b, c, d, e, f6, g, h, i, j, k, l, m, n, o, p}) *output = ++number;
+        return tell("data", 7);
+    };
+    f.dataRds = [](float* error, float* level) {
+        const int before = int(*level);
+        *error = 57;
+        *level = 3;
+        return tell("dataRds", 8, before);
+    };
+    f.super = [](float frequency, float* level) {
+        *level = 61;
+        return tell("super", 9, int(frequency));
+    };
+    f.startEspectro = [](float start, float stop, int32_t step) {
+        return tell("startEspectro", 10, int(start), int(stop), step);
+    };
+    f.tramaEspectroRecibida = []() { return tell("tramaEspectroRecibida", 11); };
+    f.getEspectro = [](float frequency, float* level) {
+        *level = 62;
+        return tell("getEspectro", 12, int(frequency));
+    };
+    f.respFrecuencia = [](int32_t* a, int32_t* b, int32_t* c, int32_t* d, int32_t* e, int32_t* f6,
+                          int32_t* g, int32_t* h, int32_t* i, int32_t* j, int32_t* k, int32_t* l,
+                          int32_t* m, int32_t* n, int32_t* o, int32_t* p) {
+        int32_t number = 0;
+        for (int32_t* out : {a, b, c, d, e, f6, g, h, i, j, k, l, m, n, o, p}) *out = ++number;
+        return tell("respFrecuencia", 13);
+    };
+    f.setSintoMode = [](int32_t mode) { return tell("setSintoMode", 14, mode); };
+    f.getHardwareVersion = [](float* version) {
+        *version = 1.8f;
+        return tell("getHardwareVersion", 15);
+    };
+    f.getDriverVersion = [](float* version) {
+        const int before = int(*version);
+        *version = 4.2f;
+        return tell("getDriverVersion", 16, before);
+    };
+    return f;
+}
+
+struct LoadedDriverTest : testing::Test {
+    LoadedDriverTest() { told.clear(); }
+    const HM16_Functions functions = noting();
+    LoadedDriver driver{functions};
+};
+
+TEST_F(LoadedDriverTest, EachCallReachesItsOwnFunctionAndBringsItsAnswerBack) {
+    float number = 0;
+    float other = 0;
+    Readings readings;
+    ResponsePairs pairs;
+    EXPECT_EQ(driver.HM_Init(), 1);
+    EXPECT_EQ(driver.HM_Terminate(), 2);
+    EXPECT_EQ(driver.HM_DemoMode(), 3);
+    EXPECT_EQ(driver.HM_Normal(981, 21, 22, 23, 24), 4);
+    EXPECT_EQ(driver.HM_Parar(), 5);
+    EXPECT_EQ(driver.HM_Reset(3), 6);
+    EXPECT_EQ(driver.HM_Data(readings), 7);
+    other = 9;
+    EXPECT_EQ(driver.HM_DataRDS(number, other), 8);
+    EXPECT_EQ(driver.HM_Super(982, number), 9);
+    EXPECT_EQ(driver.HM_StartEspectro(875, 1080, 250), 10);
+    EXPECT_EQ(driver.HM_TramaEspectroRecibida(), 11);
+    EXPECT_EQ(driver.HM_GetEspectro(983, number), 12);
+    EXPECT_EQ(driver.HM_RespFrecuencia(pairs), 13);
+    EXPECT_EQ(driver.HM_setSintoMode(0), 14);
+    EXPECT_EQ(driver.HM_getHardwareVersion(number), 15);
+    number = 2;
+    EXPECT_EQ(driver.HM_getDriverVersion(number), 16);
+    EXPECT_THAT(
+        told, ElementsAre("init", "terminate", "demoMode", "normal 981 21 22 23 24", "parar",
+                          "reset 3", "data", "dataRds 9", "super 982", "startEspectro 875 1080 250",
+                          "tramaEspectroRecibida", "getEspectro 983", "respFrecuencia",
+                          "setSintoMode 0", "getHardwareVersion", "getDriverVersion 2"));
+}
+
+TEST_F(LoadedDriverTest, TheSixteenOutputsKeepTheirOrder) {
+    Readings readings;
+    driver.HM_Data(readings);
+    for (int output = 1; output <= 16; ++output) EXPECT_EQ(readings.output(output), output);
+}
+
+TEST_F(LoadedDriverTest, TheEightPairsAreAFrequencyAndItsLevelEach) {
+    ResponsePairs pairs;
+    driver.HM_RespFrecuencia(pairs);
+    EXPECT_THAT(pairs.frequency, ElementsAre(1, 3, 5, 7, 9, 11, 13, 15));
+    EXPECT_THAT(pairs.level, ElementsAre(2, 4, 6, 8, 10, 12, 14, 16));
+}
+
+TEST_F(LoadedDriverTest, LevelsAndVersionsComeBackInTheirOutputs) {
+    float error = 0;
+    float level = 0;
+    driver.HM_DataRDS(error, level);
+    EXPECT_EQ(error, 57);
+    EXPECT_EQ(level, 3);
+    driver.HM_Super(981, level);
+    EXPECT_EQ(level, 61);
+    driver.HM_GetEspectro(981, level);
+    EXPECT_EQ(level, 62);
+    driver.HM_getHardwareVersion(level);
+    EXPECT_EQ(level, 1.8f);
+    driver.HM_getDriverVersion(level);
+    EXPECT_EQ(level, 4.2f);
+}
+
+TEST(NoLibraryTest, EveryCallGivesZeroAndLeavesItsOutputsAlone) {
+    NoLibrary none;
+    Readings readings;
+    std::iota(readings.outputs.begin(), readings.outputs.end(), 1.f);
+    const Readings before = readings;
+    ResponsePairs pairs;
+    pairs.frequency[3] = 400;
+    float number = 5;
+    float other = 6;
+    const std::vector<std::int32_t> answers = {none.HM_Init(),
+                                               none.HM_Terminate(),
+                                               none.HM_DemoMode(),
+                                               none.HM_Normal(981, 1, 1, 1, 1),
+                                               none.HM_Parar(),
+                                               none.HM_Reset(1),
+                                               none.HM_Data(readings),
+                                               none.HM_DataRDS(number, other),
+                                               none.HM_Super(981, number),
+                                               none.HM_StartEspectro(875, 1080, 100),
+                                               none.HM_TramaEspectroRecibida(),
+                                               none.HM_GetEspectro(981, number),
+                                               none.HM_RespFrecuencia(pairs),
+                                               none.HM_setSintoMode(0),
+                                               none.HM_getHardwareVersion(number),
+                                               none.HM_getDriverVersion(other)};
+    EXPECT_THAT(answers, testing::Each(0));
+    EXPECT_EQ(readings.outputs, before.outputs);
+    EXPECT_EQ(pairs.frequency[3], 400);
+    EXPECT_EQ(number, 5);
+    EXPECT_EQ(other, 6);
+}
+
+}  // namespace
+}  // namespace hmonitor

@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The whole program on driver libraries that the real loader loads: the simulated unit, and
+// libraries and files that are none.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <memory>
+
+#include "app/forms.h"
+#include "core/files.h"
+#include "core/loaded_driver.h"
+#include "core/numbers.h"
+#include "display/headless/headless_desktop.h"
+#include "drivers/loader/library.h"
+#include "tests/support/temp_folder.h"
+
+namespace hmonitor::test {
+namespace {
+
+using namespace std::chrono_literals;
+namespace fs = std::filesystem;
+
+/// A folder as it is installed, with the library that is put there, and the program in it.
+class InstalledRack {
+ public:
+    InstalledRack() : before_(fs::current_path()) {
+        for (const auto& entry : fs::directory_iterator(HMONITOR_SOURCE_DIR "/install")) {
+            if (entry.is_regular_file()) fs::copy(entry.path(), folder.path());
+        }
+        fs::current_path(folder.path());
+        desktop.seedRandom(1);
+        desktop.modalScripts["FormModoDemo"] = [this](display::Form&) {
+            ++offers;
+            desktop.hand.click(forms->formModoDemo.Command1);
+        };
+    }
+    ~InstalledRack() {
+        if (library.library) library.library->functions().terminate();
+        fs::current_path(before_);
+    }
+
+    void put(const fs::path& file) const { fs::copy(file, folder.path() / hm16::libraryName()); }
+
+    /// As the program does it: what does not load is said and stands back for no library at all.
+    void start() {
+        library = hm16::Library::load(folder.path());
+        if (library.library) {
+            driver = std::make_unique<LoadedDriver>(library.library->functions());
+        } else {
+            driver = std::make_unique<NoLibrary>();
+        }
+        program = std::make_unique<Program>(desktop, *driver, files);
+        forms = std::make_unique<Forms>(*program);
+        forms->formWaitLoad.show();
+        desktop.advance(100ms);
+    }
+
+    void expectDemo() {
+        start();
+        EXPECT_EQ(offers, 1);
+        EXPECT_EQ(program->StationState.DemoMode, "si");
+        desktop.advance(2000ms);
+        EXPECT_EQ(forms->form1.Label_FieldIntensity.caption, "69.5");
+        EXPECT_GT(program->StationState.DemoPeak, 20);
+    }
+
+    TempFolder folder;
+    display::HeadlessDesktop desktop;
+    Files files{folder.path()};
+    hm16::LoadResult library;
+    std::unique_ptr<DriverLibrary> driver;
+    std::unique_ptr<Program> program;
+    std::unique_ptr<Forms> forms;
+    int offers = 0;
+
+ private:
+    fs::path before_;
+};
+
+TEST(OnALibrary, TheSimulatedUnitMakesTheInstalledRackLive) {
+    InstalledRack rack;
+    rack.put(HM16_SIMULATED);
+    rack.start();
+    EXPECT_EQ(rack.library.fault, "");
+    EXPECT_EQ(rack.offers, 0);
+    EXPECT_EQ(rack.program->StationState.HardwareVersion, "1.8");
+    rack.desktop.advance(200ms);
+    // The first memory is a strong stereo station on 98.5 MHz.
+    EXPECT_EQ(rack.forms->formB.Label_RadioName.caption, "FAROFM   ");
+    EXPECT_EQ(rack.forms->formB.TunedFreq, 985);
+    const double field = valueOf(rack.forms->form1.Label_FieldIntensity.caption.get());
+    EXPECT_NEAR(field, 88, 2);
+    const double modulation = valueOf(rack.forms->form1.Label_FMod_Porcentaje.caption.get());
+    EXPECT_GT(modulation, 30);
+    EXPECT_LT(modulation, 115);
+    EXPECT_TRUE(rack.desktop.boxes.empty());
+}
+
+TEST(OnALibrary, AUnitOfVersionZeroBringsTheOffer) {
+    InstalledRack rack;
+    rack.put(HM16_SIMULATED);
+    rack.folder.write("hm-16.ini", "version = 0\n");
+    rack.expectDemo();
+}
+
+TEST(OnALibrary, ALibraryThatFailsToOpenItsUnitBringsTheOffer) {
+    InstalledRack rack;
+    rack.put(fs::path(HM16_FIXTURES) / "sixteen" / hm16::libraryName());
+    rack.expectDemo();
+    EXPECT_EQ(rack.library.fault, "");
+}
+
+TEST(OnALibrary, NoLibraryBringsTheOffer) {
+    InstalledRack rack;
+    rack.expectDemo();
+    EXPECT_THAT(rack.library.fault, testing::StartsWith("There is no driver library "));
+}
+
+TEST(OnALibrary, AFileThatIsNoLibraryBringsTheOffer) {
+    InstalledRack rack;
+    rack.folder.write(hm16::libraryName(), "a letter, not a library\n");
+    rack.expectDemo();
+    EXPECT_THAT(rack.library.fault, testing::HasSubstr("cannot be loaded as a driver library: "));
+}
+
+TEST(OnALibrary, ALibraryThatLacksFunctionsBringsTheOffer) {
+    InstalledRack rack;
+    rack.put(fs::path(HM16_FIXTURES) / "lacking" / hm16::libraryName());
+    rack.expectDemo();
+    EXPECT_THAT(rack.library.fault, testing::HasSubstr("it lacks HM_DemoMode, HM_Normal"));
+}
+
+}  // namespace
+}  // namespace hmonitor::test
