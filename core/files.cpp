@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "core/code_page.h"
+#include "core/numbers.h"
 #include "core/rewrite_file.h"
 #include "core/text_lines.h"
 
@@ -95,7 +96,7 @@ FileResult<std::vector<std::string>> Files::readLines(std::string_view name, int
         const auto line = text.next();
         if (!line) {
             return FileFault{FileFaultKind::TooShort,
-                             std::string(name) + ": line " + std::to_string(n) + " is missing"};
+                             std::string(name) + ": line " + wholeText(n).str() + " is missing"};
         }
         lines.emplace_back(*line);
     }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <string_view>
+
 #include "display/form.h"
 
 namespace hmonitor {
@@ -25,6 +27,11 @@ constexpr display::Language panelLanguage(int languageId) {
 constexpr display::Language dialogLanguage(int languageId) {
     return primaryLanguage(languageId) == kSpanishId ? display::Language::Spanish
                                                      : display::Language::English;
+}
+
+/// The text of a pair in a language.
+constexpr std::string_view wordsIn(display::Language language, const display::Words& words) {
+    return language == display::Language::Spanish ? words.spanish : words.english;
 }
 
 }  // namespace hmonitor

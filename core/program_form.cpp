@@ -13,8 +13,8 @@ void ProgramForm::placeDigit(SegmentDigit& digit, const display::Box& box, displ
         line.stroke = display::Stroke::Segment;
         // In units of 15 twips; a stroke is a seventh of the digit's height thick.
         line.thickness = box.height / 7 / 15;
-        line.colour = dark;
     }
+    digit.blank(dark);
 }
 
 void ProgramForm::bindKey(display::Picture& key, const char* atRest, const char* pressed,

@@ -9,6 +9,8 @@
 #include <cstdio>
 #include <string>
 
+#include "core/numbers.h"
+
 namespace hmonitor {
 
 namespace {
@@ -117,7 +119,7 @@ int rewriteFile(const std::filesystem::path& target, std::string_view bytes,
         if (const int fault = checkReplaceable(real.string(), old)) return fault;
     }
     const std::filesystem::path folder = real.has_parent_path() ? real.parent_path() : ".";
-    const std::string beside = folder / (std::string(kLeftoverStart) + std::to_string(::getpid()) +
+    const std::string beside = folder / (std::string(kLeftoverStart) + wholeText(::getpid()).str() +
                                          std::string(kLeftoverEnd));
 
     int fault = fillBeside(beside, bytes, isThere ? &old : nullptr, watcher);

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/segment_digit.h"
 
-#include <string>
 #include <utility>
+
+#include "core/numbers.h"
 
 namespace hmonitor {
 
@@ -35,7 +36,7 @@ constexpr std::array<unsigned, 10> kLit = {
 template <std::size_t... I>
 std::array<Line, 7> makeLines(display::Form& form, std::string_view stem,
                               const std::array<int, 7>& numbers, std::index_sequence<I...>) {
-    return {Line(form, std::string(stem) + std::to_string(numbers[I]))...};
+    return {Line(form, SmallText(stem).append(wholeText(numbers[I])).str())...};
 }
 
 }  // namespace
@@ -51,10 +52,20 @@ bool SegmentDigit::lights(int digit, int segment) {
 void SegmentDigit::show(int digit, Colour lit, Colour dark) {
     if (digit < 0 || digit > 9) return;
     for (int i = 0; i < 7; ++i) segment(i).colour = lights(digit, i) ? lit : dark;
+    figure_ = digit;
 }
 
 void SegmentDigit::blank(Colour dark) {
     for (Line& line : lines_) line.colour = dark;
+    figure_.reset();
+}
+
+std::string figuresOf(std::initializer_list<const SegmentDigit*> places) {
+    std::string text;
+    for (const SegmentDigit* place : places) {
+        if (place->figure()) text += wholeText(*place->figure()).view();
+    }
+    return text;
 }
 
 std::array<Box, 7> SegmentDigit::strokes(const Box& box) {

@@ -2,6 +2,9 @@
 #pragma once
 
 #include <array>
+#include <initializer_list>
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "display/controls.h"
@@ -20,6 +23,8 @@ class SegmentDigit {
     void show(int digit, display::Colour lit, display::Colour dark);
     /// Darkens all segments.
     void blank(display::Colour dark);
+    /// The figure that the place shows; none while it is dark.
+    std::optional<int> figure() const { return figure_; }
 
     display::Line& segment(int number) { return lines_[static_cast<std::size_t>(number)]; }
 
@@ -31,7 +36,11 @@ class SegmentDigit {
 
  private:
     std::array<display::Line, 7> lines_;
+    std::optional<int> figure_;
 };
+
+/// What places from the left read as text; a dark one is left out.
+std::string figuresOf(std::initializer_list<const SegmentDigit*> places);
 
 /// Numbers first, first + 1 ... first + 6: a digit whose lines are numbered upwards.
 constexpr std::array<int, 7> upFrom(int first) {

@@ -79,6 +79,9 @@ class Control : public Revised {
 
     /// Accessible name; readouts that have a caption leave it to the caption.
     Words says;
+    /// What it reads to the screen reader, where what it paints is no text of its own: the digits
+    /// in a panel, a lamp. Asked for when somebody listens, so it costs the live panels nothing.
+    std::function<std::string()> reading;
     /// Tool tip; empty for none.
     Words tip;
     /// Place in the Tab order; 0 keeps it out of it.

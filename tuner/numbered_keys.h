@@ -2,10 +2,10 @@
 #pragma once
 
 #include <array>
-#include <string>
 #include <string_view>
 #include <utility>
 
+#include "core/numbers.h"
 #include "display/controls.h"
 
 namespace hmonitor {
@@ -28,7 +28,7 @@ class NumberedKeys {
     template <std::size_t... I>
     static std::array<display::Key, Count> make(display::Form& form, std::string_view stem,
                                                 std::index_sequence<I...>) {
-        return {display::Key(form, std::string(stem) + std::to_string(I + 1))...};
+        return {display::Key(form, SmallText(stem).append(wholeText(I + 1)).str())...};
     }
 
     std::array<display::Key, Count> keys_;

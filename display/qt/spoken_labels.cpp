@@ -14,10 +14,23 @@ namespace {
 
 constexpr int kPause = 500;
 
-/// One painted label.
+const Label* asLabel(const Control& control) {
+    return dynamic_cast<const Label*>(&control);
+}
+
+bool isSpoken(const Control& control) {
+    return asLabel(control) || (control.reading && !control.interactive());
+}
+
+bool isMeasured(const Control& control) {
+    const Label* label = asLabel(control);
+    return control.reading || (label && label->readout);
+}
+
+/// One painted label, or another painted control with a reading.
 class SpokenLabel final : public QAccessibleInterface {
  public:
-    SpokenLabel(FormView& view, const Label& label) : view_(&view), label_(label) {}
+    SpokenLabel(FormView& view, const Control& control) : view_(&view), control_(control) {}
 
     bool isValid() const override { return !view_.isNull(); }
     QObject* object() const override { return nullptr; }
@@ -35,29 +48,34 @@ class SpokenLabel final : public QAccessibleInterface {
     QString text(QAccessible::Text kind) const override {
         if (!view_) return {};
         if (kind == QAccessible::Name) {
-            const std::string_view spoken = label_.spokenName();
-            return qText(spoken.empty() ? std::string_view(label_.caption.get()) : spoken);
+            const std::string_view spoken = control_.spokenName();
+            return spoken.empty() ? caption() : qText(spoken);
         }
-        if (kind == QAccessible::Value && label_.readout) return qText(label_.caption.get());
-        return {};
+        if (kind != QAccessible::Value || !isMeasured(control_)) return {};
+        return control_.reading ? QString::fromStdString(control_.reading()) : caption();
     }
 
     QRect rect() const override {
         if (!view_) return {};
-        const QRect box = view_->scale().whole(label_.boxOnForm());
+        const QRect box = view_->scale().whole(control_.boxOnForm());
         return {view_->mapToGlobal(box.topLeft()), box.size()};
     }
 
     QAccessible::State state() const override {
         QAccessible::State state;
         state.readOnly = true;
-        state.invisible = !view_ || !label_.shown();
+        state.invisible = !view_ || !control_.shown();
         return state;
     }
 
  private:
+    QString caption() const {
+        const Label* label = asLabel(control_);
+        return label ? qText(label->caption.get()) : QString();
+    }
+
     QPointer<FormView> view_;
-    const Label& label_;
+    const Control& control_;
 };
 
 /// A form: its widgets, then its painted labels.
@@ -108,10 +126,9 @@ void SpokenLabels::install() {
 
 SpokenLabels::SpokenLabels(FormView& view) {
     for (const Control* control : view.form().controls()) {
-        const auto* label = dynamic_cast<const Label*>(control);
-        if (!label) continue;
-        labels_.push_back(label);
-        ids_.push_back(QAccessible::registerAccessibleInterface(new SpokenLabel(view, *label)));
+        if (!isSpoken(*control)) continue;
+        controls_.push_back(control);
+        ids_.push_back(QAccessible::registerAccessibleInterface(new SpokenLabel(view, *control)));
     }
     timer_.setSingleShot(true);
     timer_.setInterval(kPause);
@@ -136,9 +153,11 @@ int SpokenLabels::indexOf(const QAccessibleInterface* child) const {
 }
 
 void SpokenLabels::changed(const Control& control) {
-    const auto found = std::ranges::find(labels_, &control);
-    if (found == labels_.end()) return;
-    toTell_.insert(static_cast<int>(found - labels_.begin()));
+    auto found = std::ranges::find(controls_, &control);
+    // The lines of a digit are read by the panel that they stand in.
+    if (found == controls_.end()) found = std::ranges::find(controls_, control.container.get());
+    if (found == controls_.end()) return;
+    toTell_.insert(static_cast<int>(found - controls_.begin()));
     if (!timer_.isActive()) timer_.start();
 }
 
@@ -147,7 +166,7 @@ void SpokenLabels::tell() {
     for (const int index : toTell_) {
         QAccessibleInterface* label = at(index);
         if (!label || label->state().invisible) continue;
-        if (labels_[static_cast<std::size_t>(index)]->readout) {
+        if (isMeasured(*controls_[static_cast<std::size_t>(index)])) {
             QAccessibleValueChangeEvent event(label, label->text(QAccessible::Value));
             QAccessible::updateAccessibility(&event);
         } else {

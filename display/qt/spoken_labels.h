@@ -13,8 +13,9 @@ namespace display::qt {
 
 class FormView;
 
-/// What a screen reader finds of the labels that a form's surface paints: each with its name, the
-/// measured ones with their value too. Changes are told at most twice a second.
+/// What a screen reader finds of what a form's surface paints: each label, and each other control
+/// that has a reading, with its name; the measured ones with their value too. Changes are told at
+/// most twice a second.
 class SpokenLabels {
  public:
     explicit SpokenLabels(FormView& view);
@@ -26,7 +27,7 @@ class SpokenLabels {
     QAccessibleInterface* at(int index) const;
     int indexOf(const QAccessibleInterface* child) const;
 
-    /// A label of the form shows something else than before.
+    /// A control of the form shows something else than before.
     void changed(const Control& control);
 
     /// How often changes were told.
@@ -38,7 +39,7 @@ class SpokenLabels {
  private:
     void tell();
 
-    std::vector<const Label*> labels_;
+    std::vector<const Control*> controls_;
     std::vector<QAccessible::Id> ids_;
     std::set<int> toTell_;
     QTimer timer_;

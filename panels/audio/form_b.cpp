@@ -3,7 +3,6 @@
 
 #include <cmath>
 
-#include "core/language.h"
 #include "core/numbers.h"
 #include "core/panel_settings.h"
 #include "core/taken_for_granted.h"
@@ -31,6 +30,19 @@ Form_B::Form_B(Program& itsProgram) : ProgramForm(itsProgram, "Form_B") {
     };
     bindKey(Image3, "SetN", "SetA", [this] { openEditor(); });
     bindKey(Image4, "RemoteN", "RemoteA", [this] { openKeypad(); });
+    bindReadings();
+}
+
+void Form_B::bindReadings() {
+    PowerDigits.reading = [this] { return figuresOf({&powerTens, &powerUnits}); };
+    PhaseDigits.reading = [this] {
+        const char* const hundreds = Line120.colour == SegmentOnColour ? "1" : "";
+        return hundreds + figuresOf({&phaseTens, &phaseUnits});
+    };
+    MemoryWell.reading = [this] {
+        const char* const tens = Line46.colour == SegmentOnColour ? "1" : "";
+        return tens + figuresOf({&memoryUnits});
+    };
 }
 
 void Form_B::onLoad() {
@@ -40,12 +52,6 @@ void Form_B::onLoad() {
     Image4.picture = "RemoteN";
     StationState.HalfStep = "0";
     Pi = 4 * std::atan(1.0);
-
-    language = panelLanguage(desktop().userLanguageId());
-    if (language == display::Language::Spanish) return;
-    Label_AudioLevel.caption = "Audio level";
-    Label_StereoPhaseVector.caption = "Stereo phase vector";
-    Label_AudioProcessingRelativePower.caption = "Audio processing relative power";
 }
 
 void Form_B::InicioForm() {

@@ -135,7 +135,7 @@ class Form_B final : public ProgramForm {
     void layOutPower();
     void layOutPhase();
     void layOutTuning();
-    void bindTuning();
+    void bindReadings();
     struct Channel;
     void heartbeat();
     void takeLevel(const Channel& channel, float level);

@@ -2,6 +2,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "core/language.h"
 #include "core/look.h"
 #include "core/numbers.h"
 #include "panels/audio/form_b.h"
@@ -32,8 +33,8 @@ DialPoint onDial(DialPoint centre, double radius, double degrees) {
     return needleTip(centre, radius, degrees, std::numbers::pi);
 }
 
-void caption(Label& label, const char* words) {
-    label.caption = words;
+void caption(Label& label, const display::Words& words) {
+    label.caption = wordsIn(label.form().language, words);
     label.font = look::kCaption;
     label.colour = look::kCaptionColour;
 }
@@ -44,6 +45,7 @@ void Form_B::layOut() {
     width = look::kRackWidth;
     height = kHeight;
     caption = "HMonitor";
+    language = panelLanguage(desktop().userLanguageId());
     place(Faceplate, {0, 0, look::kRackWidth, kHeight}).surface = Surface::Faceplate;
     place(Heading, {8640, 100, 3000, 160}).caption = "AUDIO / STEREO";
     Heading.font = look::kHeading;
@@ -58,7 +60,8 @@ void Form_B::layOut() {
 }
 
 void Form_B::layOutLevels() {
-    hmonitor::caption(place(Label_AudioLevel, {look::kMargin, 120, 4000, 150}), "Nivel de audio");
+    hmonitor::caption(place(Label_AudioLevel, {look::kMargin, 120, 4000, 150}),
+                      {"Nivel de audio", "Audio level"});
     place(LevelWell, {look::kMargin, 290, 5160, 860}).surface = Surface::Well;
     place(LetterL, {110, 130, 180, 200}, &LevelWell).caption = "L";
     place(LetterR, {110, 555, 180, 200}, &LevelWell).caption = "R";
@@ -101,8 +104,9 @@ void Form_B::layOutLevels() {
 }
 
 void Form_B::layOutPower() {
-    hmonitor::caption(place(Label_AudioProcessingRelativePower, {look::kMargin, 1210, 4800, 150}),
-                      "Potencia relativa del procesador de audio");
+    hmonitor::caption(
+        place(Label_AudioProcessingRelativePower, {look::kMargin, 1210, 4800, 150}),
+        {"Potencia relativa del procesador de audio", "Audio processing relative power"});
     place(PowerWell, {look::kMargin, 1380, 3680, 860}).surface = Surface::Well;
     // The pivot lies far below the window: the dial shows its upper part.
     place(PowerDial, {220, -300, 3240, 2800}, &PowerWell).unit = kPowerUnit;
@@ -131,13 +135,14 @@ void Form_B::layOutPower() {
     LinePo.stroke = display::Stroke::Round;
 
     place(PowerDigits, {4160, 1380, 1360, 860}).surface = Surface::Well;
+    PowerDigits.says = {"Potencia relativa", "Relative power"};
     placeDigit(powerTens, {230, 180, 400, 500}, &PowerDigits, look::kUnlit);
     placeDigit(powerUnits, {750, 180, 400, 500}, &PowerDigits, look::kUnlit);
 }
 
 void Form_B::layOutPhase() {
     hmonitor::caption(place(Label_StereoPhaseVector, {5720, 120, 3000, 150}),
-                      "Vector de fase estereo");
+                      {"Vector de fase estereo", "Stereo phase vector"});
     place(PhaseWell, {5720, 290, 2880, 1470}).surface = Surface::Well;
     place(PhaseDial, {1440 - kPhaseCentre.x * kPhaseUnit, -150, 3700, 1700}, &PhaseWell).unit =
         kPhaseUnit;
@@ -176,6 +181,7 @@ void Form_B::layOutPhase() {
     }
 
     place(PhaseDigits, {5720, 1830, 1380, 410}).surface = Surface::Well;
+    PhaseDigits.says = {"Fase estéreo retenida, grados", "Held stereo phase, degrees"};
     place(Line120, 290, 60, 275, 205, &PhaseDigits);
     place(Line121, 275, 205, 260, 350, &PhaseDigits);
     for (Line* stroke : {&Line120, &Line121}) {
@@ -190,6 +196,7 @@ void Form_B::layOutPhase() {
     Label_PhaseVector.font = look::kSmallReadout;
     Label_PhaseVector.colour = display::kCyan;
     Label_PhaseVector.readout = true;
+    Label_PhaseVector.says = {"Fase estéreo, grados", "Stereo phase, degrees"};
 }
 
 void Form_B::layOutTuning() {
@@ -212,6 +219,7 @@ void Form_B::layOutTuning() {
     FrequencyUnit.colour = look::kUnitColour;
 
     place(MemoryWell, {kLeft, 1220, 760, 410}).surface = Surface::Well;
+    MemoryWell.says = {"Memoria sintonizada", "Tuned memory"};
     place(Line46, 230, 60, 215, 205, &MemoryWell);
     place(Line45, 215, 205, 200, 350, &MemoryWell);
     for (Line* stroke : {&Line46, &Line45}) {

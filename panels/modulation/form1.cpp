@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "analyses/form_d.h"
-#include "core/language.h"
 #include "core/numbers.h"
 #include "core/panel_settings.h"
 #include "core/station_defaults.h"
@@ -21,10 +20,10 @@ Form1::Form1(Program& itsProgram) : ProgramForm(itsProgram, "Form1") {
     Timer4.onTick = [this] { tickReadouts(); };
     Timer5.onTick = [this] { refreshDefaults(); };
     bindKeys();
+    bindReadings();
 }
 
 void Form1::onLoad() {
-    sayInPanelLanguage();
     offerDemoMode();
     desktop().helpFile = "hm-16.hlp";
 
@@ -59,18 +58,6 @@ void Form1::onLoad() {
     Brand.visible = marvenia;
     held = {};
     Label_Bad_CarrierDev.visible = false;
-}
-
-void Form1::sayInPanelLanguage() {
-    language = panelLanguage(desktop().userLanguageId());
-    if (language == display::Language::Spanish) return;
-    Label_NivelDeModulacion.caption = "Modulation level [%]";
-    BarCaption.caption = "Modulation level [%]";
-    Label_NivelModulacionFrecuencia.caption = "F-Mod [KHz]";
-    Label_PeakPerMinute.caption = "Peaks per Minute";
-    Label_IntensidadDeCampo.caption = "Field intensity [db/uV]";
-    Label_DesviacionDePortadora.caption = "Carrier deviation [KHz]";
-    Heading.caption = "RF / MODULATION";
 }
 
 void Form1::offerDemoMode() {

@@ -120,7 +120,7 @@ class Form1 final : public ProgramForm {
     void layOutKeys();
     void layOutReadouts();
     void bindKeys();
-    void sayInPanelLanguage();
+    void bindReadings();
     void offerDemoMode();
     void readPresetAndCorrection();
     void takeCorrection(double correction);
@@ -140,6 +140,7 @@ class Form1 final : public ProgramForm {
     void tickPeak();
     void tickReadouts();
     float correctedField(float field) const;
+    int multipathLit() const;
 };
 
 }  // namespace hmonitor

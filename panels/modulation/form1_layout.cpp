@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/language.h"
 #include "core/look.h"
 #include "core/numbers.h"
 #include "panels/modulation/form1.h"
@@ -23,12 +24,15 @@ constexpr float kWellWidth = kBarEnd + kBarLeft;
 constexpr display::Colour kOverScale{0x4040ff};
 constexpr display::Colour kBarDark{0x7c7c1e};
 
+constexpr display::Words kModulation{"Porcentaje de modulacion [%]", "Modulation level [%]"};
+
 }  // namespace
 
 void Form1::layOut() {
     width = look::kRackWidth;
     height = kHeight;
     caption = "HMonitor";
+    language = panelLanguage(desktop().userLanguageId());
     layOutHead();
     layOutBar();
     layOutMultipath();
@@ -52,19 +56,21 @@ void Form1::layOutHead() {
     place(Product, {1900, 120, 1500, 160}).caption = "HMonitor";
     Product.font = display::Font{140};
     Product.colour = look::kCaptionColour;
-    place(Heading, {8640, 110, 3000, 160}).caption = "RF / MODULACION";
+    place(Heading, {8640, 110, 3000, 160}).caption =
+        wordsIn(language, {"RF / MODULACION", "RF / MODULATION"});
     Heading.font = look::kHeading;
     Heading.colour = look::kCaptionColour;
     Heading.align = Align::Right;
 }
 
 void Form1::layOutBar() {
-    place(BarCaption, {look::kMargin, 350, 4000, 150}).caption = "Porcentaje de modulacion [%]";
+    place(BarCaption, {look::kMargin, 350, 4000, 150}).caption = wordsIn(language, kModulation);
     BarCaption.font = look::kCaption;
     BarCaption.colour = look::kCaptionColour;
 
     place(BarWell, {look::kMargin, 520, kWellWidth * kBarUnit, 800}).surface = Surface::Well;
     BarWell.unit = kBarUnit;
+    BarWell.says = {"Barra de modulación, %", "Modulation bar, %"};
     place(BarFill, {kBarLeft, 130, 0, 230}, &BarWell);
     BarFill.colour = display::kCyan;
     BarFill.fadesFrom = kBarDark;
@@ -100,6 +106,8 @@ void Form1::layOutMultipath() {
     Label_Multipath.font = look::kCaption;
     Label_Multipath.colour = look::kCaptionColour;
     place(MultipathWell, {look::kMargin, 1550, 3000, 370}).surface = Surface::Well;
+    MultipathWell.says = {"Multitrayecto, elementos encendidos de 5",
+                          "Multipath, elements lit of 5"};
     for (int i = 0; i < 5; ++i) {
         display::Picture& element = multypath[static_cast<std::size_t>(i)];
         place(element, {130 + 250 * static_cast<float>(i), 65, 200, 240}, &MultipathWell);
@@ -110,10 +118,9 @@ void Form1::layOutMultipath() {
     place(multybad, {2250, 105, 650, 180}, &MultipathWell).caption = "BAD";
     multybad.colour = display::kRed;
     multybad.visible = false;
-    for (display::Label* lamp : {&multygood, &multybad}) {
-        lamp->font = look::kLamp;
-        lamp->readout = true;
-    }
+    multygood.says = {"Multitrayecto bueno", "Multipath good"};
+    multybad.says = {"Multitrayecto malo", "Multipath bad"};
+    for (display::Label* lamp : {&multygood, &multybad}) lamp->font = look::kLamp;
 }
 
 void Form1::layOutKeys() {
@@ -151,21 +158,41 @@ void Form1::layOutReadouts() {
         display::Panel& well;
         display::Label& value;
         display::Label& unit;
-        const char* words;
+        display::Words words;
         const char* unitText;
         display::Colour colour;
     };
     const Row rows[] = {
-        {Label_NivelDeModulacion, PercentWell, Label_FMod_Porcentaje, PercentUnit,
-         "Porcentaje de modulacion [%]", "%", display::kCyan},
-        {Label_NivelModulacionFrecuencia, DeviationWell, Label_FMod, DeviationUnit, "F-Mod [KHz]",
-         "kHz", display::kCyan},
-        {Label_PeakPerMinute, PeaksWell, Label_PicosPorMinuto, PeaksUnit, "Picos por Minuto",
-         "/min", display::kWhite},
-        {Label_IntensidadDeCampo, FieldWell, Label_FieldIntensity, FieldUnit,
-         "Intensidad de campo [dB/uV]", "dBµV", display::kGreen},
-        {Label_DesviacionDePortadora, CarrierWell, Label_CarrierDeviation, CarrierUnit,
-         "Desviacion de portadora [KHz]", "kHz", display::kCyan},
+        {Label_NivelDeModulacion, PercentWell, Label_FMod_Porcentaje, PercentUnit, kModulation, "%",
+         display::kCyan},
+        {Label_NivelModulacionFrecuencia,
+         DeviationWell,
+         Label_FMod,
+         DeviationUnit,
+         {"F-Mod [KHz]", "F-Mod [KHz]"},
+         "kHz",
+         display::kCyan},
+        {Label_PeakPerMinute,
+         PeaksWell,
+         Label_PicosPorMinuto,
+         PeaksUnit,
+         {"Picos por Minuto", "Peaks per Minute"},
+         "/min",
+         display::kWhite},
+        {Label_IntensidadDeCampo,
+         FieldWell,
+         Label_FieldIntensity,
+         FieldUnit,
+         {"Intensidad de campo [dB/uV]", "Field intensity [db/uV]"},
+         "dBµV",
+         display::kGreen},
+        {Label_DesviacionDePortadora,
+         CarrierWell,
+         Label_CarrierDeviation,
+         CarrierUnit,
+         {"Desviacion de portadora [KHz]", "Carrier deviation [KHz]"},
+         "kHz",
+         display::kCyan},
     };
     constexpr float kLeft = 7560;
     constexpr float kWidth = 1980;
@@ -176,7 +203,7 @@ void Form1::layOutReadouts() {
         const float x = kLeft + kAcross * static_cast<float>(index % 2);
         const float y = 350 + kDown * static_cast<float>(index / 2);
         ++index;
-        place(row.caption, {x, y, kWidth + 60, 150}).caption = row.words;
+        place(row.caption, {x, y, kWidth + 60, 150}).caption = wordsIn(language, row.words);
         row.caption.font = look::kCaption;
         row.caption.colour = look::kCaptionColour;
         place(row.well, {x, y + 160, kWidth, 350}).surface = Surface::Well;
@@ -184,6 +211,7 @@ void Form1::layOutReadouts() {
         row.value.font = look::kReadout;
         row.value.colour = row.colour;
         row.value.readout = true;
+        row.value.says = row.words;
         place(row.unit, {1460, 130, 480, 160}, &row.well).caption = row.unitText;
         row.unit.font = look::kUnit;
         row.unit.colour = look::kUnitColour;
@@ -191,6 +219,8 @@ void Form1::layOutReadouts() {
     place(LampWell, {kLeft + kAcross, 350 + 2 * kDown + 160, kWidth, 350}).surface = Surface::Well;
     place(Label_OVER, {80, 90, 820, 180}, &LampWell).caption = "OVER";
     place(Label_Bad_CarrierDev, {1000, 90, 880, 180}, &LampWell).caption = "BAD";
+    Label_OVER.says = {"Portadora fuera de rango", "Carrier out of range"};
+    Label_Bad_CarrierDev.says = {"Desviación de portadora mala", "Carrier deviation bad"};
     for (display::Label* lamp : {&Label_OVER, &Label_Bad_CarrierDev}) {
         lamp->font = look::kLamp;
         lamp->colour = display::kRed;

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "core/language.h"
 #include "core/numbers.h"
 #include "panels/modulation/form1.h"
 
@@ -14,6 +15,23 @@ constexpr display::Colour kGoodLit{0x37ff4b};
 constexpr display::Colour kGoodDark{0x1b6013};
 
 }  // namespace
+
+void Form1::bindReadings() {
+    BarWell.reading = [this] { return mask("0.0", bar.ModBarValue).str(); };
+    MultipathWell.reading = [this] { return wholeText(multipathLit()).str(); };
+    // The word is always there; its colour tells.
+    multygood.reading = [this] {
+        const bool lit = multygood.colour == kGoodLit;
+        return std::string(wordsIn(language, lit ? display::Words{"encendido", "lit"}
+                                                 : display::Words{"apagado", "dark"}));
+    };
+}
+
+int Form1::multipathLit() const {
+    int lit = 0;
+    for (std::size_t i = 0; i < multypath.size(); ++i) lit += multypath[i].picture == "multyon";
+    return lit;
+}
 
 void Form1::ActualizarModulacion() {
     if (valueOf(StationState.ModSettle) == 0) {

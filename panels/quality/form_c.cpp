@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "panels/quality/form_c.h"
 
-#include "core/language.h"
 #include "core/look.h"
 #include "core/response_switch.h"
 #include "core/taken_for_granted.h"
@@ -25,27 +24,42 @@ void drawAt(std::array<SegmentDigit, Places>& places, int place, int digit, disp
     places[static_cast<std::size_t>(place - 1)].show(digit, lit, kDark);
 }
 
+/// Three places with a point before the last.
+std::string tenthsOf(const std::array<SegmentDigit, 3>& places) {
+    const std::string wholes = figuresOf({&places[0], &places[1]});
+    return (wholes.empty() ? "0" : wholes) + "." + figuresOf({&places[2]});
+}
+
 }  // namespace
 
 Form_C::Form_C(Program& itsProgram) : ProgramForm(itsProgram, "Form_C") {
     bindKey(Image_Reset1, "ResN", "ResA", [this] { reset(kNoise); });
     bindKey(Image2, "ResN", "ResA", [this] { reset(kDistortion); });
     bindKey(Image3, "ResN", "ResA", [this] { reset(kSeparation); });
+    bindReadings();
+}
+
+void Form_C::bindReadings() {
+    Error19Digits.reading = [this] {
+        const char* const sign = Line148.colour == kDark ? "-" : "+";
+        return sign + tenthsOf(error19);
+    };
+    PilotDigits.reading = [this] { return tenthsOf(pilot); };
+    NoiseDigits.reading = [this] {
+        return figuresOf({&noise[0], &noise[1]}) + " / " + figuresOf({&noise[2], &noise[3]});
+    };
+    DistortionDigits.reading = [this] {
+        return figuresOf({&distortion[0]}) + "." + figuresOf({&distortion[1], &distortion[2]});
+    };
+    SeparationDigits.reading = [this] {
+        return figuresOf({&separation[0], &separation[1]}) + " / " +
+               figuresOf({&separation[2], &separation[3]});
+    };
 }
 
 void Form_C::onLoad() {
     SegmentGreen = display::Colour{0x00ff00};
     for (display::Picture* key : {&Image_Reset1, &Image2, &Image3}) key->picture = "ResN";
-    language = panelLanguage(desktop().userLanguageId());
-    if (language == display::Language::Spanish) return;
-    Heading.caption = "QUALITY";
-    Label_ErrorFrecuencia19Khz.caption = "19Khz Freq. Error";
-    Label_NivelPiloto.caption = "Pilot Level";
-    Label_PisoDeRuido.caption = "Noise level";
-    Label_DistorsionArmonica.caption = "Harmonic distortion";
-    Label_SeparacionDeCanales.caption = "Channel Separation";
-    Label_57KhzError.caption = "57Khz Freq. Error";
-    Label_NivelRDS.caption = "RDS level";
 }
 
 void Form_C::reset(int code) {

@@ -105,7 +105,9 @@ class Form_C final : public ProgramForm {
     void layOutColumn(const Column& column);
     void layOutReset(display::Picture& key, float right, display::Words says, int order);
     void layOutDigits();
+    void sayWhoseFigures();
     void layOutPoint(display::Shape& point, float x, display::Panel& in);
+    void bindReadings();
     void reset(int code);
     void readFrozen();
     void showRds();

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/language.h"
 #include "core/look.h"
 #include "panels/quality/form_c.h"
 
@@ -38,7 +39,7 @@ constexpr float columnLeft(int column) {
 struct Form_C::Column {
     int index;
     Label& caption;
-    const char* words;
+    display::Words words;
     Panel& well;
     Label& value;
     Label* second;  ///< the right channel, where there are two
@@ -49,25 +50,56 @@ void Form_C::layOut() {
     width = look::kRackWidth;
     height = kHeight;
     caption = "HMonitor";
+    language = panelLanguage(desktop().userLanguageId());
     place(Faceplate, {0, 0, look::kRackWidth, kHeight}).surface = Surface::Faceplate;
-    place(Heading, {8640, 80, 3000, 160}).caption = "CALIDAD";
+    place(Heading, {8640, 80, 3000, 160}).caption = wordsIn(language, {"CALIDAD", "QUALITY"});
     Heading.font = look::kHeading;
     Heading.colour = look::kCaptionColour;
     Heading.align = Align::Right;
     const Column columns[] = {
-        {0, Label_ErrorFrecuencia19Khz, "Error Frec. 19Khz", Error19Well, Label_19K_FrecError,
-         nullptr, &Error19Digits},
-        {1, Label_NivelPiloto, "Nivel tono piloto", PilotWell, Label_PilotLevel, nullptr,
+        {0,
+         Label_ErrorFrecuencia19Khz,
+         {"Error Frec. 19Khz", "19Khz Freq. Error"},
+         Error19Well,
+         Label_19K_FrecError,
+         nullptr,
+         &Error19Digits},
+        {1,
+         Label_NivelPiloto,
+         {"Nivel tono piloto", "Pilot Level"},
+         PilotWell,
+         Label_PilotLevel,
+         nullptr,
          &PilotDigits},
-        {2, Label_PisoDeRuido, "Piso de ruido", NoiseWell, Label_LeftNoise, &Label_RightNoise,
+        {2,
+         Label_PisoDeRuido,
+         {"Piso de ruido", "Noise level"},
+         NoiseWell,
+         Label_LeftNoise,
+         &Label_RightNoise,
          &NoiseDigits},
-        {3, Label_DistorsionArmonica, "Distorsion armonica", DistortionWell,
-         Label_HarmonicDistortion, nullptr, &DistortionDigits},
-        {4, Label_SeparacionDeCanales, "Separacion de canales", SeparationWell,
-         Label_ChannelSep_Left, &Label_ChannelSep_Right, &SeparationDigits},
-        {5, Label_57KhzError, "Error Frec. 57Khz", Error57Well, Label_57K_FrecError, nullptr,
+        {3,
+         Label_DistorsionArmonica,
+         {"Distorsion armonica", "Harmonic distortion"},
+         DistortionWell,
+         Label_HarmonicDistortion,
+         nullptr,
+         &DistortionDigits},
+        {4,
+         Label_SeparacionDeCanales,
+         {"Separacion de canales", "Channel Separation"},
+         SeparationWell,
+         Label_ChannelSep_Left,
+         &Label_ChannelSep_Right,
+         &SeparationDigits},
+        {5,
+         Label_57KhzError,
+         {"Error Frec. 57Khz", "57Khz Freq. Error"},
+         Error57Well,
+         Label_57K_FrecError,
+         nullptr,
          nullptr},
-        {6, Label_NivelRDS, "Nivel RDS", RdsWell, Label_RDSLevel, nullptr, nullptr},
+        {6, Label_NivelRDS, {"Nivel RDS", "RDS level"}, RdsWell, Label_RDSLevel, nullptr, nullptr},
     };
     for (const Column& column : columns) layOutColumn(column);
     layOutReset(Image_Reset1, NoiseWell.left + NoiseWell.width,
@@ -77,12 +109,30 @@ void Form_C::layOut() {
     layOutReset(Image3, SeparationWell.left + SeparationWell.width,
                 {"Borrar el resultado de separación", "Clear the separation result"}, 3);
     layOutDigits();
+    sayWhoseFigures();
+}
+
+void Form_C::sayWhoseFigures() {
+    Label_LeftNoise.says = {"Piso de ruido, izquierdo", "Noise level, left"};
+    Label_RightNoise.says = {"Piso de ruido, derecho", "Noise level, right"};
+    Label_ChannelSep_Left.says = {"Separación de canales, izquierdo", "Channel separation, left"};
+    Label_ChannelSep_Right.says = {"Separación de canales, derecho", "Channel separation, right"};
+    // The digits are limited by what is stored of the station; the labels are not.
+    Error19Digits.says = {"Dígitos del error de 19 kHz", "Digits of the 19 kHz error"};
+    PilotDigits.says = {"Dígitos del nivel de piloto", "Digits of the pilot level"};
+    NoiseDigits.says = {"Dígitos del ruido, izquierdo y derecho",
+                        "Digits of the noise, left and right"};
+    DistortionDigits.says = {"Dígitos de la distorsión", "Digits of the distortion"};
+    SeparationDigits.says = {"Dígitos de la separación, izquierdo y derecho",
+                             "Digits of the separation, left and right"};
 }
 
 void Form_C::layOutColumn(const Column& column) {
     const float x = columnLeft(column.index);
     const float wide = kWidths[column.index];
-    place(column.caption, {x, kCaptionTop, wide + 40, 150}).caption = column.words;
+    place(column.caption, {x, kCaptionTop, wide + 40, 150}).caption =
+        wordsIn(language, column.words);
+    column.value.says = column.words;
     column.caption.font = look::kCaption;
     column.caption.colour = look::kCaptionColour;
     place(column.well, {x, kLabelTop, wide, kLabelHeight}).surface = Surface::Well;
