@@ -1,11 +1,15 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A screen of its own (Xvfb and openbox), and the hands on what stands there."""
+"""A screen of its own (Xvfb and openbox), what stands on it, and the hands on it."""
 
+import mmap
 import os
+import pathlib
+import struct
 import subprocess
+import tempfile
 import time
 
-PATIENCE = 30.0  # seconds; a build with sanitizers on a busy machine is slow
+PATIENCE = 40.0  # seconds; a build with sanitizers on a busy machine is slow
 
 
 def wait_for(what, said):
@@ -15,16 +19,44 @@ def wait_for(what, said):
         answer = what()
         if answer:
             return answer
-        time.sleep(0.05)
+        time.sleep(0.03)
     raise AssertionError("waited in vain: " + said)
+
+
+class FrameBuffer:
+    """The pixels of the screen, read where the X server keeps them."""
+
+    def __init__(self, file):
+        self.file = open(file, "rb")
+        self.bytes = mmap.mmap(self.file.fileno(), 0, access=mmap.ACCESS_READ)
+        header = struct.unpack(">25I", self.bytes[:100])
+        self.width, self.height, self.line = header[4], header[5], header[12]
+        self.start = header[0] + 12 * header[19]
+
+    def area(self, left, top, width, height):
+        """The pixels of a rectangle, four bytes each: blue, green, red and one that is unused."""
+        first = self.start + top * self.line + 4 * left
+        return b"".join(self.bytes[first + row * self.line:first + row * self.line + 4 * width]
+                        for row in range(height))
+
+    def colour(self, x, y):
+        """Red, green and blue of a pixel."""
+        blue, green, red = self.area(x, y, 1, 1)[:3]
+        return red, green, blue
+
+    def close(self):
+        self.bytes.close()
+        self.file.close()
 
 
 class Screen:
     def __init__(self, width, height):
+        self.width, self.height = width, height
+        self.buffers = tempfile.TemporaryDirectory(prefix="screen-")
         reading, writing = os.pipe()
         self.server = subprocess.Popen(
             ["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{width}x{height}x24",
-             "-nolisten", "tcp", "-noreset"],
+             "-fbdir", self.buffers.name, "-nolisten", "tcp", "-noreset"],
             pass_fds=[writing], stderr=subprocess.DEVNULL)
         os.close(writing)
         with os.fdopen(reading) as answer:
@@ -33,6 +65,7 @@ class Screen:
             raise AssertionError("Xvfb did not start")
         self.environment = dict(os.environ, DISPLAY=":" + number)
         self.environment.pop("WAYLAND_DISPLAY", None)
+        self.pixels = FrameBuffer(pathlib.Path(self.buffers.name) / "Xvfb_screen0")
         self.manager = subprocess.Popen(["openbox", "--sm-disable"], env=self.environment,
                                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         wait_for(lambda: "_NET_SUPPORTING_WM_CHECK(WINDOW)" in self.ask(
@@ -42,31 +75,71 @@ class Screen:
         for process in (self.manager, self.server):
             process.terminate()
             process.wait()
+        self.pixels.close()
+        self.buffers.cleanup()
 
     def ask(self, *command):
-        return subprocess.run(command, env=self.environment, capture_output=True, text=True,
-                              check=False).stdout
+        try:
+            return subprocess.run(command, env=self.environment, capture_output=True, text=True,
+                                  check=False, timeout=PATIENCE).stdout
+        except subprocess.TimeoutExpired:
+            raise AssertionError("no answer to " + " ".join(command)) from None
+
+    # Windows, each by its number.
 
     def windows(self, title):
-        """The numbers of the visible windows of that title."""
+        """The visible windows of that title."""
         return self.ask("xdotool", "search", "--onlyvisible", "--name", f"^{title}$").split()
 
-    def size(self, window):
+    def box(self, window):
+        """Left, top, width and height of what is inside the window's frame."""
         told = dict(line.split("=") for line in
                     self.ask("xdotool", "getwindowgeometry", "--shell", window).split())
-        return int(told.get("WIDTH", 0)), int(told.get("HEIGHT", 0))
+        return tuple(int(told.get(name, 0)) for name in ("X", "Y", "WIDTH", "HEIGHT"))
 
     def is_folded(self, window):
         return "Iconic" in self.ask("xprop", "-id", window, "WM_STATE")
 
-    def click(self, window, x, y):
-        self.ask("xdotool", "mousemove", "--window", window, str(round(x)), str(round(y)))
-        self.ask("xdotool", "mousedown", "1")
-        time.sleep(0.05)
+    def activate(self, window):
+        """Gives the window the keyboard."""
+
+        def active():
+            if self.ask("xdotool", "getactivewindow").strip() == window:
+                return True
+            self.ask("xdotool", "windowactivate", window)
+            return False
+
+        wait_for(active, "the keyboard on a window")
+
+    def close_window(self, window):
+        """As the window manager's own close does it."""
+        self.ask("wmctrl", "-i", "-c", hex(int(window)))
+
+    # The hands.
+
+    def click(self, x, y):
+        self.ask("xdotool", "mousemove", str(x), str(y), "mousedown", "1", "sleep", "0.05",
+                 "mouseup", "1")
+
+    def double_click(self, x, y):
+        self.ask("xdotool", "mousemove", str(x), str(y), "click", "--repeat", "2", "--delay", "40",
+                 "1")
+
+    def turn_wheel(self, x, y, up):
+        self.ask("xdotool", "mousemove", str(x), str(y), "click", "4" if up else "5")
+
+    def drag(self, start, end, held=lambda: None):
+        """From one point to another with the left button down; `held` looks before the release."""
+        (x, y), (to_x, to_y) = start, end
+        self.ask("xdotool", "mousemove", str(x), str(y), "mousedown", "1")
+        for step in range(1, 9):
+            self.ask("xdotool", "mousemove", str(round(x + (to_x - x) * step / 8)),
+                     str(round(y + (to_y - y) * step / 8)))
+        held()
         self.ask("xdotool", "mouseup", "1")
 
     def type(self, *keys):
-        self.ask("xdotool", "key", "--delay", "40", *keys)
+        self.ask("xdotool", "key", "--delay", "30", *keys)
 
     def picture(self, file):
         self.ask("import", "-window", "root", str(file))

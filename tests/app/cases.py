@@ -1,0 +1,94 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Cases of the program on a screen: each is one test, in each of its languages and sizes.
+
+    FILE list                    names what there is, one a line
+    FILE RUN TREE BUILD [FOLDER] runs it; pictures go to FOLDER, BUILD/pictures if not given
+"""
+
+import os
+import pathlib
+import sys
+from dataclasses import dataclass, field
+
+from rack import Rack
+from screen import Screen
+
+SPANISH, PORTUGUESE, ENGLISH = "es_AR", "pt_BR", "en_US"
+THREE = (SPANISH, PORTUGUESE, ENGLISH)
+TWO = (SPANISH, ENGLISH)
+
+
+@dataclass
+class Case:
+    """How a case is run. Sizes are those of the screen at factor 1, in pixels."""
+    steps: callable
+    languages: tuple
+    factors: tuple
+    size: tuple
+    units: tuple = field(default_factory=lambda: ({},))  # settings of the unit; one run each
+    started: bool = True
+
+    def runs(self):
+        for language in self.languages:
+            for factor in self.factors:
+                for unit in self.units:
+                    name = f"{self.steps.__name__}.{language}"
+                    if len(self.factors) > 1:
+                        name += f".{factor}"
+                    if len(self.units) > 1:
+                        name += "." + "_".join(str(value) for value in unit.values())
+                    yield name, language, factor, unit
+
+
+class Album:
+    """Where the pictures of a run go."""
+
+    def __init__(self, folder, run):
+        self.folder, self.run = folder, run.replace(".", "_")
+
+    def take(self, screen, name):
+        screen.picture(self.folder / f"{name}_{self.run}.png")
+
+
+CASES = []
+
+
+def case(languages=TWO, factors=(1,), size=(1300, 900), units=({},), started=True):
+    """Makes a function of (rack, album) a case."""
+
+    def register(steps):
+        CASES.append(Case(steps, languages, factors, size, units, started))
+        return steps
+
+    return register
+
+
+def run_case(chosen, name, language, factor, unit, paths):
+    tree, build, folder = paths
+    folder.mkdir(parents=True, exist_ok=True)
+    album = Album(folder, name)
+    screen = Screen(*(round(side * factor) for side in chosen.size))
+    rack = None
+    try:
+        rack = Rack(tree, build, screen, language, factor, unit)
+        if chosen.started:
+            rack.start()
+        chosen.steps(rack, album)
+    except AssertionError:
+        screen.ask("import", "-window", "root", str(folder / f"failed_{name}.png"))
+        raise
+    finally:
+        if rack:
+            rack.end()
+        screen.close()
+
+
+def main():
+    runs = {run[0]: (one, *run) for one in CASES for run in one.runs()}
+    if sys.argv[1] == "list":
+        print("\n".join(runs))
+        return
+    os.umask(0o077)
+    tree, build = (pathlib.Path(path).resolve() for path in sys.argv[2:4])
+    folder = pathlib.Path(sys.argv[4]).resolve() if len(sys.argv) > 4 else build / "pictures"
+    run_case(*runs[sys.argv[1]], (tree, build, folder))

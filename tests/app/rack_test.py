@@ -1,0 +1,199 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The keys of the rack by mouse and keyboard. What they did is read from the settings files, the
+pixels of the readouts, the windows and the exit code."""
+
+import sys
+import time
+
+sys.dont_write_bytecode = True
+from cases import THREE, case, main
+from rack import AUDIO_MODE, DETECTOR, PRESET
+from screen import wait_for
+
+every = case(languages=THREE, factors=(1, 2))
+
+
+@every
+def detector(rack, album):
+    rack.click("Form1", "Image_Average")
+    rack.wait_line(DETECTOR, "1", "the average detector, by mouse")
+    wait_for(lambda: rack.is_lit("Form1", "Image_Average"), "a lit AVG")
+    rack.click("Form1", "Image6")
+    rack.wait_line(DETECTOR, "0", "the peak detector, by mouse")
+    wait_for(lambda: rack.is_lit("Form1", "Image6"), "a lit PEAK")
+    assert not rack.is_lit("Form1", "Image_Average"), "AVG and PEAK are both lit"
+    rack.screen.type("shift+Tab", "space")
+    rack.wait_line(DETECTOR, "1", "the average detector, by keyboard")
+    rack.wait_measuring()
+    album.take(rack.screen, "rack")
+
+
+@every
+def audio_mode(rack, album):
+    rack.click("Form_B", "Image2")
+    rack.wait_line(AUDIO_MODE, "1", "L+R and L-R, by mouse")
+    wait_for(lambda: rack.is_lit("Form_B", "Image2"), "a lit L+R key")
+    rack.screen.type("shift+Tab", "space")
+    rack.wait_line(AUDIO_MODE, "0", "L and R, by keyboard")
+    wait_for(lambda: rack.is_lit("Form_B", "Image1"), "a lit L|R key")
+    rack.wait_measuring()
+
+
+@every
+def memory_steps(rack, album):
+    """Over the empty memories in both directions, by mouse and by keyboard."""
+    stored = list(rack.presets())
+    assert rack.memory() == stored[0], f"the start shows memory {rack.memory()}"
+
+    def stands(place, said):
+        wait_for(lambda: rack.memory() == stored[place], f"memory {stored[place]}, {said}")
+
+    rack.click("Form_B", "SSCommand1")
+    stands(1, "by mouse")
+    for place in range(2, len(stored)):
+        rack.screen.type("space")
+        stands(place, "by keyboard")
+    rack.screen.type("space")
+    stands(0, "behind the last one")
+    rack.click("Form_B", "SSCommand2")
+    stands(-1, "backwards from the first one")
+    rack.screen.type("space")
+    stands(-2, "backwards by keyboard")
+
+
+@every
+def tuning_bar(rack, album):
+    """Arrows, wheel, page keys, the groove and the thumb agree with one another."""
+
+    def frequency():
+        return rack.look("Form_B", "Label_FrecRadio")
+
+    def moved(from_, said):
+        wait_for(lambda: frequency() != from_, said)
+        return rack.steady_look("Form_B", "Label_FrecRadio")
+
+    def back_to(wanted, said):
+        wait_for(lambda: frequency() == wanted, said)
+
+    at_start = rack.steady_look("Form_B", "Label_FrecRadio")
+    # The groove beside the thumb: a page of ten steps, then ten arrows back.
+    rack.click("Form_B", "HScroll1", 0.97)
+    a_page_on = moved(at_start, "a page by a click on the groove")
+    wait_for(lambda: rack.memory() is None, "dark memory digits off the memories")
+    rack.screen.type(*["Left"] * 10)
+    back_to(at_start, "ten arrows for a page")
+    rack.screen.type("Prior")
+    back_to(a_page_on, "a page by its key")
+    rack.screen.type("Next")
+    back_to(at_start, "a page back by its key")
+    rack.screen.turn_wheel(*rack.point("Form_B", "HScroll1"), up=True)
+    a_step_on = moved(at_start, "a step by the wheel")
+    rack.screen.type("Left")
+    back_to(at_start, "an arrow for a notch of the wheel")
+    rack.screen.type("Right")
+    back_to(a_step_on, "a step by an arrow")
+
+    # While the thumb is held the frequency is shown only; the release tunes, to the band's end.
+    left, top, width, height = rack.box("Form_B", "HScroll1")
+    middle = top + height // 2
+    rack.screen.type("Home")
+    at_low_end = moved(a_step_on, "the low end by its key")
+    rack.screen.type("End")
+    at_high_end = moved(at_low_end, "the high end by its key")
+    rack.screen.drag((left + width - 6, middle), (left - width // 2, middle),
+                     held=lambda: back_to(at_low_end, "the low end while the thumb is held"))
+    rack.wait_measuring()
+    assert frequency() == at_low_end, "the release of the thumb did not stay at the low end"
+    assert at_high_end != at_start
+    album.take(rack.screen, "tuned_by_hand")
+
+
+@every
+def fold(rack, album):
+    rack.click("Form1", "Image7")
+    wait_for(lambda: rack.screen.is_folded(rack.window), "the rack folded")
+    folded = time.monotonic()
+
+    def unfolded():
+        # As a user asks at the task bar: again, where the folding had not come to its end.
+        if time.monotonic() - folded < 0.5:
+            return False  # no hand is quicker
+        rack.screen.ask("xdotool", "windowactivate", rack.window)
+        return not rack.screen.is_folded(rack.window) and rack.find() == rack.window
+
+    wait_for(unfolded, "the rack unfolded")
+    rack.wait_measuring()
+
+
+@every
+def handle(rack, album):
+    """The four panels move as one with the pointer."""
+    before = rack.screen.box(rack.window)
+    start = rack.point("Form1", "Picture3")
+    rack.screen.drag(start, (start[0] + 40, start[1] + 24))
+    wanted = (before[0] + 40, before[1] + 24) + before[2:]
+    # The pointer's way is taken in whole twips, and its points come as the server merges them.
+    wait_for(lambda: all(abs(a - b) <= 2 for a, b in zip(rack.screen.box(rack.window), wanted)),
+             "the rack 40 pixels to the right and 24 down")
+    rack.wait_back()
+
+
+@every
+def version_box(rack, album):
+    rack.screen.double_click(*rack.point("Form1", "Picture3"))
+    rack.answer_box("the version box", lambda: album.take(rack.screen, "box"))
+    rack.wait_back()
+
+
+@every
+def print_key(rack, album):
+    """On a computer without a printer: a sentence, and the rack goes on."""
+    rack.click("Form1", "Image9")
+    rack.answer_box("the box that tells of the missing printer",
+                    lambda: album.take(rack.screen, "box"))
+    rack.wait_back()
+
+
+@every
+def second_start(rack, album):
+    second = rack.launch()
+
+    def look():
+        assert second.poll() is None, "the second start ended before its box was answered"
+        album.take(rack.screen, "box")
+
+    rack.answer_box("the box that tells of the first start", look)
+    wait_for(lambda: second.poll() is not None, "the end of the second start")
+    assert second.returncode == 0, f"the second start ended with {second.returncode}"
+    rack.wait_back()
+
+
+@every
+def power(rack, album):
+    """One memory on, and the power key keeps it."""
+    stored = list(rack.presets())
+    rack.click("Form_B", "SSCommand1")
+    wait_for(lambda: rack.memory() == stored[1], "the next memory")
+    rack.click("Form1", "Image_Power")
+    rack.wait_end()
+    assert rack.line(PRESET) == str(stored[1]), f"preset {rack.line(PRESET)} was kept"
+
+
+@case(languages=THREE)
+def power_by_keyboard(rack, album):
+    rack.click("Form1", "SSbAMmode")  # does nothing else
+    rack.screen.type("Tab", "Tab", "Tab", "space")
+    rack.wait_end()
+
+
+@case(languages=THREE)
+def closed_by_the_window_manager(rack, album):
+    """Does what the power key does."""
+    rack.screen.close_window(rack.window)
+    rack.wait_end()
+    assert rack.line(PRESET) == "1"
+
+
+if __name__ == "__main__":
+    main()
