@@ -155,7 +155,31 @@ TEST(Start, SetsTheStateAsThePanelsExpectIt) {
     EXPECT_EQ(bench.form1.PowerHold, 115);
     EXPECT_DOUBLE_EQ(bench.form1.Pi, 3.14159265358979323846);
     EXPECT_EQ(bench.form1.RetuneOnMode, 1);
+    EXPECT_EQ(bench.form1.RackPhase, 2);
     EXPECT_FALSE(bench.form1.Label_Bad_CarrierDev.visible);
+}
+
+TEST(Start, LoadingThePanelPutsItsHoldsBack) {
+    RackBench bench;
+    bench.form1.held.take(120);
+    bench.form1.held.take(80);
+    bench.form1.PowerHold = 20;
+    bench.form1.RetuneOnMode = 0;
+    bench.state.ModBar = 99;
+    bench.state.ResponseState = "sisi";
+    bool looked = false;
+    bench.driver.duringNormal = [&] {
+        if (!bench.form1.visible || looked) return;
+        looked = true;
+        EXPECT_EQ(bench.form1.held.PeakHoldValue, 0);
+        EXPECT_EQ(bench.form1.held.PeakHoldCount, 0);
+        EXPECT_EQ(bench.form1.PowerHold, 115);
+        EXPECT_EQ(bench.form1.RetuneOnMode, 1);
+        EXPECT_EQ(bench.state.ModBar, 0);
+        EXPECT_EQ(bench.state.ResponseState, "0");
+    };
+    bench.start();
+    EXPECT_TRUE(looked);
 }
 
 TEST(Start, CorrectionOf2IsTwentyTenths) {
@@ -248,30 +272,6 @@ TEST(Start, Preset17HealsToOneAndSixteenStays) {
     EXPECT_EQ(sixteen.state.MemoryNumber, "16");
 }
 
-TEST(Start, MissingSettingsAreOneMessageAndTheEnd) {
-    for (const std::string name : {"normal.hm", "hm-16.dat", "Hm-res.dat", "halden.dat"}) {
-        RackBench bench;
-        bench.remove(name);
-        bench.desktop.boxAnswers = {"ok"};
-        bench.start();
-        EXPECT_TRUE(bench.desktop.ended()) << name;
-        ASSERT_EQ(bench.desktop.boxes.size(), 1u) << name;
-        EXPECT_EQ(bench.desktop.boxes[0].text, "File not found: " + name);
-        EXPECT_THAT(bench.driver.calls, Not(Contains("HM_Terminate"))) << name;
-        EXPECT_FALSE(bench.exists(name)) << name;
-    }
-}
-
-TEST(Start, AShortSettingsFileNamesItsMissingLine) {
-    RackBench bench;
-    bench.write("normal.hm", lines({"100", "0", "0", "0", "1.000", "0"}));
-    bench.desktop.boxAnswers = {"ok"};
-    bench.start();
-    EXPECT_TRUE(bench.desktop.ended());
-    ASSERT_EQ(bench.desktop.boxes.size(), 1u);
-    EXPECT_EQ(bench.desktop.boxes[0].text, "normal.hm: line 7 is missing");
-}
-
 TEST(Start, NoTimerTicksBeforeTheFirstTuningIsDone) {
     RackBench bench;
     int beatsDuringStart = -1;
@@ -286,139 +286,6 @@ TEST(Start, NoTimerTicksBeforeTheFirstTuningIsDone) {
     EXPECT_EQ(bench.formB.PanelStarted, 1);
     bench.beat();
     EXPECT_EQ(bench.state.DemoPeak, 80);
-}
-
-TEST(Fold, HidesThePanelsAndUnfoldBringsThemBackWithoutATuning) {
-    RackBench bench;
-    bench.start();
-    bench.takeCalls();
-    for (int i = 0; i < 2; ++i) {
-        bench.hand.press(bench.form1.Image7);
-        bench.desktop.settle();
-        EXPECT_EQ(bench.form1.Image7.picture, "MinA");
-        bench.hand.release(bench.form1.Image7);
-        bench.desktop.settle();
-        EXPECT_EQ(bench.form1.Image7.picture, "MinN");
-        EXPECT_EQ(bench.form1.windowState, display::WindowState::Minimised);
-        EXPECT_FALSE(bench.formB.visible);
-        EXPECT_FALSE(bench.formC.visible);
-        EXPECT_FALSE(bench.formD.visible);
-        EXPECT_EQ(bench.form1.RackPhase, 0);
-        bench.hand.unfold(bench.form1);
-        bench.desktop.settle();
-        EXPECT_TRUE(bench.formB.visible);
-        EXPECT_TRUE(bench.formC.visible);
-        EXPECT_TRUE(bench.formD.visible);
-        EXPECT_EQ(bench.formB.top, bench.form1.top + bench.form1.height);
-    }
-    EXPECT_THAT(bench.driver.calls, IsEmpty());
-    EXPECT_FALSE(bench.forms.form3.loaded());
-}
-
-TEST(Handle, MovesTheFourPanelsAsOne) {
-    RackBench bench;
-    bench.start();
-    const float before[] = {bench.form1.left, bench.form1.top, bench.formD.left, bench.formD.top};
-    bench.hand.mouseMove(bench.form1.Picture3, {100, 50, false});
-    bench.hand.mouseDown(bench.form1.Picture3, {100, 50, true});
-    bench.hand.mouseMove(bench.form1.Picture3, {130, 40, true});
-    bench.desktop.settle();
-    EXPECT_EQ(bench.form1.left, before[0] + 30);
-    EXPECT_EQ(bench.form1.top, before[1] - 10);
-    EXPECT_EQ(bench.formB.left, bench.form1.left);
-    EXPECT_EQ(bench.formC.left, bench.form1.left);
-    EXPECT_EQ(bench.formD.left, before[2] + 30);
-    EXPECT_EQ(bench.formD.top, before[3] - 10);
-    bench.hand.mouseMove(bench.form1.Picture3, {500, 500, false});
-    bench.desktop.settle();
-    EXPECT_EQ(bench.form1.left, before[0] + 30);
-}
-
-TEST(VersionBox, ShowsThreeLinesUnderTheModel) {
-    RackBench bench;
-    bench.start();
-    bench.takeCalls();
-    bench.desktop.boxAnswers = {"ok"};
-    bench.driver.hardwareVersion = 1.75f;
-    bench.hand.doubleClick(bench.form1.Picture3);
-    bench.desktop.settle();
-    EXPECT_THAT(bench.driver.calls,
-                ElementsAre("HM_getHardwareVersion", "HM_getDriverVersion(1.75)"));
-    ASSERT_EQ(bench.desktop.boxes.size(), 1u);
-    EXPECT_EQ(bench.desktop.boxes[0].title, "HMonitor");
-    EXPECT_EQ(bench.desktop.boxes[0].text,
-              "Software Version: 4.5\nDriver Version:  4.2\nHardware Version:  1.75");
-    EXPECT_FLOAT_EQ(bench.program.words.gHardwareVersion, 1.75f);
-}
-
-TEST(Power, StopsWritesThePresetTerminatesAndEnds) {
-    RackBench bench;
-    bench.write("hm-16.dat", lines({"1", "0", "0", "1", "0", "0", "0", "-7.5"}));
-    bench.start();
-    bench.advance(100ms);
-    bench.state.MemoryNumber = "3";
-    bench.takeCalls();
-    bench.hand.press(bench.form1.Image_Power);
-    bench.desktop.settle();
-    EXPECT_EQ(bench.form1.Image_Power.picture, "PowerA");
-    EXPECT_FALSE(bench.desktop.ended());
-    bench.hand.release(bench.form1.Image_Power);
-    bench.desktop.settle();
-    EXPECT_TRUE(bench.desktop.ended());
-    EXPECT_THAT(bench.driver.calls, ElementsAre("HM_Parar", "HM_Terminate"));
-    EXPECT_EQ(bench.read("hm-16.dat"), lines({"3", "0", "0", "1", "0", "0", "0", "-7.5"}));
-}
-
-TEST(Power, EndsTheProgramThoughTheFileCannotBeWritten) {
-    RackBench bench;
-    bench.start();
-    bench.advance(100ms);
-    bench.remove("hm-16.dat");
-    bench.desktop.boxAnswers = {"ok"};
-    bench.hand.click(bench.form1.Image_Power);
-    bench.desktop.settle();
-    EXPECT_TRUE(bench.desktop.ended());
-    EXPECT_THAT(bench.driver.calls, Contains("HM_Terminate"));
-    ASSERT_EQ(bench.desktop.boxes.size(), 1u);
-    EXPECT_THAT(bench.desktop.boxes[0].text, HasSubstr("hm-16.dat"));
-}
-
-TEST(Power, ClosingTheRacksWindowIsThePowerKey) {
-    RackBench bench;
-    bench.start();
-    bench.takeCalls();
-    bench.hand.close(bench.form1);
-    bench.desktop.settle();
-    EXPECT_TRUE(bench.desktop.ended());
-    EXPECT_THAT(bench.driver.calls, ElementsAre("HM_Parar", "HM_Terminate"));
-}
-
-TEST(Print, SendsTheImageOfTheFourPanelsAndLeavesTheClipboardAlone) {
-    RackBench bench;
-    bench.start();
-    bench.desktop.clipboard = "the user's own";
-    bench.hand.press(bench.form1.Image9);
-    bench.desktop.settle();
-    EXPECT_EQ(bench.form1.Image9.picture, "MinA");
-    EXPECT_TRUE(bench.desktop.printed.empty());
-    bench.hand.release(bench.form1.Image9);
-    bench.desktop.settle();
-    EXPECT_EQ(bench.form1.Image9.picture, "MinN");
-    ASSERT_EQ(bench.desktop.printed.size(), 1u);
-    EXPECT_THAT(bench.desktop.printed[0],
-                ElementsAre(&bench.form1, &bench.formB, &bench.formC, &bench.formD));
-    EXPECT_EQ(bench.desktop.clipboard, "the user's own");
-}
-
-TEST(Print, SaysWhatThePrinterSays) {
-    RackBench bench;
-    bench.start();
-    bench.desktop.printerFault = "No printer is set up.";
-    bench.desktop.boxAnswers = {"ok"};
-    bench.hand.click(bench.form1.Image9);
-    bench.desktop.settle();
-    ASSERT_EQ(bench.desktop.boxes.size(), 1u);
-    EXPECT_EQ(bench.desktop.boxes[0].text, "No printer is set up.");
 }
 
 }  // namespace
