@@ -136,6 +136,9 @@ void Form_bSetMemories::layOutOptions() {
     SSCheck2.says = {"Sintonizar todas las frecuencias", "Tune all Frequencies"};
     place(SSCheck3, {0, 1820, kRowWidth, 300}, &Options).caption =
         "Make Log Files of the actual Preset";
+    SSCheck1.tip =
+        SSCheck2.tip = {"Se guarda con las opciones; una de las dos está siempre marcada",
+                        "Kept with the options; one of the two is always ticked"};
     SSCheck3.says = {"Registrar la memoria actual en archivos",
                      "Make Log Files of the actual Preset"};
     SSCheck3.tip = {"La unidad guarda el registro diario de la emisora",

@@ -20,6 +20,8 @@ constexpr float kKeyHeight = 460;
 /// What the screen reader says of the digit keys.
 constexpr const char* kFigures[] = {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9"};
 
+constexpr display::Words kDigitTip = {"Añade esta cifra", "Appends this digit"};
+
 /// The box of the key in a row and column of the pad, both from 0.
 display::Box padBox(int row, int column) {
     return {kLeft + static_cast<float>(column) * (kKeyWidth + kGap),
@@ -51,6 +53,7 @@ void Form_bTuner::layOut() {
         Key& key = digits[digit];
         place(key, padBox((digit - 1) / 3, (digit - 1) % 3)).caption = wholeText(digit);
         key.says = {kFigures[digit], kFigures[digit]};
+        key.tip = kDigitTip;
         key.tabIndex = ++tab;
     }
     place(SSCommand11, padBox(3, 0)).caption = "Cls";
@@ -58,6 +61,7 @@ void Form_bTuner::layOut() {
     SSCommand11.tip = {"Borra los dígitos", "Clears the digits"};
     place(SSCommand13, padBox(3, 1)).caption = "0";
     SSCommand13.says = {kFigures[0], kFigures[0]};
+    SSCommand13.tip = kDigitTip;
     place(SSCommand10, padBox(3, 2)).caption = "Enter";
     SSCommand10.says = {"Sintonizar", "Tune"};
     SSCommand10.tip = {"Sintoniza la frecuencia", "Tunes the frequency"};

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Files that are missing, torn or no text, and a folder that cannot be written.
 #include <filesystem>
+#include <functional>
 
 #include "tests/core/as_nobody.h"
 #include "tests/tuner/editor_bench.h"
@@ -35,6 +36,57 @@ TEST_F(EditorFaults, AMissingPresetFileEndsTheProgramWithItsName) {
     EXPECT_EQ(bench.desktop.boxes[0].text, "File not found: halden.dat");
     EXPECT_TRUE(bench.desktop.ended());
     EXPECT_FALSE(bench.exists("halden.dat"));
+}
+
+TEST_F(EditorFaults, APresetFileThatVanishesWhileTheEditorIsOpenIsNotMadeAnew) {
+    struct Row {
+        const char* what;
+        std::function<void(EditorBench&)> act;
+    };
+    const Row rows[] = {
+        {"select", [](EditorBench& at) { at.select(3); }},
+        {"save", [](EditorBench& at) { at.click(at.editor.SSCommand20); }},
+        {"delete", [](EditorBench& at) { at.click(at.editor.SSCommand22); }},
+        {"cancel", [](EditorBench& at) { at.click(at.editor.SSCommand18); }},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.what);
+        EditorBench fresh;
+        fresh.startInEditor();
+        fresh.remove("halden.dat");
+        fresh.desktop.boxAnswers = {"OK"};
+        row.act(fresh);
+        ASSERT_EQ(fresh.desktop.boxes.size(), 1u);
+        EXPECT_EQ(fresh.desktop.boxes[0].text, "File not found: halden.dat");
+        EXPECT_TRUE(fresh.desktop.ended());
+        EXPECT_FALSE(fresh.exists("halden.dat"));
+    }
+}
+
+TEST_F(EditorFaults, WhateverIsPastedIntoTheFieldsChangesNoOtherRecord) {
+    const char* texts[] = {"-98.1",    "+98.1",    "98,1", "1e2",      " 98.1 ",
+                           "98.1\r\n", "\t98.1",   "0x62", "98.1\xff", "9999999999999999999999",
+                           "\u0661",   "\"98.1\"", "%s%n", "-"};
+    bench.desktop.answerEveryBox = true;
+    bench.startInEditor();
+    bench.select(8);
+    const std::string before = bench.read("halden.dat");
+    for (const char* frequency : texts) {
+        for (const char* name : {"", "PASTED, WITH MORE", "\x01\x02\x1f\x7f", "\u4e5d\u4e5d"}) {
+            bench.save(frequency, name);
+            std::string after = bench.read("halden.dat");
+            ASSERT_EQ(after.size(), before.size());
+            EXPECT_EQ(after[128], '-');
+            EXPECT_EQ(after[138], '-');
+            after.replace(128, 16, before, 128, 16);
+            EXPECT_EQ(after, before) << frequency << " and " << name;
+            bench.click(editor.SSCommand22);
+        }
+    }
+    for (const display::MessageBox& box : bench.desktop.boxes) {
+        EXPECT_EQ(box.text, "The frequency is incorrect.");
+    }
+    EXPECT_FALSE(bench.desktop.ended());
 }
 
 TEST_F(EditorFaults, ASettingsFileThatIsTooShortEndsTheProgramWithTheLine) {

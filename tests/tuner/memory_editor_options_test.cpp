@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The wide part of the memory editor: options of the panels and the field correction.
-#include "core/numbers.h"
 #include "tests/tuner/editor_bench.h"
 
 namespace hmonitor::test {
@@ -141,19 +140,21 @@ TEST_F(EditorOptions, TheCorrectionBeepsAtLettersAndTakesSignsDigitsAndPoint) {
     EXPECT_EQ(bench.desktop.beeps, 4);
 }
 
-TEST_F(EditorOptions, TheCorrectionReachesTheFieldReadout) {
-    bench.output(9) = 60;
+TEST_F(EditorOptions, TheCorrectionReachesTheFieldReadoutsAndTheMultipathRow) {
+    bench.output(14) = 50;
+    bench.output(15) = 5;
     bench.start();
-    bench.advance(std::chrono::milliseconds(500));
-    const std::string before = bench.form1.Label_FieldIntensity.caption.get();
+    bench.advance(std::chrono::milliseconds(1000));
+    EXPECT_EQ(bench.form1.Label_FieldIntensity.caption, "50.0");
+    EXPECT_EQ(bench.form1.FieldTenths, 500);
+    EXPECT_FALSE(bench.form1.multybad.visible);
     bench.openEditor();
-    bench.click(editor.SSCommand19);
-    bench.click(editor.SSCommand21);
-    bench.edit(editor.label_dbCorrection, "10");
-    bench.click(editor.SSCommand17);
-    bench.advance(std::chrono::milliseconds(500));
-    const std::string after = bench.form1.Label_FieldIntensity.caption.get();
-    EXPECT_DOUBLE_EQ(valueOf(after) - valueOf(before), 10);
+    // 44.9 dB are too weak to judge the multipath.
+    settingsAfter("-5.1");
+    bench.advance(std::chrono::milliseconds(1000));
+    EXPECT_EQ(bench.form1.Label_FieldIntensity.caption, "44.9");
+    EXPECT_EQ(bench.form1.FieldTenths, 449);
+    EXPECT_TRUE(bench.form1.multybad.visible);
 }
 
 TEST_F(EditorOptions, LogFilesReachTheUnitAtTheNextTuning) {

@@ -70,6 +70,9 @@ void checkSpoken(Form& form) {
         for (Control* control : form.controls()) {
             if (!control->interactive()) continue;
             EXPECT_FALSE(control->spokenName().empty()) << control->name();
+            const bool spanish = language == display::Language::Spanish;
+            EXPECT_STRNE(spanish ? control->tip.spanish : control->tip.english, "")
+                << control->name();
         }
     }
 }
@@ -130,7 +133,7 @@ TEST_F(TunerWindows, CaptionsFitTheirKeys) {
     checkCaptions(keypad);
 }
 
-TEST_F(TunerWindows, EveryControlSpeaksInBothLanguages) {
+TEST_F(TunerWindows, EveryControlHasANameAndATipInBothLanguages) {
     bench.startInEditor();
     checkSpoken(editor);
     keypad.load();
