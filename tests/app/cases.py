@@ -20,24 +20,30 @@ TWO = (SPANISH, ENGLISH)
 
 @dataclass
 class Case:
-    """How a case is run. Sizes are those of the screen at factor 1, in pixels."""
+    """How a case is run. Sizes of the screen are in pixels, at factor 1 if it grows with it."""
     steps: callable
     languages: tuple
     factors: tuple
-    size: tuple
+    sizes: tuple
+    grows: bool
     units: tuple = field(default_factory=lambda: ({},))  # settings of the unit; one run each
     started: bool = True
 
     def runs(self):
         for language in self.languages:
-            for factor in self.factors:
-                for unit in self.units:
-                    name = f"{self.steps.__name__}.{language}"
-                    if len(self.factors) > 1:
-                        name += f".{factor}"
-                    if len(self.units) > 1:
-                        name += "." + "_".join(str(value) for value in unit.values())
-                    yield name, language, factor, unit
+            for size in self.sizes:
+                for factor in self.factors:
+                    for unit in self.units:
+                        name = [self.steps.__name__, language]
+                        if len(self.sizes) > 1:
+                            name.append("x".join(str(side) for side in size))
+                        if len(self.factors) > 1:
+                            name.append(str(factor))
+                        if len(self.units) > 1:
+                            name += [str(value) for value in unit.values()]
+                        scaled = factor if self.grows else 1
+                        yield (".".join(name), language, factor, unit,
+                               tuple(round(side * scaled) for side in size))
 
 
 class Album:
@@ -53,21 +59,22 @@ class Album:
 CASES = []
 
 
-def case(languages=TWO, factors=(1,), size=(1300, 900), units=({},), started=True):
+def case(languages=TWO, factors=(1,), sizes=((1300, 900),), grows=True, units=({},),
+         started=True):
     """Makes a function of (rack, album) a case."""
 
     def register(steps):
-        CASES.append(Case(steps, languages, factors, size, units, started))
+        CASES.append(Case(steps, languages, factors, sizes, grows, units, started))
         return steps
 
     return register
 
 
-def run_case(chosen, name, language, factor, unit, paths):
+def run_case(chosen, name, language, factor, unit, size, paths):
     tree, build, folder = paths
     folder.mkdir(parents=True, exist_ok=True)
     album = Album(folder, name)
-    screen = Screen(*(round(side * factor) for side in chosen.size))
+    screen = Screen(*size)
     rack = None
     try:
         rack = Rack(tree, build, screen, language, factor, unit)

@@ -95,9 +95,10 @@ class Rack:
                 return window
         return None
 
-    TITLES = {"Form_bTuner": "Remote Control", "Form_NewSpectro": "Spectrum",
-              "Form_D1": "Spectrum", "FormD1a": "Modulation Bandwidth",
-              "Form_Dd3": "Frecuency response", "Form_BandSCanner": "Band Scanner"}
+    TITLES = {"FormModoDemo": "HMonitor", "Form_bTuner": "Remote Control",
+              "Form_NewSpectro": "Spectrum", "Form_D1": "Spectrum",
+              "FormD1a": "Modulation Bandwidth", "Form_Dd3": "Frecuency response",
+              "Form_BandSCanner": "Band Scanner"}
 
     def title(self, form):
         if form == "Form_bSetMemories":

@@ -93,9 +93,10 @@ class Screen:
 
     def box(self, window):
         """Left, top, width and height of what is inside the window's frame."""
-        told = dict(line.split("=") for line in
-                    self.ask("xdotool", "getwindowgeometry", "--shell", window).split())
-        return tuple(int(told.get(name, 0)) for name in ("X", "Y", "WIDTH", "HEIGHT"))
+        told = self.ask("xwininfo", "-id", window)
+        lines = dict(line.strip().split(":", 1) for line in told.splitlines() if ":" in line)
+        return tuple(int(lines.get(name, 0)) for name in
+                     ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height"))
 
     def is_folded(self, window):
         return "Iconic" in self.ask("xprop", "-id", window, "WM_STATE")
