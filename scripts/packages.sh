@@ -2,7 +2,7 @@
 # Sourced by ./run and ./test: installs what is missing.
 
 # What the program is built from and runs with.
-build_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev libqt6svg6-dev
+build_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev
   libqcustomplot-dev libgl1-mesa-dev libfftw3-dev libsndfile1-dev
   nlohmann-json3-dev fonts-b612 qt6-qpa-plugins)
 # A display where there is none, and the picture of it.
