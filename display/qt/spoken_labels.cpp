@@ -128,6 +128,8 @@ SpokenLabels::SpokenLabels(FormView& view) {
     for (const Control* control : view.form().controls()) {
         if (!isSpoken(*control)) continue;
         controls_.push_back(control);
+        // What is registered belongs to Qt until it is deleted by its number.
+        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
         ids_.push_back(QAccessible::registerAccessibleInterface(new SpokenLabel(view, *control)));
     }
     timer_.setSingleShot(true);
