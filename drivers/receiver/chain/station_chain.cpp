@@ -47,8 +47,8 @@ StationChain::StationChain(const ChainSettings& settings)
     : settings_(settings),
       rates_(planRates(settings.rateHz, settings.domain)),
       slotLength_(static_cast<std::size_t>(std::lround(kSlotSeconds * rates_.composite))),
-      pieceLength_(std::min(kLongestPiece, static_cast<std::size_t>(
-                                               std::lround(kPieceSeconds * rates_.source)))),
+      pieceLength_(std::min(kLongestPiece,
+                            static_cast<std::size_t>(std::lround(kPieceSeconds * rates_.source)))),
       frontEnd_(rates_, settings.offsetHz),
       demodulator_(rates_),
       compositeFilter_(compositeTaps(rates_.channel, Droop::None), rates_.compositeStep),

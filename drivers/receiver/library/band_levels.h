@@ -12,6 +12,9 @@ namespace hm16::receiver {
 // The power of the band over frequency, averaged over a stretch of samples.
 class BandLevels {
  public:
+    // Samples that a stretch has at least.
+    static constexpr std::size_t kLength = 4096;
+
     // `rateHz` and `centreHz` as they truly are.
     BandLevels(double rateHz, double centreHz);
 
@@ -27,8 +30,6 @@ class BandLevels {
     bool covers(double hz, double widthHz) const;
 
  private:
-    static constexpr std::size_t kLength = 4096;
-
     double cumulative(double bins) const;
 
     double rateHz_;

@@ -6,6 +6,14 @@
 namespace hm16::receiver {
 namespace {
 
+#if defined(_WIN32)
+constexpr const char* kSoapyLibrary = "SoapySDR.dll";
+#elif defined(__APPLE__)
+constexpr const char* kSoapyLibrary = "libSoapySDR.0.8.dylib";
+#else
+constexpr const char* kSoapyLibrary = "libSoapySDR.so.0.8";
+#endif
+
 void readRecording(Settings& settings, const std::filesystem::path& folder,
                    ReceiverOptions& options) {
     const std::string file = settings.text("file", "");
@@ -24,7 +32,7 @@ void readRecording(Settings& settings, const std::filesystem::path& folder,
 }
 
 void readRadio(Settings& settings, ReceiverOptions& options) {
-    options.soapyLibrary = settings.text("soapy_library", "libSoapySDR.so.0.8");
+    options.soapyLibrary = settings.text("soapy_library", kSoapyLibrary);
     options.soapyDevice = settings.text("soapy_device", "");
     options.automaticGain = settings.text("gain_db", "auto") == "auto";
     if (!options.automaticGain) options.gainDb = settings.number("gain_db", 0, -100, 200);

@@ -3,7 +3,7 @@
 #include <cstdio>
 
 #include "drivers/receiver/library/open_source.h"
-#include "drivers/receiver/library/receiver_unit.h"
+#include "drivers/receiver/library/unit_call.h"
 #include "drivers/unit/number_text.h"
 
 namespace hm16::receiver {
@@ -30,14 +30,15 @@ std::string plain(std::string name) {
 }  // namespace
 
 std::string ReceiverUnit::report() const {
-    const std::lock_guard lock(mutex_);
+    const Call call(*this);
+    const SampleSource& source = signal_.source();
     std::string text = "source: " + nameOf(options_) + "\n";
-    text += "sample rate: " + decimalText(source_->rateHz(), 1) + " Hz\n";
-    if (source_->domain() == Domain::Band) text += "centre: " + inMhz(source_->centreHz()) + "\n";
-    text += "signal read: " + decimalText(clock_.seconds(), 2) + " s" + (ended_ ? ", ended" : "") +
-            "\n";
-    if (source_->badSamples() > 0)
-        text += "samples that were no numbers: " + std::to_string(source_->badSamples()) + "\n";
+    text += "sample rate: " + decimalText(source.rateHz(), 1) + " Hz\n";
+    if (source.domain() == Domain::Band) text += "centre: " + inMhz(source.centreHz()) + "\n";
+    text += "signal read: " + decimalText(signal_.clock().seconds(), 2) + " s" +
+            (signal_.ended() ? ", ended" : "") + "\n";
+    if (source.badSamples() > 0)
+        text += "samples that were no numbers: " + std::to_string(source.badSamples()) + "\n";
     const Figures& figures = heard_;
     text += "tuned: " + inMhz(tuning_.frequency * 1e5) + (figures.carrier ? "" : ", no carrier") +
             (figures.stereo ? ", stereo" : "") +

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <filesystem>
@@ -9,14 +10,13 @@
 #include <optional>
 #include <string>
 #include <thread>
-#include <vector>
 
 #include "drivers/receiver/chain/station_chain.h"
 #include "drivers/receiver/figures/response_tones.h"
 #include "drivers/receiver/figures/ring.h"
-#include "drivers/receiver/library/band_levels.h"
+#include "drivers/receiver/library/band_meter.h"
 #include "drivers/receiver/library/receiver_options.h"
-#include "drivers/receiver/library/signal_clock.h"
+#include "drivers/receiver/library/signal_reader.h"
 #include "drivers/receiver/samples/sample_source.h"
 #include "drivers/unit/day_log.h"
 #include "drivers/unit/unit.h"
@@ -51,24 +51,20 @@ class ReceiverUnit : public Unit {
     std::string report() const;
 
  private:
+    class Call;
     enum class Job { None, Measure, Sweep };
     enum class Drive { Free, Steps };
 
     void run();
     void work(std::unique_lock<std::mutex>& lock);
     void waitForAir(std::unique_lock<std::mutex>& lock, double signalSeconds);
-    bool readStretch(std::size_t samples);
     bool measureStretch();
     bool sweepFrame();
-    void measureBandAround(double hz);
-    double levelIn(double hz, double widthHz) const;
-    bool covered(double hz) const;
-    void endOfSignal(const std::string& sentence);
+    std::unique_ptr<StationChain> chainFor(double hz) const;
     void publish();
     void keep(const Readings& readings);
     void saveResults();
     void say(const std::optional<std::string>& fault);
-    double trueCentreHz() const;
 
     const ReceiverOptions options_;
     const std::filesystem::path files_;
@@ -76,20 +72,18 @@ class ReceiverUnit : public Unit {
     SweepStore frames_;
 
     mutable std::mutex mutex_;
-    std::condition_variable wake_;
+    mutable std::condition_variable wake_;
+    mutable std::atomic<int> callers_{0};  // that wait for the mutex
     Job job_ = Job::None;
     Drive drive_ = Drive::Free;
     bool closing_ = false;
 
-    std::unique_ptr<SampleSource> source_;
-    double trueRateHz_;
-    SignalClock clock_;
-    bool ended_ = false;
-    std::vector<Sample> stretch_;
+    SignalReader signal_;
+    BandMeter meter_;
 
     Tuning tuning_;
-    std::unique_ptr<StationChain> chain_;
-    Figures heard_;  // the last that were measured, for the report
+    std::unique_ptr<StationChain> chain_;  // none where nothing can be heard
+    Figures heard_;                        // the last that were measured, for the report
     std::size_t slots_ = 0;
     Ring peaks_{20};
     ResponseTones tones_;
@@ -99,7 +93,6 @@ class ReceiverUnit : public Unit {
     DayLog log_;
 
     SweepRange range_;
-    BandLevels levels_;
 
     std::chrono::steady_clock::time_point due_;
     std::string lastFault_;

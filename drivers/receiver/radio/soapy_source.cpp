@@ -1,14 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drivers/receiver/radio/soapy_source.h"
 
+#include <chrono>
 #include <cmath>
+#include <vector>
 
 namespace hm16::receiver {
 namespace {
 
 constexpr long kTimeoutMicroseconds = 100000;
-constexpr int kMostTimeouts = 20;  // two seconds without a sample: the radio has gone
-constexpr int kMostOverflows = 1000;
+// A radio that is this much late with its samples has gone.
+constexpr auto kPatience = std::chrono::seconds(1);
+
+// A radio's buffers are emptied within this time, so many samples at once; what comes later is new.
+constexpr auto kEmptying = std::chrono::milliseconds(50);
+constexpr std::size_t kStaleSamples = 16384;
 
 }  // namespace
 
@@ -62,27 +68,26 @@ void SoapySource::require(int result, const char* what) const {
 }
 
 std::size_t SoapySource::read(std::span<Sample> into) {
+    using Clock = std::chrono::steady_clock;
+    const std::chrono::duration<double> onAir(static_cast<double>(into.size()) / rateHz_);
+    const auto latest =
+        Clock::now() + std::chrono::duration_cast<Clock::duration>(onAir) + kPatience;
     std::size_t done = 0;
-    int timeouts = 0;
-    int overflows = 0;
     while (done < into.size()) {
         void* buffer = into.data() + done;
         int flags = 0;
         long long nanoseconds = 0;
         const int got = library_.readStream(device_, stream_, &buffer, into.size() - done, &flags,
                                             &nanoseconds, kTimeoutMicroseconds);
+        // Lost samples are a gap, behind which the next ones are good.
+        const bool gap = got == 0 || got == kSoapyTimeout || got == kSoapyOverflow;
         if (got > 0) {
             done += static_cast<std::size_t>(got);
-            timeouts = 0;
-            overflows = 0;
-            continue;
+        } else if (!gap) {
+            throw SourceError(name_ + " has failed with error " + std::to_string(got) + ".");
         }
-        // Lost samples are a gap, behind which the next ones are good.
-        if (got == kSoapyOverflow && ++overflows < kMostOverflows) continue;
-        if ((got == kSoapyTimeout || got == 0) && ++timeouts < kMostTimeouts) continue;
-        throw SourceError(name_ + (got == kSoapyTimeout || got == 0
-                                       ? " has stopped sending."
-                                       : " has failed with error " + std::to_string(got) + "."));
+        if (done < into.size() && Clock::now() > latest)
+            throw SourceError(name_ + " has stopped sending.");
     }
     for (Sample& sample : into) {
         if (std::isfinite(sample.real()) && std::isfinite(sample.imag())) continue;
@@ -96,7 +101,23 @@ bool SoapySource::retune(double hz) {
     const double centre = hz - rateHz_ / 8;
     if (library_.setFrequency(device_, kSoapyReceive, 0, centre, nullptr) != 0) return false;
     centreHz_ = centre;
+    dropStale();
     return true;
+}
+
+// What the radio's buffers held before it was tuned belongs to another frequency.
+void SoapySource::dropStale() {
+    const auto latest = std::chrono::steady_clock::now() + kEmptying;
+    std::vector<Sample> stale(kStaleSamples);
+    while (std::chrono::steady_clock::now() < latest) {
+        void* buffer = stale.data();
+        int flags = 0;
+        long long nanoseconds = 0;
+        const int got =
+            library_.readStream(device_, stream_, &buffer, stale.size(), &flags, &nanoseconds, 0);
+        // A radio that has failed says so again to the next reader.
+        if (got <= 0 && got != kSoapyOverflow) return;
+    }
 }
 
 }  // namespace hm16::receiver

@@ -37,6 +37,7 @@ class SoapySource : public SampleSource {
  private:
     void require(int result, const char* what) const;
     void close();
+    void dropStale();
 
     std::string name_;
     SoapyLibrary library_;

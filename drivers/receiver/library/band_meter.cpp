@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "drivers/receiver/library/band_meter.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "drivers/receiver/library/readings_of.h"
+
+namespace hm16::receiver {
+namespace {
+
+constexpr double kHzPerUnit = 100e3;
+constexpr double kLevelSeconds = 0.01;
+constexpr double kFrameSeconds = 0.02;
+
+}  // namespace
+
+BandMeter::BandMeter(const ReceiverOptions& options, SignalReader& signal)
+    : dbuvAtFullScale_(options.dbuvAtFullScale),
+      stepDb_(options.levelStepDb),
+      signal_(signal),
+      levels_(signal.rateHz(), signal.centreHz()) {}
+
+void BandMeter::look(double seconds) {
+    const double least = static_cast<double>(BandLevels::kLength) / signal_.rateHz();
+    levels_.measure(signal_.read(std::max(seconds, least)));
+}
+
+bool BandMeter::tuneTo(double hz) {
+    if (!signal_.retune(hz)) return false;
+    follow();
+    // What a radio had under way still lies where it was tuned before.
+    signal_.read(kLevelSeconds);
+    return true;
+}
+
+float BandMeter::levelIn(double hz, double widthHz) const {
+    const double power = levels_.powerAt(hz, widthHz);
+    if (power <= 0) return kNothingThere;
+    const double level = 10 * std::log10(power) + dbuvAtFullScale_;
+    return static_cast<float>(stepped(std::max<double>(kNothingThere, level), stepDb_));
+}
+
+std::optional<float> BandMeter::levelAt(double hz) {
+    if (signal_.source().domain() == Domain::Composite) return kNothingThere;
+    if (!signal_.covers(hz)) tuneTo(hz);
+    look(kLevelSeconds);
+    if (signal_.ended()) return std::nullopt;
+    return levelIn(hz, kChannelHz);
+}
+
+std::optional<std::vector<float>> BandMeter::frame(const SweepRange& range) {
+    if (signal_.source().domain() == Domain::Composite) return std::nullopt;
+    const bool live = signal_.source().live();
+    const double width = std::min(range.stepKhz * 1e3, kChannelHz);
+    std::vector<float> levels(static_cast<std::size_t>(range.points()));
+    bool fresh = false;
+    for (int point = 0; point < range.points(); ++point) {
+        const double hz = range.frequency(point) * kHzPerUnit;
+        if (live && !levels_.covers(hz, width)) {
+            // A quarter of the band further on, so that the next points lie in it too.
+            if (tuneTo(hz + signal_.rateHz() / 4)) look(kLevelSeconds);
+            fresh = true;
+        } else if (!fresh) {
+            look(kFrameSeconds);
+            fresh = true;
+        }
+        if (signal_.ended()) return std::nullopt;
+        levels[static_cast<std::size_t>(point)] = levelIn(hz, width);
+    }
+    return levels;
+}
+
+}  // namespace hm16::receiver

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "drivers/receiver/library/band_levels.h"
+#include "drivers/receiver/library/signal_reader.h"
+#include "drivers/unit/sweep_store.h"
+
+namespace hm16::receiver {
+
+// What a frequency reads at which nothing can be heard, in dB over a microvolt.
+inline constexpr float kNothingThere = 0;
+
+// Single levels and sweep frames, in dB over a microvolt in the steps of the settings.
+class BandMeter {
+ public:
+    BandMeter(const ReceiverOptions& options, SignalReader& signal);
+
+    // Power of the channel at `hz`; nothing when the signal has ended. A radio that does not cover
+    // it is tuned there and stays there.
+    std::optional<float> levelAt(double hz);
+
+    // The levels of all points, each in its step's width or a channel's, whichever is less; nothing
+    // when the signal has ended, or is a composite, which has no band.
+    std::optional<std::vector<float>> frame(const SweepRange& range);
+
+    // To be called when the radio was tuned by someone else.
+    void follow() { levels_.setCentre(signal_.centreHz()); }
+
+ private:
+    void look(double seconds);
+    bool tuneTo(double hz);
+    float levelIn(double hz, double widthHz) const;
+
+    const double dbuvAtFullScale_;
+    const double stepDb_;
+    SignalReader& signal_;
+    BandLevels levels_;
+};
+
+}  // namespace hm16::receiver

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "drivers/receiver/library/receiver_options.h"
+#include "drivers/receiver/library/signal_clock.h"
+#include "drivers/receiver/samples/sample_source.h"
+
+namespace hm16::receiver {
+
+// Width of a broadcast channel.
+inline constexpr double kChannelHz = 200e3;
+
+// Reads the source stretch by stretch, round and round where the settings say so, keeps the
+// signal's time and takes the clock's error out of rate and centre.
+class SignalReader {
+ public:
+    SignalReader(const ReceiverOptions& options, std::unique_ptr<SampleSource> source);
+
+    const SampleSource& source() const { return *source_; }
+    const SignalClock& clock() const { return clock_; }
+
+    // As they truly are.
+    double rateHz() const { return rateHz_; }
+    double centreHz() const;
+
+    // True when the channel at `hz` lies in the samples.
+    bool covers(double hz) const;
+
+    // Brings `hz` into the samples where the source can be tuned.
+    bool retune(double hz) { return source_->live() && source_->retune(hz); }
+
+    // The next so many seconds, in memory that stays as it is until the next call; less when the
+    // signal ends in between, nothing behind its end.
+    std::span<const Sample> read(double seconds);
+
+    // How many samples that are.
+    std::size_t samplesIn(double seconds) const;
+
+    // True once the signal has ended or its source has failed; it does not come back.
+    bool ended() const { return ended_; }
+
+    // Why it ended, in one sentence; empty before.
+    const std::string& lastWords() const { return lastWords_; }
+
+ private:
+    void fill();
+
+    const std::string name_;
+    const AtEnd atEnd_;
+    const double clockFactor_;
+    const double compositeHz_;  // the one frequency of a composite source, 0 for every one
+    std::unique_ptr<SampleSource> source_;
+    double rateHz_;
+    SignalClock clock_;
+    bool ended_ = false;
+    std::string lastWords_;
+    std::vector<Sample> stretch_;
+};
+
+}  // namespace hm16::receiver

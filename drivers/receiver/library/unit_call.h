@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <mutex>
+
+#include "drivers/receiver/library/receiver_unit.h"
+
+namespace hm16::receiver {
+
+// A call from the program, which has the unit to itself as long as this lives. The unit's thread
+// holds the mutex nearly all the time while it keeps up with a radio, and would win it back again
+// and again; so it steps aside for whoever waits.
+class ReceiverUnit::Call {
+ public:
+    explicit Call(const ReceiverUnit& unit) : unit_(unit) {
+        ++unit_.callers_;
+        lock_ = std::unique_lock(unit_.mutex_);
+        --unit_.callers_;
+    }
+    ~Call() {
+        lock_.unlock();
+        unit_.wake_.notify_all();
+    }
+    Call(const Call&) = delete;
+    Call& operator=(const Call&) = delete;
+
+ private:
+    const ReceiverUnit& unit_;
+    std::unique_lock<std::mutex> lock_;
+};
+
+}  // namespace hm16::receiver

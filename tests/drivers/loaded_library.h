@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <string_view>
+#include <thread>
+
+#include "drivers/loader/library.h"
+#include "drivers/unit/readings.h"
+#include "tests/support/temp_folder.h"
+
+// A driver library through the real loader, with settings of its own, in a folder of its own that
+// is the current folder as long as it lives.
+class LoadedLibrary {
+ public:
+    LoadedLibrary(const std::filesystem::path& file, std::string_view settings)
+        : before_(std::filesystem::current_path()) {
+        std::filesystem::copy(file, folder_.path() / hm16::libraryName());
+        folder_.write("hm-16.ini", settings);
+        std::filesystem::current_path(folder_.path());
+        auto loaded = hm16::Library::load(folder_.path());
+        EXPECT_EQ(loaded.fault, "");
+        library_ = std::move(loaded.library);
+    }
+    ~LoadedLibrary() {
+        if (library_) library_->functions().terminate();
+        library_.reset();
+        std::filesystem::current_path(before_);
+    }
+    LoadedLibrary(const LoadedLibrary&) = delete;
+    LoadedLibrary& operator=(const LoadedLibrary&) = delete;
+
+    const HM16_Functions& operator*() const { return library_->functions(); }
+    const HM16_Functions* operator->() const { return &library_->functions(); }
+    const hmonitor::test::TempFolder& folder() const { return folder_; }
+    const hm16::Library& library() const { return *library_; }
+
+    void tune(float frequency, int audioMode = 0, int response = 0, int logFiles = 0) const {
+        (*this)->parar();
+        EXPECT_EQ((*this)->normal(frequency, 0, audioMode, response, logFiles), 0);
+    }
+
+    float version() const {
+        float version = -1;
+        (*this)->getHardwareVersion(&version);
+        return version;
+    }
+
+    hm16::Readings readings() const {
+        hm16::Readings r;
+        (*this)->data(&r.peakModulation, &r.levelFirst, &r.levelSecond, &r.stereoPhase,
+                      &r.relativePower, &r.pilotError, &r.pilotLevel, &r.noiseLeft, &r.noiseRight,
+                      &r.separationLeft, &r.separationRight, &r.distortion, &r.carrierDeviation,
+                      &r.field, &r.multipath, &r.peaksPerMinute);
+        (*this)->dataRds(&r.rdsError, &r.rdsLevel);
+        return r;
+    }
+
+    std::array<int32_t, 16> response() const {
+        std::array<int32_t, 16> r;
+        r.fill(-77);
+        (*this)->respFrecuencia(&r[0], &r[1], &r[2], &r[3], &r[4], &r[5], &r[6], &r[7], &r[8],
+                                &r[9], &r[10], &r[11], &r[12], &r[13], &r[14], &r[15]);
+        return r;
+    }
+
+    float swept(float frequency) const {
+        float level = -1;
+        (*this)->getEspectro(frequency, &level);
+        return level;
+    }
+
+    // Waits until something holds; false when half a minute did not do.
+    template <typename Condition>
+    static bool eventually(Condition condition) {
+        for (int i = 0; i < 15000; ++i) {
+            if (condition()) return true;
+            std::this_thread::sleep_for(std::chrono::milliseconds(2));
+        }
+        return false;
+    }
+
+    bool frameComes() const {
+        return eventually([this] { return (*this)->tramaEspectroRecibida() != 0; });
+    }
+
+ private:
+    hmonitor::test::TempFolder folder_;
+    std::filesystem::path before_;
+    std::unique_ptr<hm16::Library> library_;
+};
+
+inline bool isEndMark(const hm16::Readings& readings) {
+    return static_cast<int>(readings.pilotError) == 11583 &&
+           static_cast<int>(readings.pilotLevel) == 18;
+}

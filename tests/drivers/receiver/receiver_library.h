@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "drivers/hm16_report.h"
+#include "drivers/receiver/figures/audio_power.h"
+#include "tests/drivers/loaded_library.h"
+
+// The receiver in software as the program has it: its library through the real loader.
+class ReceiverLibrary : public LoadedLibrary {
+ public:
+    explicit ReceiverLibrary(std::string_view settings) : LoadedLibrary(HM16_RECEIVER, settings) {}
+
+    // Opens the unit; gives what was said on standard error.
+    std::string init() const {
+        testing::internal::CaptureStderr();
+        (*this)->init();
+        return testing::internal::GetCapturedStderr();
+    }
+
+    // Measures so many slots; false when that cannot be.
+    bool step(int slots) const {
+        return reinterpret_cast<HM16_StepFunction>(library().extra(HM16_STEP_NAME))(slots) == 0;
+    }
+
+    std::string report() const {
+        std::array<char, 4096> text{};
+        reinterpret_cast<HM16_ReportFunction>(library().extra(HM16_REPORT_NAME))(
+            text.data(), static_cast<int32_t>(text.size()));
+        return text.data();
+    }
+};
+
+// What is shown when nothing can be known.
+inline hm16::Readings nothing() {
+    hm16::Readings readings;
+    readings.levelFirst = readings.levelSecond = static_cast<float>(hm16::receiver::kSilenceDb);
+    readings.stereoPhase = 45;
+    return readings;
+}
+
+inline long lines(const std::string& text) {
+    return std::count(text.begin(), text.end(), '\n');
+}
