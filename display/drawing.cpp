@@ -5,14 +5,44 @@
 
 namespace display {
 
-Mark& Drawing::add(Mark::Kind kind) {
-    Mark mark;
-    mark.kind = kind;
-    mark.colour = foreground;
+namespace {
+
+/// Marks of one run: bars and ticks come from left to right, so that a bar passes by nearly all
+/// others a whole run at a time.
+constexpr std::size_t kRun = 16;
+
+}  // namespace
+
+void Drawing::add(Mark mark) {
     mark.number = next_++;
     marks_.push_back(std::move(mark));
+    noteInRun(marks_.size() - 1);
     owner_.touch();
-    return marks_.back();
+}
+
+void Drawing::noteInRun(std::size_t index) {
+    const Mark& mark = marks_[index];
+    const float left = std::max(std::min(mark.x1, mark.x2), 0.f);
+    const float right = std::min(std::max(mark.x1, mark.x2), outerWidth());
+    if (index % kRun == 0) {
+        runs_.resize(index / kRun);
+        runs_.push_back({left, right});
+    } else {
+        Run& run = runs_.back();
+        run.latestLeft = std::max(run.latestLeft, left);
+        run.earliestRight = std::min(run.earliestRight, right);
+    }
+}
+
+template <class Gone>
+void Drawing::dropFrom(std::size_t first, Gone gone) {
+    const auto from = marks_.begin() + static_cast<std::ptrdiff_t>(first);
+    const auto kept = std::remove_if(from, marks_.end(), gone);
+    if (kept == marks_.end()) return;
+    marks_.erase(kept, marks_.end());
+    ++rebuilt_;
+    runs_.resize(std::min(runs_.size(), first / kRun));
+    for (std::size_t i = first / kRun * kRun; i < marks_.size(); ++i) noteInRun(i);
 }
 
 void Drawing::dropCovered(const Mark& box) {
@@ -21,16 +51,19 @@ void Drawing::dropCovered(const Mark& box) {
     const float right = outerWidth();
     const float bottom = outerHeight();
     auto covered = [&](const Mark& mark) {
-        // Bars come from left to right: nearly all marks are told by their left end alone.
-        if (std::max(std::min(mark.x1, mark.x2), 0.f) < box.x1) return false;
-        if (std::min(std::max(mark.x1, mark.x2), right) > box.x2) return false;
-        return std::max(std::min(mark.y1, mark.y2), 0.f) >= box.y1 &&
+        return std::max(std::min(mark.x1, mark.x2), 0.f) >= box.x1 &&
+               std::min(std::max(mark.x1, mark.x2), right) <= box.x2 &&
+               std::max(std::min(mark.y1, mark.y2), 0.f) >= box.y1 &&
                std::min(std::max(mark.y1, mark.y2), bottom) <= box.y2;
     };
-    auto kept = std::remove_if(marks_.begin(), marks_.end(), covered);
-    if (kept != marks_.end()) {
-        marks_.erase(kept, marks_.end());
-        ++rebuilt_;
+    for (std::size_t run = 0; run < runs_.size(); ++run) {
+        if (runs_[run].latestLeft < box.x1 || runs_[run].earliestRight > box.x2) continue;
+        const std::size_t end = std::min((run + 1) * kRun, marks_.size());
+        for (std::size_t i = run * kRun; i < end; ++i) {
+            if (!covered(marks_[i])) continue;
+            dropFrom(i, covered);
+            return;
+        }
     }
 }
 
@@ -42,18 +75,19 @@ void Drawing::box(float x1, float y1, float x2, float y2) {
     mark.x2 = std::max(x1, x2);
     mark.y2 = std::max(y1, y2);
     dropCovered(mark);
-    mark.number = next_++;
-    marks_.push_back(std::move(mark));
-    owner_.touch();
+    add(std::move(mark));
 }
 
 void Drawing::line(float x1, float y1, float x2, float y2) {
-    Mark& mark = add(Mark::Kind::Stroke);
+    Mark mark;
+    mark.kind = Mark::Kind::Stroke;
+    mark.colour = foreground;
     mark.x1 = x1;
     mark.y1 = y1;
     mark.x2 = x2;
     mark.y2 = y2;
     mark.lineWidth = lineWidth;
+    add(std::move(mark));
 }
 
 namespace {
@@ -72,12 +106,11 @@ float reachOf(std::string_view text) {
 }  // namespace
 
 void Drawing::dropSame(const Mark& print) {
-    const auto dropped = std::erase_if(marks_, [&print](const Mark& mark) {
+    dropFrom(0, [&print](const Mark& mark) {
         return mark.kind == Mark::Kind::Print && mark.x1 == print.x1 && mark.y1 == print.y1 &&
                mark.colour == print.colour && mark.bold == print.bold &&
                mark.points == print.points && mark.text == print.text;
     });
-    if (dropped > 0) ++rebuilt_;
 }
 
 void Drawing::print(std::string_view text) {
@@ -94,9 +127,7 @@ void Drawing::print(std::string_view text) {
     mark.points = fontPoints;
     mark.text = text;
     dropSame(mark);
-    mark.number = next_++;
-    marks_.push_back(std::move(mark));
-    owner_.touch();
+    add(std::move(mark));
 }
 
 void Drawing::scale(float unit, float frame) {
@@ -119,6 +150,7 @@ void Drawing::reset() {
 void Drawing::clear() {
     if (marks_.empty()) return;
     marks_.clear();
+    runs_.clear();
     ++rebuilt_;
     owner_.touch();
 }

@@ -50,15 +50,25 @@ class Drawing final : public Canvas {
     std::uint64_t rebuilt() const { return rebuilt_; }
 
  private:
-    Mark& add(Mark::Kind kind);
+    /// Marks that follow each other, as far as a box has to know that it covers none of them.
+    struct Run {
+        float latestLeft = 0;
+        float earliestRight = 0;
+    };
+
+    void add(Mark mark);
+    void noteInRun(std::size_t index);
     void dropCovered(const Mark& box);
     /// A text that is printed over itself stands there once.
     void dropSame(const Mark& print);
+    template <class Gone>
+    void dropFrom(std::size_t first, Gone gone);
 
     Control& owner_;
     float unit_ = 1;
     float frame_ = 0;
     std::vector<Mark> marks_;
+    std::vector<Run> runs_;
     std::uint64_t next_ = 1;
     std::uint64_t rebuilt_ = 0;
 };
