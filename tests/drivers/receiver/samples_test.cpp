@@ -10,7 +10,9 @@
 #include <fstream>
 #include <limits>
 
+#include "drivers/receiver/record/recording_writer.h"
 #include "drivers/receiver/samples/open_recording.h"
+#include "tests/drivers/receiver/recording_bytes.h"
 
 namespace hm16::receiver {
 namespace {
@@ -56,13 +58,6 @@ class Recordings : public testing::Test {
 
     const fs::path folder_;
 };
-
-template <typename Value>
-std::string bytesOfValues(const std::vector<Value>& values) {
-    std::string bytes(values.size() * sizeof(Value), '\0');
-    std::memcpy(bytes.data(), values.data(), bytes.size());
-    return bytes;
-}
 
 TEST_F(Recordings, RawFormatsReadAtTheirScale) {
     const auto first = [&](const fs::path& file) { return all(*openRecording(request(file)))[0]; };
@@ -156,17 +151,6 @@ TEST_F(Recordings, SigmfThatIsDamagedSaysHow) {
         EXPECT_NE(said(std::string(kMeta, length)), "");
 }
 
-// A WAV file of 16-bit samples.
-std::string wav(std::uint16_t channels, std::uint32_t rate, const std::vector<std::int16_t>& data) {
-    const std::string samples = bytesOfValues(data);
-    const auto number = [](auto value) { return bytesOfValues(std::vector{value}); };
-    return "RIFF" + number(static_cast<std::uint32_t>(36 + samples.size())) + "WAVEfmt " +
-           number(std::uint32_t{16}) + number(std::uint16_t{1}) + number(channels) + number(rate) +
-           number(rate * channels * 2) + number(static_cast<std::uint16_t>(channels * 2)) +
-           number(std::uint16_t{16}) + "data" + number(static_cast<std::uint32_t>(samples.size())) +
-           samples;
-}
-
 TEST_F(Recordings, SoundFilesHoldIqInTwoChannelsOrACompositeInTheFirst) {
     auto asked = request(write("iq.wav", wav(2, 1200000, {16384, -16384})));
     asked.rateHz = 0;
@@ -183,6 +167,52 @@ TEST_F(Recordings, SoundFilesHoldIqInTwoChannelsOrACompositeInTheFirst) {
     EXPECT_EQ(composite->domain(), Domain::Composite);
     EXPECT_EQ(all(*composite)[0], Sample(0.25F, 0));
     EXPECT_THAT(fault(request(write("not.wav", "no sound"))), HasSubstr("not.wav"));
+}
+
+TEST_F(Recordings, WhatIsWrittenIsReadBackInEveryForm) {
+    const std::vector<Sample> samples{{0.5F, -0.25F}, {-1, 1}, {0.125F, 0}, {0, 0}};
+    for (const auto& [name, step] :
+         std::vector<std::pair<std::string, float>>{{"w.cu8", 1 / 127.5F},
+                                                    {"w.cs8", 1 / 128.0F},
+                                                    {"w.cs16", 1 / 32768.0F},
+                                                    {"w.cf32", 0},
+                                                    {"w.wav", 1 / 32768.0F},
+                                                    {"w.flac", 1 / 32768.0F},
+                                                    {"w.sigmf-meta", 1 / 32768.0F}}) {
+        RecordingPlan plan;
+        plan.file = folder_ / name;
+        plan.rateHz = 600e3;
+        plan.centreHz = 98e6;
+        RecordingWriter writer(plan);
+        writer.write(samples);
+        writer.close();
+        auto asked = request(plan.file);
+        asked.rateHz = 600e3;
+        const auto source = openRecording(asked);
+        EXPECT_EQ(source->length(), samples.size()) << name;
+        EXPECT_EQ(source->rateHz(), 600e3) << name;
+        const auto back = all(*source);
+        ASSERT_EQ(back.size(), samples.size()) << name;
+        for (std::size_t n = 0; n < samples.size(); ++n)
+            EXPECT_LE(std::abs(back[n] - samples[n]), 1.5F * step) << name << ", " << n;
+    }
+}
+
+TEST_F(Recordings, WhatCannotBeWrittenIsSaid) {
+    const auto said = [](const fs::path& file) {
+        RecordingPlan plan;
+        plan.file = file;
+        plan.rateHz = 600e3;
+        try {
+            RecordingWriter writer(plan);
+        } catch (const SourceError& error) {
+            return std::string(error.what());
+        }
+        return std::string();
+    };
+    EXPECT_THAT(said(folder_ / "x.mp3"), HasSubstr("x.mp3 does not tell by its name"));
+    for (const char* name : {"no/x.cu8", "no/x.wav", "no/x.sigmf-meta"})
+        EXPECT_THAT(said(folder_ / name), HasSubstr("cannot be written"));
 }
 
 }  // namespace
