@@ -20,8 +20,6 @@ namespace {
 /// spectrum's own door so shows the station that is tuned now.
 void closeSpectrumWindows(Program& program) {
     if (program.Form_NewSpectro.filled()) program.Form_NewSpectro.peek().unload();
-    if (program.FormD1a.filled() && program.FormD1a.peek().loaded())
-        program.FormD1a.peek().closeRequested();
     if (program.Form_D1.filled() && program.Form_D1.peek().loaded())
         program.Form_D1.peek().Command3D2.press();
 }

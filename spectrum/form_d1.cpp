@@ -29,6 +29,8 @@ Form_D1::Form_D1(Program& itsProgram) : ProgramForm(itsProgram, "Form_D1") {
     };
     SSCommand1.onClick = [] {};  // the printed page has no window yet
     SSCommand2.onClick = [this] {
+        // It halts the unit, and the start leaves the rack usable beside this window.
+        program.disableRack();
         program.FormD1a->left = left;
         program.FormD1a->top = top;
         program.FormD1a->show();

@@ -174,18 +174,19 @@ TEST(AnalysesPanel, ADoorClosesTheQuestionForANewSpectrumToo) {
     EXPECT_THAT(enabledPanels(bench), Each(false));
 }
 
-TEST(AnalysesPanel, ADoorClosesTheBandwidthThatTheSpectrumOpened) {
+TEST(AnalysesPanel, WaitsWhileTheBandwidthThatTheSpectrumOpenedHasTheUnit) {
     RackBench bench;
     bench.start();
+    EXPECT_THAT(enabledPanels(bench), Each(true));
     bench.hand.click(bench.forms.formD1.SSCommand2);
     bench.desktop.settle();
-    ASSERT_TRUE(bench.forms.formD1a.visible);
+    EXPECT_THAT(enabledPanels(bench), Each(false));
     bench.hand.click(bench.formD.Image2);
     bench.desktop.settle();
-    EXPECT_FALSE(bench.forms.formD1a.loaded());
-    EXPECT_FALSE(bench.forms.formD1.loaded());
-    EXPECT_TRUE(bench.forms.formBandSCanner.visible);
-    EXPECT_THAT(enabledPanels(bench), Each(false));
+    EXPECT_FALSE(bench.forms.formBandSCanner.visible);
+    bench.hand.close(bench.forms.formD1a);
+    bench.desktop.settle();
+    EXPECT_THAT(enabledPanels(bench), Each(true));
 }
 
 /// What the table of the channel spectrum says beside its offsets.
