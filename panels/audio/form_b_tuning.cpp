@@ -163,7 +163,7 @@ void Form_B::tune(Tuning how) {
     const auto settings =
         takenForGranted(desktop(), PanelSettings::read(program.files, PanelLine::AudioMode));
     int audioMode = toWhole(settings.value(PanelLine::AudioMode));
-    if (first && settings.line(PanelLine::AudioMode) == "1") {
+    if (first && settings.value(PanelLine::AudioMode) == 1) {
         // Every start of the program falls back to the mode L and R.
         storeAudioMode("0");
         audioMode = 0;

@@ -159,10 +159,10 @@ void Form1::takeSettings() {
     StationState.MemoryNumber = settings.line(PanelLine::MemoryPreset);
     if (valueOf(StationState.MemoryNumber) > 16) StationState.MemoryNumber = "1";
     takeCorrection(settings.value(PanelLine::DbCorrection));
-    const bool average = settings.line(PanelLine::Detector) == "1";
+    const bool average = settings.value(PanelLine::Detector) == 1;
     Image_Average.picture = average ? "msA" : "msN";
     Image6.picture = average ? "PeakN" : "PeakA";
-    const bool sum = settings.line(PanelLine::AudioMode) == "1";
+    const bool sum = settings.value(PanelLine::AudioMode) == 1;
     program.Form_B->Image2.picture = sum ? "LRA" : "LRN";
     program.Form_B->Image1.picture = sum ? "LyRN" : "LyRA";
     FirstTick = "1";

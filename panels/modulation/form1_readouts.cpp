@@ -46,7 +46,7 @@ void Form1::ActualizarModulacion() {
 
 void Form1::showBar(float percent) {
     const float at = 48 * percent;
-    BarFill.width = at;
+    BarFill.width = std::max(at, 0.f);
     Label10.left = at - 40;
     Picture1.left = at + 200;
     Picture2.left = at + 180;
