@@ -2,6 +2,7 @@
 #include "display/qt/text_field_widget.h"
 
 #include <QKeyEvent>
+#include <QPainter>
 #include <QPointer>
 
 #include "display/qt/faces.h"
@@ -28,6 +29,9 @@ void TextFieldWidget::sync() {
     colours.setColor(QPalette::Active, QPalette::Text, qColour(field_.colour));
     colours.setColor(QPalette::Inactive, QPalette::Text, qColour(field_.colour));
     setPalette(colours);
+    // Clear of the edge, as readouts stand in their wells.
+    const int margin = desktop_.scale().whole(desktop_.scale().px(50));
+    setTextMargins(margin, 0, margin, 0);
     showModel();
 }
 
@@ -71,6 +75,13 @@ void TextFieldWidget::keyPressEvent(QKeyEvent* event) {
     } else {
         QLineEdit::keyPressEvent(event);
     }
+}
+
+void TextFieldWidget::paintEvent(QPaintEvent* event) {
+    QLineEdit::paintEvent(event);
+    if (!hasFocus()) return;
+    QPainter painter(this);
+    paintFocusRing(painter, rect());
 }
 
 }  // namespace display::qt

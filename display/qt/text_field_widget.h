@@ -18,6 +18,7 @@ class TextFieldWidget final : public QLineEdit, public ControlWidget {
 
  protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
  private:
     void edited(const QString& text);
