@@ -22,6 +22,8 @@ using namespace hmonitor::test;
 using namespace std::chrono_literals;
 
 constexpr double kMostGrowth = 0.01;
+// The queue of a hand's input holds a node of this size or not, as the count of keys falls.
+constexpr long kQueueNode = 520;
 
 #if defined(__SANITIZE_ADDRESS__)
 // The sanitizer keeps what was given back.
@@ -70,21 +72,26 @@ class Day {
         Form_B& audio = bench_.formB;
         Form_C& quality = bench_.formC;
         display::Hand& hand = bench_.hand;
-        switch (turn % 8) {
-            case 0:
-                return hand.click(audio.SSCommand1);
+        // Ten keys, so that the hours end on the same one.
+        switch (turn % 10) {
             case 1:
-                return hand.set(audio.HScroll1, turn % 207);
+                return hand.click(audio.SSCommand1);
             case 2:
-                return hand.click(audio.SSCommand2);
+                return hand.set(audio.HScroll1, turn % 207);
             case 3:
-                return hand.click(quality.Image_Reset1);
+                return hand.click(audio.SSCommand2);
             case 4:
-                return hand.click(audio.Image2);
+                return hand.click(quality.Image_Reset1);
             case 5:
-                return hand.click(bench_.form1.Image6);
+                return hand.click(quality.Image2);
             case 6:
                 return hand.click(quality.Image3);
+            case 7:
+                return hand.click(audio.Image2);
+            case 8:
+                return hand.click(bench_.form1.Image6);
+            case 9:
+                return hand.click(bench_.form1.Image_Average);
             default:
                 return hand.click(audio.Image1);
         }
@@ -106,9 +113,9 @@ void print(int minute, const Standing& now) {
                 now.bytes, now.resident);
 }
 
-bool stands(const char* what, long before, long after) {
+bool stands(const char* what, long before, long after, long slack = 0) {
     const double growth = static_cast<double>(after - before) / static_cast<double>(before);
-    const bool good = growth <= kMostGrowth;
+    const bool good = growth <= kMostGrowth || after - before <= slack;
     std::printf("%-18s %10ld %10ld  %+.2f %%%s\n", what, before, after, 100 * growth,
                 good ? "" : "  GREW");
     return good;
@@ -137,7 +144,7 @@ int main(int argc, char** argv) {
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
     std::printf("%d virtual minutes in %.1f s\n", end, took.count());
     bool good = stands("live blocks", before.live, after.live);
-    good = stands("live bytes", before.bytes, after.bytes) && good;
+    good = stands("live bytes", before.bytes, after.bytes, kQueueNode) && good;
     if (kResidentCounts) good = stands("resident bytes", before.resident, after.resident) && good;
     return good ? 0 : 1;
 }
