@@ -109,7 +109,14 @@ class Rack:
         """The window of a form, or None."""
         if form in PANELS:
             return self.window
-        return self.find_sized(self.title(form), *self.places[form]["."][2:])
+        _, _, wide, high = self.places[form]["."]
+        found = self.find_sized(self.title(form), wide, high)
+        if not found and form in self.UNFOLDED:
+            found = self.find_sized(self.title(form), self.UNFOLDED[form], high)
+        return found
+
+    # Widths of windows that can be made wider, in twips.
+    UNFOLDED = {"Form_bSetMemories": 7700}
 
     def wait_open(self, form):
         return wait_for(lambda: self.opened(form), f"the window of {form}")
@@ -122,8 +129,9 @@ class Rack:
     def box(self, form, control):
         """Where a control stands on the screen, in pixels."""
         window = wait_for(lambda: self.opened(form), f"the window of {form}")
-        left, top, width, _ = self.screen.box(window)
-        unit = width / self.places[form]["."][2]
+        left, top, _, height = self.screen.box(window)
+        panels = PANELS if form in PANELS else (form,)
+        unit = height / self.height(*panels)
         x, y, wide, high = self.places[form][control]
         if form in PANELS:
             y += self.height(*PANELS[:PANELS.index(form)])
@@ -164,6 +172,33 @@ class Rack:
     def type(self, form, *keys):
         self.screen.activate(self.wait_open(form))
         self.screen.type(*keys)
+
+    def has_focus(self, form, control):
+        """An amber ring stands around the control that has the keyboard."""
+        left, top, width, height = self.box(form, control)
+        area = self.screen.pixels.area(left, top, width, height)
+        amber = sum(1 for at in range(0, len(area), 4)
+                    if area[at + 2] > 215 and 140 < area[at + 1] < 215 and area[at] < 110)
+        return amber > (width + height) / 2
+
+    def expect_focus(self, form, control, key):
+        """A key brings the focus to a control: its look changes."""
+        before = self.look(form, control)
+        self.screen.type(key)
+        wait_for(lambda: self.look(form, control) != before, f"the focus on {form}.{control}")
+
+    def tab_to(self, form, control):
+        """Tab by Tab until the focus stands on a control."""
+        for _ in range(40):
+            if self.has_focus(form, control):
+                return
+            before = self.look(form, ".")
+            self.screen.type("Tab")
+            wait_for(lambda: self.look(form, ".") != before, "the focus further on")
+        raise AssertionError(f"no Tab leads to {form}.{control}")
+
+    def wait_focus(self, form, control):
+        wait_for(lambda: self.has_focus(form, control), f"the focus on {form}.{control}")
 
     # Message boxes of the program; they are titled as it is.
 

@@ -142,6 +142,9 @@ class Screen:
     def type(self, *keys):
         self.ask("xdotool", "key", "--delay", "30", *keys)
 
+    def type_text(self, text):
+        self.ask("xdotool", "type", "--delay", "30", "--", text)
+
     def picture(self, file):
         self.ask("import", "-window", "root", str(file))
         if not file.exists() or file.stat().st_size < 1000:
