@@ -3,6 +3,7 @@
 
 #include <QCloseEvent>
 #include <QPainter>
+#include <QWindow>
 #include <algorithm>
 
 #include "display/qt/palette.h"
@@ -10,11 +11,20 @@
 
 namespace display::qt {
 
+namespace {
+
+/// Longer than any window manager takes to fold a window.
+constexpr int kFoldLimitMs = 1500;
+
+}  // namespace
+
 RackWindow::RackWindow(QtDesktop& desktop, std::vector<Form*> forms)
     : QWidget(nullptr), desktop_(desktop), forms_(std::move(forms)), views_(forms_.size()) {
     setObjectName("Rack");
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowMinimizeButtonHint |
                    Qt::WindowCloseButtonHint | Qt::WindowSystemMenuHint);
+    foldLimit_.setSingleShot(true);
+    connect(&foldLimit_, &QTimer::timeout, this, [this] { comeBackIfNeverGone(); });
 }
 
 bool RackWindow::holds(const Form& form) const {
@@ -122,12 +132,52 @@ void RackWindow::sync() {
 
 void RackWindow::fold() {
     sync();
+    fold_ = Fold::Asked;
+    if (windowHandle()) windowHandle()->installEventFilter(this);
     showMinimized();
+    foldLimit_.start(kFoldLimitMs);
+}
+
+void RackWindow::away() {
+    if (fold_ == Fold::Asked) fold_ = Fold::Away;
+}
+
+void RackWindow::back() {
+    if (fold_ != Fold::Away) return;
+    fold_ = Fold::None;
+    if (forms_.empty() || lead().windowState != WindowState::Minimised) return;
+    if (isMinimized()) setWindowState(windowState() & ~Qt::WindowMinimized);
+    desktop_.hand().unfold(lead());
+}
+
+/// Where nothing folds windows the rack must not stay a strip of one panel.
+void RackWindow::comeBackIfNeverGone() {
+    if (fold_ != Fold::Asked || !isActiveWindow()) return;
+    fold_ = Fold::Away;
+    back();
+}
+
+bool RackWindow::event(QEvent* event) {
+    if (event->type() == QEvent::WindowDeactivate) away();
+    if (event->type() == QEvent::WindowActivate) back();
+    return QWidget::event(event);
+}
+
+bool RackWindow::eventFilter(QObject* native, QEvent* event) {
+    if (native == windowHandle() && event->type() == QEvent::Expose) {
+        if (windowHandle()->isExposed()) {
+            back();
+        } else {
+            away();
+        }
+    }
+    return QWidget::eventFilter(native, event);
 }
 
 void RackWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::WindowStateChange && !isMinimized() && !forms_.empty()) {
+        fold_ = Fold::None;
         desktop_.hand().unfold(lead());
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 #include <memory>
 #include <vector>
@@ -31,9 +32,17 @@ class RackWindow final : public QWidget {
     void closeEvent(QCloseEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void changeEvent(QEvent* event) override;
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* native, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
  private:
+    /// How far a fold has come on the screen. A hand that is quicker than the window manager's
+    /// word may have the window back before anyone heard that it went.
+    enum class Fold { None, Asked, Away };
+    void away();
+    void back();
+    void comeBackIfNeverGone();
     FormView& makeView(Form& form);
     void placeViews();
     void placeWindow();
@@ -43,6 +52,8 @@ class RackWindow final : public QWidget {
     std::vector<Form*> forms_;
     std::vector<FormView*> views_;  ///< one for each form, null until it is shown
     bool placed_ = false;
+    Fold fold_ = Fold::None;
+    QTimer foldLimit_;
     float layoutLeft_ = 0, layoutTop_ = 0;  ///< where the first form's layout put it
 };
 

@@ -257,6 +257,74 @@ TEST_F(Windows, Focus_GoesBackToTheKeyThatOpenedAWindow) {
     EXPECT_TRUE(until([&] { return QApplication::focusWidget() == &widget(sample->Key1); }));
 }
 
+TEST_F(Windows, OpenedAgain_BeginsAtTheFirstControlOfTheTabOrder) {
+    showSample();
+    EXPECT_TRUE(widget(sample->KeyN).hasFocus());
+    widget(sample->Check1).setFocus();
+    sample->hide();
+    settle();
+    sample->show();
+    settle();
+    EXPECT_EQ(view(*sample).window()->focusWidget(), &widget(sample->KeyN));
+}
+
+TEST_F(Windows, GivenFocus_ComesWithTheWindowThatOpens) {
+    sample->show();
+    sample->Text1.takeFocus();
+    ASSERT_TRUE(until([&] { return widget(sample->Text1).hasFocus(); }));
+    QTest::keyClicks(QApplication::focusWidget(), "7");
+    settle();
+    EXPECT_NE(sample->Text1.text.get().find('7'), std::string::npos);
+}
+
+TEST_F(Windows, GivenFocus_WaitsForAControlThatCannotTakeItYet) {
+    showSample();
+    sample->Text1.enabled = false;
+    settle();
+    sample->Text1.takeFocus();
+    settle();
+    EXPECT_FALSE(widget(sample->Text1).hasFocus());
+    sample->Text1.enabled = true;
+    desktop->frameSoon();
+    EXPECT_TRUE(until([&] { return widget(sample->Text1).hasFocus(); }));
+}
+
+TEST_F(Windows, ClickOnAKeyThatLeavesTheFocus_TypedDigitsStillReachTheField) {
+    sample->load();
+    sample->Key1.leavesFocus = true;
+    showSample();
+    sample->Text1.takeFocus();
+    QTest::mouseClick(&widget(sample->Key1), Qt::LeftButton);
+    settle();
+    EXPECT_EQ(times("Key1 click"), 1);
+    QTest::keyClicks(QApplication::focusWidget(), "8");
+    settle();
+    EXPECT_NE(sample->Text1.text.get().find('8'), std::string::npos);
+}
+
+TEST_F(Windows, FocusedControlDisabledOrHidden_TheNextInTheTabOrderHasIt) {
+    showSample();
+    widget(sample->Key1).setFocus();
+    sample->Key1.enabled = false;
+    sample->KeyDefault.enabled = false;
+    settle();
+    EXPECT_EQ(QApplication::focusWidget(), &widget(sample->KeyCancel));
+    sample->KeyCancel.visible = false;
+    settle();
+    EXPECT_EQ(QApplication::focusWidget(), &widget(sample->Text1));
+}
+
+TEST_F(Windows, NoControlHasTheKeyboard_EscapeStillReachesTheForm) {
+    showSample();
+    QApplication::focusWidget()->clearFocus();
+    ASSERT_EQ(QApplication::focusWidget(), nullptr);
+    settle();
+    ASSERT_NE(QApplication::focusWidget(), nullptr);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    settle();
+    EXPECT_EQ(times("KeyCancel click"), 1);
+}
+
 TEST_F(RackOfTwo, StandsInOneWindowOneUnitUnderTheOther) {
     EXPECT_EQ(upper.resizes, 1);
     const QWidget* window = desktop->rackWindow();
@@ -345,6 +413,38 @@ TEST_F(RackOfTwo, FoldAndUnfold_RaiseOneResizeEach) {
     settle();
     EXPECT_EQ(upper.resizes, 2);
     EXPECT_EQ(upper.windowState.get(), WindowState::Normal);
+}
+
+TEST_F(RackOfTwo, FoldedAndActivatedBeforeTheFoldWasHeardOf_UnfoldsWhole) {
+    upper.minimise();
+    upper.resizes = 0;
+    // What reaches the program when a hand is quicker than the window manager's word: the window
+    // was left and is back, and nobody says that it is not folded any more.
+    for (const auto type : {QEvent::WindowDeactivate, QEvent::WindowActivate}) {
+        QEvent event(type);
+        QApplication::sendEvent(desktop->rackWindow(), &event);
+    }
+    settle();
+    EXPECT_EQ(upper.windowState.get(), WindowState::Normal);
+    EXPECT_EQ(upper.resizes, 1);
+    EXPECT_FALSE(desktop->rackWindow()->isMinimized());
+}
+
+TEST_F(RackOfTwo, FoldedAndOnlyLeft_StaysFolded) {
+    upper.minimise();
+    QEvent left(QEvent::WindowDeactivate);
+    QApplication::sendEvent(desktop->rackWindow(), &left);
+    settle();
+    EXPECT_EQ(upper.windowState.get(), WindowState::Minimised);
+    EXPECT_TRUE(desktop->rackWindow()->isMinimized());
+}
+
+TEST_F(RackOfTwo, FoldedWhereNothingFoldsWindows_ComesBackByItself) {
+    QApplication::setActiveWindow(desktop->rackWindow());
+    ASSERT_TRUE(QTest::qWaitForWindowActive(desktop->rackWindow()));
+    upper.minimise();
+    EXPECT_EQ(upper.windowState.get(), WindowState::Minimised);
+    EXPECT_TRUE(until([&] { return upper.windowState == WindowState::Normal; }));
 }
 
 TEST_F(RackOfTwo, WindowManagerClose_AsksTheFirstUnit) {
