@@ -81,6 +81,7 @@ bool Picture::interactive() const {
 void Picture::resetKind() {
     picture = "";
     caption = "";
+    held = false;
 }
 
 bool Panel::interactive() const {
@@ -124,15 +125,14 @@ void TextField::resetKind() {
     font = Font{};
 }
 
-CheckBox::Value& CheckBox::Value::operator=(bool on) {
-    if (on_ == on) return *this;
-    on_ = on;
-    if (box_.onClick && !box_.form().layingOut()) box_.onClick();
-    return *this;
+void CheckBox::take(bool on) {
+    if (checked == on) return;
+    checked.value_ = on;
+    if (onClick && !form().layingOut()) onClick();
 }
 
 void CheckBox::resetKind() {
-    checked.on_ = false;
+    checked.value_ = false;
     caption = "";
 }
 
@@ -196,13 +196,14 @@ int ScrollBar::clamped(int wanted) const {
     return std::clamp(wanted, minimum.get(), std::max(minimum.get(), maximum.get()));
 }
 
-ScrollBar::Value& ScrollBar::Value::operator=(int wanted) {
-    const int value = bar_.clamped(wanted);
-    if (!bar_.dragging) bar_.thumb = value;
-    if (value_ == value) return *this;
-    value_ = value;
-    if (bar_.onChange && !bar_.form().layingOut()) bar_.onChange();
-    return *this;
+void ScrollBar::take(int wanted) {
+    const int taken = clamped(wanted);
+    // No hand holds on to a thumb that it may not move any more.
+    if (!usable()) dragging = false;
+    if (!dragging) thumb = taken;
+    if (value == taken) return;
+    value.value_ = taken;
+    if (onChange && !form().layingOut()) onChange();
 }
 
 void ScrollBar::range(int lowest, int highest, int page) {
@@ -224,6 +225,11 @@ void ScrollBar::dropThumb() {
     if (!dragging) return;
     dragging = false;
     value = thumb.get();
+}
+
+void ScrollBar::loseThumb() {
+    dragging = false;
+    thumb = value;
 }
 
 void ScrollBar::resetKind() {

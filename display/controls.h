@@ -31,6 +31,26 @@ enum class Surface {
     Glow        ///< light that grows to the right: the head of a moving bar
 };
 
+/// A value of a control that is assigned as a hand sets it: the control decides what becomes of it
+/// and fires its event.
+template <class Owner, class T>
+class Firing {
+ public:
+    explicit Firing(Owner& owner) : owner_(owner), value_(owner) {}
+    Firing(const Firing&) = delete;
+    Firing& operator=(const Firing&) = delete;
+    Firing& operator=(T wanted) {
+        owner_.take(wanted);
+        return *this;
+    }
+    operator T() const { return value_; }
+
+ private:
+    friend Owner;
+    Owner& owner_;
+    Property<T> value_;
+};
+
 /// A text. Painted; never takes the focus.
 class Label final : public Control {
  public:
@@ -103,6 +123,8 @@ class Picture final : public Control {
     Text caption{*this};
 
     Event onPress, onRelease, onCancel, onClick;
+    /// Between a press and what ends it.
+    bool held = false;
     /// Pointer events of a handle; a handle takes no focus.
     MouseEvent onMouseDown, onMouseMove, onMouseUp;
     Event onDoubleClick;
@@ -220,25 +242,17 @@ class CheckBox final : public Control {
     void accept(ControlVisitor& visitor) override;
     bool interactive() const override { return true; }
 
-    class Value {
-     public:
-        explicit Value(CheckBox& box) : box_(box), on_(box, false) {}
-        Value(const Value&) = delete;
-        Value& operator=(const Value&) = delete;
-        Value& operator=(bool on);
-        operator bool() const { return on_; }
-
-     private:
-        friend class CheckBox;
-        CheckBox& box_;
-        Property<bool> on_;
-    } checked{*this};
+    Firing<CheckBox, bool> checked{*this};
 
     Text caption{*this};
     Event onClick;
 
  protected:
     void resetKind() override;
+
+ private:
+    friend Firing<CheckBox, bool>;
+    void take(bool on);
 };
 
 /// One of a group (the options of one container): choosing it clears the others.
@@ -314,24 +328,14 @@ class ScrollBar final : public Control {
     void accept(ControlVisitor& visitor) override;
     bool interactive() const override { return true; }
 
-    class Value {
-     public:
-        explicit Value(ScrollBar& bar) : bar_(bar), value_(bar, 0) {}
-        Value(const Value&) = delete;
-        Value& operator=(const Value&) = delete;
-        Value& operator=(int value);
-        operator int() const { return value_; }
-
-     private:
-        friend class ScrollBar;
-        ScrollBar& bar_;
-        Property<int> value_;
-    } value{*this};
+    Firing<ScrollBar, int> value{*this};
 
     void range(int lowest, int highest, int page);
     /// A hand on the thumb.
     void drag(int position);
     void dropThumb();
+    /// The hand lost the thumb, which goes back to the value.
+    void loseThumb();
 
     Property<int> minimum{*this, 0}, maximum{*this, 100};
     Property<int> pageStep{*this, 10};
@@ -345,6 +349,8 @@ class ScrollBar final : public Control {
     void resetKind() override;
 
  private:
+    friend Firing<ScrollBar, int>;
+    void take(int wanted);
     int clamped(int wanted) const;
 };
 

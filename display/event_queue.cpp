@@ -2,6 +2,7 @@
 #include "display/event_queue.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "display/control.h"
 #include "display/form.h"
@@ -34,7 +35,9 @@ void EventQueue::post(Input input) {
 }
 
 void EventQueue::forget(const display::Form& form) {
-    std::erase_if(inputs_, [&form](const Input& input) { return input.form == &form; });
+    for (std::deque<Input>* inputs : {&inputs_, &waiting_}) {
+        std::erase_if(*inputs, [&form](const Input& input) { return input.form == &form; });
+    }
 }
 
 Timer* EventQueue::nextTimer() const {
@@ -58,8 +61,32 @@ std::optional<Time> EventQueue::nextDue() const {
     return next->due_;
 }
 
+bool EventQueue::standsOpen(const Input& input) const {
+    return !input.form || (input.form->loaded() && input.form->visible);
+}
+
+bool EventQueue::isKeptOut(const Input& input) const {
+    return input.waits && standsOpen(input) && (!modals_.empty() || filter());
+}
+
+void EventQueue::bringBack() {
+    inputs_.insert(inputs_.begin(), std::make_move_iterator(waiting_.begin()),
+                   std::make_move_iterator(waiting_.end()));
+    waiting_.clear();
+}
+
+void EventQueue::popModal() {
+    modals_.pop_back();
+    bringBack();
+}
+
+void EventQueue::popFilter() {
+    filters_.pop_back();
+    bringBack();
+}
+
 bool EventQueue::passes(const Input& input) const {
-    if (input.form && (!input.form->loaded() || !input.form->visible)) return false;
+    if (!standsOpen(input)) return false;
     if (!modals_.empty() && input.form != modals_.back().form) return false;
     const bool ownWindow = input.kind == Input::Kind::Form;
     if (!ownWindow && input.form && !input.form->enabled) return false;
@@ -85,7 +112,11 @@ bool EventQueue::hears(const display::Control& control) const {
 }
 
 void EventQueue::runInput(Input input) {
-    if (passes(input)) input.act();
+    if (passes(input)) {
+        input.act();
+    } else if (isKeptOut(input)) {
+        waiting_.push_back(std::move(input));
+    }
 }
 
 void EventQueue::runTimers(Time until) {

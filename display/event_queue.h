@@ -26,6 +26,8 @@ struct Input {
     display::Form* form = nullptr;
     display::Control* control = nullptr;
     std::function<void()> act;
+    /// What a run or a modal form keeps out is not lost: it comes when they are over.
+    bool waits = false;
 };
 
 /// The queue of timers and input, one for every desktop: input in the order of its coming, then
@@ -70,10 +72,10 @@ class EventQueue {
 
     /// While a modal form stands, the others hear nothing.
     void pushModal(const display::Form& form) { modals_.push_back({&form, filters_.size()}); }
-    void popModal() { modals_.pop_back(); }
+    void popModal();
 
     void pushFilter(RunFilter filter) { filters_.push_back(std::move(filter)); }
-    void popFilter() { filters_.pop_back(); }
+    void popFilter();
     bool running() const { return !filters_.empty(); }
     /// True unless a run stands that does not list the control.
     bool hears(const display::Control& control) const;
@@ -90,10 +92,15 @@ class EventQueue {
     void runInput(Input input);
     void runTimers(Time until);
     bool passes(const Input& input) const;
+    bool standsOpen(const Input& input) const;
+    bool isKeptOut(const Input& input) const;
+    void bringBack();
     const RunFilter* filter() const;
 
     std::function<Time()> clock_;
     std::deque<Input> inputs_;
+    /// Kept out, to come back later.
+    std::deque<Input> waiting_;
     std::vector<Timer*> timers_;
     std::vector<RunFilter> filters_;
     /// A modal form, and how many runs stood when it opened: those do not filter it.

@@ -31,18 +31,28 @@ void pressIfHeard(Key* key) {
 }  // namespace
 
 void Hand::press(Picture& key) {
-    post(key, [&key] { run(key.onPress); });
+    post(key, [&key] {
+        key.held = true;
+        run(key.onPress);
+    });
 }
 
 void Hand::release(Picture& key) {
     post(key, [&key] {
+        // A release whose press did not come through is none.
+        if (!key.held) return;
+        key.held = false;
         run(key.onRelease);
         run(key.onClick);
     });
 }
 
 void Hand::cancel(Picture& key) {
-    post(key, [&key] { run(key.onCancel); });
+    post(key, [&key] {
+        if (!key.held) return;
+        key.held = false;
+        run(key.onCancel);
+    });
 }
 
 void Hand::click(Picture& key) {
@@ -297,11 +307,14 @@ void Hand::close(Form& form) {
 }
 
 void Hand::unfold(Form& form) {
-    post(form, [&form] {
-        if (form.windowState == WindowState::Normal) return;
-        form.windowState = WindowState::Normal;
-        form.resized();
-    });
+    // The window stands open already: its panels come back as soon as they can.
+    desktop_.queue().post({Input::Kind::Form, &form, nullptr,
+                           [&form] {
+                               if (form.windowState == WindowState::Normal) return;
+                               form.windowState = WindowState::Normal;
+                               form.resized();
+                           },
+                           true});
 }
 
 void Hand::help(Form& form) {

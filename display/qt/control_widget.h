@@ -25,6 +25,10 @@ class ControlWidget {
 inline QString qText(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
+/// Words for a widget that would take an ampersand for the mark of a letter.
+inline QString plainWords(std::string_view text) {
+    return qText(text).replace(QLatin1Char('&'), QLatin1String("&&"));
+}
 inline std::string utf8(const QString& text) {
     const QByteArray bytes = text.toUtf8();
     return {bytes.constData(), static_cast<std::size_t>(bytes.size())};

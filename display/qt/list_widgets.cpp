@@ -105,7 +105,7 @@ void TabsWidget::sync() {
     const auto& pages = tabs_.pages();
     while (count() > static_cast<int>(pages.size())) removeTab(count() - 1);
     for (int i = 0; i < static_cast<int>(pages.size()); ++i) {
-        const QString caption = QString::fromStdString(pages[static_cast<std::size_t>(i)].caption);
+        const QString caption = plainWords(pages[static_cast<std::size_t>(i)].caption);
         if (i >= count()) {
             addTab(caption);
         } else if (tabText(i) != caption) {

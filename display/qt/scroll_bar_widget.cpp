@@ -112,6 +112,24 @@ void ScrollBarWidget::mouseReleaseEvent(QMouseEvent* event) {
     update();
 }
 
+void ScrollBarWidget::loseThumb() {
+    if (!gripped_) return;
+    gripped_ = false;
+    bar_.loseThumb();
+    desktop_.frameSoon();
+}
+
+void ScrollBarWidget::changeEvent(QEvent* event) {
+    // A disabled widget hears no release any more.
+    if (event->type() == QEvent::EnabledChange && !isEnabled()) loseThumb();
+    QAbstractSlider::changeEvent(event);
+}
+
+void ScrollBarWidget::hideEvent(QHideEvent* event) {
+    loseThumb();
+    QAbstractSlider::hideEvent(event);
+}
+
 void ScrollBarWidget::wheelEvent(QWheelEvent* event) {
     // Up on an upright bar is towards its start; on a level one, towards higher values.
     const QPoint turned = event->angleDelta();

@@ -25,8 +25,11 @@ class ScrollBarWidget final : public QAbstractSlider, public ControlWidget {
     void mouseReleaseEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
  private:
+    void loseThumb();
     qreal along(QPointF at) const;
     qreal length() const;
     qreal thumbLength() const;

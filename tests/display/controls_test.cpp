@@ -158,6 +158,26 @@ TEST_F(Controls, AClearedListHasNoSelection) {
     EXPECT_EQ(form.List1.revision(), before);
 }
 
+TEST_F(Controls, AScrollBarDisabledInTheMiddleOfADragIsNotDraggedAnyMore) {
+    form.HScroll1.value = 10;
+    form.HScroll1.drag(60);
+    form.HScroll1.enabled = false;
+    form.HScroll1.value = 20;
+    EXPECT_FALSE(form.HScroll1.dragging);
+    EXPECT_EQ(form.HScroll1.thumb, 20);
+    form.HScroll1.dropThumb();
+    EXPECT_EQ(form.HScroll1.value, 20);
+}
+
+TEST_F(Controls, AThumbThatAHandLostGoesBackToTheValue) {
+    form.HScroll1.value = 10;
+    form.HScroll1.drag(60);
+    form.HScroll1.loseThumb();
+    EXPECT_FALSE(form.HScroll1.dragging);
+    EXPECT_EQ(form.HScroll1.thumb, 10);
+    EXPECT_EQ(form.HScroll1.value, 10);
+}
+
 TEST_F(Controls, AScrollBarsValueIsClampedToItsRange) {
     form.HScroll1.value = 300;
     EXPECT_EQ(form.HScroll1.value, 205);

@@ -48,6 +48,68 @@ TEST_F(Hands, ReleasedOutsideAPictureKeyComesUpAndDoesNothing) {
     EXPECT_EQ(form.heard, (Heard{"KeyN press", "KeyN cancel"}));
 }
 
+TEST_F(Hands, AReleaseWithoutAPressOnThatKeyIsNone) {
+    hand.release(form.KeyN);
+    hand.cancel(form.KeyN);
+    desktop.settle();
+    EXPECT_EQ(form.heard, Heard{});
+    hand.click(form.KeyN);
+    hand.release(form.KeyN);
+    desktop.settle();
+    EXPECT_EQ(form.heard, (Heard{"KeyN press", "KeyN release", "KeyN click"}));
+}
+
+TEST_F(Hands, AReleaseWhosePressARunKeptOutIsNone) {
+    desktop.queue().openGate();
+    desktop.queue().pushFilter({});
+    hand.press(form.KeyN);
+    desktop.settle();
+    desktop.queue().popFilter();
+    hand.release(form.KeyN);
+    desktop.settle();
+    EXPECT_EQ(form.heard, Heard{});
+}
+
+TEST_F(Hands, AnUnfoldDuringARunComesWhenTheRunIsOver) {
+    form.windowState = WindowState::Minimised;
+    desktop.queue().pushFilter({});
+    hand.unfold(form);
+    desktop.settle();
+    EXPECT_EQ(form.windowState.get(), WindowState::Minimised);
+    desktop.queue().popFilter();
+    desktop.settle();
+    EXPECT_EQ(form.windowState.get(), WindowState::Normal);
+    EXPECT_EQ(form.heard, (Heard{"resized"}));
+}
+
+TEST_F(Hands, AnUnfoldBehindAModalFormComesWhenThatIsGone) {
+    SampleForm asked(desktop, "Asked");
+    form.windowState = WindowState::Minimised;
+    desktop.modalScripts["Asked"] = [this](Form& modal) {
+        hand.unfold(form);
+        hand.click(form.Key1);
+        desktop.queue().post({Input::Kind::Control, &modal, nullptr, [&modal] { modal.hide(); }});
+    };
+    asked.showModal();
+    EXPECT_EQ(form.windowState.get(), WindowState::Minimised);
+    desktop.settle();
+    EXPECT_EQ(form.windowState.get(), WindowState::Normal);
+    // What a hand does on a control behind it is lost, as ever.
+    EXPECT_EQ(form.heard, (Heard{"resized"}));
+}
+
+TEST_F(Hands, AnUnfoldOfAFormThatWentAwayMeanwhileIsForgotten) {
+    form.windowState = WindowState::Minimised;
+    desktop.queue().pushFilter({});
+    hand.unfold(form);
+    desktop.settle();
+    form.unload();
+    desktop.queue().popFilter();
+    form.heard.clear();
+    desktop.settle();
+    EXPECT_EQ(form.heard, Heard{});
+}
+
 TEST_F(Hands, TypeEachCharacterAtTheEnd) {
     EXPECT_EQ(typed(" 1"), "Radio 1");
     EXPECT_EQ(form.heard, (Heard{"Text1 change", "Text1 change"}));

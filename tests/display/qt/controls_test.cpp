@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QTabBar>
 
 #include "display/qt/scroll_bar_widget.h"
@@ -278,6 +279,37 @@ TEST_F(Controls, DisabledControl_HearsNothingAndEnabledAgainItDoes) {
     QTest::mouseClick(&widget(sample->Key1), Qt::LeftButton);
     settle();
     EXPECT_EQ(times("Key1 click"), 1);
+}
+
+TEST_F(Controls, ScrollBar_DisabledInTheMiddleOfADrag_LetsTheThumbGo) {
+    auto& bar = dynamic_cast<ScrollBarWidget&>(widget(sample->HScroll1));
+    sample->HScroll1.value = 10;
+    settle();
+    const QPoint grip = bar.thumb().center().toPoint();
+    QTest::mousePress(&bar, Qt::LeftButton, {}, grip);
+    QMouseEvent move(QEvent::MouseMove, grip + QPoint(30, 0), bar.mapToGlobal(grip + QPoint(30, 0)),
+                     Qt::NoButton, Qt::LeftButton, {});
+    QApplication::sendEvent(&bar, &move);
+    settle();
+    ASSERT_TRUE(sample->HScroll1.dragging);
+    sample->HScroll1.enabled = false;
+    settle();
+    EXPECT_FALSE(sample->HScroll1.dragging);
+    EXPECT_EQ(sample->HScroll1.thumb, 10);
+    sample->HScroll1.enabled = true;
+    settle();
+    QApplication::sendEvent(&bar, &move);
+    QTest::mouseRelease(&bar, Qt::LeftButton, {}, grip + QPoint(30, 0));
+    settle();
+    EXPECT_EQ(sample->HScroll1.value, 10);
+}
+
+TEST_F(Controls, WordsWithAnAmpersand_ShowIt) {
+    sample->Check1.caption = "Treble & bass";
+    sample->Option1.caption = "A&B";
+    settle();
+    EXPECT_EQ(dynamic_cast<QAbstractButton&>(widget(sample->Check1)).text(), "Treble && bass");
+    EXPECT_EQ(dynamic_cast<QAbstractButton&>(widget(sample->Option1)).text(), "A&&B");
 }
 
 TEST_F(Controls, DisabledForm_DisablesEveryWidget) {
