@@ -48,6 +48,10 @@ bool Control::usable() const {
     return form_.enabled;
 }
 
+void Control::takeFocus() {
+    form_.desktop().giveFocus(*this);
+}
+
 std::string_view Control::spokenName() const {
     return form_.language == Language::Spanish ? says.spanish : says.english;
 }

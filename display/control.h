@@ -67,6 +67,9 @@ class Control : public Revised {
     bool shown() const;
     bool usable() const;
 
+    /// Gives it the keyboard; later, where it cannot take it yet.
+    void takeFocus();
+
     /// What the screen reader says and the tool tip shows, in the language of the form.
     std::string_view spokenName() const;
 
@@ -86,6 +89,8 @@ class Control : public Revised {
     Words tip;
     /// Place in the Tab order; 0 keeps it out of it.
     int tabIndex = 0;
+    /// A click leaves the keyboard where it was.
+    bool leavesFocus = false;
 
     /// How often a layout placed it since the last load: exactly once, or the form is wrong.
     int timesPlaced = 0;

@@ -11,6 +11,7 @@
 
 namespace display {
 
+class Control;
 class Form;
 
 enum class BoxIcon { None, Information, Critical };
@@ -76,6 +77,8 @@ class Desktop {
 
     virtual void pointer(PointerShape shape) = 0;
     virtual void beep() = 0;
+    /// The keyboard goes to the control of a shown form.
+    virtual void giveFocus(Control& control) = 0;
     virtual void setClipboardText(std::string_view text) = 0;
 
     /// Prints the image of these windows, one under the other as they stand, on one page of the

@@ -106,7 +106,12 @@ void HeadlessDesktop::formShown(Form& form) {
     if (form.visible && form.raisesResizeAtShow()) form.resized();
 }
 
+void HeadlessDesktop::giveFocus(Control& control) {
+    if (control.shown()) focus = &control;
+}
+
 void HeadlessDesktop::formHidden(Form& form) {
+    if (focus && &focus->form() == &form) focus = nullptr;
     note("hide " + form.name());
 }
 

@@ -48,6 +48,8 @@ class HeadlessDesktop final : public Desktop {
     std::string clipboard;
     PointerShape pointerShape = PointerShape::Arrow;
     int beeps = 0;
+    /// Where the keyboard was last given to; null when that form went away.
+    Control* focus = nullptr;
     int passes = 0;
     std::vector<std::vector<const Form*>> printed;
     std::string helpShown;
@@ -74,6 +76,7 @@ class HeadlessDesktop final : public Desktop {
     void letEventsThrough() override;
     void pointer(PointerShape shape) override { pointerShape = shape; }
     void beep() override { ++beeps; }
+    void giveFocus(Control& control) override;
     void setClipboardText(std::string_view text) override { clipboard = text; }
     std::string printImage(const std::vector<const Form*>& forms) override;
     void showHelp(std::string_view fileName) override;

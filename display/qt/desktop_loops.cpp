@@ -111,7 +111,7 @@ void QtDesktop::frame() {
     for (const auto& [form, window] : windows_) {
         if (form->visible) window->sync();
     }
-    focus_.settle();
+    settleFocus();
 }
 
 void QtDesktop::letEventsThrough() {

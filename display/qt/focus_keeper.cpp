@@ -15,6 +15,14 @@ void FocusKeeper::closed(const Form& form) {
         if (opener.form == &form) waiting_ = opener.key;
     }
     std::erase_if(openers_, [&form](const Opener& opener) { return opener.form == &form; });
+    if (wanted_ && &wanted_->form() == &form) wanted_ = nullptr;
+}
+
+void FocusKeeper::arrive(QWidget* widget) {
+    if (!widget || !widget->isEnabled() || !widget->isVisible()) return;
+    wanted_ = nullptr;
+    // Where another window is the active one it comes with the next activation.
+    widget->setFocus(Qt::OtherFocusReason);
 }
 
 void FocusKeeper::settle() {

@@ -14,7 +14,8 @@ FormView::FormView(QtDesktop& desktop, Form& form, QWidget* parent)
     : QWidget(parent), desktop_(desktop), form_(form), scale_(desktop.scale()) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
-    setFocusPolicy(Qt::ClickFocus);
+    // A click beside the controls leaves the keyboard where it is.
+    setFocusPolicy(Qt::NoFocus);
     setObjectName(QString::fromStdString(form.name()));
     build();
 }
@@ -62,6 +63,18 @@ void FormView::orderTabs() {
         if (before) setTabOrder(before, next);
         before = next;
     }
+}
+
+void FormView::focusFirst() {
+    const Item* first = nullptr;
+    for (const Item& item : items_) {
+        if (!item.widget || item.control->tabIndex <= 0 || !item.widget->widget().isEnabled() ||
+            item.widget->widget().isHidden()) {
+            continue;
+        }
+        if (!first || item.control->tabIndex < first->control->tabIndex) first = &item;
+    }
+    (first ? &first->widget->widget() : this)->setFocus(Qt::OtherFocusReason);
 }
 
 bool FormView::containersChanged() const {

@@ -32,6 +32,9 @@ class FormView final : public QWidget {
     /// Takes over what changed and asks for the repaint of just that. Nothing is painted before.
     void sync();
 
+    /// The focus goes to the first control of the Tab order that can take it.
+    void focusFirst();
+
     /// A widget of the form that stands for that control, or null.
     QWidget* widgetOf(const Control& control) const;
     const Scale& scale() const { return scale_; }

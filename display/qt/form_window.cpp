@@ -68,6 +68,8 @@ void FormWindow::appear(const QWidget* over) {
     show();
     raise();
     activateWindow();
+    // Each time anew, wherever the keyboard was when the window closed.
+    view_.focusFirst();
 }
 
 void FormWindow::sync() {

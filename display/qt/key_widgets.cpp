@@ -20,7 +20,8 @@ void paintFocusRing(QPainter& painter, const QRectF& box) {
 }
 
 Qt::FocusPolicy focusPolicyOf(const Control& control, Qt::FocusPolicy outside) {
-    return control.tabIndex > 0 ? Qt::StrongFocus : outside;
+    if (control.tabIndex == 0) return outside;
+    return control.leavesFocus ? Qt::TabFocus : Qt::StrongFocus;
 }
 
 namespace {
@@ -212,7 +213,7 @@ CheckBoxWidget::CheckBoxWidget(QtDesktop& desktop, CheckBox& box, QWidget* paren
 
 void CheckBoxWidget::sync() {
     dressWords(*this, box_, desktop_);
-    setText(qText(box_.caption));
+    setText(plainWords(box_.caption));
     setChecked(box_.checked);
 }
 
@@ -227,7 +228,7 @@ OptionWidget::OptionWidget(QtDesktop& desktop, Option& option, QWidget* parent)
 
 void OptionWidget::sync() {
     dressWords(*this, option_, desktop_);
-    setText(qText(option_.caption));
+    setText(plainWords(option_.caption));
     setChecked(option_.chosen);
 }
 

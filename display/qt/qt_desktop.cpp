@@ -76,6 +76,28 @@ void QtDesktop::beep() {
     QApplication::beep();
 }
 
+void QtDesktop::giveFocus(Control& control) {
+    focus_.give(control);
+    settleFocus();
+    frameSoon();
+}
+
+void QtDesktop::settleFocus() {
+    if (const Control* wanted = focus_.wanted()) {
+        const FormView* view = viewOf(wanted->form());
+        focus_.arrive(view ? view->widgetOf(*wanted) : nullptr);
+    }
+    focus_.settle();
+    // Where no control can take the keyboard, Enter, Escape and the help key still reach the form.
+    if (QApplication::focusWidget() || !QApplication::activeWindow()) return;
+    for (const Form* form : forms()) {
+        FormView* view = form->visible ? viewOf(*form) : nullptr;
+        if (!view || view->window() != QApplication::activeWindow()) continue;
+        view->setFocus(Qt::OtherFocusReason);
+        return;
+    }
+}
+
 void QtDesktop::setClipboardText(std::string_view text) {
     QGuiApplication::clipboard()->setText(qText(text));
 }

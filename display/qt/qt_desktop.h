@@ -53,6 +53,7 @@ class QtDesktop : public Desktop {
     void letEventsThrough() override;
     void pointer(PointerShape shape) override;
     void beep() override;
+    void giveFocus(Control& control) override;
     void setClipboardText(std::string_view text) override;
     std::string printImage(const std::vector<const Form*>& forms) override;
     void showHelp(std::string_view fileName) override;
@@ -122,6 +123,7 @@ class QtDesktop : public Desktop {
     bool anythingStale() const;
     void paintNow(const Form& form);
     void enableViews();
+    void settleFocus();
     FormWindow& windowOf(Form& form);
     const QWidget* opener() const;
     bool spanish() const;

@@ -26,6 +26,17 @@ class Headless : public testing::Test {
     SampleForm form{desktop};
 };
 
+TEST_F(Headless, KeepsWhereTheKeyboardWasGivenUntilThatFormGoes) {
+    form.show();
+    form.Text1.takeFocus();
+    EXPECT_EQ(desktop.focus, &form.Text1);
+    form.Key1.visible = false;
+    form.Key1.takeFocus();
+    EXPECT_EQ(desktop.focus, &form.Text1);
+    form.hide();
+    EXPECT_EQ(desktop.focus, nullptr);
+}
+
 TEST_F(Headless, AnUnscriptedMessageBoxFails) {
     EXPECT_THROW(desktop.messageBox({"Title", "Text"}), Unscripted);
     desktop.boxAnswers.emplace_back("OK");
