@@ -138,6 +138,54 @@ TEST_F(Painting, Drawing_BoxesTakeTheirLastDotsInAndClearTakesThemAway) {
     EXPECT_NE(colourAt(corner + QPoint(2, 2)), QColor(0, 255, 0));
 }
 
+TEST_F(Painting, Drawing_WhatNoBoxFilledShowsWhatLiesBehind) {
+    const QPoint corner =
+        view(*sample).scale().snapped(sample->PictureBox1.boxOnForm()).topLeft().toPoint();
+    sample->PictureBox1.drawing.clear();
+    settle();
+    const QPoint free = corner + QPoint(3, 3), filled = corner + QPoint(30, 60);
+    const QColor behindFree = colourAt(free), behindFilled = colourAt(filled);
+    sample->PictureBox1.drawing.foreground = kRed;
+    sample->PictureBox1.drawing.box(0, 20, 120, 100);
+    settle();
+    EXPECT_EQ(colourAt(free), behindFree);
+    EXPECT_EQ(colourAt(filled), QColor(Qt::red));
+    // Begun anew with a smaller box, nothing of the larger one stays.
+    sample->PictureBox1.drawing.clear();
+    sample->PictureBox1.drawing.foreground = kGreen;
+    sample->PictureBox1.drawing.box(0, 80, 120, 100);
+    settle();
+    EXPECT_EQ(colourAt(filled), behindFilled);
+}
+
+TEST_F(Painting, Drawing_ManyRedrawsOverEachOther_EqualOneThatIsDrawnOnce) {
+    Drawing& drawing = sample->PictureBox1.drawing;
+    auto redraw = [&](int frame) {
+        drawing.foreground = kBlack;
+        drawing.box(0, 0, drawing.outerWidth(), drawing.outerHeight());
+        drawing.foreground = kRed;
+        drawing.textX = 5;
+        drawing.textY = 5;
+        drawing.print("102.5");
+        drawing.line(0, 90, 120, 10);
+        drawing.line(0, 50, 120, 50);
+        drawing.foreground = kGreen;
+        for (int i = 0; i < 12; ++i) {
+            const auto x = static_cast<float>(10 * i);
+            drawing.box(x, static_cast<float>((frame * 13 + i * 29) % 90), x + 4, 98);
+        }
+    };
+    for (int frame = 1; frame <= 5; ++frame) {
+        redraw(frame);
+        settle();
+    }
+    const QImage often = view(*sample).grab().toImage();
+    drawing.clear();
+    redraw(5);
+    settle();
+    EXPECT_EQ(often, view(*sample).grab().toImage());
+}
+
 TEST(ScaleTest, EdgesFallOnDevicePixelsAtEveryRatio) {
     for (const double ratio : {1.0, 1.25, 1.5, 2.0}) {
         const Scale scale(0.0987, ratio);
