@@ -143,8 +143,7 @@ class Rack:
         return round(left + across * width), round(top + down * height)
 
     def click(self, form, control, across=0.5, down=0.5):
-        if form not in PANELS:
-            self.screen.activate(self.wait_open(form))
+        self.screen.activate(self.wait_open(form))
         self.screen.click(*self.point(form, control, across, down))
 
     def look(self, form, control):
