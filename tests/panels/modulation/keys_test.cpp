@@ -103,7 +103,8 @@ TEST(FirstSlowTick, ShowsTheDetectorOfTheSettings) {
         const char* peak;
     };
     for (const Case& at :
-         {Case{"1", "msA", "PeakN"}, Case{"0", "msN", "PeakA"}, Case{"7", "msN", "PeakA"}}) {
+         {Case{"1", "msA", "PeakN"}, Case{"0", "msN", "PeakA"}, Case{"7", "msN", "PeakA"},
+          Case{" 1", "msA", "PeakN"}, Case{"", "msN", "PeakA"}}) {
         RackBench bench;
         bench.write("hm-16.dat", lines({"1", "0", "0", "1", "0", at.line6, "0", "0"}));
         bench.start();
@@ -123,7 +124,8 @@ TEST(FirstSlowTick, ShowsTheAudioModeOfTheSettings) {
         const char* sum;
         const char* leftRight;
     };
-    for (const Case& at : {Case{"1", "LRA", "LyRN"}, Case{"0", "LRN", "LyRA"}}) {
+    for (const Case& at : {Case{"1", "LRA", "LyRN"}, Case{"0", "LRN", "LyRA"},
+                           Case{" 1 ", "LRA", "LyRN"}, Case{"LR", "LRN", "LyRA"}}) {
         RackBench bench;
         bench.start();
         // The start itself falls back to "0".

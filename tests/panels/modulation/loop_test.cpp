@@ -122,6 +122,34 @@ TEST(Loop, APeakAboveTheHeldOneSwitchesItsFallOn) {
     EXPECT_TRUE(bench.form1.Timer1.enabled);
 }
 
+TEST(Loop, TheSlowTickEndsWithTheQualityPanelsLastFigures) {
+    RackBench bench;
+    bench.start();
+    bench.advance(100ms);
+    bench.form1.Timer1.enabled = false;
+    bench.formB.Timer2.enabled = false;
+    bench.driver.noteData = true;
+    bench.takeCalls();
+    bench.advance(100ms);
+    // Field, numbers and lamp, then the five figures of the quality panel; only the last of them
+    // asks for RDS.
+    EXPECT_THAT(bench.takeCalls(),
+                testing::ElementsAre("HM_Data", "HM_Data", "HM_Data", "HM_Data", "HM_Data",
+                                     "HM_Data", "HM_Data", "HM_Data", "HM_DataRDS"));
+}
+
+TEST(Loop, TheSlowTickDrawsOneNumberWithAUnit) {
+    RackBench bench;
+    bench.start();
+    bench.advance(100ms);
+    bench.form1.Timer1.enabled = false;
+    bench.formB.Timer2.enabled = false;
+    bench.formB.Timer3.enabled = false;
+    bench.desktop.randoms = {0.5, 0.25};
+    bench.advance(100ms);
+    EXPECT_EQ(bench.desktop.randoms.size(), 1u);
+}
+
 TEST(Loop, RelativePowerIsKeptAsText) {
     RackBench bench;
     bench.output(5) = 3.5f;

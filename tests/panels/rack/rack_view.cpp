@@ -143,13 +143,17 @@ void RackView::addPhaseAndPower() {
     Form_B& panel = bench_.formB;
     places_["phase"] = [&] { return text(panel.Label_PhaseVector); };
     places_["phase needle"] = [&] { return degrees(panel.Line1, 840); };
-    places_["phase trail"] = [&]() -> std::string {
-        // All the same on a steady reading.
-        const std::string first = degrees(panel.Line2, 840);
-        for (const Line* line : {&panel.Line3, &panel.Line4, &panel.Line5, &panel.Line6}) {
-            if (degrees(*line, 840) != first) return "?";
+    places_["phase trail"] = [&] {
+        // One angle on a steady reading.
+        std::string trail;
+        std::string last;
+        for (const Line* line :
+             {&panel.Line2, &panel.Line3, &panel.Line4, &panel.Line5, &panel.Line6}) {
+            const std::string angle = degrees(*line, 840);
+            if (angle != last) trail += (trail.empty() ? "" : " ") + angle;
+            last = angle;
         }
-        return first;
+        return trail;
     };
     places_["phase digits"] = [&]() -> std::string {
         const Colour hundreds = panel.Line120.colour;
