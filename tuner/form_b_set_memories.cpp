@@ -52,6 +52,7 @@ void Form_bSetMemories::onLoad() {
 }
 
 void Form_bSetMemories::activated() {
+    Text1.takeFocus();
     if (LoadedOnce == 1) return;
     label_dbCorrection.locked = true;
     MemoryBlock = readBlock();

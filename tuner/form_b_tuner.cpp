@@ -32,6 +32,10 @@ void Form_bTuner::onLoad() {
     language = spanish ? display::Language::Spanish : display::Language::English;
 }
 
+void Form_bTuner::activated() {
+    Text1.takeFocus();
+}
+
 void Form_bTuner::closeRequested() {
     SSCommand12.press();
 }

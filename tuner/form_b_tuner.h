@@ -12,6 +12,7 @@ class Form_bTuner final : public ProgramForm {
  public:
     explicit Form_bTuner(Program& program);
 
+    void activated() override;
     void closeRequested() override;
 
     display::Panel Faceplate{*this, "Faceplate"};  ///< the window is moved by it

@@ -55,6 +55,7 @@ void Form_bTuner::layOut() {
         key.says = {kFigures[digit], kFigures[digit]};
         key.tip = kDigitTip;
         key.tabIndex = ++tab;
+        key.leavesFocus = true;
     }
     place(SSCommand11, padBox(3, 0)).caption = "Cls";
     SSCommand11.says = {"Borrar los dígitos", "Clear the digits"};
@@ -73,6 +74,8 @@ void Form_bTuner::layOut() {
     for (Key* key : {&SSCommand11, &SSCommand13, &SSCommand10, &SSCommand12}) {
         key->tabIndex = ++tab;
     }
+    // Clicked digits and typed ones may follow each other.
+    for (Key* key : {&SSCommand11, &SSCommand13, &SSCommand10}) key->leavesFocus = true;
 }
 
 }  // namespace hmonitor

@@ -25,6 +25,16 @@ struct MemoryEditor : testing::Test {
     }
 };
 
+TEST_F(MemoryEditor, BeginsInTheFrequencyFieldEachTimeItOpens) {
+    bench.start();
+    for (int time = 0; time < 2; ++time) {
+        bench.openEditor();
+        EXPECT_EQ(bench.desktop.focus, &editor.Text1);
+        bench.click(editor.SSCommand18);
+        EXPECT_EQ(bench.desktop.focus, nullptr);
+    }
+}
+
 TEST_F(MemoryEditor, OpensFromTheSetKeyOnTheMemoryOfTheRack) {
     bench.start();
     bench.hand.press(bench.formB.Image3);

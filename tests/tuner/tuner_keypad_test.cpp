@@ -36,6 +36,25 @@ TEST_F(TunerKeypad, OpensFromTheRemoteKey) {
     EXPECT_EQ(keypad.Text1.text, "");
 }
 
+TEST_F(TunerKeypad, BeginsInItsFieldEachTimeItOpens) {
+    startInKeypad();
+    EXPECT_EQ(bench.desktop.focus, &keypad.Text1);
+    bench.click(keypad.SSCommand12);
+    EXPECT_EQ(bench.desktop.focus, nullptr);
+    bench.openKeypad();
+    EXPECT_EQ(bench.desktop.focus, &keypad.Text1);
+}
+
+TEST_F(TunerKeypad, AClickOnAnyKeyButCloseLeavesTheKeyboardInTheField) {
+    startInKeypad();
+    for (int digit = 1; digit <= 9; ++digit) EXPECT_TRUE(keypad.digits[digit].leavesFocus);
+    for (const display::Key* key :
+         {&keypad.SSCommand10, &keypad.SSCommand11, &keypad.SSCommand13}) {
+        EXPECT_TRUE(key->leavesFocus) << key->name();
+    }
+    EXPECT_FALSE(keypad.SSCommand12.leavesFocus);
+}
+
 TEST_F(TunerKeypad, EachDigitKeyAppendsItsDigit) {
     startInKeypad();
     for (int digit = 1; digit <= 9; ++digit) {
