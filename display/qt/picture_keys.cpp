@@ -59,16 +59,18 @@ bool paintArrow(QPainter& painter, const QRectF& box, qreal unit, QColor colour,
 
 }  // namespace
 
+qreal capTextHeight(QSizeF box, qreal unit, const QString& text) {
+    const qreal height = std::min(12 * unit, box.height() * 0.55);
+    const qreal room = box.width() - 8 * unit;
+    const qreal width =
+        QFontMetricsF(Faces::get().font(height, Weight::Bold)).horizontalAdvance(text);
+    return width > room && width > 0 ? height * room / width : height;
+}
+
 void paintCapText(QPainter& painter, const QRectF& box, qreal unit, QColor colour,
                   const QString& text) {
     if (text.isEmpty() || paintArrow(painter, box, unit, colour, text)) return;
-    qreal height = std::min(12 * unit, box.height() * 0.55);
-    QFont font = Faces::get().font(height, Weight::Bold);
-    // Words that are too wide for the key are set smaller, never cut.
-    const qreal room = box.width() - 8 * unit;
-    const qreal width = QFontMetricsF(font).horizontalAdvance(text);
-    if (width > room && width > 0) font = Faces::get().font(height * room / width, Weight::Bold);
-    painter.setFont(font);
+    painter.setFont(Faces::get().font(capTextHeight(box.size(), unit, text), Weight::Bold));
     painter.setPen(colour);
     painter.drawText(box, Qt::AlignCenter | Qt::TextDontClip | Qt::TextShowMnemonic, text);
 }

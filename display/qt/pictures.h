@@ -38,6 +38,8 @@ const std::vector<NamedPicture>& keyPictures();
 enum class Cap { Dark, Lit };
 enum class CapMark { None, Amber };
 void paintCap(QPainter& painter, const QRectF& box, qreal unit, Cap cap, CapMark mark);
+/// How high the words on a cap are set: words that are too wide for it get smaller, never cut.
+qreal capTextHeight(QSizeF box, qreal unit, const QString& text);
 /// The words on a cap, set smaller where they would not fit.
 void paintCapText(QPainter& painter, const QRectF& box, qreal unit, QColor colour,
                   const QString& text);
