@@ -47,6 +47,7 @@ std::vector<Include> includesOf(const SourceFile& file) {
     static const std::regex kInclude(R"(^\s*#\s*include\s*([<"])([^>"]+)[>"])");
     std::vector<Include> found;
     for (std::size_t i = 0; i < file.lines.size(); ++i) {
+        if (file.lines[i].find("include") == std::string::npos) continue;
         std::smatch match;
         if (std::regex_search(file.lines[i], match, kInclude)) {
             found.push_back({i, match[2], match[1] == "\""});

@@ -24,7 +24,7 @@ struct SourceFile {
 };
 
 /// Every C and C++ file of the tree's own folders, in the order of their paths.
-inline std::vector<SourceFile> sourceFiles() {
+inline std::vector<SourceFile> readSourceFiles() {
     namespace fs = std::filesystem;
     const fs::path top = HMONITOR_SOURCE_DIR;
     std::vector<SourceFile> files;
@@ -42,6 +42,12 @@ inline std::vector<SourceFile> sourceFiles() {
         }
     }
     std::ranges::sort(files, {}, &SourceFile::path);
+    return files;
+}
+
+/// The same, read once.
+inline const std::vector<SourceFile>& sourceFiles() {
+    static const std::vector<SourceFile> files = readSourceFiles();
     return files;
 }
 

@@ -211,6 +211,8 @@ TEST(Figures, BetweenStationsThereIsNoiseAndNoPilot) {
         ASSERT_EQ(stationAt(frequency), nullptr);
         const Tuning tuning = tunedTo(frequency);
         EXPECT_LE(over(tuning, [](auto& r) { return r.pilotLevel; }).high, 0.3) << frequency;
+        // Nowhere near the mark that ends a response run.
+        EXPECT_LE(over(tuning, [](auto& r) { return std::abs(r.pilotError); }).high, 20);
         EXPECT_GT(over(tuning, [](auto& r) { return r.noiseLeft; }).low, -20) << frequency;
         EXPECT_LT(over(tuning, [](auto& r) { return r.field; }).high, 45) << frequency;
         EXPECT_EQ(over(tuning, [](auto& r) { return r.separationLeft; }).high, 0) << frequency;

@@ -5,8 +5,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <sstream>
 #include <vector>
 
@@ -55,6 +57,17 @@ Memory memory(const std::string& block, int number) {
 double frequencyOf(const Memory& memory) {
     const double value = hm16::numberIn(memory.frequency).value_or(0);
     return value >= 8755 ? std::floor(value / 10) + 0.5 : value;
+}
+
+TEST(Install, HasEveryFileThatTheProgramTakesForGrantedAndAFolderForLogs) {
+    const std::filesystem::path install = HMONITOR_SOURCE_DIR "/install";
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(install)) {
+        names.insert(entry.path().filename().string());
+    }
+    EXPECT_THAT(names, testing::IsSupersetOf({"Hm-res.dat", "Logs", "halden.dat", "hm-16.dat",
+                                              "hm-16.hlp", "hm-16.ini", "normal.hm", "scan.dat"}));
+    EXPECT_TRUE(std::filesystem::is_directory(install / "Logs"));
 }
 
 TEST(Install, SettingsOfThePanelsAreTheirFirstOnes) {

@@ -172,6 +172,16 @@ TEST(LibraryStates, SweepFramesComeUntilStopped) {
     EXPECT_EQ(unit->tramaEspectroRecibida(), 0);
 }
 
+TEST(LibraryStates, AFrameTakesTwoMillisecondsAPoint) {
+    const SimulatedLibrary unit("");
+    unit->init();
+    const auto start = std::chrono::steady_clock::now();
+    // 87.5 to 108 MHz by 250 kHz: 83 points.
+    EXPECT_EQ(unit->startEspectro(875, 1080, 250), 0);
+    ASSERT_TRUE(unit.frameComes());
+    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(166));
+}
+
 TEST(LibraryStates, SweptLevelsStayAfterTheStopAndOverTheNextSweep) {
     const SimulatedLibrary unit(kFast);
     unit->init();

@@ -47,6 +47,32 @@ TEST(Threads, ReadingsAreWholeWhileAnotherThreadDrivesTheUnit) {
     EXPECT_GT(looks, 60);
 }
 
+// A single level takes 50 ms here. Were the readings behind the same lock, they would come once a
+// level at best.
+TEST(Threads, ReadingsNeverWaitForAMeasurementOrAnIdleUnit) {
+    const SimulatedLibrary unit("pace = 0.1\n");
+    unit->init();
+    for (int i = 0; i < 100; ++i) EXPECT_EQ(unit.readings(), unit.readings());
+    unit.tune(985);
+    unit->parar();
+    std::atomic<bool> measuring{false};
+    std::thread other([&] {
+        float level = 0;
+        measuring = true;
+        for (int i = 0; i < 10; ++i) unit->super(985, &level);
+        measuring = false;
+    });
+    ASSERT_TRUE(SimulatedLibrary::eventually([&] { return measuring.load(); }));
+    long looks = 0;
+    while (measuring) {
+        EXPECT_GT(unit.readings().field, 80);
+        ++looks;
+        std::this_thread::yield();
+    }
+    other.join();
+    EXPECT_GT(looks, 30);
+}
+
 TEST(Threads, TerminateEndsTheUnitsThreadWhateverItDoes) {
     for (int round = 0; round < 20; ++round) {
         const SimulatedLibrary unit("pace = 100\n");

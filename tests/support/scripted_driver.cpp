@@ -73,6 +73,7 @@ std::int32_t ScriptedDriver::HM_Data(Readings& out) {
 
 std::int32_t ScriptedDriver::HM_DataRDS(float& error, float& level) {
     ++rdsCalls;
+    if (noteData) note("HM_DataRDS");
     if (silent) return 0;
     error = rdsError;
     level = rdsLevel;

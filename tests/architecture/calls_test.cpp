@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Calls that only some places of the program may make.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+#include <set>
+#include <string>
+
+#include "tests/architecture/source_tree.h"
+
+namespace hmonitor::test {
+namespace {
+
+using testing::ElementsAre;
+
+/// The program's own source files, without its door to the driver, in which one of the calls
+/// stands.
+std::set<std::string> filesWith(std::initializer_list<const char*> calls) {
+    std::set<std::string> found;
+    for (const SourceFile& file : sourceFiles()) {
+        const bool apart = file.isUnder("tests") || file.isUnder("bench") ||
+                           file.isUnder("drivers") || file.isUnder("core");
+        if (apart) continue;
+        for (const std::string& line : file.lines) {
+            const std::string code = line.substr(0, line.find("//"));
+            for (const char* call : calls) {
+                if (code.find(call) != std::string::npos) found.insert(file.path);
+            }
+        }
+    }
+    return found;
+}
+
+TEST(Calls, TheDriverIsClosedByThePowerKeyAndTheRefusedOfferAlone) {
+    EXPECT_THAT(filesWith({"HM_Terminate("}),
+                ElementsAre("panels/modulation/form1.cpp", "panels/modulation/form1_keys.cpp"));
+}
+
+TEST(Calls, TheDriverIsOpenedByTheSplashAlone) {
+    EXPECT_THAT(filesWith({"HM_Init("}), ElementsAre("startup/form_wait_load.cpp"));
+}
+
+TEST(Calls, TheTunerModeIsSetByTheLoadOfTheFirstPanelAlone) {
+    EXPECT_THAT(filesWith({"HM_setSintoMode("}), ElementsAre("panels/modulation/form1.cpp"));
+}
+
+TEST(Calls, TuningGoesThroughTheAudioPanelAlone) {
+    EXPECT_THAT(filesWith({"HM_Normal("}), ElementsAre("panels/audio/form_b_tuning.cpp"));
+}
+
+TEST(Calls, ThePanelSettingsAreWrittenByTheKeysThatStoreThemAlone) {
+    // Power and detector keys; audio mode; the arming of a response; the options of the editor.
+    EXPECT_THAT(filesWith({"rewritePanelLine(", ".with(PanelLine::"}),
+                ElementsAre("analyses/form_d_response.cpp", "panels/audio/form_b.cpp",
+                            "panels/modulation/form1_keys.cpp", "tuner/set_memories_store.cpp"));
+}
+
+}  // namespace
+}  // namespace hmonitor::test
