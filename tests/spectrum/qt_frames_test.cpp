@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How often the screen is painted while a channel spectrum grows on it.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTest>
+#include <QThread>
+#include <QTimer>
+
+#include "app/forms.h"
+#include "display/qt/form_view.h"
+#include "display/qt/qt_desktop.h"
+#include "tests/support/rack_bench.h"
+
+namespace hmonitor::test {
+namespace {
+
+/// The program on the real desktop with a scripted unit of points on 97.9 MHz.
+class ScreenBench {
+ public:
+    ScreenBench() {
+        scratch.write("hm-16.dat", lines({"1", "0", "0", "1", "0", "0", "0", "0"}));
+        scratch.write("normal.hm", lines({"100", "0", "0", "0", "1.000", "0", "0", "2", "90"}));
+        scratch.write("Hm-res.dat", lines({"0", "0", "0"}));
+        scratch.write("scan.dat", "");
+        scratch.write("halden.dat", memoryBlock({{1, "RADIO UNO", "979"}}));
+        driver.hardwareVersion = 1.5f;
+        driver.readings.output(14) = 70;
+    }
+
+    /// From the splash to the measuring rack.
+    bool start() {
+        constexpr int kPatience = 20000;
+        desktop.rack({&forms.form1, &forms.formB, &forms.formC, &forms.formD, &forms.form3});
+        QTimer ready;
+        QObject::connect(&ready, &QTimer::timeout, [this] {
+            // Not quit(), which would close the windows.
+            if (desktop.queue().gateOpen()) QCoreApplication::exit();
+        });
+        ready.start(20);
+        QTimer::singleShot(kPatience, &ready, [] { QCoreApplication::exit(); });
+        desktop.run([this] { forms.formWaitLoad.show(); });
+        return desktop.queue().gateOpen();
+    }
+
+    /// Before the desktop: what it is shown on.
+    struct Platform {
+        Platform() {
+            if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+                qputenv("QT_QPA_PLATFORM", "offscreen");
+        }
+    };
+
+    Platform platform;
+    int argc = 0;
+    TempFolder scratch;
+    display::qt::QtDesktop desktop{argc, nullptr};
+    ScriptedDriver driver;
+    Files files{scratch.path()};
+    Program program{desktop, driver, files};
+    Forms forms{program};
+};
+
+TEST(QtFrames, AChannelSpectrumOf33PointsIsPaintedAtMostOnceAPoint) {
+    ScreenBench bench;
+    ASSERT_TRUE(bench.start());
+    Form_D1& shows = bench.forms.formD1;
+    ASSERT_TRUE(shows.visible);
+    bench.desktop.hand().click(shows.Command3D1);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return bench.forms.formNewSpectro.visible.get(); }));
+
+    constexpr int kSpanOf33 = 5;
+    bench.driver.superLevel = 40;
+    std::vector<int> paints;
+    bench.driver.duringSuper = [&](float) {
+        // As long as a unit takes; in it a display that paints on its own would paint twice.
+        QThread::msleep(60);
+        paints.push_back(bench.desktop.viewOf(shows)->paints());
+    };
+    bench.desktop.hand().select(bench.forms.formNewSpectro.Combo1, kSpanOf33);
+    bench.desktop.hand().click(bench.forms.formNewSpectro.Command3D1);
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return paints.size() == 33 && shows.Command3D2.caption == "Ok"; }, 20000));
+
+    ASSERT_EQ(paints.size(), 33u);
+    for (std::size_t i = 1; i < paints.size(); ++i) {
+        EXPECT_LE(paints[i] - paints[i - 1], 1) << "point " << i;
+    }
+    // And the bars are seen to grow.
+    EXPECT_GE(paints.back() - paints.front(), 30);
+}
+
+}  // namespace
+}  // namespace hmonitor::test
