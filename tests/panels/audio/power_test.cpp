@@ -127,6 +127,30 @@ TEST_F(Power, NeedleTakesTheWholePartAndTheDigitsTheRoundedFigure) {
     EXPECT_EQ(units(), "2");
 }
 
+TEST_F(Power, DigitsRoundHalvesToTheEvenFigure) {
+    const std::pair<float, const char*> cases[] = {{2.25f, "22"}, {2.75f, "28"}, {3.25f, "32"}};
+    for (const auto& [said, digits] : cases) {
+        bench.output(5) = said;
+        bench.advance(100ms);
+        EXPECT_EQ(tens() + units(), digits) << said;
+    }
+    EXPECT_EQ(bench.state.PowerText, "32.5");
+}
+
+TEST_F(Power, NeedleCutsTowardsZeroBelowNothingToo) {
+    bench.output(5) = -0.09f;
+    bench.advance(100ms);
+    EXPECT_NEAR(needle(), -25, 0.001);
+    EXPECT_EQ(bench.state.PowerText, "-0.9");
+    EXPECT_EQ(tens() + units(), "00");
+}
+
+TEST_F(Power, FigureStopsAtTheEndOf16Bits) {
+    bench.output(5) = 9000;
+    bench.advance(100ms);
+    EXPECT_EQ(bench.formB.power.PowerShown, 32767);
+}
+
 TEST_F(Power, HundredLeavesTheTensPlaceAsItWas) {
     bench.output(5) = 7.3f;
     bench.advance(100ms);
