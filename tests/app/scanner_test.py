@@ -1,0 +1,191 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The band scanner with its four choices of channels, on a unit that sweeps and on one that measures
+channel by channel; results are read from the bytes of scan.dat and the pixels of the chart."""
+
+import sys
+
+sys.dont_write_bytecode = True
+from cases import SPANISH, case, main
+from screen import wait_for
+
+SCANNER = "Form_BandSCanner"
+RUN, CLOSE = "Command3D1", "CommandClose"
+ALL, EVEN, ODD, QUARTER = "Option_All", "Option_Pares", "Option_Impares", "Option_250Khz"
+QUICK = ({"version": "1.8", "pace": "10"}, {"version": "2.0", "pace": "10"})
+SLOW = ({"version": "1.8", "pace": "0.3"}, {"version": "2.0", "pace": "0.3"})
+
+# Channels of a whole run: from 87.5 (even, swept: 87.4) to 108, swept: to 107.9.
+SWEPT = {ALL: 205, EVEN: 103, ODD: 103, QUARTER: 82}
+ONE_BY_ONE = {EVEN: 103, ODD: 103}
+ONE_LEVEL = b"30\r\n"
+
+
+def levels(rack):
+    """scan.dat: whole numbers, one a line, each line closed."""
+    try:
+        data = (rack.folder / "scan.dat").read_bytes()
+    except FileNotFoundError:
+        return []
+    lines = data.split(b"\r\n")
+    return [int(line) for line in lines[:-1]] if lines[-1] == b"" else []
+
+
+def open_scanner(rack):
+    rack.click("Form_D", "Image2")
+    rack.screen.activate(rack.wait_open(SCANNER))
+
+
+def chart(rack):
+    return rack.look(SCANNER, "ChartView")
+
+
+def start_run(rack):
+    """Until the first levels stand in the chart."""
+    cleared = chart(rack)
+    rack.click(SCANNER, RUN)
+    wait_for(lambda: chart(rack) != cleared, "a cleared chart")
+    cleared = chart(rack)
+    wait_for(lambda: chart(rack) != cleared, "a chart that fills")
+
+
+def wait_levels(rack, count):
+    wait_for(lambda: len(levels(rack)) == count, f"{count} levels in scan.dat")
+
+
+def close_window(rack):
+    """By the window manager, again and again while a run holds it open."""
+
+    def closed():
+        window = rack.opened(SCANNER)
+        if window:
+            rack.screen.close_window(window)
+        return not window
+
+    wait_for(closed, "the end of the window")
+    rack.wait_back()
+
+
+def at_band_end(rack):
+    """The thumb of the chart's scroll bar has left its start."""
+    return max(rack.colour(SCANNER, "HScroll1", 0.03)) < 60
+
+
+def sweeps(rack):
+    return b"version = 1.8" in (rack.folder / "hm-16.ini").read_bytes()
+
+
+def whole_run(rack, album, option):
+    """As many levels are stored as there are channels, or none at all where a run one by one does
+    not lie under its legend."""
+    open_scanner(rack)
+    rack.click(SCANNER, option, 0.1)
+    (rack.folder / "scan.dat").write_bytes(ONE_LEVEL)
+    rack.steady_look(SCANNER, CLOSE)
+    rack.click(SCANNER, RUN)
+    wait_for(lambda: at_band_end(rack), "the chart moved to the band's end")
+    stored = SWEPT[option] if sweeps(rack) else ONE_BY_ONE.get(option)
+    if stored:
+        wait_levels(rack, stored)
+        told = levels(rack)
+        assert max(told) > 60 and min(told) < 40, f"levels from {min(told)} to {max(told)}"
+    rack.steady_look(SCANNER, "ChartView")
+    album.take(rack.screen, "band_end")
+    rack.click(SCANNER, "HScroll1", 0.02)
+    rack.screen.type("Home")
+    wait_for(lambda: not at_band_end(rack), "the chart at the band's start, by hand")
+    album.take(rack.screen, "band_start")
+    close_window(rack)
+    if not stored:
+        kept = (rack.folder / "scan.dat").read_bytes()
+        assert kept == ONE_LEVEL, "a run of channels that lie under no legend was stored"
+
+
+@case(units=QUICK)
+def all_channels(rack, album):
+    whole_run(rack, album, ALL)
+
+
+@case(languages=(SPANISH,), units=QUICK)
+def even_channels(rack, album):
+    whole_run(rack, album, EVEN)
+
+
+@case(units=QUICK)
+def odd_channels(rack, album):
+    whole_run(rack, album, ODD)
+
+
+@case(languages=(SPANISH,), units=QUICK)
+def each_250_khz(rack, album):
+    whole_run(rack, album, QUARTER)
+
+
+@case(units=SLOW)
+def stop_and_next_run(rack, album):
+    """A stopped run stores nothing; the next one begins at once, and stops too; the rack comes back.
+    A sweep is stopped by its own key, a run one by one by the key that closes."""
+    before = (rack.folder / "scan.dat").read_bytes()
+    stop = RUN if sweeps(rack) else CLOSE
+    open_scanner(rack)
+    for _ in range(2):
+        start_run(rack)
+        album.take(rack.screen, "running")
+        rack.click(SCANNER, stop)
+        rack.steady_look(SCANNER, "ChartView")
+    assert (rack.folder / "scan.dat").read_bytes() == before, "a stopped run was stored"
+    rack.type(SCANNER, "Escape")
+    rack.wait_closed(SCANNER)
+    rack.wait_back()
+
+
+@case(languages=(SPANISH,), units=SLOW)
+def closed_while_idle(rack, album):
+    open_scanner(rack)
+    close_window(rack)
+
+
+@case(languages=(SPANISH,), units=SLOW)
+def closed_in_a_run(rack, album):
+    """A sweep goes on until its own key stops it; a run one by one ends at the first close."""
+    open_scanner(rack)
+    start_run(rack)
+    rack.screen.close_window(rack.opened(SCANNER))
+    if sweeps(rack):
+        seen = chart(rack)
+        wait_for(lambda: chart(rack) != seen, "a sweep that goes on")
+        rack.click(SCANNER, RUN)
+    close_window(rack)
+
+
+@case(languages=(SPANISH,), units=SLOW)
+def closed_while_a_choice_fills(rack, album):
+    """Choosing channels asks the unit for all of them: a unit without sweeps takes its time."""
+    open_scanner(rack)
+    rack.click(SCANNER, ALL, 0.1)
+    close_window(rack)
+
+
+@case(languages=(SPANISH,), units=QUICK)
+def closed_after_a_run(rack, album):
+    (rack.folder / "scan.dat").write_bytes(ONE_LEVEL)
+    open_scanner(rack)
+    rack.click(SCANNER, RUN)
+    wait_levels(rack, 103)
+    close_window(rack)
+    assert len(levels(rack)) == 103
+
+
+@case(languages=(SPANISH,), units=({"version": "2.0", "super_fails_after": "50"},))
+def a_unit_that_fails(rack, album):
+    """Its run ends like a stop: nothing is stored, and the rack comes back."""
+    before = (rack.folder / "scan.dat").read_bytes()
+    open_scanner(rack)
+    rack.click(SCANNER, RUN)
+    rack.steady_look(SCANNER, "ChartView")
+    close_window(rack)
+    assert (rack.folder / "scan.dat").read_bytes() == before, "a broken run was stored"
+
+
+if __name__ == "__main__":
+    main()
