@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/qt/painted.h"
 
+#include <QImage>
 #include <QLinearGradient>
+#include <array>
 #include <cmath>
 
 #include "display/qt/control_widget.h"
@@ -37,6 +39,65 @@ QPolygonF segmentOutline(QPointF from, QPointF to, qreal width) {
                            from + step - across}};
 }
 
+/// A segment as dots, cast once for each of the two colours that it changes between: it is laid on
+/// the screen far more often than it is lit.
+class SegmentCast {
+ public:
+    void shape(const QPolygonF& outline, const Scale& scale) {
+        if (outline == outline_ && scale.deviceRatio() == ratio_) return;
+        outline_ = outline;
+        ratio_ = scale.deviceRatio();
+        box_ = scale.around(outline.boundingRect().adjusted(-1, -1, 1, 1));
+        casts_ = {};
+    }
+
+    void paint(QPainter& painter, const QColor& colour) {
+        // Paper has its own, finer dots.
+        const bool scaled = painter.worldTransform().type() > QTransform::TxTranslate;
+        if (scaled || painter.device()->devicePixelRatio() != ratio_) {
+            fill(painter, colour);
+        } else {
+            painter.drawImage(box_.topLeft(), cast(colour));
+        }
+    }
+
+ private:
+    struct Cast {
+        QRgb colour = 0;
+        QImage dots;
+    };
+
+    void fill(QPainter& painter, const QColor& colour) const {
+        painter.setRenderHint(QPainter::Antialiasing, true);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(colour);
+        painter.drawConvexPolygon(outline_);
+        painter.setRenderHint(QPainter::Antialiasing, false);
+    }
+
+    const QImage& cast(const QColor& colour) {
+        for (const Cast& made : casts_) {
+            if (!made.dots.isNull() && made.colour == colour.rgb()) return made.dots;
+        }
+        std::swap(casts_[0], casts_[1]);
+        Cast& made = casts_[0];
+        made.colour = colour.rgb();
+        made.dots =
+            QImage((QSizeF(box_.size()) * ratio_).toSize(), QImage::Format_ARGB32_Premultiplied);
+        made.dots.setDevicePixelRatio(ratio_);
+        made.dots.fill(Qt::transparent);
+        QPainter painter(&made.dots);
+        painter.translate(-box_.topLeft());
+        fill(painter, colour);
+        return made.dots;
+    }
+
+    QPolygonF outline_;
+    QRect box_;
+    qreal ratio_ = 0;
+    std::array<Cast, 2> casts_;
+};
+
 class PaintedLine final : public Painted {
  public:
     explicit PaintedLine(Line& line) : line_(line) {}
@@ -50,7 +111,7 @@ class PaintedLine final : public Painted {
         colour_ = qColour(line_.colour);
         stroke_ = line_.stroke;
         straight_ = stroke_ == Stroke::Plain && (a.x() == b.x() || a.y() == b.y());
-        if (stroke_ == Stroke::Segment) outline_ = segmentOutline(from_, to_, width_);
+        if (stroke_ == Stroke::Segment) segment_.shape(segmentOutline(from_, to_, width_), scale);
         if (straight_) makeBar(scale);
     }
 
@@ -65,16 +126,14 @@ class PaintedLine final : public Painted {
             painter.fillRect(bar_, colour_);
             return;
         }
-        painter.setRenderHint(QPainter::Antialiasing, true);
         if (stroke_ == Stroke::Segment) {
-            painter.setPen(Qt::NoPen);
-            painter.setBrush(colour_);
-            painter.drawConvexPolygon(outline_);
-        } else {
-            painter.setPen(QPen(colour_, width_, Qt::SolidLine,
-                                stroke_ == Stroke::Round ? Qt::RoundCap : Qt::FlatCap));
-            painter.drawLine(from_, to_);
+            segment_.paint(painter, colour_);
+            return;
         }
+        painter.setRenderHint(QPainter::Antialiasing, true);
+        painter.setPen(QPen(colour_, width_, Qt::SolidLine,
+                            stroke_ == Stroke::Round ? Qt::RoundCap : Qt::FlatCap));
+        painter.drawLine(from_, to_);
         painter.setRenderHint(QPainter::Antialiasing, false);
     }
 
@@ -96,7 +155,7 @@ class PaintedLine final : public Painted {
     Line& line_;
     QPointF from_, to_;
     QRectF bar_;
-    QPolygonF outline_;
+    SegmentCast segment_;
     QColor colour_;
     qreal width_ = 1;
     Stroke stroke_ = Stroke::Plain;
