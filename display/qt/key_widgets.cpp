@@ -196,6 +196,8 @@ void dressWords(QWidget& widget, const Control& control, const QtDesktop& deskto
     widget.setFocusPolicy(focusPolicyOf(control));
     widget.setFont(Faces::get().font(desktop.scale().px(120), Weight::Normal));
     QPalette colours = housePalette();
+    // The style draws the mark's edge from this colour, darker: an empty box must be seen.
+    colours.setColor(QPalette::Window, QColor(0xb0, 0xb8, 0xc2));
     if (standsOnLight(control)) {
         colours.setColor(QPalette::Active, QPalette::WindowText, QColor(kLitText));
         colours.setColor(QPalette::Inactive, QPalette::WindowText, QColor(kLitText));
