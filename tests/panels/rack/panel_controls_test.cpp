@@ -192,8 +192,8 @@ TEST(PanelCaptions, OfTheAudioFollowTheLanguageOfTheSystem) {
 TEST(PanelReadings, HaveNamesInBothLanguages) {
     RackBench bench;
     bench.start();
-    for (display::Form* form :
-         std::initializer_list<display::Form*>{&bench.form1, &bench.formB, &bench.formC}) {
+    for (display::Form* form : std::initializer_list<display::Form*>{&bench.form1, &bench.formB,
+                                                                     &bench.formC, &bench.formD}) {
         std::vector<std::string> spanish, english;
         for (display::Control* control : form->controls()) {
             const auto* label = dynamic_cast<display::Label*>(control);

@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What a screen reader finds of the live rack: each painted figure by its name with its value, on
+// Qt's accessibility interface, in both languages.
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QTest>
+#include <memory>
+
+#include "app/forms.h"
+#include "display/qt/form_view.h"
+#include "display/qt/qt_desktop.h"
+#include "tests/support/rack_bench.h"
+
+namespace hmonitor::test {
+namespace {
+
+using display::Form;
+using display::qt::QtDesktop;
+
+/// One application for the whole run, without a screen unless the environment names one.
+void startApplication() {
+    static int argc = 1;
+    static char name[] = "test_spoken";
+    static char* argv[] = {name, nullptr};
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    static const auto* app = new QApplication(argc, argv);
+    (void)app;
+}
+
+/// The rack on the real desktop with an ordinary station, in the language of a locale.
+class LiveRack {
+ public:
+    explicit LiveRack(const char* locale) {
+        startApplication();
+        qputenv("LC_ALL", locale);
+        folder_.write("hm-16.dat", lines({"1", "0", "0", "1", "0", "0", "0", "0"}));
+        folder_.write("normal.hm", lines({"100", "0", "0", "0", "1.000", "0", "0", "2", "90"}));
+        folder_.write("Hm-res.dat", lines({"0", "0", "0"}));
+        folder_.write("scan.dat", "");
+        folder_.write("halden.dat", memoryBlock({{1, "RADIO UNO", "981"}, {3, "TRES", "10255"}}));
+        const float ordinary[] = {80,  -10, -12, 45,   2.5f, 1.5f, 9.5f, -60,
+                                  -61, 40,  41,  0.5f, 12,   60,   12,   7};
+        for (int i = 1; i <= 16; ++i) driver.readings.output(i) = ordinary[i - 1];
+        driver.rdsError = -0.75f;
+        driver.rdsLevel = 4.2f;
+        desktop_ = std::make_unique<QtDesktop>(noArguments_, nullptr);
+        program_ = std::make_unique<Program>(*desktop_, driver, files_);
+        forms_ = std::make_unique<Forms>(*program_);
+        desktop_->rack(
+            {&forms_->form1, &forms_->formB, &forms_->formC, &forms_->formD, &forms_->form3});
+        forms_->formWaitLoad.show();
+    }
+
+    /// Lets the rack run until each figure stands; false when that takes twenty seconds.
+    bool measures() {
+        return QTest::qWaitFor(
+            [this] {
+                return forms_->formB.PanelStarted == 1 && forms_->formC.visible &&
+                       forms_->form1.meter.MultipathShown && !forms_->formB.PromR.caption.empty() &&
+                       !forms_->formC.Label_RDSLevel.caption.empty();
+            },
+            20000);
+    }
+
+    /// Of that name; a figure rather than the painted caption above it.
+    QAccessibleInterface* child(const Form& form, const QString& name) {
+        QAccessibleInterface* whole = QAccessible::queryAccessibleInterface(desktop_->viewOf(form));
+        QAccessibleInterface* last = nullptr;
+        for (int i = 0; whole && i < whole->childCount(); ++i) {
+            QAccessibleInterface* found = whole->child(i);
+            if (!found || found->text(QAccessible::Name) != name) continue;
+            if (!found->text(QAccessible::Value).isEmpty()) return found;
+            last = found;
+        }
+        return last;
+    }
+    std::string value(const Form& form, const char* name) {
+        QAccessibleInterface* found = child(form, QString::fromUtf8(name));
+        return found ? found->text(QAccessible::Value).toStdString() : "not there";
+    }
+    Forms& forms() { return *forms_; }
+
+    ScriptedDriver driver;
+
+ private:
+    TempFolder folder_;
+    Files files_{folder_.path()};
+    int noArguments_ = 0;
+    std::unique_ptr<QtDesktop> desktop_;
+    std::unique_ptr<Program> program_;
+    std::unique_ptr<Forms> forms_;
+};
+
+struct Figure {
+    display::Words name;
+    const char* value;
+};
+
+const Figure kModulation[] = {
+    {{"Barra de modulación, %", "Modulation bar, %"}, "80.0"},
+    {{"Porcentaje de modulacion [%]", "Modulation level [%]"}, "80.0"},
+    {{"F-Mod [KHz]", "F-Mod [KHz]"}, "60.0"},
+    {{"Picos por Minuto", "Peaks per Minute"}, "7"},
+    {{"Intensidad de campo [dB/uV]", "Field intensity [db/uV]"}, "60.0"},
+    {{"Multitrayecto, elementos encendidos de 5", "Multipath, elements lit of 5"}, "3"},
+};
+
+const Figure kAudio[] = {
+    {{"Nivel izquierdo, dB", "Left level, dB"}, "-10"},
+    {{"Nivel derecho, dB", "Right level, dB"}, "-12"},
+    {{"Potencia relativa", "Relative power"}, "25"},
+    {{"Fase estéreo, grados", "Stereo phase, degrees"}, "45.00"},
+    {{"Fase estéreo retenida, grados", "Held stereo phase, degrees"}, "45"},
+    {{"Frecuencia, MHz", "Frequency, MHz"}, "98.10"},
+    {{"Estación", "Station"}, "RADIO UNO"},
+    {{"Memoria", "Memory"}, "1"},
+    {{"Memoria sintonizada", "Tuned memory"}, "1"},
+};
+
+const Figure kQuality[] = {
+    {{"Error Frec. 19Khz", "19Khz Freq. Error"}, "+1.5"},
+    {{"Dígitos del error de 19 kHz", "Digits of the 19 kHz error"}, "+1.5"},
+    {{"Nivel tono piloto", "Pilot Level"}, "9.5"},
+    {{"Dígitos del nivel de piloto", "Digits of the pilot level"}, "9.5"},
+    {{"Piso de ruido, izquierdo", "Noise level, left"}, "-60.0"},
+    {{"Piso de ruido, derecho", "Noise level, right"}, "-61.0"},
+    {{"Dígitos del ruido, izquierdo y derecho", "Digits of the noise, left and right"}, "60 / 61"},
+    {{"Distorsion armonica", "Harmonic distortion"}, "0.50"},
+    {{"Dígitos de la distorsión", "Digits of the distortion"}, "0.50"},
+    {{"Separación de canales, izquierdo", "Channel separation, left"}, "40.0"},
+    {{"Separación de canales, derecho", "Channel separation, right"}, "41.0"},
+    {{"Dígitos de la separación, izquierdo y derecho", "Digits of the separation, left and right"},
+     "40 / 41"},
+    {{"Error Frec. 57Khz", "57Khz Freq. Error"}, "-0.8"},
+    {{"Nivel RDS", "RDS level"}, "4.2"},
+};
+
+class SpokenRack : public testing::TestWithParam<const char*> {
+ protected:
+    bool spanish() const { return std::string_view(GetParam()).starts_with("es"); }
+    const char* in(const display::Words& words) const {
+        return spanish() ? words.spanish : words.english;
+    }
+    template <std::size_t Count>
+    void expectSpoken(LiveRack& rack, const Form& form, const Figure (&figures)[Count]) {
+        for (const Figure& figure : figures) {
+            EXPECT_EQ(rack.value(form, in(figure.name)), figure.value) << in(figure.name);
+        }
+    }
+};
+
+TEST_P(SpokenRack, EveryPaintedFigureHasItsNameAndValue) {
+    LiveRack rack(GetParam());
+    ASSERT_TRUE(rack.measures());
+    expectSpoken(rack, rack.forms().form1, kModulation);
+    expectSpoken(rack, rack.forms().formB, kAudio);
+    expectSpoken(rack, rack.forms().formC, kQuality);
+    const std::string deviation = rack.value(
+        rack.forms().form1, in({"Desviacion de portadora [KHz]", "Carrier deviation [KHz]"}));
+    // Ten seconds must pass before the mean stands: here it is on its way.
+    EXPECT_EQ(deviation, rack.forms().form1.Label_CarrierDeviation.caption.get());
+    EXPECT_NE(deviation, "");
+    const std::string good =
+        rack.value(rack.forms().form1, in({"Multitrayecto bueno", "Multipath good"}));
+    EXPECT_EQ(good, spanish() ? "encendido" : "lit");
+}
+
+TEST_P(SpokenRack, LampsThatAreHiddenAreNotSpokenOf) {
+    LiveRack rack(GetParam());
+    ASSERT_TRUE(rack.measures());
+    QAccessibleInterface* bad =
+        rack.child(rack.forms().form1, in({"Multitrayecto malo", "Multipath bad"}));
+    ASSERT_NE(bad, nullptr);
+    EXPECT_TRUE(bad->state().invisible);
+    rack.driver.readings.output(15) = 40;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !bad->state().invisible; }, 5000));
+}
+
+TEST_P(SpokenRack, KeysAndTuningBarAreThereByTheirNames) {
+    LiveRack rack(GetParam());
+    ASSERT_TRUE(rack.measures());
+    for (const Form* form : std::initializer_list<const Form*>{
+             &rack.forms().form1, &rack.forms().formB, &rack.forms().formC, &rack.forms().formD}) {
+        for (const display::Control* control : form->controls()) {
+            if (!control->interactive() || !control->shown()) continue;
+            EXPECT_NE(rack.child(*form, QString::fromUtf8(in(control->says))), nullptr)
+                << form->name() << "." << control->name();
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, SpokenRack, testing::Values("es_AR.UTF-8", "en_US.UTF-8"),
+                         [](const auto& of) {
+                             return std::string(of.param[1] == 's' ? "Spanish" : "English");
+                         });
+
+}  // namespace
+}  // namespace hmonitor::test
