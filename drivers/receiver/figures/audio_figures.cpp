@@ -6,10 +6,10 @@
 namespace hm16::receiver {
 namespace {
 
-constexpr std::size_t kStepsPerBlock = 10;
+constexpr std::size_t kStepsPerBlock = 50;
 
 std::size_t stepSamples(double audioHz) {
-    return static_cast<std::size_t>(std::lround(audioHz * 0.005));
+    return static_cast<std::size_t>(std::lround(audioHz * ProgrammeLevel::kStepSeconds));
 }
 
 }  // namespace

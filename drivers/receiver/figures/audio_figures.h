@@ -38,7 +38,7 @@ class AudioFigures {
  private:
     void takeBlock(bool stereo);
 
-    std::size_t step_;   // samples of 5 ms
+    std::size_t step_;   // samples of a programme level's step
     std::size_t block_;  // of 50 ms
     std::vector<float> heldLeft_;
     std::vector<float> heldRight_;

@@ -14,6 +14,8 @@ constexpr double kQuietDb = -45;
 constexpr double kOffBy = 0.03;  // share by which a generator may miss the frequency
 constexpr double kOffByHz = 3;
 constexpr std::size_t kSilentLooks = 12;
+// A tone that has come last has filled a look by then, however long it goes on.
+constexpr std::size_t kLastLooks = 4;
 constexpr int kReferenceHz = 1000;
 
 int testToneAt(double hz) {
@@ -30,10 +32,12 @@ void ResponseTones::look(const SteadyTone& tone) {
     const int hz = testToneAt(tone.hz);
     // Harmonics of a test tone belong to it; what else stands beside it makes it no test tone.
     if (hz == 0 || tone.dominanceDb() < kToneDb || db < kQuietDb) {
-        if (count_ > 0 && ++looksWithout_ >= kSilentLooks) ended_ = true;
+        const std::size_t patience = count_ == kTones.size() ? 1 : kSilentLooks;
+        if (count_ > 0 && ++looksWithout_ >= patience) ended_ = true;
         return;
     }
     looksWithout_ = 0;
+    if (count_ == kTones.size() && ++looksAtLast_ >= kLastLooks) ended_ = true;
     for (std::size_t n = 0; n < count_; ++n) {
         if (found_[n]->hz != hz) continue;
         // A look that a tone only partly fills reads low: the highest one is the whole tone.

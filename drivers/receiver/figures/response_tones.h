@@ -24,7 +24,8 @@ class ResponseTones {
     // Takes one look at the audio, four of which make a second.
     void look(const SteadyTone& tone);
 
-    // True when all tones came, or when none has come for three seconds after the last.
+    // True when all tones came and the last one was heard for a second or is over, or when none has
+    // come for three seconds.
     bool ended() const { return ended_; }
 
     // The tones found, in the order in which they came.
@@ -39,6 +40,7 @@ class ResponseTones {
     std::array<std::optional<Found>, kTones.size()> found_;
     std::size_t count_ = 0;
     std::size_t looksWithout_ = 0;
+    std::size_t looksAtLast_ = 0;
     bool ended_ = false;
 };
 

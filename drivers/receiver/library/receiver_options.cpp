@@ -3,6 +3,8 @@
 
 #include <array>
 
+#include "drivers/unit/number_text.h"
+
 namespace hm16::receiver {
 namespace {
 
@@ -47,6 +49,13 @@ ReceiverOptions readOptions(Settings& settings, const std::filesystem::path& fol
         static_cast<SourceKind>(settings.choice("source", {"recording", "synthetic", "soapy"}, 1));
     options.pace = static_cast<Pace>(settings.choice("pace", {"real", "fast"}, 0));
     options.rateHz = settings.number("rate_hz", 0, 0, kHighestRateHz);
+    // Of a recording the source itself says so: it may have a rate of its own.
+    if (options.source != SourceKind::Recording && options.rateHz > 0 &&
+        options.rateHz < kLowestBandRateHz) {
+        settings.addFault("rate_hz", "is " + decimalText(options.rateHz, 3) +
+                                         ", but a band needs at least " +
+                                         decimalText(kLowestBandRateHz, 0) + " samples a second.");
+    }
     options.centreHz = 1e6 * settings.number("centre_mhz", 0, 0, 6000);
     readRecording(settings, folder, options);
     readRadio(settings, options);

@@ -59,6 +59,7 @@ class ReceiverUnit : public Unit {
     void work(std::unique_lock<std::mutex>& lock);
     void waitForAir(std::unique_lock<std::mutex>& lock, double signalSeconds);
     bool measureStretch();
+    void lookForTones();
     bool sweepFrame();
     std::unique_ptr<StationChain> chainFor(double hz) const;
     void publish();

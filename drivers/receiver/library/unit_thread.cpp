@@ -12,6 +12,8 @@ namespace {
 constexpr double kStretchSeconds = 0.025;
 constexpr double kFramePeriodSeconds = 0.1;
 
+constexpr std::size_t kSlotsPerLook = 5;
+
 // A second of a station is a result worth a file; passing over it is not.
 constexpr double kWorthAFile = 1;
 constexpr double kSaveEvery = 10;
@@ -72,12 +74,20 @@ bool ReceiverUnit::measureStretch() {
     }
     if (!chain_ || chain_->slots() == slots_) return true;
     slots_ = chain_->slots();
-    if (tuning_.response == hm16::ResponseRun::Armed && chain_->audio().looks() != looks_) {
-        looks_ = chain_->audio().looks();
-        tones_.look(chain_->audio().tones().tone());
-    }
+    if (tuning_.response == hm16::ResponseRun::Armed) lookForTones();
     publish();
     return true;
+}
+
+// Where there is no carrier there is no audio to look at: silence as well.
+void ReceiverUnit::lookForTones() {
+    const AudioFigures& audio = chain_->audio();
+    if (audio.looks() != looks_) {
+        looks_ = audio.looks();
+        tones_.look(audio.tones().tone());
+    } else if (!chain_->figures().carrier && slots_ % kSlotsPerLook == 0) {
+        tones_.look({});
+    }
 }
 
 // True when a frame was made.
