@@ -11,8 +11,7 @@
 namespace hmonitor::test {
 namespace {
 
-constexpr std::string_view kForms[] = {"startup",     "panels",   "tuner",   "analyses",
-                                       "performance", "spectrum", "analyzer"};
+constexpr std::string_view kForms[] = {"startup", "panels", "tuner", "analyses", "spectrum"};
 
 /// The room of the house that a path stands in: the forms are one.
 std::string roomOf(std::string_view path) {
