@@ -19,17 +19,3 @@ lay_rack() {
     [ -e "$folder/$(basename "$file")" ] || cp "$file" "$folder/"
   done
 }
-
-# set_recording INI FILE: names the recording in the receiver's settings.
-set_recording() {
-  local line
-  while IFS= read -r line || [ -n "$line" ]; do
-    line=${line%$'\r'}
-    case "$line" in
-      file\ *=* | file=* | ";file"*=*) printf 'file = %s\r\n' "$2" ;;
-      source\ *=* | source=*) printf 'source = recording\r\n' ;;
-      *) printf '%s\r\n' "$line" ;;
-    esac
-  done <"$1" >"$1.new"
-  mv -f "$1.new" "$1"
-}
