@@ -164,7 +164,9 @@ void KeyWidget::paintEvent(QPaintEvent*) {
     const Cap cap = key_.lit || isDown() ? Cap::Lit : Cap::Dark;
     paintCap(painter, rect(), unit, cap, isDown() ? CapMark::None : CapMark::Amber);
     QColor colour(cap == Cap::Lit ? kLitText : kKeyText);
-    if (cap == Cap::Dark && !(key_.colour.get() == kWhite)) colour = qColour(key_.colour);
+    if (cap == Cap::Dark && !(key_.colour.get() == kWhite)) {
+        colour = legibleOn(QColor(kKeyTop), qColour(key_.colour));
+    }
     if (!isEnabled()) colour = QColor(kKeyTextOff);
     paintCapText(painter, rect(), unit, colour, text());
     if (hasFocus()) paintFocusRing(painter, rect());

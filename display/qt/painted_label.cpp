@@ -12,6 +12,7 @@ namespace display::qt {
 namespace {
 
 constexpr qreal kTwipsPerPixel = 10;
+constexpr qreal kPlateEdge = 120;  ///< twips
 
 class PaintedLabel final : public Painted {
  public:
@@ -77,8 +78,10 @@ class PaintedLabel final : public Painted {
             return;
         }
         const QSizeF size = layout_.size();
-        qreal x = box_.left();
-        if (label_.align == Align::Right) x = box_.right() - size.width();
+        // On a plate of its own the text keeps clear of the edge.
+        const qreal edge = label_.surface == Surface::None ? 0 : scale.px(kPlateEdge);
+        qreal x = box_.left() + edge;
+        if (label_.align == Align::Right) x = box_.right() - edge - size.width();
         if (label_.align == Align::Centre) x = box_.center().x() - size.width() / 2;
         const qreal y = box_.center().y() - size.height() / 2;
         textBox_ = QRectF(QPointF(scale.snapped(x), scale.snapped(y)), size);

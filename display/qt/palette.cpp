@@ -1,7 +1,37 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/qt/palette.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace display::qt {
+
+namespace {
+
+double linear(double share) {
+    return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+}
+
+double luminance(const QColor& colour) {
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+}  // namespace
+
+double contrastOf(const QColor& one, const QColor& other) {
+    const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
+    return (light + 0.05) / (dark + 0.05);
+}
+
+QColor legibleOn(const QColor& ground, QColor colour) {
+    constexpr int kStep = 8;
+    const auto lighter = [](int part) { return std::min(part + kStep, 255); };
+    while (contrastOf(colour, ground) < kLegible && colour != QColor(Qt::white)) {
+        colour.setRgb(lighter(colour.red()), lighter(colour.green()), lighter(colour.blue()));
+    }
+    return colour;
+}
 
 QPalette housePalette() {
     QPalette palette;

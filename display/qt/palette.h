@@ -27,7 +27,7 @@ inline constexpr QRgb kKeyBottom = 0xff262c34;
 inline constexpr QRgb kKeyEdge = 0xff0d0f12;
 inline constexpr QRgb kKeyGlint = 0xff525c69;
 inline constexpr QRgb kKeyText = 0xffd3dae3;
-inline constexpr QRgb kKeyTextOff = 0xff747d89;
+inline constexpr QRgb kKeyTextOff = 0xff959eab;
 inline constexpr QRgb kLitTop = 0xffeff2f6;
 inline constexpr QRgb kLitBottom = 0xffb7c0cb;
 inline constexpr QRgb kLitText = 0xff171a1f;
@@ -36,6 +36,13 @@ inline constexpr QRgb kFocus = 0xffffc24a;
 inline constexpr QRgb kText = 0xffe4e8ee;
 inline constexpr QRgb kField = 0xff0e1216;
 inline constexpr QRgb kAccent = 0xff2f7fb8;
+
+/// How much a colour stands out from another: 1 not at all, 21 black from white (WCAG 2).
+double contrastOf(const QColor& one, const QColor& other);
+/// What words need to be read with ease.
+inline constexpr double kLegible = 4.5;
+/// The colour, lightened as far as words in it need on that dark ground.
+QColor legibleOn(const QColor& ground, QColor colour);
 
 /// The palette that ordinary widgets of dialogs take.
 QPalette housePalette();

@@ -95,7 +95,7 @@ void Form_B::layOutLevels() {
     for (Label* figure : {&PromL, &PromR}) {
         figure->surface = Surface::Plate;
         figure->font = display::Font{180, display::Weight::Bold};
-        figure->align = Align::Centre;
+        figure->align = Align::Right;  // a figure that gets longer must not move the others
         figure->colour = display::kBlack;
         figure->readout = true;
     }

@@ -34,8 +34,8 @@ class Form_C final : public ProgramForm {
     display::Panel Error19Well{*this, "Error19Well"};
     display::Label Label_19K_FrecError{*this, "Label_19K_FrecError"};
     display::Panel Error19Digits{*this, "Error19Digits"};
-    display::Line Line147{*this, "Line147"};  ///< the minus
     display::Line Line148{*this, "Line148"};  ///< what makes it a plus
+    display::Line Line147{*this, "Line147"};  ///< the minus
     std::array<SegmentDigit, 3> error19{
         SegmentDigit{*this, "Line", upFrom(36)},
         SegmentDigit{*this, "Line", {43, 44, 112, 113, 114, 115, 116}},
