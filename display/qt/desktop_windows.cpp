@@ -16,6 +16,14 @@ FormWindow& QtDesktop::windowOf(Form& form) {
     return *window;
 }
 
+QRect QtDesktop::roomFor(const Form& form) const {
+    // What the frame takes beside and below a window that has one, before it is known.
+    constexpr int kFrameAcross = 8;
+    constexpr int kFrameDown = 36;
+    const QRect room = availableRoom();
+    return form.caption.empty() ? room : room.adjusted(0, 0, -kFrameAcross, -kFrameDown);
+}
+
 const QWidget* QtDesktop::opener() const {
     if (const QWidget* active = QApplication::activeWindow()) return active;
     if (rack_ && rack_->isVisible()) return rack_.get();

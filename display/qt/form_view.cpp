@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "display/qt/qt_desktop.h"
+#include "display/qt/rack_window.h"
 #include "display/qt/surfaces.h"
 #include "display/qt/view_builder.h"
 
@@ -114,8 +115,18 @@ void merge(std::vector<QRect>& rects) {
 
 }  // namespace
 
+Scale FormView::wantedScale() const {
+    qreal factor = desktop_.scale().px(1);
+    const RackWindow* rack = desktop_.rackWindow();
+    if (rack && rack->holds(form_)) return {factor, devicePixelRatioF()};
+    const QRect room = desktop_.roomFor(form_);
+    if (form_.width > 0.f) factor = std::min(factor, room.width() / qreal(form_.width));
+    if (form_.height > 0.f) factor = std::min(factor, room.height() / qreal(form_.height));
+    return {factor, devicePixelRatioF()};
+}
+
 void FormView::sync() {
-    const Scale scale(desktop_.scale().px(1), devicePixelRatioF());
+    const Scale scale = wantedScale();
     const bool first = drawn_ == 0;
     const bool rescaled = !(scale == scale_);
     if (!stale() && !rescaled) return;

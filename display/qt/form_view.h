@@ -38,6 +38,9 @@ class FormView final : public QWidget {
     /// A widget of the form that stands for that control, or null.
     QWidget* widgetOf(const Control& control) const;
     const Scale& scale() const { return scale_; }
+    /// The scale at which the form is to stand now: the rack's, or where the screen is too small
+    /// for the form at that, the largest at which it stands whole.
+    Scale wantedScale() const;
 
     /// Paints the whole form with its widgets, without the picture behind: as sharp as the
     /// painter's paper.

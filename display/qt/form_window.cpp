@@ -15,10 +15,6 @@ namespace {
 /// the frame's width; a person takes longer to drag it anywhere.
 constexpr qint64 kFraming = 400;
 
-/// What the frame takes beside and below a window that has one, before it is known.
-constexpr int kFrameAcross = 8;
-constexpr int kFrameDown = 36;
-
 }  // namespace
 
 FormWindow::FormWindow(QtDesktop& desktop, Form& form)
@@ -39,8 +35,7 @@ Qt::WindowFlags FormWindow::wantedFlags() const {
 }
 
 void FormWindow::placeFirst(const QWidget* over) {
-    QRect room = desktop_.availableRoom();
-    if (!form_.caption.empty()) room.adjust(0, 0, -kFrameAcross, -kFrameDown);
+    const QRect room = desktop_.roomFor(form_);
     QRect box(pos(), size());
     if (form_.left == 0.f && form_.top == 0.f) {
         box.moveCenter(over ? over->geometry().center() : room.center());
@@ -80,7 +75,7 @@ void FormWindow::sync() {
     }
     const QString title = qText(form_.caption.get());
     if (windowTitle() != title) setWindowTitle(title);
-    const QSize size = view_.scale().whole(Box{0, 0, form_.width, form_.height}).size();
+    const QSize size = view_.wantedScale().whole(Box{0, 0, form_.width, form_.height}).size();
     if (view_.size() != size) view_.resize(size);
     if (this->size() != size || minimumSize() != size) setFixedSize(size);
     if (isVisible() && !placing_ && shownSince_.elapsed() >= kFraming) {

@@ -79,6 +79,8 @@ class QtDesktop : public Desktop {
     QSize rackSize() const;
     /// The screen less task bars, in logical pixels.
     QRect availableRoom() const;
+    /// The same less what the frame of the form's window takes.
+    QRect roomFor(const Form& form) const;
     QPoint screenPoint(float leftTwips, float topTwips) const;
     float modelX(int px) const { return static_cast<float>(scale_.twips(px)); }
     float modelY(int px) const { return static_cast<float>(scale_.twips(px)); }

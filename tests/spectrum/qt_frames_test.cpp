@@ -91,5 +91,25 @@ TEST(QtFrames, AChannelSpectrumOf33PointsIsPaintedAtMostOnceAPoint) {
     EXPECT_GE(paints.back() - paints.front(), 30);
 }
 
+TEST(QtFrames, AWindowThatIsHigherThanTheScreenStandsThereWholeASizeSmaller) {
+    ScreenBench bench;
+    Form_D1& shows = bench.forms.formD1;
+    shows.load();
+    shows.height = 20000.f;
+    shows.Command3D2.top = 19500.f;
+    shows.show();
+    const display::qt::FormView& view = *bench.desktop.viewOf(shows);
+    const QRect room = bench.desktop.availableRoom();
+    EXPECT_LE(view.window()->geometry().bottom(), room.bottom());
+    EXPECT_GE(view.window()->geometry().top(), room.top());
+    EXPECT_GT(view.height(), room.height() / 2);
+    const QWidget* close = view.widgetOf(shows.Command3D2);
+    ASSERT_NE(close, nullptr);
+    EXPECT_LE(close->geometry().bottom(), view.height());
+    // The others keep the scale of the rack.
+    bench.forms.formNewSpectro.show();
+    EXPECT_EQ(bench.desktop.viewOf(bench.forms.formNewSpectro)->scale(), bench.desktop.scale());
+}
+
 }  // namespace
 }  // namespace hmonitor::test
