@@ -21,6 +21,9 @@ namespace {
 /// The rack at its natural size, in twips.
 constexpr QSizeF kRack(12000, 7000);
 
+/// Task bars of a usual height, in logical pixels.
+constexpr int kUntoldBars = 48;
+
 }  // namespace
 
 QtDesktop::QtDesktop(int& argc, char** argv) {
@@ -38,9 +41,8 @@ QtDesktop::QtDesktop(int& argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     SpokenLabels::install();
     systemMoves_ = QGuiApplication::platformName().startsWith("wayland");
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    scale_ = Scale(Scale::fitting(kRack, screen->availableGeometry().size()),
-                   screen->devicePixelRatio());
+    scale_ = Scale(Scale::fitting(kRack, availableRoom().size()),
+                   QGuiApplication::primaryScreen()->devicePixelRatio());
     QApplication::setFont(Faces::get().font(scale_.px(120), Weight::Normal));
     wakeTimer_.setSingleShot(true);
     wakeTimer_.setTimerType(Qt::PreciseTimer);
@@ -117,7 +119,10 @@ QSize QtDesktop::rackSize() const {
 }
 
 QRect QtDesktop::availableRoom() const {
-    return QGuiApplication::primaryScreen()->availableGeometry();
+    QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+    // Such a system does not tell what its bars take either.
+    if (systemMoves_) room.setHeight(room.height() - kUntoldBars);
+    return room;
 }
 
 QPoint QtDesktop::screenPoint(float leftTwips, float topTwips) const {

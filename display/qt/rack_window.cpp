@@ -101,9 +101,12 @@ void RackWindow::placeViews() {
         }
         all |= box;
     }
-    if (!all.isEmpty() && (size() != all.size() || minimumSize() != all.size())) {
-        setFixedSize(all.size());
-    }
+    if (all.isEmpty()) return;
+    // Where the system alone places windows it has to know from the first how large this one gets,
+    // or the panels that come later hang over the edge of the screen.
+    const QSize wanted =
+        desktop_.systemMovesWindows() ? all.size().expandedTo(desktop_.rackSize()) : all.size();
+    if (size() != wanted || minimumSize() != wanted) setFixedSize(wanted);
 }
 
 void RackWindow::placeWindow() {
