@@ -26,7 +26,7 @@ void lampOn(QPainter& painter, const QRectF& box, const PictureLook& look) {
 }
 
 void lampOff(QPainter& painter, const QRectF& box, const PictureLook& look) {
-    paintLamp(painter, box, look.unit, QColor(0x1d, 0x3a, 0x20), QColor(0x17, 0x2e, 0x1a));
+    paintLamp(painter, box, look.unit, QColor(0x2a, 0x54, 0x2f), QColor(0x20, 0x42, 0x25));
 }
 
 void paintWordMark(QPainter& painter, const QRectF& box, const QString& word, QColor colour) {

@@ -105,8 +105,9 @@ void QtDesktop::setClipboardText(std::string_view text) {
 }
 
 bool QtDesktop::spanish() const {
-    const int primary = languageId_ & 0x3ff;
-    return primary == 10 || primary == 22;
+    // Boxes speak as the dialogs do: of the languages of Spanish panels, Portuguese is not one.
+    constexpr int kSpanish = 10;
+    return (languageId_ & 0x3ff) == kSpanish;
 }
 
 Hand& QtDesktop::hand() {
