@@ -99,3 +99,31 @@ inline bool isEndMark(const hm16::Readings& readings) {
     return static_cast<int>(readings.pilotError) == 11583 &&
            static_cast<int>(readings.pilotLevel) == 18;
 }
+
+// Each of the nineteen functions is the one of that name in the library.
+inline void expectEachInItsPlace(const hm16::Library& library) {
+    const HM16_Functions& f = library.functions();
+    const auto is = [&](auto function, const char* name) {
+        EXPECT_NE(function, nullptr) << name;
+        EXPECT_EQ(reinterpret_cast<void*>(function), library.extra(name)) << name;
+    };
+    is(f.init, "HM_Init");
+    is(f.terminate, "HM_Terminate");
+    is(f.demoMode, "HM_DemoMode");
+    is(f.directorio, "HM_Directorio");
+    is(f.normal, "HM_Normal");
+    is(f.parar, "HM_Parar");
+    is(f.reset, "HM_Reset");
+    is(f.data, "HM_Data");
+    is(f.dataRds, "HM_DataRDS");
+    is(f.super, "HM_Super");
+    is(f.startEspectro, "HM_StartEspectro");
+    is(f.tramaEspectroRecibida, "HM_TramaEspectroRecibida");
+    is(f.getEspectro, "HM_GetEspectro");
+    is(f.setClient, "HM_setClient");
+    is(f.respFrecuencia, "HM_RespFrecuencia");
+    is(f.setSintoMode, "HM_setSintoMode");
+    is(f.getSintoMode, "HM_getSintoMode");
+    is(f.getHardwareVersion, "HM_getHardwareVersion");
+    is(f.getDriverVersion, "HM_getDriverVersion");
+}

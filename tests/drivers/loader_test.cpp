@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "drivers/loader/library.h"
-#include "tests/support/temp_folder.h"
+#include "tests/drivers/loaded_library.h"
 
 #if defined(__linux__)
 #include <dlfcn.h>
@@ -95,30 +95,7 @@ TEST(Loader, PutsEachOfTheNineteenInItsPlace) {
     const auto file = std::filesystem::path(HM16_SIMULATED);
     const LoadResult result = Library::load(file.parent_path());
     ASSERT_NE(result.library, nullptr) << result.fault;
-    const HM16_Functions& f = result.library->functions();
-    const auto is = [&](auto function, const char* name) {
-        EXPECT_NE(function, nullptr) << name;
-        EXPECT_EQ(reinterpret_cast<void*>(function), result.library->extra(name)) << name;
-    };
-    is(f.init, "HM_Init");
-    is(f.terminate, "HM_Terminate");
-    is(f.demoMode, "HM_DemoMode");
-    is(f.directorio, "HM_Directorio");
-    is(f.normal, "HM_Normal");
-    is(f.parar, "HM_Parar");
-    is(f.reset, "HM_Reset");
-    is(f.data, "HM_Data");
-    is(f.dataRds, "HM_DataRDS");
-    is(f.super, "HM_Super");
-    is(f.startEspectro, "HM_StartEspectro");
-    is(f.tramaEspectroRecibida, "HM_TramaEspectroRecibida");
-    is(f.getEspectro, "HM_GetEspectro");
-    is(f.setClient, "HM_setClient");
-    is(f.respFrecuencia, "HM_RespFrecuencia");
-    is(f.setSintoMode, "HM_setSintoMode");
-    is(f.getSintoMode, "HM_getSintoMode");
-    is(f.getHardwareVersion, "HM_getHardwareVersion");
-    is(f.getDriverVersion, "HM_getDriverVersion");
+    expectEachInItsPlace(*result.library);
     EXPECT_EQ(result.library->extra("HM_NotThere"), nullptr);
 }
 

@@ -7,47 +7,12 @@
 #include <string>
 #include <vector>
 
-#include "drivers/receiver/synth/composite_generator.h"
-#include "tests/drivers/receiver/signals.h"
+#include "tests/drivers/receiver/accuracy.h"
 
 namespace hm16::receiver {
 namespace {
 
-struct Kind {
-    double rateHz;
-    bool eightBit;
-};
-
-class Accuracy : public testing::TestWithParam<Kind> {
- protected:
-    BandPlan band(const std::function<void(StationPlan&)>& shape) const {
-        return bandWith(shape, GetParam().rateHz, GetParam().eightBit);
-    }
-
-    // Keeps the worst miss of a row for the report.
-    void miss(double value) {
-        worst_ = std::max(worst_, std::fabs(value));
-        RecordProperty("worst", std::to_string(worst_));
-    }
-
- private:
-    double worst_ = 0;
-};
-
-const std::vector<Kind> kKinds =
-    kReduced ? std::vector<Kind>{{1.2e6, true}}
-             : std::vector<Kind>{{1.2e6, false}, {1.2e6, true}, {2.4e6, false}, {2.4e6, true}};
-
-INSTANTIATE_TEST_SUITE_P(Samples, Accuracy, testing::ValuesIn(kKinds), [](const auto& kind) {
-    return std::string(kind.param.rateHz > 2e6 ? "2400k" : "1200k") +
-           (kind.param.eightBit ? "_8bit" : "_float");
-});
-
-void stereo(StationPlan& station, double left, double right, double hz = 1000) {
-    station.pilotDeviationHz = 6750;
-    station.rds.deviationHz = 2000;
-    station.tones = {{hz, left, right}};
-}
+INSTANTIATE_TEST_SUITE_P(Samples, Accuracy, testing::ValuesIn(kKinds), nameOf);
 
 TEST_P(Accuracy, PeakModulationFrom10To130Percent) {
     for (const double percent : {10.0, 50.0, 100.0, 130.0}) {
@@ -248,13 +213,6 @@ TEST_P(Accuracy, MultipathRisesWithTheSecondRay) {
     EXPECT_EQ(lampsBefore, 0);
 }
 
-void placeBursts(StationPlan& station) {
-    station.direct = {{700, 20000}};
-    // Two within one slot's neighbourhood count once; four stand alone.
-    for (const double start : {0.41, 0.87, 1.31, 1.335, 1.83, 2.27})
-        station.bursts.push_back({start, 0.012, {1000, 70000}});
-}
-
 TEST_P(Accuracy, PeaksPerMinuteCountsBurstsPlacedByHand) {
     EXPECT_EQ(measure(band(placeBursts), 2.6).peaksPerMinute, 5);
 }
@@ -271,82 +229,6 @@ TEST_P(Accuracy, FieldFollowsTheCarrier) {
         const double field = measure(plan, 0.5).fieldDb;
         EXPECT_NEAR(field, expected, 0.2);
         miss(field - expected);
-    }
-}
-
-// A station and one beside it.
-BandPlan withNeighbour(BandPlan plan, double offsetHz, double strongerDb) {
-    StationPlan& station = plan.stations.front();
-    station.amplitude = strongerDb > 10 ? 0.08 : 0.4;
-    plan.noiseReference = station.amplitude;
-    StationPlan other;
-    other.offsetHz = station.offsetHz + offsetHz;
-    other.amplitude = station.amplitude * std::pow(10, strongerDb / 20);
-    other.pilotDeviationHz = 6750;
-    other.tones = {{700, 0.5, 0.1}, {3100, 0.1, 0.3}};
-    plan.stations.push_back(other);
-    return plan;
-}
-
-// The highest deviation that the station sends in the last slot of 1.2 seconds: filters on the way
-// hold back less than the rest of that time.
-double truePeakHz(const StationPlan& station) {
-    constexpr double kFineHz = 2.4e6;
-    CompositeGenerator generator(station, kFineHz, 2);
-    std::vector<double> deviation;
-    generator.generate(static_cast<std::size_t>(1.15 * kFineHz), deviation);
-    double peak = 0;
-    const auto from = static_cast<std::ptrdiff_t>(1.1 * kFineHz);
-    for (auto hz = deviation.begin() + from; hz != deviation.end(); ++hz)
-        peak = std::max(peak, std::fabs(*hz));
-    return peak;
-}
-
-TEST_P(Accuracy, StrongNeighbourAt400KilohertzDoublesTheBarsAtMost) {
-    for (const double side : {-400e3, 400e3}) {
-        const auto plan = withNeighbour(band([](auto& s) {
-                                            stereo(s, 0.7, 0);
-                                            s.carrierErrorHz = 400;
-                                            s.pilotErrorHz = 1;
-                                        }),
-                                        side, 20);
-        const Figures f = measure(plan, 1.2);
-        // Eight bits that must hold the neighbour too leave the station 36 dB of carrier to noise.
-        const double bar = GetParam().eightBit ? 1500 : 1000;
-        EXPECT_NEAR(f.peakHz, truePeakHz(plan.stations.front()), bar);
-        EXPECT_NEAR(f.carrierHz, 400, 10);
-        EXPECT_NEAR(f.pilotHz, 6750, 0.01 * 6750);
-        EXPECT_NEAR(f.pilotErrorHz, 1, 0.02);
-        EXPECT_NEAR(f.rdsHz, 2000, 0.1 * 2000);
-        EXPECT_NEAR(f.rdsErrorHz, 3, 0.2);
-        EXPECT_NEAR(f.levelLeftDb, 20 * std::log10(0.7), 0.2);
-        EXPECT_GE(f.separationLeftDb, 54);
-        EXPECT_LE(f.distortionPercent, 0.04);
-        EXPECT_NEAR(f.stereoPhaseDegrees, 90, 1);
-        EXPECT_LE(f.multipathPercent, 2);
-        EXPECT_NEAR(f.fieldDb, kFieldAtFullScale + 20 * std::log10(0.08), 0.4);
-        miss(f.peakHz - truePeakHz(plan.stations.front()));
-    }
-}
-
-TEST_P(Accuracy, PeaksPerMinuteAreExactBesideAStrongNeighbourAt400Kilohertz) {
-    const auto plan = withNeighbour(band(placeBursts), 400e3, 20);
-    EXPECT_EQ(measure(plan, 2.6).peaksPerMinute, 5);
-}
-
-TEST_P(Accuracy, EquallyStrongNeighbourAt200Kilohertz) {
-    for (const double side : {-200e3, 200e3}) {
-        const auto plan = withNeighbour(band([](auto& s) {
-                                            stereo(s, 0.7, 0);
-                                            s.carrierErrorHz = 400;
-                                        }),
-                                        side, 0);
-        const Figures f = measure(plan, 1.2);
-        EXPECT_TRUE(f.narrow);
-        EXPECT_NEAR(f.carrierHz, 400, 100);
-        EXPECT_NEAR(f.pilotHz, 6750, 0.05 * 6750);
-        EXPECT_NEAR(f.peakHz, truePeakHz(plan.stations.front()), 3000);
-        miss(f.peakHz - truePeakHz(plan.stations.front()));
     }
 }
 

@@ -8,15 +8,11 @@
 
 #include "drivers/receiver/library/receiver_unit.h"
 #include "drivers/receiver/synth/band_generator.h"
+#include "tests/drivers/receiver/accuracy.h"
 #include "tests/support/temp_folder.h"
 
 namespace hm16::receiver {
 namespace {
-
-struct Kind {
-    double rateHz;
-    bool eightBit;
-};
 
 class Levels : public testing::TestWithParam<Kind> {
  protected:
@@ -60,13 +56,7 @@ class Levels : public testing::TestWithParam<Kind> {
     const hmonitor::test::TempFolder folder_;
 };
 
-INSTANTIATE_TEST_SUITE_P(Samples, Levels,
-                         testing::Values(Kind{1.2e6, false}, Kind{1.2e6, true}, Kind{2.4e6, false},
-                                         Kind{2.4e6, true}),
-                         [](const auto& kind) {
-                             return std::string(kind.param.rateHz > 2e6 ? "2400k" : "1200k") +
-                                    (kind.param.eightBit ? "_8bit" : "_float");
-                         });
+INSTANTIATE_TEST_SUITE_P(Samples, Levels, testing::ValuesIn(kKinds), nameOf);
 
 TEST_P(Levels, AreTrueAllOverTheBand) {
     const double edge = GetParam().rateHz / 2 - 100e3;

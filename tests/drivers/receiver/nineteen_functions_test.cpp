@@ -18,30 +18,7 @@ const std::string kStation =
 
 TEST(NineteenFunctions, AllAreThere) {
     const ReceiverLibrary receiver(kStation);
-    const HM16_Functions& f = *receiver;
-    const auto is = [&](auto function, const char* name) {
-        EXPECT_NE(function, nullptr) << name;
-        EXPECT_EQ(reinterpret_cast<void*>(function), receiver.library().extra(name)) << name;
-    };
-    is(f.init, "HM_Init");
-    is(f.terminate, "HM_Terminate");
-    is(f.demoMode, "HM_DemoMode");
-    is(f.directorio, "HM_Directorio");
-    is(f.normal, "HM_Normal");
-    is(f.parar, "HM_Parar");
-    is(f.reset, "HM_Reset");
-    is(f.data, "HM_Data");
-    is(f.dataRds, "HM_DataRDS");
-    is(f.super, "HM_Super");
-    is(f.startEspectro, "HM_StartEspectro");
-    is(f.tramaEspectroRecibida, "HM_TramaEspectroRecibida");
-    is(f.getEspectro, "HM_GetEspectro");
-    is(f.setClient, "HM_setClient");
-    is(f.respFrecuencia, "HM_RespFrecuencia");
-    is(f.setSintoMode, "HM_setSintoMode");
-    is(f.getSintoMode, "HM_getSintoMode");
-    is(f.getHardwareVersion, "HM_getHardwareVersion");
-    is(f.getDriverVersion, "HM_getDriverVersion");
+    expectEachInItsPlace(receiver.library());
 }
 
 TEST(NineteenFunctions, ARackUsesThemOneAfterTheOther) {
@@ -191,11 +168,7 @@ TEST(NineteenFunctions, WrongSettingsAreOneSentenceEach) {
     const auto expect = [](const std::string& settings, int line, const std::string& reason) {
         const ReceiverLibrary receiver(settings);
         const std::string said = receiver.init();
-        EXPECT_THAT(said, HasSubstr((receiver.folder().path() / "hm-16.ini").string() + ", line " +
-                                    std::to_string(line) + ": "));
-        EXPECT_THAT(said, HasSubstr(reason));
-        EXPECT_EQ(lines(said), 1) << said;
-        EXPECT_EQ(receiver.version(), 0);
+        expectNoUnit(receiver, said, line, reason);
         EXPECT_NE(receiver->normal(985, 0, 0, 0, 0), 0);
     };
     expect("source = tape\n", 1, "source is \"tape\", but must be one of: recording, synthetic");

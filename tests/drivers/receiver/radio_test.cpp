@@ -126,11 +126,7 @@ void expectRefused(const std::string& settings, const std::string& reason, int l
     const Fixture fixture;
     const ReceiverLibrary receiver(settings);
     const std::string said = receiver.init();
-    EXPECT_THAT(said, HasSubstr((receiver.folder().path() / "hm-16.ini").string() + ", line " +
-                                std::to_string(line) + ": "));
-    EXPECT_THAT(said, HasSubstr(reason));
-    EXPECT_EQ(lines(said), 1) << said;
-    EXPECT_EQ(receiver.version(), 0);
+    expectNoUnit(receiver, said, line, reason);
     receiver->parar();
     EXPECT_NE(receiver->normal(985, 0, 0, 0, 0), 0);
     EXPECT_EQ(receiver.readings(), hm16::Readings());

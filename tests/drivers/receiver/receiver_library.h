@@ -47,3 +47,13 @@ inline hm16::Readings nothing() {
 inline long lines(const std::string& text) {
     return std::count(text.begin(), text.end(), '\n');
 }
+
+// The program sees a unit of version 0, the user one sentence with file and line.
+inline void expectNoUnit(const ReceiverLibrary& receiver, const std::string& said, int line,
+                         const std::string& reason) {
+    const std::string file = (receiver.folder().path() / "hm-16.ini").string();
+    EXPECT_NE(said.find(file + ", line " + std::to_string(line) + ": "), std::string::npos) << said;
+    EXPECT_NE(said.find(reason), std::string::npos) << said;
+    EXPECT_EQ(lines(said), 1) << said;
+    EXPECT_EQ(receiver.version(), 0);
+}

@@ -1,96 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Recordings from the file to the readings, through the library as the program loads it: every
-// form, and everything that can be wrong with one.
+// form, and what can happen to one while it is played.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <filesystem>
 #include <limits>
-#include <utility>
 #include <vector>
 
-#include "drivers/receiver/record/recording_writer.h"
-#include "drivers/receiver/synth/band_generator.h"
 #include "drivers/receiver/synth/composite_generator.h"
-#include "tests/drivers/receiver/receiver_library.h"
+#include "tests/drivers/receiver/playback.h"
 #include "tests/drivers/receiver/recording_bytes.h"
 
 namespace hm16::receiver {
 namespace {
 
 using testing::HasSubstr;
-
-constexpr double kRateHz = 600e3;
-constexpr double kCentreHz = 98.4e6;
-
-StationPlan knownStation() {
-    StationPlan station;
-    station.offsetHz = 100e3;
-    station.carrierErrorHz = 250;
-    station.amplitude = 0.5;
-    station.pilotDeviationHz = 6750;
-    station.pilotErrorHz = 1;
-    station.tones = {{1000, 0.5, 0.1}};
-    station.rds.deviationHz = 2000;
-    return station;
-}
-
-// 0.8 seconds of the station.
-const std::vector<Sample>& knownBand() {
-    static const std::vector<Sample> samples = [] {
-        BandPlan band;
-        band.rateHz = kRateHz;
-        band.centreHz = kCentreHz;
-        band.carrierToNoiseDb = 50;
-        band.stations = {knownStation()};
-        std::vector<Sample> result(480000);
-        BandGenerator(band).read(result);
-        return result;
-    }();
-    return samples;
-}
-
-void expectKnown(const Readings& now) {
-    EXPECT_NEAR(now.pilotLevel, 9, 0.05);
-    EXPECT_NEAR(now.pilotError, 1, 0.02);
-    EXPECT_NEAR(now.levelFirst, 20 * std::log10(0.5), 0.2);
-    EXPECT_NEAR(now.levelSecond, 20 * std::log10(0.1), 0.2);
-    EXPECT_NEAR(now.rdsLevel, 100 * 2000 / 75e3, 0.15);
-}
-
-// A library that reads `name` from its own folder, which is filled before it opens.
-class Playback {
- public:
-    explicit Playback(const std::string& name, const std::string& more = "")
-        : receiver_("source = recording\npace = fast\nlevel_step_db = 0\nfile = " + name + "\n" +
-                    more) {}
-
-    const hmonitor::test::TempFolder& folder() const { return receiver_.folder(); }
-    const ReceiverLibrary& operator*() const { return receiver_; }
-    const ReceiverLibrary* operator->() const { return &receiver_; }
-
-    void record(const std::string& name, SampleFormat format = SampleFormat::Cs16,
-                const std::vector<Sample>& samples = knownBand()) const {
-        RecordingPlan plan{folder().path() / name, format, kRateHz, kCentreHz};
-        RecordingWriter writer(plan);
-        writer.write(samples);
-        writer.close();
-    }
-
-    // Opens the unit, which must go well, and tunes it before any signal runs.
-    void start(float frequency = 985) const {
-        EXPECT_EQ(receiver_.init(), "");
-        EXPECT_EQ(receiver_.version(), 1.8F);
-        EXPECT_TRUE(receiver_.step(0));
-        receiver_.tune(frequency);
-    }
-
- private:
-    ReceiverLibrary receiver_;
-};
-
-const std::string kBare = "rate_hz = 600000\ncentre_mhz = 98.4\n";
 
 struct Form {
     const char* name;
@@ -309,92 +235,6 @@ TEST(Recording, OutsideItsBandNothingIsThere) {
         run->tune(inside);
         EXPECT_TRUE(run->step(4));
         EXPECT_GT(run->readings().field, 30) << inside;
-    }
-}
-
-// The program sees a unit of version 0, the user one sentence with file and line.
-void expectNoUnit(const Playback& run, int line, const std::string& reason) {
-    const std::string said = run->init();
-    EXPECT_THAT(said, HasSubstr((run.folder().path() / "hm-16.ini").string() + ", line " +
-                                std::to_string(line) + ": file cannot be used: "));
-    EXPECT_THAT(said, HasSubstr(reason));
-    EXPECT_EQ(lines(said), 1) << said;
-    EXPECT_EQ(run->version(), 0);
-    EXPECT_NE((*run)->normal(985, 0, 0, 0, 0), 0);
-    EXPECT_EQ(run->readings(), Readings());
-    float level = 77;
-    EXPECT_NE((*run)->super(985, &level), 0);
-}
-
-TEST(RecordingThatCannotBe, IsOneSentenceWithFileAndLine) {
-    const std::string raw(4000, 'x');
-    const auto expect = [](const std::string& name, const std::string& bytes,
-                           const std::string& settings, const std::string& reason) {
-        const Playback run(name, settings);
-        if (!bytes.empty()) run.folder().write(name, bytes);
-        expectNoUnit(run, 4, reason);
-    };
-    expect("missing.cu8", "", kBare, "missing.cu8 cannot be opened: No such file or directory.");
-    expect("missing.wav", "", kBare, "missing.wav cannot be read as a sound file: ");
-    expect("missing.sigmf-meta", "", "", "missing.sigmf-meta cannot be opened.");
-    expect("short.cf32", "abc", kBare, "short.cf32 holds no samples.");
-    expect("a.cu8", raw, "centre_mhz = 98.4\n",
-           "a.cu8 does not tell its sample rate; set \"rate_hz\".");
-    expect("a.cu8", raw, "rate_hz = 600000\n",
-           "a.cu8 does not tell its centre frequency; set \"centre_mhz\".");
-    expect("a.cu8", raw, "rate_hz = 48000\ncentre_mhz = 98.4\n",
-           "a.cu8 has a sample rate of 48000 Hz; from 200000 Hz to 25000000 Hz can be measured.");
-    expect("a.bin", raw, kBare, "a.bin does not tell its format by its name; set \"format\"");
-    expect("a.wav", raw, kBare, "a.wav cannot be read as a sound file: ");
-    expect("a.flac", raw, kBare, "a.flac cannot be read as a sound file: ");
-    expect("a.cu8", raw, kBare + "format = wav\n", "a.cu8 cannot be read as a sound file: ");
-    expect("mono.wav", wav(1, 600000, {1, 2, 3}), kBare,
-           "mono.wav has 1 channels; I and Q need two.");
-    expect("mpx.wav", wav(1, 48000, {1, 2, 3}), "format = composite\n",
-           "mpx.wav has a sample rate of 48000 Hz; from 120000 Hz");
-    expect("a.sigmf-meta", "{\"global\": {\"core:datatype\": \"cu8\"}}", kBare,
-           "a.sigmf-data cannot be opened");
-    expect("a.sigmf-meta", "not json", "", "a.sigmf-meta is not a JSON object.");
-}
-
-TEST(RecordingThatCannotBe, EmptyOnesHoldNoSamples) {
-    for (const std::string name : {"a.cu8", "a.cs8", "a.cs16", "a.cf32"}) {
-        const Playback run(name, kBare);
-        run.folder().write(name, "");
-        expectNoUnit(run, 4, name + " holds no samples.");
-    }
-    for (const std::string name : {"a.wav", "a.flac"}) {
-        const Playback run(name, kBare);
-        run.folder().write(name, "");
-        expectNoUnit(run, 4, name + " cannot be read as a sound file: ");
-    }
-    const Playback run("a.wav", kBare);
-    run.folder().write("a.wav", wav(2, 600000, {}));
-    expectNoUnit(run, 4, "a.wav holds no samples.");
-}
-
-TEST(RecordingThatCannotBe, ASoundFileCutAnywhereIsRefusedOrReadUpToThere) {
-    std::string whole;
-    {
-        const Playback run("a.flac", kBare);
-        run.record("a.flac", SampleFormat::Cs16, {knownBand().begin(), knownBand().begin() + 6000});
-        whole = run.folder().read("a.flac");
-    }
-    ASSERT_GT(whole.size(), 4000u);
-    for (const std::size_t length : {1, 4, 10, 41, 42, 43, 90, 200, 3000}) {
-        const Playback run("a.flac", kBare + "loop = no\n");
-        run.folder().write("a.flac", whole.substr(0, length));
-        const std::string said = run->init();
-        if (run->version() == 0) {
-            EXPECT_EQ(lines(said), 1) << length;
-            continue;
-        }
-        testing::internal::CaptureStderr();
-        run->step(0);
-        run->tune(985);
-        EXPECT_FALSE(run->step(1)) << length;
-        EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("a.flac has ended."));
-        EXPECT_EQ(run->readings(), nothing());
     }
 }
 

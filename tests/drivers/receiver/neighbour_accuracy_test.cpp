@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What another station beside the tuned one leaves of the accuracy.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include "drivers/receiver/synth/composite_generator.h"
+#include "tests/drivers/receiver/accuracy.h"
+
+namespace hm16::receiver {
+namespace {
+
+class NeighbourAccuracy : public Accuracy {};
+
+INSTANTIATE_TEST_SUITE_P(Samples, NeighbourAccuracy, testing::ValuesIn(kKinds), nameOf);
+
+// A station and one beside it.
+BandPlan withNeighbour(BandPlan plan, double offsetHz, double strongerDb) {
+    StationPlan& station = plan.stations.front();
+    station.amplitude = strongerDb > 10 ? 0.08 : 0.4;
+    plan.noiseReference = station.amplitude;
+    StationPlan other;
+    other.offsetHz = station.offsetHz + offsetHz;
+    other.amplitude = station.amplitude * std::pow(10, strongerDb / 20);
+    other.pilotDeviationHz = 6750;
+    other.tones = {{700, 0.5, 0.1}, {3100, 0.1, 0.3}};
+    plan.stations.push_back(other);
+    return plan;
+}
+
+// The highest deviation that the station sends in the last slot of 1.2 seconds: filters on the way
+// hold back less than the rest of that time.
+double truePeakHz(const StationPlan& station) {
+    constexpr double kFineHz = 2.4e6;
+    CompositeGenerator generator(station, kFineHz, 2);
+    std::vector<double> deviation;
+    generator.generate(static_cast<std::size_t>(1.15 * kFineHz), deviation);
+    double peak = 0;
+    const auto from = static_cast<std::ptrdiff_t>(1.1 * kFineHz);
+    for (auto hz = deviation.begin() + from; hz != deviation.end(); ++hz)
+        peak = std::max(peak, std::fabs(*hz));
+    return peak;
+}
+
+TEST_P(NeighbourAccuracy, StrongNeighbourAt400KilohertzDoublesTheBarsAtMost) {
+    for (const double side : {-400e3, 400e3}) {
+        const auto plan = withNeighbour(band([](auto& s) {
+                                            stereo(s, 0.7, 0);
+                                            s.carrierErrorHz = 400;
+                                            s.pilotErrorHz = 1;
+                                        }),
+                                        side, 20);
+        const Figures f = measure(plan, 1.2);
+        // Eight bits that must hold the neighbour too leave the station 36 dB of carrier to noise.
+        const double bar = GetParam().eightBit ? 1500 : 1000;
+        EXPECT_NEAR(f.peakHz, truePeakHz(plan.stations.front()), bar);
+        EXPECT_NEAR(f.carrierHz, 400, 10);
+        EXPECT_NEAR(f.pilotHz, 6750, 0.01 * 6750);
+        EXPECT_NEAR(f.pilotErrorHz, 1, 0.02);
+        EXPECT_NEAR(f.rdsHz, 2000, 0.1 * 2000);
+        EXPECT_NEAR(f.rdsErrorHz, 3, 0.2);
+        EXPECT_NEAR(f.levelLeftDb, 20 * std::log10(0.7), 0.2);
+        EXPECT_GE(f.separationLeftDb, 54);
+        EXPECT_LE(f.distortionPercent, 0.04);
+        EXPECT_NEAR(f.stereoPhaseDegrees, 90, 1);
+        EXPECT_LE(f.multipathPercent, 2);
+        EXPECT_NEAR(f.fieldDb, kFieldAtFullScale + 20 * std::log10(0.08), 0.4);
+        miss(f.peakHz - truePeakHz(plan.stations.front()));
+    }
+}
+
+TEST_P(NeighbourAccuracy, PeaksPerMinuteAreExactBesideAStrongNeighbourAt400Kilohertz) {
+    const auto plan = withNeighbour(band(placeBursts), 400e3, 20);
+    EXPECT_EQ(measure(plan, 2.6).peaksPerMinute, 5);
+}
+
+TEST_P(NeighbourAccuracy, EquallyStrongNeighbourAt200Kilohertz) {
+    for (const double side : {-200e3, 200e3}) {
+        const auto plan = withNeighbour(band([](auto& s) {
+                                            stereo(s, 0.7, 0);
+                                            s.carrierErrorHz = 400;
+                                        }),
+                                        side, 0);
+        const Figures f = measure(plan, 1.2);
+        EXPECT_TRUE(f.narrow);
+        EXPECT_NEAR(f.carrierHz, 400, 100);
+        EXPECT_NEAR(f.pilotHz, 6750, 0.05 * 6750);
+        EXPECT_NEAR(f.peakHz, truePeakHz(plan.stations.front()), 3000);
+        miss(f.peakHz - truePeakHz(plan.stations.front()));
+    }
+}
+
+}  // namespace
+}  // namespace hm16::receiver
