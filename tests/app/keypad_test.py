@@ -26,6 +26,12 @@ def frequency(rack):
     return rack.look("Form_B", "Label_FrecRadio")
 
 
+def ink(rack):
+    """How many dots of the entry have the red of its digits."""
+    dots = rack.look(KEYPAD, "Text1")
+    return sum(1 for at in range(0, len(dots), 4) if dots[at + 2] > 200 and dots[at + 1] < 90)
+
+
 def frequency_of_memory(rack, steps):
     """The readout some memories further on, and back again."""
     at_start = rack.steady_look("Form_B", "Label_FrecRadio")
@@ -47,15 +53,12 @@ def frequency_of_memory(rack, steps):
 def tunes_by_mouse(rack, album):
     wanted = frequency_of_memory(rack, 1)  # 88.7 MHz
     open_keypad(rack)
-    rack.wait_focus(KEYPAD, "Text1")
-    rack.click(KEYPAD, CLS)
-    wait_for(lambda: not rack.has_focus(KEYPAD, "Text1"), "the focus beside the entry")
-    empty = rack.steady_look(KEYPAD, "EntryWell")
     for digit in "1025":
         rack.click(KEYPAD, key_of(digit))
+    wait_for(lambda: ink(rack) > 400, "four digits in the entry")
     album.take(rack.screen, "keypad")
     rack.click(KEYPAD, CLS)
-    wait_for(lambda: rack.look(KEYPAD, "EntryWell") == empty, "an empty entry")
+    wait_for(lambda: ink(rack) < 100, "an empty entry, but for the caret")
     for digit in "887":
         rack.click(KEYPAD, key_of(digit))
     rack.click(KEYPAD, ENTER)
