@@ -52,10 +52,12 @@ void Form_Dd3::layOut() {
     place(ScaleUnit, {80, 4130, 520, 160}, &ChartWell).caption = "dB";
     ScaleUnit.align = Align::Right;
     place(ToneUnit, {7560, 4130, 600, 160}, &ChartWell).caption = "Hz";
-    for (display::Label* unit : {&ScaleUnit, &ToneUnit}) {
-        unit->font = look::kUnit;
-        unit->colour = look::kUnitColour;
-    }
+    const auto likeUnit = [](display::Label& unit) {
+        unit.font = look::kUnit;
+        unit.colour = look::kUnitColour;
+    };
+    likeUnit(ScaleUnit);
+    likeUnit(ToneUnit);
     place(Graph1, {680, 0, 7400, kPlotTop + kPlotHeight + 300}, &ChartWell).style =
         display::Chart::Style::Curve;
     Graph1.insets = display::Chart::Insets{0, kPlotTop, 0, 300};

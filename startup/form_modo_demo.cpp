@@ -36,11 +36,13 @@ void FormModoDemo::layOut() {
     place(Label2, {360, 360, 4880, 1000}).caption =
         "HM16 unit is not present. Please check RS232 connection. Be sure to use the correct port "
         "#; see the Manual.";
-    for (display::Label* words : {&Label1, &Label2}) {
-        words->wraps = true;
-        words->font = display::Font{150};
-        words->colour = look::kScaleColour;
-    }
+    const auto likeWords = [](display::Label& words) {
+        words.wraps = true;
+        words.font = display::Font{150};
+        words.colour = look::kScaleColour;
+    };
+    likeWords(Label1);
+    likeWords(Label2);
     place(Command1, {1200, 1580, 1500, 400}).caption = "Modo Demo";
     place(Command2, {2900, 1580, 1500, 400}).caption = "Salir";
     Command1.says = {"Seguir en modo demo, sin unidad", "Go on in demo mode, without a unit"};

@@ -65,10 +65,12 @@ void Form_B::layOutLevels() {
     place(LevelWell, {look::kMargin, 290, 5160, 860}).surface = Surface::Well;
     place(LetterL, {110, 130, 180, 200}, &LevelWell).caption = "L";
     place(LetterR, {110, 555, 180, 200}, &LevelWell).caption = "R";
-    for (Label* letter : {&LetterL, &LetterR}) {
-        letter->font = look::kLamp;
-        letter->colour = look::kScaleColour;
-    }
+    const auto likeLetter = [](Label& letter) {
+        letter.font = look::kLamp;
+        letter.colour = look::kScaleColour;
+    };
+    likeLetter(LetterL);
+    likeLetter(LetterR);
     place(LevelBars, {kBarsLeft, 0, 4060, 860}, &LevelWell).unit = kBarsUnit;
     for (int i = 0; i < LevelBar::kElements; ++i) {
         for (auto* family : {&LineAudL, &LineAudR}) {
@@ -92,13 +94,15 @@ void Form_B::layOutLevels() {
     }
     place(PromL, {4480, 110, 560, 230}, &LevelWell);
     place(PromR, {4480, 535, 560, 230}, &LevelWell);
-    for (Label* figure : {&PromL, &PromR}) {
-        figure->surface = Surface::Plate;
-        figure->font = display::Font{180, display::Weight::Bold};
-        figure->align = Align::Right;  // a figure that gets longer must not move the others
-        figure->colour = display::kBlack;
-        figure->readout = true;
-    }
+    const auto likeFigure = [](Label& figure) {
+        figure.surface = Surface::Plate;
+        figure.font = display::Font{180, display::Weight::Bold};
+        figure.align = Align::Right;  // a figure that gets longer must not move the others
+        figure.colour = display::kBlack;
+        figure.readout = true;
+    };
+    likeFigure(PromL);
+    likeFigure(PromR);
     PromL.says = {"Nivel izquierdo, dB", "Left level, dB"};
     PromR.says = {"Nivel derecho, dB", "Right level, dB"};
 }

@@ -120,7 +120,8 @@ void Form1::layOutMultipath() {
     multybad.visible = false;
     multygood.says = {"Multitrayecto bueno", "Multipath good"};
     multybad.says = {"Multitrayecto malo", "Multipath bad"};
-    for (display::Label* lamp : {&multygood, &multybad}) lamp->font = look::kLamp;
+    multygood.font = look::kLamp;
+    multybad.font = look::kLamp;
 }
 
 void Form1::layOutKeys() {
@@ -221,12 +222,14 @@ void Form1::layOutReadouts() {
     place(Label_Bad_CarrierDev, {1000, 90, 880, 180}, &LampWell).caption = "BAD";
     Label_OVER.says = {"Portadora fuera de rango", "Carrier out of range"};
     Label_Bad_CarrierDev.says = {"Desviación de portadora mala", "Carrier deviation bad"};
-    for (display::Label* lamp : {&Label_OVER, &Label_Bad_CarrierDev}) {
-        lamp->font = look::kLamp;
-        lamp->colour = display::kRed;
-        lamp->visible = false;
-        lamp->align = Align::Centre;
-    }
+    const auto likeLamp = [](display::Label& lamp) {
+        lamp.font = look::kLamp;
+        lamp.colour = display::kRed;
+        lamp.visible = false;
+        lamp.align = Align::Centre;
+    };
+    likeLamp(Label_OVER);
+    likeLamp(Label_Bad_CarrierDev);
 }
 
 }  // namespace hmonitor
