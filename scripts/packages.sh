@@ -6,9 +6,9 @@ build_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev
   libqcustomplot-dev libgl1-mesa-dev libfftw3-dev libsndfile1-dev
   nlohmann-json3-dev fonts-b612 qt6-qpa-plugins)
 # A display where there is none, and the picture of it.
-picture_packages=(xvfb xauth imagemagick)
+picture_packages=(xvfb xauth imagemagick x11-utils)
 # What the tests need besides.
-test_packages=(libgtest-dev libgmock-dev libbenchmark-dev openbox xdotool wmctrl x11-utils dbus-x11
+test_packages=(libgtest-dev libgmock-dev libbenchmark-dev openbox xdotool wmctrl dbus-x11
   at-spi2-core locales python3 git)
 
 say() { printf '%s\n' "$*" >&2; }
