@@ -149,7 +149,7 @@ def the_window_manager_cancels(rack, album):
     open_editor(rack)
     rack.click(EDITOR, DELETE)
     wait_for(lambda: block(rack) != before, "a deleted memory")
-    rack.screen.close_window(rack.opened(EDITOR))
+    rack.screen.close_window(rack.wait_open(EDITOR))
     rack.wait_closed(EDITOR)
     assert block(rack) == before, "closing left a change behind"
     rack.wait_back()
@@ -176,14 +176,22 @@ def a_wrong_frequency_is_told(rack, album):
     rack.wait_back()
 
 
+def is_wide(rack):
+    """Whether the options are unfolded; None while the window is between two widths."""
+    window = rack.opened(EDITOR)
+    if not window:
+        return None
+    _, _, width, height = rack.screen.box(window)
+    return width > height
+
+
 @case()
 def options(rack, album):
     """Advanced, a correction behind its lock, the two boxes that exclude each other, the log."""
     assert (rack.line(ODD), rack.line(ALL), rack.line(LOG)) == ("0", "1", "0")
     open_editor(rack)
     rack.click(EDITOR, ADVANCED)
-    wait_for(lambda: rack.screen.box(rack.opened(EDITOR))[2] >
-             rack.screen.box(rack.opened(EDITOR))[3], "the wide editor")
+    wait_for(lambda: is_wide(rack), "the wide editor")
     rack.click(EDITOR, "label_dbCorrection")
     rack.screen.type_text("7")  # locked: nothing comes in
     rack.click(EDITOR, "SSCommand21")
@@ -192,8 +200,7 @@ def options(rack, album):
     rack.click(EDITOR, "SSCheck3", 0.05)
     album.take(rack.screen, "options")
     rack.click(EDITOR, ADVANCED)
-    wait_for(lambda: rack.screen.box(rack.opened(EDITOR))[2] <
-             rack.screen.box(rack.opened(EDITOR))[3], "the narrow editor")
+    wait_for(lambda: is_wide(rack) is False, "the narrow editor")
     rack.click(EDITOR, ACCEPT)
     rack.wait_closed(EDITOR)
     told = tuple(rack.line(number) for number in (CORRECTION, ODD, ALL, LOG))

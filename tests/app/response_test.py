@@ -56,7 +56,7 @@ def measured(rack, album):
     wait_for(lambda: rack.look(WINDOW, "Graph1") != empty, "the measured curve")
     album.take(rack.screen, "curve")
     curve = rack.steady_look(WINDOW, "Graph1")
-    rack.screen.close_window(rack.opened(WINDOW))
+    rack.screen.close_window(rack.wait_open(WINDOW))
     rack.wait_closed(WINDOW)
     rack.wait_back()
 

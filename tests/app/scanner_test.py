@@ -154,7 +154,7 @@ def closed_in_a_run(rack, album):
     """A sweep goes on until its own key stops it; a run one by one ends at the first close."""
     open_scanner(rack)
     start_run(rack)
-    rack.screen.close_window(rack.opened(SCANNER))
+    rack.screen.close_window(rack.wait_open(SCANNER))
     if sweeps(rack):
         seen = chart(rack)
         wait_for(lambda: chart(rack) != seen, "a sweep that goes on")

@@ -112,7 +112,7 @@ def bandwidth(rack, album):
         wait_for(lambda: rack.look(WIDTH, "Picture1") != seen, "samples that count up")
     # The way back is closed while it runs, whoever asks.
     rack.type(WIDTH, "Escape")
-    rack.screen.close_window(rack.opened(WIDTH))
+    rack.screen.close_window(rack.wait_open(WIDTH))
     seen = rack.look(WIDTH, "Picture1")
     wait_for(lambda: rack.look(WIDTH, "Picture1") != seen, "samples after a close")
     rack.click(WIDTH, NEW)
@@ -127,12 +127,12 @@ def bandwidth(rack, album):
 def bandwidth_from_the_spectrum(rack, album):
     """The spectrum gives its place to the bandwidth; a second run starts over."""
     show_spectrum(rack)
-    place = rack.screen.box(rack.opened(SHOWN))[:2]
+    place = rack.screen.box(rack.wait_open(SHOWN))[:2]
     rack.click(SHOWN, "SSCommand2")
     rack.wait_open(WIDTH)
     rack.wait_closed(SHOWN)
     wait_for(lambda: max(abs(a - b) for a, b in zip(
-        rack.screen.box(rack.opened(WIDTH))[:2], place)) <= 4, "the bandwidth in the same place")
+        rack.screen.box(rack.wait_open(WIDTH))[:2], place)) <= 4, "the bandwidth in the same place")
     for _ in range(2):
         rack.click(WIDTH, NEW)
         seen = rack.look(WIDTH, "Picture1")

@@ -139,21 +139,27 @@ TEST_F(Painting, Drawing_BoxesTakeTheirLastDotsInAndClearTakesThemAway) {
 }
 
 TEST_F(Painting, Drawing_WhatNoBoxFilledShowsWhatLiesBehind) {
-    const QPoint corner =
-        view(*sample).scale().snapped(sample->PictureBox1.boxOnForm()).topLeft().toPoint();
-    sample->PictureBox1.drawing.clear();
+    Drawing& drawing = sample->PictureBox1.drawing;
+    // A small screen shows the window smaller: places go by the drawing's own units.
+    const QRectF box = view(*sample).scale().snapped(sample->PictureBox1.boxOnForm());
+    const auto at = [&](qreal x, qreal y) {
+        return (box.topLeft() + QPointF(x * box.width() / drawing.outerWidth(),
+                                        y * box.height() / drawing.outerHeight()))
+            .toPoint();
+    };
+    drawing.clear();
     settle();
-    const QPoint free = corner + QPoint(3, 3), filled = corner + QPoint(30, 60);
+    const QPoint free = at(60, 10), filled = at(60, 50);
     const QColor behindFree = colourAt(free), behindFilled = colourAt(filled);
-    sample->PictureBox1.drawing.foreground = kRed;
-    sample->PictureBox1.drawing.box(0, 20, 120, 100);
+    drawing.foreground = kRed;
+    drawing.box(0, 20, 120, 100);
     settle();
     EXPECT_EQ(colourAt(free), behindFree);
     EXPECT_EQ(colourAt(filled), QColor(Qt::red));
     // Begun anew with a smaller box, nothing of the larger one stays.
-    sample->PictureBox1.drawing.clear();
-    sample->PictureBox1.drawing.foreground = kGreen;
-    sample->PictureBox1.drawing.box(0, 80, 120, 100);
+    drawing.clear();
+    drawing.foreground = kGreen;
+    drawing.box(0, 80, 120, 100);
     settle();
     EXPECT_EQ(colourAt(filled), behindFilled);
 }
