@@ -30,10 +30,20 @@ void* operator new(std::size_t size) {
     bytes.fetch_add(static_cast<long>(malloc_usable_size(memory)), std::memory_order_relaxed);
     return memory;
 }
+// Arrays too, also where a sanitizer brings array operators of its own.
+void* operator new[](std::size_t size) {
+    return operator new(size);
+}
 void operator delete(void* memory) noexcept {
     giveBack(memory);
 }
 void operator delete(void* memory, std::size_t) noexcept {
+    giveBack(memory);
+}
+void operator delete[](void* memory) noexcept {
+    giveBack(memory);
+}
+void operator delete[](void* memory, std::size_t) noexcept {
     giveBack(memory);
 }
 

@@ -9,7 +9,8 @@
 template <typename Value>
 std::string bytesOfValues(const std::vector<Value>& values) {
     std::string bytes(values.size() * sizeof(Value), '\0');
-    std::memcpy(bytes.data(), values.data(), bytes.size());
+    // An empty vector may have no place at all to copy from.
+    if (!values.empty()) std::memcpy(bytes.data(), values.data(), bytes.size());
     return bytes;
 }
 

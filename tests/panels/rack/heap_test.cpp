@@ -45,12 +45,14 @@ class Heap : public testing::Test {
 TEST_F(Heap, IsCounted) {
     const CountedHeap before = CountedHeap::now();
     auto* block = new long[100];
-    EXPECT_EQ(CountedHeap::now().taken, before.taken + 1);
-    EXPECT_EQ(CountedHeap::now().live, before.live + 1);
-    EXPECT_GE(CountedHeap::now().bytes, before.bytes + 800);
+    const CountedHeap taken = CountedHeap::now();
     delete[] block;
-    EXPECT_EQ(CountedHeap::now().live, before.live);
-    EXPECT_EQ(CountedHeap::now().bytes, before.bytes);
+    const CountedHeap given = CountedHeap::now();
+    EXPECT_EQ(taken.taken, before.taken + 1);
+    EXPECT_EQ(taken.live, before.live + 1);
+    EXPECT_GE(taken.bytes, before.bytes + 800);
+    EXPECT_EQ(given.live, before.live);
+    EXPECT_EQ(given.bytes, before.bytes);
 }
 
 TEST_F(Heap, IsNotTouchedByAnyTickOfTheLivePanels) {
