@@ -28,7 +28,13 @@ class Numbered {
     template <std::size_t... I>
     static std::array<Kind, Count> make(display::Form& form, std::string_view stem,
                                         std::index_sequence<I...>) {
-        return {Kind(form, std::string(stem) + shortText(I + 1).str())...};
+        return {element(form, stem, I + 1)...};
+    }
+
+    // Inlined once for each element, construction took compilers long.
+    [[gnu::noinline]] static Kind element(display::Form& form, std::string_view stem,
+                                          std::size_t number) {
+        return Kind(form, std::string(stem) + shortText(number).str());
     }
 
     std::array<Kind, Count> elements_;

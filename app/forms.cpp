@@ -39,4 +39,6 @@ Forms::Forms(Program& program, Form_WaitLoad::Brand brand)
     program.rack = {&form1, &formB, &formC, &formD};
 }
 
+Forms::~Forms() = default;
+
 }  // namespace hmonitor

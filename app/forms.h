@@ -25,6 +25,7 @@ namespace hmonitor {
 class Forms {
  public:
     explicit Forms(Program& program, Form_WaitLoad::Brand brand = Form_WaitLoad::Brand::Marvenia);
+    ~Forms();
 
     hmonitor::Form_WaitLoad formWaitLoad;
     hmonitor::FormModoDemo formModoDemo;

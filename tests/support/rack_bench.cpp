@@ -48,6 +48,8 @@ RackBench::RackBench(int languageId, Form_WaitLoad::Brand brand)
         memoryBlock({{1, "RADIO UNO", "981"}, {3, "R. TRES", "10255"}, {16, "DIECISEIS", "875"}}));
 }
 
+RackBench::~RackBench() = default;
+
 void RackBench::write(std::string_view name, std::string_view bytes) {
     scratch.write(name, bytes);
 }

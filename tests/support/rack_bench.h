@@ -35,6 +35,7 @@ class RackBench {
  public:
     explicit RackBench(int languageId = kEnglish,
                        Form_WaitLoad::Brand brand = Form_WaitLoad::Brand::Marvenia);
+    ~RackBench();
 
     static constexpr int kEnglish = 0x0409;
     static constexpr int kSpanish = 0x0c0a;
