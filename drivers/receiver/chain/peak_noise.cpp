@@ -10,7 +10,6 @@
 namespace hm16::receiver {
 namespace {
 
-constexpr double kRiseOverRms = 2.9;
 constexpr double kBandHz = 68e3;
 constexpr double kBandFlatHz = 4e3;
 constexpr double kBandStopHz = 8.4e3;  // the RDS band ends there
@@ -55,8 +54,8 @@ PeakNoise::PeakNoise(const Rates& rates, double channelNoiseHz)
     const double power = noisePower(rates);
     // Noise over carrier is twice the envelope's relative variance; its density is that over the
     // channel's noise bandwidth.
-    risePerEnvelope_ = kRiseOverRms * std::sqrt(2 / channelNoiseHz * power);
-    risePerBand_ = kRiseOverRms * std::sqrt(power / noisePowerInBand(rates));
+    rmsPerEnvelope_ = std::sqrt(2 / channelNoiseHz * power);
+    rmsPerBand_ = std::sqrt(power / noisePowerInBand(rates));
 }
 
 void PeakNoise::add(std::span<const float> composite) {
@@ -74,9 +73,9 @@ void PeakNoise::endSlot() {
     slotCount_ = 0;
 }
 
-double PeakNoise::riseHz(double roughness) const {
-    const double byEnvelope = risePerEnvelope_ * std::sqrt(std::max(0.0, roughness));
-    const double byBand = risePerBand_ * std::sqrt(bandPower_);
+double PeakNoise::rmsHz(double roughness) const {
+    const double byEnvelope = rmsPerEnvelope_ * std::sqrt(std::max(0.0, roughness));
+    const double byBand = rmsPerBand_ * std::sqrt(bandPower_);
     return std::min(byEnvelope, byBand);
 }
 

@@ -10,14 +10,11 @@
 
 namespace hm16::receiver {
 
-// How much noise lifts the highest deviation of a slot. Noise on the carrier is phase noise, whose
-// deviation grows with frequency; what the multiplex filter lets through of it adds about three
-// times its rms to a peak that comes often within the slot, as that of a tone does. A programme's
-// single highest peak gains less and then reads up to twice the noise's rms low: 0.2 kHz at 50 dB
-// of carrier to noise, 1.8 kHz at 30 dB.
+// The noise that lies on the multiplex. Noise on the carrier is phase noise, whose deviation grows
+// with frequency; it adds to the highest deviation of a slot.
 //
-// The noise is measured twice, and the lower result counts: in the envelope, where several rays or
-// a neighbour look like noise too, and in the multiplex around 68 kHz, where a hard limiter leaves
+// It is measured twice, and the lower result counts: in the envelope, where several rays or a
+// neighbour look like noise too, and in the multiplex around 68 kHz, where a hard limiter leaves
 // its splinters.
 class PeakNoise {
  public:
@@ -27,13 +24,13 @@ class PeakNoise {
     void add(std::span<const float> composite);
     void endSlot();
 
-    // Rise in Hz; `roughness` is the variance of the envelope over its square.
-    double riseHz(double roughness) const;
+    // Its rms in Hz; `roughness` is the variance of the envelope over its square.
+    double rmsHz(double roughness) const;
 
  private:
     BandDecimator band_;
-    double risePerEnvelope_;
-    double risePerBand_;
+    double rmsPerEnvelope_;
+    double rmsPerBand_;
     double bandPower_ = 0;
     double slotPower_ = 0;
     std::size_t slotCount_ = 0;

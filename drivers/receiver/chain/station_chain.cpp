@@ -138,11 +138,12 @@ void StationChain::addPilot(std::span<const float> composite) {
 void StationChain::endSlot() {
     ++slots_;
     ++sinceWidth_;
-    const SlotSummary slot = summarizeSlot(slot_);
+    peak_.take(slot_);
+    const SlotMoments moments = momentsOf(slot_);
     const double now =
         static_cast<double>(slots_) * static_cast<double>(slotLength_) / rates_.composite;
-    bool present = slot.meanSquare > 0;
-    double noiseRise = 0;
+    bool present = moments.meanSquare > 0;
+    double noise = 0;
     if (settings_.domain == Domain::Band) {
         channelPower_.endSlot();
         const double power = channelPower_.inChannel();
@@ -151,7 +152,7 @@ void StationChain::endSlot() {
         present = multipath_.roughness() < kMostRoughness;
         peakNoise_.endSlot();
         // What a neighbour beats into the envelope is no noise.
-        if (!figures_.narrow) noiseRise = peakNoise_.riseHz(multipath_.roughness());
+        if (!figures_.narrow) noise = peakNoise_.rmsHz(multipath_.roughness());
         figures_.multipathPercent = multipath_.percent();
         multipath_.fade();
         chooseWidth();
@@ -159,7 +160,7 @@ void StationChain::endSlot() {
     rds_.endSlot();
     const bool settled = sinceWidth_ > kSettling;
     if (present) {
-        if (settled) settleCarrier(slot, noiseRise);
+        if (settled) settleCarrier(moments, noise);
         if (multipath_.roughness() > kMostPeakRoughness && settings_.domain == Domain::Band)
             figures_.peakHz = 0;
         settlePilot(now);
@@ -186,11 +187,11 @@ void StationChain::chooseWidth() {
     meanSquares_.clear();
 }
 
-void StationChain::settleCarrier(const SlotSummary& slot, double noiseRiseHz) {
-    carrier_.add(slot.meanHz);
+void StationChain::settleCarrier(const SlotMoments& moments, double noiseHz) {
+    carrier_.add(moments.meanHz);
     figures_.carrierHz = carrier_.hz();
-    figures_.peakHz = std::max(0.0, slot.peakFrom(figures_.carrierHz) - noiseRiseHz);
-    meanSquares_.add(slot.meanSquare - figures_.carrierHz * figures_.carrierHz);
+    figures_.peakHz = peak_.peakFrom(figures_.carrierHz, noiseHz);
+    meanSquares_.add(moments.meanSquare - figures_.carrierHz * figures_.carrierHz);
 }
 
 void StationChain::settlePilot(double now) {

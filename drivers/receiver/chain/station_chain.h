@@ -16,10 +16,11 @@
 #include "drivers/receiver/figures/channel_power.h"
 #include "drivers/receiver/figures/figures.h"
 #include "drivers/receiver/figures/multipath.h"
-#include "drivers/receiver/figures/peak_slot.h"
 #include "drivers/receiver/figures/peaks_per_minute.h"
 #include "drivers/receiver/figures/pilot_track.h"
 #include "drivers/receiver/figures/ring.h"
+#include "drivers/receiver/figures/slot_moments.h"
+#include "drivers/receiver/figures/slot_peak.h"
 
 namespace hm16::receiver {
 
@@ -59,7 +60,7 @@ class StationChain {
     void addPilot(std::span<const float> composite);
     void endSlot();
     void chooseWidth();
-    void settleCarrier(const SlotSummary& slot, double noiseRiseHz);
+    void settleCarrier(const SlotMoments& moments, double noiseHz);
     void settleAudio();
     void settlePilot(double now);
     void settlePower();
@@ -83,6 +84,7 @@ class StationChain {
     std::size_t pilotPoints_ = 0;
     CarrierMean carrier_;
     PeaksPerMinute peaks_;
+    SlotPeak peak_;
     PeakNoise peakNoise_;
     Multipath multipath_;
     ChannelPower channelPower_;

@@ -3,10 +3,12 @@
 // docs/receiver.md, which lists what is reached.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 #include <vector>
 
+#include "drivers/receiver/synth/composite_generator.h"
 #include "tests/drivers/receiver/accuracy.h"
 
 namespace hm16::receiver {
@@ -45,6 +47,65 @@ TEST_P(Accuracy, PeakModulationInNoise) {
         measure(plan, 0.6, 300e3, check);
         EXPECT_GE(known, 9) << percent;  // all but the first two
     }
+}
+
+// The highest that a station sends between two times.
+double sentBetween(const std::vector<double>& deviation, double rateHz, double from, double to) {
+    double peak = 0;
+    for (auto n = static_cast<std::size_t>(from * rateHz); n < to * rateHz; ++n)
+        peak = std::max(peak, std::fabs(deviation.at(n)));
+    return peak;
+}
+
+TEST_P(Accuracy, PeaksOfAStereoProgramme) {
+    constexpr double kFineHz = 2.4e6;
+    constexpr double kBeside = 2e-4;  // the chain's slots begin a little later than these
+    for (const double width : {0.3, 0.9}) {
+        const auto plan = band([&](auto& s) {
+            s.pilotDeviationHz = 6750;
+            s.rds.deviationHz = 2000;
+            s.programme = {.level = 0.9, .width = width};
+        });
+        std::vector<double> sent;
+        CompositeGenerator(plan.stations.front(), kFineHz, plan.seed + 1)
+            .generate(static_cast<std::size_t>(1.3 * kFineHz), sent);
+        int slots = 0;
+        measure(plan, 1.2, 300e3, [&](const Figures& f) {
+            if (++slots < 3) return;
+            const double end = 0.05 * slots;
+            const double most = sentBetween(sent, kFineHz, end - 0.05 - kBeside, end + kBeside);
+            const double least = sentBetween(sent, kFineHz, end - 0.05 + kBeside, end - kBeside);
+            EXPECT_LT(f.peakHz, most + 500) << width << " in slot " << slots;
+            EXPECT_GT(f.peakHz, least - 500) << width << " in slot " << slots;
+            miss(std::max({0.0, f.peakHz - most, least - f.peakHz}));
+        });
+        EXPECT_GE(slots, 23);
+    }
+}
+
+TEST_P(Accuracy, PeaksOfAProgrammeInNoise) {
+    auto plan = band([](auto& s) {
+        s.pilotDeviationHz = 6750;
+        s.rds.deviationHz = 2000;
+        s.programme.level = 0.7;
+    });
+    auto pure = plan;
+    pure.eightBit = false;
+    pure.carrierToNoiseDb = 300;
+    plan.carrierToNoiseDb = 30;
+    std::vector<double> truth;
+    measure(pure, 1.6, 300e3, [&](const Figures& f) { truth.push_back(f.peakHz); });
+    std::size_t slots = 0;
+    double squares = 0;
+    measure(plan, 1.6, 300e3, [&](const Figures& f) {
+        const double wrong = f.peakHz - truth.at(slots++);
+        if (slots < 3) return;
+        squares += wrong * wrong;
+        miss(wrong);
+    });
+    ASSERT_GE(slots, 31U);
+    EXPECT_LT(std::sqrt(squares / static_cast<double>(slots - 2)), 1200);
+    RecordProperty("rms", std::to_string(std::sqrt(squares / static_cast<double>(slots - 2))));
 }
 
 TEST_P(Accuracy, CarrierDeviation) {

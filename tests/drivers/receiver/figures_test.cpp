@@ -11,11 +11,11 @@
 #include "drivers/receiver/figures/carrier_mean.h"
 #include "drivers/receiver/figures/distortion.h"
 #include "drivers/receiver/figures/noise_floor.h"
-#include "drivers/receiver/figures/peak_slot.h"
 #include "drivers/receiver/figures/peaks_per_minute.h"
 #include "drivers/receiver/figures/pilot_track.h"
 #include "drivers/receiver/figures/programme_level.h"
 #include "drivers/receiver/figures/response_tones.h"
+#include "drivers/receiver/figures/slot_moments.h"
 #include "drivers/receiver/figures/stereo_axis.h"
 #include "drivers/receiver/synth/random.h"
 
@@ -61,22 +61,11 @@ TEST(LowPass, IsFlatWhereItPassesAndEightyDecibelsDownWhereItStops) {
         EXPECT_LT(std::fabs(gainOf(taps, 2.4e6, hz)), 1.3e-4);
 }
 
-TEST(PeakSlot, FindsTheCrestBetweenTwoSamples) {
-    // 15 kHz at 300 kHz, shifted so that samples lie 9 degrees beside every crest.
-    std::vector<float> values(15000);
-    for (std::size_t n = 0; n < values.size(); ++n)
-        values[n] =
-            static_cast<float>(75e3 * std::sin(kTwoPi * (static_cast<double>(n) + 0.5) / 20));
-    EXPECT_LT(*std::max_element(values.begin(), values.end()), 74.2e3);
-    EXPECT_NEAR(summarizeSlot(values).peakFrom(0), 75e3, 60);
-}
-
-TEST(PeakSlot, CountsFromTheCarrierToEitherSide) {
+TEST(SlotMoments, AreMeanAndMeanSquare) {
     const std::vector<float> values{0, 50, 20, -70, 10};
-    const SlotSummary slot = summarizeSlot(values);
-    EXPECT_GT(slot.peakFrom(20), slot.peakFrom(-20));
-    EXPECT_NEAR(slot.meanHz, 2, 1e-6);
-    EXPECT_NEAR(slot.meanSquare, (2500 + 400 + 4900 + 100) / 5.0, 1e-3);
+    EXPECT_NEAR(momentsOf(values).meanHz, 2, 1e-6);
+    EXPECT_NEAR(momentsOf(values).meanSquare, (2500 + 400 + 4900 + 100) / 5.0, 1e-3);
+    EXPECT_EQ(momentsOf({}).meanSquare, 0);
 }
 
 TEST(CarrierMean, HoldsStillUnderAStrongLowTone) {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "drivers/receiver/figures/peak_slot.h"
+#include "drivers/receiver/figures/slot_moments.h"
 
 #include <algorithm>
-#include <cmath>
+#include <cstddef>
 
 namespace hm16::receiver {
 namespace {
@@ -42,35 +42,13 @@ Sums sumsOf(const float* values, std::size_t count) {
     return total;
 }
 
-// Height of the parabola through a sample and its neighbours.
-double vertex(std::span<const float> values, std::size_t at) {
-    const double now = values[at];
-    if (at == 0 || at + 1 == values.size()) return now;
-    const double before = values[at - 1];
-    const double after = values[at + 1];
-    const double bend = before - 2 * now + after;
-    if (bend == 0) return now;
-    const double slope = (after - before) / 2;
-    return now - slope * slope / (2 * bend);
-}
-
 }  // namespace
 
-double SlotSummary::peakFrom(double carrierHz) const {
-    return std::max(highestHz - carrierHz, carrierHz - lowestHz);
-}
-
-SlotSummary summarizeSlot(std::span<const float> composite) {
-    SlotSummary result;
-    if (composite.empty()) return result;
-    const auto [low, high] = std::minmax_element(composite.begin(), composite.end());
-    result.highestHz = vertex(composite, static_cast<std::size_t>(high - composite.begin()));
-    result.lowestHz = vertex(composite, static_cast<std::size_t>(low - composite.begin()));
+SlotMoments momentsOf(std::span<const float> composite) {
+    if (composite.empty()) return {};
     const Sums sums = sumsOf(composite.data(), composite.size());
     const auto count = static_cast<double>(composite.size());
-    result.meanHz = sums.sum / count;
-    result.meanSquare = sums.square / count;
-    return result;
+    return {sums.sum / count, sums.square / count};
 }
 
 }  // namespace hm16::receiver
