@@ -2,43 +2,32 @@
 #include "display/qt/drawing_image.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
-#include "display/qt/faces.h"
 #include "display/qt/palette.h"
 
 namespace display::qt {
 
 namespace {
 
-qint64 areaOf(const QRect& rect) {
-    return rect.isEmpty() ? 0 : qint64{rect.width()} * rect.height();
-}
+/// Marks are laid on a few rows at a time, which a cache holds: a graph is hundreds of narrow
+/// columns, and each on its own would touch every row of the picture.
+constexpr int kBandBytes = 128 * 1024;
 
-/// The columns of graphs are narrow and there are hundreds of them: each width has a loop of its
-/// own that the compiler lays out.
-template <int Width>
-void fillNarrow(QRgb* row, const QRgb* end, qsizetype stride, QRgb value) {
-    for (; row < end; row += stride) {
-        for (int x = 0; x < Width; ++x) row[x] = value;
-    }
+qint64 areaOf(const DotBox& box) {
+    return qint64{box.width()} * box.height();
 }
-
-constexpr std::array kNarrow = {&fillNarrow<1>, &fillNarrow<2>, &fillNarrow<3>, &fillNarrow<4>,
-                                &fillNarrow<5>, &fillNarrow<6>, &fillNarrow<7>, &fillNarrow<8>};
 
 }  // namespace
 
 void DrawingImage::begin(QSize dots, const Scale& scale, float unit) {
-    const qreal pxPerTwip = scale.px(1);
-    if (pxPerTwip != pxPerTwip_) faces_.clear();
-    pxPerTwip_ = pxPerTwip;
     ratio_ = scale.deviceRatio();
+    dotsPerWidth_ = scale.px(15) * ratio_;
+    texts_.setScale(scale.px(1), ratio_);
     dotsPerUnit_ = scale.px(unit) * ratio_;
     if (image_.size() != dots) image_ = QImage(dots, QImage::Format_ARGB32_Premultiplied);
     image_.setDevicePixelRatio(ratio_);
-    filled_ = QRect();
+    filled_ = DotBox();
     begun_ = true;
 }
 
@@ -46,119 +35,110 @@ int DrawingImage::dot(float units) const {
     return static_cast<int>(std::lround(units * dotsPerUnit_));
 }
 
-QRect DrawingImage::dotsOf(const Mark& box) const {
+DotBox DrawingImage::dotsOf(const Mark& box) const {
     // A box takes its last column and row of dots in.
     const int left = dot(box.x1), top = dot(box.y1);
-    return {left, top, std::max(dot(box.x2) - left, 0) + 1, std::max(dot(box.y2) - top, 0) + 1};
+    return {left, top, std::max(dot(box.x2), left) + 1, std::max(dot(box.y2), top) + 1};
 }
 
 void DrawingImage::add(const std::vector<Mark>& marks, std::size_t first) {
     if (image_.isNull()) return;
-    for (std::size_t i = first; i < marks.size(); ++i) {
-        if (marks[i].kind != Mark::Kind::Filled) continue;
-        const QRect dots = dotsOf(marks[i]) & image_.rect();
-        if (areaOf(dots) > areaOf(filled_)) filled_ = dots;
+    pieces_.clear();
+    strokes_.clear();
+    prints_.clear();
+    texts_.trim();
+    for (std::size_t i = first; i < marks.size(); ++i) addPiece(marks[i]);
+    const DotBox all = DotBox::of(image_.rect());
+    DotBox touched{0, all.bottom, all.right, 0};
+    for (const Piece& piece : pieces_) {
+        touched.top = std::min(touched.top, piece.reach.top);
+        touched.bottom = std::max(touched.bottom, piece.reach.bottom);
     }
-    // What a box fills need not be wiped before.
-    if (begun_) clearAround(filled_);
+    layBands(begun_ ? all : touched);
     begun_ = false;
-    for (std::size_t i = first; i < marks.size(); ++i) {
-        switch (marks[i].kind) {
+}
+
+void DrawingImage::addPiece(const Mark& mark) {
+    Piece piece{mark.kind, qColour(mark.colour).rgb(), 0, dotsOf(mark)};
+    if (mark.kind == Mark::Kind::Print) {
+        const TextMask& text = texts_.of(mark.text, mark.points, mark.bold);
+        piece.index = prints_.size();
+        prints_.push_back({&text, QPoint(dot(mark.x1), dot(mark.y1))});
+        piece.reach = text.reach(prints_.back().at);
+    } else if (mark.kind == Mark::Kind::Stroke) {
+        takeStroke(mark, piece);
+    }
+    piece.reach = piece.reach & DotBox::of(image_.rect());
+    if (piece.reach.empty()) return;
+    if (mark.kind == Mark::Kind::Filled && areaOf(piece.reach) > areaOf(filled_)) {
+        filled_ = piece.reach;
+    }
+    pieces_.push_back(piece);
+}
+
+void DrawingImage::takeStroke(const Mark& mark, Piece& piece) {
+    const QPoint from(dot(mark.x1), dot(mark.y1)), to(dot(mark.x2), dot(mark.y2));
+    const int width = std::max(static_cast<int>(std::lround(mark.lineWidth * dotsPerWidth_)), 1);
+    if (from.x() != to.x() && from.y() != to.y()) {
+        piece.index = strokes_.size();
+        strokes_.emplace_back(from, to, width);
+        piece.reach = strokes_.back().reach();
+        return;
+    }
+    const int left = std::min(from.x(), to.x()), top = std::min(from.y(), to.y());
+    const QPoint far = from - to;
+    piece.kind = Mark::Kind::Filled;
+    piece.reach = {left, top, left + std::max(std::abs(far.x()), width),
+                   top + std::max(std::abs(far.y()), width)};
+}
+
+void DrawingImage::layBands(const DotBox& touched) {
+    if (touched.empty()) return;
+    const DotRows rows(image_);
+    const int height = std::max(kBandBytes / static_cast<int>(image_.bytesPerLine()), 1);
+    DotBox band = touched;
+    for (; band.top < touched.bottom; band.top = band.bottom) {
+        band.bottom = std::min(band.top + height, touched.bottom);
+        if (begun_) clearAround(rows, band);
+        layBand(rows, band);
+    }
+}
+
+void DrawingImage::layBand(const DotRows& rows, const DotBox& band) const {
+    for (const Piece& piece : pieces_) {
+        const DotBox seen = piece.reach & band;
+        if (seen.empty()) continue;
+        switch (piece.kind) {
             case Mark::Kind::Filled:
-                fillBox(marks[i]);
+                rows.fill(seen, piece.colour);
                 break;
             case Mark::Kind::Stroke:
-                drawStroke(marks[i]);
+                strokes_[piece.index].lay(rows, seen, piece.colour);
                 break;
             case Mark::Kind::Print:
-                print(marks[i]);
+                prints_[piece.index].text->lay(rows, prints_[piece.index].at, seen, piece.colour);
                 break;
         }
     }
-    painter_.reset();
 }
 
-void DrawingImage::clearAround(const QRect& filled) {
-    if (filled.isEmpty()) {
-        image_.fill(Qt::transparent);
+/// What a box fills need not be wiped before.
+void DrawingImage::clearAround(const DotRows& rows, const DotBox& band) const {
+    const DotBox filled = filled_ & band;
+    if (filled.empty()) {
+        rows.fill(band, 0);
         return;
     }
-    const QRegion around = QRegion(image_.rect()) - filled;
-    for (const QRect& part : around) {
-        for (int y = part.top(); y <= part.bottom(); ++y) {
-            std::fill_n(reinterpret_cast<QRgb*>(image_.scanLine(y)) + part.left(), part.width(),
-                        QRgb{0});
-        }
-    }
-}
-
-void DrawingImage::fill(const QRect& dots, const Colour& colour) {
-    const QRect seen = dots & image_.rect();
-    if (seen.isEmpty()) return;
-    const QRgb value = qColour(colour).rgb();
-    const qsizetype stride = image_.bytesPerLine() / qsizetype{sizeof(QRgb)};
-    QRgb* row = reinterpret_cast<QRgb*>(image_.bits()) + seen.top() * stride + seen.left();
-    const QRgb* const end = row + seen.height() * stride;
-    const auto width = static_cast<std::size_t>(seen.width());
-    if (width <= kNarrow.size()) {
-        kNarrow[width - 1](row, end, stride, value);
-        return;
-    }
-    for (; row < end; row += stride) std::fill_n(row, width, value);
-}
-
-void DrawingImage::fillBox(const Mark& mark) {
-    fill(dotsOf(mark), mark.colour);
-}
-
-void DrawingImage::drawStroke(const Mark& mark) {
-    const int width =
-        std::max(static_cast<int>(std::lround(mark.lineWidth * 15 * pxPerTwip_ * ratio_)), 1);
-    const QPoint from(dot(mark.x1), dot(mark.y1)), to(dot(mark.x2), dot(mark.y2));
-    if (from.x() == to.x() || from.y() == to.y()) {
-        const QPoint corner(std::min(from.x(), to.x()), std::min(from.y(), to.y()));
-        const QPoint reach = from - to;
-        fill(QRect(corner, QSize(std::max(std::abs(reach.x()), width),
-                                 std::max(std::abs(reach.y()), width))),
-             mark.colour);
-        return;
-    }
-    QPainter& pen = painter();
-    pen.setRenderHint(QPainter::Antialiasing, true);
-    pen.setPen(QPen(qColour(mark.colour), width / ratio_));
-    pen.drawLine(QPointF(from) / ratio_, QPointF(to) / ratio_);
-    pen.setRenderHint(QPainter::Antialiasing, false);
-}
-
-const DrawingImage::Face& DrawingImage::face(const Mark& mark) {
-    const auto [place, isNew] = faces_.try_emplace({mark.points, mark.bold});
-    Face& face = place->second;
-    if (isNew) {
-        face.font = Faces::get().font(mark.points * 20 * pxPerTwip_,
-                                      mark.bold ? Weight::Bold : Weight::Normal);
-        face.ascent = QFontMetricsF(face.font).ascent();
-    }
-    return face;
-}
-
-void DrawingImage::print(const Mark& mark) {
-    const Face& wanted = face(mark);
-    QPainter& pen = painter();
-    pen.setFont(wanted.font);
-    pen.setPen(qColour(mark.colour));
-    pen.drawText(QPointF(dot(mark.x1) / ratio_, dot(mark.y1) / ratio_ + wanted.ascent),
-                 QString::fromStdString(mark.text));
-}
-
-QPainter& DrawingImage::painter() {
-    if (!painter_) painter_.emplace(&image_);
-    return *painter_;
+    rows.fill({band.left, band.top, band.right, filled.top}, 0);
+    rows.fill({band.left, filled.top, filled.left, filled.bottom}, 0);
+    rows.fill({filled.right, filled.top, band.right, filled.bottom}, 0);
+    rows.fill({band.left, filled.bottom, band.right, band.bottom}, 0);
 }
 
 void DrawingImage::paint(QPainter& painter, QPointF at) const {
     if (image_.isNull() || begun_) return;
-    if (!filled_.isEmpty()) paintPart(painter, at, filled_, QImage::Format_RGB32);
-    for (const QRect& rest : QRegion(image_.rect()) - filled_) {
+    if (!filled_.empty()) paintPart(painter, at, filled_.rect(), QImage::Format_RGB32);
+    for (const QRect& rest : QRegion(image_.rect()) - filled_.rect()) {
         paintPart(painter, at, rest, image_.format());
     }
 }

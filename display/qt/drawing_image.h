@@ -3,18 +3,19 @@
 
 #include <QImage>
 #include <QPainter>
-#include <map>
-#include <optional>
+#include <vector>
 
 #include "display/drawing.h"
+#include "display/qt/dot_rows.h"
 #include "display/qt/scale.h"
+#include "display/qt/slanting_stroke.h"
+#include "display/qt/text_masks.h"
 
 namespace display::qt {
 
-/// The marks of a drawing as dots, kept from frame to frame. Boxes and level and upright lines,
-/// which are nearly all marks, are written straight into the dots; a painter comes for texts and
-/// slanting lines alone. What boxes have filled is known to hide what lies behind, so that it is
-/// laid on the screen without blending.
+/// The marks of a drawing as dots, kept from frame to frame. Boxes and lines, which are nearly all
+/// marks, are written straight into the dots; a painter comes for texts alone. What boxes have
+/// filled is known to hide what lies behind, so that it is laid on the screen without blending.
 class DrawingImage {
  public:
     /// Empty, of that size in device pixels, one drawing unit being `unit` twips.
@@ -26,28 +27,36 @@ class DrawingImage {
     void paint(QPainter& painter, QPointF at) const;
 
  private:
-    struct Face {
-        QFont font;
-        qreal ascent = 0;
+    /// A mark in dots. A level or upright line is a filled one.
+    struct Piece {
+        Mark::Kind kind = Mark::Kind::Filled;
+        QRgb colour = 0;
+        std::size_t index = 0;  ///< of its stroke or text
+        DotBox reach;
+    };
+    struct Print {
+        const TextMask* text = nullptr;
+        QPoint at;
     };
 
     int dot(float units) const;
-    void clearAround(const QRect& filled);
-    QRect dotsOf(const Mark& box) const;
-    void fill(const QRect& dots, const Colour& colour);
-    void fillBox(const Mark& mark);
-    void drawStroke(const Mark& mark);
-    void print(const Mark& mark);
-    const Face& face(const Mark& mark);
-    QPainter& painter();
+    DotBox dotsOf(const Mark& box) const;
+    void addPiece(const Mark& mark);
+    void takeStroke(const Mark& mark, Piece& piece);
+    void layBands(const DotBox& touched);
+    void layBand(const DotRows& rows, const DotBox& band) const;
+    void clearAround(const DotRows& rows, const DotBox& band) const;
     void paintPart(QPainter& painter, QPointF at, const QRect& part, QImage::Format as) const;
 
     QImage image_;
-    std::optional<QPainter> painter_;  ///< while marks are added, once one needs it
-    QRect filled_;                     ///< the largest place where nothing shines through
-    std::map<std::pair<float, bool>, Face> faces_;
+    DotBox filled_;  ///< the largest place where nothing shines through
+    TextMasks texts_;
     bool begun_ = false;  ///< what the dots hold is old
-    qreal dotsPerUnit_ = 0, pxPerTwip_ = 0, ratio_ = 0;
+    qreal dotsPerUnit_ = 0, dotsPerWidth_ = 0, ratio_ = 0;
+    // What is being added.
+    std::vector<Piece> pieces_;
+    std::vector<SlantingStroke> strokes_;
+    std::vector<Print> prints_;
 };
 
 }  // namespace display::qt
