@@ -23,7 +23,7 @@ struct HourLine {
 HourLine readHourLine(std::string_view line) {
     const auto blank = line.find(' ');
     const auto hour = numberIn(line.substr(0, blank));
-    if (blank == std::string_view::npos || blank > 2 || !hour || *hour < 0 || *hour > 23) return {};
+    if (blank > 2 || !hour || *hour < 0 || *hour > 23) return {};  // none is far beyond
     for (int field = 1; field <= 6; ++field) {
         const auto next = line.find(' ');
         if (next == std::string_view::npos) break;

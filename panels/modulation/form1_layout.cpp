@@ -201,8 +201,9 @@ void Form1::layOutReadouts() {
     constexpr float kDown = 530;
     int index = 0;
     for (const Row& row : rows) {
+        const int down = index / 2;
         const float x = kLeft + kAcross * static_cast<float>(index % 2);
-        const float y = 350 + kDown * static_cast<float>(index / 2);
+        const float y = 350 + kDown * static_cast<float>(down);
         ++index;
         place(row.caption, {x, y, kWidth + 60, 150}).caption = wordsIn(language, row.words);
         row.caption.font = look::kCaption;

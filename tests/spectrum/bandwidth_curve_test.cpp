@@ -80,6 +80,10 @@ struct Row {
     float percent;
 };
 
+void PrintTo(const Row& row, std::ostream* out) {
+    *out << row.db << " dB";
+}
+
 class PercentOfDb : public testing::TestWithParam<Row> {};
 
 TEST_P(PercentOfDb, FollowsTheTable) {

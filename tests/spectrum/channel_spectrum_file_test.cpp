@@ -58,6 +58,10 @@ struct Count {
     int points;
 };
 
+void PrintTo(const Count& count, std::ostream* out) {
+    *out << '"' << count.line << '"';
+}
+
 class Counts : public testing::TestWithParam<Count> {};
 
 TEST_P(Counts, GiveNoMoreValuesThanStandThere) {

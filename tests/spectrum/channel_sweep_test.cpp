@@ -18,6 +18,10 @@ struct Span {
     double beforeFirstMhz;
 };
 
+void PrintTo(const Span& span, std::ostream* out) {
+    *out << span.halfSpan << " kHz to each side in steps of " << span.step;
+}
+
 class Spans : public testing::TestWithParam<Span> {};
 
 TEST_P(Spans, RunFromTheLowEdgeToTheHighOne) {

@@ -16,6 +16,10 @@ struct Kind {
     bool eightBit;
 };
 
+inline void PrintTo(const Kind& kind, std::ostream* out) {
+    *out << kind.rateHz << " Hz, " << (kind.eightBit ? "8 bits" : "float");
+}
+
 class Accuracy : public testing::TestWithParam<Kind> {
  protected:
     BandPlan band(const std::function<void(StationPlan&)>& shape) const {

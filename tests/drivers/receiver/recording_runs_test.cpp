@@ -24,6 +24,10 @@ struct Form {
     const char* settings;
 };
 
+void PrintTo(const Form& form, std::ostream* out) {
+    *out << form.name;
+}
+
 class EveryForm : public testing::TestWithParam<Form> {};
 
 INSTANTIATE_TEST_SUITE_P(
