@@ -9,6 +9,7 @@ void filterComplex(const float*, const float*, std::size_t, std::size_t, std::si
 void rotate(float*, const float*, const float*, float, float, std::size_t);
 void angleSteps(const float*, std::size_t, float*);
 void lengths(const float*, std::size_t, float*);
+float farthest(const float*, std::size_t, float);
 }  // namespace plain
 
 #if defined(HM16_WIDE_KERNELS)
@@ -18,6 +19,7 @@ void filterComplex(const float*, const float*, std::size_t, std::size_t, std::si
 void rotate(float*, const float*, const float*, float, float, std::size_t);
 void angleSteps(const float*, std::size_t, float*);
 void lengths(const float*, std::size_t, float*);
+float farthest(const float*, std::size_t, float);
 }  // namespace wide
 #endif
 
@@ -30,16 +32,17 @@ struct Kernels {
     decltype(&plain::rotate) rotate;
     decltype(&plain::angleSteps) angleSteps;
     decltype(&plain::lengths) lengths;
+    decltype(&plain::farthest) farthest;
 };
 
 Kernels choose() {
 #if defined(HM16_WIDE_KERNELS)
     if (__builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma"))
-        return {wide::filterReal, wide::filterComplex, wide::rotate, wide::angleSteps,
-                wide::lengths};
+        return {wide::filterReal, wide::filterComplex, wide::rotate,
+                wide::angleSteps, wide::lengths,       wide::farthest};
 #endif
-    return {plain::filterReal, plain::filterComplex, plain::rotate, plain::angleSteps,
-            plain::lengths};
+    return {plain::filterReal, plain::filterComplex, plain::rotate,
+            plain::angleSteps, plain::lengths,       plain::farthest};
 }
 
 const Kernels& kernels() {
@@ -70,6 +73,10 @@ void angleSteps(const float* iq, std::size_t samples, float* out) {
 
 void lengths(const float* iq, std::size_t samples, float* out) {
     kernels().lengths(iq, samples, out);
+}
+
+float farthest(const float* values, std::size_t count, float centre) {
+    return kernels().farthest(values, count, centre);
 }
 
 }  // namespace hm16::receiver

@@ -27,6 +27,9 @@ void rotate(float* iq, const float* doubledCosines, const float* doubledSines, f
 // Exact to 1e-7; this is what keeps the receiver's own distortion below 0.01 percent.
 void angleSteps(const float* iq, std::size_t samples, float* out);
 
+// The greatest distance of any value from `centre`; 0 for none.
+float farthest(const float* values, std::size_t count, float centre);
+
 // Length of each sample.
 void lengths(const float* iq, std::size_t samples, float* out);
 

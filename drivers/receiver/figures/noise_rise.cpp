@@ -12,9 +12,8 @@ namespace {
 // All lengths here are in units of the noise's rms.
 constexpr double kStep = 0.125;  // between two guesses of the signal's highest
 constexpr std::size_t kStepsPerBin = 2;
-constexpr double kDepth = 8;
 constexpr std::size_t kGuesses = 37;  // down to 4.5 below what was measured
-constexpr std::size_t kPlaces = static_cast<std::size_t>(kDepth / kStep) + kGuesses;
+constexpr std::size_t kPlaces = static_cast<std::size_t>(NoiseRise::kDepth / kStep) + kGuesses;
 constexpr std::array kPowers{0.0, 0.1, 0.25, 0.5, 0.75, 1.0, 1.5, 2.0, 3.0};
 
 // For one power the logarithms of the shares of samples in a bin that begins at a place, and of
@@ -24,22 +23,28 @@ struct Shape {
     std::array<double, kPlaces> fromHere;
 };
 
-// Share of samples that noise brings over a level `above` the signal's highest: the mean of
-// (z - above) ^ power over the noise's normal distribution.
-double shareOver(double above, double power) {
-    constexpr double kFine = kStep / 4;
+// Shares of samples that noise brings over each place: the mean of (z - place) ^ power over the
+// noise's normal distribution.
+std::array<double, kPlaces + kStepsPerBin> sharesOver(double power) {
+    constexpr std::size_t kFinePerStep = 4;
+    constexpr double kFine = kStep / kFinePerStep;
     constexpr double kFarthest = 7;
-    double sum = 0;
-    for (double z = std::max(above, -kFarthest) + kFine / 2; z < kFarthest; z += kFine)
-        sum += std::pow(z - above, power) * std::exp(-z * z / 2);
-    return sum * kFine / std::sqrt(2 * std::numbers::pi);
+    std::vector<double> density;
+    std::vector<double> grown;
+    for (double z = kFine / 2 - NoiseRise::kDepth; z < kFarthest; z += kFine) {
+        density.push_back(std::exp(-z * z / 2) * kFine / std::sqrt(2 * std::numbers::pi));
+        grown.push_back(std::pow(z + NoiseRise::kDepth, power));
+    }
+    std::array<double, kPlaces + kStepsPerBin> shares{};
+    for (std::size_t k = 0; k < shares.size(); ++k)
+        for (std::size_t n = k * kFinePerStep; n < density.size(); ++n)
+            shares[k] += density[n] * grown[n - k * kFinePerStep];
+    return shares;
 }
 
 Shape shapeOf(double power) {
     constexpr double kLeast = 1e-12;
-    std::array<double, kPlaces + kStepsPerBin> over;
-    for (std::size_t k = 0; k < over.size(); ++k)
-        over[k] = shareOver(static_cast<double>(k) * kStep - kDepth, power);
+    const auto over = sharesOver(power);
     Shape shape;
     for (std::size_t k = 0; k < kPlaces; ++k) {
         shape.inBin[k] = std::log(std::max(kLeast, over[k] - over[k + kStepsPerBin]));
@@ -85,29 +90,29 @@ void NoiseRise::add(std::span<const float> magnitudes) {
 double NoiseRise::hz() const {
     static_assert(kBins * kStepsPerBin * kStep == kDepth);
     double all = 0;
-    for (std::size_t bin = firstBin_; bin < kBins; ++bin) all += static_cast<double>(counts_[bin]);
-    const auto likelihood = [&](const Shape& shape, std::size_t guess) {
-        double sum = -all * shape.fromHere[kStepsPerBin * firstBin_ + guess];
-        for (std::size_t bin = firstBin_; bin < kBins; ++bin)
-            sum += static_cast<double>(counts_[bin]) * shape.inBin[kStepsPerBin * bin + guess];
-        return sum;
-    };
-    const Shape* best = &shapes().front();
-    std::size_t bestGuess = 0;
-    double most = likelihood(*best, 0);
+    for (std::size_t bin = firstBin_; bin < kBins; ++bin) all += counts_[bin];
+    double most = 0;
+    double rise = 0;
+    bool first = true;
     for (const Shape& shape : shapes()) {
-        for (std::size_t guess = 0; guess < kGuesses; ++guess) {
-            const double now = likelihood(shape, guess);
-            if (now <= most) continue;
-            most = now;
-            best = &shape;
-            bestGuess = guess;
+        std::array<double, kGuesses> likelihood{};
+        const double* below = shape.fromHere.data() + kStepsPerBin * firstBin_;
+        for (std::size_t guess = 0; guess < kGuesses; ++guess)
+            likelihood[guess] = -all * below[guess];
+        for (std::size_t bin = firstBin_; bin < kBins; ++bin) {
+            if (counts_[bin] == 0) continue;
+            const double* inBin = shape.inBin.data() + kStepsPerBin * bin;
+            for (std::size_t guess = 0; guess < kGuesses; ++guess)
+                likelihood[guess] += counts_[bin] * inBin[guess];
         }
+        const auto best = std::max_element(likelihood.begin(), likelihood.end());
+        if (!first && *best <= most) continue;
+        first = false;
+        most = *best;
+        rise = static_cast<double>(best - likelihood.begin());
+        if (best != likelihood.begin() && best + 1 != likelihood.end())
+            rise += crestBetween(best[-1], best[0], best[1]);
     }
-    double rise = static_cast<double>(bestGuess);
-    if (bestGuess > 0 && bestGuess + 1 < kGuesses)
-        rise +=
-            crestBetween(likelihood(*best, bestGuess - 1), most, likelihood(*best, bestGuess + 1));
     return rise * kStep * noiseHz_;
 }
 

@@ -17,6 +17,9 @@ namespace hm16::receiver {
 // are chosen so that this, blurred by the noise, is likeliest to give the counts that are there.
 class NoiseRise {
  public:
+    // How far below the highest samples count, in units of the noise's rms.
+    static constexpr double kDepth = 8;
+
     // `highestHz`: the highest deviation; `noiseHz`: rms of the noise, over 0.
     NoiseRise(double highestHz, double noiseHz);
 
@@ -34,7 +37,7 @@ class NoiseRise {
     float lowestHz_;  // of the first bin
     float binsPerHz_;
     std::size_t firstBin_;  // the first that lies above 0 Hz
-    std::array<std::size_t, kBins> counts_{};
+    std::array<double, kBins> counts_{};
 };
 
 }  // namespace hm16::receiver

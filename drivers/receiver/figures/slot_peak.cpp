@@ -19,24 +19,6 @@ constexpr double kStop = 0.6;
 // that it cannot matter.
 constexpr std::size_t kStretch = 64;
 constexpr double kMatters = 0.75;
-constexpr double kNoiseDepth = 8;  // of the noise's rms, what NoiseRise looks at
-
-constexpr std::size_t kLanes = 16;
-
-float highestFrom(float carrier, std::span<const float> values) {
-    float lanes[kLanes] = {};
-    std::size_t n = 0;
-    for (; n + kLanes <= values.size(); n += kLanes) {
-        for (std::size_t lane = 0; lane < kLanes; ++lane) {
-            const float magnitude = std::fabs(values[n + lane] - carrier);
-            lanes[lane] = magnitude > lanes[lane] ? magnitude : lanes[lane];
-        }
-    }
-    float highest = 0;
-    for (; n < values.size(); ++n) highest = std::max(highest, std::fabs(values[n] - carrier));
-    for (const float lane : lanes) highest = std::max(highest, lane);
-    return highest;
-}
 
 }  // namespace
 
@@ -100,18 +82,22 @@ std::span<float> SlotPeak::addPoints(std::size_t from, std::size_t count) {
 double SlotPeak::peakFrom(double carrierHz, double noiseHz) {
     const auto carrier = static_cast<float>(carrierHz);
     const std::size_t count = intervals();
-    if (count == 0) return 0;
-    const float highest = highestFrom(carrier, {plain(), count});
-    const double matters = kMatters * (highest - kNoiseDepth * noiseHz);
+    const auto lengthAt = [=](std::size_t from) { return std::min(kStretch, count - from); };
+    stretches_.clear();
+    for (std::size_t from = 0; from < count; from += kStretch)
+        stretches_.push_back(farthest(plain() + from, lengthAt(from), carrier));
+    if (stretches_.empty()) return 0;
+    const float highest = *std::max_element(stretches_.begin(), stretches_.end());
+    const double matters = kMatters * (highest - NoiseRise::kDepth * noiseHz);
     dense_.clear();
     float top = 0;
     std::size_t topPoint = 0;
     for (std::size_t from = 0; from < count; from += kStretch) {
-        const std::size_t length = std::min(kStretch, count - from);
-        if (highestFrom(carrier, {plain() + from, length}) < matters) continue;
+        if (stretches_[from / kStretch] < matters) continue;
+        const std::size_t length = lengthAt(from);
         const auto points = addPoints(from, length);
         for (float& hz : points) hz = std::fabs(hz - carrier);
-        const float here = highestFrom(0, points);
+        const float here = farthest(points.data(), points.size(), 0);
         if (here <= top) continue;
         top = here;
         const auto at = static_cast<std::size_t>(std::find(points.begin(), points.end(), here) -

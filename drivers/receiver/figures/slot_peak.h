@@ -35,8 +35,9 @@ class SlotPeak {
     double vertexAt(std::size_t point, double carrierHz) const;
 
     std::array<std::array<float, kTaps>, kPoints> taps_{};
-    std::vector<float> samples_;  // some of the slot before, then the slot
-    std::vector<float> dense_;    // magnitudes where they are high
+    std::vector<float> samples_;    // some of the slot before, then the slot
+    std::vector<float> stretches_;  // highest magnitude of each stretch of samples
+    std::vector<float> dense_;      // magnitudes where they are high
 };
 
 }  // namespace hm16::receiver

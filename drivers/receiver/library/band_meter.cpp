@@ -19,11 +19,14 @@ BandMeter::BandMeter(const ReceiverOptions& options, SignalReader& signal)
     : dbuvAtFullScale_(options.dbuvAtFullScale),
       stepDb_(options.levelStepDb),
       signal_(signal),
-      levels_(signal.rateHz(), signal.centreHz()) {}
+      levels_(signal.rateHz(), signal.centreHz()),
+      converter_(signal.source().converterStep()) {}
 
-void BandMeter::look(double seconds) {
+std::span<const Sample> BandMeter::look(double seconds) {
     const double least = static_cast<double>(BandLevels::kLength) / signal_.rateHz();
-    levels_.measure(signal_.read(std::max(seconds, least)));
+    const auto stretch = signal_.read(std::max(seconds, least));
+    levels_.measure(stretch);
+    return stretch;
 }
 
 bool BandMeter::tuneTo(double hz) {
@@ -34,8 +37,7 @@ bool BandMeter::tuneTo(double hz) {
     return true;
 }
 
-float BandMeter::levelIn(double hz, double widthHz) const {
-    const double power = levels_.powerAt(hz, widthHz);
+float BandMeter::levelOf(double power) const {
     if (power <= 0) return kNothingThere;
     const double level = 10 * std::log10(power) + dbuvAtFullScale_;
     return static_cast<float>(stepped(std::max<double>(kNothingThere, level), stepDb_));
@@ -44,9 +46,9 @@ float BandMeter::levelIn(double hz, double widthHz) const {
 std::optional<float> BandMeter::levelAt(double hz) {
     if (signal_.source().domain() == Domain::Composite) return kNothingThere;
     if (!signal_.covers(hz)) tuneTo(hz);
-    look(kLevelSeconds);
+    converter_.look(look(kLevelSeconds));
     if (signal_.ended()) return std::nullopt;
-    return levelIn(hz, kChannelHz);
+    return levelOf(converter_.powerBefore(levels_.powerAt(hz, kChannelHz)));
 }
 
 std::optional<std::vector<float>> BandMeter::frame(const SweepRange& range) {
@@ -66,7 +68,7 @@ std::optional<std::vector<float>> BandMeter::frame(const SweepRange& range) {
             fresh = true;
         }
         if (signal_.ended()) return std::nullopt;
-        levels[static_cast<std::size_t>(point)] = levelIn(hz, width);
+        levels[static_cast<std::size_t>(point)] = levelOf(levels_.powerAt(hz, width));
     }
     return levels;
 }

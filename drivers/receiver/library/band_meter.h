@@ -2,9 +2,11 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "drivers/receiver/library/band_levels.h"
+#include "drivers/receiver/library/coarse_converter.h"
 #include "drivers/receiver/library/signal_reader.h"
 #include "drivers/unit/sweep_store.h"
 
@@ -30,14 +32,15 @@ class BandMeter {
     void follow() { levels_.setCentre(signal_.centreHz()); }
 
  private:
-    void look(double seconds);
+    std::span<const Sample> look(double seconds);
     bool tuneTo(double hz);
-    float levelIn(double hz, double widthHz) const;
+    float levelOf(double power) const;
 
     const double dbuvAtFullScale_;
     const double stepDb_;
     SignalReader& signal_;
     BandLevels levels_;
+    CoarseConverter converter_;
 };
 
 }  // namespace hm16::receiver

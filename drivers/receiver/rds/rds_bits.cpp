@@ -23,12 +23,9 @@ std::vector<float> pulseTable() {
     return table;
 }
 
-float pulseAt(double bits) {
+const std::vector<float>& pulse() {
     static const std::vector<float> table = pulseTable();
-    const auto at = static_cast<std::ptrdiff_t>(std::lround((bits + kReach) * kTablePerBit));
-    return at < 0 || at >= static_cast<std::ptrdiff_t>(table.size())
-               ? 0.0F
-               : table[static_cast<std::size_t>(at)];
+    return table;
 }
 
 }  // namespace
@@ -42,11 +39,13 @@ void RdsBits::add(double bits, float value) {
 }
 
 double RdsBits::matched(double middle) const {
-    const auto first = std::lower_bound(samples_.begin(), samples_.end(), middle - kReach,
+    const std::vector<float>& table = pulse();
+    const double start = middle - kReach;
+    const auto first = std::lower_bound(samples_.begin(), samples_.end(), start,
                                         [](const Timed& s, double t) { return s.bits < t; });
     double sum = 0;
     for (auto s = first; s != samples_.end() && s->bits <= middle + kReach; ++s)
-        sum += s->value * pulseAt(s->bits - middle);
+        sum += s->value * table[static_cast<std::size_t>((s->bits - start) * kTablePerBit + 0.5)];
     return sum;
 }
 
@@ -72,7 +71,9 @@ void RdsBits::decide() {
                                                energy_.begin());
     if (energy_[best] > kBetterPhase * energy_[phase_]) phase_ = best;
     const double oldest = static_cast<double>(nextBit_) - kReach - 1;
-    while (!samples_.empty() && samples_.front().bits < oldest) samples_.pop_front();
+    const auto needed = std::find_if(samples_.begin(), samples_.end(),
+                                     [=](const Timed& s) { return s.bits >= oldest; });
+    samples_.erase(samples_.begin(), needed);
 }
 
 }  // namespace hm16::receiver

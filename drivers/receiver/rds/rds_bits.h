@@ -4,7 +4,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <functional>
 #include <vector>
 
@@ -35,7 +34,7 @@ class RdsBits {
     double matched(double middle) const;
 
     std::function<void(bool bit)> onBit_;
-    std::deque<Timed> samples_;
+    std::vector<Timed> samples_;
     std::array<double, kPhases> energy_{};
     std::size_t phase_ = 0;
     std::int64_t nextBit_ = 0;

@@ -28,6 +28,7 @@ class RawRecording : public SampleSource {
     Domain domain() const override;
     double rateHz() const override { return layout_.rateHz; }
     double centreHz() const override { return isReal(layout_.format) ? 0 : layout_.centreHz; }
+    double converterStep() const override { return stepOf(layout_.format); }
     std::size_t read(std::span<Sample> into) override;
     void rewind() override;
     std::uint64_t length() const override { return length_; }

@@ -63,6 +63,11 @@ std::size_t bytesOf(SampleFormat format) {
     return 8;
 }
 
+double stepOf(SampleFormat format) {
+    if (format == SampleFormat::Cu8) return 1 / static_cast<double>(kUnsignedZero);
+    return format == SampleFormat::Cs8 ? 1.0 / 128 : 0;
+}
+
 bool isReal(SampleFormat format) {
     return format == SampleFormat::Rs16 || format == SampleFormat::Rf32;
 }

@@ -20,6 +20,9 @@ std::size_t bytesOf(SampleFormat format);
 // True for formats without a Q part.
 bool isReal(SampleFormat format);
 
+// Distance between neighbouring values of the eight-bit formats, full scale 1.0; 0 for the others.
+double stepOf(SampleFormat format);
+
 // "cu8", "cs8", "cs16", "cf32" in either case, with or without a dot before.
 std::optional<SampleFormat> rawFormat(std::string_view word);
 

@@ -41,6 +41,10 @@ class SampleSource {
     // Frequency that stands at 0 Hz in the samples; 0 for a composite source.
     virtual double centreHz() const = 0;
 
+    // Distance between neighbouring values of the converter, 1.0 is full scale; 0 where it is not
+    // known or too small to matter.
+    virtual double converterStep() const { return 0; }
+
     // Fills `into` and gives how many samples it wrote: fewer than asked at the end of a
     // recording, or when a live radio has nothing more. Never writes a sample that is not a finite
     // number. Throws SourceError when the source has failed for good.

@@ -27,6 +27,10 @@ BandGenerator::BandGenerator(const BandPlan& plan) : plan_(plan), random_(plan.s
 
 BandGenerator::~BandGenerator() = default;
 
+double BandGenerator::converterStep() const {
+    return plan_.eightBit ? 1.0 / kEightBitSteps : 0;
+}
+
 void BandGenerator::rewind() {
     random_ = Random(plan_.seed);
     stations_.clear();

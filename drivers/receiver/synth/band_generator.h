@@ -22,6 +22,7 @@ class BandGenerator : public SampleSource {
 
     double rateHz() const override { return plan_.rateHz; }
     double centreHz() const override { return plan_.centreHz; }
+    double converterStep() const override;
     std::size_t read(std::span<Sample> into) override;
     void rewind() override;
 

@@ -2,6 +2,7 @@
 // Single levels and frames against carriers whose strength is known.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <string>
@@ -46,6 +47,12 @@ class Levels : public testing::TestWithParam<Kind> {
         return *unit.levelAt((kCentreHz + away) / 1e5);
     }
 
+    void expectTrue(double level, double amplitude, const std::string& where) {
+        EXPECT_NEAR(level, truth(amplitude), 0.2) << where;
+        worst_ = std::max(worst_, std::fabs(level - truth(amplitude)));
+        RecordProperty("worst", std::to_string(worst_));
+    }
+
     double truth(double amplitude) const {
         return options_.dbuvAtFullScale + 20 * std::log10(amplitude);
     }
@@ -54,6 +61,7 @@ class Levels : public testing::TestWithParam<Kind> {
     BandPlan band_;
     PublishedReadings readings_;
     const hmonitor::test::TempFolder folder_;
+    double worst_ = 0;
 };
 
 INSTANTIATE_TEST_SUITE_P(Samples, Levels, testing::ValuesIn(kKinds), nameOf);
@@ -69,12 +77,28 @@ TEST_P(Levels, AreTrueAllOverTheBand) {
 }
 
 TEST_P(Levels, FollowTheCarriersStrength) {
-    for (const double amplitude : {0.8, 0.3, 0.1, 0.05, 0.01}) {
-        // Four steps of an eight-bit converter are no circle any more, and their power is another.
-        if (GetParam().eightBit && amplitude < 0.05) continue;
+    for (const double amplitude : {0.8, 0.3, 0.1, 0.05, 0.03, 0.02, 0.01}) {
+        // A hundredth is one step of an eight-bit converter.
+        if (GetParam().eightBit && amplitude < 0.02) continue;
         band_.stations = {station(250e3, amplitude)};
         band_.noiseReference = amplitude;
-        EXPECT_NEAR(levelAt(250e3), truth(amplitude), 0.2) << amplitude;
+        expectTrue(levelAt(250e3), amplitude, std::to_string(amplitude));
+    }
+}
+
+// A stick's converter has an offset, too, which brings its thresholds elsewhere.
+TEST_P(Levels, OfFewStepsAreTrueWhereverTheThresholdsLie) {
+    if (!GetParam().eightBit) return;
+    for (const double steps : {2.6, 3.0, 3.3, 3.6, 3.9, 4.2, 4.5, 5.0, 7.0}) {
+        for (const double offset : {0.0, 0.25, 0.5}) {
+            const double amplitude = steps / 127.5;
+            band_.stations = {station(250e3, amplitude)};
+            band_.noiseReference = amplitude;
+            band_.offsetI = offset / 127.5;
+            band_.offsetQ = -offset / 127.5;
+            expectTrue(levelAt(250e3), amplitude,
+                       std::to_string(steps) + " and " + std::to_string(offset));
+        }
     }
 }
 

@@ -11,6 +11,7 @@
 
 #include "drivers/receiver/dsp/decimator.h"
 #include "drivers/receiver/dsp/filter_design.h"
+#include "drivers/receiver/dsp/kernels.h"
 #include "drivers/receiver/synth/random.h"
 
 namespace hm16::receiver {
@@ -41,6 +42,19 @@ float highestSample(const std::vector<float>& slot) {
     float highest = 0;
     for (const float value : slot) highest = std::max(highest, std::fabs(value));
     return highest;
+}
+
+TEST(Farthest, IsTheGreatestDistanceToEitherSide) {
+    std::vector<float> values(77, 3.0F);
+    EXPECT_EQ(farthest(values.data(), values.size(), 1), 2);
+    EXPECT_EQ(farthest(values.data(), 0, 1), 0);
+    for (std::size_t at = 0; at < values.size(); ++at) {
+        for (const float value : {-8.0F, 10.0F}) {
+            auto changed = values;
+            changed[at] = value;
+            EXPECT_EQ(farthest(changed.data(), changed.size(), 1), 9) << at;
+        }
+    }
 }
 
 TEST(SlotPeak, OfNothingAndOfLittleIsZero) {

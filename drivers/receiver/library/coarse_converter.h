@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <span>
+
+#include "drivers/receiver/samples/sample_source.h"
+
+namespace hm16::receiver {
+
+// What a converter of few steps makes of a carrier's strength.
+//
+// Each threshold that a sine crosses adds a square wave of one step, so a sine of a few steps comes
+// out stronger or weaker than it went in, by up to 0.3 dB at four steps, depending on how near its
+// crests come to the next threshold. Noise and other stations on top of it blur the thresholds and
+// take that away.
+class CoarseConverter {
+ public:
+    // `step`: between two neighbouring values, full scale is 1; 0 for a converter too fine to
+    // matter.
+    explicit CoarseConverter(double step) : step_(step) {}
+
+    // Learns from samples where the thresholds lie and what is in the band.
+    void look(std::span<const Sample> stretch);
+
+    // The power that a carrier had before the converter when behind it `power` is found. It must be
+    // a carrier of steady amplitude: noise of few steps is not set right by this.
+    double powerBefore(double power) const;
+
+ private:
+    double step_;
+    // In steps.
+    double centreI_ = 0;  // of the band's samples, above a threshold
+    double centreQ_ = 0;
+    double total_ = 0;  // mean power without the samples' mean
+};
+
+// Amplitude behind the converter of a sine around `centre` with noise of an rms of `noise` on it;
+// all in steps, a threshold lies at 0.
+double amplitudeBehind(double amplitude, double centre, double noise);
+
+}  // namespace hm16::receiver
