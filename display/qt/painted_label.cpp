@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <QStaticText>
+#include <QFontMetricsF>
 
 #include "display/qt/control_widget.h"
 #include "display/qt/faces.h"
@@ -16,10 +16,7 @@ constexpr qreal kPlateEdge = 120;  ///< twips
 
 class PaintedLabel final : public Painted {
  public:
-    explicit PaintedLabel(Label& label) : label_(label) {
-        layout_.setTextFormat(Qt::PlainText);
-        layout_.setPerformanceHint(QStaticText::AggressiveCaching);
-    }
+    explicit PaintedLabel(Label& label) : label_(label) {}
 
     void prepare(const Scale& scale) override {
         box_ = scale.snapped(label_.boxOnForm());
@@ -30,14 +27,11 @@ class PaintedLabel final : public Painted {
             fontOf_ = wanted;
             height_ = scale.px(wanted.size);
             font_ = Faces::get().font(height_, wanted.weight, wanted.spaced);
-            textOf_ = QString();
+            const QFontMetricsF metrics(font_);
+            ascent_ = metrics.ascent();
+            line_ = metrics.height();
         }
-        const QString text = qText(label_.caption);
-        if (text != textOf_ || text.isEmpty()) {
-            textOf_ = text;
-            layout_.setText(text);
-            layout_.prepare(QTransform(), font_);
-        }
+        textOf_ = qText(label_.caption);
         placeText(scale);
     }
 
@@ -54,7 +48,7 @@ class PaintedLabel final : public Painted {
         if (flowing_) {
             painter.drawText(textBox_, flags(), textOf_);
         } else {
-            painter.drawStaticText(textBox_.topLeft(), layout_);
+            painter.drawText(textBox_.topLeft() + QPointF(0, ascent_), textOf_);
         }
     }
 
@@ -77,7 +71,7 @@ class PaintedLabel final : public Painted {
                            : box_.united(needed);
             return;
         }
-        const QSizeF size = layout_.size();
+        const QSizeF size(QFontMetricsF(font_).horizontalAdvance(textOf_), line_);
         // On a plate of its own the text keeps clear of the edge.
         const qreal edge = label_.surface == Surface::None ? 0 : scale.px(kPlateEdge);
         qreal x = box_.left() + edge;
@@ -88,13 +82,12 @@ class PaintedLabel final : public Painted {
     }
 
     Label& label_;
-    QStaticText layout_;
     QFont font_;
     QString textOf_;
     QRectF box_, textBox_;
     QColor colour_;
     display::Font fontOf_{-1};
-    qreal height_ = 0;
+    qreal height_ = 0, ascent_ = 0, line_ = 0;
     qreal unit_ = 1;
     bool flowing_ = false;
 };
