@@ -178,8 +178,7 @@ TEST_F(ReceiverUnitTest, ResultsAreKeptInTheStationsFileAndCleared) {
     EXPECT_FALSE(StationResults::read(folder_, 985).separationLeft());
 }
 
-// More than a minute of signal: that takes another minute under the thread sanitizer, where the log
-// has tests of its own.
+// More than a minute of signal, which takes longer than that under the thread sanitizer.
 #if !defined(__SANITIZE_THREAD__)
 TEST_F(ReceiverUnitTest, TheDaysLogGetsItsLine) {
     {
