@@ -138,6 +138,7 @@ void FormView::sync() {
     language_ = form_.language;
     if (rescaled || first) behind_ = QPixmap();
     scale_ = scale;
+    if (rescaled || first) alignColumns();
 
     std::vector<QRect> dirty;
     for (Item& item : items_) {
@@ -156,12 +157,17 @@ void FormView::sync() {
     if (!lastDirty_.isEmpty()) update(lastDirty_);
 }
 
+void FormView::alignColumns() {
+    columns_.find(form_, scale_);
+    for (Item& item : items_) item.down = columns_.shiftOf(*item.control);
+}
+
 void FormView::measure(Item& item) {
     item.reach = QRect();
     item.clip = QRectF();
     item.shown = item.painted && item.control->shown();
     if (!item.shown) return;
-    const QRectF whole = item.painted->reach();
+    const QRectF whole = item.painted->reach().translated(0, item.down);
     QRectF seen = whole;
     for (const Panel* in = item.control->container; in; in = in->container) {
         seen &= scale_.snapped(in->boxOnForm());
@@ -206,7 +212,8 @@ void FormView::livenAbove(std::size_t index, const QRect& where) {
 void FormView::refreshWidget(Item& item) {
     Control& control = *item.control;
     QWidget& widget = item.widget->widget();
-    const QRect box = item.widget->within(scale_.whole(control.boxOnForm()));
+    const QRect* const even = columns_.boxOf(control);
+    const QRect box = item.widget->within(even ? *even : scale_.whole(control.boxOnForm()));
     if (widget.geometry() != box) widget.setGeometry(box);
     QRect seen = box;
     for (const Panel* in = control.container; in; in = in->container) {
@@ -233,12 +240,13 @@ void FormView::refreshWidget(Item& item) {
 }
 
 void FormView::paintItem(QPainter& painter, Item& item) {
-    if (item.clip.isNull()) {
+    if (item.clip.isNull() && item.down == 0) {
         item.painted->paint(painter);
         return;
     }
     painter.save();
-    painter.setClipRect(item.clip, Qt::IntersectClip);
+    if (!item.clip.isNull()) painter.setClipRect(item.clip, Qt::IntersectClip);
+    painter.translate(0, item.down);
     item.painted->paint(painter);
     painter.restore();
 }

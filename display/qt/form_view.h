@@ -9,6 +9,7 @@
 
 #include "display/form.h"
 #include "display/qt/control_widget.h"
+#include "display/qt/field_columns.h"
 #include "display/qt/painted.h"
 #include "display/qt/scale.h"
 #include "display/qt/spoken_labels.h"
@@ -67,6 +68,7 @@ class FormView final : public QWidget {
         Control* control = nullptr;
         std::unique_ptr<Painted> painted;
         ControlWidget* widget = nullptr;
+        qreal down = 0;       ///< from its own place, so that it keeps to its field
         QRectF clip;          ///< of the containers; null when nothing is cut
         QRect reach;          ///< what it touches on the surface, whole pixels
         bool shown = false;   ///< painted, and to be seen
@@ -77,6 +79,7 @@ class FormView final : public QWidget {
     void orderTabs();
     void refresh(Item& item, std::vector<QRect>& dirty);
     void refreshWidget(Item& item);
+    void alignColumns();
     void measure(Item& item);
     void liven(std::size_t index);
     void livenAbove(std::size_t index, const QRect& where);
@@ -94,6 +97,7 @@ class FormView final : public QWidget {
     QtDesktop& desktop_;
     Form& form_;
     Scale scale_;
+    FieldColumns columns_;
     std::vector<Item> items_;
     std::vector<const Panel*> panels_;
     QPixmap behind_;

@@ -77,7 +77,8 @@ class PaintedLabel final : public Painted {
         qreal x = box_.left() + edge;
         if (label_.align == Align::Right) x = box_.right() - edge - size.width();
         if (label_.align == Align::Centre) x = box_.center().x() - size.width() / 2;
-        const qreal y = box_.center().y() - size.height() / 2;
+        // Labels of one height have their text equally far down, wherever their edges fall.
+        const qreal y = box_.top() + (scale.px(label_.boxOnForm().height) - size.height()) / 2;
         textBox_ = QRectF(QPointF(scale.snapped(x), scale.snapped(y)), size);
     }
 
