@@ -53,10 +53,10 @@ void Form_bSetMemories::layOutMemory() {
     constexpr int kInRow = 4;
     for (int memory = 1; memory <= kMemories; ++memory) {
         const int column = (memory - 1) % kInRow;
-        const auto row = static_cast<float>((memory - 1) / kInRow);
+        const int row = (memory - 1) / kInRow;
+        const float top = 1140 + static_cast<float>(row) * (kKeyHeight + 90);
         Key& key = presets[memory];
-        place(key,
-              {leftOf(column, kInRow), 1140 + row * (kKeyHeight + 90), share(kInRow), kKeyHeight});
+        place(key, {leftOf(column, kInRow), top, share(kInRow), kKeyHeight});
         key.caption = wholeText(memory);
         key.says = presetName(memory);
         key.tip = {"Elige esta memoria y la sintoniza", "Selects this memory and tunes it"};

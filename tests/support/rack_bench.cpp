@@ -14,12 +14,12 @@ std::string lines(const std::vector<std::string>& texts) {
 std::string memoryBlock(const std::vector<Memory>& memories) {
     std::string block(300, ' ');
     for (int number = 1; number <= 16; ++number) {
-        const auto base = static_cast<std::size_t>(16 * number);
+        const auto base = 16 * static_cast<std::size_t>(number);
         block[base] = '-';
         block[base + 10] = '-';
     }
     for (const Memory& memory : memories) {
-        const auto base = static_cast<std::size_t>(16 * memory.number);
+        const auto base = 16 * static_cast<std::size_t>(memory.number);
         block.replace(base + 1, memory.name.size(), memory.name);
         block.replace(base + 11, memory.frequency.size(), memory.frequency);
     }

@@ -62,7 +62,7 @@ struct EditorBench : RackBench {
 
     /// The 16 bytes of a memory.
     std::string record(int memory) const {
-        return read("halden.dat").substr(static_cast<std::size_t>(16 * memory), 16);
+        return read("halden.dat").substr(16 * static_cast<std::size_t>(memory), 16);
     }
     bool rackUsable() const {
         for (const display::Form* panel : program.rack) {

@@ -123,7 +123,7 @@ TEST_F(MemoryStore, OnlyTheSixteenBytesOfItsRecordChange) {
             fresh.select(memory);
             fresh.save("102.55", "CIEN");
             std::string expected = old;
-            expected.replace(static_cast<std::size_t>(16 * memory), 16, "-CIEN     -10255");
+            expected.replace(16 * static_cast<std::size_t>(memory), 16, "-CIEN     -10255");
             EXPECT_EQ(fresh.read("halden.dat"), expected) << memory;
         }
         EXPECT_EQ(fresh.read("halden.dat").substr(0, 16), paddedTo300(before).substr(0, 16));
