@@ -54,9 +54,9 @@ void Form_bSetMemories::layOutMemory() {
     for (int memory = 1; memory <= kMemories; ++memory) {
         const int column = (memory - 1) % kInRow;
         const int row = (memory - 1) / kInRow;
-        const float top = 1140 + static_cast<float>(row) * (kKeyHeight + 90);
+        const float y = 1140 + static_cast<float>(row) * (kKeyHeight + 90);
         Key& key = presets[memory];
-        place(key, {leftOf(column, kInRow), top, share(kInRow), kKeyHeight});
+        place(key, {leftOf(column, kInRow), y, share(kInRow), kKeyHeight});
         key.caption = wholeText(memory);
         key.says = presetName(memory);
         key.tip = {"Elige esta memoria y la sintoniza", "Selects this memory and tunes it"};

@@ -64,9 +64,7 @@ bool mayIncludeQt(const SourceFile& file) {
     for (const char* folder : {"app", "display/qt", "tests/app", "tests/display/qt", "bench/qt"}) {
         if (file.isUnder(folder)) return true;
     }
-    // A run's frames are timed with their paint, on the real desktop.
-    return file.path == "tests/spectrum/qt_frames_test.cpp" ||
-           file.path == "bench/analyses/sweep_frame_bench.cpp";
+    return false;
 }
 
 TEST(Includes, FollowTheArrows) {
