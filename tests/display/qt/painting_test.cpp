@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QAccessible>
+#include <QCursor>
 #include <QElapsedTimer>
+#include <QGuiApplication>
 #include <QImage>
+#include <QScreen>
 #include <algorithm>
 #include <cstdlib>
 
@@ -12,7 +15,12 @@ namespace display::qt {
 
 class Painting : public QtBench {
  protected:
-    void SetUp() override { showSample(); }
+    void SetUp() override {
+        // A control under the pointer lights up and is painted once more, whenever the window
+        // system says that the pointer is there.
+        QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());
+        showSample();
+    }
 
     QColor colourAt(const QPoint& at) {
         const QImage image = view(*sample).grab().toImage();
