@@ -11,7 +11,7 @@
 namespace hmonitor {
 
 void Form_D::respo() {
-    const auto pairs = ResponseFile(StationState.CurrentFreq).read(program.files);
+    const auto pairs = ResponseFile(program.Form_B->TunedFreq).read(program.files);
     if (!pairs || ResponseCurve::resultsIn(*pairs) == 0) {
         resborra();
         return;

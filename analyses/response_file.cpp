@@ -6,8 +6,7 @@
 
 namespace hmonitor {
 
-ResponseFile::ResponseFile(std::string_view frequency)
-    : name_(frequencyFileName(valueOf(frequency), ".res").str()) {}
+ResponseFile::ResponseFile(double frequency) : name_(frequencyFileName(frequency, ".res").str()) {}
 
 std::optional<ResponsePairs> ResponseFile::read(const Files& files) const {
     const auto bytes = files.read(name_);

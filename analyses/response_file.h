@@ -15,8 +15,8 @@ namespace hmonitor {
 /// which the unit gave them.
 class ResponseFile {
  public:
-    /// Of a frequency in units of 100 kHz, as its text.
-    explicit ResponseFile(std::string_view frequency);
+    /// Of a frequency in units of 100 kHz.
+    explicit ResponseFile(double frequency);
 
     const std::string& name() const { return name_; }
 

@@ -23,8 +23,9 @@ struct StationState {
     SmallText DbCorrection10;   ///< field correction in tenths of a dB
     SmallText ResponseState;    ///< "0", "si" asked for, "sisi" armed, "no" read or cancelled
     SmallText ModSettle;        ///< "5"; "0" makes the modulation bar refill at once
-    SmallText CurrentFreq;      ///< frequency in use, 100 kHz units; from the set key of `Form_B`
-                                ///< to the next tuning it carries the memory number instead
+    SmallText CurrentFreq;      ///< frequency in use, 100 kHz units; while the preset editor
+                                ///< comes up it carries the memory number instead; files are
+                                ///< named from `Form_B.TunedFreq`
     SmallText FloorNoiseL;      ///< floor of the left noise readout, "xx" for none
     SmallText FloorNoiseR;      ///< same, right
     SmallText FloorSepL;        ///< floor of the left separation readout, whole dB, "0" for none

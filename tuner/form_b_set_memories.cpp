@@ -63,6 +63,8 @@ void Form_bSetMemories::activated() {
         SelectedMemory = wholeText(toWhole(valueOf(StationState.CurrentFreq)));
         Command1();
     }
+    // It carried the memory's number up to here.
+    StationState.CurrentFreq = shortText(program.Form_B->TunedFreq);
     LoadedOnce = 1;
 }
 

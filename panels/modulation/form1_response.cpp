@@ -11,7 +11,7 @@ namespace hmonitor {
 
 void Form1::respolee() {
     // The pairs and the file belong to the station that was tuned when the read-out began.
-    const ResponseFile file(StationState.CurrentFreq);
+    const ResponseFile file(program.Form_B->TunedFreq);
     driver.HM_Data();
     driver.HM_Parar();
     ResponsePairs pairs;

@@ -232,7 +232,7 @@ TEST(Thumbnail, IsEmptyWithoutAFile) {
     bench.start();
     bench.write("0981.spc", lines({"3", "25", "98.0", "40", "0", "60", ""}));
     bench.formD.spect();
-    bench.state.CurrentFreq = "982";
+    bench.formB.TunedFreq = 982;
     bench.formD.spect();
     EXPECT_EQ(bars(bench.formD), 0);
 }
@@ -240,13 +240,11 @@ TEST(Thumbnail, IsEmptyWithoutAFile) {
 TEST(Thumbnail, LooksForAZeroBeforeFrequenciesUnderAThousand) {
     RackBench bench;
     bench.start();
-    const std::pair<const char*, const char*> names[] = {{"875", "0875.spc"},
-                                                         {"875.5", "0875.5.spc"},
-                                                         {"1025.5", "1025.5.spc"},
-                                                         {"1000", "1000.spc"}};
+    const std::pair<double, const char*> names[] = {
+        {875, "0875.spc"}, {875.5, "0875.5.spc"}, {1025.5, "1025.5.spc"}, {1000, "1000.spc"}};
     for (const auto& [frequency, name] : names) {
         bench.write(name, lines({"2", "25", "1", "10", "20", ""}));
-        bench.state.CurrentFreq = frequency;
+        bench.formB.TunedFreq = frequency;
         bench.formD.spect();
         EXPECT_EQ(bars(bench.formD), 2) << name;
         bench.remove(name);

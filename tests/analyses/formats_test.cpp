@@ -33,7 +33,7 @@ TEST(AnalysesFormats, TheResponsesExampleReadsAsThePageSays) {
     EXPECT_THAT(pairs.level, ElementsAre(0, -30, 12, 0, 0, 0, 0, 0));
     EXPECT_THAT(pairs.frequency, ElementsAre(1000, 30, 15000, 0, 0, 0, 0, 0));
     EXPECT_EQ(ResponseFile::compose(pairs), bytes);
-    EXPECT_EQ(ResponseFile("875").name(), "0875.res");
+    EXPECT_EQ(ResponseFile(875).name(), "0875.res");
 }
 
 TEST(AnalysesFormats, TheResponsesTableIsWhatTheReaderDoes) {

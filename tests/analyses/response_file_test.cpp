@@ -18,11 +18,11 @@ const char* const kStored =
     "15000\r\n12000\r\n8000\r\n4000\r\n1000\r\n400\r\n125\r\n30\r\n";
 
 TEST(ResponseFile, IsNamedByTheKeyOfItsFrequency) {
-    EXPECT_EQ(ResponseFile("875").name(), "0875.res");
-    EXPECT_EQ(ResponseFile("875.5").name(), "0875.5.res");
-    EXPECT_EQ(ResponseFile("999.5").name(), "0999.5.res");
-    EXPECT_EQ(ResponseFile("1000").name(), "1000.res");
-    EXPECT_EQ(ResponseFile("1025.5").name(), "1025.5.res");
+    EXPECT_EQ(ResponseFile(875).name(), "0875.res");
+    EXPECT_EQ(ResponseFile(875.5).name(), "0875.5.res");
+    EXPECT_EQ(ResponseFile(999.5).name(), "0999.5.res");
+    EXPECT_EQ(ResponseFile(1000).name(), "1000.res");
+    EXPECT_EQ(ResponseFile(1025.5).name(), "1025.5.res");
 }
 
 TEST(ResponseFile, HasTheLevelsAndThenTheFrequencies) {
@@ -57,16 +57,16 @@ TEST(ResponseFile, TextThatIsNoNumberCountsAsZero) {
 
 TEST(ResponseFile, AMissingFileGivesNothing) {
     const TempFolder scratch;
-    EXPECT_FALSE(ResponseFile("981").read(Files(scratch.path())));
+    EXPECT_FALSE(ResponseFile(981).read(Files(scratch.path())));
 }
 
 TEST(ResponseFile, ReadsBackWhatItWrote) {
     const TempFolder scratch;
     const Files files(scratch.path());
     const ResponsePairs pairs = ResponseFile::parse(kStored);
-    EXPECT_FALSE(ResponseFile("1025.5").write(files, pairs));
+    EXPECT_FALSE(ResponseFile(1025.5).write(files, pairs));
     EXPECT_EQ(*files.read("1025.5.res"), kStored);
-    const auto back = ResponseFile("1025.5").read(files);
+    const auto back = ResponseFile(1025.5).read(files);
     ASSERT_TRUE(back);
     EXPECT_EQ(back->level, pairs.level);
     EXPECT_EQ(back->frequency, pairs.frequency);

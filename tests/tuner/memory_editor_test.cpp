@@ -239,11 +239,19 @@ TEST_F(MemoryEditor, OpenToStoreOnAMemoryThatHoldsAStationShowsAndTunesIt) {
     EXPECT_TRUE(bench.desktop.boxes.empty());
 }
 
-TEST_F(MemoryEditor, TheNumberOfTheRackStaysInTheFrequencysPlaceUntilTheNextTuning) {
+TEST_F(MemoryEditor, TheNumberOfTheRackGivesTheFrequencyItsPlaceBackWhenTheEditorStands) {
     bench.startInEditor();
-    EXPECT_EQ(bench.state.CurrentFreq, "1");
+    EXPECT_EQ(bench.editor.SelectedMemory, "1");
+    EXPECT_EQ(bench.state.CurrentFreq, "981");
     bench.select(16);
     EXPECT_EQ(bench.state.CurrentFreq, "875");
+}
+
+TEST_F(MemoryEditor, OffAMemoryToo_TheFrequencyHasItsPlaceBack) {
+    bench.start();
+    bench.tuneByHand(985);
+    bench.openEditor();
+    EXPECT_EQ(bench.state.CurrentFreq, "985");
 }
 
 TEST_F(MemoryEditor, OpenedAgainStartsAfresh) {

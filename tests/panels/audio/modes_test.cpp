@@ -95,7 +95,7 @@ TEST_F(Modes, EditorOpensAtReleaseAndDisablesTheRack) {
     EXPECT_FALSE(bench.formC.enabled);
     EXPECT_FALSE(bench.formD.enabled);
     EXPECT_EQ(bench.state.MemoryEditFreq, "981");
-    EXPECT_EQ(bench.state.CurrentFreq, "1") << "the memory number";
+    EXPECT_EQ(bench.forms.formSetMemories.SelectedMemory, "1") << "the memory number";
     EXPECT_EQ(bench.state.MemoryEdit, "0");
 }
 
