@@ -49,16 +49,18 @@ BandwidthCurve::Points BandwidthCurve::through(const Peaks& peaks) {
 
     Points points;
     points[0] = 100;
+    // Of the second line: nothing up to the first corner.
+    float share = 0;
     for (int kHz = 1; kHz <= kLastKhz; ++kHz) {
         // Corner 1 stands at 25 kHz; its rounding begins at 15 and is over at 35.
         const int fromFirst = kHz - (kSegmentKhz - kReachKhz) - 1;
         const int corner = fromFirst < 0 ? 0 : fromFirst / kSegmentKhz;
         if (fromFirst >= 0) {
             const int into = fromFirst % kSegmentKhz + 1;
-            share_ = into < 2 * kReachKhz ? static_cast<float>(into) * kSharePerKhz : 1.f;
+            share = into < 2 * kReachKhz ? static_cast<float>(into) * kSharePerKhz : 1.f;
         }
         const auto first = static_cast<std::size_t>(corner);
-        points[static_cast<std::size_t>(kHz)] = blend(lines[first], lines[first + 1], share_, kHz);
+        points[static_cast<std::size_t>(kHz)] = blend(lines[first], lines[first + 1], share, kHz);
     }
     return points;
 }

@@ -16,12 +16,8 @@ class BandwidthCurve {
     /// Percent at each kHz; 0 is 100.
     using Points = std::array<float, kLastKhz + 1>;
 
-    /// A new curve through the peaks. The share of the blend carries over from curve to curve, so
-    /// that the first 15 kHz of a later one are blended as the end of the one before.
-    Points through(const Peaks& peaks);
-
- private:
-    float share_ = 0;  ///< of the second line, 0 to 1
+    /// The curve through the peaks.
+    static Points through(const Peaks& peaks);
 };
 
 }  // namespace hmonitor

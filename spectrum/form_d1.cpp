@@ -3,6 +3,7 @@
 
 #include "core/language.h"
 #include "core/numbers.h"
+#include "core/refused_run.h"
 #include "core/taken_for_granted.h"
 #include "panels/audio/form_b.h"
 #include "spectrum/channel_graph.h"
@@ -47,7 +48,7 @@ void Form_D1::onLoad() {
 }
 
 void Form_D1::showStored() {
-    const double frequency = valueOf(StationState.CurrentFreq);
+    const double frequency = program.Form_B->TunedFreq;
     const auto stored = ChannelSpectrum::read(program.files, frequency);
     if (!stored || stored->points == 0) {
         channelGraph(Picture1.drawing, kUsualColumns, kUsualStepKhz).GraphInit();
@@ -103,7 +104,12 @@ void Form_D1::printRow(int i, float x, std::string_view text) {
     Picture2.drawing.print(text);
 }
 
+void Form_D1::tellRefused(float tenths) {
+    Refused.caption = refusedRun(language, tenths);
+}
+
 void Form_D1::beginRun() {
+    Refused.caption = "";
     Command3D2.caption = kLocked;
 }
 

@@ -22,12 +22,15 @@ class Form_D1 final : public ProgramForm {
     /// A run locks the window open until it ends.
     void beginRun();
     void endRun(Unit unit);
+    /// In one line: at which frequency, in units of 100 kHz, the unit refused to go on.
+    void tellRefused(float tenths);
 
     void closeRequested() override { Command3D2.press(); }
 
     display::Panel Faceplate{*this, "Faceplate"};
     display::Panel SSPanel1{*this, "SSPanel1"};  ///< the handle of the window
     display::Label Label1{*this, "Label1"};
+    display::Label Refused{*this, "Refused"};  ///< at which point the unit refused
     display::Panel Sheet1{*this, "Sheet1"};
     display::PictureBox Picture1{*this, "Picture1"};  ///< bars
     display::Panel Sheet2{*this, "Sheet2"};

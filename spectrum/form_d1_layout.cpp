@@ -19,8 +19,9 @@ void Form_D1::layOut() {
 
     place(Faceplate, {0, 0, width, height}).surface = display::Surface::Faceplate;
     place(SSPanel1, {0, 0, width, look::kTitleStrip});
-    place(Label1, look::titleBox(width)).caption = "Channel Spectrum";
+    place(Label1, look::titleBox(look::kTitleWithNote)).caption = "Channel Spectrum";
     Label1.font = look::kTitle;
+    look::likeNote(place(Refused, look::noteBox(width)));
     place(Sheet1, {look::kWindowMargin, kTop, kBars, kHeight}).surface = display::Surface::Sheet;
     place(Picture1, {look::kWindowMargin, kTop, kBars, kHeight});
     Picture1.says = {"Espectro del canal", "Channel spectrum"};

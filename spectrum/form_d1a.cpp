@@ -5,6 +5,7 @@
 
 #include "core/language.h"
 #include "core/numbers.h"
+#include "core/refused_run.h"
 #include "core/run_guard.h"
 #include "panels/audio/form_b.h"
 #include "spectrum/percent_of_db.h"
@@ -43,7 +44,6 @@ void FormD1a::onLoad() {
     Levels = {};
     SampleCount = 0;
     FrameBusy = 0;
-    curve_ = {};
     rampFrom_ = 0;
     language = panelLanguage(program.desktop.userLanguageId());
     placeOverRack(*this, program);
@@ -75,6 +75,7 @@ void FormD1a::runOrStop() {
 
 void FormD1a::start(float carrier) {
     program.disableRack();
+    Refused.caption = "";
     SampleCount = 0;
     Command3D1.caption = kStop;
     Command3D2.enabled = false;
@@ -84,7 +85,7 @@ void FormD1a::start(float carrier) {
     program.Form_B->GuardoModo_LR();
     program.Form_B->cambfre();
     driver.HM_Parar();
-    frequency_ = valueOf(StationState.CurrentFreq);
+    frequency_ = program.Form_B->TunedFreq;
     if (!takeReference(carrier)) return;
     startSampling();
 }
@@ -99,6 +100,7 @@ bool FormD1a::takeReference(float carrier) {
     // While the level was measured the user may have pressed Stop.
     if (Command3D1.caption != kStop) return false;
     if (failed) {
+        Refused.caption = refusedRun(language, static_cast<float>(frequency_));
         stop();
         return false;
     }
@@ -152,6 +154,7 @@ FormD1a::Taken FormD1a::takeLevels() {
         if (givesFrames()) {
             driver.HM_GetEspectro(f, Levels[i]);
         } else if (driver.HM_Super(f, Levels[i]) != 0) {
+            Refused.caption = refusedRun(language, f);
             return Taken::UnitFailed;
         }
     }

@@ -30,6 +30,7 @@ class FormD1a final : public ProgramForm {
     display::Panel Faceplate{*this, "Faceplate"};
     display::Panel SSPanel1{*this, "SSPanel1"};  ///< the handle of the window
     display::Label Heading{*this, "Heading"};
+    display::Label Refused{*this, "Refused"};  ///< at which frequency the unit refused
     display::Panel Sheet1{*this, "Sheet1"};
     display::PictureBox Picture1{*this, "Picture1"};
     display::Key Command3D1{*this, "Command3D1"};  ///< runs and stops
@@ -67,6 +68,7 @@ class FormD1a final : public ProgramForm {
     bool holdPeaks();
     void drawCurve();
     void drawTestPattern();
+    void fillUnder(float x, float row);
     void printAt(float x, float y, std::string_view text);
     SmallText timeOfDay() const;
 
@@ -78,7 +80,6 @@ class FormD1a final : public ProgramForm {
     int LastX = 0;
     int LastY = 0;
     float rampFrom_ = 0;
-    BandwidthCurve curve_;
     double frequency_ = 0;  ///< of the run, 100 kHz units
 };
 

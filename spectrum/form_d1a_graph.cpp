@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <algorithm>
 #include <cmath>
 
 #include "core/numbers.h"
@@ -76,8 +77,34 @@ void FormD1a::GraphRepaint() {
     }
 }
 
-void FormD1a::GraphLine(Int16 x, float& y) {
+/// Fills from the curve's last point to a new one. Where the curve is steep two boxes would stand
+/// out beside the line that covers their upper ends: there narrow ones follow the line, none of
+/// them higher than it.
+void FormD1a::fillUnder(float x, float row) {
     constexpr float kFoot = 500;
+    constexpr float kCovered = 15;  ///< by half the line's thickness
+    constexpr float kNarrow = 8;
+    display::Drawing& canvas = Picture1.drawing;
+    const float foot = canvas.outerHeight() - kFoot;
+    const auto lastX = static_cast<float>(LastX);
+    const auto lastY = static_cast<float>(LastY);
+    const float rise = row - lastY;
+    if (std::fabs(rise) <= kCovered) {
+        const float before = x - static_cast<float>(BarHalf);
+        canvas.box(lastX, lastY, before, foot);
+        canvas.box(before, row, x, foot);
+        return;
+    }
+    const float run = x - lastX;
+    const float pieces = std::ceil(std::min(std::fabs(rise) / kCovered, run / kNarrow));
+    for (float piece = 0; piece < pieces; ++piece) {
+        const float from = piece / pieces, to = (piece + 1) / pieces;
+        const float reach = lastY + rise * (rise > 0 ? to : from);
+        canvas.box(lastX + run * from, reach, lastX + run * to, foot);
+    }
+}
+
+void FormD1a::GraphLine(Int16 x, float& y) {
     constexpr int kFirstWide = 76;
     if (y > 99) y = 99;
     y = 100 - y;
@@ -87,17 +114,12 @@ void FormD1a::GraphLine(Int16 x, float& y) {
     } else {
         display::Drawing& canvas = Picture1.drawing;
         const float here = kLeft + static_cast<float>(x) * XPixels;
-        const float before = here - static_cast<float>(BarHalf);
-        const float foot = canvas.outerHeight() - kFoot;
-        const auto lastX = static_cast<float>(LastX);
-        const auto lastY = static_cast<float>(LastY);
         canvas.lineWidth = 1;
         canvas.foreground = x < kFirstWide ? kNarrowColour : kWideColour;
-        canvas.box(lastX, lastY, before, foot);
-        canvas.box(before, row, here, foot);
+        fillUnder(here, row);
         canvas.lineWidth = 2;
         canvas.foreground = kTraceColour;
-        canvas.line(lastX, lastY, here, row);
+        canvas.line(static_cast<float>(LastX), static_cast<float>(LastY), here, row);
         LastX = toWhole(here);
     }
     LastY = toWhole(row);
@@ -144,7 +166,7 @@ SmallText FormD1a::timeOfDay() const {
 void FormD1a::drawCurve() {
     PeakPercent.front() = 100;
     PeakPercent.back() = 0;
-    BandwidthCurve::Points points = curve_.through(PeakPercent);
+    BandwidthCurve::Points points = BandwidthCurve::through(PeakPercent);
     GraphClean();
     for (int x = 0; x <= BandwidthCurve::kLastKhz; ++x) {
         GraphLine(x, points[static_cast<std::size_t>(x)]);

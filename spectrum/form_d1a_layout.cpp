@@ -17,8 +17,9 @@ void FormD1a::layOut() {
 
     place(Faceplate, {0, 0, width, height}).surface = display::Surface::Faceplate;
     place(SSPanel1, {0, 0, width, look::kTitleStrip});
-    place(Heading, look::titleBox(width)).caption = "Modulation Bandwidth";
+    place(Heading, look::titleBox(look::kTitleWithNote)).caption = "Modulation Bandwidth";
     Heading.font = look::kTitle;
+    look::likeNote(place(Refused, look::noteBox(width)));
     place(Sheet1, {look::kWindowMargin, kTop, kGraph, kHeight}).surface = display::Surface::Sheet;
     place(Picture1, {look::kWindowMargin, kTop, kGraph, kHeight});
     Picture1.says = {"Curva del ancho de banda de modulación", "Modulation bandwidth curve"};

@@ -52,7 +52,7 @@ void Form_NewSpectro::run() {
     // A step under 1 kHz is none: the graph and its labels count in whole kHz.
     const double step = valueOf(Text_Step.text);
     if (step < 1) return;
-    const ChannelSweep sweep{valueOf(StationState.CurrentFreq), valueOf(SpanKHz), step};
+    const ChannelSweep sweep{program.Form_B->TunedFreq, valueOf(SpanKHz), step};
     measure(sweep, carrier);
     unload();
 }
@@ -83,7 +83,10 @@ bool Form_NewSpectro::measurePoints(const ChannelSweep& sweep, float carrier, Cl
     float level = carrier;
     for (int i = 1; i <= spectrum.points; ++i) {
         // A unit that fails ends the run, and the spectrum that was stored stays.
-        if (driver.HM_Super(sweep.frequency(i), level) != 0) return false;
+        if (driver.HM_Super(sweep.frequency(i), level) != 0) {
+            program.Form_D1->tellRefused(sweep.frequency(i));
+            return false;
+        }
         // The carrier is what the others are compared with: it is not measured again.
         Int16 below = sweep.isCentre(i) ? Int16(0) : dbAgainstCarrier(level, carrier);
         graph.GraphLine(i, below);

@@ -19,4 +19,17 @@ constexpr display::Box titleBox(float windowWidth) {
     return {240, 120, windowWidth - 480, 260};
 }
 
+/// Right of a title that leaves it room: the one line that a window has to say of its run.
+inline constexpr float kTitleWithNote = 3300;
+constexpr display::Box noteBox(float windowWidth) {
+    return {kTitleWithNote, 150, windowWidth - kTitleWithNote - 240, 200};
+}
+inline void likeNote(display::Label& note) {
+    note.says = {"Corrida rechazada por la unidad", "Run that the unit refused"};
+    note.font = kCaption;
+    note.colour = display::Colour{0x4ac2ff};
+    note.align = display::Align::Right;
+    note.readout = true;
+}
+
 }  // namespace hmonitor::look

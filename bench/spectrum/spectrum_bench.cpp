@@ -36,9 +36,8 @@ void BandwidthCurveRedraw(benchmark::State& state) {
     FormD1a& window = bench.forms.formD1a;
     window.show();
     std::array<float, 8> peaks{100, 90, 70, 45, 20, 10, 4, 0};
-    BandwidthCurve curve;
     for (auto _ : state) {
-        BandwidthCurve::Points points = curve.through(peaks);
+        BandwidthCurve::Points points = BandwidthCurve::through(peaks);
         window.GraphClean();
         for (int x = 0; x <= BandwidthCurve::kLastKhz; ++x) {
             window.GraphLine(x, points[static_cast<std::size_t>(x)]);

@@ -3,7 +3,7 @@
 """A second reckoning of the bandwidth curve, in exact fractions. Shares no code with the program.
 
 bandwidth_curves.txt: for each set of six peaks a line "peaks ...", then the percents at 1 to 150
-kHz of the first curve that a fresh window draws, and of the second one.
+kHz of the curve through them.
 """
 import pathlib
 from fractions import Fraction as F
@@ -32,7 +32,8 @@ ROWS = [
 ]
 
 
-def curve(peaks, t):
+def curve(peaks):
+    t = F(0)
     p = [F(100)] + [F(x) for x in peaks] + [F(0)]
     slope = [(p[k + 1] - p[k]) / 25 for k in range(7)]
     offset = [p[k] - 25 * k * slope[k] for k in range(7)]
@@ -50,15 +51,12 @@ def curve(peaks, t):
         y = ((1 - t) * s * 15 * t + t * offset[a + 1] + (1 - t) * offset[a]
              + (slope[a + 1] * t + (1 - t) * slope[a]) * x)
         out.append(y)
-    return out, t
+    return out
 
 
 if __name__ == "__main__":
     lines = []
     for peaks in SETS:
         lines.append("peaks " + " ".join(map(str, peaks)))
-        t = F(0)
-        for _ in range(2):
-            ys, t = curve(peaks, t)
-            lines.append(" ".join(f"{float(y):.6f}" for y in ys))
+        lines.append(" ".join(f"{float(y):.6f}" for y in curve(peaks)))
     pathlib.Path(__file__).with_suffix(".txt").write_text("".join(x + "\n" for x in lines))

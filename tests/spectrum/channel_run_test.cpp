@@ -151,12 +151,21 @@ TEST(ChannelRun, WaitIsALockAgainstTheKeyAndTheWindowsClose) {
 TEST(ChannelRun, KeepsTheFrequencyThatItBeganWith) {
     SpectrumBench bench;
     bench.remove("1000.spc");
-    bench.driver.duringSuper = [&](float) { bench.state.CurrentFreq = "1000"; };
+    bench.driver.duringSuper = [&](float) { bench.formB.TunedFreq = 1000; };
     bench.runSpan(0);
     const auto calls = bench.takeCalls();
     EXPECT_THAT(calls, Contains("HM_Super(981)"));
     EXPECT_THAT(bench.read("0979.spc"), StartsWith("17\r\n25\r\n97.675\r\n"));
     EXPECT_FALSE(bench.exists("1000.spc"));
+}
+
+TEST(ChannelRun, ARefusedRunTellsSoWithItsFrequencyUntilTheNextOne) {
+    SpectrumBench bench;
+    bench.driver.superResults = {0, 0, 1};
+    bench.runSpan(0);
+    EXPECT_EQ(bench.shows.Refused.caption, "The unit refused 97.75 MHz: the run ended there.");
+    bench.runSpan(0);
+    EXPECT_EQ(bench.shows.Refused.caption, "");
 }
 
 TEST(ChannelRun, WithoutAStepOnlyReturnsTheUnit) {

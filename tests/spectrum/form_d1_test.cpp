@@ -39,6 +39,21 @@ TEST(Form_D1, ShowsTheStoredSpectrumAsBarsAndAsATable) {
     EXPECT_EQ(barsOn(bench.shows.Picture1), 3u);
 }
 
+TEST(Form_D1, AfterThePresetEditorItsDoorShowsTheStationsSpectrumAllTheSame) {
+    SpectrumBench bench;
+    bench.write("0979.spc", lines({"3", "50", "97.8", "12", "0", "7", ""}));
+    bench.shows.unload();
+    bench.hand.click(bench.formB.Image3);
+    bench.desktop.settle();
+    bench.hand.click(bench.forms.formSetMemories.SSCommand18);
+    bench.desktop.settle();
+    // Whatever still stands in the frequency's place.
+    bench.state.CurrentFreq = "1";
+    bench.hand.doubleClick(bench.formD.PictureGraph1);
+    bench.desktop.settle();
+    EXPECT_EQ(barsOn(bench.shows.Picture1), 3u);
+}
+
 TEST(Form_D1, TheRowsStand175UnitsApart) {
     StoredBench bench(lines({"3", "50", "97.8", "12", "0", "7", ""}));
     std::vector<float> rows;

@@ -236,6 +236,23 @@ TEST(FormD1a, UnitThatFailsEndsTheRunAndIsReturned) {
     EXPECT_TRUE(bench.width.Command3D2.enabled);
 }
 
+TEST(FormD1a, ARefusedRunTellsSoWithItsFrequencyUntilTheNextOne) {
+    WidthBench bench(kPoints);
+    bench.run();
+    bench.driver.superResults = {0, 1};
+    bench.advance(milliseconds(200));
+    EXPECT_EQ(bench.width.Refused.caption, "The unit refused 97.95 MHz: the run ended there.");
+    bench.run();
+    EXPECT_EQ(bench.width.Refused.caption, "");
+}
+
+TEST(FormD1a, ARefusedReferenceTellsSo) {
+    WidthBench bench(kFrames);
+    bench.driver.superResults = {1};
+    bench.run();
+    EXPECT_EQ(bench.width.Refused.caption, "The unit refused 97.9 MHz: the run ended there.");
+}
+
 TEST(FormD1a, RunStartsOver) {
     WidthBench bench(kPoints);
     bench.driver.superLevel = 70;
@@ -253,7 +270,7 @@ TEST(FormD1a, RunStartsOver) {
 TEST(FormD1a, ARunKeepsTheFrequencyThatItBeganWith) {
     WidthBench bench(kPoints);
     bench.run();
-    bench.state.CurrentFreq = "1000";
+    bench.formB.TunedFreq = 1000;
     bench.advance(milliseconds(200));
     EXPECT_THAT(bench.takeCalls(), Contains("HM_Super(979.25)"));
 }
