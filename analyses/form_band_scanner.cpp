@@ -5,6 +5,7 @@
 #include "core/language.h"
 #include "core/long_date.h"
 #include "core/numbers.h"
+#include "core/refused_run.h"
 #include "core/run_guard.h"
 #include "core/taken_for_granted.h"
 #include "panels/audio/form_b.h"
@@ -28,6 +29,7 @@ Form_BandSCanner::Form_BandSCanner(Program& itsProgram)
     HScroll1.onChange = [this] { showScrolled(); };
     Timer1.onTick = [this] { takeFrame(); };
     Graph1.tellCell = [this](int row, int column) { return tellCell(row, column); };
+    Graph1.reading = [this] { return tellStrongest(); };
     bindHandle(SSPanel1.onMouseDown, SSPanel1.onMouseMove, {this});
 }
 
@@ -43,20 +45,42 @@ void Form_BandSCanner::onLoad() {
     // The page may still hold an older scan under another choice of channels.
     twin().take(Graph1);
     program.Form_PrintBandScan->showOption(option());
-    showStored(takenForGranted(desktop(), ScanFile::read(program.files)));
+    const auto stored = takenForGranted(desktop(), ScanFile::read(program.files));
+    showStored(stored);
     program.Form_PrintBandScan->legend.hideUpper();
     driver.HM_Parar();
     driver.HM_getHardwareVersion(hardwareVersion_);
+    nameStored(stored);
     program.Form_B->cambfre();
 }
 
-void Form_BandSCanner::showStored(const std::vector<std::string>& levels) {
+void Form_BandSCanner::showStored(const ScanFile& file) {
     // In the cells of the odd channels, whichever choice wrote the file.
     const ScanOption& odd = scanOption(ScanSpacing::Odd);
     Graph1.columnCount(odd.columns);
     twin().columnCount(odd.columns);
     ScanWalk walk(odd.startColumn, odd.columns);
-    for (const std::string& level : levels) write(walk.next(), level);
+    scanned_.forget();
+    for (const std::string& level : file.lines())
+        write(walk.next(), level, {ScannedChannels::What::Level});
+}
+
+/// Which channels the stored levels belong to, where that can be known.
+void Form_BandSCanner::nameStored(const ScanFile& file) {
+    std::optional<ScanChannels> channels = channelsOfLines(file.lineCount(), unitSweeps());
+    if (!storedBytes_.empty() && file.bytes() == storedBytes_) channels = storedChannels_;
+    if (!channels) return;
+    const ScanOption& odd = scanOption(ScanSpacing::Odd);
+    ScanWalk walk(odd.startColumn, odd.columns);
+    const auto shown = static_cast<int>(file.lines().size());
+    for (int i = 0; i < shown; ++i)
+        scanned_.put(walk.next(), ScannedChannels::channel(channels->at(i)));
+}
+
+void Form_BandSCanner::store(const ScanFile& file, const ScanChannels& channels) {
+    tellFault(desktop(), file.write(program.files));
+    storedBytes_ = file.bytes();
+    storedChannels_ = channels;
 }
 
 ScanSpacing Form_BandSCanner::spacing() const {
@@ -78,7 +102,9 @@ display::Chart& Form_BandSCanner::twin() {
     return program.Form_PrintBandScan->Graph1;
 }
 
-void Form_BandSCanner::write(const ScanCell& cell, std::string_view text) {
+void Form_BandSCanner::write(const ScanCell& cell, std::string_view text,
+                             const ScannedChannels::Cell& from) {
+    scanned_.put(cell, from);
     for (display::Chart* chart : {&Graph1, &twin()}) {
         chart->row = cell.row;
         chart->column = cell.column;
@@ -90,29 +116,55 @@ std::int32_t Form_BandSCanner::shownLevel(float level) const {
     return floorWhole(level + static_cast<float>(valueOf(StationState.DbCorrection10) / 10));
 }
 
+std::string Form_BandSCanner::channelText(const ScannedChannels::Cell& cell) const {
+    using What = ScannedChannels::What;
+    if (cell.what == What::Channel) {
+        const bool tenth = cell.hundredths % 10 == 0;
+        return mask(tenth ? "0.0" : "0.00", cell.hundredths / 100.).append(" MHz").str();
+    }
+    return std::string(cell.what == What::Level
+                           ? wordsIn(language, {"canal desconocido", "channel not known"})
+                           : wordsIn(language, {"sin medir", "not measured"}));
+}
+
 std::string Form_BandSCanner::tellCell(int row, int column) const {
-    constexpr int kMhzAboveRow = 86;
-    const auto index = static_cast<std::size_t>(column - 1);
-    const auto& series = option().series;
-    const char* tenths =
-        index < series.size() ? series[index] : kUpperSeries[index % kUpperSeries.size()];
-    return shortText(kMhzAboveRow + row).append(tenths).str() +
-           " MHz: " + std::string(Graph1.dataAt(row, column)) + " dB";
+    const ScannedChannels::Cell cell = scanned_.at({row, column});
+    const std::string channel = channelText(cell);
+    if (cell.what == ScannedChannels::What::Nothing) return channel;
+    return channel + ": " + std::string(Graph1.dataAt(row, column)) + " dB";
+}
+
+std::string Form_BandSCanner::tellStrongest() const {
+    ScanCell strongest;
+    double highest = -1;
+    for (int row = 1; row <= Graph1.rowCount(); ++row) {
+        for (int column = 1; column <= Graph1.columnCount(); ++column) {
+            if (scanned_.at({row, column}).what == ScannedChannels::What::Nothing) continue;
+            const double level = valueOf(Graph1.dataAt(row, column));
+            if (level > highest) highest = level, strongest = {row, column};
+        }
+    }
+    if (highest < 0) return std::string(wordsIn(language, {"sin medir", "not measured"}));
+    return std::string(wordsIn(language, {"El más fuerte: ", "The strongest: "})) +
+           tellCell(strongest.row, strongest.column);
 }
 
 void Form_BandSCanner::showOption(const ScanOption& chosen) {
     for (int row = 1; row <= kScanRows; ++row) {
         Graph1.row = row;
         Graph1.rowLabel(SmallText("         ").append(rowMhz(chosen, row)));
+        Graph1.rowLabelColumn(1);
     }
     // Row 1 alone: the band begins in the middle of it.
     Graph1.row = 1;
     Graph1.rowLabel(chosen.windowRow1);
+    Graph1.rowLabelColumn(chosen.row1Column);
     Graph1.columnCount(chosen.columns);
     legend.show(chosen);
 }
 
 void Form_BandSCanner::chooseOption() {
+    Refused.caption = "";
     const ScanOption& chosen = option();
     showOption(chosen);
     program.Form_PrintBandScan->showOption(chosen);
@@ -123,6 +175,10 @@ void Form_BandSCanner::chooseOption() {
     }
 }
 
+void Form_BandSCanner::tellRefused(float tenths) {
+    Refused.caption = refusedRun(language, tenths);
+}
+
 void Form_BandSCanner::fillFromSweep(const ScanOption& chosen) {
     const ScanChannels channels = optionChannels(chosen.spacing);
     ScanWalk walk(chosen.startColumn, chosen.columns);
@@ -130,7 +186,7 @@ void Form_BandSCanner::fillFromSweep(const ScanOption& chosen) {
     for (int i = 0; i < channels.count(); ++i) {
         const ScanCell cell = walk.next();
         driver.HM_GetEspectro(channels.tenths(i), level);
-        write(cell, shortText(shownLevel(level)));
+        write(cell, shortText(shownLevel(level)), ScannedChannels::channel(channels.at(i)));
     }
 }
 
@@ -147,8 +203,11 @@ void Form_BandSCanner::fillOneByOne(const ScanOption& chosen) {
         float level = 0;
         for (int i = 0; i < channels.count() && !stop_; ++i) {
             const ScanCell cell = walk.next();
-            if (driver.HM_Super(channels.tenths(i), level) != 0) break;
-            write(cell, shortText(shownLevel(level)));
+            if (driver.HM_Super(channels.tenths(i), level) != 0) {
+                tellRefused(channels.tenths(i));
+                break;
+            }
+            write(cell, shortText(shownLevel(level)), ScannedChannels::channel(channels.at(i)));
         }
     }
     Command3D1.enabled = true;

@@ -5,6 +5,7 @@
 
 #include "analyses/scan_file.h"
 #include "analyses/scan_legend.h"
+#include "analyses/scanned_channels.h"
 #include "core/program_form.h"
 #include "display/chart.h"
 
@@ -24,6 +25,7 @@ class Form_BandSCanner final : public ProgramForm {
     display::Panel Faceplate{*this, "Faceplate"};
     display::Panel SSPanel1{*this, "SSPanel1"};  ///< moves the window
     display::Label Label9{*this, "Label9"};
+    display::Label Refused{*this, "Refused"};  ///< at which channel the unit refused
     display::Panel ChartWell{*this, "ChartWell"};
     Numbered<display::Label, 8> Scale{*this, "Label"};  ///< the level scale, from the top
     display::Label Label12{*this, "Label12"};
@@ -55,12 +57,20 @@ class Form_BandSCanner final : public ProgramForm {
     ScanSpacing spacing() const;
     bool unitSweeps() const;
     display::Chart& twin();
-    void write(const ScanCell& cell, std::string_view text);
+    /// A level, and the channel that it was measured on.
+    void write(const ScanCell& cell, std::string_view text, const ScannedChannels::Cell& from);
     std::int32_t shownLevel(float level) const;
-    void showStored(const std::vector<std::string>& levels);
+    void showStored(const ScanFile& file);
+    void nameStored(const ScanFile& file);
+    void store(const ScanFile& file, const ScanChannels& channels);
     void showOption(const ScanOption& option);
     void showScrolled();
     std::string tellCell(int row, int column) const;
+    std::string tellStrongest() const;
+    std::string channelText(const ScannedChannels::Cell& cell) const;
+
+    /// In one line: at which frequency, in units of 100 kHz, the unit refused to go on.
+    void tellRefused(float tenths);
 
     void chooseOption();
     void fillFromSweep(const ScanOption& option);
@@ -91,6 +101,12 @@ class Form_BandSCanner final : public ProgramForm {
     bool unitAway_ = false;  ///< the unit has left normal measuring and was not returned
     bool filling_ = false;   ///< an option fills the chart, channel by channel
     bool closeAfterFill_ = false;
+
+    ScannedChannels scanned_;
+    // What this program itself has stored last: its file cannot tell its channels. Outlives the
+    // window's loads.
+    std::string storedBytes_;
+    ScanChannels storedChannels_;
 };
 
 }  // namespace hmonitor

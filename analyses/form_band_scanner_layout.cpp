@@ -37,9 +37,10 @@ void Form_BandSCanner::layOut() {
     place(Faceplate, {0, 0, kWidth, kHeight}).surface = Surface::Faceplate;
     place(SSPanel1, {0, 0, kWidth, look::kTitleStrip});
     SSPanel1.says = {"Mover la ventana", "Move the window"};
-    place(Label9, look::titleBox(kWidth), &SSPanel1).caption = "Band Scanner";
+    place(Label9, look::titleBox(look::kTitleWithNote), &SSPanel1).caption = "Band Scanner";
     Label9.font = look::kTitle;
     Label9.colour = look::kScaleColour;
+    look::likeNote(place(Refused, look::noteBox(kWidth), &SSPanel1));
     layOutChart();
     layOutFoot();
     Timer1.interval = 250ms;

@@ -58,7 +58,9 @@ void Form_BandSCanner::Command3D1_Click() {
 void Form_BandSCanner::clearChart() {
     const ScanChannels cells = clearedCells(spacing());
     ScanWalk walk(0, Graph1.columnCount());
-    for (int i = 0; i < cells.count(); ++i) write(walk.next(), "0");
+    scanned_.forget();
+    Refused.caption = "";
+    for (int i = 0; i < cells.count(); ++i) write(walk.next(), "0", {});
 }
 
 void Form_BandSCanner::runOneByOne() {
@@ -73,8 +75,7 @@ void Form_BandSCanner::runOneByOne() {
         CommandClose.caption = "Ok";
         return;
     }
-    if (!Option_250Khz.chosen && !Option_All.chosen)
-        tellFault(desktop(), file.write(program.files));
+    if (!Option_250Khz.chosen && !Option_All.chosen) store(file, measuredChannels(spacing()));
     driver.HM_Parar();
     returnUnit();
     CommandClose.caption = "Ok";
@@ -90,9 +91,12 @@ Form_BandSCanner::Fill Form_BandSCanner::measureChannels(ScanFile& file) {
         const ScanCell cell = walk.next();
         if (cell == ScanCell{11, 1}) HScroll1.value = 9;
         if (cell == ScanCell{20, 1}) HScroll1.value = 11;
-        if (driver.HM_Super(channels.tenths(i), level) != 0) return Fill::Broken;
+        if (driver.HM_Super(channels.tenths(i), level) != 0) {
+            tellRefused(channels.tenths(i));
+            return Fill::Broken;
+        }
         const std::int32_t shown = toWhole(shownLevel(level) + levelOffset_);
-        write(cell, shortText(shown));
+        write(cell, shortText(shown), ScannedChannels::channel(channels.at(i)));
         file.add(shown);
     }
     return Fill::Done;
@@ -140,7 +144,7 @@ void Form_BandSCanner::drawSwept(ScanFile& file) {
         const ScanCell cell = walk.next();
         driver.HM_GetEspectro(channels.tenths(i), level);
         const std::int32_t shown = shownLevel(level);
-        write(cell, shortText(shown));
+        write(cell, shortText(shown), ScannedChannels::channel(channels.at(i)));
         file.add(shown);
     }
 }
@@ -159,7 +163,7 @@ void Form_BandSCanner::finishSweep(const ScanFile& file) {
     Command3D1.caption = "&New Run";
     CommandClose.caption = "Ok";
     // Whatever the choice of channels, unlike a run that is measured one by one.
-    tellFault(desktop(), file.write(program.files));
+    store(file, sweptChannels(spacing(), sweepLimit_));
     returnUnit();
 }
 

@@ -14,6 +14,7 @@ Form_Dd3::Form_Dd3(Program& itsProgram) : ProgramForm(itsProgram, "Form_Dd3") {
     Command3D2.onClick = [this] { close(); };
     SSCommand1.onClick = [this] { datePage(); };
     Graph1.tellCell = [this](int row, int) { return ResponseCurve::tell(Graph1, row); };
+    Graph1.reading = [this] { return ResponseCurve::tellAll(Graph1); };
     bindHandle(Panel3D1.onMouseDown, Panel3D1.onMouseMove, {this});
 }
 

@@ -23,6 +23,7 @@ void Form_PrintBandScan::showOption(const ScanOption& option) {
     for (int i = 0; i < kScanRows; ++i) {
         Graph1.row = i + 1;
         Graph1.rowLabel(rowMhz(option, i + 1));
+        Graph1.rowLabelColumn(1);
     }
     Graph1.columnCount(option.columns);
     legend.show(option);

@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "core/language.h"
 #include "core/numbers.h"
 #include "display/chart.h"
 
@@ -25,6 +26,8 @@ constexpr std::array<ResponseCurve::Tone, ResponseCurve::kTones> kTestTones = {{
 // curve from a measured one at a glance.
 constexpr std::array<const char*, ResponseCurve::kTones> kEmptyLabels = {"30", "125", "400", "1K",
                                                                          "4K", "8K",  "12k", "15k"};
+
+constexpr display::Words kNotMeasured{"sin medir", "not measured"};
 
 /// The chart's value of 0 dB.
 constexpr double kZeroDb = 15;
@@ -58,6 +61,7 @@ ResponseCurve ResponseCurve::of(const ResponsePairs& pairs) {
 
 ResponseCurve ResponseCurve::empty() {
     ResponseCurve curve;
+    curve.measured_ = false;
     for (const char* label : kEmptyLabels) curve.rows_.push_back({"10", label});
     return curve;
 }
@@ -67,14 +71,27 @@ void ResponseCurve::show(display::Chart& chart) const {
     for (std::size_t i = 0; i < rows_.size(); ++i) {
         chart.row = static_cast<int>(i) + 1;
         chart.data(rows_[i].data);
-        if (!rows_[i].label.empty()) chart.rowLabel(rows_[i].label);
+        // A row without a label has none, whatever stood there before.
+        chart.rowLabel(rows_[i].label);
     }
     chart.rowCount(static_cast<int>(rows_.size()));
+    chart.dashed = !measured_;
+    chart.note = measured_ ? std::string_view() : wordsIn(chart.form().language, kNotMeasured);
 }
 
 std::string ResponseCurve::tell(const display::Chart& chart, int row) {
+    const std::string tone = std::string(chart.rowLabelAt(row)) + " Hz: ";
+    if (!chart.note.empty()) return tone + std::string(chart.note.get());
     const double level = valueOf(chart.dataAt(row, 1)) - kZeroDb;
-    return std::string(chart.rowLabelAt(row)) + " Hz: " + mask("0.0", level).str() + " dB";
+    return tone + mask("0.0", level).str() + " dB";
+}
+
+std::string ResponseCurve::tellAll(const display::Chart& chart) {
+    if (!chart.note.empty()) return std::string(chart.note.get());
+    std::string all;
+    for (int row = 1; row <= chart.rowCount(); ++row)
+        all += (row > 1 ? ", " : "") + tell(chart, row);
+    return all;
 }
 
 }  // namespace hmonitor

@@ -36,7 +36,7 @@ class ResponseCurve {
     /// and the label stands with the second.
     static ResponseCurve of(const ResponsePairs& pairs);
 
-    /// What stands where nothing was measured: flat at 10.
+    /// What stands where nothing was measured: flat at 10, dashed, and said to be no measurement.
     static ResponseCurve empty();
 
     /// How many pairs carry a result at all, tones or not: those with a frequency.
@@ -44,14 +44,16 @@ class ResponseCurve {
 
     const std::vector<Row>& rows() const { return rows_; }
 
-    /// Writes the rows into a chart and makes it as long as they are. Labels of rows that have none
-    /// stay as they were.
+    /// Writes the rows into a chart and makes it as long as they are.
     void show(display::Chart& chart) const;
 
     /// What the pointer over a row of such a chart is told: the tone and its level in dB.
     static std::string tell(const display::Chart& chart, int row);
+    /// The same of all rows, for a screen reader.
+    static std::string tellAll(const display::Chart& chart);
 
  private:
+    bool measured_ = true;
     std::vector<Row> rows_;
 };
 

@@ -8,10 +8,19 @@
 
 namespace hmonitor {
 
-FileResult<std::vector<std::string>> ScanFile::read(const Files& files) {
+FileResult<ScanFile> ScanFile::read(const Files& files) {
     const auto bytes = files.read(kFileName);
     if (!bytes) return bytes.fault();
-    return lines(*bytes);
+    ScanFile file;
+    file.bytes_ = *bytes;
+    return file;
+}
+
+std::size_t ScanFile::lineCount() const {
+    TextLines text(bytes_);
+    std::size_t count = 0;
+    while (text.next()) ++count;
+    return count;
 }
 
 std::vector<std::string> ScanFile::lines(std::string_view bytes) {

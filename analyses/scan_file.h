@@ -17,11 +17,14 @@ class ScanFile {
  public:
     static constexpr std::string_view kFileName = "scan.dat";
 
-    /// The levels of the file as their text, at most as many as there are odd channels in the band;
-    /// fewer where the file ends before.
-    static FileResult<std::vector<std::string>> read(const Files& files);
-    /// The same of the file's bytes.
+    /// What is stored.
+    static FileResult<ScanFile> read(const Files& files);
+    /// The levels as their text, at most as many as there are odd channels in the band; fewer where
+    /// the file ends before.
     static std::vector<std::string> lines(std::string_view bytes);
+    std::vector<std::string> lines() const { return lines(bytes_); }
+    /// How many lines there are in all, which tells something of what was measured.
+    std::size_t lineCount() const;
 
     /// One more channel, in whole dB. The first character of the level's text is dropped: the
     /// blank of a positive number, but the sign of a negative one too, so that -3 is stored as "3".

@@ -11,10 +11,10 @@ namespace {
 // from 87.1 on, all others from 87.0 on; all channels begin at column 1 of row 1 as the even ones,
 // though their label says 87.5.
 constexpr std::array<ScanOption, 4> kOptions = {{
-    {ScanSpacing::Odd, 8710, "     87.5", 5, {".1", ".3", ".5", ".7", ".9"}, 2},
-    {ScanSpacing::Even, 8700, "     87.6", 5, {".0", ".2", ".4", ".6", ".8"}, 0},
-    {ScanSpacing::Quarter, 8700, "     87.5", 4, {".0", ".25", ".5", ".75", ""}, 2},
-    {ScanSpacing::All, 8700, "     87.5", 10, {".0", ".1", ".2", ".3", ".4"}, 0},
+    {ScanSpacing::Odd, 8710, "     87.5", 3, 5, {".1", ".3", ".5", ".7", ".9"}, 2},
+    {ScanSpacing::Even, 8700, "     87.6", 4, 5, {".0", ".2", ".4", ".6", ".8"}, 0},
+    {ScanSpacing::Quarter, 8700, "     87.5", 3, 4, {".0", ".25", ".5", ".75", ""}, 2},
+    {ScanSpacing::All, 8700, "     87.5", 6, 10, {".0", ".1", ".2", ".3", ".4"}, 0},
 }};
 
 }  // namespace

@@ -13,6 +13,7 @@ struct ScanOption {
     ScanSpacing spacing;
     int firstLabel;                     ///< of row 1, hundredths of a MHz; each row is a MHz more
     const char* windowRow1;             ///< what stands under row 1 on the window instead
+    int row1Column;                     ///< the column of that frequency
     int columns;                        ///< channels in a MHz
     std::array<const char*, 5> series;  ///< legend of columns 1 to 5; empty where hidden
     int startColumn;                    ///< filling begins behind this column of row 1

@@ -52,6 +52,21 @@ void Chart::rowLabel(std::string_view text) {
     touch();
 }
 
+void Chart::rowLabelColumn(int under) {
+    if (row < 1 || under < 0) return;
+    const auto r = static_cast<std::size_t>(row - 1);
+    if (labelColumns_.size() <= r) labelColumns_.resize(r + 1);
+    if (labelColumns_[r] == under) return;
+    labelColumns_[r] = under;
+    touch();
+}
+
+int Chart::rowLabelColumnAt(int r) const {
+    return r < 1 || static_cast<std::size_t>(r) > labelColumns_.size()
+               ? 0
+               : labelColumns_[static_cast<std::size_t>(r - 1)];
+}
+
 std::string_view Chart::dataAt(int r, int c) const {
     if (r < 1 || c < 1 || static_cast<std::size_t>(r) > cells_.size()) return {};
     const auto& cells = cells_[static_cast<std::size_t>(r - 1)];
@@ -81,6 +96,9 @@ void Chart::take(const Chart& other) {
     columns_ = other.columns_;
     cells_ = other.cells_;
     labels_ = other.labels_;
+    labelColumns_ = other.labelColumns_;
+    dashed = other.dashed.get();
+    note = other.note.get();
     touch();
 }
 
@@ -108,6 +126,9 @@ void Chart::resetKind() {
     columns_ = 0;
     cells_.clear();
     labels_.clear();
+    labelColumns_.clear();
+    dashed = false;
+    note = "";
     row = 1;
     column = 1;
     style = Style::Bars;

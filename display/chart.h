@@ -16,7 +16,8 @@ namespace display {
 ///
 /// The rows share the width between the insets evenly, row r from left + (r - 1) * width / rows on;
 /// bars of one row stand side by side in it, one for each column, a curve passes through the middle
-/// of its rows. Row labels stand under the plot, in the lower inset.
+/// of its rows. Row labels stand under the plot, in the lower inset, under the middle of their row
+/// or of one of its bars; blanks around them do not move them.
 class Chart final : public Control {
  public:
     using Control::Control;
@@ -33,8 +34,11 @@ class Chart final : public Control {
 
     void data(std::string_view text);
     void rowLabel(std::string_view text);
+    /// The column under whose bar the label of the addressed row stands; 0 is the row's middle.
+    void rowLabelColumn(int column);
     std::string_view dataAt(int row, int column) const;
     std::string_view rowLabelAt(int row) const;
+    int rowLabelColumnAt(int row) const;
     /// The number that a cell's data begins with; none for an empty cell or a text that is no
     /// number, which is drawn as nothing.
     std::optional<double> valueAt(int row, int column) const;
@@ -44,6 +48,9 @@ class Chart final : public Control {
 
     enum class Style { Bars, Curve };
     Property<Style> style{*this, Style::Bars};
+    /// A curve that stands for no measurement is dashed, and a word in the chart says so.
+    Property<bool> dashed{*this, false};
+    Text note{*this};
     /// The shown range of values, and the distance of the lines across it (0 for none).
     Property<float> lowest{*this, 0}, highest{*this, 100}, gridStep{*this, 10};
 
@@ -73,6 +80,7 @@ class Chart final : public Control {
     int columns_ = 0;
     std::vector<std::vector<std::string>> cells_;
     std::vector<std::string> labels_;
+    std::vector<int> labelColumns_;
     std::array<Colour, kSeries> colours_ = kPlainColours;
     static const std::array<Colour, kSeries> kPlainColours;
 };

@@ -52,6 +52,10 @@ double ChartView::barWidth() const {
     return kRowFill / std::max(chart_.columnCount(), 1);
 }
 
+double ChartView::placeOf(int row, int column) const {
+    return row + (column - (chart_.columnCount() + 1) / 2.0) * barWidth();
+}
+
 QColor ChartView::colourOf(int column) const {
     const Colour colour = chart_.seriesColourAt(column);
     return {colour.red(), colour.green(), colour.blue()};
@@ -74,7 +78,11 @@ void ChartView::layOut() {
 void ChartView::labelRows() {
     QSharedPointer<QCPAxisTickerText> ticker(new QCPAxisTickerText);
     const int rows = chart_.rowCount();
-    for (int row = 1; row <= rows; ++row) ticker->addTick(row, qText(chart_.rowLabelAt(row)));
+    for (int row = 1; row <= rows; ++row) {
+        const int column = chart_.rowLabelColumnAt(row);
+        ticker->addTick(column > 0 ? placeOf(row, column) : row,
+                        qText(chart_.rowLabelAt(row)).trimmed());
+    }
     plot_->xAxis->setTicker(ticker);
     // A line through the middle of a row would stand among its bars.
     plot_->xAxis->grid()->setVisible(chart_.style == Chart::Style::Curve);
@@ -101,7 +109,8 @@ void ChartView::drawBars() {
             const auto value = chart_.valueAt(row, column);
             // A value under the scale is no bar, rather than one that hangs below it.
             if (!value || *value <= chart_.lowest) continue;
-            bars->addData(row + (column - (columns + 1) / 2.0) * barWidth(), *value);
+            // A bar is given by its height above its base.
+            bars->addData(placeOf(row, column), *value - chart_.lowest);
         }
     }
 }
@@ -109,7 +118,7 @@ void ChartView::drawBars() {
 void ChartView::drawCurves() {
     for (int column = 1; column <= chart_.columnCount(); ++column) {
         QCPGraph* graph = plot_->addGraph();
-        graph->setPen(QPen(colourOf(column), 1.8));
+        graph->setPen(QPen(colourOf(column), 1.8, chart_.dashed ? Qt::DashLine : Qt::SolidLine));
         graph->setScatterStyle(QCPScatterStyle(QCPScatterStyle::ssDisc, 6));
         for (int row = 1; row <= chart_.rowCount(); ++row) {
             if (const auto value = chart_.valueAt(row, column)) graph->addData(row, *value);
@@ -117,8 +126,22 @@ void ChartView::drawCurves() {
     }
 }
 
+/// In the upper part of the plot, where no flat curve runs.
+void ChartView::writeNote() {
+    plot_->clearItems();
+    if (chart_.note.empty()) return;
+    constexpr double kNoteUnits = 200;
+    auto* note = new QCPItemText(plot_);
+    note->position->setType(QCPItemPosition::ptAxisRectRatio);
+    note->position->setCoords(0.5, 0.25);
+    note->setText(qText(chart_.note));
+    note->setFont(Faces::get().font(kNoteUnits * scale(), Weight::Bold));
+    note->setColor(QColor(kText));
+}
+
 void ChartView::sync() {
     plot_->clearPlottables();
+    writeNote();
     layOut();
     labelRows();
     if (chart_.style == Chart::Style::Bars) {

@@ -29,11 +29,14 @@ class ChartView final : public QWidget, public ControlWidget {
     void drawCurves();
     void layOut();
     void labelRows();
+    void writeNote();
     void tellValue(QMouseEvent* event);
     QColor colourOf(int column) const;
     /// Pixels for a unit of the chart's box.
     double scale() const;
     double barWidth() const;
+    /// Where the middle of a bar stands on the axis of rows.
+    double placeOf(int row, int column) const;
 
     Chart& chart_;
     QCustomPlot* plot_;

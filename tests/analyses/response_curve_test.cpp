@@ -84,8 +84,8 @@ TEST(ResponseCurve, AShownCurveMakesTheChartAsLongAsItself) {
     ResponseCurve::of(pairs).show(chart);
     EXPECT_EQ(chart.rowCount(), 3);
     EXPECT_EQ(chart.dataAt(2, 1), "15");
-    // The row without a label of its own keeps the one that it had.
-    EXPECT_EQ(chart.rowLabelAt(2), "125");
+    // The label of the curve before is gone.
+    EXPECT_EQ(chart.rowLabelAt(2), "");
     EXPECT_EQ(chart.rowLabelAt(3), "1K");
 }
 
@@ -95,6 +95,26 @@ TEST(ResponseCurve, ThePointerIsToldToneAndLevel) {
     ResponseCurve::of(inReverse()).show(chart);
     EXPECT_EQ(chart.tellCell(8, 1), "15K Hz: -3.0 dB");
     EXPECT_EQ(chart.tellCell(2, 1), "125 Hz: 1.5 dB");
+    EXPECT_THAT(chart.reading(), testing::StartsWith("30 Hz: -15.1 dB, 125 Hz: 1.5 dB, "));
+    EXPECT_THAT(chart.reading(), testing::EndsWith("15K Hz: -3.0 dB"));
+}
+
+TEST(ResponseCurve, WhatWasNeverMeasuredIsToldSoInTheLanguageOfThePanels) {
+    for (const auto& [id, words] : {std::pair{RackBench::kEnglish, "not measured"},
+                                    std::pair{RackBench::kSpanish, "sin medir"}}) {
+        RackBench bench(id);
+        bench.start();
+        for (display::Chart* chart : {&bench.forms.formDd3.Graph1, &bench.forms.form7.Graph1}) {
+            EXPECT_EQ(chart->note, words);
+            EXPECT_TRUE(chart->dashed);
+        }
+        const display::Chart& chart = bench.forms.formDd3.Graph1;
+        EXPECT_EQ(chart.tellCell(2, 1), std::string("125 Hz: ") + words);
+        EXPECT_EQ(chart.reading(), words);
+        ResponseCurve::of(inReverse()).show(bench.forms.formDd3.Graph1);
+        EXPECT_EQ(chart.note, "");
+        EXPECT_FALSE(chart.dashed);
+    }
 }
 
 }  // namespace

@@ -136,6 +136,31 @@ TEST_F(Response, TheEndMarkEndsTheRun) {
     EXPECT_EQ(rows(), curve);
 }
 
+TEST_F(Response, ARunThatEndsWhileThePresetEditorIsOpenBelongsToItsStation) {
+    release(bench.formD.Image5);
+    bench.advance(100ms);
+    bench.hand.click(bench.formB.Image3);
+    bench.desktop.settle();
+    ASSERT_TRUE(bench.forms.formSetMemories.visible);
+    measured();
+    bench.output(6) = 11583;
+    bench.output(7) = 18;
+    bench.advance(100ms);
+    EXPECT_EQ(bench.read("0981.res"), kStored);
+    EXPECT_FALSE(bench.exists("01.res"));
+    EXPECT_EQ(rows(), curve);
+}
+
+TEST_F(Response, WhateverStandsInTheFrequencysPlaceTheFileIsNamedFromTheFrequencyInUse) {
+    measured();
+    bench.state.CurrentFreq = "1";
+    bench.form1.respolee();
+    EXPECT_EQ(bench.read("0981.res"), kStored);
+    bench.state.CurrentFreq = "1";
+    bench.formD.respo();
+    EXPECT_EQ(rows(), curve);
+}
+
 TEST_F(Response, AReadOutWithoutAResultLeavesAllButRetunes) {
     bench.write("0981.res", kStored);
     bench.formD.respo();
@@ -163,8 +188,7 @@ TEST_F(Response, AToneThatCameTwiceHasTwoRowsAndItsLabelOnTheSecond) {
     bench.driver.response.frequency = {1000, 30, 1000, 0, 0, 0, 0, 0};
     bench.driver.response.level = {10, 20, 30, 0, 0, 0, 0, 0};
     bench.form1.respolee();
-    // The row in between keeps the label that it had.
-    EXPECT_THAT(rows(), ElementsAre("30=17", "125=16", "1K=18"));
+    EXPECT_THAT(rows(), ElementsAre("30=17", "=16", "1K=18"));
 }
 
 TEST_F(Response, AbsurdResultsAreStoredAndShownAsTheyAre) {

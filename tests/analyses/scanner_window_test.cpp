@@ -184,6 +184,89 @@ TEST_F(ScannerWindow, ThePointerIsToldChannelAndLevel) {
               "88.25 MHz: " + std::string(scanner.Graph1.dataAt(2, 2)) + " dB");
 }
 
+std::string atCell(const Form_BandSCanner& scanner, const char* mhz, int row, int column) {
+    return std::string(mhz) + " MHz: " + std::string(scanner.Graph1.dataAt(row, column)) + " dB";
+}
+
+TEST_F(ScannerWindow, ThePointerIsToldTheChannelThatWasMeasuredNotTheLegend) {
+    open(1.8f);
+    choose(ScanSpacing::All);
+    click(scanner.Command3D1);
+    frames(11);
+    // The sweep of all channels begins at column 3: 87.5 MHz stands under ".2".
+    EXPECT_EQ(scanner.Graph1.tellCell(1, 3), atCell(scanner, "87.5", 1, 3));
+    EXPECT_EQ(scanner.Graph1.tellCell(1, 1), "not measured") << "a cleared cell";
+}
+
+TEST_F(ScannerWindow, AfterAReopeningThePointerIsStillToldTheChannelThatWasMeasured) {
+    struct Run {
+        ScanSpacing spacing;
+        const char* first;
+        const char* second;
+    };
+    for (const Run& run :
+         {Run{ScanSpacing::All, "87.5", "87.6"}, Run{ScanSpacing::Odd, "87.5", "87.7"},
+          Run{ScanSpacing::Quarter, "87.5", "87.75"}, Run{ScanSpacing::Even, "87.4", "87.6"}}) {
+        open(1.8f);
+        choose(run.spacing);
+        click(scanner.Command3D1);
+        frames(11);
+        click(scanner.CommandClose);
+        ASSERT_FALSE(scanner.visible);
+        open(1.8f);
+        // The bars lie as those of the odd channels all the same.
+        EXPECT_EQ(scanner.Graph1.tellCell(1, 3), atCell(scanner, run.first, 1, 3));
+        EXPECT_EQ(scanner.Graph1.tellCell(1, 4), atCell(scanner, run.second, 1, 4));
+        click(scanner.CommandClose);
+    }
+}
+
+TEST_F(ScannerWindow, AFoundFileTellsItsChannelsAsFarAsItCan) {
+    const auto fileOf = [](int count) {
+        return lines(std::vector<std::string>(static_cast<std::size_t>(count), "44"));
+    };
+    struct Found {
+        int lines;
+        float version;
+        const char* told;
+    };
+    for (const Found& found :
+         {Found{205, 1.8f, "87.6 MHz: 44 dB"}, Found{82, 1.8f, "87.75 MHz: 44 dB"},
+          Found{103, 1.8f, "channel not known: 44 dB"}, Found{103, 1.5f, "87.7 MHz: 44 dB"},
+          Found{205, 1.5f, "channel not known: 44 dB"},
+          Found{7, 1.8f, "channel not known: 44 dB"}}) {
+        bench.write("scan.dat", fileOf(found.lines));
+        open(found.version);
+        EXPECT_EQ(scanner.Graph1.tellCell(1, 4), found.told) << found.lines;
+        click(scanner.CommandClose);
+    }
+}
+
+TEST_F(ScannerWindow, AScreenReaderIsToldTheStrongestChannel) {
+    bench.write("scan.dat", "");
+    open(1.8f);
+    EXPECT_EQ(scanner.Graph1.reading(), "not measured");
+    bench.driver.spectrum[982.f] = 97;
+    choose(ScanSpacing::All);
+    EXPECT_EQ(scanner.Graph1.reading(), "The strongest: 98.2 MHz: 97 dB");
+}
+
+TEST_F(ScannerWindow, ARunThatTheUnitRefusesTellsSoWithTheFrequencyUntilTheNextOne) {
+    open(1.5f);
+    bench.driver.superResults = {0, 0, 0, 1};
+    click(scanner.Command3D1);
+    EXPECT_EQ(scanner.Refused.caption, "The unit refused 88.1 MHz: the run ended there.");
+    bench.driver.superResults.clear();
+    run();
+    EXPECT_EQ(scanner.Refused.caption, "");
+    bench.driver.superResults = {1};
+    choose(ScanSpacing::All);
+    EXPECT_EQ(scanner.Refused.caption, "The unit refused 87 MHz: the run ended there.");
+    bench.driver.superResults.clear();
+    choose(ScanSpacing::Odd);
+    EXPECT_EQ(scanner.Refused.caption, "");
+}
+
 TEST_F(ScannerWindow, ThePageIsDatedByItsKey) {
     open(1.8f);
     click(scanner.SSCommand1);

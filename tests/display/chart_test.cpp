@@ -92,6 +92,38 @@ TEST_F(Charts, ATwinTakesRowsColumnsDataAndLabels) {
     EXPECT_EQ(other.Chart1.rowLabelAt(3), "third");
 }
 
+TEST_F(Charts, ALabelStandsUnderItsRowOrUnderAColumnOfIt) {
+    EXPECT_EQ(chart.rowLabelColumnAt(2), 0);
+    EXPECT_EQ(chart.rowLabelColumnAt(0), 0);
+    EXPECT_EQ(chart.rowLabelColumnAt(99), 0);
+    chart.row = 2;
+    chart.rowLabelColumn(3);
+    EXPECT_EQ(chart.rowLabelColumnAt(2), 3);
+    const auto before = chart.revision();
+    chart.rowLabelColumn(3);
+    chart.rowLabelColumn(-1);
+    chart.row = 0;
+    chart.rowLabelColumn(1);
+    EXPECT_EQ(chart.revision(), before);
+    chart.reset();
+    EXPECT_EQ(chart.rowLabelColumnAt(2), 0);
+}
+
+TEST_F(Charts, ATwinTakesOverThatNothingWasMeasuredAndAResetForgetsIt) {
+    SampleForm other{desktop, "Other"};
+    chart.dashed = true;
+    chart.note = "not measured";
+    chart.row = 2;
+    chart.rowLabelColumn(3);
+    other.Chart1.take(chart);
+    EXPECT_TRUE(other.Chart1.dashed);
+    EXPECT_EQ(other.Chart1.note, "not measured");
+    EXPECT_EQ(other.Chart1.rowLabelColumnAt(2), 3);
+    other.Chart1.reset();
+    EXPECT_FALSE(other.Chart1.dashed);
+    EXPECT_EQ(other.Chart1.note, "");
+}
+
 TEST_F(Charts, SeriesColoursRepeatAfterTen) {
     chart.seriesColour(2, kRed);
     EXPECT_EQ(chart.seriesColourAt(2), kRed);

@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/display/qt/form_picture.h"
+
+#include <QApplication>
+#include <QTest>
+#include <algorithm>
+#include <cstdlib>
+
+namespace display::qt {
+
+namespace {
+
+/// One application for the whole run, without a screen unless the environment names one.
+void startApplication() {
+    static int argc = 1;
+    static char name[] = "test_shown";
+    static char* argv[] = {name, nullptr};
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    static const auto* app = [] {
+        QApplication::setHighDpiScaleFactorRoundingPolicy(
+            Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+        return new QApplication(argc, argv);
+    }();
+    (void)app;
+}
+
+}  // namespace
+
+FormPicture::FormPicture(Form& form) : form_(form) {
+    if (!form.visible) form.show();
+    startApplication();
+    int argc = 0;
+    desktop_ = std::make_unique<QtDesktop>(argc, nullptr);
+    view_ = std::make_unique<FormView>(*desktop_, form, nullptr);
+}
+
+QImage FormPicture::taken() {
+    view_->sync();
+    const QRectF whole = view_->scale().snapped(Box{0, 0, form_.width, form_.height});
+    view_->resize(whole.size().toSize());
+    // A chart lays itself out when the events run that its size and its data have brought.
+    QCoreApplication::processEvents();
+    return view_->grab().toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+QImage FormPicture::changedBy(const std::function<void()>& change,
+                              const std::function<void()>& undo) {
+    const QImage before = taken();
+    change();
+    const QImage after = taken();
+    undo();
+    QImage dots(before.size(), QImage::Format_Grayscale8);
+    dots.fill(0);
+    for (int y = 0; y < dots.height(); ++y) {
+        for (int x = 0; x < dots.width(); ++x) {
+            // A dot that an edge covers in small part is no ink.
+            constexpr int kFaint = 40;
+            const QRgb a = before.pixel(x, y), b = after.pixel(x, y);
+            const int away = std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
+                                       std::abs(qBlue(a) - qBlue(b))});
+            if (away > kFaint) dots.scanLine(y)[x] = 255;
+        }
+    }
+    return dots;
+}
+
+QImage FormPicture::dotsOf(Control& control) {
+    return changedBy([&] { control.visible = false; }, [&] { control.visible = true; });
+}
+
+QRect FormPicture::inkOf(Control& control) {
+    return inkBox(dotsOf(control));
+}
+
+QPointF FormPicture::middleOf(Control& control) {
+    return QRectF(inkOf(control)).center();
+}
+
+QRect FormPicture::boxOf(const Control& control) const {
+    const Scale& scale = view_->scale();
+    const QRectF box = scale.snapped(control.boxOnForm());
+    return QRectF(box.topLeft() * scale.deviceRatio(), box.size() * scale.deviceRatio()).toRect();
+}
+
+QPointF FormPicture::pointIn(const Panel& panel, float x, float y) const {
+    const Box box = panel.boxOnForm();
+    const Scale& scale = view_->scale();
+    return QPointF(scale.px(box.left + x * panel.unit), scale.px(box.top + y * panel.unit)) *
+           scale.deviceRatio();
+}
+
+QRect inkBox(const QImage& dots) {
+    QRect box;
+    for (int y = 0; y < dots.height(); ++y) {
+        for (int x = 0; x < dots.width(); ++x) {
+            if (dots.constScanLine(y)[x] != 0) box |= QRect(x, y, 1, 1);
+        }
+    }
+    return box;
+}
+
+bool isAbout(const QColor& one, const QColor& other) {
+    constexpr int kNear = 24;
+    return std::abs(one.red() - other.red()) < kNear &&
+           std::abs(one.green() - other.green()) < kNear &&
+           std::abs(one.blue() - other.blue()) < kNear;
+}
+
+QRect inkBox(const QImage& picture, const QRect& within, const QColor& colour) {
+    QRect box;
+    const QRect place = within & picture.rect();
+    for (int y = place.top(); y <= place.bottom(); ++y) {
+        for (int x = place.left(); x <= place.right(); ++x) {
+            if (isAbout(picture.pixelColor(x, y), colour)) box |= QRect(x, y, 1, 1);
+        }
+    }
+    return box;
+}
+
+double onScale(double place, double firstPlace, double firstValue, double lastPlace,
+               double lastValue) {
+    return firstValue + (place - firstPlace) / (lastPlace - firstPlace) * (lastValue - firstValue);
+}
+
+}  // namespace display::qt

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QColor>
+#include <QImage>
+#include <QPointF>
+#include <QRect>
+#include <functional>
+#include <memory>
+
+#include "display/form.h"
+#include "display/qt/form_view.h"
+#include "display/qt/qt_desktop.h"
+
+namespace display::qt {
+
+/// A form of the program as the screen shows it, to be read back dot by dot. The program itself
+/// runs on the desktop without a screen. What a control paints is found by taking it away, so that
+/// no test has to know how anything is drawn. Places are device pixels of the form.
+class FormPicture {
+ public:
+    /// Shows the form, if it is not to be seen.
+    explicit FormPicture(Form& form);
+
+    /// The form as it stands now.
+    QImage taken();
+
+    /// The dots that differ while a change is in force; `undo` takes it back.
+    QImage changedBy(const std::function<void()>& change, const std::function<void()>& undo);
+    /// What of a control is seen, as dots that are set; and the box around them.
+    QImage dotsOf(Control& control);
+    QRect inkOf(Control& control);
+    /// The middle of the ink: of a figure of a scale, where its value stands.
+    QPointF middleOf(Control& control);
+
+    /// A control's own box, and a point in the units of its container.
+    QRect boxOf(const Control& control) const;
+    QPointF pointIn(const Panel& panel, float x, float y) const;
+
+ private:
+    std::unique_ptr<QtDesktop> desktop_;
+    std::unique_ptr<FormView> view_;
+    Form& form_;
+};
+
+/// The box around the dots that are set; empty where there are none.
+QRect inkBox(const QImage& dots);
+/// The same of the dots of about that colour within a place of a picture.
+QRect inkBox(const QImage& picture, const QRect& within, const QColor& colour);
+bool isAbout(const QColor& one, const QColor& other);
+
+/// Where a scale of two known figures puts a place between or beyond them.
+double onScale(double place, double firstPlace, double firstValue, double lastPlace,
+               double lastValue);
+
+}  // namespace display::qt
