@@ -19,11 +19,9 @@ TEST(Fold, HidesThePanelsAndUnfoldBringsThemBackWithoutATuning) {
     bench.start();
     bench.takeCalls();
     for (int i = 0; i < 2; ++i) {
-        bench.hand.press(bench.form1.Image7);
-        bench.desktop.settle();
+        bench.press(bench.form1.Image7);
         EXPECT_EQ(bench.form1.Image7.picture, "MinA");
-        bench.hand.release(bench.form1.Image7);
-        bench.desktop.settle();
+        bench.release(bench.form1.Image7);
         EXPECT_EQ(bench.form1.Image7.picture, "MinN");
         EXPECT_EQ(bench.form1.windowState, display::WindowState::Minimised);
         EXPECT_FALSE(bench.formB.visible);
@@ -95,12 +93,10 @@ TEST(Power, StopsWritesThePresetTerminatesAndEnds) {
     bench.advance(100ms);
     bench.state.MemoryNumber = "3";
     bench.takeCalls();
-    bench.hand.press(bench.form1.Image_Power);
-    bench.desktop.settle();
+    bench.press(bench.form1.Image_Power);
     EXPECT_EQ(bench.form1.Image_Power.picture, "PowerA");
     EXPECT_FALSE(bench.desktop.ended());
-    bench.hand.release(bench.form1.Image_Power);
-    bench.desktop.settle();
+    bench.release(bench.form1.Image_Power);
     EXPECT_TRUE(bench.desktop.ended());
     EXPECT_THAT(bench.driver.calls, ElementsAre("HM_Parar", "HM_Terminate"));
     EXPECT_EQ(bench.read("hm-16.dat"), lines({"3", "0", "0", "1", "0", "0", "0", "-7.5"}));
@@ -117,8 +113,7 @@ TEST(Power, WritesBetweenTheStopAndTheLastCallAndLeavesTheFormsAsTheyAre) {
         EXPECT_THAT(bench.read("hm-16.dat"), testing::StartsWith("3\r\n"));
         EXPECT_FALSE(bench.desktop.ended());
     };
-    bench.hand.click(bench.form1.Image_Power);
-    bench.desktop.settle();
+    bench.click(bench.form1.Image_Power);
     EXPECT_TRUE(looked);
     for (const display::Form* panel : bench.program.rack) {
         EXPECT_TRUE(panel->loaded()) << panel->name();
@@ -154,8 +149,7 @@ TEST(Settings, ChangeOnDiskOnlyThroughTheKeysThatStoreThem) {
     EXPECT_NE(bench.state.MemoryNumber, "1");
     EXPECT_EQ(bench.read("hm-16.dat"), before);
     const std::string memory = bench.state.MemoryNumber.str();
-    bench.hand.click(bench.form1.Image_Power);
-    bench.desktop.settle();
+    bench.click(bench.form1.Image_Power);
     EXPECT_EQ(bench.read("hm-16.dat"), lines({memory, "0", "0", "1", "0", "0", "0", "0"}));
 }
 
@@ -165,8 +159,7 @@ TEST(Power, EndsTheProgramThoughTheFileCannotBeWritten) {
     bench.advance(100ms);
     bench.remove("hm-16.dat");
     bench.desktop.boxAnswers = {"ok"};
-    bench.hand.click(bench.form1.Image_Power);
-    bench.desktop.settle();
+    bench.click(bench.form1.Image_Power);
     EXPECT_TRUE(bench.desktop.ended());
     EXPECT_THAT(bench.driver.calls, Contains("HM_Terminate"));
     ASSERT_EQ(bench.desktop.boxes.size(), 1u);
@@ -187,12 +180,10 @@ TEST(Print, SendsTheImageOfTheFourPanelsAndLeavesTheClipboardAlone) {
     RackBench bench;
     bench.start();
     bench.desktop.clipboard = "the user's own";
-    bench.hand.press(bench.form1.Image9);
-    bench.desktop.settle();
+    bench.press(bench.form1.Image9);
     EXPECT_EQ(bench.form1.Image9.picture, "MinA");
     EXPECT_TRUE(bench.desktop.printed.empty());
-    bench.hand.release(bench.form1.Image9);
-    bench.desktop.settle();
+    bench.release(bench.form1.Image9);
     EXPECT_EQ(bench.form1.Image9.picture, "MinN");
     ASSERT_EQ(bench.desktop.printed.size(), 1u);
     EXPECT_THAT(bench.desktop.printed[0],
@@ -205,8 +196,7 @@ TEST(Print, SaysWhatThePrinterSays) {
     bench.start();
     bench.desktop.printerFault = "No printer is set up.";
     bench.desktop.boxAnswers = {"ok"};
-    bench.hand.click(bench.form1.Image9);
-    bench.desktop.settle();
+    bench.click(bench.form1.Image9);
     ASSERT_EQ(bench.desktop.boxes.size(), 1u);
     EXPECT_EQ(bench.desktop.boxes[0].text, "No printer is set up.");
 }

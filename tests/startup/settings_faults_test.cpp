@@ -125,8 +125,7 @@ TEST(SettingsFaults, InAFolderThatCannotBeWrittenTheDetectorKeySaysSoAndTunesOn)
     fs::permissions(bench.scratch.path(), fs::perms(0555));
     {
         const AsNobody nobody;
-        bench.hand.press(bench.form1.Image_Average);
-        bench.desktop.settle();
+        bench.press(bench.form1.Image_Average);
     }
     fs::permissions(bench.scratch.path(), fs::perms(0755));
     ASSERT_EQ(bench.desktop.boxes.size(), 1u);

@@ -262,8 +262,7 @@ TEST(Start, Preset17HealsToOneAndSixteenStays) {
     EXPECT_EQ(bench.state.MemoryNumber, "1");
     bench.advance(100ms);  // the first slow tick reads the file again
     EXPECT_EQ(bench.state.MemoryNumber, "1");
-    bench.hand.click(bench.form1.Image_Power);
-    bench.desktop.settle();
+    bench.click(bench.form1.Image_Power);
     EXPECT_THAT(bench.read("hm-16.dat"), testing::StartsWith("1\r\n0\r\n"));
 
     RackBench sixteen;

@@ -26,8 +26,14 @@ std::string memoryBlock(const std::vector<Memory>& memories) {
     return block;
 }
 
-RackBench::RackBench(int languageId, Form_WaitLoad::Brand brand)
+RackBench::RackBench(std::unique_ptr<ScriptedDriver> its)
+    : RackBench(kEnglish, Form_WaitLoad::Brand::Marvenia, std::move(its)) {}
+
+RackBench::RackBench(int languageId, Form_WaitLoad::Brand brand,
+                     std::unique_ptr<ScriptedDriver> its)
     : desktop(languageId),
+      unit(std::move(its)),
+      driver(*unit),
       files(scratch.path()),
       program(desktop, driver, files),
       forms(program, brand),

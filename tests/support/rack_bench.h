@@ -28,13 +28,15 @@ struct Memory {
 };
 std::string memoryBlock(const std::vector<Memory>& memories);
 
-/// The whole program on the headless desktop, a scripted unit of version 1.8 and a working folder
-/// of its own with the shipped kind of settings: preset 1 of three memories (1 "RADIO UNO" 98.1,
-/// 3 "RADIO TRES" 102.55, 16 "DIECISEIS" 87.5).
+/// The whole program on the headless desktop, a scripted unit of version 1.8 (or the one that is
+/// given) and a working folder of its own with the shipped kind of settings: preset 1 of three
+/// memories (1 "RADIO UNO" 98.1, 3 "RADIO TRES" 102.55, 16 "DIECISEIS" 87.5).
 class RackBench {
  public:
     explicit RackBench(int languageId = kEnglish,
-                       Form_WaitLoad::Brand brand = Form_WaitLoad::Brand::Marvenia);
+                       Form_WaitLoad::Brand brand = Form_WaitLoad::Brand::Marvenia,
+                       std::unique_ptr<ScriptedDriver> unit = std::make_unique<ScriptedDriver>());
+    explicit RackBench(std::unique_ptr<ScriptedDriver> unit);
     ~RackBench();
 
     static constexpr int kEnglish = 0x0409;
@@ -55,6 +57,24 @@ class RackBench {
     /// Heartbeats of 30 ms.
     void beat(int count = 1) { advance(std::chrono::milliseconds(30 * count)); }
 
+    // A person's hand, and all that follows from it at once. Inside a handler (a modal script, a
+    // driver's during...) nothing can settle: there it is `hand` itself.
+    void settle() { desktop.settle(); }
+    void press(display::Picture& key) { hand.press(key), settle(); }
+    void release(display::Picture& key) { hand.release(key), settle(); }
+    template <class Clicked>
+    void click(Clicked& key) {
+        hand.click(key), settle();
+    }
+    void check(display::CheckBox& box, bool on) { hand.check(box, on), settle(); }
+    void edit(display::TextField& field, std::string_view text) {
+        hand.edit(field, text), settle();
+    }
+    void type(display::TextField& field, std::string_view text) {
+        hand.type(field, text), settle();
+    }
+    void set(display::ScrollBar& bar, int value) { hand.set(bar, value), settle(); }
+
     /// The unit's output 1 to 16.
     float& output(int number) { return driver.readings.output(number); }
 
@@ -63,7 +83,8 @@ class RackBench {
 
     TempFolder scratch;
     display::HeadlessDesktop desktop;
-    ScriptedDriver driver;
+    std::unique_ptr<ScriptedDriver> unit;
+    ScriptedDriver& driver;
     Files files;
     Program program;
     Forms forms;

@@ -73,7 +73,7 @@ std::int32_t ScriptedDriver::HM_Data(Readings& out) {
 
 std::int32_t ScriptedDriver::HM_DataRDS(float& error, float& level) {
     ++rdsCalls;
-    if (noteData) note("HM_DataRDS");
+    if (noteData) note("HM_DataRDS(" + text(level) + ")");
     if (silent) return 0;
     error = rdsError;
     level = rdsLevel;
@@ -82,7 +82,8 @@ std::int32_t ScriptedDriver::HM_DataRDS(float& error, float& level) {
 
 std::int32_t ScriptedDriver::HM_Super(float frequency, float& level) {
     note("HM_Super(" + text(frequency) + ")");
-    level = next(superLevels, superLevel);
+    const auto found = superSpectrum.find(frequency);
+    level = found == superSpectrum.end() ? next(superLevels, superLevel) : found->second;
     if (duringSuper) duringSuper(frequency);
     return next(superResults, 0);
 }
@@ -93,10 +94,14 @@ std::int32_t ScriptedDriver::HM_StartEspectro(float start, float stop, std::int3
 }
 
 std::int32_t ScriptedDriver::HM_TramaEspectroRecibida() {
+    ++frameCalls;
+    if (noteFrames) note("HM_TramaEspectroRecibida");
     return next(frames, 0);
 }
 
 std::int32_t ScriptedDriver::HM_GetEspectro(float frequency, float& level) {
+    ++spectrumCalls;
+    if (noteFrames) note("HM_GetEspectro(" + text(frequency) + ")");
     const auto found = spectrum.find(frequency);
     level = found == spectrum.end() ? floorLevel : found->second;
     return 0;

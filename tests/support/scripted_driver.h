@@ -11,9 +11,10 @@
 
 namespace hmonitor::test {
 
-/// A driver library that answers from a script and notes every call. Plain members: a test sets
-/// what the unit says and reads what it was told.
-struct ScriptedDriver final : DriverLibrary {
+/// A driver library that answers from a script and notes every call with the arguments that go in.
+/// Plain members: a test sets what the unit says and reads what it was told. A unit with a will of
+/// its own derives from it, overrides what it does otherwise and is given to the RackBench.
+struct ScriptedDriver : DriverLibrary {
     // What the unit says.
     std::int32_t initResult = 0;
     bool silent = false;  ///< HM_Data and HM_DataRDS leave their outputs alone
@@ -23,7 +24,8 @@ struct ScriptedDriver final : DriverLibrary {
     float hardwareVersion = 1.8f;
     float driverVersion = 4.2f;
     ResponsePairs response;
-    std::deque<float> superLevels;  ///< one each HM_Super; when used up, superLevel
+    std::map<float, float> superSpectrum;  ///< HM_Super by frequency; elsewhere superLevels
+    std::deque<float> superLevels;         ///< one each HM_Super; when used up, superLevel
     float superLevel = 30;
     std::deque<int> superResults;     ///< one each HM_Super; when used up, 0
     std::deque<int> frames;           ///< one each HM_TramaEspectroRecibida; when used up, 0
@@ -33,11 +35,15 @@ struct ScriptedDriver final : DriverLibrary {
     std::function<void()> duringNormal;
     std::function<void()> duringTerminate;
 
-    // What it was told. HM_Data and HM_DataRDS come too often to be noted.
+    // What it was told. Four functions come too often to be noted unless a test asks for it; how
+    // often they came is counted always.
     std::vector<std::string> calls;
-    int dataCalls = 0;
-    int rdsCalls = 0;
-    bool noteData = false;
+    int dataCalls = 0;        ///< HM_Data
+    int rdsCalls = 0;         ///< HM_DataRDS
+    int frameCalls = 0;       ///< HM_TramaEspectroRecibida
+    int spectrumCalls = 0;    ///< HM_GetEspectro
+    bool noteData = false;    ///< HM_Data and HM_DataRDS are noted too
+    bool noteFrames = false;  ///< HM_TramaEspectroRecibida and HM_GetEspectro are noted too
     std::vector<std::string>* journal = nullptr;  ///< also noted here
 
     std::int32_t HM_Init() override;

@@ -28,24 +28,7 @@ struct EditorBench : RackBench {
         openEditor();
     }
 
-    template <class Clicked>
-    void click(Clicked& key) {
-        hand.click(key);
-        desktop.settle();
-    }
     void select(int memory) { click(editor.presets[memory]); }
-    void edit(display::TextField& field, std::string_view text) {
-        hand.edit(field, text);
-        desktop.settle();
-    }
-    void type(display::TextField& field, std::string_view text) {
-        hand.type(field, text);
-        desktop.settle();
-    }
-    void check(display::CheckBox& box, bool on) {
-        hand.check(box, on);
-        desktop.settle();
-    }
     /// Types the frequency into the selected memory and saves it.
     void save(std::string_view frequency, std::string_view name) {
         edit(editor.Text1, frequency);
@@ -55,10 +38,7 @@ struct EditorBench : RackBench {
     /// Memory 1 of the bench stands on 98.1 MHz.
     void tuneBackToMemory1() { select(1); }
     /// Tunes by hand: the rack stands on no memory then.
-    void tuneByHand(int frequency) {
-        hand.set(formB.HScroll1, frequency - 875);
-        desktop.settle();
-    }
+    void tuneByHand(int frequency) { set(formB.HScroll1, frequency - 875); }
 
     /// The 16 bytes of a memory.
     std::string record(int memory) const {

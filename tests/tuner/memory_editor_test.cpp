@@ -37,12 +37,10 @@ TEST_F(MemoryEditor, BeginsInTheFrequencyFieldEachTimeItOpens) {
 
 TEST_F(MemoryEditor, OpensFromTheSetKeyOnTheMemoryOfTheRack) {
     bench.start();
-    bench.hand.press(bench.formB.Image3);
-    bench.desktop.settle();
+    bench.press(bench.formB.Image3);
     EXPECT_EQ(bench.formB.Image3.picture, "SetA");
     EXPECT_FALSE(editor.visible);
-    bench.hand.release(bench.formB.Image3);
-    bench.desktop.settle();
+    bench.release(bench.formB.Image3);
     EXPECT_EQ(bench.formB.Image3.picture, "SetN");
     EXPECT_TRUE(editor.visible);
     EXPECT_TRUE(bench.rackDisabled());

@@ -23,12 +23,10 @@ struct TunerKeypad : testing::Test {
 
 TEST_F(TunerKeypad, OpensFromTheRemoteKey) {
     bench.start();
-    bench.hand.press(bench.formB.Image4);
-    bench.desktop.settle();
+    bench.press(bench.formB.Image4);
     EXPECT_EQ(bench.formB.Image4.picture, "RemoteA");
     EXPECT_FALSE(keypad.visible);
-    bench.hand.release(bench.formB.Image4);
-    bench.desktop.settle();
+    bench.release(bench.formB.Image4);
     EXPECT_EQ(bench.formB.Image4.picture, "RemoteN");
     EXPECT_TRUE(keypad.visible);
     EXPECT_TRUE(bench.rackDisabled());

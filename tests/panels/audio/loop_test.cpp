@@ -124,16 +124,14 @@ TEST_F(DemoLoop, WhatTheDriverSaysDoesNotCount) {
 TEST_F(DemoLoop, TunesWithoutTheUnit) {
     bench.write("0925.dat", lines(std::vector<std::string>(24, "7")));
     bench.formB.ButtonTune = "0";
-    bench.hand.set(bench.formB.HScroll1, 50);
-    bench.desktop.settle();
+    bench.set(bench.formB.HScroll1, 50);
     EXPECT_THAT(bench.takeCalls(), IsEmpty());
     EXPECT_EQ(bench.formB.Label_FrecRadio.caption, "92.50");
     EXPECT_EQ(bench.state.CurrentFreq, "925");
     EXPECT_EQ(bench.state.FloorNoiseL, "7");
     EXPECT_EQ(bench.formB.OffMemory, 1);
     EXPECT_TRUE(bench.formB.Timer2.enabled);
-    bench.hand.click(bench.formB.SSCommand1);
-    bench.desktop.settle();
+    bench.click(bench.formB.SSCommand1);
     EXPECT_THAT(bench.takeCalls(), IsEmpty());
     EXPECT_EQ(bench.formB.Label_FrecRadio.caption, "98.10");
 }

@@ -27,16 +27,9 @@ class Memories : public testing::Test {
         bench.write("hm-16.dat", lines({preset, "0", "0", "1", "0", "0", "0", "0"}));
         start();
     }
-    void press(display::Key& key) {
-        bench.hand.click(key);
-        bench.desktop.settle();
-    }
-    void next() { press(bench.formB.SSCommand1); }
-    void previous() { press(bench.formB.SSCommand2); }
-    void moveBar(int value) {
-        bench.hand.set(bench.formB.HScroll1, value);
-        bench.desktop.settle();
-    }
+    void next() { bench.click(bench.formB.SSCommand1); }
+    void previous() { bench.click(bench.formB.SSCommand2); }
+    void moveBar(int value) { bench.set(bench.formB.HScroll1, value); }
     /// The frequencies that the unit was tuned to since the last time.
     std::vector<std::string> tunings() {
         std::vector<std::string> all;
@@ -132,7 +125,7 @@ TEST_F(Memories, AllEmptyEndsWhereItBeganAndTunesWhereTheBarStands) {
     bench.write("halden.dat", memoryBlock({}));
     bench.formB.MemoryState = "";
     for (display::Key* key : {&bench.formB.SSCommand1, &bench.formB.SSCommand2}) {
-        press(*key);
+        bench.click(*key);
         EXPECT_EQ(bench.formB.MemoryNumber, 1);
         EXPECT_EQ(bench.state.MemoryNumber, "1");
         EXPECT_THAT(tunings(), ElementsAre("915"));

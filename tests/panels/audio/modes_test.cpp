@@ -17,14 +17,6 @@ class Modes : public testing::Test {
         bench.start();
         bench.takeCalls();
     }
-    void press(display::Picture& key) {
-        bench.hand.press(key);
-        bench.desktop.settle();
-    }
-    void release(display::Picture& key) {
-        bench.hand.release(key);
-        bench.desktop.settle();
-    }
     RackBench bench;
 };
 
@@ -38,7 +30,7 @@ TEST_F(Modes, KeysComeUpOnTheStoredMode) {
 
 TEST_F(Modes, SumAndDifferenceIsStoredAndTuned) {
     start();
-    press(bench.formB.Image2);
+    bench.press(bench.formB.Image2);
     EXPECT_EQ(bench.formB.Image2.picture, "LRA");
     EXPECT_EQ(bench.formB.Image1.picture, "LyRN");
     EXPECT_THAT(bench.takeCalls(),
@@ -48,9 +40,9 @@ TEST_F(Modes, SumAndDifferenceIsStoredAndTuned) {
 
 TEST_F(Modes, LeftAndRightIsStoredAndTuned) {
     start();
-    press(bench.formB.Image2);
+    bench.press(bench.formB.Image2);
     bench.takeCalls();
-    press(bench.formB.Image1);
+    bench.press(bench.formB.Image1);
     EXPECT_EQ(bench.formB.Image1.picture, "LyRA");
     EXPECT_EQ(bench.formB.Image2.picture, "LRN");
     EXPECT_THAT(bench.takeCalls(),
@@ -60,7 +52,7 @@ TEST_F(Modes, LeftAndRightIsStoredAndTuned) {
 
 TEST_F(Modes, ModeKeysStayOnTheMemory) {
     start();
-    press(bench.formB.Image2);
+    bench.press(bench.formB.Image2);
     EXPECT_EQ(bench.formB.OffMemory, 0);
     EXPECT_EQ(bench.formB.Label_RadioName.caption, "RADIO UNO");
 }
@@ -74,20 +66,19 @@ TEST_F(Modes, EveryStartFallsBackToLeftAndRight) {
 
 TEST_F(Modes, AModeChosenLaterStaysThroughTunings) {
     start();
-    press(bench.formB.Image2);
+    bench.press(bench.formB.Image2);
     bench.takeCalls();
-    bench.hand.set(bench.formB.HScroll1, 50);
-    bench.desktop.settle();
+    bench.set(bench.formB.HScroll1, 50);
     EXPECT_THAT(bench.takeCalls(), ElementsAre("HM_Parar", "HM_Normal(925, 0, 1, 0, 1)"));
 }
 
 TEST_F(Modes, EditorOpensAtReleaseAndDisablesTheRack) {
     start();
-    press(bench.formB.Image3);
+    bench.press(bench.formB.Image3);
     EXPECT_EQ(bench.formB.Image3.picture, "SetA");
     EXPECT_FALSE(bench.program.Form_bSetMemories->visible);
     EXPECT_TRUE(bench.formB.enabled);
-    release(bench.formB.Image3);
+    bench.release(bench.formB.Image3);
     EXPECT_EQ(bench.formB.Image3.picture, "SetN");
     EXPECT_TRUE(bench.program.Form_bSetMemories->visible);
     EXPECT_FALSE(bench.form1.enabled);
@@ -101,11 +92,10 @@ TEST_F(Modes, EditorOpensAtReleaseAndDisablesTheRack) {
 
 TEST_F(Modes, EditorOffAMemoryIsToldSo) {
     start();
-    bench.hand.set(bench.formB.HScroll1, 5);
-    bench.desktop.settle();
+    bench.set(bench.formB.HScroll1, 5);
     EXPECT_EQ(bench.formB.MemoryState, "cero");
-    press(bench.formB.Image3);
-    release(bench.formB.Image3);
+    bench.press(bench.formB.Image3);
+    bench.release(bench.formB.Image3);
     EXPECT_EQ(bench.state.MemoryEdit, "1");
     EXPECT_EQ(bench.state.MemoryEditFreq, "880");
     EXPECT_EQ(bench.formB.MemoryState, "");
@@ -113,9 +103,9 @@ TEST_F(Modes, EditorOffAMemoryIsToldSo) {
 
 TEST_F(Modes, KeypadOpensAtReleaseAndDisablesTheRack) {
     start();
-    press(bench.formB.Image4);
+    bench.press(bench.formB.Image4);
     EXPECT_EQ(bench.formB.Image4.picture, "RemoteA");
-    release(bench.formB.Image4);
+    bench.release(bench.formB.Image4);
     EXPECT_EQ(bench.formB.Image4.picture, "RemoteN");
     EXPECT_TRUE(bench.program.Form_bTuner->visible);
     EXPECT_FALSE(bench.form1.enabled);
@@ -128,7 +118,7 @@ TEST_F(Modes, AMissingSettingsFileEndsTheProgramBeforeTheUnitIsStopped) {
     start();
     bench.remove("hm-16.dat");
     bench.desktop.boxAnswers = {"ok"};
-    press(bench.formB.Image2);
+    bench.press(bench.formB.Image2);
     EXPECT_TRUE(bench.desktop.ended());
     EXPECT_THAT(bench.takeCalls(), IsEmpty());
 }

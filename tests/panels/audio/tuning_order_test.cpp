@@ -57,8 +57,7 @@ TEST(FirstSelection, IsTakenFromTheStoredPresetOnce) {
     bench.start();
     EXPECT_EQ(bench.state.FirstSelect, "00");
     bench.state.MemoryNumber = "16";
-    bench.hand.click(bench.formB.SSCommand1);
-    bench.desktop.settle();
+    bench.click(bench.formB.SSCommand1);
     EXPECT_EQ(bench.formB.MemoryNumber, 16) << "from 3 to the next that is stored";
 }
 
@@ -67,8 +66,7 @@ TEST(FirstSelection, IsLeftAloneByThePreviousKey) {
     bench.start();
     bench.state.FirstSelect = "1";
     bench.state.MemoryNumber = "3";
-    bench.hand.click(bench.formB.SSCommand2);
-    bench.desktop.settle();
+    bench.click(bench.formB.SSCommand2);
     EXPECT_EQ(bench.state.FirstSelect, "1");
     EXPECT_EQ(bench.formB.MemoryNumber, 16) << "from 1 backwards";
 }

@@ -17,14 +17,7 @@ class TuningByBar : public testing::Test {
         bench.start();
         bench.takeCalls();
     }
-    void moveBar(int value) {
-        bench.hand.set(bench.formB.HScroll1, value);
-        bench.desktop.settle();
-    }
-    void press(display::Key& key) {
-        bench.hand.click(key);
-        bench.desktop.settle();
-    }
+    void moveBar(int value) { bench.set(bench.formB.HScroll1, value); }
     bool anyTimerRuns() {
         return bench.form1.Timer1.enabled || bench.form1.Timer4.enabled ||
                bench.formB.Timer2.enabled || bench.formB.Timer3.enabled;
@@ -90,7 +83,7 @@ TEST_F(TuningByBar, AStepKeyDisablesThePanelWhileTheUnitIsTuned) {
         EXPECT_FALSE(bench.formB.enabled);
         EXPECT_EQ(bench.formB.ButtonTune, "1");
     };
-    press(bench.formB.SSCommand1);
+    bench.click(bench.formB.SSCommand1);
     EXPECT_TRUE(checked);
     EXPECT_TRUE(bench.formB.enabled);
     EXPECT_EQ(bench.formB.ButtonTune, "0");
@@ -110,7 +103,7 @@ TEST_F(TuningByBar, LeavesTheMemory) {
 TEST_F(TuningByBar, AMoveByAMemoryKeepsNameAndDigits) {
     start();
     bench.write("halden.dat", memoryBlock({{1, "UNO", "981"}, {2, "DOS", "900"}}));
-    press(bench.formB.SSCommand1);
+    bench.click(bench.formB.SSCommand1);
     EXPECT_EQ(bench.formB.Label_RadioName.caption, "DOS      ");
     EXPECT_EQ(bench.formB.MemoryState, "");
     EXPECT_EQ(bench.formB.OffMemory, 0);
@@ -235,9 +228,9 @@ TEST_F(Floors, HaveTheirNameWithFourFiguresAndTheHalfStep) {
     bench.write("halden.dat", memoryBlock({{1, "A", "9995"}, {2, "B", "1000"}, {3, "C", "10255"}}));
     start();
     EXPECT_EQ(bench.state.FloorNoiseL, "A");
-    press(bench.formB.SSCommand1);
+    bench.click(bench.formB.SSCommand1);
     EXPECT_EQ(bench.state.FloorNoiseL, "B");
-    press(bench.formB.SSCommand1);
+    bench.click(bench.formB.SSCommand1);
     EXPECT_EQ(bench.state.FloorNoiseL, "C");
 }
 

@@ -17,15 +17,13 @@ TEST(Detectors, AverageIsStoredAndTheUnitRetunedOnPress) {
     bench.start();
     bench.advance(100ms);
     bench.takeCalls();
-    bench.hand.press(bench.form1.Image_Average);
-    bench.desktop.settle();
+    bench.press(bench.form1.Image_Average);
     EXPECT_EQ(bench.form1.Image_Average.picture, "msA");
     EXPECT_EQ(bench.form1.Image6.picture, "PeakN");
     EXPECT_EQ(bench.read("hm-16.dat"), lines({"1", "-7.5", "0", "1", "0", "1", "0", "-3"}));
     EXPECT_THAT(bench.takeCalls(),
                 ElementsAre("HM_Parar", "HM_Parar", "HM_Normal(981, 1, 0, 0, 0)"));
-    bench.hand.release(bench.form1.Image_Average);
-    bench.desktop.settle();
+    bench.release(bench.form1.Image_Average);
     EXPECT_EQ(bench.form1.Image_Average.picture, "msA");
     EXPECT_THAT(bench.takeCalls(), IsEmpty());
 }
@@ -37,14 +35,12 @@ TEST(Detectors, PeakIsStoredAndLeavesTheStopToTheTuning) {
     bench.advance(100ms);
     EXPECT_EQ(bench.form1.Image_Average.picture, "msA");
     bench.takeCalls();
-    bench.hand.press(bench.form1.Image6);
-    bench.desktop.settle();
+    bench.press(bench.form1.Image6);
     EXPECT_EQ(bench.form1.Image6.picture, "PeakA");
     EXPECT_EQ(bench.form1.Image_Average.picture, "msN");
     EXPECT_EQ(bench.read("hm-16.dat"), lines({"1", "0", "0", "1", "1", "0", "0", "0"}));
     EXPECT_THAT(bench.takeCalls(), ElementsAre("HM_Parar", "HM_Normal(981, 0, 0, 0, 1)"));
-    bench.hand.release(bench.form1.Image6);
-    bench.desktop.settle();
+    bench.release(bench.form1.Image6);
     EXPECT_EQ(bench.form1.Image6.picture, "PeakA");
     EXPECT_THAT(bench.takeCalls(), IsEmpty());
 }
@@ -57,8 +53,7 @@ TEST(Detectors, WithoutRetuningAPressOnlyTurnsItOn) {
         const std::string before = bench.read("hm-16.dat");
         bench.takeCalls();
         bench.form1.RetuneOnMode = 0;
-        bench.hand.press(average ? bench.form1.Image_Average : bench.form1.Image6);
-        bench.desktop.settle();
+        bench.press(average ? bench.form1.Image_Average : bench.form1.Image6);
         EXPECT_EQ(bench.form1.RetuneOnMode, 1);
         EXPECT_EQ(bench.form1.Image_Average.picture, "msN");
         EXPECT_EQ(bench.read("hm-16.dat"), before);
@@ -71,8 +66,7 @@ TEST(Detectors, TheCurrentPresetIsNotWrittenWithThem) {
     bench.start();
     bench.advance(100ms);
     bench.state.MemoryNumber = "3";
-    bench.hand.click(bench.form1.Image_Average);
-    bench.desktop.settle();
+    bench.click(bench.form1.Image_Average);
     EXPECT_EQ(bench.read("hm-16.dat"), lines({"1", "0", "0", "1", "0", "1", "0", "0"}));
 }
 
@@ -83,11 +77,9 @@ TEST(AmKey, ChangesNothing) {
     bench.takeCalls();
     const std::string picture = bench.form1.SSbAMmode.picture.get();
     const std::string settings = bench.read("hm-16.dat");
-    bench.hand.press(bench.form1.SSbAMmode);
-    bench.desktop.settle();
+    bench.press(bench.form1.SSbAMmode);
     EXPECT_EQ(bench.form1.SSbAMmode.picture, picture);
-    bench.hand.release(bench.form1.SSbAMmode);
-    bench.desktop.settle();
+    bench.release(bench.form1.SSbAMmode);
     EXPECT_EQ(bench.form1.SSbAMmode.picture, picture);
     EXPECT_EQ(bench.state.Band, "FM");
     EXPECT_EQ(bench.state.ModSettle, "5") << "no tuning has run";

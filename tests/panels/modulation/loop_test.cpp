@@ -135,7 +135,7 @@ TEST(Loop, TheSlowTickEndsWithTheQualityPanelsLastFigures) {
     // asks for RDS.
     EXPECT_THAT(bench.takeCalls(),
                 testing::ElementsAre("HM_Data", "HM_Data", "HM_Data", "HM_Data", "HM_Data",
-                                     "HM_Data", "HM_Data", "HM_Data", "HM_DataRDS"));
+                                     "HM_Data", "HM_Data", "HM_Data", "HM_DataRDS(0)"));
 }
 
 TEST(Loop, TheSlowTickDrawsOneNumberWithAUnit) {

@@ -20,10 +20,6 @@ class ResetKeys : public Quality {
         results[21] = distortion;
         bench.write("0981.dat", lines(results));
     }
-    void click(display::Picture& key) {
-        bench.hand.click(key);
-        bench.desktop.settle();
-    }
     /// Every floor set to something that no reset gives.
     void setFloors() {
         bench.state.FloorNoiseL = bench.state.FloorNoiseR = "-11";
@@ -36,12 +32,10 @@ TEST_F(ResetKeys, ShowTheirPicturesAndActWhenTheyComeUp) {
     for (display::Picture* key :
          {&bench.formC.Image_Reset1, &bench.formC.Image2, &bench.formC.Image3}) {
         EXPECT_EQ(key->picture, "ResN");
-        bench.hand.press(*key);
-        bench.desktop.settle();
+        bench.press(*key);
         EXPECT_EQ(key->picture, "ResA");
         EXPECT_THAT(bench.takeCalls(), IsEmpty());
-        bench.hand.release(*key);
-        bench.desktop.settle();
+        bench.release(*key);
         EXPECT_EQ(key->picture, "ResN");
         EXPECT_EQ(bench.takeCalls().size(), 5u);
     }
@@ -53,7 +47,7 @@ TEST_F(ResetKeys, StopResetStopAndTuneAgain) {
         {&bench.formC.Image2, "HM_Reset(2)"},
         {&bench.formC.Image3, "HM_Reset(3)"}};
     for (const auto& [key, reset] : keys) {
-        click(*key);
+        bench.click(*key);
         EXPECT_THAT(bench.takeCalls(), ElementsAre("HM_Parar", reset, "HM_Parar", "HM_Parar",
                                                    "HM_Normal(981, 0, 0, 0, 0)"));
     }
@@ -62,7 +56,7 @@ TEST_F(ResetKeys, StopResetStopAndTuneAgain) {
 TEST_F(ResetKeys, TheClearedValuesComeBackFromTheResultsFile) {
     store("-66.5", "58.9", "0.27");
     setFloors();
-    click(bench.formC.Image_Reset1);
+    bench.click(bench.formC.Image_Reset1);
     EXPECT_EQ(bench.state.FloorNoiseL, "-66.5");
     EXPECT_EQ(bench.state.FloorSepR, "58");
     EXPECT_EQ(bench.state.FloorThd, "27");
@@ -97,7 +91,7 @@ TEST_F(ResetKeys, AfterANoiseResetTheDigitsShowThePlainReadingUntilAFloorIsStore
     bench.state.FloorNoiseL = bench.state.FloorNoiseR = "-60";
     bench.formC.Command11();
     EXPECT_EQ(noise(), "6060");
-    click(bench.formC.Image_Reset1);
+    bench.click(bench.formC.Image_Reset1);
     bench.formC.Command11();
     EXPECT_EQ(noise(), "7272");
     store("-70", "0", "0");
@@ -109,7 +103,7 @@ TEST_F(ResetKeys, AfterANoiseResetTheDigitsShowThePlainReadingUntilAFloorIsStore
 TEST_F(ResetKeys, InDemoModeTellTheUnitButDoNotTuneIt) {
     bench.state.DemoMode = "si";
     setFloors();
-    click(bench.formC.Image_Reset1);
+    bench.click(bench.formC.Image_Reset1);
     EXPECT_THAT(bench.takeCalls(), ElementsAre("HM_Parar", "HM_Reset(1)", "HM_Parar"));
     EXPECT_EQ(bench.state.FloorNoiseL, "xx");
     EXPECT_EQ(bench.state.FloorNoiseR, "xx");

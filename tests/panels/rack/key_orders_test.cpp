@@ -65,12 +65,10 @@ class KeyOrders : public testing::Test {
     }
 
     void enterOnKeypad(const std::string& typed) {
-        bench.hand.click(bench.formB.Image4);
-        bench.desktop.settle();
+        bench.click(bench.formB.Image4);
         auto& keypad = bench.forms.formTuner;
         keypad.Text1.edit(typed);
-        bench.hand.click(keypad.SSCommand10);
-        bench.desktop.settle();
+        bench.click(keypad.SSCommand10);
         bench.hand.click(keypad.SSCommand12);
     }
 

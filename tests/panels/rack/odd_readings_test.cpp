@@ -99,8 +99,7 @@ class TornResults : public OddReadings {
     /// The five floors behind tuning 92.5 MHz, and what the limited digits show a tick later.
     std::string floorsOf(const std::string& file) {
         bench.write("0925.dat", file);
-        bench.hand.set(bench.formB.HScroll1, 50);
-        bench.desktop.settle();
+        bench.set(bench.formB.HScroll1, 50);
         bench.formB.cambfre();  // the bar may stand there already
         bench.advance(milliseconds(100));
         return bench.state.FloorNoiseL.str() + "|" + bench.state.FloorNoiseR.str() + "|" +
@@ -150,8 +149,7 @@ TEST_F(TornResults, CutAtEveryByteGiveFiguresOnly) {
 
 TEST_F(TornResults, AreNotMeasuredWithoutTheFile) {
     bench.remove("0925.dat");
-    bench.hand.set(bench.formB.HScroll1, 50);
-    bench.desktop.settle();
+    bench.set(bench.formB.HScroll1, 50);
     bench.advance(milliseconds(100));
     EXPECT_EQ(bench.state.FloorNoiseL, "xx");
     EXPECT_EQ(bench.state.FloorThd, "0");
@@ -197,8 +195,7 @@ TEST_F(TornResults, WithTextOrHugeNumbersCountAsTheNumberThatTheyBeginWith) {
 
 TEST_F(TornResults, OfAnUnreadableKindAreNotMeasured) {
     std::filesystem::create_directory(bench.scratch.path() / "0925.dat");
-    bench.hand.set(bench.formB.HScroll1, 50);
-    bench.desktop.settle();
+    bench.set(bench.formB.HScroll1, 50);
     EXPECT_EQ(bench.state.FloorNoiseL, "xx");
     EXPECT_EQ(bench.state.FloorSepR, "0");
     EXPECT_FALSE(bench.desktop.ended());

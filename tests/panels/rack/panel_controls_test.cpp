@@ -238,8 +238,7 @@ TEST(PanelReadings, SayWhatIsPainted) {
     EXPECT_EQ(bench.formB.PowerDigits.reading(), "74") << "the tens place that a 10 leaves";
     EXPECT_EQ(bench.formB.MemoryWell.reading(), "");
     bench.hand.click(bench.formB.SSCommand2);
-    bench.hand.click(bench.formB.SSCommand2);
-    bench.desktop.settle();
+    bench.click(bench.formB.SSCommand2);
     EXPECT_EQ(bench.formB.MemoryWell.reading(), "16");
 }
 
