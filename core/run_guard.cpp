@@ -17,8 +17,10 @@ RunGuard::RunGuard(Program& program, std::vector<const display::Control*> ownCon
 
 RunGuard::~RunGuard() {
     program_.desktop.queue().popFilter();
+    // Only what it disabled itself: a window that closed inside the run has given the rack back
+    // already, and that stands.
     for (std::size_t i = 0; i < wereEnabled_.size(); ++i) {
-        program_.rack[i]->enabled = wereEnabled_[i];
+        if (wereEnabled_[i]) program_.rack[i]->enabled = true;
     }
 }
 

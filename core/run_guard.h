@@ -10,7 +10,7 @@ namespace hmonitor {
 
 /// Stands while a long run holds the thread. The four rack panels are disabled, and what comes
 /// through inside the driver's calls is the run's own keys and scroll bars, closing of its own
-/// windows, moving windows, paint and timers. Gives the rack back as it was on every way out.
+/// windows, moving windows, paint and timers. Enables again what it disabled on every way out.
 class RunGuard {
  public:
     RunGuard(Program& program, std::vector<const display::Control*> ownControls,

@@ -223,6 +223,20 @@ TEST(FormD1a, StopWhileTheReferenceIsMeasuredStartsNoSampling) {
     EXPECT_TRUE(bench.width.Command3D2.enabled);
 }
 
+TEST(FormD1a, StoppedAndClosedWhileTheReferenceIsMeasuredGivesTheRackBack) {
+    WidthBench bench(kFrames);
+    bench.driver.duringSuper = [&](float) {
+        bench.hand.click(bench.width.Command3D1);
+        bench.hand.close(bench.width);
+    };
+    bench.run();
+    EXPECT_FALSE(bench.width.loaded());
+    EXPECT_TRUE(bench.rackUsable());
+    EXPECT_FALSE(bench.desktop.queue().running());
+    EXPECT_THAT(bench.takeCalls().back(), StartsWith("HM_Normal(979,"));
+    EXPECT_TRUE(bench.formB.Timer2.enabled);
+}
+
 TEST(FormD1a, UnitThatFailsEndsTheRunAndIsReturned) {
     WidthBench bench(kPoints);
     bench.run();
