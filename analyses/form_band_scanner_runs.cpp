@@ -66,9 +66,12 @@ void Form_BandSCanner::clearChart() {
 void Form_BandSCanner::runOneByOne() {
     ScanFile file;
     stop_ = false;
+    // The keyboard stands on the key that ends the run, not on whatever comes next.
+    CommandClose.takeFocus();
     Command3D1.enabled = false;
     const Fill fill = measureChannels(file);
     Command3D1.enabled = true;
+    Command3D1.takeFocus();
     if (fill == Fill::Broken) {
         // Nothing is stored; the unit is returned when the window closes.
         driver.HM_Parar();

@@ -10,19 +10,11 @@
 #include "spectrum/form_d1.h"
 #include "spectrum/form_d1a.h"
 #include "spectrum/form_new_spectro.h"
+#include "spectrum/open_spectrum.h"
 
 namespace hmonitor {
 
 namespace {
-
-/// The start leaves the channel spectrum open beside the living rack. The unit serves one analysis
-/// at a time: what still stands of it closes, as by its own keys, before a door opens. The
-/// spectrum's own door so shows the station that is tuned now.
-void closeSpectrumWindows(Program& program) {
-    if (program.Form_NewSpectro.filled()) program.Form_NewSpectro.peek().unload();
-    if (program.Form_D1.filled() && program.Form_D1.peek().loaded())
-        program.Form_D1.peek().Command3D2.press();
-}
 
 /// Shows an analysis beside the disabled rack; closing it enables the rack again. A window that
 /// the program does not have yet is not opened.
@@ -30,7 +22,7 @@ template <class FormType>
 display::Event door(Program& program, Slot<FormType>& target) {
     return [&program, &target] {
         if (!target.filled()) return;
-        closeSpectrumWindows(program);
+        closeChannelSpectrum(program);
         program.disableRack();
         target->show();
     };

@@ -13,6 +13,7 @@ namespace display {
 
 class Control;
 class Form;
+struct Box;
 
 enum class BoxIcon { None, Information, Critical };
 
@@ -74,6 +75,10 @@ class Desktop {
 
     /// One pass of waiting events inside a handler; what comes through, the queue decides.
     virtual void letEventsThrough() = 0;
+
+    /// The part of the screen that the form's window may stand in with its frame, in twips as forms
+    /// are placed; empty where the system alone places windows.
+    virtual Box room(const Form& form) const = 0;
 
     virtual void pointer(PointerShape shape) = 0;
     virtual void beep() = 0;

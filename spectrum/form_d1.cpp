@@ -42,6 +42,7 @@ Form_D1::Form_D1(Program& itsProgram) : ProgramForm(itsProgram, "Form_D1") {
 
 void Form_D1::onLoad() {
     unit_ = Unit::Returned;
+    awaitsRack_ = false;
     language = panelLanguage(program.desktop.userLanguageId());
     placeBesideRack(*this, program);
     showStored();
@@ -116,6 +117,13 @@ void Form_D1::beginRun() {
 void Form_D1::endRun(Unit unit) {
     unit_ = unit;
     Command3D2.caption = unit == Unit::Returned ? "Ok" : "&Cancel";
+}
+
+void Form_D1::rackStands() {
+    if (!awaitsRack_) return;
+    awaitsRack_ = false;
+    placeBesideRack(*this, program);
+    if (hidesNothingOfTheRack(*this, program)) show();
 }
 
 void Form_D1::close() {

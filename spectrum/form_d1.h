@@ -25,6 +25,12 @@ class Form_D1 final : public ProgramForm {
     /// In one line: at which frequency, in units of 100 kHz, the unit refused to go on.
     void tellRefused(float tenths);
 
+    /// The run of the start has something to show: the window comes up when the rack stands.
+    void awaitRack() { awaitsRack_ = true; }
+    /// The rack stands: the window comes up beside it if it waited for that and the screen has the
+    /// room; else it stays hidden until its door opens it.
+    void rackStands();
+
     void closeRequested() override { Command3D2.press(); }
 
     display::Panel Faceplate{*this, "Faceplate"};
@@ -52,6 +58,7 @@ class Form_D1 final : public ProgramForm {
     void close();
 
     Unit unit_ = Unit::Returned;
+    bool awaitsRack_ = false;
 };
 
 }  // namespace hmonitor

@@ -66,7 +66,9 @@ void Form_NewSpectro::measure(const ChannelSweep& sweep, float carrier) {
     graph.GraphInit();
 
     driver.HM_Parar();
-    shown.show();
+    // At the start the rack has no place yet, and nobody asked for the run.
+    const bool asked = program.desktop.queue().gateOpen();
+    if (asked) shown.show();
     hide();
     shown.beginRun();
     if (measurePoints(sweep, carrier, graph, spectrum)) {
@@ -76,6 +78,8 @@ void Form_NewSpectro::measure(const ChannelSweep& sweep, float carrier) {
     } else {
         shown.endRun(Form_D1::Unit::Idle);
     }
+    // Without a carrier each point would be as strong as it: a wall of 0 dB.
+    if (!asked && carrier != 0) shown.awaitRack();
 }
 
 bool Form_NewSpectro::measurePoints(const ChannelSweep& sweep, float carrier, Class1& graph,

@@ -10,6 +10,12 @@ void placeBesideRack(display::Form& window, const Program& program) {
     window.top = rack.top;
 }
 
+bool hidesNothingOfTheRack(const display::Form& window, const Program& program) {
+    const display::Box room = program.desktop.room(window);
+    return window.left >= room.left && window.left + window.width <= room.right() &&
+           window.top >= room.top && window.top + window.height <= room.bottom();
+}
+
 void placeOverRack(display::Form& window, const Program& program) {
     const display::Form& top = *program.rack.front();
     const display::Form& foot = *program.rack.back();

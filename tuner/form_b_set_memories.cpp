@@ -45,6 +45,7 @@ void Form_bSetMemories::onLoad() {
     WidthState = 2;
     LoadedOnce = 0;
     excluding_ = false;
+    countChanges(0);
     speak();
     Command4();
     Command5();

@@ -88,9 +88,14 @@ class Form_bSetMemories final : public ProgramForm {
     void cancel();
     void close();
     void changeWidth();
+    /// Saves and deletions since the dialog opened.
+    void countChanges(int changes);
     void exclude(display::CheckBox& changed, display::CheckBox& other);
 
     bool excluding_ = false;
+    int changes_ = 0;
+    /// What the tip of "Cancel" points at while there is something to take back.
+    std::string cancelTip_;
 };
 
 }  // namespace hmonitor

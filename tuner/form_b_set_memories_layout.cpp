@@ -101,9 +101,6 @@ void Form_bSetMemories::layOutKeys() {
     SSCommand17.isDefault = true;
     place(SSCommand18, {leftOf(1, 3), 4560, share(3), kKeyHeight}).caption = "Cancel";
     SSCommand18.says = {"Cancelar", "Cancel"};
-    SSCommand18.tip = {"Cierra y deja las memorias como estaban al abrir",
-                       "Closes and leaves the memories as they were when this window opened"};
-    SSCommand18.isCancel = true;
     place(SSCommand19, {leftOf(2, 3), 4560, share(3), kKeyHeight}).caption = "Optimize <<";
     SSCommand19.says = {"Opciones", "Options"};
     SSCommand19.tip = {"Muestra u oculta las opciones", "Shows or hides the options"};

@@ -17,6 +17,24 @@ std::string_view switchText(bool on) {
     return on ? "1" : "0";
 }
 
+/// Says how many changes the key takes back. The tip points into `kept`.
+display::Words cancelTipOf(display::Language language, int changes, std::string& kept) {
+    if (changes == 0) {
+        return {"Cierra y deja las memorias como estaban al abrir",
+                "Closes and leaves the memories as they were when this window opened"};
+    }
+    const std::string count = wholeText(changes).str();
+    const bool one = changes == 1;
+    if (language == display::Language::Spanish) {
+        kept = "Cierra y deshace " + count + (one ? " cambio" : " cambios") +
+               " de las memorias; Escape los conserva";
+    } else {
+        kept = "Closes and takes back " + count + (one ? " change" : " changes") +
+               " of the memories; Escape keeps them";
+    }
+    return {kept.c_str(), kept.c_str()};
+}
+
 }  // namespace
 
 void Form_bSetMemories::bindFields() {
@@ -47,7 +65,9 @@ void Form_bSetMemories::save() {
 void Form_bSetMemories::saveAs(std::string_view frequency) {
     hmonitor::MemoryBlock block = readBlock();
     block.store(selected(), Text2.text, frequency);
-    tellFault(desktop(), block.write(program.files));
+    const auto fault = block.write(program.files);
+    tellFault(desktop(), fault);
+    if (!fault) countChanges(changes_ + 1);
     Command1();
     Command5();
     // A write that failed can leave the memory empty.
@@ -62,9 +82,19 @@ void Form_bSetMemories::erase() {
         tellFault(desktop(), fault);
         return;
     }
+    countChanges(changes_ + 1);
     IsEmptySlot = 1;
     Text1.text = "";
     Command5();
+}
+
+void Form_bSetMemories::countChanges(int changes) {
+    changes_ = changes;
+    // Escape loses least: what was saved stays.
+    SSCommand18.isCancel = changes == 0;
+    SSCommand17.isCancel = changes > 0;
+    SSCommand18.tip = cancelTipOf(language, changes, cancelTip_);
+    SSCommand18.touch();
 }
 
 void Form_bSetMemories::accept() {

@@ -42,6 +42,9 @@ class HeadlessDesktop final : public Desktop {
     /// From here on draws come from a generator of this seed once the script is used up.
     void seedRandom(unsigned seed);
 
+    /// Twice a usual screen, so that windows stand side by side.
+    Box screen{0, 0, 40000, 20000};
+
     // What was seen.
     std::vector<std::string> journal;
     std::vector<MessageBox> boxes;
@@ -74,6 +77,7 @@ class HeadlessDesktop final : public Desktop {
     double random() override;
     void messageBox(const MessageBox& box) override;
     void letEventsThrough() override;
+    Box room(const Form&) const override { return screen; }
     void pointer(PointerShape shape) override { pointerShape = shape; }
     void beep() override { ++beeps; }
     void giveFocus(Control& control) override;

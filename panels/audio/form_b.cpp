@@ -6,6 +6,7 @@
 #include "core/numbers.h"
 #include "core/panel_settings.h"
 #include "core/taken_for_granted.h"
+#include "spectrum/open_spectrum.h"
 #include "tuner/form_b_set_memories.h"
 #include "tuner/form_b_tuner.h"
 
@@ -97,6 +98,8 @@ void Form_B::storeAudioMode(std::string_view line7) {
 
 void Form_B::openEditor() {
     if (!program.Form_bSetMemories.filled()) return;
+    // Before anything is told: closing it may tune.
+    closeChannelSpectrum(program);
     StationState.MemoryEditFreq = shortText(TunedFreq);
     // The memory number on purpose: the editor takes it from here.
     StationState.CurrentFreq = wholeText(MemoryNumber);
@@ -112,6 +115,7 @@ void Form_B::openEditor() {
 
 void Form_B::openKeypad() {
     if (!program.Form_bTuner.filled()) return;
+    closeChannelSpectrum(program);
     program.disableRack();
     program.Form_bTuner->show();
 }

@@ -10,6 +10,7 @@
 #include "core/taken_for_granted.h"
 #include "panels/audio/form_b.h"
 #include "panels/quality/form_c.h"
+#include "spectrum/open_spectrum.h"
 #include "startup/form3.h"
 #include "startup/form_modo_demo.h"
 
@@ -112,8 +113,10 @@ void Form1::resized() {
         program.Form3->show();
     }
     stackRack();
-    if (RackPhase == kStarting) program.Form_B->InicioForm();
+    const bool starting = RackPhase == kStarting;
+    if (starting) program.Form_B->InicioForm();
     program.Form_B->show();
+    if (starting) showChannelSpectrumOfStart(program);
 }
 
 void Form1::stackRack() {

@@ -16,6 +16,7 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Not;
 using testing::SizeIs;
 using testing::StartsWith;
 
@@ -44,16 +45,55 @@ TEST(ChannelRun, AtTheStartMeasures17PointsAround875AndLeavesTheRackUsable) {
     EXPECT_EQ(rest[20], "HM_Parar");
     EXPECT_THAT(rest[21], StartsWith("HM_Normal(875,"));
     EXPECT_TRUE(bench.exists("0875.spc"));
-    EXPECT_TRUE(bench.forms.formD1.visible);
+    EXPECT_TRUE(bench.forms.formD1.loaded());
     EXPECT_FALSE(bench.forms.formNewSpectro.loaded());
     for (const display::Form* panel : bench.program.rack) EXPECT_TRUE(panel->enabled);
 }
 
 TEST(ChannelRun, AtTheStartLeavesItsWindowBesideTheRack) {
     RackBench bench;
+    bench.output(14) = 70;
     bench.start();
+    EXPECT_TRUE(bench.forms.formD1.visible);
     EXPECT_GE(bench.forms.formD1.left, bench.form1.left + bench.form1.width);
     EXPECT_EQ(bench.forms.formD1.top, bench.form1.top);
+}
+
+TEST(ChannelRun, OfAStartWithoutACarrierStaysHiddenUntilItsDoorOpens) {
+    RackBench bench;
+    bench.start();
+    EXPECT_TRUE(bench.forms.formD1.loaded());
+    EXPECT_FALSE(bench.forms.formD1.visible);
+    EXPECT_THAT(bench.desktop.journal, Not(Contains("show Form_D1")));
+    bench.hand.doubleClick(bench.formD.PictureGraph1);
+    bench.desktop.settle();
+    EXPECT_TRUE(bench.forms.formD1.visible);
+}
+
+TEST(ChannelRun, OfTheStartNeverStandsBeforeTheRackHasItsPlace) {
+    RackBench bench;
+    bench.output(14) = 70;
+    bench.start();
+    const auto& journal = bench.desktop.journal;
+    EXPECT_GT(std::ranges::find(journal, "show Form_D1"),
+              std::ranges::find(journal, "show Form_B"));
+    EXPECT_NE(std::ranges::find(journal, "show Form_D1"), journal.end());
+}
+
+TEST(ChannelRun, OfTheStartStaysHiddenWhereItWouldHideAPartOfTheRack) {
+    RackBench roomy;
+    roomy.output(14) = 70;
+    roomy.start();
+    const Form_D1& shown = roomy.forms.formD1;
+    const float needed = shown.left + shown.width;
+    for (const float lacking : {0.f, 1.f}) {
+        RackBench bench;
+        bench.output(14) = 70;
+        bench.desktop.screen = {0, 0, needed - lacking, 20000};
+        bench.start();
+        EXPECT_EQ(bench.forms.formD1.visible, lacking == 0);
+        EXPECT_TRUE(bench.forms.formD1.loaded());
+    }
 }
 
 TEST(ChannelRun, InDemoModeMeasuresNothing) {

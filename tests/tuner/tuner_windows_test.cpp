@@ -161,14 +161,69 @@ TEST_F(TunerWindows, EnterElsewhereAcceptsTheEditor) {
     EXPECT_EQ(bench.state.MemoryNumber, "1");
 }
 
-TEST_F(TunerWindows, EscapeAndTheWindowsCloseCancelTheEditor) {
+TEST_F(TunerWindows, EscapeCancelsTheEditorWhileNothingWasChanged) {
     bench.startInEditor();
-    const std::string before = bench.read("halden.dat");
-    bench.save("99.9", "NUEVA");
+    bench.click(editor.SSCommand19);
+    bench.click(editor.SSCommand21);
+    bench.edit(editor.label_dbCorrection, "3");
     bench.hand.escape(editor);
     bench.desktop.settle();
     EXPECT_FALSE(editor.loaded());
-    EXPECT_EQ(bench.read("halden.dat"), before);
+    EXPECT_TRUE(bench.rackUsable());
+    // An accepted correction would be in the settings.
+    EXPECT_EQ(bench.state.DbCorrection10, "0");
+}
+
+TEST_F(TunerWindows, EscapeKeepsWhatWasSavedAndDeleted) {
+    bench.startInEditor();
+    bench.save("99.9", "NUEVA");
+    bench.select(3);
+    bench.click(editor.SSCommand22);
+    bench.select(1);
+    const std::string changed = bench.read("halden.dat");
+    bench.hand.escape(editor);
+    bench.desktop.settle();
+    EXPECT_FALSE(editor.loaded());
+    EXPECT_TRUE(bench.rackUsable());
+    EXPECT_EQ(bench.read("halden.dat"), changed);
+    EXPECT_EQ(bench.record(1), "-NUEVA    -999  ");
+    // The next time nothing was changed yet.
+    bench.openEditor();
+    EXPECT_EQ(editor.cancelKey(), &editor.SSCommand18);
+}
+
+TEST_F(TunerWindows, CancelsTipSaysHowManyChangesItTakesBack) {
+    bench.startInEditor();
+    const auto tip = [this] { return std::string(editor.SSCommand18.tip.english); };
+    EXPECT_EQ(tip(), "Closes and leaves the memories as they were when this window opened");
+    bench.save("99.9", "NUEVA");
+    EXPECT_EQ(tip(), "Closes and takes back 1 change of the memories; Escape keeps them");
+    const auto drawn = editor.SSCommand18.revision();
+    bench.select(3);
+    bench.click(editor.SSCommand22);
+    EXPECT_EQ(tip(), "Closes and takes back 2 changes of the memories; Escape keeps them");
+    // The screen hears of it.
+    EXPECT_GT(editor.SSCommand18.revision(), drawn);
+}
+
+TEST(TunerWindowsTip, CountsInSpanishToo) {
+    EditorBench bench(RackBench::kSpanish);
+    bench.startInEditor();
+    bench.save("99.9", "NUEVA");
+    EXPECT_STREQ(bench.editor.SSCommand18.tip.spanish,
+                 "Cierra y deshace 1 cambio de las memorias; Escape los conserva");
+}
+
+TEST_F(TunerWindows, ASaveThatCouldNotBeWrittenIsNoChange) {
+    bench.desktop.answerEveryBox = true;
+    bench.startInEditor();
+    bench.save("87.4", "FALSA");
+    EXPECT_EQ(editor.cancelKey(), &editor.SSCommand18);
+}
+
+TEST_F(TunerWindows, TheWindowsCloseCancelsTheEditor) {
+    bench.start();
+    const std::string before = bench.read("halden.dat");
     bench.openEditor();
     bench.save("99.9", "NUEVA");
     bench.hand.close(editor);
@@ -190,6 +245,43 @@ TEST_F(TunerWindows, EscapeAndTheWindowsCloseCloseTheKeypad) {
     bench.desktop.settle();
     EXPECT_FALSE(keypad.loaded());
     EXPECT_TRUE(bench.rackUsable());
+}
+
+TEST_F(TunerWindows, OpeningThemClosesWhatTheStartLeftOpenOfTheSpectrum) {
+    bench.output(14) = 70;
+    bench.start();
+    ASSERT_TRUE(bench.forms.formD1.visible);
+    bench.openEditor();
+    EXPECT_FALSE(bench.forms.formD1.loaded());
+    EXPECT_TRUE(editor.visible);
+    EXPECT_TRUE(bench.rackDisabled());
+    // The question for a new spectrum, from the same window.
+    bench.click(editor.SSCommand18);
+    bench.hand.doubleClick(bench.formD.PictureGraph1);
+    bench.desktop.settle();
+    bench.program.enableRack();
+    bench.click(bench.forms.formD1.Command3D1);
+    ASSERT_TRUE(bench.forms.formNewSpectro.visible);
+    bench.openKeypad();
+    EXPECT_FALSE(bench.forms.formNewSpectro.loaded());
+    EXPECT_FALSE(bench.forms.formD1.loaded());
+    EXPECT_TRUE(keypad.visible);
+    EXPECT_TRUE(bench.rackDisabled());
+}
+
+TEST_F(TunerWindows, TheEditorOpensOnTheMemoryAlsoWhereClosingTheSpectrumRetunes) {
+    bench.output(14) = 70;
+    bench.start();
+    // A run that failed leaves the unit to the close of its window.
+    bench.driver.superResults = {1};
+    bench.click(bench.forms.formD1.Command3D1);
+    bench.click(bench.forms.formNewSpectro.Command3D1);
+    bench.takeCalls();
+    bench.openEditor();
+    EXPECT_EQ(bench.takeCalls(),
+              (std::vector<std::string>{"HM_Parar", "HM_Normal(981, 0, 0, 0, 0)"}));
+    EXPECT_EQ(editor.SelectedMemory, "1");
+    EXPECT_TRUE(bench.rackDisabled());
 }
 
 TEST_F(TunerWindows, EnterOnTheKeypadsWindowTunes) {
