@@ -170,7 +170,7 @@ void QtDesktop::messageBox(const MessageBox& box) {
 void QtDesktop::ending() {
     wakeTimer_.stop();
     if (hourglass_) QApplication::restoreOverrideCursor();
-    if (rack_) rack_->hide();
+    if (rack_) rack_->putAway();
     for (const auto& [form, window] : windows_) window->hide();
     help_.reset();
     QApplication::exit(0);

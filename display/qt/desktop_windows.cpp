@@ -24,6 +24,12 @@ QRect QtDesktop::roomFor(const Form& form) const {
     return form.caption.empty() ? room : room.adjusted(0, 0, -kFrameAcross, -kFrameDown);
 }
 
+Box QtDesktop::room(const Form& form) const {
+    if (systemMoves_) return {};
+    const QRect room = roomFor(form);
+    return {modelX(room.left()), modelY(room.top()), modelX(room.width()), modelY(room.height())};
+}
+
 const QWidget* QtDesktop::opener() const {
     if (const QWidget* active = QApplication::activeWindow()) return active;
     if (rack_ && rack_->isVisible()) return rack_.get();
@@ -45,11 +51,28 @@ void QtDesktop::formShown(Form& form) {
     } else {
         focus_.opened(form);
         FormWindow& window = windowOf(form);
-        window.appear(opener() == &window ? nullptr : opener());
+        const QWidget* over = opener() == &window ? nullptr : opener();
+        // Above the rack whatever window asked for it: that one may hide, and a click on the rack
+        // would bury this one.
+        const bool rackStands = rack_ && rack_->isVisible();
+        window.appear(over, rackStands ? rack_.get() : over);
     }
     enableViews();
     if (!queue().gateOpen()) paintNow(form);
     frameSoon();
+}
+
+void QtDesktop::recallOpenWindow() {
+    FormWindow* last = nullptr;
+    for (const auto& [form, window] : windows_) {
+        if (!form->visible || !form->enabled) continue;
+        if (!last || window->shownFor() < last->shownFor()) last = window.get();
+    }
+    if (!last) return;
+    if (last->isMinimized()) last->showNormal();
+    last->raise();
+    last->activateWindow();
+    last->flash();
 }
 
 void QtDesktop::formHidden(Form& form) {

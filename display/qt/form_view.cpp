@@ -34,6 +34,7 @@ void FormView::build() {
         if (item.widget) {
             item.widget->widget().setObjectName(QString::fromStdString(control->name()));
             item.widget->widget().hide();
+            item.widget->widget().installEventFilter(this);
         }
         items_.push_back(std::move(item));
         if (const auto* panel = dynamic_cast<const Panel*>(control)) panels_.push_back(panel);
@@ -58,12 +59,8 @@ void FormView::orderTabs() {
         if (item.widget && item.control->tabIndex > 0) order.push_back(item.control);
     }
     std::ranges::stable_sort(order, {}, &Control::tabIndex);
-    QWidget* before = nullptr;
-    for (const Control* control : order) {
-        QWidget* next = widgetOf(*control);
-        if (before) setTabOrder(before, next);
-        before = next;
-    }
+    for (const Control* control : order) tabOrder_.push_back(widgetOf(*control));
+    for (std::size_t i = 1; i < tabOrder_.size(); ++i) setTabOrder(tabOrder_[i - 1], tabOrder_[i]);
 }
 
 void FormView::focusFirst() {
@@ -134,6 +131,7 @@ void FormView::sync() {
     const bool formChanged = form_.revision() > drawn_ && (formEnabled_ != form_.enabled ||
                                                            language_ != form_.language || first);
     const bool containers = containersChanged();
+    const bool turned = formEnabled_ != form_.enabled;
     formEnabled_ = form_.enabled;
     language_ = form_.language;
     if (rescaled || first) behind_ = QPixmap();
@@ -143,7 +141,9 @@ void FormView::sync() {
     std::vector<QRect> dirty;
     for (Item& item : items_) {
         const bool changed = item.control->revision() > drawn_ || rescaled ||
-                             (containers && insideChanged(*item.control));
+                             (containers && insideChanged(*item.control)) ||
+                             // A picture that is a key looks as usable as it is.
+                             (turned && item.widget && item.painted);
         if (changed) refresh(item, dirty);
         if (changed && spoken_) spoken_->changed(*item.control);
         if (item.widget && (changed || formChanged)) refreshWidget(item);

@@ -36,6 +36,9 @@ class FormView final : public QWidget {
     /// The focus goes to the first control of the Tab order that can take it.
     void focusFirst();
 
+    /// The widgets of the Tab order, the first one first; none before the first sync().
+    const std::vector<QWidget*>& tabOrder() const { return tabOrder_; }
+
     /// A widget of the form that stands for that control, or null.
     QWidget* widgetOf(const Control& control) const;
     const Scale& scale() const { return scale_; }
@@ -62,6 +65,7 @@ class FormView final : public QWidget {
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* widget, QEvent* event) override;
 
  private:
     struct Item {
@@ -100,6 +104,7 @@ class FormView final : public QWidget {
     FieldColumns columns_;
     std::vector<Item> items_;
     std::vector<const Panel*> panels_;
+    std::vector<QWidget*> tabOrder_;
     QPixmap behind_;
     std::uint64_t drawn_ = 0;
     Control* gripped_ = nullptr;

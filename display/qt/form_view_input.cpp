@@ -54,6 +54,7 @@ void FormView::handleMoved(const QMouseEvent& event) {
 
 void FormView::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return;
+    if (!form_.enabled) desktop_.recallOpenWindow();
     gripped_ = handleAt(event->position());
     if (!gripped_) return;
     if (desktop_.systemMovesWindows()) {
@@ -100,6 +101,14 @@ void FormView::keyPressEvent(QKeyEvent* event) {
         default:
             QWidget::keyPressEvent(event);
     }
+}
+
+bool FormView::eventFilter(QObject* widget, QEvent* event) {
+    // A disabled button would keep the press to itself.
+    if (event->type() != QEvent::MouseButtonPress || form_.enabled)
+        return QWidget::eventFilter(widget, event);
+    desktop_.recallOpenWindow();
+    return true;
 }
 
 bool FormView::event(QEvent* event) {

@@ -24,7 +24,8 @@ FormWindow::FormWindow(QtDesktop& desktop, Form& form)
 }
 
 Qt::WindowFlags FormWindow::wantedFlags() const {
-    Qt::WindowFlags flags = Qt::Window | Qt::CustomizeWindowHint;
+    // X is told of the window that a dialog belongs to, of no other kind's.
+    Qt::WindowFlags flags = Qt::Dialog | Qt::CustomizeWindowHint;
     if (form_.caption.empty()) {
         flags |= Qt::FramelessWindowHint;
     } else {
@@ -52,12 +53,12 @@ void FormWindow::placeFirst(const QWidget* over) {
     form_.top = desktop_.modelY(box.top());
 }
 
-void FormWindow::appear(const QWidget* over) {
+void FormWindow::appear(const QWidget* over, const QWidget* above) {
     placing_ = true;
     sync();
     placeFirst(over);
-    if (over && !windowHandle()) winId();
-    if (over && over->windowHandle()) windowHandle()->setTransientParent(over->windowHandle());
+    if (above && !windowHandle()) winId();
+    if (above && above->windowHandle()) windowHandle()->setTransientParent(above->windowHandle());
     placing_ = false;
     shownSince_.start();
     show();

@@ -5,6 +5,7 @@
 #include <QWidget>
 
 #include "display/qt/form_view.h"
+#include "display/qt/window_flash.h"
 
 namespace display::qt {
 
@@ -16,8 +17,11 @@ class FormWindow final : public QWidget {
 
     FormView& view() { return view_; }
     /// Puts it where the model says, over the other window (or the middle of the screen) when the
-    /// model says nothing, and shows it.
-    void appear(const QWidget* over);
+    /// model says nothing, and shows it, always above a second one.
+    void appear(const QWidget* over, const QWidget* above);
+    /// Milliseconds since it was shown the last time.
+    qint64 shownFor() const { return shownSince_.elapsed(); }
+    void flash() { flash_.flash(); }
     /// Takes over caption, place and frame after a change.
     void sync();
 
@@ -32,6 +36,7 @@ class FormWindow final : public QWidget {
     QtDesktop& desktop_;
     Form& form_;
     FormView view_;
+    WindowFlash flash_{*this};
     bool placing_ = false;
     QElapsedTimer shownSince_;
 };

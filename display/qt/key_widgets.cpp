@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include "display/qt/arrow_focus.h"
 #include "display/qt/faces.h"
 #include "display/qt/palette.h"
 #include "display/qt/pictures.h"
@@ -61,7 +62,7 @@ void PictureKeyWidget::letGo(bool onIt) {
 }
 
 void PictureKeyWidget::paintEvent(QPaintEvent*) {
-    if (!hasFocus()) return;
+    if (!hasFocus() || !desktop_.keyboardUsed()) return;
     QPainter painter(this);
     paintFocusRing(painter, rect());
 }
@@ -130,7 +131,7 @@ PictureBoxWidget::PictureBoxWidget(QtDesktop& desktop, PictureBox& box, QWidget*
 }
 
 void PictureBoxWidget::paintEvent(QPaintEvent*) {
-    if (!hasFocus()) return;
+    if (!hasFocus() || !desktop_.keyboardUsed()) return;
     QPainter painter(this);
     paintFocusRing(painter, rect());
 }
@@ -162,14 +163,15 @@ void KeyWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const qreal unit = desktop_.scale().px(10);
     const Cap cap = key_.lit || isDown() ? Cap::Lit : Cap::Dark;
-    paintCap(painter, rect(), unit, cap, isDown() ? CapMark::None : CapMark::Amber);
+    (isEnabled() ? paintCap : paintDimCap)(painter, rect(), unit, cap,
+                                           isDown() ? CapMark::None : CapMark::Amber);
     QColor colour(cap == Cap::Lit ? kLitText : kKeyText);
     if (cap == Cap::Dark && !(key_.colour.get() == kWhite)) {
         colour = legibleOn(QColor(kKeyTop), qColour(key_.colour));
     }
     if (!isEnabled()) colour = QColor(kKeyTextOff);
     paintCapText(painter, rect(), unit, colour, text());
-    if (hasFocus()) paintFocusRing(painter, rect());
+    if (hasFocus() && desktop_.keyboardUsed()) paintFocusRing(painter, rect());
 }
 
 void KeyWidget::keyPressEvent(QKeyEvent* event) {
@@ -177,7 +179,7 @@ void KeyWidget::keyPressEvent(QKeyEvent* event) {
         if (!event->isAutoRepeat()) desktop_.hand().click(key_);
     } else if (event->key() == Qt::Key_Escape) {
         event->ignore();
-    } else {
+    } else if (!moveFocusByArrow(*this, event->key())) {
         QAbstractButton::keyPressEvent(event);
     }
 }

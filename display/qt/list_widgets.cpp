@@ -2,6 +2,7 @@
 #include "display/qt/list_widgets.h"
 
 #include <QKeyEvent>
+#include <QPainter>
 
 #include "display/qt/faces.h"
 #include "display/qt/key_widgets.h"
@@ -48,6 +49,13 @@ void ComboBoxWidget::keyPressEvent(QKeyEvent* event) {
     } else {
         QComboBox::keyPressEvent(event);
     }
+}
+
+void ComboBoxWidget::paintEvent(QPaintEvent* event) {
+    QComboBox::paintEvent(event);
+    if (!hasFocus() || !desktop_.keyboardUsed()) return;
+    QPainter painter(this);
+    paintFocusRing(painter, rect());
 }
 
 ListBoxWidget::ListBoxWidget(QtDesktop& desktop, ListBox& box, QWidget* parent)

@@ -16,6 +16,7 @@ class ComboBoxWidget final : public QComboBox, public ControlWidget {
     void sync() override;
 
  protected:
+    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
  private:

@@ -74,6 +74,7 @@ class PaintedPicture final : public Painted {
         box_ = scale.snapped(picture_.boxOnForm());
         look_.caption = qText(picture_.caption);
         look_.unit = scale.px(kTwipsPerPixel);
+        look_.usable = picture_.usable();
     }
 
     QRectF reach() const override { return box_; }

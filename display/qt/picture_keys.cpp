@@ -36,6 +36,14 @@ void paintCap(QPainter& painter, const QRectF& box, qreal unit, Cap cap, CapMark
         unit);
 }
 
+void paintDimCap(QPainter& painter, const QRectF& box, qreal unit, Cap cap, CapMark mark) {
+    constexpr qreal kDim = 0.45;
+    const qreal before = painter.opacity();
+    painter.setOpacity(before * kDim);
+    paintCap(painter, box, unit, cap, mark);
+    painter.setOpacity(before);
+}
+
 namespace {
 
 /// Arrows are drawn: type faces give those that they have in sizes of their own.
@@ -79,8 +87,9 @@ namespace {
 
 void paintKey(QPainter& painter, const QRectF& box, const PictureLook& look, Cap cap,
               const char* word) {
-    paintCap(painter, box, look.unit, cap, CapMark::Amber);
-    paintCapText(painter, box, look.unit, QColor(cap == Cap::Lit ? kLitText : kKeyText),
+    (look.usable ? paintCap : paintDimCap)(painter, box, look.unit, cap, CapMark::Amber);
+    const QRgb dark = look.usable ? kKeyText : kKeyTextOff;
+    paintCapText(painter, box, look.unit, QColor(cap == Cap::Lit ? kLitText : dark),
                  look.caption.isEmpty() ? QString::fromUtf8(word) : look.caption);
 }
 

@@ -10,8 +10,9 @@
 namespace display::qt {
 
 struct PictureLook {
-    QString caption;  ///< words on a key instead of the drawing's own
-    qreal unit = 1;   ///< one natural pixel on this canvas
+    QString caption;     ///< words on a key instead of the drawing's own
+    qreal unit = 1;      ///< one natural pixel on this canvas
+    bool usable = true;  ///< a key that nothing comes of is dim
 };
 
 using PicturePainter = void (*)(QPainter&, const QRectF&, const PictureLook&);
@@ -38,6 +39,8 @@ const std::vector<NamedPicture>& keyPictures();
 enum class Cap { Dark, Lit };
 enum class CapMark { None, Amber };
 void paintCap(QPainter& painter, const QRectF& box, qreal unit, Cap cap, CapMark mark);
+/// The same, half faded into what lies behind: a key that nothing comes of now.
+void paintDimCap(QPainter& painter, const QRectF& box, qreal unit, Cap cap, CapMark mark);
 /// How high the words on a cap are set: words that are too wide for it get smaller, never cut.
 qreal capTextHeight(QSizeF box, qreal unit, const QString& text);
 /// The words on a cap, set smaller where they would not fit.

@@ -40,6 +40,7 @@ QtDesktop::QtDesktop(int& argc, char** argv) {
     QApplication::setPalette(housePalette());
     QApplication::setQuitOnLastWindowClosed(false);
     SpokenLabels::install();
+    keyboard_ = std::make_unique<KeyboardWatch>();
     systemMoves_ = QGuiApplication::platformName().startsWith("wayland");
     scale_ = Scale(Scale::fitting(kRack, availableRoom().size()),
                    QGuiApplication::primaryScreen()->devicePixelRatio());

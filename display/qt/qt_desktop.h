@@ -14,6 +14,7 @@
 #include "display/form.h"
 #include "display/hand.h"
 #include "display/qt/focus_keeper.h"
+#include "display/qt/keyboard_watch.h"
 #include "display/qt/scale.h"
 
 class QEventLoop;
@@ -51,6 +52,7 @@ class QtDesktop : public Desktop {
     double random() override;
     void messageBox(const MessageBox& box) override;
     void letEventsThrough() override;
+    Box room(const Form& form) const override;
     void pointer(PointerShape shape) override;
     void beep() override;
     void giveFocus(Control& control) override;
@@ -89,6 +91,12 @@ class QtDesktop : public Desktop {
 
     /// A place on the screen as one on a form, in twips from where the model says that it stands.
     QPointF pointOnForm(const Form& form, QPointF global) const;
+
+    /// True while keys show where the keyboard is.
+    bool keyboardUsed() const { return keyboard_->used(); }
+
+    /// A hand reaches for a form that waits for another window: that one comes up, and flashes.
+    void recallOpenWindow();
 
     /// The view of a form, or null when it was never shown; for tests and the printer.
     FormView* viewOf(const Form& form) const;
@@ -141,6 +149,7 @@ class QtDesktop : public Desktop {
     std::unique_ptr<HelpWindow> help_;
     std::vector<Form*> modals_;
     FocusKeeper focus_;
+    std::unique_ptr<KeyboardWatch> keyboard_;
     Time lastFrame_{-1000000};
     bool frameWanted_ = false;
     bool hourglass_ = false;

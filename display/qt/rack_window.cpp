@@ -2,6 +2,7 @@
 #include "display/qt/rack_window.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QPainter>
 #include <QWindow>
 #include <algorithm>
@@ -15,6 +16,8 @@ namespace {
 
 /// Longer than any window manager takes to fold a window.
 constexpr int kFoldLimitMs = 1500;
+/// On X a window manager's word comes at once; if it is late all the same, no harm is done.
+constexpr int kFoldLimitOnXMs = 500;
 
 }  // namespace
 
@@ -50,7 +53,10 @@ void RackWindow::forget(const Form& form) {
 FormView& RackWindow::makeView(Form& form) {
     FormView*& view =
         views_[static_cast<std::size_t>(std::ranges::find(forms_, &form) - forms_.begin())];
-    if (!view) view = new FormView(desktop_, form, this);
+    if (!view) {
+        view = new FormView(desktop_, form, this);
+        newView_ = true;
+    }
     return *view;
 }
 
@@ -101,12 +107,26 @@ void RackWindow::placeViews() {
         }
         all |= box;
     }
+    if (newView_) orderTabs();
+    newView_ = false;
     if (all.isEmpty()) return;
     // Where the system alone places windows it has to know from the first how large this one gets,
     // or the panels that come later hang over the edge of the screen.
     const QSize wanted =
         desktop_.systemMovesWindows() ? all.size().expandedTo(desktop_.rackSize()) : all.size();
     if (size() != wanted || minimumSize() != wanted) setFixedSize(wanted);
+}
+
+/// From the top of the rack to its foot, in whatever order the panels came up.
+void RackWindow::orderTabs() {
+    QWidget* before = nullptr;
+    for (const FormView* view : views_) {
+        if (!view) continue;
+        for (QWidget* next : view->tabOrder()) {
+            if (before) setTabOrder(before, next);
+            before = next;
+        }
+    }
 }
 
 void RackWindow::placeWindow() {
@@ -122,7 +142,13 @@ void RackWindow::sync() {
     }
     if (!placed_) placeFirst();
     placeViews();
-    if (isMinimized() && lead().windowState == WindowState::Minimised) return;
+    const bool folded = lead().windowState == WindowState::Minimised;
+    if (fold_ == Fold::Bar && folded) return;
+    if (bar_ && !folded) {
+        fold_ = Fold::None;
+        bar_.reset();
+    }
+    if (isMinimized() && folded) return;
     if (!isMinimized()) placeWindow();
     const QString title = qText(lead().caption.get());
     if (windowTitle() != title) setWindowTitle(title);
@@ -138,7 +164,8 @@ void RackWindow::fold() {
     fold_ = Fold::Asked;
     if (windowHandle()) windowHandle()->installEventFilter(this);
     showMinimized();
-    foldLimit_.start(kFoldLimitMs);
+    const bool onX = QGuiApplication::platformName() == QLatin1String("xcb");
+    foldLimit_.start(onX ? kFoldLimitOnXMs : kFoldLimitMs);
 }
 
 void RackWindow::away() {
@@ -155,9 +182,33 @@ void RackWindow::back() {
 
 /// Where nothing folds windows the rack must not stay a strip of one panel.
 void RackWindow::comeBackIfNeverGone() {
-    if (fold_ != Fold::Asked || !isActiveWindow()) return;
-    fold_ = Fold::Away;
-    back();
+    if (fold_ != Fold::Asked) return;
+    // X says what becomes of a window: this one stands on a screen without a window manager.
+    if (QGuiApplication::platformName() == QLatin1String("xcb")) {
+        leaveBar();
+    } else if (isActiveWindow()) {
+        fold_ = Fold::Away;
+        back();
+    }
+}
+
+void RackWindow::leaveBar() {
+    fold_ = Fold::Bar;
+    bar_ = std::make_unique<FoldBar>(windowTitle(), lead().language == Language::Spanish,
+                                     desktop_.scale().px(10));
+    connect(bar_.get(), &QAbstractButton::clicked, this,
+            [this] { desktop_.hand().unfold(lead()); });
+    bar_->move(pos());
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    hide();
+    bar_->show();
+    bar_->raise();
+    bar_->activateWindow();
+}
+
+void RackWindow::putAway() {
+    bar_.reset();
+    hide();
 }
 
 bool RackWindow::event(QEvent* event) {
@@ -179,7 +230,8 @@ bool RackWindow::eventFilter(QObject* native, QEvent* event) {
 
 void RackWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::WindowStateChange && !isMinimized() && !forms_.empty()) {
+    if (event->type() == QEvent::WindowStateChange && !isMinimized() && !forms_.empty() &&
+        fold_ != Fold::Bar) {
         fold_ = Fold::None;
         desktop_.hand().unfold(lead());
     }

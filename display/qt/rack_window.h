@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "display/qt/fold_bar.h"
 #include "display/qt/form_view.h"
 
 namespace display::qt {
@@ -24,6 +25,10 @@ class RackWindow final : public QWidget {
     /// Shows or hides what the model shows; takes over places and all that changed.
     void sync();
     void fold();
+    /// The program ends: nothing of the rack stays on the screen.
+    void putAway();
+    /// What stands for the folded rack where nothing folds windows, or null.
+    FoldBar* bar() const { return bar_.get(); }
     void forget(const Form& form);
     /// A form came from its layout: it takes part in how far the rack was moved since.
     void joined(Form& form);
@@ -39,10 +44,12 @@ class RackWindow final : public QWidget {
  private:
     /// How far a fold has come on the screen. A hand that is quicker than the window manager's
     /// word may have the window back before anyone heard that it went.
-    enum class Fold { None, Asked, Away };
+    enum class Fold { None, Asked, Away, Bar };
     void away();
     void back();
     void comeBackIfNeverGone();
+    void leaveBar();
+    void orderTabs();
     FormView& makeView(Form& form);
     void placeViews();
     void placeWindow();
@@ -52,8 +59,10 @@ class RackWindow final : public QWidget {
     std::vector<Form*> forms_;
     std::vector<FormView*> views_;  ///< one for each form, null until it is shown
     bool placed_ = false;
+    bool newView_ = false;
     Fold fold_ = Fold::None;
     QTimer foldLimit_;
+    std::unique_ptr<FoldBar> bar_;
     float layoutLeft_ = 0, layoutTop_ = 0;  ///< where the first form's layout put it
 };
 

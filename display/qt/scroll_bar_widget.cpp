@@ -85,7 +85,7 @@ void ScrollBarWidget::paintEvent(QPaintEvent*) {
     painter.setPen(QPen(QColor(0x10, 0x12, 0x15), 1));
     painter.setBrush(isEnabled() ? QBrush(metal) : QBrush(QColor(0x2a, 0x2f, 0x37)));
     painter.drawRoundedRect(grip, radius - 2, radius - 2);
-    if (hasFocus()) paintFocusRing(painter, rect());
+    if (hasFocus() && desktop_.keyboardUsed()) paintFocusRing(painter, rect());
 }
 
 void ScrollBarWidget::mousePressEvent(QMouseEvent* event) {

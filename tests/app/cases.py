@@ -28,6 +28,7 @@ class Case:
     grows: bool
     units: tuple = field(default_factory=lambda: ({},))  # settings of the unit; one run each
     started: bool = True
+    managed: bool = True  # a window manager runs
 
     def runs(self):
         for language in self.languages:
@@ -60,11 +61,11 @@ CASES = []
 
 
 def case(languages=TWO, factors=(1,), sizes=((1300, 900),), grows=True, units=({},),
-         started=True):
+         started=True, managed=True):
     """Makes a function of (rack, album) a case."""
 
     def register(steps):
-        CASES.append(Case(steps, languages, factors, sizes, grows, units, started))
+        CASES.append(Case(steps, languages, factors, sizes, grows, units, started, managed))
         return steps
 
     return register
@@ -74,7 +75,7 @@ def run_case(chosen, name, language, factor, unit, size, paths):
     tree, build, folder = paths
     folder.mkdir(parents=True, exist_ok=True)
     album = Album(folder, name)
-    screen = Screen(*size)
+    screen = Screen(*size, managed=chosen.managed)
     rack = None
     try:
         rack = Rack(tree, build, screen, language, factor, unit)

@@ -122,6 +122,26 @@ def fold(rack, album):
     rack.wait_measuring()
 
 
+@case(languages=THREE, managed=False)
+def fold_without_a_window_manager(rack, album):
+    """A small bar stays and unfolds the rack, by mouse and by keyboard."""
+
+    def bar():
+        return [window for window in rack.screen.windows("HMonitor")
+                if window != rack.window and rack.screen.box(window)[2] < 300]
+
+    for unfold in (lambda: rack.screen.click(x + 20, y + 10), lambda: rack.screen.type("Return")):
+        rack.click("Form1", "Image7")
+        window = wait_for(bar, "the bar of the folded rack")[0]
+        wait_for(lambda: rack.window not in rack.screen.windows("HMonitor"), "the rack away")
+        album.take(rack.screen, "folded")
+        x, y, _, _ = rack.screen.box(window)
+        rack.screen.activate(window)
+        unfold()
+        wait_for(lambda: rack.find() == rack.window and not bar(), "the rack unfolded")
+        rack.wait_measuring()
+
+
 @every
 def handle(rack, album):
     """The four panels move as one with the pointer."""

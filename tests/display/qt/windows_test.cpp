@@ -7,60 +7,11 @@
 
 #include "display/qt/form_window.h"
 #include "display/qt/rack_window.h"
-#include "tests/display/qt/qt_bench.h"
+#include "tests/display/qt/rack_of_two.h"
 
 namespace display::qt {
 
-namespace {
-
-/// A panel of a small rack: a handle over its whole width, and nothing else.
-class Unit final : public Form {
- public:
-    Unit(Desktop& desktop, std::string name, float itsTop) : Form(desktop, std::move(name)) {
-        firstTop_ = itsTop;
-    }
-    void resized() override { ++resizes; }
-    bool raisesResizeAtShow() const override { return leads; }
-    void closeRequested() override { ++closes; }
-
-    bool leads = false;
-    int resizes = 0;
-    int closes = 0;
-    Panel Handle{*this, "Handle"};
-
- protected:
-    void layOut() override {
-        left = 500.f;
-        top = firstTop_;
-        width = 6000.f;
-        height = 1000.f;
-        place(Handle, {0, 0, 6000, 1000}).surface = Surface::Faceplate;
-    }
-
- private:
-    float firstTop_ = 0;
-};
-
-}  // namespace
-
 class Windows : public QtBench {};
-
-class RackOfTwo : public QtBench {
- protected:
-    void SetUp() override {
-        desktop->rack({&upper, &lower});
-        upper.leads = true;
-        upper.show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(desktop->rackWindow()));
-        lower.load();
-        lower.left = upper.left;
-        lower.top = upper.top + upper.height;
-        lower.show();
-        settle();
-    }
-    Unit upper{*desktop, "upper", 400};
-    Unit lower{*desktop, "lower", 0};
-};
 
 TEST_F(Windows, Show_PutsTheFormWhereTheModelSaysWithItsTitle) {
     showSample();

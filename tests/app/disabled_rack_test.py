@@ -1,0 +1,137 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""A window that disables the rack stands above it, whatever is clicked; and the focus."""
+
+import sys
+
+sys.dont_write_bytecode = True
+from cases import TWO, case, main
+from screen import wait_for
+
+AMBER = (245, 165, 10)
+# The door of each window in Form_D, and how the window is called.
+DOORS = {"Image1": "FormD1a", "Image2": "Form_BandSCanner", "Image3": "Form_Dd3"}
+CLOSE = {"FormD1a": "Command3D2", "Form_BandSCanner": "CommandClose", "Form_Dd3": "Command3D2"}
+
+
+def at_the_edge(rack, form):
+    """The colour inside the window's left edge."""
+    left, top, _, height = rack.screen.box(rack.opened(form))
+    return rack.screen.pixels.colour(left + 1, top + height // 2)
+
+
+def each_window(rack, album):
+    for door, form in DOORS.items():
+        rack.click("Form_D", door)
+        rack.wait_open(form)
+        open_look = rack.steady_look(form, CLOSE[form])
+        # Beside the window, on the rack: the rim of a panel, and the end of a key.
+        for panel, control, across in (("Form1", "Faceplate", 0.012), ("Form_B", "Image3", 0.97)):
+            rack.screen.click(*rack.point(panel, control, across))
+            wait_for(lambda: at_the_edge(rack, form) == AMBER, f"a flash of {form}")
+            if control == "Image3":
+                album.take(rack.screen, f"flash_{form}")
+            wait_for(lambda: at_the_edge(rack, form) != AMBER, "the end of the flash")
+            wait_for(lambda: rack.look(form, CLOSE[form]) == open_look, f"{form} above the rack")
+        rack.screen.type("Escape")
+        rack.wait_closed(form)
+        rack.wait_back()
+
+
+@case(languages=TWO)
+def brings_the_open_window_up(rack, album):
+    each_window(rack, album)
+
+
+@case(languages=TWO, managed=False)
+def brings_the_open_window_up_without_a_manager(rack, album):
+    each_window(rack, album)
+
+
+@case(languages=TWO)
+def stays_above_whatever_is_raised(rack, album):
+    def stacked():
+        told = rack.screen.ask("xprop", "-root", "_NET_CLIENT_LIST_STACKING").split("#")[-1]
+        return [int(window, 16) for window in told.split(",") if window.strip()]
+
+    for door, form in DOORS.items():
+        rack.click("Form_D", door)
+        window = rack.wait_open(form)
+        rack.screen.ask("xdotool", "windowraise", rack.window)
+        wait_for(lambda: stacked()[-1:] == [int(window)], f"{form} above the raised rack")
+        rack.type(form, "Escape")
+        rack.wait_closed(form)
+
+
+@case(languages=TWO)
+def folded_by_the_window_manager_folds_all(rack, album):
+    """A window manager that has a key for it all the same folds window and rack together."""
+    rack.click("Form_D", "Image1")
+    window = rack.wait_open("FormD1a")
+    rack.screen.ask("xdotool", "windowminimize", window)
+    wait_for(lambda: rack.screen.is_folded(rack.window), "the rack folded with its window")
+    rack.screen.ask("xdotool", "windowactivate", rack.window)
+    wait_for(lambda: rack.find() == rack.window and rack.opened("FormD1a"), "both back")
+    rack.type("FormD1a", "Escape")
+    rack.wait_closed("FormD1a")
+    rack.wait_back()
+
+
+@case(languages=TWO)
+def the_question_for_a_spectrum_stays_above(rack, album):
+    """Opened by a window that hides: above the rack all the same."""
+    rack.screen.double_click(*rack.point("Form_D", "PictureGraph1"))
+    rack.wait_open("Form_D1")
+    rack.click("Form_D1", "Command3D1")
+    rack.wait_open("Form_NewSpectro")
+    before = rack.steady_look("Form_NewSpectro", "Command3D2")
+    rack.screen.click(*rack.point("Form1", "Faceplate", 0.012))
+    wait_for(lambda: rack.look("Form_NewSpectro", "Command3D2") == before, "the question above")
+    album.take(rack.screen, "question")
+
+
+@case(languages=TWO)
+def tab_goes_from_panel_to_panel(rack, album):
+    """Behind the last control of the first panel comes the first of the second; no key wears the
+    ring before the keyboard was used."""
+    rack.click("Form1", "Faceplate", 0.012)  # beside the keys: the keyboard comes to the rack
+    for control in ("Image_Average", "Image7", "Image_Power"):
+        assert not rack.has_focus("Form1", control), f"{control} wears the ring before a key"
+    rack.screen.click(*rack.point("Form1", "SSbAMmode"))
+    rack.screen.type("Tab")
+    for _ in range(12):
+        if rack.has_focus("Form1", "Image_Power"):
+            break
+        rack.screen.type("Tab")
+    rack.wait_focus("Form1", "Image_Power")
+    rack.screen.type("Tab")
+    assert any_focus(rack, "Form_B"), "Tab left the first panel for another than the second"
+    album.take(rack.screen, "ring")
+
+
+def any_focus(rack, panel):
+    keys = ("Image1", "Image2", "SSCommand1", "SSCommand2", "HScroll1", "Image3", "Image4")
+    try:
+        return wait_for(lambda: any(rack.has_focus(panel, key) for key in keys), "a ring")
+    except AssertionError:
+        return False
+
+
+@case(languages=TWO, units=({"version": "2.0"},))
+def the_focus_stays_on_the_run(rack, album):
+    """While "New run" is disabled the keyboard stands on the key that stops the run."""
+    rack.click("Form_D", "Image2")
+    rack.wait_open("Form_BandSCanner")
+    rack.tab_to("Form_BandSCanner", "Command3D1")
+    rack.screen.type("space")
+    rack.wait_focus("Form_BandSCanner", "CommandClose")
+    album.take(rack.screen, "scanning")
+    rack.screen.type("space")
+    rack.wait_focus("Form_BandSCanner", "Command3D1")
+    rack.screen.type("Escape")
+    rack.wait_closed("Form_BandSCanner")
+    rack.wait_back()
+
+
+if __name__ == "__main__":
+    main()
