@@ -2,16 +2,16 @@
 #include "analyses/form_d.h"
 #include "analyses/response_charts.h"
 #include "analyses/response_file.h"
+#include "analyses/response_readout.h"
 #include "core/panel_settings.h"
 #include "core/response_switch.h"
 #include "core/taken_for_granted.h"
-#include "panels/audio/form_b.h"
-#include "panels/modulation/form1.h"
+#include "program/tuner.h"
 
 namespace hmonitor {
 
 void Form_D::respo() {
-    const auto pairs = ResponseFile(program.Form_B->TunedFreq).read(program.files);
+    const auto pairs = ResponseFile(program.tuner->TunedFreq).read(program.files);
     if (!pairs || ResponseCurve::resultsIn(*pairs) == 0) {
         resborra();
         return;
@@ -30,16 +30,13 @@ void Form_D::turnSwitch() {
     } else {
         arm(readings);
     }
-    program.Form_B->cambfre();
+    program.tuner->retune();
 }
 
 void Form_D::switchOff() {
-    Image5.picture = "OffN";
-    StationState.ResponseState = "no";
-    StationState.ResponseAuto = "";
-    tellFault(desktop(), ResponseSwitch::off().write(program.files));
+    program.tuner->disarmResponse();
     // What the unit has measured so far is taken all the same.
-    program.Form1->respolee();
+    readResponse(program);
 }
 
 void Form_D::arm(const Readings& atArming) {
@@ -47,11 +44,9 @@ void Form_D::arm(const Readings& atArming) {
         takenForGranted(desktop(), PanelSettings::read(program.files, PanelLine::ScannerOffset));
     if (settings.line(PanelLine::AudioMode) != "0") {
         // The tones are measured left and right.
-        program.Form_B->Image1.picture = "LyRA";
-        program.Form_B->Image2.picture = "LRN";
-        tellFault(desktop(), settings.with(PanelLine::AudioMode, "0").write(program.files));
+        program.tuner->storeMode(AudioMode::LeftRight);
         driver.HM_Parar();
-        program.Form_B->cambfre();
+        program.tuner->retune();
     }
     Image5.picture = "OffA";
     StationState.ResponseAuto = "si";

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analyses/form_d.h"
-#include "panels/audio/form_b.h"
+#include "program/tuner.h"
 #include "spectrum/channel_spectrum_file.h"
 #include "spectrum/class1.h"
 
@@ -26,7 +26,7 @@ void Form_D::makeGraph() {
 }
 
 void Form_D::spect() {
-    const auto stored = ChannelSpectrum::read(program.files, program.Form_B->TunedFreq);
+    const auto stored = ChannelSpectrum::read(program.files, program.tuner->TunedFreq);
     if (!stored || stored->points < 1) {
         graph_->GraphClean();
         return;

@@ -4,7 +4,8 @@
 namespace hmonitor {
 
 Forms::Forms(Program& program, Form_WaitLoad::Brand brand)
-    : formWaitLoad(program, brand),
+    : tuner(program),
+      formWaitLoad(program, brand),
       formModoDemo(program),
       form3(program),
       form1(program),

@@ -10,6 +10,7 @@
 #include "panels/audio/form_b.h"
 #include "panels/modulation/form1.h"
 #include "panels/quality/form_c.h"
+#include "program/tuner.h"
 #include "spectrum/form_d1.h"
 #include "spectrum/form_d1a.h"
 #include "spectrum/form_new_spectro.h"
@@ -21,12 +22,14 @@
 
 namespace hmonitor {
 
-/// Owns every form of the program for the whole run and fills the program's slots with them.
+/// Owns every form of the program, and the tuner, for the whole run and fills the program's slots
+/// with them.
 class Forms {
  public:
     explicit Forms(Program& program, Form_WaitLoad::Brand brand = Form_WaitLoad::Brand::Marvenia);
     ~Forms();
 
+    hmonitor::Tuner tuner;
     hmonitor::Form_WaitLoad formWaitLoad;
     hmonitor::FormModoDemo formModoDemo;
     hmonitor::Form3 form3;

@@ -7,11 +7,13 @@
 #include "core/program_words.h"
 #include "core/slot.h"
 #include "core/station_state.h"
+#include "core/unit_in_use.h"
 #include "display/desktop.h"
 
 namespace hmonitor {
 
 class Files;
+class Tuner;
 
 // The forms of the program. Who calls one includes its header in a .cpp.
 class Form_WaitLoad;
@@ -44,6 +46,9 @@ struct Program {
     const Files& files;
     hmonitor::StationState StationState;
     ProgramWords words;
+    UnitInUse unitInUse;
+    /// Every tuning goes through it.
+    hmonitor::Tuner* tuner = nullptr;
 
     Slot<hmonitor::Form_WaitLoad> Form_WaitLoad;
     Slot<hmonitor::FormModoDemo> FormModoDemo;

@@ -4,8 +4,6 @@
 #include <cmath>
 
 #include "core/numbers.h"
-#include "core/panel_settings.h"
-#include "core/taken_for_granted.h"
 #include "spectrum/open_spectrum.h"
 #include "tuner/form_b_set_memories.h"
 #include "tuner/form_b_tuner.h"
@@ -17,8 +15,8 @@ Form_B::Form_B(Program& itsProgram) : ProgramForm(itsProgram, "Form_B") {
     Timer3.onTick = [this] { dropPeakMarks(); };
     SSCommand1.onClick = [this] { stepMemory(Step::Next); };
     SSCommand2.onClick = [this] { stepMemory(Step::Previous); };
-    HScroll1.onChange = [this] { HScroll1_Change(); };
-    HScroll1.onScroll = [this] { showFrequency(barFrequency(HScroll1.thumb)); };
+    HScroll1.onChange = [this] { program.tuner->tuneByBar(); };
+    HScroll1.onScroll = [this] { showFrequency(program.tuner->frequencyAt(HScroll1.thumb)); };
     Image1.onPress = [this] {
         GuardoModo_LR();
         driver.HM_Parar();
@@ -32,6 +30,8 @@ Form_B::Form_B(Program& itsProgram) : ProgramForm(itsProgram, "Form_B") {
     bindKey(Image3, "SetN", "SetA", [this] { openEditor(); });
     bindKey(Image4, "RemoteN", "RemoteA", [this] { openKeypad(); });
     bindReadings();
+    panels_ = rackPanels(program);
+    program.tuner->shownOn(panels_.get());
 }
 
 void Form_B::bindReadings() {
@@ -81,19 +81,11 @@ void Form_B::showFrequency(double frequency) {
 }
 
 void Form_B::GuardoModo_LR() {
-    Image1.picture = "LyRA";
-    Image2.picture = "LRN";
-    storeAudioMode("0");
+    program.tuner->storeMode(AudioMode::LeftRight);
 }
 
 void Form_B::GuardoModo_LmasR_LmenosR() {
-    Image2.picture = "LRA";
-    Image1.picture = "LyRN";
-    storeAudioMode("1");
-}
-
-void Form_B::storeAudioMode(std::string_view line7) {
-    settle(desktop(), rewritePanelLine(program.files, PanelLine::AudioMode, line7));
+    program.tuner->storeMode(AudioMode::SumDifference);
 }
 
 void Form_B::openEditor() {

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <memory>
+
 #include "core/int16.h"
 #include "core/program_form.h"
 #include "display/family.h"
 #include "panels/audio/held_figures.h"
 #include "panels/audio/level_bar.h"
 #include "panels/audio/phase_vector.h"
+#include "program/tuner.h"
 
 namespace hmonitor {
 
@@ -15,6 +18,7 @@ namespace hmonitor {
 class Form_B final : public ProgramForm {
  public:
     explicit Form_B(Program& program);
+    ~Form_B() override;
 
     void InicioForm();                      ///< selects the stored preset, which starts the rack
     void Command1();                        ///< shows the station name
@@ -99,17 +103,17 @@ class Form_B final : public ProgramForm {
     display::Timer Timer2{*this, "Timer2"};  ///< heartbeat
     display::Timer Timer3{*this, "Timer3"};  ///< fall of the peak marks
 
-    // The panel's state lives for the run.
+    // The panel's state lives for the run. What a tuning goes by is the tuner's.
+    double& TunedFreq = program.tuner->TunedFreq;
+    int& ManualTune = program.tuner->ManualTune;
+    int& PanelStarted = program.tuner->PanelStarted;
+    int& ResponseSeen = program.tuner->ResponseSeen;
+    SmallText& ButtonTune = program.tuner->ButtonTune;
     double Pi = 0;
-    double TunedFreq = 875;  ///< 100 kHz units, may end in .5
     int MemoryNumber = 1;
     SmallText MemoryState = "cero";  ///< "cero" while the panel is on no memory
     SmallText RadioName;
     int OffMemory = 0;
-    int ManualTune = 0;
-    int PanelStarted = 0;
-    int ResponseSeen = 0;
-    SmallText ButtonTune;
     Int16 DemoTick = 0;
     Int16 WindowTicks = 0;
     display::Colour SegmentOnColour{0x2f2fff};
@@ -128,7 +132,7 @@ class Form_B final : public ProgramForm {
     void onLoad() override;
 
  private:
-    enum class Tuning { Retune, ByBar };
+    class RackPanels;
     enum class Step { Next, Previous };
 
     void layOutLevels();
@@ -147,17 +151,14 @@ class Form_B final : public ProgramForm {
     bool memoriesAllEmpty() const;
     void tuneWhereTheBarStands();
     void tuneBarTo(int bar);
-    double barFrequency(int bar) const;
-    void tune(Tuning how);
-    void tuneUnit(const std::array<int, 4>& switches);
-    void cancelArmedResponse();
     void placeLevelElements();
     void leaveMemory();
-    void HScroll1_Change();
     void openEditor();
     void openKeypad();
-    void storeAudioMode(std::string_view line7);
     void showFrequency(double frequency);
+
+    static std::unique_ptr<TuningPanels> rackPanels(Program& program);
+    std::unique_ptr<TuningPanels> panels_;
 };
 
 }  // namespace hmonitor

@@ -4,9 +4,6 @@
 #include "analyses/form_d.h"
 #include "core/memory_block.h"
 #include "core/numbers.h"
-#include "core/panel_settings.h"
-#include "core/response_switch.h"
-#include "core/results_file.h"
 #include "core/taken_for_granted.h"
 #include "panels/audio/form_b.h"
 #include "panels/modulation/form1.h"
@@ -14,17 +11,6 @@
 #include "startup/form3.h"
 
 namespace hmonitor {
-
-namespace {
-
-constexpr int kLowestFrequency = 875;  ///< 87.5 MHz, where the tuning bar begins
-
-}  // namespace
-
-double Form_B::barFrequency(int bar) const {
-    const double frequency = bar + kLowestFrequency;
-    return valueOf(StationState.HalfStep) == 5 ? frequency + 0.5 : frequency;
-}
 
 bool Form_B::memoriesAllEmpty() const {
     const auto block = takenForGranted(desktop(), MemoryBlock::read(program.files));
@@ -75,7 +61,7 @@ void Form_B::stepMemory(Step step) {
 
 void Form_B::tuneWhereTheBarStands() {
     ManualTune = 1;
-    HScroll1_Change();
+    program.tuner->tuneByBar();
 }
 
 void Form_B::Command9() {
@@ -86,7 +72,7 @@ void Form_B::Command9() {
     StationState.MemoryFreq = shortText(stored.tuned());
     StationState.StationName = RadioName;
     ManualTune = 0;
-    tuneBarTo(toWhole(stored.frequency - kLowestFrequency));
+    tuneBarTo(toWhole(stored.frequency - Tuner::kLowestFrequency));
     Command1();
 }
 
@@ -96,25 +82,14 @@ void Form_B::tuneBarTo(int bar) {
         HScroll1.value = bar;
     } else if (PanelStarted == 0) {
         // The bar comes up on its lowest value; a preset that stands there starts the rack too.
-        HScroll1_Change();
+        program.tuner->tuneByBar();
     } else {
         cambfre();
     }
 }
 
-void Form_B::HScroll1_Change() {
-    tune(Tuning::ByBar);
-}
-
 void Form_B::cambfre() {
-    tune(Tuning::Retune);
-}
-
-void Form_B::cancelArmedResponse() {
-    program.Form_D->Image5.picture = "OffN";
-    StationState.ResponseState = "no";
-    StationState.ResponseAuto = "";
-    tellFault(desktop(), ResponseSwitch::off().write(program.files));
+    program.tuner->retune();
 }
 
 void Form_B::leaveMemory() {
@@ -136,76 +111,52 @@ void Form_B::placeLevelElements() {
     }
 }
 
-void Form_B::tune(Tuning how) {
-    const bool byBar = how == Tuning::ByBar;
-    const bool first = byBar && PanelStarted == 0;
-    TunedFreq = barFrequency(HScroll1.value);
-    int armed =
-        toWhole(takenForGranted(desktop(), ResponseSwitch::read(program.files, SwitchLine::Armed))
-                    .value(SwitchLine::Armed));
-    if (byBar) {
-        if (ResponseSeen == 1) {
-            // A hand on the bar cancels an armed response.
-            cancelArmedResponse();
-            armed = 0;
+/// What a tuning asks of the panels. A panel that is not loaded yet is loaded by it.
+class Form_B::RackPanels final : public TuningPanels {
+ public:
+    explicit RackPanels(Program& program) : program_(program) {}
+
+    int bar() override { return program_.Form_B->HScroll1.value; }
+    void showMode(AudioMode mode) override {
+        const bool plain = mode == AudioMode::LeftRight;
+        program_.Form_B->Image1.picture = plain ? "LyRA" : "LyRN";
+        program_.Form_B->Image2.picture = plain ? "LRN" : "LRA";
+    }
+    void showResponseArmed(bool armed) override {
+        program_.Form_D->Image5.picture = armed ? "OffA" : "OffN";
+    }
+    void firstTuning() override { program_.Form_B->placeLevelElements(); }
+    void leaveMemory() override { program_.Form_B->leaveMemory(); }
+    void runClocks(bool run) override {
+        for (display::Timer* clock : {&program_.Form1->Timer1, &program_.Form1->Timer4,
+                                      &program_.Form_B->Timer2, &program_.Form_B->Timer3}) {
+            clock->enabled = run;
         }
-        if (first) placeLevelElements();
-        if (armed == 1) {
-            StationState.ResponseState = "si";
-            StationState.ResponseAuto = "si";
-            program.Form_D->Image5.picture = "OffA";
-        }
-        ResponseSeen = 1;
-        if (ManualTune == 1) leaveMemory();
-        ManualTune = 1;
     }
-    ResultsFile::read(program.files, TunedFreq).putFloors(StationState);
-    const auto settings =
-        takenForGranted(desktop(), PanelSettings::read(program.files, PanelLine::AudioMode));
-    int audioMode = toWhole(settings.value(PanelLine::AudioMode));
-    if (first && settings.value(PanelLine::AudioMode) == 1) {
-        // Every start of the program falls back to the mode L and R.
-        storeAudioMode("0");
-        audioMode = 0;
+    void enableTuning(bool enabled) override { program_.Form_B->enabled = enabled; }
+    void showTuned() override {
+        program_.Form_B->Command13();
+        program_.Form_D->spect();
+        program_.Form_D->respo();
+        program_.Form1->RefrescoIntensidadDeCampo();
     }
-    program.Form1->Timer1.enabled = false;
-    program.Form1->Timer4.enabled = false;
-    Timer2.enabled = false;
-    Timer3.enabled = false;
-    if (!inDemoMode()) {
-        tuneUnit({toWhole(settings.value(PanelLine::Detector)), audioMode, armed,
-                  toWhole(settings.value(PanelLine::MakeLog))});
+    void showFigures() override {
+        program_.Form_C->Command4();
+        program_.Form_C->Command6();
+        program_.Form1->DrawMultyPath();
     }
-    StationState.CurrentFreq = shortText(TunedFreq);
-    StationState.ModSettle = "0";
-    program.Form1->Timer1.enabled = true;
-    program.Form1->Timer4.enabled = true;
-    Timer2.enabled = true;
-    Timer3.enabled = true;
-    Command13();
-    program.Form_D->spect();
-    program.Form_D->respo();
-    program.Form1->RefrescoIntensidadDeCampo();
-    StationState.TuneTag = wholeText(floorWhole(desktop().random() * 9999 + 1));
-    program.Form_C->Command4();
-    program.Form_C->Command6();
-    program.Form1->DrawMultyPath();
-    if (first) {
-        program.Form3->unload();
-        PanelStarted = 1;
-        desktop().queue().openGate();
-    }
+    void rackStands() override { program_.Form3->unload(); }
+
+ private:
+    Program& program_;
+};
+
+std::unique_ptr<TuningPanels> Form_B::rackPanels(Program& program) {
+    return std::make_unique<RackPanels>(program);
 }
 
-void Form_B::tuneUnit(const std::array<int, 4>& switches) {
-    const bool byButton = ButtonTune == "1";
-    if (byButton) enabled = false;
-    driver.HM_Parar();
-    driver.HM_Normal(static_cast<float>(TunedFreq), switches[0], switches[1], switches[2],
-                     switches[3]);
-    if (!byButton) return;
-    enabled = true;
-    ButtonTune = "0";
+Form_B::~Form_B() {
+    program.tuner->shownOn(nullptr);
 }
 
 }  // namespace hmonitor
