@@ -6,18 +6,12 @@
 #include "core/long_date.h"
 #include "core/numbers.h"
 #include "core/refused_run.h"
-#include "core/run_guard.h"
 #include "core/taken_for_granted.h"
-#include "panels/audio/form_b.h"
+#include "program/tuner.h"
+#include "program/unit_generation.h"
 #include "spectrum/rack_place.h"
 
 namespace hmonitor {
-
-namespace {
-
-constexpr float kNewestPointUnit = 2.0f;
-
-}  // namespace
 
 Form_BandSCanner::Form_BandSCanner(Program& itsProgram)
     : ProgramForm(itsProgram, "Form_BandSCanner") {
@@ -27,7 +21,7 @@ Form_BandSCanner::Form_BandSCanner(Program& itsProgram)
     CommandClose.onClick = [this] { CommandClose_Click(); };
     SSCommand1.onClick = [this] { datePage(); };
     HScroll1.onChange = [this] { showScrolled(); };
-    Timer1.onTick = [this] { takeFrame(); };
+    Timer1.onTick = [this] { frames_.look(); };
     Graph1.tellCell = [this](int row, int column) { return tellCell(row, column); };
     Graph1.reading = [this] { return tellStrongest(); };
     bindHandle(SSPanel1.onMouseDown, SSPanel1.onMouseMove, {this});
@@ -39,7 +33,7 @@ void Form_BandSCanner::onLoad() {
     levelOffset_ = 0;
     sweepLimit_ = 0;
     sweepStepKhz_ = 0;
-    stop_ = busy_ = unitAway_ = filling_ = closeAfterFill_ = false;
+    run_ = Run::None;
 
     placeOverRack(*this, program);
     // The page may still hold an older scan under another choice of channels.
@@ -51,7 +45,11 @@ void Form_BandSCanner::onLoad() {
     driver.HM_Parar();
     driver.HM_getHardwareVersion(hardwareVersion_);
     nameStored(stored);
-    program.Form_B->cambfre();
+    program.tuner->retune();
+}
+
+void Form_BandSCanner::onUnload() {
+    lease_.close(UnitLease::Back::LeftRight);
 }
 
 void Form_BandSCanner::showStored(const ScanFile& file) {
@@ -67,7 +65,8 @@ void Form_BandSCanner::showStored(const ScanFile& file) {
 
 /// Which channels the stored levels belong to, where that can be known.
 void Form_BandSCanner::nameStored(const ScanFile& file) {
-    std::optional<ScanChannels> channels = channelsOfLines(file.lineCount(), unitSweeps());
+    std::optional<ScanChannels> channels =
+        channelsOfLines(file.lineCount(), givesFrames(hardwareVersion_));
     if (!storedBytes_.empty() && file.bytes() == storedBytes_) channels = storedChannels_;
     if (!channels) return;
     const ScanOption& odd = scanOption(ScanSpacing::Odd);
@@ -92,10 +91,6 @@ ScanSpacing Form_BandSCanner::spacing() const {
 
 const ScanOption& Form_BandSCanner::option() const {
     return scanOption(spacing());
-}
-
-bool Form_BandSCanner::unitSweeps() const {
-    return hardwareVersion_ >= 1.7f && hardwareVersion_ < kNewestPointUnit;
 }
 
 display::Chart& Form_BandSCanner::twin() {
@@ -168,10 +163,11 @@ void Form_BandSCanner::chooseOption() {
     const ScanOption& chosen = option();
     showOption(chosen);
     program.Form_PrintBandScan->showOption(chosen);
-    if (unitSweeps()) {
-        fillFromSweep(chosen);
+    beginRow(optionChannels(chosen.spacing), chosen.startColumn, chosen.columns);
+    if (givesFrames(hardwareVersion_)) {
+        readSwept(driver, *this);
     } else {
-        fillOneByOne(chosen);
+        fillOneByOne();
     }
 }
 
@@ -179,40 +175,15 @@ void Form_BandSCanner::tellRefused(float tenths) {
     Refused.caption = refusedRun(language, tenths);
 }
 
-void Form_BandSCanner::fillFromSweep(const ScanOption& chosen) {
-    const ScanChannels channels = optionChannels(chosen.spacing);
-    ScanWalk walk(chosen.startColumn, chosen.columns);
-    float level = 0;
-    for (int i = 0; i < channels.count(); ++i) {
-        const ScanCell cell = walk.next();
-        driver.HM_GetEspectro(channels.tenths(i), level);
-        write(cell, shortText(shownLevel(level)), ScannedChannels::channel(channels.at(i)));
-    }
-}
-
-void Form_BandSCanner::fillOneByOne(const ScanOption& chosen) {
-    const ScanChannels channels = optionChannels(chosen.spacing);
-    ScanWalk walk(chosen.startColumn, chosen.columns);
-    stop_ = false;
-    closeAfterFill_ = false;
-    filling_ = true;
-    unitAway_ = true;
+void Form_BandSCanner::fillOneByOne() {
+    lease_.take();
+    run_ = Run::Fill;
     Command3D1.enabled = false;
-    {
-        const RunGuard guard(program, {&CommandClose, &HScroll1}, {this});
-        float level = 0;
-        for (int i = 0; i < channels.count() && !stop_; ++i) {
-            const ScanCell cell = walk.next();
-            if (driver.HM_Super(channels.tenths(i), level) != 0) {
-                tellRefused(channels.tenths(i));
-                break;
-            }
-            write(cell, shortText(shownLevel(level)), ScannedChannels::channel(channels.at(i)));
-        }
-    }
+    points_.measure(*this);
     Command3D1.enabled = true;
-    filling_ = false;
-    if (closeAfterFill_) close();
+    const bool closes = run_ == Run::FillThenClose;
+    run_ = Run::None;
+    if (closes) unload();
 }
 
 void Form_BandSCanner::closeRequested() {
@@ -220,31 +191,25 @@ void Form_BandSCanner::closeRequested() {
 }
 
 void Form_BandSCanner::CommandClose_Click() {
-    if (CommandClose.caption == "Wait") {
-        driver.HM_Parar();
-        // Ends a run that is measured one by one; a sweep goes on, its own key stops it.
-        stop_ = true;
-        return;
+    switch (run_) {
+        case Run::None:
+            unload();
+            break;
+        case Run::Points:
+            driver.HM_Parar();
+            points_.stop();
+            break;
+        case Run::Sweep:
+            // It goes on; its own key stops it.
+            frames_.halt();
+            break;
+        case Run::Fill:
+        case Run::FillThenClose:
+            // The window goes when the measurement that holds the thread has come back.
+            run_ = Run::FillThenClose;
+            points_.stop();
+            break;
     }
-    if (filling_) {
-        // The window goes when the measurement that holds the thread has come back.
-        stop_ = true;
-        closeAfterFill_ = true;
-        return;
-    }
-    close();
-}
-
-void Form_BandSCanner::close() {
-    if (unitAway_) returnUnit();
-    program.enableRack();
-    unload();
-}
-
-void Form_BandSCanner::returnUnit() {
-    unitAway_ = false;
-    program.Form_B->GuardoModo_LR();
-    program.Form_B->cambfre();
 }
 
 void Form_BandSCanner::datePage() {

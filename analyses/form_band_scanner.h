@@ -3,17 +3,20 @@
 
 #include <vector>
 
+#include "analyses/scan_channels.h"
 #include "analyses/scan_file.h"
 #include "analyses/scan_legend.h"
 #include "analyses/scanned_channels.h"
 #include "core/program_form.h"
 #include "display/chart.h"
+#include "program/frame_run.h"
+#include "program/point_run.h"
 
 namespace hmonitor {
 
 /// The band scanner: levels of all channels from 87 to 108 MHz as bars in rows of one MHz. A unit
 /// that sweeps hands over frames of two MHz, any other is tuned to channel after channel.
-class Form_BandSCanner final : public ProgramForm {
+class Form_BandSCanner final : public ProgramForm, private LevelSink {
  public:
     explicit Form_BandSCanner(Program& program);
 
@@ -47,15 +50,17 @@ class Form_BandSCanner final : public ProgramForm {
  protected:
     void layOut() override;
     void onLoad() override;
+    void onUnload() override;
 
  private:
-    enum class Fill { Done, Broken };
+    /// What goes on: nothing, a run, the measuring of an option's channels, or the same with the
+    /// window to be closed behind it.
+    enum class Run { None, Points, Sweep, Fill, FillThenClose };
 
     void layOutChart();
     void layOutFoot();
 
     ScanSpacing spacing() const;
-    bool unitSweeps() const;
     display::Chart& twin();
     /// A level, and the channel that it was measured on.
     void write(const ScanCell& cell, std::string_view text, const ScannedChannels::Cell& from);
@@ -73,34 +78,39 @@ class Form_BandSCanner final : public ProgramForm {
     void tellRefused(float tenths);
 
     void chooseOption();
-    void fillFromSweep(const ScanOption& option);
-    void fillOneByOne(const ScanOption& option);
+    void fillOneByOne();
     void Command3D1_Click();
     void clearChart();
     void runOneByOne();
-    Fill measureChannels(ScanFile& file);
     void startSweep();
-    /// Asks for the frame from there (hundredths of a MHz) up to the limit.
-    void askForFrame(int low);
-    void takeFrame();
-    void drawSwept(ScanFile& file);
     void goOnSweeping();
-    void finishSweep(const ScanFile& file);
-    void returnUnit();
+    void endRun();
     void CommandClose_Click();
-    void close();
     void datePage();
+
+    // The levels of a row of channels on their way to the cells of the chart and to the file.
+    void beginRow(const ScanChannels& channels, int startColumn, int columns);
+    int first() const override { return 0; }
+    int last() const override { return channels_.count() - 1; }
+    float frequency(int index) const override { return channels_.tenths(index); }
+    void roundBegins() override;
+    float before(int index, float lastLevel) override;
+    void take(int index, float level) override;
+    void refused(int index) override;
+    void roundEnds() override;
 
     float hardwareVersion_ = 0;
     double levelOffset_ = 0;  ///< dB, of runs that are measured one by one
-    int sweepLow_ = 0;        ///< hundredths of a MHz, start of the frame that is awaited
     int sweepLimit_ = 0;      ///< hundredths of a MHz, end of the part swept so far
     int sweepStepKhz_ = 0;
-    bool stop_ = false;      ///< asks a run that is measured one by one to end; the unit was halted
-    bool busy_ = false;      ///< a tick works on a frame
-    bool unitAway_ = false;  ///< the unit has left normal measuring and was not returned
-    bool filling_ = false;   ///< an option fills the chart, channel by channel
-    bool closeAfterFill_ = false;
+    Run run_ = Run::None;
+    ScanChannels channels_;
+    ScanWalk walk_{0, 1};
+    ScanCell cell_;
+    ScanFile file_;
+    UnitLease lease_{program, *this};
+    PointRun points_{program, lease_, {&CommandClose, &HScroll1}};
+    FrameRun frames_{program, Timer1, *this};
 
     ScannedChannels scanned_;
     // What this program itself has stored last: its file cannot tell its channels. Outlives the

@@ -4,9 +4,9 @@
 #include "analyses/form_band_scanner.h"
 #include "core/numbers.h"
 #include "core/panel_settings.h"
-#include "core/run_guard.h"
 #include "core/taken_for_granted.h"
-#include "panels/audio/form_b.h"
+#include "program/tuner.h"
+#include "program/unit_generation.h"
 
 namespace hmonitor {
 
@@ -30,29 +30,33 @@ float tenths(int hundredths) {
 void Form_BandSCanner::Command3D1_Click() {
     if (inDemoMode()) return;
     driver.HM_Parar();
-    if (hardwareVersion_ == 2) SSCommand1.colour = display::kRed;
-    unitAway_ = true;
-    program.Form_B->GuardoModo_LmasR_LmenosR();
-    program.Form_B->cambfre();
+    if (hardwareVersion_ == kPointsAgain) SSCommand1.colour = display::kRed;
+    lease_.take();
+    lease_.tuneFor(AudioMode::SumDifference);
     const auto settings =
         takenForGranted(desktop(), PanelSettings::read(program.files, PanelLine::ScannerOffset));
     levelOffset_ = settings.value(PanelLine::ScannerOffset);
-    if (unitSweeps() && Timer1.enabled) {
+    if (run_ == Run::Sweep) {
         // The key says "Stop" now.
-        Timer1.enabled = false;
-        CommandClose.caption = "Ok";
-        Command3D1.caption = "&New Run";
+        frames_.stop();
+        endRun();
         return;
     }
     CommandClose.caption = "Wait";
     driver.HM_Parar();
     HScroll1.value = 0;
     clearChart();
-    if (unitSweeps()) {
+    if (givesFrames(hardwareVersion_)) {
         startSweep();
     } else {
         runOneByOne();
     }
+}
+
+void Form_BandSCanner::endRun() {
+    run_ = Run::None;
+    CommandClose.caption = "Ok";
+    Command3D1.caption = "&New Run";
 }
 
 void Form_BandSCanner::clearChart() {
@@ -63,111 +67,81 @@ void Form_BandSCanner::clearChart() {
     for (int i = 0; i < cells.count(); ++i) write(walk.next(), "0", {});
 }
 
+void Form_BandSCanner::beginRow(const ScanChannels& channels, int startColumn, int columns) {
+    channels_ = channels;
+    walk_ = ScanWalk(startColumn, columns);
+    file_ = {};
+}
+
+float Form_BandSCanner::before(int, float lastLevel) {
+    cell_ = walk_.next();
+    if (run_ == Run::Points && cell_ == ScanCell{11, 1}) HScroll1.value = 9;
+    if (run_ == Run::Points && cell_ == ScanCell{20, 1}) HScroll1.value = 11;
+    return lastLevel;
+}
+
+void Form_BandSCanner::take(int index, float level) {
+    // The offset is meant for units that are measured one by one, in a run.
+    const double offset = run_ == Run::Points ? levelOffset_ : 0;
+    const std::int32_t shown = toWhole(shownLevel(level) + offset);
+    write(cell_, shortText(shown), ScannedChannels::channel(channels_.at(index)));
+    file_.add(shown);
+}
+
+void Form_BandSCanner::refused(int index) {
+    tellRefused(frequency(index));
+}
+
 void Form_BandSCanner::runOneByOne() {
-    ScanFile file;
-    stop_ = false;
+    run_ = Run::Points;
     // The keyboard stands on the key that ends the run, not on whatever comes next.
     CommandClose.takeFocus();
     Command3D1.enabled = false;
-    const Fill fill = measureChannels(file);
+    beginRow(measuredChannels(spacing()), kStartColumn, kOneByOneColumns);
+    const PointRun::End end = points_.measure(*this);
     Command3D1.enabled = true;
     Command3D1.takeFocus();
-    if (fill == Fill::Broken) {
-        // Nothing is stored; the unit is returned when the window closes.
-        driver.HM_Parar();
-        CommandClose.caption = "Ok";
-        return;
-    }
-    if (!Option_250Khz.chosen && !Option_All.chosen) store(file, measuredChannels(spacing()));
+    const bool done = end == PointRun::End::Done;
+    // Of a run that broke off nothing is stored; the unit is returned when the window closes.
+    if (done && !Option_250Khz.chosen && !Option_All.chosen) store(file_, channels_);
     driver.HM_Parar();
-    returnUnit();
-    CommandClose.caption = "Ok";
-}
-
-Form_BandSCanner::Fill Form_BandSCanner::measureChannels(ScanFile& file) {
-    const RunGuard guard(program, {&CommandClose, &HScroll1}, {this});
-    const ScanChannels channels = measuredChannels(spacing());
-    ScanWalk walk(kStartColumn, kOneByOneColumns);
-    float level = 0;
-    for (int i = 0; i < channels.count(); ++i) {
-        if (stop_) return Fill::Broken;
-        const ScanCell cell = walk.next();
-        if (cell == ScanCell{11, 1}) HScroll1.value = 9;
-        if (cell == ScanCell{20, 1}) HScroll1.value = 11;
-        if (driver.HM_Super(channels.tenths(i), level) != 0) {
-            tellRefused(channels.tenths(i));
-            return Fill::Broken;
-        }
-        const std::int32_t shown = toWhole(shownLevel(level) + levelOffset_);
-        write(cell, shortText(shown), ScannedChannels::channel(channels.at(i)));
-        file.add(shown);
-    }
-    return Fill::Done;
+    if (done) lease_.giveBack(UnitLease::Back::LeftRight);
+    endRun();
 }
 
 void Form_BandSCanner::startSweep() {
+    run_ = Run::Sweep;
+    Command3D1.caption = "Stop";
     sweepLimit_ = kBandStart + kFrameWidth;
     sweepStepKhz_ = Option_250Khz.chosen ? 250 : 100;
-    askForFrame(kBandStart);
-    Command3D1.caption = "Stop";
-    Timer1.enabled = true;
+    frames_.start(tenths(kBandStart), tenths(sweepLimit_), sweepStepKhz_);
 }
 
-void Form_BandSCanner::askForFrame(int low) {
-    sweepLow_ = low;
-    stop_ = false;
-    driver.HM_StartEspectro(tenths(low), tenths(sweepLimit_), sweepStepKhz_);
+void Form_BandSCanner::roundBegins() {
+    // From the start of the band each time: the driver keeps all frames of the run.
+    beginRow(sweptChannels(spacing(), sweepLimit_), kStartColumn, Graph1.columnCount());
 }
 
-void Form_BandSCanner::takeFrame() {
-    if (busy_) return;
-    if (driver.HM_TramaEspectroRecibida() == 0) {
-        // The close key has halted the unit: without a new word no frame would ever come.
-        if (stop_) askForFrame(sweepLow_);
+void Form_BandSCanner::roundEnds() {
+    driver.HM_Parar();
+    if (sweepLimit_ < kBandStop) {
+        goOnSweeping();
         return;
     }
-    busy_ = true;
-    ScanFile file;
-    drawSwept(file);
-    driver.HM_Parar();
-    if (sweepLimit_ >= kBandStop) {
-        finishSweep(file);
-    } else {
-        goOnSweeping();
-    }
-    busy_ = false;
-}
-
-void Form_BandSCanner::drawSwept(ScanFile& file) {
-    // From the start of the band each time: the driver keeps all frames of the run.
-    const ScanChannels channels = sweptChannels(spacing(), sweepLimit_);
-    ScanWalk walk(kStartColumn, Graph1.columnCount());
-    float level = 0;
-    for (int i = 0; i < channels.count(); ++i) {
-        const ScanCell cell = walk.next();
-        driver.HM_GetEspectro(channels.tenths(i), level);
-        const std::int32_t shown = shownLevel(level);
-        write(cell, shortText(shown), ScannedChannels::channel(channels.at(i)));
-        file.add(shown);
-    }
+    frames_.stop();
+    endRun();
+    // Whatever the choice of channels, unlike a run that is measured one by one.
+    store(file_, channels_);
+    lease_.giveBack(UnitLease::Back::LeftRight);
 }
 
 void Form_BandSCanner::goOnSweeping() {
     const int low = sweepLimit_;
     sweepLimit_ = std::min(sweepLimit_ + kFrameWidth, kBandStop);
-    askForFrame(low);
+    frames_.ask(tenths(low), tenths(sweepLimit_), sweepStepKhz_);
     constexpr int kFirstScrolledMhz = 102;
     if (sweepLimit_ > kFirstScrolledMhz * 100)
         HScroll1.value = sweepLimit_ / 100 - kFirstScrolledMhz;
-}
-
-void Form_BandSCanner::finishSweep(const ScanFile& file) {
-    Timer1.enabled = false;
-    Command3D1.caption = "&New Run";
-    CommandClose.caption = "Ok";
-    // Whatever the choice of channels, unlike a run that is measured one by one.
-    store(file, sweptChannels(spacing(), sweepLimit_));
-    returnUnit();
 }
 
 }  // namespace hmonitor

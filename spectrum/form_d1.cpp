@@ -5,7 +5,7 @@
 #include "core/numbers.h"
 #include "core/refused_run.h"
 #include "core/taken_for_granted.h"
-#include "panels/audio/form_b.h"
+#include "program/tuner.h"
 #include "spectrum/channel_graph.h"
 #include "spectrum/channel_spectrum_file.h"
 #include "spectrum/form_d1a.h"
@@ -14,34 +14,21 @@
 
 namespace hmonitor {
 
-namespace {
-
-constexpr const char* kLocked = "Wait";
-
-}  // namespace
-
 Form_D1::Form_D1(Program& itsProgram) : ProgramForm(itsProgram, "Form_D1") {
     Command3D1.onClick = [this] {
         hide();
         program.Form_NewSpectro->show();
     };
     Command3D2.onClick = [this] {
-        if (Command3D2.caption != kLocked) close();
+        if (!running_) unload();
     };
     SSCommand1.onClick = [] {};  // the printed page has no window yet
-    SSCommand2.onClick = [this] {
-        // It halts the unit, and the start leaves the rack usable beside this window.
-        program.disableRack();
-        program.FormD1a->left = left;
-        program.FormD1a->top = top;
-        program.FormD1a->show();
-        hide();
-    };
+    SSCommand2.onClick = [this] { openBandwidth(); };
     bindHandle(SSPanel1.onMouseDown, SSPanel1.onMouseMove, {this});
 }
 
 void Form_D1::onLoad() {
-    unit_ = Unit::Returned;
+    running_ = false;
     awaitsRack_ = false;
     language = panelLanguage(program.desktop.userLanguageId());
     placeBesideRack(*this, program);
@@ -49,7 +36,7 @@ void Form_D1::onLoad() {
 }
 
 void Form_D1::showStored() {
-    const double frequency = program.Form_B->TunedFreq;
+    const double frequency = program.tuner->TunedFreq;
     const auto stored = ChannelSpectrum::read(program.files, frequency);
     if (!stored || stored->points == 0) {
         channelGraph(Picture1.drawing, kUsualColumns, kUsualStepKhz).GraphInit();
@@ -105,18 +92,29 @@ void Form_D1::printRow(int i, float x, std::string_view text) {
     Picture2.drawing.print(text);
 }
 
+void Form_D1::openBandwidth() {
+    // It halts the unit, and the start leaves the rack usable beside this window.
+    program.disableRack();
+    lease.letGo();
+    program.FormD1a->left = left;
+    program.FormD1a->top = top;
+    program.FormD1a->show();
+    hide();
+}
+
 void Form_D1::tellRefused(float tenths) {
     Refused.caption = refusedRun(language, tenths);
 }
 
 void Form_D1::beginRun() {
     Refused.caption = "";
-    Command3D2.caption = kLocked;
+    running_ = true;
+    Command3D2.caption = "Wait";
 }
 
-void Form_D1::endRun(Unit unit) {
-    unit_ = unit;
-    Command3D2.caption = unit == Unit::Returned ? "Ok" : "&Cancel";
+void Form_D1::endRun(RunEnd end) {
+    running_ = false;
+    Command3D2.caption = end == RunEnd::Whole ? "Ok" : "&Cancel";
 }
 
 void Form_D1::rackStands() {
@@ -126,13 +124,8 @@ void Form_D1::rackStands() {
     if (hidesNothingOfTheRack(*this, program)) show();
 }
 
-void Form_D1::close() {
-    if (unit_ == Unit::Idle) {
-        program.Form_B->GuardoModo_LR();
-        program.Form_B->cambfre();
-    }
-    program.enableRack();
-    unload();
+void Form_D1::onUnload() {
+    lease.close(UnitLease::Back::LeftRight);
 }
 
 }  // namespace hmonitor

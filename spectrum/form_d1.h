@@ -3,6 +3,7 @@
 
 #include "core/int16.h"
 #include "core/program_form.h"
+#include "program/unit_lease.h"
 
 namespace hmonitor {
 
@@ -17,13 +18,14 @@ class Form_D1 final : public ProgramForm {
     /// Prints the value of row i (from 1), dB without sign.
     void printValue(int i, std::string_view value);
 
-    /// How a run left the unit.
-    enum class Unit { Returned, Idle };
-    /// A run locks the window open until it ends.
+    /// A run locks the window open until it ends, whole or broken off.
     void beginRun();
-    void endRun(Unit unit);
+    enum class RunEnd { Whole, Broken };
+    void endRun(RunEnd end);
     /// In one line: at which frequency, in units of 100 kHz, the unit refused to go on.
     void tellRefused(float tenths);
+    /// Of the runs that are shown here. A run that broke off leaves it to the window's close.
+    UnitLease lease{program, *this};
 
     /// The run of the start has something to show: the window comes up when the rack stands.
     void awaitRack() { awaitsRack_ = true; }
@@ -51,13 +53,14 @@ class Form_D1 final : public ProgramForm {
  protected:
     void layOut() override;
     void onLoad() override;
+    void onUnload() override;
 
  private:
     void showStored();
     void printRow(int i, float x, std::string_view text);
-    void close();
+    void openBandwidth();
 
-    Unit unit_ = Unit::Returned;
+    bool running_ = false;
     bool awaitsRack_ = false;
 };
 

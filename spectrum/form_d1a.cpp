@@ -6,8 +6,8 @@
 #include "core/language.h"
 #include "core/numbers.h"
 #include "core/refused_run.h"
-#include "core/run_guard.h"
-#include "panels/audio/form_b.h"
+#include "program/tuner.h"
+#include "program/unit_generation.h"
 #include "spectrum/percent_of_db.h"
 #include "spectrum/rack_place.h"
 
@@ -23,15 +23,25 @@ constexpr std::size_t kMeasured = 6;
 /// 25 kHz in units of 100 kHz.
 constexpr double kPitch = 0.25;
 
+/// The level of the carrier itself.
+struct Reference final : LevelSink {
+    explicit Reference(double carrier) : carrier_(static_cast<float>(carrier)) {}
+    int first() const override { return 0; }
+    int last() const override { return 0; }
+    float frequency(int) const override { return carrier_; }
+    void take(int, float measured) override { level = measured; }
+    float level = 0;
+
+ private:
+    float carrier_;
+};
+
 }  // namespace
 
 FormD1a::FormD1a(Program& itsProgram) : ProgramForm(itsProgram, "FormD1a") {
     Command3D1.onClick = [this] { runOrStop(); };
     Command3D2.onClick = [this] {
-        if (Command3D2.caption == "Working") return;
-        program.Form_B->cambfre();
-        program.enableRack();
-        unload();
+        if (run_ == Run::None) unload();
     };
     Command1.onClick = [this] { drawTestPattern(); };
     SSCommand1.onClick = [] {};  // the printed page has no window yet
@@ -44,32 +54,34 @@ void FormD1a::onLoad() {
     Levels = {};
     SampleCount = 0;
     FrameBusy = 0;
+    run_ = Run::None;
     rampFrom_ = 0;
     language = panelLanguage(program.desktop.userLanguageId());
     placeOverRack(*this, program);
     takeGeometry();
     GraphClean();
     GraphRepaint();
+    lease_.take();
     driver.HM_Parar();
     driver.HM_getHardwareVersion(HardwareVersion);
+}
+
+void FormD1a::onUnload() {
+    lease_.close(UnitLease::Back::AsStored);
 }
 
 void FormD1a::closeRequested() {
     if (Command3D2.enabled) Command3D2.press();
 }
 
-bool FormD1a::givesFrames() const {
-    return HardwareVersion >= 1.7f && HardwareVersion < 2.0f;
-}
-
 void FormD1a::runOrStop() {
     if (inDemoMode()) return;
     const float carrier = driver.HM_Data().output(14);
     driver.HM_Parar();
-    if (Command3D1.caption == kRun) {
-        if (Command3D2.enabled) start(carrier);
-    } else if (Command3D1.caption == kStop) {
+    if (run_ == Run::Going) {
         stop();
+    } else if (run_ == Run::None && !points_.running()) {
+        start(carrier);
     }
 }
 
@@ -77,51 +89,48 @@ void FormD1a::start(float carrier) {
     program.disableRack();
     Refused.caption = "";
     SampleCount = 0;
+    run_ = Run::Going;
     Command3D1.caption = kStop;
     Command3D2.enabled = false;
     std::fill_n(PeakPercent.begin() + 1, kMeasured, 0.f);
     Levels[0] = 0;
     announceStart();
-    program.Form_B->GuardoModo_LR();
-    program.Form_B->cambfre();
+    lease_.tuneFor(AudioMode::LeftRight);
     driver.HM_Parar();
-    frequency_ = program.Form_B->TunedFreq;
-    if (!takeReference(carrier)) return;
-    startSampling();
+    if (takeReference(carrier)) startSampling();
 }
 
 /// Answers false when the run ended meanwhile.
 bool FormD1a::takeReference(float carrier) {
     Levels[0] = carrier;
-    if (!givesFrames()) return true;
-    RunGuard guard(program, {&Command3D1}, {this});
-    float measured = 0;
-    const bool failed = driver.HM_Super(static_cast<float>(frequency_), measured) != 0;
+    if (!givesFrames(HardwareVersion)) return true;
+    Reference reference(lease_.frequency());
+    const PointRun::End end = points_.measure(reference);
     // While the level was measured the user may have pressed Stop.
-    if (Command3D1.caption != kStop) return false;
-    if (failed) {
-        Refused.caption = refusedRun(language, static_cast<float>(frequency_));
+    if (run_ != Run::Going) return false;
+    if (end != PointRun::End::Done) {
+        refused(0);
         stop();
         return false;
     }
-    Levels[0] = measured > carrier - 1.0f ? measured : carrier - 10.0f;
+    Levels[0] = reference.level > carrier - 1.0f ? reference.level : carrier - 10.0f;
     return true;
 }
 
 void FormD1a::startSampling() {
-    if (givesFrames()) {
-        driver.HM_StartEspectro(static_cast<float>(frequency_ + kPitch),
-                                static_cast<float>(frequency_ + kMeasured * kPitch), 0);
+    if (givesFrames(HardwareVersion)) {
         Timer1.interval = milliseconds(50);
+        frames_.start(frequency(1), frequency(kMeasured), 0);
     } else {
         Timer1.interval = milliseconds(200);
+        Timer1.enabled = true;
     }
-    Timer1.enabled = true;
 }
 
 void FormD1a::stop() {
+    run_ = Run::Stopped;
     Command3D1.caption = kRun;
-    Timer1.enabled = false;
+    frames_.stop();
     Picture1.drawing.foreground = display::kBlack;
     printAt(2700, 20, SmallText("Stop Time: ").append(timeOfDay()));
     // A tick in work still measures: it gives the unit back at its end.
@@ -129,36 +138,63 @@ void FormD1a::stop() {
 }
 
 void FormD1a::giveUnitBack() {
-    program.Form_B->cambfre();
+    run_ = Run::None;
+    program.tuner->retune();
     Command3D2.enabled = true;
 }
 
 void FormD1a::tick() {
-    if (FrameBusy == -1) return;
-    if (driver.HM_TramaEspectroRecibida() == 0 && givesFrames()) return;
+    if (givesFrames(HardwareVersion)) {
+        frames_.look();
+        return;
+    }
+    if (points_.running()) return;
+    // A unit of points is asked too, and measured whatever it says.
+    driver.HM_TramaEspectroRecibida();
+    roundBegins();
+    if (points_.measure(*this) == PointRun::End::Done) {
+        roundEnds();
+    } else {
+        if (run_ == Run::Going) stop();
+        endSample();
+    }
+}
+
+int FormD1a::last() const {
+    return static_cast<int>(kMeasured);
+}
+
+float FormD1a::frequency(int index) const {
+    return static_cast<float>(lease_.frequency() + index * kPitch);
+}
+
+void FormD1a::roundBegins() {
     ++SampleCount;
     FrameBusy = -1;
     GraficoMuestras(SampleCount);
-    const Taken taken = takeLevels();
-    const bool grown = taken == Taken::All && holdPeaks();
-    if (taken == Taken::UnitFailed && Timer1.enabled) stop();
-    FrameBusy = 0;
-    if (!Timer1.enabled) giveUnitBack();
+}
+
+float FormD1a::before(int index, float) {
+    return Levels[static_cast<std::size_t>(index)];
+}
+
+void FormD1a::take(int index, float level) {
+    Levels[static_cast<std::size_t>(index)] = level;
+}
+
+void FormD1a::refused(int index) {
+    Refused.caption = refusedRun(language, frequency(index));
+}
+
+void FormD1a::roundEnds() {
+    const bool grown = holdPeaks();
+    endSample();
     if (grown) drawCurve();
 }
 
-FormD1a::Taken FormD1a::takeLevels() {
-    RunGuard guard(program, {&Command3D1}, {this});
-    for (std::size_t i = 1; i <= kMeasured; ++i) {
-        const auto f = static_cast<float>(frequency_ + static_cast<double>(i) * kPitch);
-        if (givesFrames()) {
-            driver.HM_GetEspectro(f, Levels[i]);
-        } else if (driver.HM_Super(f, Levels[i]) != 0) {
-            Refused.caption = refusedRun(language, f);
-            return Taken::UnitFailed;
-        }
-    }
-    return Taken::All;
+void FormD1a::endSample() {
+    FrameBusy = 0;
+    if (run_ == Run::Stopped) giveUnitBack();
 }
 
 bool FormD1a::holdPeaks() {

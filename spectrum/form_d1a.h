@@ -5,13 +5,15 @@
 
 #include "core/int16.h"
 #include "core/program_form.h"
+#include "program/frame_run.h"
+#include "program/point_run.h"
 #include "spectrum/bandwidth_curve.h"
 
 namespace hmonitor {
 
 /// How wide the station's modulation reaches: the strongest levels seen at six frequencies up to
 /// 150 kHz above the carrier, as a curve in percent of the carrier.
-class FormD1a final : public ProgramForm {
+class FormD1a final : public ProgramForm, private LevelSink {
  public:
     explicit FormD1a(Program& program);
 
@@ -24,7 +26,6 @@ class FormD1a final : public ProgramForm {
     /// top: the caller's variable is rewritten.
     void GraphLine(Int16 x, float& y);
 
-    bool running() const { return Timer1.enabled; }
     void closeRequested() override;
 
     display::Panel Faceplate{*this, "Faceplate"};
@@ -50,11 +51,12 @@ class FormD1a final : public ProgramForm {
  protected:
     void layOut() override;
     void onLoad() override;
+    void onUnload() override;
 
  private:
-    enum class Taken { All, UnitFailed };
+    /// Stopped: a tick in work still measures, and gives the unit back at its end.
+    enum class Run { None, Going, Stopped };
 
-    bool givesFrames() const;
     void takeGeometry();
     void runOrStop();
     void start(float carrier);
@@ -64,7 +66,16 @@ class FormD1a final : public ProgramForm {
     void stop();
     void giveUnitBack();
     void tick();
-    Taken takeLevels();
+    // A sample: the levels at 25 ... 150 kHz above the carrier, out of a frame or one by one.
+    int first() const override { return 1; }
+    int last() const override;
+    float frequency(int index) const override;
+    void roundBegins() override;
+    float before(int index, float lastLevel) override;
+    void take(int index, float level) override;
+    void refused(int index) override;
+    void roundEnds() override;
+    void endSample();
     bool holdPeaks();
     void drawCurve();
     void drawTestPattern();
@@ -80,7 +91,10 @@ class FormD1a final : public ProgramForm {
     int LastX = 0;
     int LastY = 0;
     float rampFrom_ = 0;
-    double frequency_ = 0;  ///< of the run, 100 kHz units
+    Run run_ = Run::None;
+    UnitLease lease_{program, *this};
+    PointRun points_{program, lease_, {&Command3D1}};
+    FrameRun frames_{program, Timer1, *this};
 };
 
 }  // namespace hmonitor

@@ -3,16 +3,46 @@
 
 #include "core/language.h"
 #include "core/numbers.h"
-#include "core/run_guard.h"
 #include "core/taken_for_granted.h"
-#include "panels/audio/form_b.h"
+#include "program/point_run.h"
 #include "spectrum/channel_graph.h"
 #include "spectrum/form_d1.h"
-#include "spectrum/form_d1a.h"
 #include "spectrum/rack_place.h"
 #include "spectrum/span_choice.h"
 
 namespace hmonitor {
+
+namespace {
+
+/// The points of a channel spectrum, drawn and printed as they come.
+class ChannelLevels final : public LevelSink {
+ public:
+    ChannelLevels(const ChannelSweep& sweep, float carrier, Form_D1& shown, Class1& graph,
+                  ChannelSpectrum& spectrum)
+        : sweep_(sweep), carrier_(carrier), shown_(shown), graph_(graph), spectrum_(spectrum) {}
+
+    int first() const override { return 1; }
+    int last() const override { return spectrum_.points; }
+    float frequency(int index) const override { return sweep_.frequency(index); }
+    void take(int index, float level) override {
+        // The carrier is what the others are compared with: it is not measured again.
+        Int16 below = sweep_.isCentre(index) ? Int16(0) : dbAgainstCarrier(level, carrier_);
+        graph_.GraphLine(index, below);
+        const SmallText value = shortText(int{below});
+        shown_.printValue(index, value);
+        spectrum_.values.push_back(value);
+    }
+    void refused(int index) override { shown_.tellRefused(frequency(index)); }
+
+ private:
+    const ChannelSweep& sweep_;
+    float carrier_;
+    Form_D1& shown_;
+    Class1& graph_;
+    ChannelSpectrum& spectrum_;
+};
+
+}  // namespace
 
 Form_NewSpectro::Form_NewSpectro(Program& itsProgram) : ProgramForm(itsProgram, "Form_NewSpectro") {
     Combo1.onClick = [this] { takeSpan(); };
@@ -39,21 +69,20 @@ void Form_NewSpectro::takeSpan() {
 
 void Form_NewSpectro::run() {
     if (inDemoMode()) return;
-    // The unit can do one thing at a time.
-    if (program.FormD1a.filled() && program.FormD1a.peek().running()) return;
-
-    RunGuard guard(program, {&program.Form_D1.peek().Command3D2}, {&program.Form_D1.peek()});
+    UnitLease& lease = program.Form_D1.peek().lease;
+    if (!lease.take()) return;
     const float carrier = driver.HM_Data().output(14);
     driver.HM_Parar();
     driver.HM_getHardwareVersion(program.words.gHardwareVersion);
-    program.Form_B->GuardoModo_LR();
-    program.Form_B->cambfre();
+    lease.tuneFor(AudioMode::LeftRight);
 
     // A step under 1 kHz is none: the graph and its labels count in whole kHz.
     const double step = valueOf(Text_Step.text);
-    if (step < 1) return;
-    const ChannelSweep sweep{program.Form_B->TunedFreq, valueOf(SpanKHz), step};
-    measure(sweep, carrier);
+    if (step < 1) {
+        lease.letGo();
+        return;
+    }
+    measure({lease.frequency(), valueOf(SpanKHz), step}, carrier);
     unload();
 }
 
@@ -71,34 +100,18 @@ void Form_NewSpectro::measure(const ChannelSweep& sweep, float carrier) {
     if (asked) shown.show();
     hide();
     shown.beginRun();
-    if (measurePoints(sweep, carrier, graph, spectrum)) {
+    ChannelLevels levels(sweep, carrier, shown, graph, spectrum);
+    PointRun points(program, shown.lease, {&shown.Command3D2});
+    // A unit that fails ends the run, and the spectrum that was stored stays.
+    if (points.measure(levels, carrier) == PointRun::End::Done) {
         tellFault(program.desktop, spectrum.write(program.files, sweep.carrier));
-        program.Form_B->cambfre();
-        shown.endRun(Form_D1::Unit::Returned);
+        shown.lease.giveBack(UnitLease::Back::AsStored);
+        shown.endRun(Form_D1::RunEnd::Whole);
     } else {
-        shown.endRun(Form_D1::Unit::Idle);
+        shown.endRun(Form_D1::RunEnd::Broken);
     }
     // Without a carrier each point would be as strong as it: a wall of 0 dB.
     if (!asked && carrier != 0) shown.awaitRack();
-}
-
-bool Form_NewSpectro::measurePoints(const ChannelSweep& sweep, float carrier, Class1& graph,
-                                    ChannelSpectrum& spectrum) {
-    float level = carrier;
-    for (int i = 1; i <= spectrum.points; ++i) {
-        // A unit that fails ends the run, and the spectrum that was stored stays.
-        if (driver.HM_Super(sweep.frequency(i), level) != 0) {
-            program.Form_D1->tellRefused(sweep.frequency(i));
-            return false;
-        }
-        // The carrier is what the others are compared with: it is not measured again.
-        Int16 below = sweep.isCentre(i) ? Int16(0) : dbAgainstCarrier(level, carrier);
-        graph.GraphLine(i, below);
-        const SmallText value = shortText(int{below});
-        program.Form_D1->printValue(i, value);
-        spectrum.values.push_back(value);
-    }
-    return true;
 }
 
 }  // namespace hmonitor

@@ -7,8 +7,6 @@
 
 namespace hmonitor {
 
-class Class1;
-
 /// Asks for the span of a channel spectrum and measures it point by point. Form_D1 shows the
 /// points as they come.
 class Form_NewSpectro final : public ProgramForm {
@@ -40,8 +38,6 @@ class Form_NewSpectro final : public ProgramForm {
     void takeSpan();
     void run();
     void measure(const ChannelSweep& sweep, float carrier);
-    bool measurePoints(const ChannelSweep& sweep, float carrier, Class1& graph,
-                       ChannelSpectrum& spectrum);
 };
 
 }  // namespace hmonitor

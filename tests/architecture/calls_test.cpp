@@ -45,15 +45,24 @@ TEST(Calls, TheTunerModeIsSetByTheLoadOfTheFirstPanelAlone) {
     EXPECT_THAT(filesWith({"HM_setSintoMode("}), ElementsAre("panels/modulation/form1.cpp"));
 }
 
-TEST(Calls, TuningGoesThroughTheAudioPanelAlone) {
-    EXPECT_THAT(filesWith({"HM_Normal("}), ElementsAre("panels/audio/form_b_tuning.cpp"));
+TEST(Calls, TuningGoesThroughTheTunerAlone) {
+    EXPECT_THAT(filesWith({"HM_Normal("}), ElementsAre("program/tuner.cpp"));
+}
+
+TEST(Calls, TheUnitsPointsAreMeasuredByARunAlone) {
+    EXPECT_THAT(filesWith({"HM_Super("}), ElementsAre("program/point_run.cpp"));
+}
+
+TEST(Calls, TheUnitsFramesAreAskedForByARunAlone) {
+    EXPECT_THAT(filesWith({"HM_StartEspectro(", "HM_GetEspectro("}),
+                ElementsAre("program/frame_run.cpp"));
 }
 
 TEST(Calls, ThePanelSettingsAreWrittenByTheKeysThatStoreThemAlone) {
     // Power and detector keys; audio mode; the arming of a response; the options of the editor.
     EXPECT_THAT(filesWith({"rewritePanelLine(", ".with(PanelLine::"}),
-                ElementsAre("analyses/form_d_response.cpp", "panels/audio/form_b.cpp",
-                            "panels/modulation/form1_keys.cpp", "tuner/set_memories_store.cpp"));
+                ElementsAre("panels/modulation/form1_keys.cpp", "program/tuner.cpp",
+                            "tuner/set_memories_store.cpp"));
 }
 
 }  // namespace

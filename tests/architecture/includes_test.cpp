@@ -31,9 +31,12 @@ std::set<std::string> allowed(const SourceFile& file) {
     if (room == "display/qt") return {"display", "display/qt"};
     // The driver's C interface is all that the program knows of a library.
     if (room == "core") return {"core", "display", "drivers"};
-    if (room == "forms") return {"forms", "core", "display"};
+    // What every form shares knows no form.
+    if (room == "program") return {"program", "core", "display"};
+    if (room == "forms") return {"forms", "program", "core", "display"};
     if (room == "drivers") return {"drivers"};
-    return {"app", "forms", "core", "display", "display/qt", "drivers", "tests", "bench"};
+    return {"app",        "forms",   "program", "core", "display",
+            "display/qt", "drivers", "tests",   "bench"};
 }
 
 struct Include {
@@ -85,7 +88,7 @@ TEST(Includes, FollowTheArrows) {
 TEST(Includes, OfDriversFromTheProgramAreTheCInterfaceAlone) {
     for (const SourceFile& file : sourceFiles()) {
         const std::string room = roomOf(file.path);
-        if (room != "core" && room != "forms" && room != "display") continue;
+        if (room != "core" && room != "program" && room != "forms" && room != "display") continue;
         for (const Include& include : includesOf(file)) {
             if (!include.target.starts_with("drivers/")) continue;
             // The loader belongs to the program's side of that interface.
@@ -122,6 +125,22 @@ TEST(Includes, OfFormHeadersReachOwnFolderCoreAndDisplayOnly) {
     }
 }
 
+TEST(Includes, OfTheAnalysesAndTheSpectrumReachNoPanel) {
+    std::size_t seen = 0;
+    for (const SourceFile& file : sourceFiles()) {
+        const bool analysis = file.isUnder("spectrum") || file.isUnder("analyses") ||
+                              file.isUnder("performance");
+        if (!analysis) continue;
+        for (const Include& include : includesOf(file)) {
+            ++seen;
+            EXPECT_FALSE(include.target.starts_with("panels/"))
+                << file.at(include.line)
+                << ": what an analysis needs of a tuning it asks of program/";
+        }
+    }
+    EXPECT_GT(seen, 100u);
+}
+
 TEST(Includes, AreWrittenFromTheTopOfTheTree) {
     for (const SourceFile& file : sourceFiles()) {
         if (file.path.ends_with(".c")) continue;
@@ -140,6 +159,8 @@ TEST(Includes, TheRoomsAreToldApart) {
     EXPECT_FALSE(isQt("queue"));
     EXPECT_FALSE(allowed({"display/form.h", {}}).contains("core"));
     EXPECT_FALSE(allowed({"core/files.cpp", {}}).contains("forms"));
+    EXPECT_FALSE(allowed({"core/files.cpp", {}}).contains("program"));
+    EXPECT_FALSE(allowed({"program/tuner.cpp", {}}).contains("forms"));
     EXPECT_FALSE(allowed({"drivers/unit/unit.h", {}}).contains("core"));
 }
 
