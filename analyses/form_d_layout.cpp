@@ -9,7 +9,7 @@ using display::Surface;
 
 namespace {
 
-constexpr float kHeight = 1340;
+constexpr float kPanelHeight = 1340;
 constexpr float kKeyWidth = 640;
 constexpr float kKeyHeight = 290;
 constexpr float kFirstKey = 200;
@@ -21,9 +21,9 @@ constexpr float kSecondColumn = 2950;
 
 void Form_D::layOut() {
     width = look::kRackWidth;
-    height = kHeight;
+    height = kPanelHeight;
     caption = "HMonitor";
-    place(Faceplate, {0, 0, look::kRackWidth, kHeight}).surface = Surface::Faceplate;
+    place(Faceplate, {0, 0, look::kRackWidth, kPanelHeight}).surface = Surface::Faceplate;
     place(Heading, {8640, 60, 3000, 150}).caption = "ANALISIS";
     Heading.font = look::kHeading;
     Heading.colour = look::kCaptionColour;

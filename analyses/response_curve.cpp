@@ -30,11 +30,11 @@ constexpr std::array<const char*, ResponseCurve::kTones> kEmptyLabels = {"30", "
 constexpr display::Words kNotMeasured{"sin medir", "not measured"};
 
 /// The chart's value of 0 dB.
-constexpr double kZeroDb = 15;
+constexpr double kZeroDbRow = 15;
 
 SmallText dataOf(std::int32_t tenthsOfDb) {
     // In tenths up to the last step: the sum of two rounded figures would show its error as text.
-    return shortText((tenthsOfDb + 10 * kZeroDb) / 10);
+    return shortText((tenthsOfDb + 10 * kZeroDbRow) / 10);
 }
 
 }  // namespace
@@ -82,7 +82,7 @@ void ResponseCurve::show(display::Chart& chart) const {
 std::string ResponseCurve::tell(const display::Chart& chart, int row) {
     const std::string tone = std::string(chart.rowLabelAt(row)) + " Hz: ";
     if (!chart.note.empty()) return tone + std::string(chart.note.get());
-    const double level = valueOf(chart.dataAt(row, 1)) - kZeroDb;
+    const double level = valueOf(chart.dataAt(row, 1)) - kZeroDbRow;
     return tone + mask("0.0", level).str() + " dB";
 }
 

@@ -121,6 +121,7 @@ HM16_EXPORT int32_t HM16_CALL HM_setClient(int32_t client);
 
 /* Copies the eight results of the last frequency response run, in any order: frequency in Hz (0: no
  * result) and level in tenths of dB. Legal in mode idle. */
+/* clang-format off */
 HM16_EXPORT int32_t HM16_CALL HM_RespFrecuencia(int32_t* frequency1, int32_t* level1,
                                                 int32_t* frequency2, int32_t* level2,
                                                 int32_t* frequency3, int32_t* level3,
@@ -129,6 +130,7 @@ HM16_EXPORT int32_t HM16_CALL HM_RespFrecuencia(int32_t* frequency1, int32_t* le
                                                 int32_t* frequency6, int32_t* level6,
                                                 int32_t* frequency7, int32_t* level7,
                                                 int32_t* frequency8, int32_t* level8);
+/* clang-format on */
 
 /* Called once after HM_Init, with 0. */
 HM16_EXPORT int32_t HM16_CALL HM_setSintoMode(int32_t mode);

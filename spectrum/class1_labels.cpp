@@ -6,7 +6,7 @@ namespace hmonitor {
 
 namespace {
 
-constexpr float kCoarse = 17.f;
+constexpr float kCoarseUnit = 17.f;
 constexpr int kRowsPerLabel = 10;
 
 }  // namespace
@@ -83,12 +83,12 @@ void Class1::labelSmallBand() {
     const float height = Canvas->scaleHeight();
     Canvas->fontName = "MS Sans Serif";
     Canvas->fontPoints = 8.25f;
-    labelBandLevels(7, 100 / kCoarse);
+    labelBandLevels(7, 100 / kCoarseUnit);
     drawUprights(static_cast<float>(TopMargin) - 3, height - static_cast<float>(BottomMargin) + 12,
                  Canvas->scaleWidth() - 5);
     Canvas->bold = true;
-    printAt(8800 / kCoarse, height - 15, "MHz");
-    printAt(40 / kCoarse, 80 / kCoarse, "dB/uV");
+    printAt(8800 / kCoarseUnit, height - 15, "MHz");
+    printAt(40 / kCoarseUnit, 80 / kCoarseUnit, "dB/uV");
     Canvas->bold = false;
     Canvas->fontName = "MS Serif";
     Canvas->fontPoints = 7;

@@ -11,11 +11,11 @@ using display::Surface;
 namespace {
 
 constexpr float kWidth = 2900;
-constexpr float kHeight = 4360;
-constexpr float kLeft = 240;
-constexpr float kGap = 110;
-constexpr float kKeyWidth = (kWidth - 2 * kLeft - 2 * kGap) / 3;
-constexpr float kKeyHeight = 460;
+constexpr float kKeypadHeight = 4360;
+constexpr float kKeypadLeft = 240;
+constexpr float kKeypadGap = 110;
+constexpr float kKeyWidth = (kWidth - 2 * kKeypadLeft - 2 * kKeypadGap) / 3;
+constexpr float kKeypadKeyHeight = 460;
 
 /// What the screen reader says of the digit keys.
 constexpr const char* kFigures[] = {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9"};
@@ -24,22 +24,23 @@ constexpr display::Words kDigitTip = {"Añade esta cifra", "Appends this digit"}
 
 /// The box of the key in a row and column of the pad, both from 0.
 display::Box padBox(int row, int column) {
-    return {kLeft + static_cast<float>(column) * (kKeyWidth + kGap),
-            1300 + static_cast<float>(row) * (kKeyHeight + kGap), kKeyWidth, kKeyHeight};
+    return {kKeypadLeft + static_cast<float>(column) * (kKeyWidth + kKeypadGap),
+            1300 + static_cast<float>(row) * (kKeypadKeyHeight + kKeypadGap), kKeyWidth,
+            kKeypadKeyHeight};
 }
 
 }  // namespace
 
 void Form_bTuner::layOut() {
     width = kWidth;
-    height = kHeight;
+    height = kKeypadHeight;
     caption = "Remote Control";
-    place(Faceplate, {0, 0, kWidth, kHeight}).surface = Surface::Faceplate;
-    place(Label1, {kLeft, 200, kWidth - 2 * kLeft, 200}).caption = "Remote Control";
+    place(Faceplate, {0, 0, kWidth, kKeypadHeight}).surface = Surface::Faceplate;
+    place(Label1, {kKeypadLeft, 200, kWidth - 2 * kKeypadLeft, 200}).caption = "Remote Control";
     Label1.font = display::Font{140};
     Label1.colour = look::kCaptionColour;
-    place(EntryWell, {kLeft, 500, kWidth - 2 * kLeft, 620}).surface = Surface::Well;
-    place(Text1, {100, 90, kWidth - 2 * kLeft - 200, 440}, &EntryWell).says = {
+    place(EntryWell, {kKeypadLeft, 500, kWidth - 2 * kKeypadLeft, 620}).surface = Surface::Well;
+    place(Text1, {100, 90, kWidth - 2 * kKeypadLeft - 200, 440}, &EntryWell).says = {
         "Frecuencia sin punto, en décimas de MHz", "Frequency without point, tenths of MHz"};
     Text1.tip = {"981 es 98.1 MHz, 9815 es 98.15 MHz. Enter sintoniza",
                  "981 is 98.1 MHz, 9815 is 98.15 MHz. Enter tunes"};
@@ -67,7 +68,8 @@ void Form_bTuner::layOut() {
     SSCommand10.says = {"Sintonizar", "Tune"};
     SSCommand10.tip = {"Sintoniza la frecuencia", "Tunes the frequency"};
     SSCommand10.isDefault = true;
-    place(SSCommand12, {kLeft, 3660, kWidth - 2 * kLeft, kKeyHeight}).caption = "Close";
+    place(SSCommand12, {kKeypadLeft, 3660, kWidth - 2 * kKeypadLeft, kKeypadKeyHeight}).caption =
+        "Close";
     SSCommand12.says = {"Cerrar", "Close"};
     SSCommand12.tip = {"Cierra el teclado", "Closes the keypad"};
     SSCommand12.isCancel = true;

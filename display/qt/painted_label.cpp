@@ -11,7 +11,7 @@ namespace display::qt {
 
 namespace {
 
-constexpr qreal kTwipsPerPixel = 10;
+constexpr qreal kTwipsPerPoint = 10;
 constexpr qreal kPlateEdge = 120;  ///< twips
 
 class PaintedLabel final : public Painted {
@@ -20,7 +20,7 @@ class PaintedLabel final : public Painted {
 
     void prepare(const Scale& scale) override {
         box_ = scale.snapped(label_.boxOnForm());
-        unit_ = scale.px(kTwipsPerPixel);
+        unit_ = scale.px(kTwipsPerPoint);
         colour_ = qColour(label_.colour);
         const display::Font& wanted = label_.font;
         if (!(wanted == fontOf_) || height_ != scale.px(wanted.size)) {

@@ -12,7 +12,7 @@ namespace hm16::simulated {
 
 namespace {
 
-enum Figure : unsigned {
+enum FigureStream : unsigned {
     kPilotError = 16,
     kPilotLevel,
     kNoiseLeft,
@@ -52,7 +52,7 @@ double peaksOf(const Station& station, double wander) {
 }
 
 Readings onStation(const Station& station, std::uint64_t seed, const Tuning& tuning, double time) {
-    const auto wander = [&](Figure figure, double period) {
+    const auto wander = [&](FigureStream figure, double period) {
         return Chance(seed, streamOf(station, figure)).wander(time, period);
     };
     const Programme programme = programmeAt(station, seed, time);

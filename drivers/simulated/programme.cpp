@@ -10,7 +10,16 @@ namespace hm16::simulated {
 
 namespace {
 
-enum Figure : unsigned { kSwell, kBeat, kGrain, kPause, kBalance, kSpread, kPeak, kDensity };
+enum ProgrammeStream : unsigned {
+    kSwell,
+    kBeat,
+    kGrain,
+    kPause,
+    kBalance,
+    kSpread,
+    kPeak,
+    kDensity
+};
 
 double toAmplitude(double decibels) {
     return std::pow(10.0, decibels / 20);
@@ -18,7 +27,9 @@ double toAmplitude(double decibels) {
 
 // Level of the louder channel in dB.
 double loudness(const Station& station, std::uint64_t seed, double time) {
-    const auto chance = [&](Figure figure) { return Chance(seed, streamOf(station, figure)); };
+    const auto chance = [&](ProgrammeStream figure) {
+        return Chance(seed, streamOf(station, figure));
+    };
     const double grain = chance(kGrain).wander(time, 0.07);
     switch (station.sound) {
         case Sound::Speech: {
@@ -62,7 +73,9 @@ std::uint64_t streamOf(const Station& station, unsigned figure) {
 }
 
 Programme programmeAt(const Station& station, std::uint64_t seed, double time) {
-    const auto chance = [&](Figure figure) { return Chance(seed, streamOf(station, figure)); };
+    const auto chance = [&](ProgrammeStream figure) {
+        return Chance(seed, streamOf(station, figure));
+    };
     Programme programme;
     const double loud = std::clamp(loudness(station, seed, time), -58.0, 3.0);
     const double stage = station.isStereo() ? (station.sound == Sound::Speech ? 1.2 : 4.0) : 0;

@@ -20,7 +20,7 @@ constexpr int kCount = static_cast<int>(kTones.size());
 // The unit keeps results by the slot of its tone detector: the middle of the band first.
 constexpr std::array kOrder = {3, 4, 2, 5, 1, 6, 0, 7};
 
-enum Figure : unsigned { kBass = 40, kTreble, kRipple };
+enum ToneStream : unsigned { kBass = 40, kTreble, kRipple };
 
 }  // namespace
 

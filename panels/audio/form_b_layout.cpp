@@ -20,7 +20,7 @@ using display::Surface;
 namespace {
 
 constexpr float kHeight = 2360;
-constexpr Colour kBarDark{0x404040};
+constexpr Colour kDarkBar{0x404040};
 constexpr Colour kNeedle{0x0000ff};
 
 /// Twips for one unit of each dial.
@@ -79,7 +79,7 @@ void Form_B::layOutLevels() {
             Line& element = (*family)[static_cast<std::size_t>(i)];
             place(element, 5, upper, 5, upper + 165, &LevelBars);
             element.thickness = 2.2f;
-            element.colour = kBarDark;
+            element.colour = kDarkBar;
             element.visible = i == 0;
         }
     }

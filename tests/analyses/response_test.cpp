@@ -14,8 +14,8 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 
-const std::string kStored = lines({"-30", "-12", "-5", "0", "0", "1", "15", "20", "15000", "12000",
-                                   "8000", "4000", "1000", "400", "125", "30"});
+const std::string kStoredRun = lines({"-30", "-12", "-5", "0", "0", "1", "15", "20", "15000",
+                                      "12000", "8000", "4000", "1000", "400", "125", "30"});
 
 class Response : public testing::Test {
  protected:
@@ -59,13 +59,13 @@ TEST_F(Response, TuningToAStationWithoutAFileShowsTheEmptyCurve) {
 }
 
 TEST_F(Response, TuningToAStationShowsItsStoredCurve) {
-    bench.write("0981.res", kStored);
+    bench.write("0981.res", kStoredRun);
     bench.formB.cambfre();
     EXPECT_EQ(rows(), curve);
 }
 
 TEST_F(Response, AStoredFileWithoutAResultShowsTheEmptyCurve) {
-    bench.write("0981.res", kStored);
+    bench.write("0981.res", kStoredRun);
     bench.formD.respo();
     bench.write("0981.res", lines(std::vector<std::string>(16, "0")));
     bench.formD.respo();
@@ -75,10 +75,10 @@ TEST_F(Response, AStoredFileWithoutAResultShowsTheEmptyCurve) {
 TEST_F(Response, AFileCutAtAnyLineShowsThePairsThatAreWhole) {
     std::size_t end = 0;
     for (int count = 0; count <= 16; ++count) {
-        bench.write("0981.res", kStored.substr(0, end));
+        bench.write("0981.res", kStoredRun.substr(0, end));
         bench.formD.respo();
         EXPECT_EQ(rows().size(), count <= 8 ? 8u : static_cast<std::size_t>(count - 8)) << count;
-        if (count < 16) end = kStored.find('\n', end) + 1;
+        if (count < 16) end = kStoredRun.find('\n', end) + 1;
     }
     EXPECT_EQ(rows(), curve);
 }
@@ -112,7 +112,7 @@ TEST_F(Response, TurningTheSwitchOffTakesWhatWasMeasured) {
     EXPECT_EQ(bench.state.ResponseState, "no");
     EXPECT_EQ(bench.state.ResponseAuto, "");
     EXPECT_EQ(bench.read("Hm-res.dat"), lines({"0", "0", "0"}));
-    EXPECT_EQ(bench.read("0981.res"), kStored);
+    EXPECT_EQ(bench.read("0981.res"), kStoredRun);
     EXPECT_EQ(rows(), curve);
     // Tuned once by the read-out and once by the switch.
     EXPECT_THAT(bench.takeCalls(), ElementsAre("HM_Parar", "HM_RespFrecuencia", "HM_Parar",
@@ -132,7 +132,7 @@ TEST_F(Response, TheEndMarkEndsTheRun) {
     EXPECT_THAT(bench.takeCalls(), Contains("HM_RespFrecuencia"));
     EXPECT_EQ(bench.formD.Image5.picture, "OffN");
     EXPECT_EQ(bench.state.ResponseState, "no");
-    EXPECT_EQ(bench.read("0981.res"), kStored);
+    EXPECT_EQ(bench.read("0981.res"), kStoredRun);
     EXPECT_EQ(rows(), curve);
 }
 
@@ -162,12 +162,12 @@ TEST_F(Response, WhateverStandsInTheFrequencysPlaceTheFileIsNamedFromTheFrequenc
 }
 
 TEST_F(Response, AReadOutWithoutAResultLeavesAllButRetunes) {
-    bench.write("0981.res", kStored);
+    bench.write("0981.res", kStoredRun);
     bench.formD.respo();
     bench.formD.Image5.picture = "OffA";
     bench.takeCalls();
     bench.form1.respolee();
-    EXPECT_EQ(bench.read("0981.res"), kStored);
+    EXPECT_EQ(bench.read("0981.res"), kStoredRun);
     EXPECT_EQ(rows(), curve);
     EXPECT_EQ(bench.formD.Image5.picture, "OffA");
     EXPECT_THAT(bench.takeCalls(), ElementsAre("HM_Parar", "HM_RespFrecuencia", "HM_Parar",
@@ -219,7 +219,7 @@ TEST_F(Response, AResultThatCannotBeStoredIsSaidAndTheRackGoesOn) {
 }
 
 TEST_F(Response, ClosingTheWindowEnablesTheRackAndKeepsTheCurve) {
-    bench.write("0981.res", kStored);
+    bench.write("0981.res", kStoredRun);
     bench.formD.respo();
     release(bench.formD.Image3);
     ASSERT_TRUE(bench.forms.formDd3.visible);
@@ -239,7 +239,7 @@ TEST_F(Response, ThePageIsHeadedByStationFrequencyAndDate) {
 }
 
 TEST_F(Response, APageThatWasUnloadedTakesOverTheCurveAgain) {
-    bench.write("0981.res", kStored);
+    bench.write("0981.res", kStoredRun);
     bench.formD.respo();
     bench.forms.form7.unload();
     bench.program.Form7->show();

@@ -1,11 +1,15 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """A screen of its own (Xvfb and openbox), what stands on it, and the hands on it."""
 
+import fcntl
 import mmap
 import os
 import pathlib
+import shutil
+import signal
 import struct
 import subprocess
+import sys
 import tempfile
 import time
 
@@ -49,20 +53,86 @@ class FrameBuffer:
         self.file.close()
 
 
+def started(*command, **options):
+    """A process that outlives this one and holds none of its pipes."""
+    return subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                            stderr=subprocess.DEVNULL, start_new_session=True, **options).pid
+
+
+def is_running(process, name):
+    """Numbers of processes come again: the name tells whether it is still that one."""
+    try:
+        return pathlib.Path(f"/proc/{process}/comm").read_text().strip() == name
+    except FileNotFoundError:
+        return False
+
+
+def stop(process, name):
+    if is_running(process, name):
+        os.kill(process, signal.SIGTERM)
+
+
 class Screen:
+<<<<<<< HEAD
     def __init__(self, width, height, managed=True):
+=======
+    """A screen that nobody else uses. With SCREENS naming a folder it stays there, server and window
+    manager, for the next case that wants one of its size, until `screen.py end FOLDER`."""
+
+    def __init__(self, width, height):
+>>>>>>> cbad413 (Compile tests some at a time, and run the screen while the next build compiles)
         self.width, self.height = width, height
-        self.buffers = tempfile.TemporaryDirectory(prefix="screen-")
+        self.shared = "SCREENS" in os.environ
+        screens = pathlib.Path(os.environ["SCREENS"] if self.shared else
+                               tempfile.mkdtemp(prefix="screen-"))
+        self.folder, self.lock = self.take(screens)
+        if not self.stands():
+            self.start()
+        self.pixels = FrameBuffer(self.folder / "Xvfb_screen0")
+
+    def take(self, screens):
+        """The first screen of this size that nobody holds."""
+        place = 0
+        while True:
+            folder = screens / f"{self.width}x{self.height}-{place}"
+            folder.mkdir(parents=True, exist_ok=True)
+            lock = open(folder / "lock", "w")
+            try:
+                fcntl.flock(lock, fcntl.LOCK_EX | fcntl.LOCK_NB)
+                return folder, lock
+            except BlockingIOError:
+                lock.close()
+                place += 1
+
+    def stands(self):
+        """There is a server with a window manager, and nothing on it that a case left."""
+        try:
+            display, manager, server = (self.folder / "state").read_text().split()
+        except (FileNotFoundError, ValueError):
+            return False
+        self.manager, self.server = int(manager), int(server)
+        self.set_display(display)
+        if is_running(self.manager, "openbox") and is_running(self.server, "Xvfb") and \
+                not self.ask("wmctrl", "-l").strip():
+            return True
+        self.end()
+        return False
+
+    def set_display(self, display):
+        self.environment = dict(os.environ, DISPLAY=display)
+        self.environment.pop("WAYLAND_DISPLAY", None)
+
+    def start(self):
         reading, writing = os.pipe()
-        self.server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{width}x{height}x24",
-             "-fbdir", self.buffers.name, "-nolisten", "tcp", "-noreset"],
-            pass_fds=[writing], stderr=subprocess.DEVNULL)
+        self.server = started("Xvfb", "-displayfd", str(writing), "-screen", "0",
+                              f"{self.width}x{self.height}x24", "-fbdir", str(self.folder),
+                              "-nolisten", "tcp", "-noreset", pass_fds=[writing])
         os.close(writing)
         with os.fdopen(reading) as answer:
             number = answer.readline().strip()
         if not number:
             raise AssertionError("Xvfb did not start")
+<<<<<<< HEAD
         self.environment = dict(os.environ, DISPLAY=":" + number)
         self.environment.pop("WAYLAND_DISPLAY", None)
         self.pixels = FrameBuffer(pathlib.Path(self.buffers.name) / "Xvfb_screen0")
@@ -71,16 +141,37 @@ class Screen:
             return
         self.manager = subprocess.Popen(["openbox", "--sm-disable"], env=self.environment,
                                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+=======
+        self.set_display(":" + number)
+        self.manager = started("openbox", "--sm-disable", env=self.environment)
+>>>>>>> cbad413 (Compile tests some at a time, and run the screen while the next build compiles)
         wait_for(lambda: "_NET_SUPPORTING_WM_CHECK(WINDOW)" in self.ask(
             "xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "a window manager")
+        (self.folder / "state").write_text(f":{number} {self.manager} {self.server}")
 
+<<<<<<< HEAD
     def close(self):
         for process in (self.manager, self.server):
             if process:
                 process.terminate()
                 process.wait()
+=======
+    def close(self, clean):
+        """Gives the screen back; one that a failed case left is not for the next."""
+>>>>>>> cbad413 (Compile tests some at a time, and run the screen while the next build compiles)
         self.pixels.close()
-        self.buffers.cleanup()
+        if self.shared and clean:
+            self.ask("xdotool", "mousemove", "0", "0")
+        else:
+            self.end()
+        if not self.shared:
+            shutil.rmtree(self.folder.parent)
+        self.lock.close()
+
+    def end(self):
+        (self.folder / "state").unlink(missing_ok=True)
+        stop(self.manager, "openbox")
+        stop(self.server, "Xvfb")
 
     def ask(self, *command):
         try:
@@ -156,3 +247,18 @@ class Screen:
         self.ask("import", "-window", "root", str(file))
         if not file.exists() or file.stat().st_size < 1000:
             raise AssertionError(f"no picture in {file}")
+
+
+def end_all(screens):
+    """Stops what stands in a folder of screens."""
+    for state in pathlib.Path(screens).glob("*/state"):
+        _, manager, server = state.read_text().split()
+        stop(int(manager), "openbox")
+        stop(int(server), "Xvfb")
+        state.unlink()
+
+
+if __name__ == "__main__":
+    if len(sys.argv) != 3 or sys.argv[1] != "end":
+        sys.exit("usage: screen.py end FOLDER")
+    end_all(sys.argv[2])

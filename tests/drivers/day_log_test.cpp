@@ -12,7 +12,7 @@ namespace {
 
 using hmonitor::test::TempFolder;
 
-Readings onAir(float modulation) {
+Readings hourOnAir(float modulation) {
     Readings r;
     r.peakModulation = modulation;
     r.levelFirst = r.levelSecond = -6;
@@ -28,9 +28,9 @@ TEST(DayLog, WritesAnHoursLineWhenTheNextHourBegins) {
     const TempFolder folder;
     DayLog log(folder.path());
     log.tune(985, at(9, 0));
-    for (int minute = 1; minute < 60; ++minute) log.add(onAir(90), 1, 60, at(9, minute));
+    for (int minute = 1; minute < 60; ++minute) log.add(hourOnAir(90), 1, 60, at(9, minute));
     EXPECT_FALSE(folder.has("20260304.log"));
-    log.add(onAir(95), 1, 60, at(10, 0));
+    log.add(hourOnAir(95), 1, 60, at(10, 0));
     EXPECT_EQ(folder.read("20260304.log"), "9 90 -6 -6 45 1 59 0 0 0 \r\n");
 }
 
@@ -39,7 +39,7 @@ TEST(DayLog, WritesOneLineForEachHourInOrder) {
     DayLog log(folder.path());
     log.tune(985, at(8, 30));
     for (int minute = 0; minute < 150; ++minute) {
-        log.add(onAir(90), 1, 60, at(8 + (30 + minute) / 60, (30 + minute) % 60));
+        log.add(hourOnAir(90), 1, 60, at(8 + (30 + minute) / 60, (30 + minute) % 60));
     }
     log.close();
     EXPECT_EQ(folder.read("20260304.log"),
@@ -52,9 +52,9 @@ TEST(DayLog, BeginsANewFileAtMidnight) {
     const TempFolder folder;
     DayLog log(folder.path());
     log.tune(985, at(23, 58));
-    log.add(onAir(90), 1, 90, at(23, 59, 30));
-    log.add(onAir(80), 1, 60, {2026, 3, 5, 0, 0, 30});
-    log.add(onAir(80), 1, 60, {2026, 3, 5, 0, 1, 30});
+    log.add(hourOnAir(90), 1, 90, at(23, 59, 30));
+    log.add(hourOnAir(80), 1, 60, {2026, 3, 5, 0, 0, 30});
+    log.add(hourOnAir(80), 1, 60, {2026, 3, 5, 0, 1, 30});
     log.close();
     EXPECT_EQ(folder.read("20260304.log"), "23 90 -6 -6 45 1 1.5 0 0 0 \r\n");
     EXPECT_EQ(folder.read("20260305.log"), "0 80 -6 -6 45 1 2 0 0 0 \r\n");
@@ -64,10 +64,10 @@ TEST(DayLog, WritesAnUnfinishedHourWhenClosedIfAMinuteWasMeasured) {
     const TempFolder folder;
     DayLog log(folder.path());
     log.tune(985, at(9, 0));
-    log.add(onAir(90), 1, 59.9, at(9, 1));
+    log.add(hourOnAir(90), 1, 59.9, at(9, 1));
     log.close();
     EXPECT_FALSE(folder.has("20260304.log"));
-    log.add(onAir(90), 1, 60, at(9, 3));
+    log.add(hourOnAir(90), 1, 60, at(9, 3));
     log.close();
     EXPECT_EQ(folder.read("20260304.log"), "9 90 -6 -6 45 1 1 0 0 0 \r\n");
 }
@@ -76,9 +76,9 @@ TEST(DayLog, AnotherStationGetsALineOfItsOwnHour) {
     const TempFolder folder;
     DayLog log(folder.path());
     log.tune(985, at(9, 0));
-    log.add(onAir(90), 1, 120, at(9, 2));
+    log.add(hourOnAir(90), 1, 120, at(9, 2));
     log.tune(899, at(9, 2));
-    log.add(onAir(70), 1, 180, at(9, 5));
+    log.add(hourOnAir(70), 1, 180, at(9, 5));
     EXPECT_EQ(folder.read("20260304.log"), "9 90 -6 -6 45 1 2 0 0 0 \r\n");
     log.close();
     EXPECT_EQ(folder.read("20260304.log"), "9 70 -6 -6 45 1 3 0 0 0 \r\n");
@@ -88,9 +88,9 @@ TEST(DayLog, TuningTheSameStationAgainGoesOnWithTheHour) {
     const TempFolder folder;
     DayLog log(folder.path());
     log.tune(985, at(9, 0));
-    log.add(onAir(90), 1, 120, at(9, 2));
+    log.add(hourOnAir(90), 1, 120, at(9, 2));
     log.tune(985, at(9, 10));
-    log.add(onAir(70), 1, 120, at(9, 12));
+    log.add(hourOnAir(70), 1, 120, at(9, 12));
     log.close();
     EXPECT_EQ(folder.read("20260304.log"), "9 90 -6 -6 45 1 4 0 0 0 \r\n");
 }
@@ -98,8 +98,8 @@ TEST(DayLog, TuningTheSameStationAgainGoesOnWithTheHour) {
 TEST(DayLog, SaysWhatCannotBeWritten) {
     DayLog log("/no/such/folder");
     log.tune(985, at(9, 0));
-    log.add(onAir(90), 1, 120, at(9, 2));
-    EXPECT_EQ(log.add(onAir(90), 1, 1, at(10, 0)),
+    log.add(hourOnAir(90), 1, 120, at(9, 2));
+    EXPECT_EQ(log.add(hourOnAir(90), 1, 1, at(10, 0)),
               "/no/such/folder/20260304.log cannot be written: No such file or directory.");
 }
 

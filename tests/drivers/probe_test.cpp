@@ -21,23 +21,23 @@ using hmonitor::test::TempFolder;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-Parsed parse(std::initializer_list<std::string_view> words) {
+Parsed parseWords(std::initializer_list<std::string_view> words) {
     const std::vector<std::string_view> list(words);
     return parseArguments(list);
 }
 
 TEST(ProbeOptions, AFolderIsEnough) {
-    const auto parsed = parse({"lib"});
+    const auto parsed = parseWords({"lib"});
     ASSERT_TRUE(parsed.options);
     EXPECT_EQ(parsed.options->library, "lib");
     EXPECT_EQ(parsed.options->what, What::Readings);
 }
 
 TEST(ProbeOptions, TakesEveryOption) {
-    const auto parsed = parse({"lib",     "sweep",    "--frequency", "102.55", "--seconds", "1.5",
-                               "--every", "0.02",     "--from",      "88",     "--to",      "90",
-                               "--step",  "25",       "--rounds",    "3",      "--average", "--sum",
-                               "--log",   "--report", "--files",     "there"});
+    const auto parsed = parseWords(
+        {"lib",       "sweep", "--frequency", "102.55",   "--seconds", "1.5",  "--every",  "0.02",
+         "--from",    "88",    "--to",        "90",       "--step",    "25",   "--rounds", "3",
+         "--average", "--sum", "--log",       "--report", "--files",   "there"});
     ASSERT_TRUE(parsed.options) << parsed.message;
     const Options& o = *parsed.options;
     EXPECT_EQ(o.what, What::Sweep);
@@ -53,20 +53,20 @@ TEST(ProbeOptions, TakesEveryOption) {
 }
 
 TEST(ProbeOptions, SaysWhatIsWrong) {
-    EXPECT_EQ(parse({}).message, "Name the folder of the driver library; --help tells more.");
-    EXPECT_EQ(parse({"lib", "noise"}).message,
+    EXPECT_EQ(parseWords({}).message, "Name the folder of the driver library; --help tells more.");
+    EXPECT_EQ(parseWords({"lib", "noise"}).message,
               "\"noise\" is none of readings, levels, sweep and response.");
-    EXPECT_EQ(parse({"lib", "--frequency"}).message, "--frequency needs a value behind it.");
-    EXPECT_EQ(parse({"lib", "--frequency", "5"}).message,
+    EXPECT_EQ(parseWords({"lib", "--frequency"}).message, "--frequency needs a value behind it.");
+    EXPECT_EQ(parseWords({"lib", "--frequency", "5"}).message,
               "--frequency is \"5\", but must be a number from 60 to 130.");
-    EXPECT_EQ(parse({"lib", "--quick"}).message, "--quick is no option; --help lists them.");
-    EXPECT_EQ(parse({"lib", "sweep", "x"}).message, "\"x\" is one word too many.");
-    EXPECT_EQ(parse({"lib", "--from", "90", "--to", "89"}).message, "--to lies below --from.");
-    EXPECT_FALSE(parse({"lib", "--quick"}).options);
+    EXPECT_EQ(parseWords({"lib", "--quick"}).message, "--quick is no option; --help lists them.");
+    EXPECT_EQ(parseWords({"lib", "sweep", "x"}).message, "\"x\" is one word too many.");
+    EXPECT_EQ(parseWords({"lib", "--from", "90", "--to", "89"}).message, "--to lies below --from.");
+    EXPECT_FALSE(parseWords({"lib", "--quick"}).options);
 }
 
 TEST(ProbeOptions, HelpNamesEveryOption) {
-    const auto parsed = parse({"--help"});
+    const auto parsed = parseWords({"--help"});
     EXPECT_TRUE(parsed.help);
     for (const char* option : {"--frequency", "--seconds", "--every", "--from", "--to", "--step",
                                "--rounds", "--average", "--sum", "--log", "--report", "--files"}) {

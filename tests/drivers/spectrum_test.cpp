@@ -10,32 +10,33 @@
 namespace hm16::simulated {
 namespace {
 
-constexpr std::uint64_t kSeed = 16;
+constexpr std::uint64_t kSpectrumSeed = 16;
 
 double meanLevel(double frequency) {
     double sum = 0;
-    for (int i = 0; i < 200; ++i) sum += bandLevel(kSeed, frequency, i * 0.17);
+    for (int i = 0; i < 200; ++i) sum += bandLevel(kSpectrumSeed, frequency, i * 0.17);
     return sum / 200;
 }
 
 double highestLevel(double frequency) {
     double highest = -1000;
     for (int i = 0; i < 400; ++i) {
-        highest = std::max(highest, bandLevel(kSeed, frequency, i * 0.05));
+        highest = std::max(highest, bandLevel(kSpectrumSeed, frequency, i * 0.05));
     }
     return highest;
 }
 
 TEST(Band, RepeatsWithTheSameSeedAndTime) {
     for (int i = 0; i < 100; ++i) {
-        EXPECT_EQ(bandLevel(kSeed, 870 + i * 2.1, i), bandLevel(kSeed, 870 + i * 2.1, i));
+        EXPECT_EQ(bandLevel(kSpectrumSeed, 870 + i * 2.1, i),
+                  bandLevel(kSpectrumSeed, 870 + i * 2.1, i));
     }
 }
 
 TEST(Band, HasSensibleLevelsFrom87To108Point2) {
     for (int i = 0; i <= 848; ++i) {
         const double frequency = 870 + i * 0.25;
-        const double level = bandLevel(kSeed, frequency, i * 0.01);
+        const double level = bandLevel(kSpectrumSeed, frequency, i * 0.01);
         EXPECT_GE(level, 19) << frequency;
         EXPECT_LE(level, 93) << frequency;
     }

@@ -14,9 +14,9 @@ constexpr double kBandHz = 68e3;
 constexpr double kBandFlatHz = 4e3;
 constexpr double kBandStopHz = 8.4e3;  // the RDS band ends there
 constexpr double kBandStopbandDb = 60;
-constexpr double kRemembered = 0.8;  // of each slot: a quarter of a second
+constexpr double kRememberedOfASlot = 0.8;  // of each slot: a quarter of a second
 
-std::vector<double> bandTaps(const Rates& rates) {
+std::vector<double> noiseBandTaps(const Rates& rates) {
     return designLowPass(rates.composite, kBandFlatHz, kBandStopHz, kBandStopbandDb);
 }
 
@@ -36,7 +36,7 @@ double noisePower(const Rates& rates) {
 double noisePowerInBand(const Rates& rates) {
     constexpr double kStepHz = 100;
     const std::vector<double> multiplex = compositeTaps(rates.channel, Droop::None);
-    const std::vector<double> band = bandTaps(rates);
+    const std::vector<double> band = noiseBandTaps(rates);
     double power = 0;
     for (double away = -kBandStopHz; away < kBandStopHz; away += kStepHz) {
         const double hz = kBandHz + away;
@@ -50,7 +50,7 @@ double noisePowerInBand(const Rates& rates) {
 }  // namespace
 
 PeakNoise::PeakNoise(const Rates& rates, double channelNoiseHz)
-    : band_(bandTaps(rates), rates.narrowStep, kBandHz / rates.composite) {
+    : band_(noiseBandTaps(rates), rates.narrowStep, kBandHz / rates.composite) {
     const double power = noisePower(rates);
     // Noise over carrier is twice the envelope's relative variance; its density is that over the
     // channel's noise bandwidth.
@@ -68,7 +68,8 @@ void PeakNoise::add(std::span<const float> composite) {
 void PeakNoise::endSlot() {
     if (slotCount_ == 0) return;
     const double now = slotPower_ / static_cast<double>(slotCount_);
-    bandPower_ = bandPower_ == 0 ? now : kRemembered * bandPower_ + (1 - kRemembered) * now;
+    bandPower_ =
+        bandPower_ == 0 ? now : kRememberedOfASlot * bandPower_ + (1 - kRememberedOfASlot) * now;
     slotPower_ = 0;
     slotCount_ = 0;
 }

@@ -14,7 +14,7 @@ constexpr double kAudioHz = 15e3;
 constexpr double kAudioStopHz = 18.5e3;  // the pilot lies behind it
 
 // Flat over the audio, and down where the other bands of the multiplex would fold onto it.
-std::vector<double> bandTaps(const Rates& rates) {
+std::vector<double> audioBandTaps(const Rates& rates) {
     return designLowPass(rates.composite, kAudioHz + 200, rates.audio - kAudioHz - 1000);
 }
 
@@ -51,8 +51,8 @@ std::vector<double> audioTaps(const Rates& rates, double deemphasisUs) {
 
 StereoDecoder::StereoDecoder(const Rates& rates, double deemphasisUs)
     : rates_(rates),
-      sumFilter_(bandTaps(rates), rates.audioStep),
-      differenceFilter_(bandTaps(rates), rates.audioStep, kDifferenceHz / rates.composite),
+      sumFilter_(audioBandTaps(rates), rates.audioStep),
+      differenceFilter_(audioBandTaps(rates), rates.audioStep, kDifferenceHz / rates.composite),
       leftFilter_(audioTaps(rates, deemphasisUs), 1),
       rightFilter_(leftFilter_) {}
 

@@ -9,8 +9,6 @@
 namespace hm16::receiver {
 namespace {
 
-constexpr double kPi = std::numbers::pi;
-
 // Modified Bessel function of the first kind, order 0.
 double bessel0(double x) {
     double term = 1;
@@ -32,7 +30,7 @@ double kaiserBeta(double stopbandDb) {
 }  // namespace
 
 std::size_t tapsFor(double rateHz, double transitionHz, double stopbandDb) {
-    const double width = 2 * kPi * transitionHz / rateHz;
+    const double width = 2 * std::numbers::pi * transitionHz / rateHz;
     const auto length = static_cast<std::size_t>(std::ceil((stopbandDb - 8) / (2.285 * width))) + 1;
     return std::max<std::size_t>(length | 1U, 3);
 }
@@ -48,8 +46,8 @@ std::vector<double> designFilter(double rateHz, std::size_t taps,
         const double turn = (static_cast<double>(k) + 0.5) / static_cast<double>(2 * grid);
         const double weight = gain(turn * rateHz) / static_cast<double>(grid);
         if (weight == 0) continue;
-        const double twice = 2 * std::cos(2 * kPi * turn);
-        double before = std::cos(2 * kPi * turn);
+        const double twice = 2 * std::cos(2 * std::numbers::pi * turn);
+        double before = std::cos(2 * std::numbers::pi * turn);
         double now = 1;
         for (double& tap : side) {
             tap += weight * now;
@@ -84,7 +82,8 @@ double gainOf(const std::vector<double>& taps, double rateHz, double hz) {
     const double centre = (static_cast<double>(taps.size()) - 1) / 2;
     double sum = 0;
     for (std::size_t n = 0; n < taps.size(); ++n)
-        sum += taps[n] * std::cos(2 * kPi * hz / rateHz * (static_cast<double>(n) - centre));
+        sum += taps[n] *
+               std::cos(2 * std::numbers::pi * hz / rateHz * (static_cast<double>(n) - centre));
     return sum;
 }
 

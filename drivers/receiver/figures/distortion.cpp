@@ -9,14 +9,14 @@
 namespace hm16::receiver {
 namespace {
 
-constexpr double kStretchSeconds = 0.5;
+constexpr double kSteadySeconds = 0.5;
 constexpr double kDominantDb = 30;
 constexpr double kQuietDb = -50;
 
 }  // namespace
 
 ToneWatch::ToneWatch(double audioHz)
-    : stretch_(static_cast<std::size_t>(kStretchSeconds * audioHz)),
+    : stretch_(static_cast<std::size_t>(kSteadySeconds * audioHz)),
       hop_(stretch_ / 2),
       audioHz_(audioHz),
       spectrum_(Spectrum::Input::Real, std::bit_ceil(stretch_), stretch_) {}

@@ -11,7 +11,7 @@ namespace {
 constexpr float kFade = 0.9F;
 
 // Every so many-th sample is enough: neighbours tell nearly the same.
-constexpr std::size_t kStep = 3;
+constexpr std::size_t kBinStep = 3;
 
 // A bin visited less says more about noise than about the channel.
 constexpr float kFewest = 16;
@@ -24,7 +24,7 @@ void Multipath::add(std::span<const float> frequency, std::span<const float> env
     const auto reach =
         static_cast<float>(std::min(reachHz, kBinHz * static_cast<double>(kBins) / 2 - 1));
     constexpr float kPerHz = 1 / static_cast<float>(kBinHz);
-    for (std::size_t n = 0; n < frequency.size(); n += kStep) {
+    for (std::size_t n = 0; n < frequency.size(); n += kBinStep) {
         const float deviation = frequency[n] - carrier;
         if (!(std::fabs(deviation) < reach)) continue;
         const auto bin =

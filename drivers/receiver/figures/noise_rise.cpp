@@ -10,10 +10,10 @@ namespace hm16::receiver {
 namespace {
 
 // All lengths here are in units of the noise's rms.
-constexpr double kStep = 0.125;  // between two guesses of the signal's highest
+constexpr double kGuessStep = 0.125;  // between two guesses of the signal's highest
 constexpr std::size_t kStepsPerBin = 2;
 constexpr std::size_t kGuesses = 37;  // down to 4.5 below what was measured
-constexpr std::size_t kPlaces = static_cast<std::size_t>(NoiseRise::kDepth / kStep) + kGuesses;
+constexpr std::size_t kPlaces = static_cast<std::size_t>(NoiseRise::kDepth / kGuessStep) + kGuesses;
 constexpr std::array kPowers{0.0, 0.1, 0.25, 0.5, 0.75, 1.0, 1.5, 2.0, 3.0};
 
 // For one power the logarithms of the shares of samples in a bin that begins at a place, and of
@@ -27,7 +27,7 @@ struct Shape {
 // noise's normal distribution.
 std::array<double, kPlaces + kStepsPerBin> sharesOver(double power) {
     constexpr std::size_t kFinePerStep = 4;
-    constexpr double kFine = kStep / kFinePerStep;
+    constexpr double kFine = kGuessStep / kFinePerStep;
     constexpr double kFarthest = 7;
     std::vector<double> density;
     std::vector<double> grown;
@@ -73,7 +73,7 @@ double crestBetween(double before, double middle, double after) {
 NoiseRise::NoiseRise(double highestHz, double noiseHz)
     : noiseHz_(noiseHz),
       lowestHz_(static_cast<float>(highestHz - kDepth * noiseHz)),
-      binsPerHz_(static_cast<float>(1 / (kStepsPerBin * kStep * noiseHz))) {
+      binsPerHz_(static_cast<float>(1 / (kStepsPerBin * kGuessStep * noiseHz))) {
     // Below 0 Hz nothing can lie.
     const double hidden = std::ceil(-static_cast<double>(lowestHz_) * binsPerHz_);
     firstBin_ = static_cast<std::size_t>(std::clamp(hidden, 0.0, kBins - 1.0));
@@ -88,7 +88,7 @@ void NoiseRise::add(std::span<const float> magnitudes) {
 }
 
 double NoiseRise::hz() const {
-    static_assert(kBins * kStepsPerBin * kStep == kDepth);
+    static_assert(kBins * kStepsPerBin * kGuessStep == kDepth);
     double all = 0;
     for (std::size_t bin = firstBin_; bin < kBins; ++bin) all += counts_[bin];
     double most = 0;
@@ -113,7 +113,7 @@ double NoiseRise::hz() const {
         if (best != likelihood.begin() && best + 1 != likelihood.end())
             rise += crestBetween(best[-1], best[0], best[1]);
     }
-    return rise * kStep * noiseHz_;
+    return rise * kGuessStep * noiseHz_;
 }
 
 }  // namespace hm16::receiver

@@ -12,10 +12,9 @@
 namespace hm16::receiver {
 namespace {
 
-constexpr double kPi = std::numbers::pi;
 constexpr double kPointSeconds = 0.0125;
 constexpr std::size_t kPoints = 80;  // one second
-constexpr std::size_t kFewestPoints = 16;
+constexpr std::size_t kFewestRdsPoints = 16;
 
 // Share of the band's power that must lie on the axis; noise alone leaves a few percent.
 constexpr double kPresentShare = 0.2;
@@ -64,7 +63,8 @@ void RdsBand::add(std::span<const std::complex<float>> band) {
         const double length = count / rateHz_;
         double phase = std::arg(squared_);
         if (!points_.empty())
-            phase += 2 * kPi * std::round((points_.back().phase - phase) / (2 * kPi));
+            phase += 2 * std::numbers::pi *
+                     std::round((points_.back().phase - phase) / (2 * std::numbers::pi));
         points_.push_back(
             {seconds_ + length / 2 - 0.5 / rateHz_, squared_ / count, power_ / count, phase});
         if (points_.size() > kPoints) points_.pop_front();
@@ -77,7 +77,7 @@ void RdsBand::add(std::span<const std::complex<float>> band) {
 
 void RdsBand::update() {
     present_ = false;
-    if (points_.size() < kFewestPoints) return;
+    if (points_.size() < kFewestRdsPoints) return;
     double meanTime = 0;
     double meanPhase = 0;
     for (const Point& p : points_) {
@@ -102,7 +102,7 @@ void RdsBand::update() {
         power += p.power;
     }
     power /= static_cast<double>(points_.size());
-    errorHz_ = lineSlope_ / 2 / (2 * kPi);
+    errorHz_ = lineSlope_ / 2 / (2 * std::numbers::pi);
     // Within a point the line has turned on a little, which weakens the point's sum.
     const double turned = lineSlope_ * static_cast<double>(perPoint_) / rateHz_ / 2;
     const double kept = turned == 0 ? 1 : std::sin(turned) / turned;

@@ -10,7 +10,7 @@ namespace hm16::receiver {
 namespace {
 
 constexpr double kToneDb = 20;  // over all else: a test tone, not music
-constexpr double kQuietDb = -45;
+constexpr double kQuietToneDb = -45;
 constexpr double kOffBy = 0.03;  // share by which a generator may miss the frequency
 constexpr double kOffByHz = 3;
 constexpr std::size_t kSilentLooks = 12;
@@ -31,7 +31,7 @@ void ResponseTones::look(const SteadyTone& tone) {
     const double db = levelDb(tone.meanSquare);
     const int hz = testToneAt(tone.hz);
     // Harmonics of a test tone belong to it; what else stands beside it makes it no test tone.
-    if (hz == 0 || tone.dominanceDb() < kToneDb || db < kQuietDb) {
+    if (hz == 0 || tone.dominanceDb() < kToneDb || db < kQuietToneDb) {
         const std::size_t patience = count_ == kTones.size() ? 1 : kSilentLooks;
         if (count_ > 0 && ++looksWithout_ >= patience) ended_ = true;
         return;

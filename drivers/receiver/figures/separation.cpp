@@ -13,11 +13,11 @@
 namespace hm16::receiver {
 namespace {
 
-constexpr double kQuietDb = -45;   // below this a block says nothing
-constexpr double kOneSidedDb = 6;  // a tone this much louder on one side is meant to be
-constexpr double kToneDb = 20;     // a tone this much over the rest is a test tone
+constexpr double kQuietBlockDb = -45;  // below this a block says nothing
+constexpr double kOneSidedDb = 6;      // a tone this much louder on one side is meant to be
+constexpr double kTestToneDb = 20;     // a tone this much over the rest is a test tone
 constexpr std::size_t kFewestTones = 4;
-constexpr std::size_t kFewestBlocks = 20;
+constexpr std::size_t kFewestSeparations = 20;
 constexpr double kHighestDb = 99;
 
 double decibels(double ratio) {
@@ -33,7 +33,7 @@ Separation::Separation(double audioHz, std::size_t block)
 
 double Separation::Direction::db() const {
     if (tones.size() >= kFewestTones) return std::max(0.0, tones.percentile(0.5));
-    if (programme.size() < kFewestBlocks) return 0;
+    if (programme.size() < kFewestSeparations) return 0;
     return std::max(0.0, programme.percentile(0.95));
 }
 
@@ -57,7 +57,7 @@ void Separation::judge(std::span<const float> loud, std::span<const float> quiet
     const double quietLine = lineAt(quiet, tone.hz);
     const AudioPower power = audioPower(loud, quiet);
     const double whole = 10 * std::log10(power.left / std::max(power.right, 1e-9 * power.left));
-    const bool isTone = tone.dominanceDb() > kToneDb && whole > kOneSidedDb;
+    const bool isTone = tone.dominanceDb() > kTestToneDb && whole > kOneSidedDb;
     if (isTone && quietLine > 0) {
         direction.tones.add(decibels(loudLine / quietLine));
     } else {
@@ -69,7 +69,7 @@ void Separation::judge(std::span<const float> loud, std::span<const float> quiet
 
 void Separation::add(std::span<const float> left, std::span<const float> right) {
     const AudioPower power = audioPower(left, right);
-    if (levelDb(std::max(power.left, power.right)) < kQuietDb) return;
+    if (levelDb(std::max(power.left, power.right)) < kQuietBlockDb) return;
     if (power.left >= power.right) {
         judge(left, right, left_, right_);
     } else {

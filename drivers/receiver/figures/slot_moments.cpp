@@ -7,7 +7,7 @@
 namespace hm16::receiver {
 namespace {
 
-constexpr std::size_t kLanes = 16;
+constexpr std::size_t kMomentLanes = 16;
 
 struct Sums {
     double sum;
@@ -20,17 +20,17 @@ Sums sumsOf(const float* values, std::size_t count) {
     Sums total{0, 0};
     for (std::size_t from = 0; from < count; from += kStretch) {
         const std::size_t to = std::min(count, from + kStretch);
-        float sum[kLanes] = {};
-        float square[kLanes] = {};
+        float sum[kMomentLanes] = {};
+        float square[kMomentLanes] = {};
         std::size_t n = from;
-        for (; n + kLanes <= to; n += kLanes) {
-            for (std::size_t lane = 0; lane < kLanes; ++lane) {
+        for (; n + kMomentLanes <= to; n += kMomentLanes) {
+            for (std::size_t lane = 0; lane < kMomentLanes; ++lane) {
                 const float value = values[n + lane];
                 sum[lane] += value;
                 square[lane] += value * value;
             }
         }
-        for (std::size_t lane = 0; lane < kLanes; ++lane) {
+        for (std::size_t lane = 0; lane < kMomentLanes; ++lane) {
             total.sum += sum[lane];
             total.square += square[lane];
         }

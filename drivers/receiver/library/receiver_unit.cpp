@@ -9,7 +9,7 @@
 namespace hm16::receiver {
 namespace {
 
-constexpr double kHzPerUnit = 100e3;
+constexpr double kHzPerTuningUnit = 100e3;
 
 }  // namespace
 
@@ -50,7 +50,7 @@ std::unique_ptr<StationChain> ReceiverUnit::chainFor(double hz) const {
 
 void ReceiverUnit::measure(const Tuning& tuning) {
     const Call call(*this);
-    const double hz = tuning.frequency * kHzPerUnit;
+    const double hz = tuning.frequency * kHzPerTuningUnit;
     if (signal_.retune(hz)) meter_.follow();
     if (!results_ || results_->frequency() != tuning.frequency)
         results_ = StationResults::read(files_, tuning.frequency);
@@ -101,11 +101,11 @@ ResponseResults ReceiverUnit::response() {
 std::optional<float> ReceiverUnit::levelAt(double frequency) {
     const Call call(*this);
     const double tuned = signal_.centreHz();
-    const auto level = meter_.levelAt(frequency * kHzPerUnit);
+    const auto level = meter_.levelAt(frequency * kHzPerTuningUnit);
     if (signal_.ended()) say(signal_.lastWords());
     // The measurement that goes on afterwards stands where it stood.
     if (chain_ && job_ == Job::Measure && signal_.centreHz() != tuned &&
-        signal_.retune(tuning_.frequency * kHzPerUnit))
+        signal_.retune(tuning_.frequency * kHzPerTuningUnit))
         meter_.follow();
     return level;
 }

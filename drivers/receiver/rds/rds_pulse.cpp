@@ -7,21 +7,19 @@
 namespace hm16::receiver {
 namespace {
 
-constexpr double kPi = std::numbers::pi;
-
 // Impulse response of the shaping filter: cos(4 pi t) * 2a / (a^2 - b^2), a = pi / 4, b = 2 pi t.
 double shaped(double t) {
-    const double a = kPi / 4;
-    const double b = 2 * kPi * std::fabs(t);
-    if (std::fabs(a - b) < 1e-6) return 2.0 + 2 / kPi * 1e-6;
-    return std::cos(4 * kPi * t) * 2 * a / (a * a - b * b);
+    const double a = std::numbers::pi / 4;
+    const double b = 2 * std::numbers::pi * std::fabs(t);
+    if (std::fabs(a - b) < 1e-6) return 2.0 + 2 / std::numbers::pi * 1e-6;
+    return std::cos(4 * std::numbers::pi * t) * 2 * a / (a * a - b * b);
 }
 
 }  // namespace
 
 double rdsPulse(double bits) {
     if (std::fabs(bits) >= kRdsPulseReach) return 0;
-    const double cut = std::cos(kPi / 2 * bits / kRdsPulseReach);
+    const double cut = std::cos(std::numbers::pi / 2 * bits / kRdsPulseReach);
     return (shaped(bits + 0.25) - shaped(bits - 0.25)) * cut * cut;
 }
 

@@ -7,7 +7,7 @@
 namespace hm16::receiver {
 namespace {
 
-constexpr double kTwoPi = 2 * std::numbers::pi;
+constexpr double kTurn = 2 * std::numbers::pi;
 
 }  // namespace
 
@@ -29,7 +29,7 @@ void StationGenerator::addTo(std::span<Sample> into) {
     direct_.reserve(start + into.size());
     const double* f = deviation_.data();
     for (std::size_t n = 0; n < into.size(); ++n) {
-        const auto angle = static_cast<float>(kTwoPi * phase_);
+        const auto angle = static_cast<float>(kTurn * phase_);
         direct_.emplace_back(std::cos(angle), std::sin(angle));
         // The integral from one sample to the next through four samples: to a millionth at 57 kHz,
         // where a plain sum would raise the high end of the multiplex.

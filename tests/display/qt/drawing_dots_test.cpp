@@ -17,7 +17,7 @@ namespace {
 constexpr qreal kPixelsPerTwip = 0.1;
 
 /// The largest difference of a channel.
-int largestDifference(const QImage& a, const QImage& b) {
+int largestDotDifference(const QImage& a, const QImage& b) {
     int largest = a.size() == b.size() ? 0 : 255;
     for (int y = 0; y < a.height() && largest < 255; ++y) {
         for (int x = 0; x < a.width(); ++x) {
@@ -111,10 +111,10 @@ TEST_P(DrawingDots, Text_LooksAsThePainterSetsIt) {
     painter.drawText(QPointF(scale.snapped(50), scale.snapped(70) + QFontMetricsF(font).ascent()),
                      QString::fromUtf8("%Mod 102.5 \xc3\x81g"));
     painter.end();
-    EXPECT_LE(largestDifference(ours, wanted.convertToFormat(QImage::Format_RGB32)), 2);
+    EXPECT_LE(largestDotDifference(ours, wanted.convertToFormat(QImage::Format_RGB32)), 2);
     QImage empty(ours.size(), QImage::Format_RGB32);
     empty.fill(Qt::white);
-    EXPECT_GT(largestDifference(ours, empty), 200);
+    EXPECT_GT(largestDotDifference(ours, empty), 200);
 }
 
 TEST_P(DrawingDots, TextOutsideEveryBox_LetsThroughWhatLiesBehind) {
@@ -177,7 +177,7 @@ TEST(SlantingStrokes, LookAsThePainterDrawsThem) {
             painter.setPen(QPen(Qt::black, width));
             painter.drawLine(QPoint(50, 40), to);
             painter.end();
-            EXPECT_LE(largestDifference(strokeAlone(QPoint(50, 40), to, width), wanted), 64)
+            EXPECT_LE(largestDotDifference(strokeAlone(QPoint(50, 40), to, width), wanted), 64)
                 << width << " to " << to.x() << ", " << to.y();
         }
     }

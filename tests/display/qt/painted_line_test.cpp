@@ -11,7 +11,7 @@
 namespace display::qt {
 namespace {
 
-constexpr qreal kPixelsPerTwip = 0.1;
+constexpr qreal kPaintedScale = 0.1;
 
 class NeedleLook : public QtBench, public testing::WithParamInterface<double> {
  protected:
@@ -32,7 +32,7 @@ class NeedleLook : public QtBench, public testing::WithParamInterface<double> {
 
     QImage shown() {
         const auto painted = paintedLine(needle);
-        painted->prepare(Scale(kPixelsPerTwip, GetParam()));
+        painted->prepare(Scale(kPaintedScale, GetParam()));
         QImage image = empty();
         QPainter painter(&image);
         painted->paint(painter);
@@ -44,9 +44,9 @@ class NeedleLook : public QtBench, public testing::WithParamInterface<double> {
         QPainter painter(&image);
         painter.setRenderHint(QPainter::Antialiasing, true);
         painter.setPen(
-            QPen(Qt::red, needle.thickness * 15 * kPixelsPerTwip, Qt::SolidLine, Qt::RoundCap));
-        painter.drawLine(QPointF(needle.x1, needle.y1) * kPixelsPerTwip,
-                         QPointF(needle.x2, needle.y2) * kPixelsPerTwip);
+            QPen(Qt::red, needle.thickness * 15 * kPaintedScale, Qt::SolidLine, Qt::RoundCap));
+        painter.drawLine(QPointF(needle.x1, needle.y1) * kPaintedScale,
+                         QPointF(needle.x2, needle.y2) * kPaintedScale);
         return image;
     }
 
@@ -78,7 +78,7 @@ TEST_P(NeedleLook, RoundStroke_TouchesNothingOutsideItsReach) {
     needle.from(1500, 1800);
     needle.to(777, 333);
     const auto painted = paintedLine(needle);
-    painted->prepare(Scale(kPixelsPerTwip, GetParam()));
+    painted->prepare(Scale(kPaintedScale, GetParam()));
     const QRectF reach = painted->reach();
     const QImage image = shown();
     for (int y = 0; y < image.height(); ++y) {
@@ -93,7 +93,7 @@ TEST_P(NeedleLook, RoundStrokeOnPaper_HasThePapersOwnDots) {
     needle.from(1500, 1800);
     needle.to(777, 333);
     const auto painted = paintedLine(needle);
-    painted->prepare(Scale(kPixelsPerTwip, GetParam()));
+    painted->prepare(Scale(kPaintedScale, GetParam()));
     QImage paper(1200, 800, QImage::Format_RGB32), wanted(1200, 800, QImage::Format_RGB32);
     for (QImage* sheet : {&paper, &wanted}) {
         sheet->fill(Qt::black);
@@ -104,7 +104,7 @@ TEST_P(NeedleLook, RoundStrokeOnPaper_HasThePapersOwnDots) {
         } else {
             painter.setRenderHint(QPainter::Antialiasing, true);
             painter.setPen(QPen(Qt::red, 4.5, Qt::SolidLine, Qt::RoundCap));
-            painter.drawLine(QPointF(150, 180), QPointF(777, 333) * kPixelsPerTwip);
+            painter.drawLine(QPointF(150, 180), QPointF(777, 333) * kPaintedScale);
         }
     }
     EXPECT_EQ(paper, wanted);

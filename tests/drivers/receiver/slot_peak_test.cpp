@@ -17,7 +17,7 @@
 namespace hm16::receiver {
 namespace {
 
-constexpr double kTwoPi = 2 * std::numbers::pi;
+constexpr double kTurn = 2 * std::numbers::pi;
 constexpr double kRateHz = 250e3;
 constexpr std::size_t kSlot = 12500;
 
@@ -28,8 +28,8 @@ std::vector<float> slotOf(const std::function<double(double seconds)>& deviation
     return values;
 }
 
-double sine(double hz, double seconds) {
-    return std::sin(kTwoPi * hz * seconds);
+double sineSamples(double hz, double seconds) {
+    return std::sin(kTurn * hz * seconds);
 }
 
 double peakOf(const std::vector<float>& slot, double carrierHz = 0, double noiseHz = 0) {
@@ -69,7 +69,8 @@ TEST(SlotPeak, OfNothingAndOfLittleIsZero) {
 
 TEST(SlotPeak, FindsTheCrestBetweenTwoSamples) {
     // Samples lie 9 degrees beside every crest.
-    const auto slot = slotOf([](double t) { return 75e3 * sine(kRateHz / 20, t + 0.5 / kRateHz); });
+    const auto slot =
+        slotOf([](double t) { return 75e3 * sineSamples(kRateHz / 20, t + 0.5 / kRateHz); });
     EXPECT_LT(highestSample(slot), 74.2e3);
     EXPECT_NEAR(peakOf(slot), 75e3, 20);
 }
@@ -77,18 +78,20 @@ TEST(SlotPeak, FindsTheCrestBetweenTwoSamples) {
 // The difference channel's envelope lets a crest come once in a while, and far from any sample.
 TEST(SlotPeak, FindsTheCrestsOfTheDifferenceChannelBetweenItsSamples) {
     const auto slot = slotOf([](double t) {
-        return 75e3 * sine(38e3, t + 1.35e-6) * std::exp(-std::pow((t - 0.0211) / 0.0001, 2));
+        return 75e3 * sineSamples(38e3, t + 1.35e-6) *
+               std::exp(-std::pow((t - 0.0211) / 0.0001, 2));
     });
     double truth = 0;
     for (double t = 0.0205; t < 0.0217; t += 1e-8)
-        truth = std::max(truth, std::fabs(75e3 * sine(38e3, t + 1.35e-6) *
+        truth = std::max(truth, std::fabs(75e3 * sineSamples(38e3, t + 1.35e-6) *
                                           std::exp(-std::pow((t - 0.0211) / 0.0001, 2))));
     EXPECT_LT(highestSample(slot), truth - 1000);
     EXPECT_NEAR(peakOf(slot), truth, 60);
 }
 
 TEST(SlotPeak, CountsFromTheCarrierToEitherSide) {
-    const auto slot = slotOf([](double t) { return 400 + 50e3 * std::max(-0.5, sine(1000, t)); });
+    const auto slot =
+        slotOf([](double t) { return 400 + 50e3 * std::max(-0.5, sineSamples(1000, t)); });
     EXPECT_NEAR(peakOf(slot, 400), 50e3, 30);
     EXPECT_NEAR(peakOf(slot, 40400), 65e3, 400);  // the corners ring
 }
@@ -153,7 +156,7 @@ class PeakInNoise : public testing::Test {
 
 TEST_F(PeakInNoise, OfATonesManyCrestsIsTaken) {
     for (const double hz : {400.0, 1000.0, 15000.0}) {
-        const Misses found = over([=](double t) { return 75e3 * sine(hz, t); }, 75e3);
+        const Misses found = over([=](double t) { return 75e3 * sineSamples(hz, t); }, 75e3);
         EXPECT_GT(found.uncorrected, 1200) << hz;
         EXPECT_NEAR(found.mean, 0, 40) << hz;
         EXPECT_LT(found.worst, 250) << hz;
@@ -162,7 +165,8 @@ TEST_F(PeakInNoise, OfATonesManyCrestsIsTaken) {
 
 TEST_F(PeakInNoise, OfASingleCrestIsLessThanOfMany) {
     const Misses found = over(
-        [](double t) { return 30e3 * sine(1000, t) * (t > 0.0200 && t < 0.0205 ? 2 : 1); }, 60e3);
+        [](double t) { return 30e3 * sineSamples(1000, t) * (t > 0.0200 && t < 0.0205 ? 2 : 1); },
+        60e3);
     EXPECT_GT(found.uncorrected, 500);
     EXPECT_NEAR(found.mean, 0, 200);
     EXPECT_LT(std::sqrt(found.square), kNoiseHz);
@@ -170,8 +174,8 @@ TEST_F(PeakInNoise, OfASingleCrestIsLessThanOfMany) {
 
 TEST_F(PeakInNoise, OfAFlatTopIsTaken) {
     // What a limiter leaves.
-    const Misses found =
-        over([](double t) { return 60e3 * std::clamp(1.5 * sine(300, t), -1.0, 1.0); }, 60e3);
+    const Misses found = over(
+        [](double t) { return 60e3 * std::clamp(1.5 * sineSamples(300, t), -1.0, 1.0); }, 60e3);
     EXPECT_GT(found.uncorrected, 1500);
     EXPECT_NEAR(found.mean, 0, 250);
 }

@@ -10,9 +10,9 @@ namespace {
 
 using display::Colour;
 
-constexpr Colour kLit{0xffff00};
+constexpr Colour kLitBar{0xffff00};
 constexpr Colour kHigh{0x2317fd};
-constexpr Colour kDark{0x404040};
+constexpr Colour kDarkBar{0x404040};
 
 TEST(LevelBar, StandsTwoElementsADecibelFromMinus25) {
     LevelBar bar;
@@ -114,20 +114,20 @@ TEST_F(Level, BarIsYellowUpToZeroDecibelsAndRedAbove) {
     bench.output(3) = -15;
     bench.beat();
     for (std::size_t i = 0; i < 62; ++i) {
-        EXPECT_EQ(left(i), i <= 50 ? kLit : i <= 57 ? kHigh : kDark) << i;
-        EXPECT_EQ(right(i), i <= 20 ? kLit : i == 21 ? kHigh : kDark) << i;
+        EXPECT_EQ(left(i), i <= 50 ? kLitBar : i <= 57 ? kHigh : kDarkBar) << i;
+        EXPECT_EQ(right(i), i <= 20 ? kLitBar : i == 21 ? kHigh : kDarkBar) << i;
     }
 }
 
 TEST_F(Level, SilenceLeavesTheFirstElementLit) {
     bench.output(2) = bench.output(3) = -64;
     bench.beat();
-    EXPECT_EQ(left(0), kLit);
+    EXPECT_EQ(left(0), kLitBar);
     EXPECT_EQ(left(1), kHigh);
-    EXPECT_EQ(left(2), kDark);
+    EXPECT_EQ(left(2), kDarkBar);
     bench.output(2) = -90;
     bench.beat();
-    EXPECT_EQ(left(0), kLit);
+    EXPECT_EQ(left(0), kLitBar);
 }
 
 TEST_F(Level, FiveDecibelsAndMoreReachTheLastElement) {
@@ -145,7 +145,7 @@ TEST_F(Level, MarkStaysWhereTheBarWas) {
     bench.beat();
     bench.output(2) = -64;
     bench.beat();
-    EXPECT_EQ(left(60), kDark);
+    EXPECT_EQ(left(60), kDarkBar);
     EXPECT_EQ(left(61), kHigh);
 }
 
@@ -160,7 +160,7 @@ TEST_F(Level, ElementThatTheMarkLeavesGoesDarkOnTheNextBeat) {
     EXPECT_EQ(left(61), kHigh);
     bench.beat();
     EXPECT_EQ(left(60), kHigh);
-    EXPECT_EQ(left(61), kDark);
+    EXPECT_EQ(left(61), kDarkBar);
 }
 
 TEST_F(Level, MarksFallOneElementEvery300Milliseconds) {

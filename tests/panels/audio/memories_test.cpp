@@ -13,8 +13,8 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-constexpr display::Colour kLit{0x2f2fff};
-constexpr display::Colour kDark{0x1d1c20};
+constexpr display::Colour kLitMemory{0x2f2fff};
+constexpr display::Colour kDarkMemory{0x1d1c20};
 
 /// A rack with memories 1, 3 and 16.
 class Memories : public testing::Test {
@@ -40,8 +40,8 @@ class Memories : public testing::Test {
     }
     std::string digits() {
         EXPECT_EQ(bench.formB.Line45.colour.get(), bench.formB.Line46.colour.get());
-        return (bench.formB.Line46.colour == kLit ? "1" : "") +
-               shownFigure(bench.formB.memoryUnits, kLit, kDark);
+        return (bench.formB.Line46.colour == kLitMemory ? "1" : "") +
+               shownFigure(bench.formB.memoryUnits, kLitMemory, kDarkMemory);
     }
 
     RackBench bench;

@@ -8,8 +8,8 @@
 namespace hmonitor::test {
 namespace {
 
-constexpr display::Colour kLit{0x2f2fff};
-constexpr display::Colour kDark{0x000000};
+constexpr display::Colour kLitPhase{0x2f2fff};
+constexpr display::Colour kDarkPhase{0x000000};
 
 TEST(PhaseHold, HoldsAPeakFor51ReadingsAndFollowsDownInOneStep) {
     PhaseHold hold;
@@ -59,9 +59,9 @@ class Phase : public testing::Test {
         EXPECT_NEAR(needle.y2, 1080 - 840 * std::cos(angle), 0.01) << phase;
     }
     std::string digits() {
-        return (bench.formB.Line120.colour == kLit ? "1" : "") +
-               shownFigure(bench.formB.phaseTens, kLit, kDark) +
-               shownFigure(bench.formB.phaseUnits, kLit, kDark);
+        return (bench.formB.Line120.colour == kLitPhase ? "1" : "") +
+               shownFigure(bench.formB.phaseTens, kLitPhase, kDarkPhase) +
+               shownFigure(bench.formB.phaseUnits, kLitPhase, kDarkPhase);
     }
 
     RackBench bench;
@@ -136,10 +136,10 @@ TEST_F(Phase, NinetyFiveIsClampedForTheNeedleAlone) {
 TEST_F(Phase, HundredLightsTheHundreds) {
     beat(99);
     EXPECT_EQ(digits(), "99");
-    EXPECT_EQ(bench.formB.Line121.colour, kDark);
+    EXPECT_EQ(bench.formB.Line121.colour, kDarkPhase);
     beat(100);
     EXPECT_EQ(digits(), "100");
-    EXPECT_EQ(bench.formB.Line121.colour, kLit);
+    EXPECT_EQ(bench.formB.Line121.colour, kLitPhase);
     EXPECT_EQ(bench.formB.Label_PhaseVector.caption, "100.00");
     beat(127);
     EXPECT_EQ(digits(), "127");
@@ -171,7 +171,7 @@ TEST_F(Phase, BelowTenTheTensGoDark) {
     beat(3);
     bench.beat(50);
     EXPECT_EQ(digits(), "3");
-    EXPECT_EQ(litSegments(bench.formB.phaseTens, kLit, kDark), "");
+    EXPECT_EQ(litSegments(bench.formB.phaseTens, kLitPhase, kDarkPhase), "");
 }
 
 }  // namespace

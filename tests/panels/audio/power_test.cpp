@@ -10,8 +10,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr display::Colour kLit{0x2317fd};
-constexpr display::Colour kDark{0x1d1c20};
+constexpr display::Colour kLitPower{0x2317fd};
+constexpr display::Colour kDarkPower{0x1d1c20};
 
 TEST(PowerFigure, DropFrom60To40HoldsFor11UpdatesAndThenFallsEveryThird) {
     PowerFigure power;
@@ -82,8 +82,8 @@ class Power : public testing::Test {
         EXPECT_NEAR(std::hypot(x, y), 1865, 0.01);
         return std::atan2(x, y) * 180 / 3.14159265358979323846;
     }
-    std::string tens() { return shownFigure(bench.formB.powerTens, kLit, kDark); }
-    std::string units() { return shownFigure(bench.formB.powerUnits, kLit, kDark); }
+    std::string tens() { return shownFigure(bench.formB.powerTens, kLitPower, kDarkPower); }
+    std::string units() { return shownFigure(bench.formB.powerUnits, kLitPower, kDarkPower); }
 
     RackBench bench;
 };

@@ -29,16 +29,16 @@ TEST_F(TuningOrder, ReadsTheUnitForFieldPilotErrorPilotLevelAndMultipath) {
 
 TEST_F(TuningOrder, BringsFieldAndPilotUpToDateWithoutWaitingForATimer) {
     constexpr display::Colour kGreen{0x00ff00};
-    constexpr display::Colour kDark{0x1d1c20};
+    constexpr display::Colour kDarkPicture{0x1d1c20};
     bench.output(14) = 52;
     bench.output(6) = 1.26f;
     bench.output(7) = 9.5f;
     const int samples = bench.form1.meter.MultipathCount;
     bench.formB.cambfre();
     EXPECT_EQ(bench.form1.FieldTenths, 520);
-    EXPECT_EQ(shownFigure(bench.formC.error19[1], kGreen, kDark), "1");
-    EXPECT_EQ(shownFigure(bench.formC.error19[2], kGreen, kDark), "2");
-    EXPECT_EQ(shownFigure(bench.formC.pilot[1], kGreen, kDark), "9");
+    EXPECT_EQ(shownFigure(bench.formC.error19[1], kGreen, kDarkPicture), "1");
+    EXPECT_EQ(shownFigure(bench.formC.error19[2], kGreen, kDarkPicture), "2");
+    EXPECT_EQ(shownFigure(bench.formC.pilot[1], kGreen, kDarkPicture), "9");
     EXPECT_EQ(bench.form1.meter.MultipathCount, samples + 1);
     EXPECT_EQ(bench.formC.Label_PilotLevel.caption, "") << "labels wait for their tick";
 }
