@@ -75,13 +75,8 @@ def run_case(chosen, name, language, factor, unit, size, paths):
     tree, build, folder = paths
     folder.mkdir(parents=True, exist_ok=True)
     album = Album(folder, name)
-<<<<<<< HEAD
     screen = Screen(*size, managed=chosen.managed)
-    rack = None
-=======
-    screen = Screen(*size)
     rack, clean = None, False
->>>>>>> cbad413 (Compile tests some at a time, and run the screen while the next build compiles)
     try:
         rack = Rack(tree, build, screen, language, factor, unit)
         if chosen.started:

@@ -73,16 +73,13 @@ def stop(process, name):
 
 
 class Screen:
-<<<<<<< HEAD
-    def __init__(self, width, height, managed=True):
-=======
     """A screen that nobody else uses. With SCREENS naming a folder it stays there, server and window
-    manager, for the next case that wants one of its size, until `screen.py end FOLDER`."""
+    manager, for the next case that wants one of its size, until `screen.py end FOLDER`; one without a manager is for one case alone."""
 
-    def __init__(self, width, height):
->>>>>>> cbad413 (Compile tests some at a time, and run the screen while the next build compiles)
+    def __init__(self, width, height, managed=True):
         self.width, self.height = width, height
-        self.shared = "SCREENS" in os.environ
+        self.managed = managed
+        self.shared = managed and "SCREENS" in os.environ
         screens = pathlib.Path(os.environ["SCREENS"] if self.shared else
                                tempfile.mkdtemp(prefix="screen-"))
         self.folder, self.lock = self.take(screens)
@@ -132,33 +129,17 @@ class Screen:
             number = answer.readline().strip()
         if not number:
             raise AssertionError("Xvfb did not start")
-<<<<<<< HEAD
-        self.environment = dict(os.environ, DISPLAY=":" + number)
-        self.environment.pop("WAYLAND_DISPLAY", None)
-        self.pixels = FrameBuffer(pathlib.Path(self.buffers.name) / "Xvfb_screen0")
-        self.manager = None
-        if not managed:
-            return
-        self.manager = subprocess.Popen(["openbox", "--sm-disable"], env=self.environment,
-                                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-=======
         self.set_display(":" + number)
+        self.manager = None
+        if not self.managed:
+            return
         self.manager = started("openbox", "--sm-disable", env=self.environment)
->>>>>>> cbad413 (Compile tests some at a time, and run the screen while the next build compiles)
         wait_for(lambda: "_NET_SUPPORTING_WM_CHECK(WINDOW)" in self.ask(
             "xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "a window manager")
         (self.folder / "state").write_text(f":{number} {self.manager} {self.server}")
 
-<<<<<<< HEAD
-    def close(self):
-        for process in (self.manager, self.server):
-            if process:
-                process.terminate()
-                process.wait()
-=======
     def close(self, clean):
         """Gives the screen back; one that a failed case left is not for the next."""
->>>>>>> cbad413 (Compile tests some at a time, and run the screen while the next build compiles)
         self.pixels.close()
         if self.shared and clean:
             self.ask("xdotool", "mousemove", "0", "0")
@@ -170,7 +151,8 @@ class Screen:
 
     def end(self):
         (self.folder / "state").unlink(missing_ok=True)
-        stop(self.manager, "openbox")
+        if self.manager:
+            stop(self.manager, "openbox")
         stop(self.server, "Xvfb")
 
     def ask(self, *command):

@@ -22,7 +22,7 @@ using display::qt::inkBox;
 using display::qt::isAbout;
 using display::qt::onScale;
 
-constexpr double kDots = 1.5;
+constexpr double kNearDots = 1.5;
 
 const QColor kLit(0, 255, 255);
 const QColor kLitHigh(0xfd, 0x17, 0x23);
@@ -51,7 +51,7 @@ TEST_F(ShownModulation, MarkFillAndHeadOfTheBarStandAtTheFigureOnTheScale) {
     Form1& panel = bench.form1;
     for (const float percent : {10.f, 37.f, 75.f, 100.f, 133.f, 160.f}) {
         stand(percent);
-        const double slack = kDots * 160 / (last - first);
+        const double slack = kNearDots * 160 / (last - first);
         EXPECT_NEAR(percentOf(picture->middleOf(panel.Line1).x()), percent, slack);
         EXPECT_NEAR(percentOf(picture->middleOf(panel.Picture1).x()), percent, slack);
         EXPECT_NEAR(percentOf(picture->middleOf(panel.Picture2).x()), percent, slack);
