@@ -146,7 +146,7 @@ TEST_F(Response, ARunThatEndsWhileThePresetEditorIsOpenBelongsToItsStation) {
     bench.output(6) = 11583;
     bench.output(7) = 18;
     bench.advance(100ms);
-    EXPECT_EQ(bench.read("0981.res"), kStored);
+    EXPECT_EQ(bench.read("0981.res"), kStoredRun);
     EXPECT_FALSE(bench.exists("01.res"));
     EXPECT_EQ(rows(), curve);
 }
@@ -155,7 +155,7 @@ TEST_F(Response, WhateverStandsInTheFrequencysPlaceTheFileIsNamedFromTheFrequenc
     measured();
     bench.state.CurrentFreq = "1";
     bench.form1.respolee();
-    EXPECT_EQ(bench.read("0981.res"), kStored);
+    EXPECT_EQ(bench.read("0981.res"), kStoredRun);
     bench.state.CurrentFreq = "1";
     bench.formD.respo();
     EXPECT_EQ(rows(), curve);

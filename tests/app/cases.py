@@ -29,6 +29,7 @@ class Case:
     units: tuple = field(default_factory=lambda: ({},))  # settings of the unit; one run each
     started: bool = True
     managed: bool = True  # a window manager runs
+    shared: bool = True  # the screen may be one that another case used
 
     def runs(self):
         for language in self.languages:
@@ -61,11 +62,12 @@ CASES = []
 
 
 def case(languages=TWO, factors=(1,), sizes=((1300, 900),), grows=True, units=({},),
-         started=True, managed=True):
+         started=True, managed=True, shared=True):
     """Makes a function of (rack, album) a case."""
 
     def register(steps):
-        CASES.append(Case(steps, languages, factors, sizes, grows, units, started, managed))
+        CASES.append(Case(steps, languages, factors, sizes, grows, units, started, managed,
+                          shared))
         return steps
 
     return register
@@ -75,7 +77,7 @@ def run_case(chosen, name, language, factor, unit, size, paths):
     tree, build, folder = paths
     folder.mkdir(parents=True, exist_ok=True)
     album = Album(folder, name)
-    screen = Screen(*size, managed=chosen.managed)
+    screen = Screen(*size, managed=chosen.managed, shared=chosen.shared)
     rack, clean = None, False
     try:
         rack = Rack(tree, build, screen, language, factor, unit)

@@ -74,12 +74,13 @@ def stop(process, name):
 
 class Screen:
     """A screen that nobody else uses. With SCREENS naming a folder it stays there, server and window
-    manager, for the next case that wants one of its size, until `screen.py end FOLDER`; one without a manager is for one case alone."""
+    manager, for the next case that wants one of its size, until `screen.py end FOLDER`; one without
+    a manager, or whose case changes the screen itself, is for that case alone."""
 
-    def __init__(self, width, height, managed=True):
+    def __init__(self, width, height, managed=True, shared=True):
         self.width, self.height = width, height
         self.managed = managed
-        self.shared = managed and "SCREENS" in os.environ
+        self.shared = shared and managed and "SCREENS" in os.environ
         screens = pathlib.Path(os.environ["SCREENS"] if self.shared else
                                tempfile.mkdtemp(prefix="screen-"))
         self.folder, self.lock = self.take(screens)

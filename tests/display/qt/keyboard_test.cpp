@@ -28,10 +28,12 @@ bool wearsRing(QWidget& widget) {
     return amber(widget.window()->grab(box).toImage()) > (box.width() + box.height()) / 2;
 }
 
+}  // namespace
+
 /// Keys in a grid of three columns, a field below the first.
-class Grid final : public Form {
+class KeyGrid final : public Form {
  public:
-    explicit Grid(Desktop& desktop) : Form(desktop, "Grid") {
+    explicit KeyGrid(Desktop& desktop) : Form(desktop, "KeyGrid") {
         for (auto& key : keys) key.onClick = [] {};
     }
     static constexpr int kColumns = 3;
@@ -40,7 +42,7 @@ class Grid final : public Form {
 
  protected:
     void layOut() override {
-        caption = "Grid";
+        caption = "KeyGrid";
         width = 4000.f;
         height = 4000.f;
         for (int i = 0; i < static_cast<int>(keys.size()); ++i) {
@@ -52,8 +54,6 @@ class Grid final : public Form {
         place(Text1, {100, 2400, 1800, 400}).tabIndex = 9;
     }
 };
-
-}  // namespace
 
 class Keyboard : public RackOfTwo {
  protected:
@@ -68,7 +68,7 @@ class Keyboard : public RackOfTwo {
         ASSERT_TRUE(QTest::qWaitForWindowActive(window));
         settle();
     }
-    Grid grid{*desktop};
+    KeyGrid grid{*desktop};
 };
 
 TEST_F(Keyboard, TabGoesThroughThePanelsFromTheTopWhicheverCameUpLast) {
