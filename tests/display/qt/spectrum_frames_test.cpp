@@ -67,7 +67,7 @@ TEST(QtFrames, AChannelSpectrumOf33PointsIsPaintedAtMostOnceAPoint) {
     ASSERT_TRUE(bench.start());
     Form_D1& shows = bench.forms.formD1;
     bench.desktop.hand().doubleClick(bench.forms.formD.PictureGraph1);
-    ASSERT_TRUE(shows.visible);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return shows.visible.get(); }));
     bench.desktop.hand().click(shows.Command3D1);
     ASSERT_TRUE(QTest::qWaitFor([&] { return bench.forms.formNewSpectro.visible.get(); }));
 
