@@ -71,7 +71,7 @@ void FormD1a::onUnload() {
 }
 
 void FormD1a::closeRequested() {
-    if (Command3D2.enabled) Command3D2.press();
+    Command3D2.press();
 }
 
 void FormD1a::runOrStop() {
