@@ -190,6 +190,7 @@ void ListBox::select(int row) {
 
 void ListBox::resetKind() {
     list.clear();
+    fixedPitch = false;
 }
 
 int ScrollBar::clamped(int wanted) const {

@@ -314,6 +314,8 @@ class ListBox final : public Control {
     void select(int row);
 
     ListModel list{*this};
+    /// Columns that are parted by blanks stand under each other.
+    Property<bool> fixedPitch{*this, false};
     Event onClick, onDoubleClick;
 
  protected:
@@ -380,6 +382,7 @@ class Tabs final : public Control {
 };
 
 class Chart;
+class PagePreview;
 
 /// The closed set of controls. A new kind does not compile until every display handles it.
 class ControlVisitor {
@@ -400,6 +403,7 @@ class ControlVisitor {
     virtual void visit(ScrollBar&) = 0;
     virtual void visit(Tabs&) = 0;
     virtual void visit(Chart&) = 0;
+    virtual void visit(PagePreview&) = 0;
 };
 
 }  // namespace display

@@ -13,7 +13,9 @@ namespace display {
 
 class Control;
 class Form;
+class PageDocument;
 struct Box;
+struct Paper;
 
 enum class BoxIcon { None, Information, Critical };
 
@@ -89,6 +91,12 @@ class Desktop {
     /// Prints the image of these windows, one under the other as they stand, on one page of the
     /// desktop's printer. Answers what went wrong, empty when it was printed.
     virtual std::string printImage(const std::vector<const Form*>& forms) = 0;
+
+    /// Prints these pages of a document, counted from 1, on the desktop's printer. Answers what went
+    /// wrong, empty when they were printed.
+    virtual std::string printPages(const PageDocument& document, int first, int last) = 0;
+    /// The sheet that the desktop's printer takes; the system's usual one where there is none.
+    virtual Paper paper() const = 0;
 
     /// The help text of the program, in a window of its own.
     virtual void showHelp(std::string_view fileName) = 0;

@@ -96,6 +96,12 @@ std::string HeadlessDesktop::printImage(const std::vector<const Form*>& forms) {
     return printerFault;
 }
 
+std::string HeadlessDesktop::printPages(const PageDocument& document, int first, int last) {
+    note("print pages");
+    printedPages.push_back({document, first, last});
+    return printerFault;
+}
+
 void HeadlessDesktop::showHelp(std::string_view fileName) {
     note("help " + std::string(fileName));
     helpShown = fileName;

@@ -12,6 +12,7 @@
 #include "display/desktop.h"
 #include "display/form.h"
 #include "display/hand.h"
+#include "display/page.h"
 
 namespace display {
 
@@ -34,6 +35,7 @@ class HeadlessDesktop final : public Desktop {
     std::deque<std::string> boxAnswers;  ///< one for each message box; the text is free
     bool answerEveryBox = false;
     std::string printerFault;
+    Paper paperSize = kA4;
     /// What the user does when a form of that name is shown modally.
     std::map<std::string, std::function<void(Form&)>> modalScripts;
     /// Called at each pass of waiting events, before the queue's own.
@@ -55,6 +57,12 @@ class HeadlessDesktop final : public Desktop {
     Control* focus = nullptr;
     int passes = 0;
     std::vector<std::vector<const Form*>> printed;
+    struct PrintedPages {
+        PageDocument document;
+        int first = 0;
+        int last = 0;
+    };
+    std::vector<PrintedPages> printedPages;
     std::string helpShown;
 
     /// Lets time pass: every timer and all input that falls due.
@@ -83,6 +91,8 @@ class HeadlessDesktop final : public Desktop {
     void giveFocus(Control& control) override;
     void setClipboardText(std::string_view text) override { clipboard = text; }
     std::string printImage(const std::vector<const Form*>& forms) override;
+    std::string printPages(const PageDocument& document, int first, int last) override;
+    Paper paper() const override { return paperSize; }
     void showHelp(std::string_view fileName) override;
     void formShown(Form& form) override;
     void formHidden(Form& form) override;

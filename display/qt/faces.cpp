@@ -19,6 +19,7 @@ namespace {
 /// loaded bytes get one, of the same length.
 constexpr char16_t kFiledAs[] = u"B612";
 constexpr char16_t kOurs[] = u"HM61";
+constexpr char16_t kOursFixed[] = u"HM6F";
 
 QByteArray utf16(const char16_t* text) {
     QByteArray bytes;
@@ -45,12 +46,12 @@ std::pair<qsizetype, qsizetype> nameTable(const QByteArray& file) {
     return {0, 0};
 }
 
-QByteArray renamed(QByteArray file) {
+QByteArray renamed(QByteArray file, const char16_t* ours) {
     const auto [start, length] = nameTable(file);
     if (length == 0) return {};
     QByteArray names = file.mid(start, length);
-    names.replace(utf16(kFiledAs), utf16(kOurs));
-    names.replace("B612", "HM61");
+    names.replace(utf16(kFiledAs), utf16(ours));
+    names.replace("B612", QString::fromUtf16(ours).toLatin1());
     return file.replace(start, length, names);
 }
 
@@ -62,12 +63,12 @@ QStringList folders() {
 }
 
 /// The family under which the file was taken in, or empty.
-QString takeIn(const QString& name) {
+QString takeIn(const QString& name, const char16_t* ours) {
     for (const QString& folder : folders()) {
         for (const char* ending : {".otf", ".ttf"}) {
             QFile file(folder + "/" + name + ending);
             if (!file.open(QIODevice::ReadOnly)) continue;
-            const int id = QFontDatabase::addApplicationFontFromData(renamed(file.readAll()));
+            const int id = QFontDatabase::addApplicationFontFromData(renamed(file.readAll(), ours));
             const QStringList families = QFontDatabase::applicationFontFamilies(id);
             if (!families.isEmpty()) return families.first();
         }
@@ -78,10 +79,13 @@ QString takeIn(const QString& name) {
 }  // namespace
 
 Faces::Faces() {
-    const QString regular = takeIn("B612-Regular");
-    const QString bold = takeIn("B612-Bold");
+    const QString regular = takeIn("B612-Regular", kOurs);
+    const QString bold = takeIn("B612-Bold", kOurs);
     found_ = !regular.isEmpty() && regular == bold;
     family_ = regular;
+    fixedFamily_ = takeIn("B612Mono-Regular", kOursFixed);
+    if (fixedFamily_.isEmpty())
+        fixedFamily_ = QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
     if (!found_) {
         family_ = QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
         std::fprintf(stderr,
@@ -96,15 +100,28 @@ const Faces& Faces::get() {
     return faces;
 }
 
-QFont Faces::font(qreal pixels, Weight weight, bool spaced) const {
-    QFont font(family_);
+namespace {
+
+QFont ofHeight(const QString& family, qreal pixels) {
+    QFont font(family);
     const QScreen* screen = QGuiApplication::primaryScreen();
     const qreal dpi = screen ? screen->logicalDotsPerInchY() : 96;
     font.setPointSizeF(std::max(pixels, 1.0) * 72 / dpi);
-    font.setWeight(weight == Weight::Bold ? QFont::Bold : QFont::Normal);
     font.setHintingPreference(QFont::PreferVerticalHinting);
+    return font;
+}
+
+}  // namespace
+
+QFont Faces::font(qreal pixels, Weight weight, bool spaced) const {
+    QFont font = ofHeight(family_, pixels);
+    font.setWeight(weight == Weight::Bold ? QFont::Bold : QFont::Normal);
     if (spaced) font.setLetterSpacing(QFont::PercentageSpacing, 122);
     return font;
+}
+
+QFont Faces::fixedFont(qreal pixels) const {
+    return ofHeight(fixedFamily_, pixels);
 }
 
 }  // namespace display::qt

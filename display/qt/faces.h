@@ -18,12 +18,16 @@ class Faces {
     /// A face of that height in logical pixels.
     QFont font(qreal pixels, Weight weight, bool spaced = false) const;
 
+    /// The same letters, each as wide as the others.
+    QFont fixedFont(qreal pixels) const;
+
     const QString& family() const { return family_; }
     bool found() const { return found_; }
 
  private:
     Faces();
     QString family_;
+    QString fixedFamily_;
     bool found_ = false;
 };
 

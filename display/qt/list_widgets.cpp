@@ -71,7 +71,9 @@ ListBoxWidget::ListBoxWidget(QtDesktop& desktop, ListBox& box, QWidget* parent)
 void ListBoxWidget::sync() {
     syncing_ = true;
     setFocusPolicy(focusPolicyOf(box_, Qt::ClickFocus));
-    setFont(Faces::get().font(desktop_.scale().px(125), Weight::Normal));
+    const qreal height = desktop_.scale().px(125);
+    setFont(box_.fixedPitch ? Faces::get().fixedFont(height)
+                            : Faces::get().font(height, Weight::Normal));
     const QStringList rows = rowsOf(box_.list);
     QStringList shown;
     for (int i = 0; i < count(); ++i) shown << item(i)->text();

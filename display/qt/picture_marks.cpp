@@ -52,6 +52,25 @@ void marvenia(QPainter& painter, const QRectF& box, const PictureLook&) {
     paintWordMark(painter, box, QStringLiteral("MARVENIA"), QColor(0xdd, 0xe2, 0xe9));
 }
 
+/// The same in ink, for paper.
+void teskelInk(QPainter& painter, const QRectF& box, const PictureLook&) {
+    paintWordMark(painter, box, QStringLiteral("TESKEL"), QColor(0x1d, 0x4f, 0x91));
+}
+
+void marveniaInk(QPainter& painter, const QRectF& box, const PictureLook&) {
+    paintWordMark(painter, box, QStringLiteral("MARVENIA"), QColor(0x26, 0x2c, 0x34));
+}
+
+/// Paper with a grid of lines, faint on a dark ground.
+void graphPaper(QPainter& painter, const QRectF& box, const PictureLook& look) {
+    const qreal step = 12 * look.unit;
+    painter.setPen(QPen(QColor(0x1b, 0x22, 0x2a), look.unit));
+    for (qreal x = box.left() + step / 2; x < box.right(); x += step)
+        painter.drawLine(QPointF(x, box.top()), QPointF(x, box.bottom()));
+    for (qreal y = box.top() + step / 2; y < box.bottom(); y += step)
+        painter.drawLine(QPointF(box.left(), y), QPointF(box.right(), y));
+}
+
 /// The heads of the bar's mark, above and below the scale.
 void markTop(QPainter& painter, const QRectF& box, const PictureLook&) {
     painter.setPen(Qt::NoPen);
@@ -71,9 +90,10 @@ void markBottom(QPainter& painter, const QRectF& box, const PictureLook&) {
 
 const std::vector<NamedPicture>& markPictures() {
     static const std::vector<NamedPicture> pictures = {
-        {"multyon", lampOn},  {"multyoff", lampOff},      {"Logo1", teskel},
-        {"Logo2", marvenia},  {"LogoTeskel", teskel},     {"LogoMarvenia", marvenia},
-        {"MarkTop", markTop}, {"MarkBottom", markBottom},
+        {"multyon", lampOn},      {"multyoff", lampOff},        {"Logo1", teskel},
+        {"Logo2", marvenia},      {"LogoTeskel", teskel},       {"LogoMarvenia", marvenia},
+        {"InkTeskel", teskelInk}, {"InkMarvenia", marveniaInk}, {"GraphPaper", graphPaper},
+        {"MarkTop", markTop},     {"MarkBottom", markBottom},
     };
     return pictures;
 }

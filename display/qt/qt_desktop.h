@@ -13,6 +13,7 @@
 #include "display/desktop.h"
 #include "display/form.h"
 #include "display/hand.h"
+#include "display/page.h"
 #include "display/qt/focus_keeper.h"
 #include "display/qt/keyboard_watch.h"
 #include "display/qt/scale.h"
@@ -58,6 +59,8 @@ class QtDesktop : public Desktop {
     void giveFocus(Control& control) override;
     void setClipboardText(std::string_view text) override;
     std::string printImage(const std::vector<const Form*>& forms) override;
+    std::string printPages(const PageDocument& document, int first, int last) override;
+    Paper paper() const override;
     void showHelp(std::string_view fileName) override;
     void formLoaded(Form& form) override;
     void formShown(Form& form) override;

@@ -4,6 +4,7 @@
 #include "display/qt/chart_view.h"
 #include "display/qt/key_widgets.h"
 #include "display/qt/list_widgets.h"
+#include "display/qt/page_preview_widget.h"
 #include "display/qt/scroll_bar_widget.h"
 #include "display/qt/text_field_widget.h"
 
@@ -58,6 +59,10 @@ void ViewBuilder::visit(Tabs& tabs) {
 }
 void ViewBuilder::visit(Chart& chart) {
     widget = new ChartView(chart, &parent_);
+}
+
+void ViewBuilder::visit(PagePreview& preview) {
+    widget = new PagePreviewWidget(desktop_, preview, &parent_);
 }
 
 }  // namespace display::qt

@@ -34,6 +34,7 @@ class ViewBuilder final : public ControlVisitor {
     void visit(ScrollBar& bar) override;
     void visit(Tabs& tabs) override;
     void visit(Chart& chart) override;
+    void visit(PagePreview& preview) override;
 
  private:
     QtDesktop& desktop_;

@@ -43,6 +43,7 @@ class InContainer final : public ControlVisitor {
     void visit(ScrollBar&) override {}
     void visit(Tabs&) override {}
     void visit(Chart&) override {}
+    void visit(PagePreview&) override {}
 };
 
 Box onForm(Control& control) {

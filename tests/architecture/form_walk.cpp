@@ -49,6 +49,7 @@ class Look final : public ControlVisitor {
     void visit(ScrollBar& bar) override { handled = static_cast<bool>(bar.onChange); }
     void visit(Tabs&) override { handleOnly = true; }
     void visit(Chart&) override {}
+    void visit(PagePreview&) override {}
 };
 
 class Walk {

@@ -43,6 +43,7 @@ class Kinds final : public ControlVisitor {
     void visit(ScrollBar&) override { kind = "ScrollBar"; }
     void visit(Tabs&) override { kind = "Tabs"; }
     void visit(Chart&) override { kind = "Chart"; }
+    void visit(PagePreview&) override { kind = "PagePreview"; }
 };
 
 TEST_F(Controls, EachKindShowsItselfAsItself) {

@@ -97,6 +97,7 @@ class Fit final : public ControlVisitor {
     void visit(ListBox&) override {}
     void visit(ScrollBar&) override {}
     void visit(Chart&) override {}
+    void visit(PagePreview&) override {}
 
  private:
     void expect(const QString& text, qreal needed, qreal has, const char* way) {

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/qt/page_preview_widget.h"
+
+#include <QGraphicsView>
+#include <limits>
+
+#include "display/qt/key_widgets.h"
+#include "display/qt/page_painter.h"
+#include "display/qt/palette.h"
+#include "display/qt/print_paper.h"
+#include "display/qt/qt_desktop.h"
+
+namespace display::qt {
+
+PagePreviewWidget::PagePreviewWidget(QtDesktop& desktop, PagePreview& preview, QWidget* parent)
+    : QWidget(parent),
+      desktop_(desktop),
+      preview_(preview),
+      printer_(QPrinter::HighResolution),
+      view_(new QPrintPreviewWidget(&printer_, this)) {
+    // A page for its own sake: no print server is asked for it.
+    printer_.setOutputFormat(QPrinter::PdfFormat);
+    connect(view_, &QPrintPreviewWidget::paintRequested, this,
+            [this](QPrinter* sheets) { paint(*sheets); });
+    if (auto* sheets = view_->findChild<QGraphicsView*>()) {
+        sheets->setBackgroundBrush(QColor(kWellTop));
+        setFocusProxy(sheets);
+    }
+}
+
+void PagePreviewWidget::paint(QPrinter& sheets) const {
+    QPainter painter;
+    if (!painter.begin(&sheets)) return;
+    paintPages(painter, preview_.document(), 1, std::numeric_limits<int>::max(),
+               sheets.resolution(), [&sheets] { sheets.newPage(); });
+}
+
+void PagePreviewWidget::sync() {
+    setFocusPolicy(focusPolicyOf(preview_, Qt::ClickFocus));
+    if (drawn_ != preview_.shownDocuments()) {
+        drawn_ = preview_.shownDocuments();
+        layOutSheet(printer_, desktop_.paper());
+        view_->updatePreview();
+        view_->setCurrentPage(1);
+    }
+    view_->setZoomFactor(preview_.zoom / 100.0);
+}
+
+void PagePreviewWidget::resizeEvent(QResizeEvent*) {
+    view_->setGeometry(rect());
+}
+
+}  // namespace display::qt

@@ -1,0 +1,276 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Pages on paper and in the preview, read back from their pixels.
+#include "display/page.h"
+
+#include <QFile>
+#include <QGraphicsView>
+#include <QPainter>
+#include <QPrinter>
+#include <QTemporaryDir>
+
+#include "display/qt/page_painter.h"
+#include "display/qt/page_preview_widget.h"
+#include "tests/display/qt/qt_bench.h"
+
+namespace display::qt {
+
+namespace {
+
+/// Ten page units a dot.
+constexpr qreal kDotsPerInch = 144;
+
+int dot(float units) {
+    return qRound(units * kDotsPerInch / kPageUnitsPerInch);
+}
+
+QImage pictureOf(const PageDocument& document, const Paper& paper) {
+    QImage image(dot(paper.width), dot(paper.height), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    paintPages(painter, document, 1, 1, kDotsPerInch, [] {});
+    return image;
+}
+
+/// The dots that are not white; red ones alone where asked for.
+QRect inkOf(const QImage& image) {
+    QRect ink;
+    for (int y = 0; y < image.height(); ++y) {
+        const auto* row = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            if (qGray(row[x]) < 128) ink |= QRect(x, y, 1, 1);
+        }
+    }
+    return ink;
+}
+
+PageDocument withMargins() {
+    PageDocument document;
+    document.margins = {720, 720, 720, 720};
+    return document;
+}
+
+/// A form with a preview alone.
+class PreviewForm final : public Form {
+ public:
+    explicit PreviewForm(Desktop& desktop) : Form(desktop, "PreviewForm") {
+        Key1.onClick = [this] { hide(); };
+    }
+    PagePreview ViewPro1{*this, "ViewPro1"};
+    Key Key1{*this, "Key1"};
+
+ protected:
+    void layOut() override {
+        width = 9000.f;
+        height = 8000.f;
+        place(ViewPro1, {300, 300, 8400, 6900}).tabIndex = 1;
+        place(Key1, {300, 7300, 1200, 420}).isCancel = true;
+    }
+};
+
+/// A desktop whose printer writes its pages to a file.
+class PaperDesktop final : public QtDesktop {
+ public:
+    PaperDesktop(int& argc, QString path) : QtDesktop(argc, nullptr), path_(std::move(path)) {}
+
+ protected:
+    std::string preparePrinter(QPrinter& printer) const override {
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(path_);
+        return {};
+    }
+
+ private:
+    QString path_;
+};
+
+}  // namespace
+
+class PagePaint : public QtBench {};
+
+TEST_F(PagePaint, LinesAndRectanglesStandAtTheirCoordinatesFromTheMarginsCorner) {
+    PageDocument document = withMargins();
+    document.pen = {kBlack, 40, PenStyle::Solid};
+    document.rectangle({1000, 2000}, {5000, 4000});
+    const QImage image = pictureOf(document, kA4);
+    const QRect ink = inkOf(image);
+    EXPECT_NEAR(ink.left(), dot(720 + 1000 - 20), 1);
+    EXPECT_NEAR(ink.top(), dot(720 + 2000 - 20), 1);
+    EXPECT_NEAR(ink.right(), dot(720 + 5000 + 20), 1);
+    EXPECT_NEAR(ink.bottom(), dot(720 + 4000 + 20), 1);
+    EXPECT_EQ(image.pixelColor(dot(720 + 3000), dot(720 + 3000)), QColor(Qt::white));
+}
+
+TEST_F(PagePaint, APolylineGoesThroughItsPointsInItsColourAndWidth) {
+    PageDocument document = withMargins();
+    document.pen = {kRed, 70, PenStyle::Solid};
+    document.polyline("0 3000 3000 1000 6000 3000 ");
+    const QImage image = pictureOf(document, kA4);
+    EXPECT_EQ(image.pixelColor(dot(720 + 1500), dot(720 + 2000)), QColor(Qt::red));
+    EXPECT_EQ(image.pixelColor(dot(720 + 4500), dot(720 + 2000)), QColor(Qt::red));
+    EXPECT_EQ(image.pixelColor(dot(720 + 3000), dot(720 + 3000)), QColor(Qt::white));
+    int wide = 0;
+    for (int y = dot(720 + 1000); y < dot(720 + 3000); ++y)
+        wide += image.pixelColor(dot(720 + 1500), y) == QColor(Qt::red);
+    // The line slants: 70 units across it are 84 along y.
+    EXPECT_NEAR(wide, 84 / 10.0, 2);
+}
+
+TEST_F(PagePaint, AnUprightTextBeginsAtItsUpperLeftCornerAndATurnedOneGoesUp) {
+    PageDocument document = withMargins();
+    document.font.points = 24;
+    document.text({2000, 3000}, "EEEEEEEE");
+    const QRect upright = inkOf(pictureOf(document, kA4));
+    EXPECT_NEAR(upright.left(), dot(720 + 2000), 6);
+    EXPECT_GE(upright.top(), dot(720 + 3000));
+    EXPECT_LE(upright.bottom(), dot(720 + 3000 + lineHeight(24)));
+    EXPECT_GT(upright.width(), 4 * upright.height());
+
+    PageDocument turnedDocument = withMargins();
+    turnedDocument.font.points = 24;
+    turnedDocument.turnedText({2000, 6000}, 900, "EEEEEEEE");
+    const QRect turned = inkOf(pictureOf(turnedDocument, kA4));
+    EXPECT_NEAR(turned.bottom(), dot(720 + 6000), 6);
+    EXPECT_NEAR(turned.height(), upright.width(), 2);
+    EXPECT_NEAR(turned.width(), upright.height(), 2);
+    EXPECT_GE(turned.left(), dot(720 + 2000));
+    EXPECT_LE(turned.right(), dot(720 + 2000 + lineHeight(24)));
+}
+
+TEST_F(PagePaint, ATextOfFixedPitchIsAsWideAsItsCharacters) {
+    PageDocument document;
+    document.font = {10, Weight::Normal, Pitch::Fixed, kBlack};
+    document.text({1000, 1000}, "|" + std::string(49, ' ') + "|");
+    document.font.pitch = Pitch::Proportional;
+    const QRect ink = inkOf(pictureOf(document, kA4));
+    // From the middle of the first character to the middle of the last one.
+    EXPECT_NEAR(ink.left() + ink.width() / 2.0, dot(1000 + 25.5f * fixedAdvance(10)), 1.5);
+    EXPECT_NEAR(ink.width(), dot(50 * fixedAdvance(10)), 3);
+}
+
+TEST_F(PagePaint, TheFixedFaceIsFixed) {
+    const auto widthOf = [](const std::string& text) {
+        PageDocument document;
+        document.font = {20, Weight::Normal, Pitch::Fixed, kBlack};
+        document.text({1000, 1000}, "|" + text + "|");
+        return inkOf(pictureOf(document, kA4)).width();
+    };
+    EXPECT_EQ(widthOf("iiiiiiii"), widthOf("MMMMMMMM"));
+}
+
+TEST_F(PagePaint, APictureFillsNoMoreThanItsPlace) {
+    for (const char* name : {"InkTeskel", "InkMarvenia"}) {
+        PageDocument document = withMargins();
+        document.picture(name, {550, -360}, 2500, 400);
+        const QRect ink = inkOf(pictureOf(document, kA4));
+        ASSERT_FALSE(ink.isEmpty()) << name;
+        EXPECT_TRUE(QRect(dot(1270), dot(360), dot(2500), dot(400)).contains(ink)) << name;
+    }
+}
+
+class PageOnPaper : public QtBench {};
+
+TEST_F(PageOnPaper, PagesGoToThePrinterOneASheet) {
+    const QTemporaryDir folder;
+    int argc = 0;
+    PaperDesktop desk(argc, folder.filePath("pages.pdf"));
+    PageDocument document = withMargins();
+    for (int i = 0; i < 3; ++i) {
+        document.newPage();
+        document.text({0, 0}, "a page");
+    }
+    EXPECT_EQ(desk.printPages(document, 1, 2), "");
+    QFile file(folder.filePath("pages.pdf"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    EXPECT_TRUE(bytes.startsWith("%PDF"));
+    EXPECT_EQ(bytes.count("/Type /Page\n"), 2);
+}
+
+TEST_F(PageOnPaper, APrinterThatCannotWriteIsTold) {
+    int argc = 0;
+    PaperDesktop desk(argc, "/no/such/folder/pages.pdf");
+    EXPECT_NE(desk.printPages(withMargins(), 1, 1), "");
+}
+
+class Preview : public QtBench {
+ protected:
+    Preview() { form.show(); }
+
+    PagePreviewWidget& preview() { return dynamic_cast<PagePreviewWidget&>(widget(form.ViewPro1)); }
+    /// The preview as it stands on the screen.
+    QImage picture() {
+        QImage image = preview().grab().toImage().convertToFormat(QImage::Format_RGB32);
+        return image;
+    }
+    /// The dots of one colour.
+    static QRect dotsOf(const QImage& image, QRgb colour) {
+        QRect dots;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixel(x, y) == colour) dots |= QRect(x, y, 1, 1);
+            }
+        }
+        return dots;
+    }
+
+    PreviewForm form{*desktop};
+};
+
+TEST_F(Preview, ShowsTheSheetAtItsTrueProportionsWithItsMarks) {
+    PageDocument document = withMargins();
+    document.pen = {kRed, 400, PenStyle::Solid};
+    const Paper paper = desktop->paper();
+    // A red cross of lines through the middle of the sheet, up to a quarter of its sides.
+    const float x = paper.width / 2 - 720;
+    const float y = paper.height / 2 - 720;
+    document.line({x - paper.width / 4, y}, {x + paper.width / 4, y});
+    document.line({x, y - paper.height / 4}, {x, y + paper.height / 4});
+    form.ViewPro1.show(document);
+    form.ViewPro1.zoom = 40;
+    settle();
+    QRect sheet;
+    ASSERT_TRUE(until([&] {
+        sheet = dotsOf(picture(), qRgb(255, 255, 255));
+        return sheet.height() > 100;
+    }));
+    keep(form, "preview");
+    EXPECT_NEAR(double(sheet.height()) / sheet.width(), paper.height / paper.width, 0.02);
+    const QRect cross = dotsOf(picture(), qRgb(255, 0, 0));
+    EXPECT_NEAR(cross.center().x(), sheet.center().x(), 2);
+    EXPECT_NEAR(cross.center().y(), sheet.center().y(), 2);
+    EXPECT_NEAR(cross.width(), sheet.width() / 2.0, 4);
+    EXPECT_NEAR(cross.height(), sheet.height() / 2.0, 4);
+}
+
+TEST_F(Preview, ItsZoomIsPercentOfTheTrueSize) {
+    form.ViewPro1.show(withMargins());
+    form.ViewPro1.zoom = 30;
+    settle();
+    EXPECT_NEAR(preview().view().zoomFactor(), 0.30, 0.001);
+    form.ViewPro1.zoom = 60;
+    settle();
+    EXPECT_NEAR(preview().view().zoomFactor(), 0.60, 0.001);
+}
+
+TEST_F(Preview, AnotherDocumentTakesThePlaceOfTheFirst) {
+    PageDocument red = withMargins();
+    red.pen = {kRed, 2000, PenStyle::Solid};
+    red.line({0, 4000}, {9000, 4000});
+    form.ViewPro1.zoom = 40;
+    form.ViewPro1.show(red);
+    settle();
+    ASSERT_TRUE(until([&] { return !dotsOf(picture(), qRgb(255, 0, 0)).isEmpty(); }));
+    form.ViewPro1.show(withMargins());
+    settle();
+    EXPECT_TRUE(until([&] { return dotsOf(picture(), qRgb(255, 0, 0)).isEmpty(); }));
+    EXPECT_TRUE(until([&] { return !dotsOf(picture(), qRgb(255, 255, 255)).isEmpty(); }));
+}
+
+TEST_F(Preview, TakesTheKeyboardAndLeavesEscapeToItsForm) {
+    settle();
+    QTest::keyClick(preview().findChild<QGraphicsView*>(), Qt::Key_Escape);
+    settle();
+    EXPECT_FALSE(form.visible);
+}
+
+}  // namespace display::qt
