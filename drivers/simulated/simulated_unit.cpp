@@ -12,6 +12,7 @@
 #include "drivers/simulated/band.h"
 #include "drivers/simulated/chance.h"
 #include "drivers/simulated/figures.h"
+#include "drivers/simulated/hour_of_air.h"
 #include "drivers/unit/replace_file.h"
 
 namespace hm16::simulated {
@@ -180,6 +181,9 @@ void SimulatedUnit::sweepStep(std::unique_lock<std::mutex>& lock) {
 void SimulatedUnit::publish(double time) {
     if (isSilent(time)) return;
     Readings readings = figuresAt(options_.seed, tuning_, time, options_.levelStep);
+    const Station* const station = stationAt(tuning_.frequency);
+    if (tuning_.log == DayLogging::On && station != nullptr)
+        liveThrough(readings, options_.seed, *station, clock_.wallAt(time));
     if (tones_ && tones_->toneAt(time) != 0) {
         // A steady tone on both channels alike.
         readings.levelFirst = readings.levelSecond = -1;
@@ -203,8 +207,10 @@ void SimulatedUnit::keep(const Readings& readings, double time) {
     sinceSaved_ += passed;
     if (sinceSaved_ >= kSaveEvery) saveResults(time);
     if (tuning_.log == DayLogging::Off) return;
-    const double power = std::pow(10.0, (readings.field - station->field) / 10);
-    say(log_.add(readings, power, passed, clock_.wallAt(time)));
+    const LocalTime wall = clock_.wallAt(time);
+    const double power = std::pow(10.0, (readings.field - station->field) / 10) *
+                         hourOfAir(options_.seed, *station, wall).power;
+    say(log_.add(readings, power, passed, wall));
 }
 
 void SimulatedUnit::saveResults(double time) {
