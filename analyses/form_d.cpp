@@ -6,6 +6,7 @@
 #include "analyses/scan_file.h"
 #include "core/language.h"
 #include "core/taken_for_granted.h"
+#include "performance/form_d4a.h"
 #include "spectrum/class1.h"
 #include "spectrum/form_d1.h"
 #include "spectrum/form_d1a.h"
@@ -43,7 +44,7 @@ void Form_D::bindDoors() {
     bindKey(Image1, "OpenN", "OpenA", door(program, program.FormD1a));
     bindKey(Image2, "OpenN", "OpenA", door(program, program.Form_BandSCanner));
     bindKey(Image3, "OpenN", "OpenA", door(program, program.Form_Dd3));
-    bindKey(Image4, "LogN", "LogA", windowToCome);
+    bindKey(Image4, "LogN", "LogA", door(program, program.Form_D4A));
     Image5.onRelease = [this] { turnSwitch(); };
     Image6.onClick = windowToCome;
     // Once its window was closed, the channel spectrum has no other door.

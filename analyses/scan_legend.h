@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "analyses/numbered.h"
 #include "analyses/scan_option.h"
+#include "core/numbered.h"
 #include "display/chart.h"
 
 namespace hmonitor {

@@ -20,7 +20,10 @@ Forms::Forms(Program& program, Form_WaitLoad::Brand brand)
       formDd3(program),
       form7(program),
       formBandSCanner(program),
-      formPrintBandScan(program) {
+      formPrintBandScan(program),
+      formD4A(program, dayTables),
+      form15(program, dayTables),
+      form4(program) {
     program.Form_WaitLoad.fill(formWaitLoad);
     program.FormModoDemo.fill(formModoDemo);
     program.Form3.fill(form3);
@@ -37,6 +40,9 @@ Forms::Forms(Program& program, Form_WaitLoad::Brand brand)
     program.Form7.fill(form7);
     program.Form_BandSCanner.fill(formBandSCanner);
     program.Form_PrintBandScan.fill(formPrintBandScan);
+    program.Form_D4A.fill(formD4A);
+    program.Form15.fill(form15);
+    program.Form4.fill(form4);
     program.rack = {&form1, &formB, &formC, &formD};
 }
 

@@ -10,6 +10,9 @@
 #include "panels/audio/form_b.h"
 #include "panels/modulation/form1.h"
 #include "panels/quality/form_c.h"
+#include "performance/form15.h"
+#include "performance/form4.h"
+#include "performance/form_d4a.h"
 #include "program/tuner.h"
 #include "spectrum/form_d1.h"
 #include "spectrum/form_d1a.h"
@@ -46,6 +49,10 @@ class Forms {
     hmonitor::Form7 form7;
     hmonitor::Form_BandSCanner formBandSCanner;
     hmonitor::Form_PrintBandScan formPrintBandScan;
+    DayTables dayTables;  ///< of the log; it outlives the windows that show it
+    hmonitor::Form_D4A formD4A;
+    hmonitor::Form15 form15;
+    hmonitor::Form4 form4;
 };
 
 }  // namespace hmonitor

@@ -32,6 +32,9 @@ class Form_Dd3;
 class Form7;
 class Form_BandSCanner;
 class Form_PrintBandScan;
+class Form_D4A;
+class Form15;
+class Form4;
 
 /// What all forms share: the desktop, the driver, the state of the station, the working folder,
 /// and a slot for each form.
@@ -66,6 +69,9 @@ struct Program {
     Slot<hmonitor::Form7> Form7;
     Slot<hmonitor::Form_BandSCanner> Form_BandSCanner;
     Slot<hmonitor::Form_PrintBandScan> Form_PrintBandScan;
+    Slot<hmonitor::Form_D4A> Form_D4A;
+    Slot<hmonitor::Form15> Form15;
+    Slot<hmonitor::Form4> Form4;
 
     /// The four panels of the rack, top to bottom, as they are disabled and enabled together.
     std::array<display::Form*, 4> rack{};

@@ -18,8 +18,12 @@ constexpr int kDistortion = 22;
 }  // namespace
 
 ResultsFile ResultsFile::read(const Files& files, double frequency) {
+    return readNamed(files, frequencyFileName(frequency, ".dat"));
+}
+
+ResultsFile ResultsFile::readNamed(const Files& files, std::string_view name) {
     ResultsFile results;
-    const auto bytes = files.read(frequencyFileName(frequency, ".dat"));
+    const auto bytes = files.read(name);
     if (!bytes) return results;
     results.isThere_ = true;
     TextLines text(*bytes);

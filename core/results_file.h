@@ -21,6 +21,8 @@ class ResultsFile {
 
     /// Of a frequency in units of 100 kHz.
     static ResultsFile read(const Files& files, double frequency);
+    /// By its name.
+    static ResultsFile readNamed(const Files& files, std::string_view name);
 
     bool isThere() const { return isThere_; }
     /// The text of line `n`, 1 to 24 (UTF-8), or none.

@@ -92,8 +92,8 @@ class Desktop {
     /// desktop's printer. Answers what went wrong, empty when it was printed.
     virtual std::string printImage(const std::vector<const Form*>& forms) = 0;
 
-    /// Prints these pages of a document, counted from 1, on the desktop's printer. Answers what went
-    /// wrong, empty when they were printed.
+    /// Prints these pages of a document, counted from 1, on the desktop's printer. Answers what
+    /// went wrong, empty when they were printed.
     virtual std::string printPages(const PageDocument& document, int first, int last) = 0;
     /// The sheet that the desktop's printer takes; the system's usual one where there is none.
     virtual Paper paper() const = 0;

@@ -11,15 +11,16 @@
 
 namespace hmonitor {
 
-/// Elements of one kind whose run-time names are a stem and a number from 1 on: numbered[0] is
-/// named "Label1".
-template <class Kind, std::size_t Count>
+/// Elements of one kind whose run-time names are a stem and a number from `First` on: numbered[0]
+/// is named "Label1".
+template <class Kind, std::size_t Count, std::size_t First = 1>
 class Numbered {
  public:
     Numbered(display::Form& form, std::string_view stem)
         : elements_(make(form, stem, std::make_index_sequence<Count>{})) {}
 
     Kind& operator[](std::size_t index) { return elements_[index]; }
+    const Kind& operator[](std::size_t index) const { return elements_[index]; }
     static constexpr std::size_t size() { return Count; }
     auto begin() { return elements_.begin(); }
     auto end() { return elements_.end(); }
@@ -28,7 +29,7 @@ class Numbered {
     template <std::size_t... I>
     static std::array<Kind, Count> make(display::Form& form, std::string_view stem,
                                         std::index_sequence<I...>) {
-        return {element(form, stem, I + 1)...};
+        return {element(form, stem, First + I)...};
     }
 
     // Inlined once for each element, construction took compilers long.

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "performance/form4.h"
+
+#include "core/language.h"
+#include "core/look.h"
+#include "core/numbers.h"
+#include "performance/form_d4a.h"
+#include "spectrum/rack_place.h"
+#include "spectrum/window_look.h"
+
+namespace hmonitor {
+
+Form4::Form4(Program& itsProgram) : ProgramForm(itsProgram, "Form4") {
+    hscZoom.onChange = [this] { setZoom(); };
+    SSCommand1.onClick = [this] { hide(); };
+    SSCommand2.onClick = [this] { print(); };
+    SSCommand3.onClick = [this] {
+        if (StationState.Band == "FM") program.Form_D4A->Leer();
+    };
+    bindHandle(SSPanel1.onMouseDown, SSPanel1.onMouseMove, {this});
+}
+
+void Form4::onLoad() {
+    language = panelLanguage(desktop().userLanguageId());
+    if (program.words.gBrand == "Marvenia") Picture1.picture = Picture4.picture;
+    setZoom();
+    // After a print it comes back with the page of the day that its window shows.
+    if (program.Form_D4A.peek().loaded()) program.Form_D4A.peek().drawPage();
+}
+
+void Form4::activated() {
+    // It is loaded with the window of the day, long before it is seen.
+    if (!placed_) placeOverRack(*this, program);
+    placed_ = true;
+}
+
+void Form4::closeRequested() {
+    SSCommand1.press();
+}
+
+void Form4::setZoom() {
+    ViewPro1.zoom = hscZoom.value;
+    Percent.caption = wholeText(hscZoom.value).append(" %");
+}
+
+void Form4::print() {
+    // Without a printer there is no page and no message.
+    desktop().printPages(ViewPro1.document(), 1, 1);
+    unload();
+}
+
+void Form4::layOut() {
+    using display::Surface;
+    constexpr float kWidth = 9000;
+    constexpr float kHeight = 8300;
+    constexpr float kFoot = 7060;
+    width = kWidth;
+    height = kHeight;
+    caption = "On-Air Performance Log";
+    place(Faceplate, {0, 0, kWidth, kHeight}).surface = Surface::Faceplate;
+    place(SSPanel1, {0, 0, kWidth, look::kTitleStrip + 160});
+    SSPanel1.says = {"Mover la ventana", "Move the window"};
+    place(Heading, {240, 200, 5000, 260}, &SSPanel1).caption = "On-Air Performance Log";
+    Heading.font = look::kTitle;
+    Heading.colour = look::kScaleColour;
+    // The logos are drawn in ink.
+    place(Letterhead, {5900, 90, 2740, 440}, &SSPanel1).surface = Surface::Sheet;
+    place(Picture1, {120, 20, 2500, 400}, &Letterhead).picture = "InkTeskel";
+    place(Picture4, {120, 20, 2500, 400}, &Letterhead).picture = "InkMarvenia";
+    Picture4.visible = false;
+
+    place(ViewPro1, {look::kMargin, 660, kWidth - 2 * look::kMargin, 6240});
+    ViewPro1.says = {"Vista previa de la página", "Preview of the page"};
+    ViewPro1.tabIndex = 6;
+
+    place(Frame1, {look::kMargin, kFoot + 70, 900, 180}).caption = "Zoom";
+    place(hscZoom, {1360, kFoot + 40, 2400, 240}).range(20, 200, 20);
+    hscZoom.value = 55;
+    hscZoom.says = {"Zoom de la vista previa", "Zoom of the preview"};
+    hscZoom.tabIndex = 5;
+    place(Percent, {3860, kFoot + 70, 700, 180});
+    place(Label9, {look::kMargin, kFoot + 560, 1000, 180}).caption = "Comment";
+    place(Text1, {1360, kFoot + 510, 4000, 280}).font = display::Font{140};
+    Text1.says = {"Comentario de la página", "Comment of the page"};
+    Text1.tabIndex = 1;
+    for (display::Label* label : {&Frame1, &Percent, &Label9}) {
+        label->font = look::kDialog;
+        label->colour = look::kCaptionColour;
+    }
+
+    constexpr float kKeyWidth = 980;
+    constexpr float kKeyTop = kFoot + 440;
+    place(SSCommand3, {5480, kKeyTop, kKeyWidth, look::kKeyHeight}).caption = "Set";
+    SSCommand3.says = {"Dibujar la página con el comentario", "Draw the page with the comment"};
+    SSCommand3.isDefault = true;
+    SSCommand3.tabIndex = 2;
+    place(SSCommand2, {6580, kKeyTop, kKeyWidth, look::kKeyHeight}).caption = "Print";
+    SSCommand2.says = {"Imprimir la página", "Print the page"};
+    SSCommand2.tabIndex = 3;
+    place(SSCommand1, {7660, kKeyTop, kKeyWidth, look::kKeyHeight}).caption = "Cancel";
+    SSCommand1.says = {"Cerrar la vista previa", "Close the preview"};
+    SSCommand1.isCancel = true;
+    SSCommand1.tabIndex = 4;
+}
+
+}  // namespace hmonitor

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/numbered.h"
+#include "core/program_form.h"
+#include "display/chart.h"
+#include "display/family.h"
+#include "performance/day_tables.h"
+
+namespace hmonitor {
+
+/// The on-air performance log: one day as six charts, hour by hour, and its printed page, which
+/// `Form4` shows.
+class Form_D4A final : public ProgramForm {
+ public:
+    Form_D4A(Program& program, DayTables& tables);
+
+    void closeRequested() override;
+
+    /// Clears the six charts.
+    void Reset();
+    /// Reads the day that `Combo1` has chosen and draws charts and page.
+    void Leer();
+    /// Draws the page of the day that was read last on `Form4`; nothing while no day is chosen.
+    void drawPage();
+
+    static constexpr int kFirstLabel = 8;
+    static constexpr std::size_t kLabels = 29;  ///< `Label8` to `Label36`
+    static constexpr std::size_t kWells = 4;
+    static constexpr std::size_t kCharts = 6;
+
+    display::Panel Faceplate{*this, "Faceplate"};
+    display::Panel SSPanel1{*this, "SSPanel1"};  ///< moves the window
+    display::Label Heading{*this, "Heading"};
+    display::Label Label_Station{*this, "Label_Station"};
+    display::Label Label_Mhz{*this, "Label_Mhz"};
+    /// Of `Graph1`; of `Graph2`; of `Graph3` and `Graph5`; of `Graph4` and `Graph6`.
+    display::Family<display::Panel, kWells> Well{*this, "Well"};
+    // What the scrollers nudge behind the charts.
+    display::Picture Picture1{*this, "Picture1"};
+    display::Picture Picture4{*this, "Picture4"};
+    display::Picture Picture5{*this, "Picture5"};
+    display::Picture Picture2{*this, "Picture2"};
+    display::Family<display::Panel, kCharts> View{*this, "View"};  ///< the part that is seen
+    Numbered<display::Chart, kCharts> Graph{*this, "Graph"};
+    /// The charts' captions, "Retrive", and hour marks that go with the charts.
+    Numbered<display::Label, kLabels, kFirstLabel> Label{*this, "Label"};
+    display::Family<display::Label, 28> Scale{*this, "Scale"};  ///< beside the charts
+    display::Family<display::Label, 3> Unit{*this, "Unit"};
+    display::ComboBox Combo1{*this, "Combo1"};  ///< the day
+    display::ListBox File1{*this, "File1"};     ///< the logs of the folder; hidden
+    display::ScrollBar HScroll1{*this, "HScroll1"};
+    display::ScrollBar HScroll2{*this, "HScroll2"};
+    display::Key SSCommand1{*this, "SSCommand1"};  ///< print mode
+    display::Key SSCommand2{*this, "SSCommand2"};  ///< text mode
+    display::Key SSCommand3{*this, "SSCommand3"};  ///< close
+
+ protected:
+    void layOut() override;
+    void onLoad() override;
+    void onUnload() override;
+
+ private:
+    /// To which side a background was nudged last: empty or "1".
+    using Side = SmallText;
+
+    void layOutHead();
+    void layOutWells();
+    void layOutChart(std::size_t chart);
+    void layOutCaptions();
+    void layOutHourMarks();
+    void layOutFoot();
+
+    void listDays();
+    void plot();
+    void scrollUpper();
+    void scrollLower();
+    void moveCharts(std::size_t first, std::size_t last, float edge);
+    static void nudge(display::Picture& background, Side& side);
+    void showText();
+    void close();
+
+    DayTables& tables_;
+    Side sideOfPicture1_, sideOfPicture4_, sideOfPicture5_, sideOfPicture2_;
+};
+
+}  // namespace hmonitor
