@@ -84,13 +84,13 @@ void Form15::layOutHead(display::Label& head, const char* words, float x, float 
 void Form15::layOutFirstPage() {
     constexpr const char* kTitles[] = {"Modulation", "Power"};
     for (std::size_t i = 0; i < 2; ++i) {
-        const float edge = 200 + 4740 * static_cast<float>(i);
+        const float edge = 160 + 4600 * static_cast<float>(i);
         place(Title[i], {edge, 100, 3000, 220}, &Page1).caption = kTitles[i];
         Title[i].font = display::Font{150, display::Weight::Bold};
         Title[i].colour = look::kScaleColour;
         layOutHead(Time[i], "Time", columnOf(edge, 0), 420, Page1);
         layOutHead(Value[i], " Value", columnOf(edge, 14), 420, Page1);
-        layOutList(i, {edge, kListTop, 4420, kListHeight}, Page1);
+        layOutList(i, {edge, kListTop, 4440, kListHeight}, Page1);
     }
 }
 

@@ -64,9 +64,9 @@ void Form4::layOut() {
     Heading.font = look::kTitle;
     Heading.colour = look::kScaleColour;
     // The logos are drawn in ink.
-    place(Letterhead, {5900, 90, 2740, 440}, &SSPanel1).surface = Surface::Sheet;
-    place(Picture1, {120, 20, 2500, 400}, &Letterhead).picture = "InkTeskel";
-    place(Picture4, {120, 20, 2500, 400}, &Letterhead).picture = "InkMarvenia";
+    place(Letterhead, {6400, 90, 2240, 440}, &SSPanel1).surface = Surface::Sheet;
+    place(Picture1, {120, 20, 2000, 400}, &Letterhead).picture = "InkTeskel";
+    place(Picture4, {120, 20, 2000, 400}, &Letterhead).picture = "InkMarvenia";
     Picture4.visible = false;
 
     place(ViewPro1, {look::kMargin, 660, kWidth - 2 * look::kMargin, 6240});

@@ -14,7 +14,6 @@ using display::Surface;
 namespace {
 
 constexpr float kWidth = 13200;
-constexpr float kHeight = 7880;
 
 // Two columns of charts; each chart is wider than what is seen of it.
 constexpr float kWellWidth = 6270;
@@ -41,6 +40,7 @@ constexpr float kUpperBar = kUpperTop + kUpperHeight + 50;
 constexpr float kLowerTop = kUpperBar + kBarHeight + 110;
 constexpr float kLowerBar = kLowerTop + kLowerHeight + 50;
 constexpr float kKeyTop = kLowerBar + kBarHeight + 150;
+constexpr float kHeight = kKeyTop + look::kKeyHeight + 170;
 
 // At rest a chart's first 240 twips lie out of view, at the end of its bar its right edge is the
 // view's.
@@ -235,16 +235,16 @@ void Form_D4A::layOutCaptions() {
     const Word words[] = {
         {8, "Modulation", 0, 0, 0, 1100, kChartRed},
         {9, "RF Power", 1, 0, 0, 1000, kChartBlue},
-        {10, "Left", 2, 0, 0, 380, kChartBlue},
-        {11, "and", 2, 410, 0, 340, look::kScaleColour},
-        {12, "Right", 2, 780, 0, 470, kChartRed},
-        {13, "Level", 2, 1280, 0, 500, look::kScaleColour},
-        {14, "Stereo", 3, 0, 0, 580, kChartBlue},
-        {15, "Phase", 3, 620, 0, 560, kChartBlue},
-        {16, "OverMod", 2, 0, kNextChart, 830, kChartRed},
-        {17, "Pk/min", 2, 870, kNextChart, 640, kChartRed},
-        {18, "Silence", 3, 0, kNextChart, 680, kChartRed},
-        {19, "Inverted", 3, 740, kNextChart, 800, kChartBlue},
+        {10, "Left", 2, 0, 0, 320, kChartBlue},
+        {11, "and", 2, 330, 0, 280, look::kScaleColour},
+        {12, "Right", 2, 640, 0, 410, kChartRed},
+        {13, "Level", 2, 1080, 0, 450, look::kScaleColour},
+        {14, "Stereo", 3, 0, 0, 490, kChartBlue},
+        {15, "Phase", 3, 510, 0, 480, kChartBlue},
+        {16, "OverMod", 2, 0, kNextChart, 670, kChartRed},
+        {17, "Pk/min", 2, 690, kNextChart, 580, kChartRed},
+        {18, "Silence", 3, 0, kNextChart, 540, kChartRed},
+        {19, "Inverted", 3, 560, kNextChart, 650, kChartBlue},
     };
     for (const Word& word : words) {
         display::Label& label = Label[static_cast<std::size_t>(word.label - kFirstLabel)];

@@ -1,6 +1,13 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Sourced. lay_rack TREE BUILD FOLDER UNIT: assembles what runs in the folder; the working folder's
-# first contents never go over an existing file.
+# first contents never go over an existing file. Logs of three days are laid for the simulated unit
+# alone, and only into a folder that has none.
+
+has_logs() {
+  local found
+  found=$(find "$1" -maxdepth 1 -iname '*.log' -print -quit)
+  [ -n "$found" ]
+}
 
 lay_rack() {
   local tree=$1 build=$2 folder=$3 unit=$4 file
@@ -18,4 +25,7 @@ lay_rack() {
     [ -f "$file" ] || continue
     [ -e "$folder/$(basename "$file")" ] || cp "$file" "$folder/"
   done
+  if [ "$unit" = simulated ] && ! has_logs "$folder"; then
+    cp "$tree"/drivers/simulated/logs/*.log "$folder/"
+  fi
 }

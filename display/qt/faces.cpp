@@ -121,7 +121,9 @@ QFont Faces::font(qreal pixels, Weight weight, bool spaced) const {
 }
 
 QFont Faces::fixedFont(qreal pixels) const {
-    return ofHeight(fixedFamily_, pixels);
+    QFont font = ofHeight(fixedFamily_, pixels);
+    font.setStyleHint(QFont::Monospace);
+    return font;
 }
 
 }  // namespace display::qt

@@ -2,6 +2,7 @@
 #include "display/qt/page_preview_widget.h"
 
 #include <QGraphicsView>
+#include <QScrollBar>
 #include <limits>
 
 #include "display/qt/key_widgets.h"
@@ -22,10 +23,10 @@ PagePreviewWidget::PagePreviewWidget(QtDesktop& desktop, PagePreview& preview, Q
     printer_.setOutputFormat(QPrinter::PdfFormat);
     connect(view_, &QPrintPreviewWidget::paintRequested, this,
             [this](QPrinter* sheets) { paint(*sheets); });
-    if (auto* sheets = view_->findChild<QGraphicsView*>()) {
-        sheets->setBackgroundBrush(QColor(kWellTop));
-        setFocusProxy(sheets);
-    }
+    sheets_ = view_->findChild<QGraphicsView*>();
+    if (!sheets_) return;
+    sheets_->setBackgroundBrush(QColor(kWellTop));
+    setFocusProxy(sheets_);
 }
 
 void PagePreviewWidget::paint(QPrinter& sheets) const {
@@ -37,13 +38,19 @@ void PagePreviewWidget::paint(QPrinter& sheets) const {
 
 void PagePreviewWidget::sync() {
     setFocusPolicy(focusPolicyOf(preview_, Qt::ClickFocus));
-    if (drawn_ != preview_.shownDocuments()) {
+    const bool another = drawn_ != preview_.shownDocuments();
+    if (another) {
         drawn_ = preview_.shownDocuments();
         layOutSheet(printer_, desktop_.paper());
         view_->updatePreview();
         view_->setCurrentPage(1);
     }
     view_->setZoomFactor(preview_.zoom / 100.0);
+    // A page that is drawn again stays where it was looked at.
+    const bool empty = preview_.document().pages().empty();
+    if (another && empty_ && sheets_)
+        sheets_->verticalScrollBar()->setValue(sheets_->verticalScrollBar()->minimum());
+    if (another) empty_ = empty;
 }
 
 void PagePreviewWidget::resizeEvent(QResizeEvent*) {

@@ -7,6 +7,8 @@
 #include "display/page.h"
 #include "display/qt/control_widget.h"
 
+class QGraphicsView;
+
 namespace display::qt {
 
 /// Qt's print preview of a document, on the sheet that the desktop's printer takes. It prints
@@ -29,7 +31,9 @@ class PagePreviewWidget final : public QWidget, public ControlWidget {
     PagePreview& preview_;
     QPrinter printer_;
     QPrintPreviewWidget* view_;
-    int drawn_ = -1;  ///< the document that stands there
+    QGraphicsView* sheets_ = nullptr;
+    int drawn_ = -1;     ///< the document that stands there
+    bool empty_ = true;  ///< it has no page
 };
 
 }  // namespace display::qt

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QGuiApplication>
 #include <QLinearGradient>
 #include <QPolygonF>
+#include <QScreen>
+#include <algorithm>
 
 #include "display/controls.h"
 #include "display/qt/faces.h"
@@ -29,15 +32,22 @@ void lampOff(QPainter& painter, const QRectF& box, const PictureLook& look) {
     paintLamp(painter, box, look.unit, QColor(0x2a, 0x54, 0x2f), QColor(0x20, 0x42, 0x25));
 }
 
-void paintWordMark(QPainter& painter, const QRectF& box, const QString& word, QColor colour) {
-    qreal height = box.height() * 0.8;
+/// Letters of a word mark, that high on the painter's own scale.
+QFont wordMarkFont(const QPainter& painter, qreal height) {
     QFont font = Faces::get().font(height, Weight::Bold);
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    // Elsewhere than on the screen a point is another number of dots.
+    if (!screen || painter.device()->logicalDpiY() != qRound(screen->logicalDotsPerInchY()))
+        font.setPixelSize(std::max(qRound(height), 1));
     font.setLetterSpacing(QFont::PercentageSpacing, 112);
+    return font;
+}
+
+void paintWordMark(QPainter& painter, const QRectF& box, const QString& word, QColor colour) {
+    const qreal height = box.height() * 0.8;
+    QFont font = wordMarkFont(painter, height);
     const qreal width = QFontMetricsF(font).horizontalAdvance(word);
-    if (width > box.width()) {
-        font = Faces::get().font(height * box.width() / width, Weight::Bold);
-        font.setLetterSpacing(QFont::PercentageSpacing, 112);
-    }
+    if (width > box.width()) font = wordMarkFont(painter, height * box.width() / width);
     painter.setFont(font);
     painter.setPen(colour);
     painter.drawText(box, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, word);

@@ -98,7 +98,8 @@ class Rack:
     TITLES = {"FormModoDemo": "HMonitor", "Form_bTuner": "Remote Control",
               "Form_NewSpectro": "Spectrum", "Form_D1": "Spectrum",
               "FormD1a": "Modulation Bandwidth", "Form_Dd3": "Frecuency response",
-              "Form_BandSCanner": "Band Scanner"}
+              "Form_BandSCanner": "Band Scanner", "Form_D4A": "Analyze data",
+              "Form15": "Text Mode", "Form4": "On-Air Performance Log"}
 
     def title(self, form):
         if form == "Form_bSetMemories":

@@ -150,7 +150,7 @@ TEST(PageWindowOf, ABrandHasItsLogoOnThePageInItsOwnSize) {
             brand == Form_WaitLoad::Brand::Marvenia ? "InkMarvenia" : "InkTeskel";
         EXPECT_EQ(bench.page.Picture1.picture, logo);
         EXPECT_THAT(recorded(bench.page.ViewPro1.document()),
-                    Contains("picture \"" + logo + "\" 550 -360 3050 40"));
+                    Contains("picture \"" + logo + "\" 550 -360 2550 40"));
     }
 }
 

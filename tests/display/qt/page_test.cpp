@@ -6,6 +6,7 @@
 #include <QGraphicsView>
 #include <QPainter>
 #include <QPrinter>
+#include <QScrollBar>
 #include <QTemporaryDir>
 
 #include "display/qt/page_painter.h"
@@ -226,7 +227,7 @@ TEST_F(Preview, ShowsTheSheetAtItsTrueProportionsWithItsMarks) {
     document.line({x - paper.width / 4, y}, {x + paper.width / 4, y});
     document.line({x, y - paper.height / 4}, {x, y + paper.height / 4});
     form.ViewPro1.show(document);
-    form.ViewPro1.zoom = 40;
+    form.ViewPro1.zoom = 30;
     settle();
     QRect sheet;
     ASSERT_TRUE(until([&] {
@@ -240,6 +241,43 @@ TEST_F(Preview, ShowsTheSheetAtItsTrueProportionsWithItsMarks) {
     EXPECT_NEAR(cross.center().y(), sheet.center().y(), 2);
     EXPECT_NEAR(cross.width(), sheet.width() / 2.0, 4);
     EXPECT_NEAR(cross.height(), sheet.height() / 2.0, 4);
+}
+
+TEST_F(Preview, APictureFillsNoMoreThanItsPlaceWhateverTheDotsOfThePaper) {
+    PageDocument document = withMargins();
+    document.picture("InkMarvenia", {550, -360}, 2500, 400);
+    form.ViewPro1.show(document);
+    form.ViewPro1.zoom = 30;
+    settle();
+    QRect sheet;
+    ASSERT_TRUE(until([&] {
+        sheet = dotsOf(picture(), qRgb(255, 255, 255));
+        return sheet.height() > 100;
+    }));
+    const QImage seen = picture().copy(sheet.adjusted(2, 2, -2, -2));
+    const double unit = sheet.width() / double(desktop->paper().width);
+    const QRect ink = inkOf(seen);
+    ASSERT_FALSE(ink.isEmpty());
+    EXPECT_GE(ink.left(), std::floor(1270 * unit) - 4);
+    EXPECT_LE(ink.right(), std::ceil(3770 * unit) + 2);
+    EXPECT_GE(ink.top(), std::floor(360 * unit) - 4);
+    EXPECT_LE(ink.bottom(), std::ceil(760 * unit) + 2);
+    EXPECT_GT(ink.width(), 1000 * unit) << "and no less";
+}
+
+TEST_F(Preview, BeginsAtTheTopOfThePageAndStaysWhereItIsLookedAt) {
+    PageDocument document = withMargins();
+    document.text({0, 0}, "top");
+    form.ViewPro1.show(document);
+    form.ViewPro1.zoom = 150;
+    settle();
+    QScrollBar& bar = *preview().findChild<QGraphicsView*>()->verticalScrollBar();
+    ASSERT_GT(bar.maximum(), bar.minimum());
+    EXPECT_EQ(bar.value(), bar.minimum());
+    bar.setValue(bar.maximum());
+    form.ViewPro1.show(document);
+    settle();
+    EXPECT_NEAR(bar.value(), bar.maximum(), 4);
 }
 
 TEST_F(Preview, ItsZoomIsPercentOfTheTrueSize) {
