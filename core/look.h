@@ -21,6 +21,9 @@ inline constexpr display::Font kLamp{140, display::Weight::Bold};
 inline constexpr display::Colour kCaptionColour{0xb8aca4};
 inline constexpr display::Colour kScaleColour{0xd8d0cc};
 inline constexpr display::Colour kUnitColour{0xa89c94};
+/// Bars of charts, and the words over them.
+inline constexpr display::Colour kSeriesRed{0x4444f4};
+inline constexpr display::Colour kSeriesBlue{0xe4b064};
 /// The dark of unlit segments and needles' wells.
 inline constexpr display::Colour kUnlit{0x1d1c20};
 

@@ -51,9 +51,6 @@ constexpr float kUpperWidth = kViewWidth + 1110 * kUpperSteps + 2250;
 constexpr float kLowerWidth = kViewWidth + 300 * kLowerSteps + 240;
 constexpr float kPlotWidth = 9710;
 
-constexpr Colour kChartRed{0x4444f4};
-constexpr Colour kChartBlue{0xe4b064};
-
 /// Where each chart stands and what scale it has.
 struct ChartTable {
     std::size_t well;
@@ -74,8 +71,8 @@ const ChartTable kChartTables[] = {
      150,
      25,
      1,
-     kChartRed,
-     kChartRed,
+     look::kSeriesRed,
+     look::kSeriesRed,
      {"Modulación por hora, en porciento", "Modulation by the hour, in percent"}},
     {1,
      0,
@@ -85,8 +82,8 @@ const ChartTable kChartTables[] = {
      5,
      1,
      1,
-     kChartBlue,
-     kChartBlue,
+     look::kSeriesBlue,
+     look::kSeriesBlue,
      {"Potencia radiada por hora", "Radiated power by the hour"}},
     {2,
      0,
@@ -96,8 +93,8 @@ const ChartTable kChartTables[] = {
      5,
      5,
      2,
-     kChartBlue,
-     kChartRed,
+     look::kSeriesBlue,
+     look::kSeriesRed,
      {"Niveles por hora, en decibeles", "Levels by the hour, in decibels"}},
     {3,
      0,
@@ -107,8 +104,8 @@ const ChartTable kChartTables[] = {
      180,
      45,
      1,
-     kChartBlue,
-     kChartBlue,
+     look::kSeriesBlue,
+     look::kSeriesBlue,
      {"Fase estéreo por hora, en grados", "Stereo phase by the hour, in degrees"}},
     {2,
      kNextChart,
@@ -118,8 +115,8 @@ const ChartTable kChartTables[] = {
      300,
      100,
      1,
-     kChartRed,
-     kChartRed,
+     look::kSeriesRed,
+     look::kSeriesRed,
      {"Picos de sobremodulación por minuto", "Overmodulation peaks a minute"}},
     {3,
      kNextChart,
@@ -129,8 +126,8 @@ const ChartTable kChartTables[] = {
      10,
      5,
      2,
-     kChartBlue,
-     kChartRed,
+     look::kSeriesBlue,
+     look::kSeriesRed,
      {"Silencios y fase invertida por hora", "Silences and inverted phase by the hour"}},
 };
 
@@ -233,18 +230,18 @@ void Form_D4A::layOutCaptions() {
         Colour colour;
     };
     const Word words[] = {
-        {8, "Modulation", 0, 0, 0, 1100, kChartRed},
-        {9, "RF Power", 1, 0, 0, 1000, kChartBlue},
-        {10, "Left", 2, 0, 0, 320, kChartBlue},
+        {8, "Modulation", 0, 0, 0, 1100, look::kSeriesRed},
+        {9, "RF Power", 1, 0, 0, 1000, look::kSeriesBlue},
+        {10, "Left", 2, 0, 0, 320, look::kSeriesBlue},
         {11, "and", 2, 330, 0, 280, look::kScaleColour},
-        {12, "Right", 2, 640, 0, 410, kChartRed},
+        {12, "Right", 2, 640, 0, 410, look::kSeriesRed},
         {13, "Level", 2, 1080, 0, 450, look::kScaleColour},
-        {14, "Stereo", 3, 0, 0, 490, kChartBlue},
-        {15, "Phase", 3, 510, 0, 480, kChartBlue},
-        {16, "OverMod", 2, 0, kNextChart, 670, kChartRed},
-        {17, "Pk/min", 2, 690, kNextChart, 580, kChartRed},
-        {18, "Silence", 3, 0, kNextChart, 540, kChartRed},
-        {19, "Inverted", 3, 560, kNextChart, 650, kChartBlue},
+        {14, "Stereo", 3, 0, 0, 490, look::kSeriesBlue},
+        {15, "Phase", 3, 510, 0, 480, look::kSeriesBlue},
+        {16, "OverMod", 2, 0, kNextChart, 670, look::kSeriesRed},
+        {17, "Pk/min", 2, 690, kNextChart, 580, look::kSeriesRed},
+        {18, "Silence", 3, 0, kNextChart, 540, look::kSeriesRed},
+        {19, "Inverted", 3, 560, kNextChart, 650, look::kSeriesBlue},
     };
     for (const Word& word : words) {
         display::Label& label = Label[static_cast<std::size_t>(word.label - kFirstLabel)];

@@ -40,6 +40,8 @@ TEST(Contrast, CaptionsOnTheFaceplateAreLegible) {
 TEST(Contrast, WordsAndFiguresInTheWellsAreLegible) {
     expectLegible({"scales", qColour(look::kScaleColour), QColor(kWellTop)});
     expectLegible({"scales above 100 percent", qColour(kRedScale), QColor(kWellTop)});
+    expectLegible({"red captions", qColour(look::kSeriesRed), QColor(kWellTop)});
+    expectLegible({"blue captions", qColour(look::kSeriesBlue), QColor(kWellTop)});
     expectLegible({"units", qColour(look::kUnitColour), QColor(kWellTop)});
     expectLegible({"frequency", qColour(kFrequency), QColor(kWellTop)});
     for (const Colour colour : {kCyan, kGreen, kRed, kWhite}) {
