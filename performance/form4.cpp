@@ -83,10 +83,13 @@ void Form4::layOut() {
     place(Text1, {1360, kFoot + 510, 4000, 280}).font = display::Font{140};
     Text1.says = {"Comentario de la página", "Comment of the page"};
     Text1.tabIndex = 1;
-    for (display::Label* label : {&Frame1, &Percent, &Label9}) {
-        label->font = look::kDialog;
-        label->colour = look::kCaptionColour;
-    }
+    const auto dim = [](display::Label& label) {
+        label.font = look::kDialog;
+        label.colour = look::kCaptionColour;
+    };
+    dim(Frame1);
+    dim(Percent);
+    dim(Label9);
 
     constexpr float kKeyWidth = 980;
     constexpr float kKeyTop = kFoot + 440;

@@ -43,6 +43,11 @@ def bars(rack, view, colour=RED_BARS):
     return colours(rack, CHARTS, view, colour)
 
 
+def level_bars(rack):
+    """What is seen of both levels' bars."""
+    return bars(rack, "View(2)"), bars(rack, "View(2)", BLUE_BARS)
+
+
 @case()
 def days_and_bars(rack, album):
     """The last day stands there; other days are chosen by keyboard; both bars move their charts."""
@@ -62,17 +67,18 @@ def days_and_bars(rack, album):
     wait_for(lambda: rack.look(CHARTS, "View(0)") == last, "the last day again")
 
     rows = rack.steady_look(CHARTS, "View(2)")
+    levels = level_bars(rack)
     ground = rack.look(CHARTS, "Well(0)")
     rack.click(CHARTS, "HScroll1", 0.98)
     wait_for(lambda: rack.look(CHARTS, "View(0)") != last, "the upper charts moved")
     assert rack.steady_look(CHARTS, "View(2)") == rows, "the lower charts moved with them"
     assert rack.look(CHARTS, "Well(0)") != ground, "the background did not tremble"
     rack.click(CHARTS, "HScroll2", 0.98)
-    wait_for(lambda: rack.look(CHARTS, "View(2)") != rows, "the lower charts moved")
+    wait_for(lambda: level_bars(rack) != levels, "the lower charts moved")
     rack.steady_look(CHARTS, ".")
     album.take(rack.screen, "log_moved")
     rack.screen.type("Home")
-    wait_for(lambda: rack.look(CHARTS, "View(2)") == rows, "the lower charts back, by hand")
+    wait_for(lambda: level_bars(rack) == levels, "the lower charts back, by hand")
     close_log(rack)
 
 
