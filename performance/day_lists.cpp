@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "performance/day_lists.h"
 
-#include <algorithm>
-
 #include "core/numbers.h"
+#include "performance/characters.h"
 
 namespace hmonitor {
 
@@ -11,11 +10,6 @@ namespace {
 
 /// The second value's column, counted from the line's start.
 constexpr std::size_t kSecondColumn = 17;
-
-std::size_t characters(std::string_view utf8) {
-    return static_cast<std::size_t>(
-        std::ranges::count_if(utf8, [](char c) { return (c & 0xC0) != 0x80; }));
-}
 
 }  // namespace
 

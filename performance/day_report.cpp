@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kMostLines = 24;
 constexpr std::size_t kBlockLines = 12;
-constexpr std::string_view kHead = "\t\t";
+constexpr std::string_view kTabs = "\t\t";
 
 /// One line of the log as the report takes it apart.
 class ReportLine {
@@ -94,7 +94,7 @@ std::vector<std::string> dayReport(std::string_view bytes, std::string_view day,
     report.emplace_back(82, '-');
     report.emplace_back("hs|   Overmod   Stereo Phase    hs|Overmod   Stereo Phase");
     for (std::string& line : secondTable(lines)) report.push_back(std::move(line));
-    for (std::string& line : report) line.insert(0, kHead);
+    for (std::string& line : report) line.insert(0, kTabs);
     return report;
 }
 

@@ -3,17 +3,14 @@
 
 #include <algorithm>
 
+#include "performance/characters.h"
+
 namespace hmonitor {
 
 namespace {
 
 constexpr std::size_t kTabStop = 8;
-constexpr float kMargin = 720;
-
-std::size_t characters(std::string_view utf8) {
-    return static_cast<std::size_t>(
-        std::ranges::count_if(utf8, [](char c) { return (c & 0xC0) != 0x80; }));
-}
+constexpr float kReportMargin = 720;
 
 }  // namespace
 
@@ -41,11 +38,11 @@ display::PageDocument composeReportPage(const std::vector<std::string>& lines,
         texts.push_back(tabsExpanded(line));
         longest = std::max(longest, characters(texts.back()));
     }
-    const float across = paper.width - 2 * kMargin;
+    const float across = paper.width - 2 * kReportMargin;
     const float fitting = across / (static_cast<float>(longest) * display::fixedAdvance(1));
 
     display::PageDocument document;
-    document.margins = {kMargin, kMargin, kMargin, kMargin};
+    document.margins = {kReportMargin, kReportMargin, kReportMargin, kReportMargin};
     document.font = {std::min(points, fitting), display::Weight::Normal, display::Pitch::Fixed};
     document.newPage();
     float y = 0;

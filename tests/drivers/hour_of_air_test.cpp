@@ -17,11 +17,11 @@ namespace {
 
 using hmonitor::test::TempFolder;
 
-constexpr std::uint64_t kSeed = 16;
-constexpr double kFrequency = 985;
+constexpr std::uint64_t kWeekSeed = 16;
+constexpr double kWeekFrequency = 985;
 
 const Station& station() {
-    return *stationAt(kFrequency);
+    return *stationAt(kWeekFrequency);
 }
 
 LocalTime at(int day, int hour, int second = 0) {
@@ -34,15 +34,15 @@ std::vector<std::vector<double>> week() {
     const TempFolder folder;
     DayLog log(folder.path());
     Tuning tuning;
-    tuning.frequency = kFrequency;
-    log.tune(kFrequency, at(1, 0));
+    tuning.frequency = kWeekFrequency;
+    log.tune(kWeekFrequency, at(1, 0));
     double time = 0;
     for (int hour = 0; hour < 7 * 24; ++hour) {
         for (int second = 0; second < 3600; second += 10, time += 10) {
             const LocalTime now = at(1 + hour / 24, hour % 24, second);
-            Readings readings = figuresAt(kSeed, tuning, time, 1);
-            liveThrough(readings, kSeed, station(), now);
-            log.add(readings, hourOfAir(kSeed, station(), now).power, 10, now);
+            Readings readings = figuresAt(kWeekSeed, tuning, time, 1);
+            liveThrough(readings, kWeekSeed, station(), now);
+            log.add(readings, hourOfAir(kWeekSeed, station(), now).power, 10, now);
         }
     }
     log.close();
@@ -108,8 +108,8 @@ TEST(HourOfAir, MishapsComeNowAndThen) {
 TEST(HourOfAir, EachMishapIsHeardAsOne) {
     const auto hours = week();
     for (std::size_t i = 0; i < hours.size(); ++i) {
-        const HourOfAir air =
-            hourOfAir(kSeed, station(), at(1 + static_cast<int>(i) / 24, static_cast<int>(i) % 24));
+        const HourOfAir air = hourOfAir(kWeekSeed, station(),
+                                        at(1 + static_cast<int>(i) / 24, static_cast<int>(i) % 24));
         EXPECT_EQ(hours[i][8], air.silences) << i;
         EXPECT_EQ(hours[i][9], air.inversions) << i;
     }
@@ -120,24 +120,25 @@ TEST(HourOfAir, NoDayIsLikeAnother) {
     for (int day = 1; day <= 7; ++day) {
         std::vector<double> drives;
         for (int hour = 0; hour < 24; ++hour)
-            drives.push_back(hourOfAir(kSeed, station(), at(day, hour)).drive);
+            drives.push_back(hourOfAir(kWeekSeed, station(), at(day, hour)).drive);
         days.insert(drives);
     }
     EXPECT_EQ(days.size(), 7u);
 }
 
 TEST(HourOfAir, TheSameSeedLivesTheSameDaysAgain) {
-    EXPECT_EQ(hourOfAir(kSeed, station(), at(3, 9)).drive,
-              hourOfAir(kSeed, station(), at(3, 9)).drive);
-    EXPECT_NE(hourOfAir(kSeed, station(), at(3, 9)).drive, hourOfAir(7, station(), at(3, 9)).drive);
+    EXPECT_EQ(hourOfAir(kWeekSeed, station(), at(3, 9)).drive,
+              hourOfAir(kWeekSeed, station(), at(3, 9)).drive);
+    EXPECT_NE(hourOfAir(kWeekSeed, station(), at(3, 9)).drive,
+              hourOfAir(7, station(), at(3, 9)).drive);
 }
 
 TEST(HourOfAir, LeavesTheFieldInWholeDb) {
     Tuning tuning;
-    tuning.frequency = kFrequency;
-    Readings readings = figuresAt(kSeed, tuning, 5, 1);
+    tuning.frequency = kWeekFrequency;
+    Readings readings = figuresAt(kWeekSeed, tuning, 5, 1);
     const float field = readings.field;
-    liveThrough(readings, kSeed, station(), at(1, 3));
+    liveThrough(readings, kWeekSeed, station(), at(1, 3));
     EXPECT_EQ(readings.field, field);
 }
 

@@ -24,7 +24,7 @@ void appendUtf8(std::string& text, unsigned letter) {
     }
 }
 
-std::string unescaped(const std::string& text) {
+std::string plainText(const std::string& text) {
     std::string plain;
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] != '\\') {
@@ -49,7 +49,7 @@ std::vector<std::string> partsOf(const std::string& line) {
     std::size_t from = 0;
     for (std::size_t tab = 0; tab != std::string::npos; from = tab + 1) {
         tab = line.find('\t', from);
-        parts.push_back(unescaped(line.substr(from, tab - from)));
+        parts.push_back(plainText(line.substr(from, tab - from)));
     }
     return parts;
 }

@@ -51,9 +51,9 @@ PageDocument withMargins() {
 }
 
 /// A form with a preview alone.
-class PreviewForm final : public Form {
+class PagePreviewForm final : public Form {
  public:
-    explicit PreviewForm(Desktop& desktop) : Form(desktop, "PreviewForm") {
+    explicit PagePreviewForm(Desktop& desktop) : Form(desktop, "PagePreviewForm") {
         Key1.onClick = [this] { hide(); };
     }
     PagePreview ViewPro1{*this, "ViewPro1"};
@@ -69,9 +69,9 @@ class PreviewForm final : public Form {
 };
 
 /// A desktop whose printer writes its pages to a file.
-class PaperDesktop final : public QtDesktop {
+class PageDesktop final : public QtDesktop {
  public:
-    PaperDesktop(int& argc, QString path) : QtDesktop(argc, nullptr), path_(std::move(path)) {}
+    PageDesktop(int& argc, QString path) : QtDesktop(argc, nullptr), path_(std::move(path)) {}
 
  protected:
     std::string preparePrinter(QPrinter& printer) const override {
@@ -173,7 +173,7 @@ class PageOnPaper : public QtBench {};
 TEST_F(PageOnPaper, PagesGoToThePrinterOneASheet) {
     const QTemporaryDir folder;
     int argc = 0;
-    PaperDesktop desk(argc, folder.filePath("pages.pdf"));
+    PageDesktop desk(argc, folder.filePath("pages.pdf"));
     PageDocument document = withMargins();
     for (int i = 0; i < 3; ++i) {
         document.newPage();
@@ -189,7 +189,7 @@ TEST_F(PageOnPaper, PagesGoToThePrinterOneASheet) {
 
 TEST_F(PageOnPaper, APrinterThatCannotWriteIsTold) {
     int argc = 0;
-    PaperDesktop desk(argc, "/no/such/folder/pages.pdf");
+    PageDesktop desk(argc, "/no/such/folder/pages.pdf");
     EXPECT_NE(desk.printPages(withMargins(), 1, 1), "");
 }
 
@@ -214,7 +214,7 @@ class Preview : public QtBench {
         return dots;
     }
 
-    PreviewForm form{*desktop};
+    PagePreviewForm form{*desktop};
 };
 
 TEST_F(Preview, ShowsTheSheetAtItsTrueProportionsWithItsMarks) {
