@@ -75,7 +75,7 @@ void Form4::layOut() {
 
     place(Frame1, {look::kMargin, kFoot + 70, 900, 180}).caption = "Zoom";
     place(hscZoom, {1360, kFoot + 40, 2400, 240}).range(20, 200, 20);
-    hscZoom.value = 55;
+    hscZoom.value = 50;
     hscZoom.says = {"Zoom de la vista previa", "Zoom of the preview"};
     hscZoom.tabIndex = 5;
     place(Percent, {3860, kFoot + 70, 700, 180});
