@@ -130,7 +130,7 @@ TEST(Includes, OfTheAnalysesAndTheSpectrumReachNoPanel) {
     std::size_t seen = 0;
     for (const SourceFile& file : sourceFiles()) {
         const bool analysis = file.isUnder("spectrum") || file.isUnder("analyses") ||
-                              file.isUnder("performance");
+                              file.isUnder("performance") || file.isUnder("analyzer");
         if (!analysis) continue;
         for (const Include& include : includesOf(file)) {
             ++seen;
