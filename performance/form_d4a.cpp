@@ -3,6 +3,7 @@
 
 #include "core/language.h"
 #include "core/numbers.h"
+#include "performance/day_lists.h"
 #include "performance/day_page.h"
 #include "performance/day_series.h"
 #include "performance/form15.h"
@@ -37,6 +38,11 @@ Form_D4A::Form_D4A(Program& itsProgram, DayTables& tables)
     SSCommand1.onClick = [this] { program.Form4->show(); };
     SSCommand2.onClick = [this] { showText(); };
     SSCommand3.onClick = [this] { close(); };
+    for (display::Chart& chart : Graph) {
+        chart.tellCell = [this, &chart](int row, int column) {
+            return tellCell(chart, row, column);
+        };
+    }
     bindHandle(SSPanel1.onMouseDown, SSPanel1.onMouseMove, {this});
 }
 
@@ -147,6 +153,15 @@ void Form_D4A::moveCharts(std::size_t first, std::size_t last, float edge) {
             label.left = label.left + moved;
         }
     }
+}
+
+std::string Form_D4A::tellCell(const display::Chart& chart, int row, int column) const {
+    const int hour = row - 1;
+    // The charts show a 0 there, which could be a figure.
+    const bool absent = !Combo1.list.text().empty() && tables_.hourLine(hour).empty();
+    return hourLabel(hour) + " hs: " +
+           (absent ? std::string(wordsIn(language, {"sin datos", "no data"}))
+                   : std::string(chart.dataAt(row, column)));
 }
 
 void Form_D4A::nudge(display::Picture& background, Side& side) {

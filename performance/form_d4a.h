@@ -76,6 +76,7 @@ class Form_D4A final : public ProgramForm {
     void scrollUpper();
     void scrollLower();
     void moveCharts(std::size_t first, std::size_t last, float edge);
+    std::string tellCell(const display::Chart& chart, int row, int column) const;
     static void nudge(display::Picture& background, Side& side);
     void showText();
     void close();

@@ -124,6 +124,17 @@ TEST(LogWindow, ShowsValuesBeyondTheRangeAsTheyAreAndThePageClipsThem) {
     EXPECT_NE(drawn[4 * 24 + 7].find(" 3497 900 "), std::string::npos) << drawn[4 * 24 + 7];
 }
 
+TEST(LogWindow, TellsTheHourAndWhetherItHasFigures) {
+    for (const int language : {RackBench::kEnglish, RackBench::kSpanish}) {
+        LogBench bench(language);
+        bench.open();
+        EXPECT_EQ(bench.charts.Graph[0].tellCell(8, 1), "07 hs: 20");
+        EXPECT_EQ(bench.charts.Graph[2].tellCell(8, 2), "07 hs: 7");
+        EXPECT_EQ(bench.charts.Graph[0].tellCell(1, 1),
+                  language == RackBench::kEnglish ? "00 hs: no data" : "00 hs: sin datos");
+    }
+}
+
 TEST(LogWindow, WithoutLogsNoDayIsChosenAndTheChartsAreClear) {
     LogBench bench;
     for (const char* day : {"20260302.log", "20260303.log", "20260304.log"}) bench.remove(day);
