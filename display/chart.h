@@ -48,7 +48,8 @@ class Chart final : public Control {
 
     enum class Style { Bars, Curve };
     Property<Style> style{*this, Style::Bars};
-    /// A curve that stands for no measurement is dashed, and a word in the chart says so.
+    /// A curve that stands for no measurement is dashed and has no points, and a word in the chart
+    /// says so.
     Property<bool> dashed{*this, false};
     Text note{*this};
     /// The shown range of values, and the distance of the lines across it (0 for none).

@@ -118,8 +118,13 @@ void ChartView::drawBars() {
 void ChartView::drawCurves() {
     for (int column = 1; column <= chart_.columnCount(); ++column) {
         QCPGraph* graph = plot_->addGraph();
-        graph->setPen(QPen(colourOf(column), 1.8, chart_.dashed ? Qt::DashLine : Qt::SolidLine));
-        graph->setScatterStyle(QCPScatterStyle(QCPScatterStyle::ssDisc, 6));
+        QPen pen(colourOf(column), 1.8);
+        if (chart_.dashed) {
+            pen.setDashPattern({4, 5});
+        } else {
+            graph->setScatterStyle(QCPScatterStyle(QCPScatterStyle::ssDisc, 6));
+        }
+        graph->setPen(pen);
         for (int row = 1; row <= chart_.rowCount(); ++row) {
             if (const auto value = chart_.valueAt(row, column)) graph->addData(row, *value);
         }
