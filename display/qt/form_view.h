@@ -59,6 +59,8 @@ class FormView final : public QWidget {
 
  protected:
     void paintEvent(QPaintEvent* event) override;
+    /// Nobody sees the picture behind: it is made again when the form comes back.
+    void hideEvent(QHideEvent*) override { behind_ = QPixmap(); }
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

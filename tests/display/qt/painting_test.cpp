@@ -120,6 +120,21 @@ TEST_F(Painting, AfterChanges_TheSurfaceEqualsOneThatIsPaintedAnew) {
     EXPECT_LE(largestDifference(shown, anew), 4);
 }
 
+TEST_F(Painting, AFormThatComesBackShowsWhatChangedMeanwhileAndNothingElse) {
+    sample->LabelValue.caption = "1";
+    settle();
+    const QImage before = view(*sample).grab().toImage();
+    sample->hide();
+    settle();
+    sample->LabelValue.caption = "2";
+    sample->show();
+    settle();
+    EXPECT_NE(view(*sample).grab().toImage(), before);
+    sample->LabelValue.caption = "1";
+    settle();
+    EXPECT_EQ(view(*sample).grab().toImage(), before);
+}
+
 TEST_F(Painting, Child_IsCutAtTheEdgeOfItsContainer) {
     sample->Shape1.left = 250.f;
     sample->Shape1.width = 400.f;
