@@ -7,6 +7,15 @@
 
 namespace display {
 
+/// The small equal boxes of a map: cell (0, 0) has its upper left corner there, the others follow
+/// in steps of the pitches.
+struct CellGrid {
+    float left = 0, top = 0;
+    float pitchX = 1, pitchY = 1;
+    int columns = 0, rows = 0;
+    friend bool operator==(const CellGrid&, const CellGrid&) = default;
+};
+
 /// What drawing code asks of a surface: screen, paper and recorder are three canvases. Coordinates
 /// are floating units of the canvas's own scale, y downward. Boxes include both corners, so that a
 /// box of no width is one column of dots.
@@ -22,6 +31,15 @@ class Canvas {
 
     virtual void box(float x1, float y1, float x2, float y2) = 0;
     virtual void line(float x1, float y1, float x2, float y2) = 0;
+    /// One cell of a map in the foreground colour: a box of no width and four fifths of the pitch.
+    /// A surface that keeps its marks may keep all cells of a grid as one picture, in which they
+    /// touch each other.
+    virtual void cell(const CellGrid& grid, int column, int row) {
+        constexpr float kShare = 0.8f;
+        const float x = grid.left + grid.pitchX * static_cast<float>(column);
+        const auto y = static_cast<float>(row);
+        box(x, grid.pitchY * y + grid.top, x, grid.top + grid.pitchY * (y + kShare));
+    }
     /// Prints at (textX, textY), the upper left corner of the text.
     virtual void print(std::string_view text) = 0;
 

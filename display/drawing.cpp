@@ -74,8 +74,25 @@ void Drawing::box(float x1, float y1, float x2, float y2) {
     mark.y1 = std::min(y1, y2);
     mark.x2 = std::max(x1, x2);
     mark.y2 = std::max(y1, y2);
-    dropCovered(mark);
+    if (coversAll(mark)) {
+        wipe();
+    } else {
+        dropCovered(mark);
+        eraseCells(mark);
+    }
     add(std::move(mark));
+}
+
+bool Drawing::coversAll(const Mark& box) const {
+    return box.x1 <= 0 && box.y1 <= 0 && box.x2 >= outerWidth() && box.y2 >= outerHeight();
+}
+
+void Drawing::wipe() {
+    if (marks_.empty()) return;
+    marks_.clear();
+    runs_.clear();
+    maps_ = 0;
+    ++rebuilt_;
 }
 
 void Drawing::line(float x1, float y1, float x2, float y2) {
@@ -87,7 +104,61 @@ void Drawing::line(float x1, float y1, float x2, float y2) {
     mark.x2 = x2;
     mark.y2 = y2;
     mark.lineWidth = lineWidth;
+    dropSame(mark);
     add(std::move(mark));
+}
+
+void Drawing::cell(const CellGrid& grid, int column, int row) {
+    const bool inside = column >= 0 && row >= 0 && column < grid.columns && row < grid.rows;
+    if (!inside || grid.pitchX <= 0 || grid.pitchY <= 0) {
+        Canvas::cell(grid, column, row);
+        return;
+    }
+    Mark* map = openMap(grid, column, row);
+    if (!map) {
+        Mark mark;
+        mark.kind = Mark::Kind::Cells;
+        mark.x1 = grid.left;
+        mark.y1 = grid.top;
+        mark.x2 = grid.left + grid.pitchX * static_cast<float>(grid.columns);
+        mark.y2 = grid.top + grid.pitchY * static_cast<float>(grid.rows);
+        mark.map = std::make_shared<CellMap>(grid);
+        add(std::move(mark));
+        ++maps_;
+        map = &marks_.back();
+    }
+    // The screen looks for what is new at the end alone.
+    if (map != &marks_.back()) ++rebuilt_;
+    map->map->draw(column, row, foreground);
+    map->number = next_++;
+    owner_.touch();
+}
+
+Mark* Drawing::openMap(const CellGrid& grid, int column, int row) {
+    // So many are looked at for each cell; a map that lies deeper is begun anew.
+    constexpr std::size_t kDepth = 64;
+    const float left = grid.left + grid.pitchX * static_cast<float>(column);
+    const float top = grid.top + grid.pitchY * static_cast<float>(row);
+    const std::size_t end = marks_.size() > kDepth ? marks_.size() - kDepth : 0;
+    for (std::size_t i = marks_.size(); maps_ > 0 && i > end; --i) {
+        Mark& mark = marks_[i - 1];
+        if (mark.kind == Mark::Kind::Cells && mark.map->grid == grid) return &mark;
+        if (std::max(mark.x1, mark.x2) >= left &&
+            std::min(mark.x1, mark.x2) <= left + grid.pitchX && std::max(mark.y1, mark.y2) >= top &&
+            std::min(mark.y1, mark.y2) <= top + grid.pitchY)
+            return nullptr;
+    }
+    return nullptr;
+}
+
+void Drawing::eraseCells(const Mark& box) {
+    if (maps_ == 0) return;
+    dropFrom(0, [&box](const Mark& mark) {
+        return mark.kind == Mark::Kind::Cells &&
+               !mark.map->eraseWithin(box.x1, box.y1, box.x2, box.y2);
+    });
+    maps_ = static_cast<std::size_t>(
+        std::ranges::count(marks_, Mark::Kind::Cells, [](const Mark& mark) { return mark.kind; }));
 }
 
 namespace {
@@ -105,11 +176,12 @@ float reachOf(std::string_view text) {
 
 }  // namespace
 
-void Drawing::dropSame(const Mark& print) {
-    dropFrom(0, [&print](const Mark& mark) {
-        return mark.kind == Mark::Kind::Print && mark.x1 == print.x1 && mark.y1 == print.y1 &&
-               mark.colour == print.colour && mark.bold == print.bold &&
-               mark.points == print.points && mark.text == print.text;
+void Drawing::dropSame(const Mark& drawn) {
+    dropFrom(0, [&drawn](const Mark& mark) {
+        return mark.kind == drawn.kind && mark.x1 == drawn.x1 && mark.y1 == drawn.y1 &&
+               mark.x2 == drawn.x2 && mark.y2 == drawn.y2 && mark.colour == drawn.colour &&
+               mark.bold == drawn.bold && mark.lineWidth == drawn.lineWidth &&
+               mark.points == drawn.points && mark.text == drawn.text;
     });
 }
 
@@ -149,9 +221,7 @@ void Drawing::reset() {
 
 void Drawing::clear() {
     if (marks_.empty()) return;
-    marks_.clear();
-    runs_.clear();
-    ++rebuilt_;
+    wipe();
     owner_.touch();
 }
 

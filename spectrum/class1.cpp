@@ -135,11 +135,13 @@ void Class1::GraphLine(Int16 x, Int16& y) {
 
 void Class1::GraphPixel(Int16 x, Int16 y, std::int32_t color) {
     Canvas->foreground = display::Colour{static_cast<std::uint32_t>(color)};
-    const auto column = static_cast<float>(LeftMargin + XPixels * x);
-    const auto top = static_cast<float>(TopMargin);
-    const auto row = static_cast<float>(YPixels);
-    const auto y0 = static_cast<float>(y);
-    Canvas->box(column, row * y0 + top, column, top + row * (y0 + 0.8f));
+    const display::CellGrid grid{static_cast<float>(LeftMargin),
+                                 static_cast<float>(TopMargin),
+                                 static_cast<float>(XPixels),
+                                 static_cast<float>(YPixels),
+                                 XColumns + 1,
+                                 YUnits};
+    Canvas->cell(grid, x, y);
 }
 
 }  // namespace hmonitor

@@ -30,63 +30,6 @@ bool onPaper(const QPainter& painter, qreal ratio) {
            painter.device()->devicePixelRatio() != ratio;
 }
 
-/// A segment as dots, cast once for each of the two colours that it changes between: it is laid on
-/// the screen far more often than it is lit.
-class SegmentCast {
- public:
-    void shape(const QPolygonF& outline, const Scale& scale) {
-        if (outline == outline_ && scale.deviceRatio() == ratio_) return;
-        outline_ = outline;
-        ratio_ = scale.deviceRatio();
-        box_ = scale.around(outline.boundingRect().adjusted(-1, -1, 1, 1));
-        casts_ = {};
-    }
-
-    void paint(QPainter& painter, const QColor& colour) {
-        if (onPaper(painter, ratio_)) {
-            fill(painter, colour);
-        } else {
-            painter.drawImage(box_.topLeft(), cast(colour));
-        }
-    }
-
- private:
-    struct Cast {
-        QRgb colour = 0;
-        QImage dots;
-    };
-
-    void fill(QPainter& painter, const QColor& colour) const {
-        painter.setRenderHint(QPainter::Antialiasing, true);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(colour);
-        painter.drawConvexPolygon(outline_);
-        painter.setRenderHint(QPainter::Antialiasing, false);
-    }
-
-    const QImage& cast(const QColor& colour) {
-        for (const Cast& made : casts_) {
-            if (!made.dots.isNull() && made.colour == colour.rgb()) return made.dots;
-        }
-        std::swap(casts_[0], casts_[1]);
-        Cast& made = casts_[0];
-        made.colour = colour.rgb();
-        made.dots =
-            QImage((QSizeF(box_.size()) * ratio_).toSize(), QImage::Format_ARGB32_Premultiplied);
-        made.dots.setDevicePixelRatio(ratio_);
-        made.dots.fill(Qt::transparent);
-        QPainter painter(&made.dots);
-        painter.translate(-box_.topLeft());
-        fill(painter, colour);
-        return made.dots;
-    }
-
-    QPolygonF outline_;
-    QRect box_;
-    qreal ratio_ = 0;
-    std::array<Cast, 2> casts_;
-};
-
 /// The round end of a stroke as dots: a painter rounds ends only at ten times the price of the
 /// whole stroke, and needles move in every frame.
 class RoundEnd {
@@ -142,7 +85,7 @@ class PaintedLine final : public Painted {
         colour_ = qColour(line_.colour);
         stroke_ = line_.stroke;
         straight_ = stroke_ == Stroke::Plain && (a.x() == b.x() || a.y() == b.y());
-        if (stroke_ == Stroke::Segment) segment_.shape(segmentOutline(from_, to_, width_), scale);
+        if (stroke_ == Stroke::Segment) segment_ = segmentOutline(from_, to_, width_);
         if (straight_) makeBar(scale);
         if (stroke_ == Stroke::Round) roundEnds(scale.deviceRatio());
     }
@@ -158,13 +101,16 @@ class PaintedLine final : public Painted {
             painter.fillRect(bar_, colour_);
             return;
         }
+        painter.setRenderHint(QPainter::Antialiasing, true);
         if (stroke_ == Stroke::Segment) {
-            segment_.paint(painter, colour_);
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(colour_);
+            painter.drawConvexPolygon(segment_);
+            painter.setRenderHint(QPainter::Antialiasing, false);
             return;
         }
         const bool round = stroke_ == Stroke::Round;
         const bool byPainter = round && onPaper(painter, ratio_);
-        painter.setRenderHint(QPainter::Antialiasing, true);
         painter.setPen(
             QPen(colour_, width_, Qt::SolidLine, byPainter ? Qt::RoundCap : Qt::FlatCap));
         painter.drawLine(from_, to_);
@@ -199,7 +145,7 @@ class PaintedLine final : public Painted {
     Line& line_;
     QPointF from_, to_;
     QRectF bar_;
-    SegmentCast segment_;
+    QPolygonF segment_;
     std::array<RoundEnd, 2> ends_;
     QColor colour_;
     qreal width_ = 1, ratio_ = 0;

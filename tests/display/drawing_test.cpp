@@ -142,5 +142,127 @@ TEST_F(Drawings, AnHourOfRedrawsDoesNotGrow) {
     EXPECT_EQ(drawing.marks().size(), marks);
 }
 
+TEST_F(Drawings, AStrokeDrawnOverItselfStandsThereOnce) {
+    drawing.line(0, 10, 120, 10);
+    drawing.line(0, 10, 120, 10);
+    EXPECT_EQ(drawing.marks().size(), 1u);
+    drawing.lineWidth = 2;
+    drawing.line(0, 10, 120, 10);
+    drawing.foreground = kRed;
+    drawing.line(0, 10, 120, 10);
+    EXPECT_EQ(drawing.marks().size(), 3u);
+}
+
+TEST_F(Drawings, AWholeWipeLeavesNothingButItself) {
+    for (int i = 0; i < 500; ++i) drawing.line(0, static_cast<float>(i) / 5, 120, 50);
+    drawing.textX = -40;
+    drawing.print("beyond the edge");
+    drawing.cell(CellGrid{200, 200, 1, 1, 5, 5}, 0, 0);
+    const auto rebuilt = drawing.rebuilt();
+    drawing.box(0, 0, 120, 100);
+    EXPECT_EQ(drawing.marks().size(), 1u);
+    EXPECT_GT(drawing.rebuilt(), rebuilt);
+}
+
+/// A map of 100 by 50 cells over most of the canvas.
+constexpr CellGrid kMap{10, 20, 1, 1.5f, 100, 50};
+
+std::uint32_t cellAt(const Mark& mark, int column, int row) {
+    return mark.map->cells[static_cast<std::size_t>(row * mark.map->grid.columns + column)];
+}
+
+TEST_F(Drawings, TheCellsOfAMapAreOneMark) {
+    for (int row = 0; row < kMap.rows; ++row) {
+        for (int column = 0; column < kMap.columns; ++column) {
+            drawing.foreground = Colour{static_cast<std::uint32_t>(0x010000 * row + column)};
+            drawing.cell(kMap, column, row);
+        }
+    }
+    ASSERT_EQ(drawing.marks().size(), 1u);
+    const Mark& map = drawing.marks()[0];
+    EXPECT_EQ(map.kind, Mark::Kind::Cells);
+    EXPECT_EQ(map.x1, 10);
+    EXPECT_EQ(map.x2, 110);
+    EXPECT_EQ(map.y1, 20);
+    EXPECT_EQ(map.y2, 95);
+    EXPECT_EQ(cellAt(map, 7, 9), 0xff070009u) << "red first: what a screen takes";
+}
+
+TEST_F(Drawings, ACellOutsideItsMapIsABoxLikeOnAnyCanvas) {
+    drawing.cell(kMap, 100, 3);
+    drawing.cell(kMap, -1, 3);
+    drawing.cell(CellGrid{10, 20, 0, 1, 100, 50}, 1, 1);
+    ASSERT_EQ(drawing.marks().size(), 3u);
+    const Mark& box = drawing.marks()[0];
+    EXPECT_EQ(box.kind, Mark::Kind::Filled);
+    EXPECT_EQ(box.x1, 110);
+    EXPECT_EQ(box.x2, 110);
+    EXPECT_FLOAT_EQ(box.y1, 24.5f);
+    EXPECT_FLOAT_EQ(box.y2, 20 + 1.5f * 3.8f);
+}
+
+TEST_F(Drawings, EachCellRaisesTheNumberOfItsMap) {
+    drawing.cell(kMap, 1, 1);
+    const auto number = drawing.marks()[0].number;
+    const auto revision = form.PictureBox1.revision();
+    drawing.cell(kMap, 2, 1);
+    EXPECT_GT(drawing.marks()[0].number, number);
+    EXPECT_GT(form.PictureBox1.revision(), revision);
+}
+
+TEST_F(Drawings, ACellGoesIntoItsMapUnlessSomethingLaterLiesOverIt) {
+    drawing.cell(kMap, 1, 1);
+    drawing.box(60, 60, 70, 70);
+    const auto rebuilt = drawing.rebuilt();
+    drawing.cell(kMap, 2, 1);
+    EXPECT_EQ(drawing.marks().size(), 2u);
+    EXPECT_GT(drawing.rebuilt(), rebuilt) << "the screen has to look below the end";
+    drawing.cell(kMap, 55, 30);
+    EXPECT_EQ(drawing.marks().size(), 3u) << "above the box";
+}
+
+TEST_F(Drawings, ABoxTakesTheCellsThatItCoversAndAnEmptyMapGoes) {
+    drawing.cell(kMap, 1, 1);
+    drawing.cell(kMap, 55, 30);
+    drawing.box(60, 60, 70, 70);
+    ASSERT_EQ(drawing.marks().size(), 2u);
+    EXPECT_NE(cellAt(drawing.marks()[0], 1, 1), 0u);
+    EXPECT_EQ(cellAt(drawing.marks()[0], 55, 30), 0u);
+    drawing.box(10, 20, 14, 24);
+    EXPECT_EQ(drawing.marks().size(), 2u);
+    EXPECT_EQ(drawing.marks()[0].kind, Mark::Kind::Filled);
+}
+
+TEST_F(Drawings, AnHourOfSmallRedrawsDoesNotGrow) {
+    const auto redraw = [&](int frame) {
+        // A count, the grid, some cells of the map over a wiped place, and a bar of changing
+        // height.
+        drawing.foreground = kWhite;
+        drawing.box(80, 0, 120, 20);
+        drawing.foreground = kBlack;
+        drawing.textX = 80;
+        drawing.textY = 0;
+        drawing.print(std::to_string(frame % 1000));
+        for (int i = 0; i < 5; ++i) {
+            const auto y = static_cast<float>(20 * i);
+            drawing.line(0, y, 120, y);
+        }
+        drawing.box(30, 40, 50, 60);
+        for (int i = 0; i < 20; ++i) drawing.cell(kMap, 25 + (frame + i) % 10, 20 + i % 5);
+        drawing.box(2, static_cast<float>(11 + frame * 37 % 20), 6, 100);
+    };
+    std::size_t most = 0, later = 0;
+    for (int frame = 0; frame < 200; ++frame) {
+        redraw(frame);
+        most = std::max(most, drawing.marks().size());
+    }
+    for (int frame = 200; frame < 4 * 3600; ++frame) {
+        redraw(frame);
+        later = std::max(later, drawing.marks().size());
+    }
+    EXPECT_LE(later, most);
+    EXPECT_LE(most, 60u);
+}
+
 }  // namespace
 }  // namespace display::test

@@ -3,12 +3,10 @@
 #include <QImage>
 #include <QPainter>
 #include <algorithm>
-#include <cmath>
 #include <cstdlib>
 
 #include "display/qt/faces.h"
 #include "display/qt/painted.h"
-#include "display/qt/slanting_stroke.h"
 #include "tests/display/qt/qt_bench.h"
 
 namespace display::qt {
@@ -135,73 +133,56 @@ TEST_P(DrawingDots, TextOutsideEveryBox_LetsThroughWhatLiesBehind) {
     EXPECT_GT(untouched, image.width() * image.height() - 400 * GetParam() * GetParam());
 }
 
+Colour ofCell(int column, int row) {
+    return Colour{static_cast<std::uint32_t>(0x400000 + 0x0400 * column + row)};
+}
+
+TEST_P(DrawingDots, EachCellOfAMapStandsInItsPlaceInItsColour) {
+    constexpr CellGrid kGrid{400, 300, 50, 40, 60, 50};
+    const auto painted = paintedDrawing(box);
+    for (int row = 0; row < kGrid.rows; ++row) {
+        for (int column = 0; column < kGrid.columns; ++column) {
+            // A hole in the map lets through what lies behind.
+            if (column % 7 == 3) continue;
+            box.drawing.foreground = ofCell(column, row);
+            box.drawing.cell(kGrid, column, row);
+        }
+        if (row == 20) shown(*painted);
+    }
+    const QImage image = shown(*painted);
+    for (int row = 0; row < kGrid.rows; ++row) {
+        for (int column = 0; column < kGrid.columns; ++column) {
+            const double dot = kPixelsPerTwip * GetParam();
+            const int x = static_cast<int>((kGrid.left + kGrid.pitchX * (column + 0.5)) * dot);
+            const int y = static_cast<int>((kGrid.top + kGrid.pitchY * (row + 0.5)) * dot);
+            const Colour colour = ofCell(column, row);
+            ASSERT_EQ(image.pixelColor(x, y),
+                      column % 7 == 3 ? QColor(Qt::darkCyan)
+                                      : QColor(colour.red(), colour.green(), colour.blue()))
+                << column << ", " << row;
+        }
+    }
+}
+
+TEST_P(DrawingDots, ACellBelowALaterMarkChangesOnTheScreenToo) {
+    constexpr CellGrid kGrid{400, 300, 100, 100, 10, 10};
+    const auto painted = paintedDrawing(box);
+    box.drawing.foreground = kRed;
+    box.drawing.cell(kGrid, 1, 1);
+    box.drawing.foreground = kWhite;
+    box.drawing.box(900, 900, 1100, 1100);
+    shown(*painted);
+    box.drawing.foreground = kGreen;
+    box.drawing.cell(kGrid, 1, 1);
+    const QImage image = shown(*painted);
+    const double dot = kPixelsPerTwip * GetParam();
+    EXPECT_EQ(image.pixelColor(static_cast<int>(550 * dot), static_cast<int>(450 * dot)),
+              QColor(Qt::green));
+    EXPECT_EQ(image.pixelColor(static_cast<int>(1000 * dot), static_cast<int>(1000 * dot)),
+              QColor(Qt::white));
+}
+
 INSTANTIATE_TEST_SUITE_P(AtEachRatio, DrawingDots, testing::Values(1, 1.25, 1.5, 2));
-
-QImage strokeAlone(QPoint from, QPoint to, int width) {
-    QImage image(100, 80, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::white);
-    const SlantingStroke stroke(from, to, width);
-    const DotRows rows(image);
-    stroke.lay(rows, rows.all(), qRgb(0, 0, 0));
-    return image;
-}
-
-/// How many dots' worth of black.
-double ink(const QImage& image) {
-    double sum = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) sum += 1 - qRed(image.pixel(x, y)) / 255.0;
-    }
-    return sum;
-}
-
-TEST(SlantingStrokes, HaveTheInkOfTheirLengthAndWidthAtEverySlant) {
-    for (const int width : {1, 2, 3, 5}) {
-        for (const QPoint to : {QPoint(57, 41), QPoint(80, 41), QPoint(51, 70), QPoint(20, 60),
-                                QPoint(49, 10), QPoint(10, 39)}) {
-            const QPoint from(50, 40), far = to - from;
-            const double length = std::hypot(far.x(), far.y()) + width;
-            EXPECT_NEAR(ink(strokeAlone(from, to, width)), length * width, 0.02 * length * width)
-                << width << " to " << to.x() << ", " << to.y();
-        }
-    }
-}
-
-TEST(SlantingStrokes, LookAsThePainterDrawsThem) {
-    for (const int width : {2, 3, 5}) {
-        for (const QPoint to : {QPoint(90, 71), QPoint(57, 44), QPoint(12, 60), QPoint(55, 5)}) {
-            QImage wanted(100, 80, QImage::Format_ARGB32_Premultiplied);
-            wanted.fill(Qt::white);
-            QPainter painter(&wanted);
-            painter.setRenderHint(QPainter::Antialiasing, true);
-            painter.setPen(QPen(Qt::black, width));
-            painter.drawLine(QPoint(50, 40), to);
-            painter.end();
-            EXPECT_LE(largestDotDifference(strokeAlone(QPoint(50, 40), to, width), wanted), 64)
-                << width << " to " << to.x() << ", " << to.y();
-        }
-    }
-}
-
-TEST(SlantingStrokes, InPieces_EqualTheWhole) {
-    QImage pieces(100, 80, QImage::Format_ARGB32_Premultiplied);
-    pieces.fill(Qt::white);
-    const SlantingStroke stroke(QPoint(3, 5), QPoint(95, 71), 3);
-    const DotRows rows(pieces);
-    for (int top = 0; top < 80; top += 7) {
-        stroke.lay(rows, DotBox{0, top, 100, top + 7} & rows.all(), qRgb(0, 0, 0));
-    }
-    EXPECT_EQ(pieces, strokeAlone(QPoint(3, 5), QPoint(95, 71), 3));
-}
-
-TEST(SlantingStrokes, BeyondThePicture_TouchNothing) {
-    QImage image(100, 80, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::white);
-    const DotRows rows(image);
-    SlantingStroke(QPoint(-50, -10), QPoint(-5, 90), 3).lay(rows, rows.all(), qRgb(0, 0, 0));
-    SlantingStroke(QPoint(105, 3), QPoint(300, 90), 3).lay(rows, rows.all(), qRgb(0, 0, 0));
-    EXPECT_EQ(ink(image), 0);
-}
 
 }  // namespace
 }  // namespace display::qt

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/cell_map.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace display {
+
+void CellMap::draw(int column, int row, Colour colour) {
+    constexpr std::uint32_t kOpaque = 0xff000000;
+    std::uint32_t& cell = cells[static_cast<std::size_t>(row * grid.columns + column)];
+    drawn_ += cell == 0;
+    cell = kOpaque | static_cast<std::uint32_t>(colour.red()) << 16 |
+           static_cast<std::uint32_t>(colour.green()) << 8 |
+           static_cast<std::uint32_t>(colour.blue());
+}
+
+bool CellMap::eraseWithin(float x1, float y1, float x2, float y2) {
+    // The first cell that begins within, and the one behind the last that ends within.
+    const auto first = [](float from, float start, float pitch, int count) {
+        return std::clamp(static_cast<int>(std::ceil((from - start) / pitch)), 0, count);
+    };
+    const auto behind = [](float to, float start, float pitch, int count) {
+        return std::clamp(static_cast<int>(std::floor((to - start) / pitch)), 0, count);
+    };
+    const int left = first(x1, grid.left, grid.pitchX, grid.columns);
+    const int right = behind(x2, grid.left, grid.pitchX, grid.columns);
+    const int top = first(y1, grid.top, grid.pitchY, grid.rows);
+    const int bottom = behind(y2, grid.top, grid.pitchY, grid.rows);
+    for (int row = top; row < bottom; ++row) {
+        for (int column = left; column < right; ++column) {
+            std::uint32_t& cell = cells[static_cast<std::size_t>(row * grid.columns + column)];
+            drawn_ -= cell != 0;
+            cell = 0;
+        }
+    }
+    return drawn_ > 0;
+}
+
+}  // namespace display
