@@ -45,7 +45,7 @@ std::vector<std::string> logDays(const std::vector<std::string>& fileNames) {
     for (const std::string& name : fileNames) {
         std::string day = name.substr(0, name.size() - kEnding.size());
         const double value = valueOf(day);
-        if (value != 0) days.push_back({{value, foldedCase(day)}, std::move(day)});
+        if (value != 0) days.emplace_back(std::pair(value, foldedCase(day)), std::move(day));
     }
     return inOrder(std::move(days));
 }
