@@ -85,6 +85,8 @@ void Form_B::tuneBarTo(int bar) {
         program.tuner->tuneByBar();
     } else {
         cambfre();
+        // The bar has not moved: the next to move it is a hand.
+        ManualTune = 1;
     }
 }
 

@@ -236,5 +236,62 @@ TEST_F(Memories, MissingPresetsAreOneMessageAndTheEnd) {
     EXPECT_THAT(tunings(), IsEmpty());
 }
 
+/// What a hand on the bar leaves of the memory that was tuned before: nothing.
+class HandOnTheBar : public Memories {
+ protected:
+    void expectOffMemory() {
+        moveBar(50);
+        EXPECT_EQ(bench.formB.Label_RadioName.caption, "");
+        EXPECT_EQ(digits(), "");
+        EXPECT_EQ(bench.formB.MemoryState, "cero");
+        EXPECT_EQ(bench.formB.OffMemory, 1);
+    }
+};
+
+TEST_F(HandOnTheBar, AfterAStepOverAnEmptySlotTakesNameAndNumberAway) {
+    start();
+    next();  // memory 2 is empty: 3 is tuned twice, the second time where the bar stands
+    ASSERT_EQ(bench.formB.Label_RadioName.caption, "R. TRES  ");
+    expectOffMemory();
+}
+
+TEST_F(HandOnTheBar, AfterTheTunedMemoryWasChosenInTheEditorTakesNameAndNumberAway) {
+    start();
+    bench.click(bench.formB.Image3);
+    bench.click(bench.forms.formSetMemories.presets[1]);
+    bench.click(bench.forms.formSetMemories.SSCommand17);
+    ASSERT_EQ(bench.formB.Label_RadioName.caption, "RADIO UNO");
+    expectOffMemory();
+}
+
+TEST_F(HandOnTheBar, AfterTheTunedMemoryWasSavedAnewTakesNameAndNumberAway) {
+    start();
+    bench.click(bench.formB.Image3);
+    bench.edit(bench.forms.formSetMemories.Text2, "OTRO");
+    bench.click(bench.forms.formSetMemories.SSCommand20);
+    bench.click(bench.forms.formSetMemories.SSCommand17);
+    ASSERT_EQ(bench.formB.Label_RadioName.caption, "OTRO     ");
+    expectOffMemory();
+}
+
+TEST_F(HandOnTheBar, AfterAHalfStepBesideTheLastMemoryTakesNameAndNumberAway) {
+    bench.write("halden.dat", memoryBlock({{1, "UNO", "981"}, {2, "DOS", "9815"}}));
+    start();
+    next();
+    ASSERT_EQ(bench.formB.Label_FrecRadio.caption, "98.15");
+    ASSERT_EQ(digits(), "2");
+    expectOffMemory();
+}
+
+TEST_F(HandOnTheBar, IsNoHandWhenAStepMovesTheBarAfterwards) {
+    start();
+    bench.click(bench.formB.Image3);
+    bench.click(bench.forms.formSetMemories.presets[1]);
+    bench.click(bench.forms.formSetMemories.SSCommand17);
+    next();
+    EXPECT_EQ(bench.formB.Label_RadioName.caption, "R. TRES  ");
+    EXPECT_EQ(digits(), "3");
+}
+
 }  // namespace
 }  // namespace hmonitor::test
