@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "app/forms.h"
+#include "app/library_fault.h"
 #include "core/files.h"
 #include "core/folder_lock.h"
 #include "core/language.h"
@@ -60,6 +61,7 @@ int main(int argc, char** argv) {
     const std::unique_ptr<DriverLibrary> driver = openDriver(loaded);
 
     hmonitor::Program program(desktop, *driver, files);
+    program.LibraryFault = hmonitor::libraryFault(loaded);
     hmonitor::Forms forms(program);
     desktop.rack({&forms.form1, &forms.formB, &forms.formC, &forms.formD, &forms.form3});
     return desktop.run([&forms] { forms.formWaitLoad.show(); });

@@ -24,6 +24,8 @@ inline constexpr display::Colour kUnitColour{0xa89c94};
 /// Bars of charts, and the words over them.
 inline constexpr display::Colour kSeriesRed{0x4444f4};
 inline constexpr display::Colour kSeriesBlue{0xe4b064};
+/// What a person should notice.
+inline constexpr display::Colour kNoticeColour{0x0aa5f5};
 /// The dark of unlit segments and needles' wells.
 inline constexpr display::Colour kUnlit{0x1d1c20};
 

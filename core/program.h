@@ -49,6 +49,7 @@ struct Program {
     const Files& files;
     hmonitor::StationState StationState;
     ProgramWords words;
+    hmonitor::LibraryFault LibraryFault;
     UnitInUse unitInUse;
     /// Every tuning goes through it.
     hmonitor::Tuner* tuner = nullptr;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "core/small_text.h"
 
@@ -14,6 +15,12 @@ struct ProgramWords {
     SmallText gBrand;            ///< brand of printed headers: "Marvenia" or "Teskel"
     SmallText gModel;            ///< model of printed headers
     float gHardwareVersion = 0;  ///< 0 means that no unit answered
+};
+
+/// What was wrong with the driver library, in one sentence with its file; empty for nothing.
+struct LibraryFault {
+    std::string spanish;
+    std::string english;
 };
 
 }  // namespace hmonitor

@@ -20,6 +20,7 @@ class FormModoDemo final : public ProgramForm {
     display::Panel Faceplate{*this, "Faceplate"};
     display::Label Label1{*this, "Label1"};    ///< the Spanish words
     display::Label Label2{*this, "Label2"};    ///< the English words
+    display::Label Reason{*this, "Reason"};    ///< what was wrong with the driver library
     display::Key Command1{*this, "Command1"};  ///< demo mode
     display::Key Command2{*this, "Command2"};  ///< exit
 
@@ -28,6 +29,8 @@ class FormModoDemo final : public ProgramForm {
     void onLoad() override;
 
  private:
+    void tellLibraryFault();
+
     Int16 answer_ = kExit;
 };
 

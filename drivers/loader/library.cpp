@@ -24,20 +24,37 @@ LoadResult Library::load(const std::filesystem::path& folder) {
     std::error_code error;
     const auto file = std::filesystem::absolute(folder / libraryName(), error);
     if (!std::filesystem::exists(file, error)) {
-        return {nullptr, "There is no driver library " + file.string() + "."};
+        return {
+            nullptr, "There is no driver library " + file.string() + ".", Refusal::NoFile, file, "",
+            {}};
     }
     std::string reason;
     SharedObject object = SharedObject::open(file, reason);
     if (!object) {
-        return {nullptr, file.string() + " cannot be loaded as a driver library: " + reason + "."};
+        return {nullptr,
+                file.string() + " cannot be loaded as a driver library: " + reason + ".",
+                Refusal::NoLibrary,
+                file,
+                reason,
+                {}};
     }
     const SymbolTable table = readSymbols(object);
     if (!table.missing.empty()) {
         std::string names;
         for (const auto& name : table.missing) names += (names.empty() ? "" : ", ") + name;
-        return {nullptr, file.string() + " is no complete driver library; it lacks " + names + "."};
+        return {nullptr,
+                file.string() + " is no complete driver library; it lacks " + names + ".",
+                Refusal::LacksFunctions,
+                file,
+                "",
+                table.missing};
     }
-    return {std::unique_ptr<Library>(new Library(std::move(object), table.functions, file)), ""};
+    return {std::unique_ptr<Library>(new Library(std::move(object), table.functions, file)),
+            "",
+            Refusal::None,
+            file,
+            "",
+            {}};
 }
 
 }  // namespace hm16

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "drivers/hm16.h"
 #include "drivers/loader/shared_object.h"
@@ -33,12 +34,19 @@ class Library {
     std::filesystem::path file_;
 };
 
-// What came of loading: the library, or one sentence that names the file and what is wrong: there
-// is no such file, the system does not take it for a library (with the system's reason), or it
-// lacks functions (with their names).
+// Why a library was not loaded: there is no such file, the system does not take it for a library,
+// or it lacks functions.
+enum class Refusal { None, NoFile, NoLibrary, LacksFunctions };
+
+// What came of loading: the library, or one sentence that names the file and what is wrong, and the
+// parts of that sentence.
 struct LoadResult {
     std::unique_ptr<Library> library;
     std::string fault;
+    Refusal refusal = Refusal::None;
+    std::filesystem::path file;
+    std::string reason;                // the system's, of Refusal::NoLibrary
+    std::vector<std::string> missing;  // the functions, of Refusal::LacksFunctions
 };
 
 // "hm-16.so", "hm-16.dll" or "hm-16.dylib", by the system.

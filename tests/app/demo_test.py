@@ -68,8 +68,11 @@ def refused_by_the_window_manager(rack, album):
 def offered_without_a_library(rack, album):
     (rack.folder / "hm-16.so").unlink()
     offer(rack)
+    album.take(rack.screen, "offer_without_a_library")
     rack.screen.type("Return")
     moving(rack)
+    wait_for(lambda: rack.is_signed("Form1"), "DEMO in the head of a panel")
+    album.take(rack.screen, "demo_without_a_library")
 
 
 if __name__ == "__main__":

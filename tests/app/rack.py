@@ -169,6 +169,12 @@ class Rack:
         """A chosen key is light, the others are dark; looked at beside its word."""
         return max(self.colour(form, control, 0.1, 0.75)) > 140
 
+    def is_signed(self, panel):
+        """Amber words stand in the head of a panel."""
+        area = self.look(panel, "Sign")
+        return sum(1 for at in range(0, len(area), 4)
+                   if area[at + 2] > 215 and 140 < area[at + 1] < 190 and area[at] < 60) > 30
+
     def type(self, form, *keys):
         self.screen.activate(self.wait_open(form))
         self.screen.type(*keys)

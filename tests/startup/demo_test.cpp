@@ -105,5 +105,59 @@ TEST_F(Demo, AVersionThatIsNoNumberCountsAsNoUnit) {
     EXPECT_EQ(bench.state.DemoMode, "si");
 }
 
+/// The offer as it is seen when the driver library could not be loaded.
+class DemoFault : public Demo, public testing::WithParamInterface<int> {
+ protected:
+    void offerAfter(const LibraryFault& fault) {
+        bench.program.LibraryFault = fault;
+        bench.driver.hardwareVersion = 0;
+        bench.desktop.modalScripts["FormModoDemo"] = [this](display::Form&) {
+            auto& form = bench.forms.formModoDemo;
+            shown = form.Reason.visible;
+            reason = form.Reason.caption.get();
+            below = form.Reason.top - form.Label1.top - form.Label1.height;
+            height = form.height;
+            keyBottom = form.Command1.top + form.Command1.height;
+            reasonBottom = form.Reason.top + form.Reason.height;
+            keyTop = form.Command1.top;
+            bench.hand.click(form.Command1);
+        };
+        bench.start();
+    }
+    /// Without what lets a long path be divided into lines.
+    std::string plainReason() const {
+        std::string text = reason;
+        for (std::size_t at; (at = text.find("\u200b")) != std::string::npos;) text.erase(at, 3);
+        return text;
+    }
+
+    RackBench bench{GetParam()};
+    bool shown = false;
+    std::string reason;
+    float below = 0, height = 0, keyBottom = 0, keyTop = 0, reasonBottom = 0;
+};
+
+TEST_P(DemoFault, IsToldBelowTheWordsAndAboveTheKeys) {
+    offerAfter({"No está la biblioteca de la unidad /opt/rack/hm-16.so.",
+                "There is no driver library /opt/rack/hm-16.so."});
+    EXPECT_TRUE(shown);
+    EXPECT_EQ(plainReason(), GetParam() == RackBench::kSpanish
+                                 ? "No está la biblioteca de la unidad /opt/rack/hm-16.so."
+                                 : "There is no driver library /opt/rack/hm-16.so.");
+    EXPECT_GE(below, 0);
+    EXPECT_LE(reasonBottom, keyTop);
+    EXPECT_LE(keyBottom, height);
+    EXPECT_EQ(height, 2300);
+}
+
+TEST_P(DemoFault, IsNotSpokenOfWhereTheLibraryWasLoaded) {
+    offerAfter({});
+    EXPECT_FALSE(shown);
+    EXPECT_EQ(height, 2300);
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, DemoFault,
+                         testing::Values(RackBench::kSpanish, RackBench::kEnglish));
+
 }  // namespace
 }  // namespace hmonitor::test

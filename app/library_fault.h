@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/program_words.h"
+#include "drivers/loader/library.h"
+
+namespace hmonitor {
+
+/// What was wrong with the driver library, one sentence a language with the whole path of the file;
+/// empty when it was loaded.
+LibraryFault libraryFault(const hm16::LoadResult& loaded);
+
+}  // namespace hmonitor
