@@ -112,12 +112,18 @@ void Key::resetKind() {
 
 void TextField::edit(std::string_view wanted) {
     if (text == wanted) return;
+    allSelected_ = false;
     text.text_ = wanted;
     if (onChange && !form().layingOut()) onChange();
 }
 
+void TextField::selectAll() {
+    allSelected_ = true;
+    selections = selections + 1;
+}
 void TextField::resetKind() {
     text.text_ = "";
+    allSelected_ = false;
     locked = false;
     maxLength = 0;
     align = Align::Left;

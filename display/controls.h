@@ -28,7 +28,8 @@ enum class Surface {
     Well,       ///< a dark display set into the faceplate
     Plate,      ///< a light plate for black figures
     Sheet,      ///< white paper
-    Glow        ///< light that grows to the right: the head of a moving bar
+    Glow,       ///< light that grows to the right: the head of a moving bar
+    Veil        ///< dims what lies under it
 };
 
 /// A value of a control that is assigned as a hand sets it: the control decides what becomes of it
@@ -199,6 +200,11 @@ class TextField final : public Control {
     /// A hand's edit: takes the text, fires onChange if it differs.
     void edit(std::string_view text);
 
+    /// Selects the whole text, so that the next typed character takes its place.
+    void selectAll();
+    /// True from selectAll() until the text changes.
+    bool allSelected() const { return allSelected_; }
+
     /// Assigned by code; fires onChange like a hand when it differs.
     class Value {
      public:
@@ -220,6 +226,8 @@ class TextField final : public Control {
         Text text_;
     } text{*this};
 
+    /// How often selectAll() was called: a screen that has seen fewer selects the text anew.
+    Property<int> selections{*this, 0};
     Property<bool> locked{*this, false};
     Property<int> maxLength{*this, 0};  ///< characters; 0 for no limit
     Property<Align> align{*this, Align::Left};
@@ -233,6 +241,9 @@ class TextField final : public Control {
 
  protected:
     void resetKind() override;
+
+ private:
+    bool allSelected_ = false;
 };
 
 /// A box that is checked or not. Assigning another value fires onClick, as a hand does.

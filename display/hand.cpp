@@ -244,7 +244,7 @@ void Hand::type(TextField& field, std::string_view text) {
             std::min(characterLength(static_cast<unsigned char>(text[0])), text.size());
         post(field, [&field, bytes = std::string(text.substr(0, length))] {
             const std::size_t end = characters(field.text.get());
-            typeAll(field, bytes, {end, end});
+            typeAll(field, bytes, {field.allSelected() ? 0 : end, end});
         });
         text.remove_prefix(length);
     }

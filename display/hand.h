@@ -47,7 +47,8 @@ class Hand {
     void select(ComboBox& box, int row);
     void select(ListBox& box, int row);
 
-    /// Types characters one by one at the end, each through the field's own filter.
+    /// Types characters one by one at the end, or in place of a text that is selected whole, each
+    /// through the field's own filter.
     void type(TextField& field, std::string_view characters);
     /// Types or pastes characters in place of those of the span, each through the field's filter;
     /// none just cuts the span out.

@@ -66,6 +66,7 @@ void Form_bSetMemories::activated() {
     }
     // It carried the memory's number up to here.
     StationState.CurrentFreq = shortText(program.Form_B->TunedFreq);
+    Text1.selectAll();
     LoadedOnce = 1;
 }
 
@@ -169,6 +170,7 @@ void Form_bSetMemories::Command5() {
         const bool empty = block.isEmpty(memory);
         presets[memory].colour = empty ? preset_look::kEmpty : preset_look::kStored;
         presets[memory].says = empty ? emptyPresetName(memory) : presetName(memory);
+        presets[memory].tip = empty ? preset_look::kEmptyTip : preset_look::kStoredTip;
     }
 }
 

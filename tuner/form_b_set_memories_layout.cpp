@@ -49,6 +49,8 @@ void Form_bSetMemories::layOutMemory() {
     Label_Selected.colour = display::kCyan;
     Label_Selected.readout = true;
     Label_Selected.says = {"Memoria elegida", "Selected memory"};
+    Label_Selected.tip = {"La memoria que se edita, de 1 a 16", "The memory being edited, 1 to 16"};
+    MemoryWell.tip = Label_Selected.tip;
 
     constexpr int kInRow = 4;
     for (int memory = 1; memory <= kMemories; ++memory) {
@@ -59,7 +61,7 @@ void Form_bSetMemories::layOutMemory() {
         place(key, {leftOf(column, kInRow), y, share(kInRow), kKeyHeight});
         key.caption = wholeText(memory);
         key.says = presetName(memory);
-        key.tip = {"Elige esta memoria y la sintoniza", "Selects this memory and tunes it"};
+        key.tip = preset_look::kStoredTip;
         key.tabIndex = memory;
     }
 

@@ -16,13 +16,15 @@ Form_bTuner::Form_bTuner(Program& itsProgram) : ProgramForm(itsProgram, "Form_bT
     }
     SSCommand13.onClick = [this] { append('0'); };
     SSCommand11.onClick = [this] { Text1.text = ""; };
-    SSCommand10.onClick = [this] { tune(); };
+    SSCommand10.onClick = [this] { enter(); };
     SSCommand12.onClick = [this] { close(); };
     Text1.onTyped = [this](char32_t character) -> char32_t {
         if (isDigitKey(character)) return character;
         desktop().beep();
         return 0;
     };
+    // Digits on their way to a frequency are not wrong yet.
+    Text1.onChange = [this] { Ring.visible = !canBecomeTunable(Text1.text); };
     Text1.onEnter = [this] { SSCommand10.press(); };
     bindHandle(Faceplate.onMouseDown, Faceplate.onMouseMove, {this});
 }
@@ -42,6 +44,13 @@ void Form_bTuner::closeRequested() {
 
 void Form_bTuner::append(char digit) {
     Text1.text = Text1.text.get() + digit;
+}
+
+void Form_bTuner::enter() {
+    Ring.visible = !Text1.text.empty() && !keypadFrequency(Text1.text);
+    tune();
+    // The next typed digit begins a new frequency.
+    Text1.selectAll();
 }
 
 void Form_bTuner::tune() {

@@ -18,7 +18,9 @@ class Form_bTuner final : public ProgramForm {
     display::Panel Faceplate{*this, "Faceplate"};  ///< the window is moved by it
     display::Label Label1{*this, "Label1"};
     display::Panel EntryWell{*this, "EntryWell"};
+    display::Picture Ring{*this, "Ring"};            ///< around digits that cannot be tuned
     display::TextField Text1{*this, "Text1"};        ///< the digits typed so far
+    display::Label Hint{*this, "Hint"};              ///< what the digits may be
     NumberedKeys<9> digits{*this, "SSCommand"};      ///< 1 to 9
     display::Key SSCommand11{*this, "SSCommand11"};  ///< empties the digits
     display::Key SSCommand13{*this, "SSCommand13"};  ///< 0
@@ -31,6 +33,7 @@ class Form_bTuner final : public ProgramForm {
 
  private:
     void append(char digit);
+    void enter();
     void tune();
     void close();
 };

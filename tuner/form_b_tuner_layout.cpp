@@ -42,6 +42,15 @@ void Form_bTuner::layOut() {
     place(EntryWell, {kKeypadLeft, 500, kWidth - 2 * kKeypadLeft, 620}).surface = Surface::Well;
     place(Text1, {100, 90, kWidth - 2 * kKeypadLeft - 200, 440}, &EntryWell).says = {
         "Frecuencia sin punto, en décimas de MHz", "Frequency without point, tenths of MHz"};
+    place(Ring, {kKeypadLeft - 30, 470, kWidth - 2 * kKeypadLeft + 60, 680}).picture = "AmberRing";
+    Ring.visible = false;
+    Ring.says = {"Estos dígitos no se pueden sintonizar", "These digits cannot be tuned"};
+    Ring.tip = Ring.says;
+    place(Hint, {kKeypadLeft, 1155, kWidth - 2 * kKeypadLeft, 130}).caption =
+        "875 ... 1080, 8755 = 87.55";
+    Hint.font = look::kScale;
+    Hint.colour = look::kCaptionColour;
+    Hint.align = display::Align::Centre;
     Text1.tip = {"981 es 98.1 MHz, 9815 es 98.15 MHz. Enter sintoniza",
                  "981 is 98.1 MHz, 9815 is 98.15 MHz. Enter tunes"};
     Text1.colour = display::kRed;

@@ -19,4 +19,17 @@ std::optional<StoredFrequency> keypadFrequency(std::string_view typed) {
     return StoredFrequency{frequency, split.half};
 }
 
+bool canBecomeTunable(std::string_view typed) {
+    constexpr int kLowest = 875;
+    constexpr int kHighest = 1080;
+    const std::size_t digits = typed.find_first_not_of('0');
+    if (digits == std::string_view::npos) return true;
+    typed.remove_prefix(digits);
+    for (int frequency = kLowest; frequency <= kHighest; ++frequency) {
+        const SmallText halfStep = wholeText(10 * frequency + 5);
+        if (halfStep.view().starts_with(typed)) return true;
+    }
+    return false;
+}
+
 }  // namespace hmonitor

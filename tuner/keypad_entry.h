@@ -12,4 +12,7 @@ namespace hmonitor {
 /// of 100 kHz: "981" is 98.1 MHz, "9815" its half step. Nothing outside the band, 875 to 1080.
 std::optional<StoredFrequency> keypadFrequency(std::string_view typed);
 
+/// True while further digits, or none, can make these a frequency that keypadFrequency() takes.
+bool canBecomeTunable(std::string_view typed);
+
 }  // namespace hmonitor

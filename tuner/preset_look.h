@@ -15,6 +15,13 @@ inline constexpr float kWide = 7700;
 inline constexpr display::Colour kStored = display::kWhite;
 inline constexpr display::Colour kEmpty{0xeab274};
 
+/// What their tool tips say.
+inline constexpr display::Words kStoredTip{"Elige esta memoria y la sintoniza",
+                                           "Selects this memory and tunes it"};
+inline constexpr display::Words kEmptyTip{
+    "Vacía: la elige y vacía los campos de frecuencia y nombre; no sintoniza",
+    "Empty: selects it and clears the fields of frequency and name; tunes nothing"};
+
 /// A lit segment of the memory's number.
 inline constexpr display::Colour kDigit{0x2f2fff};
 

@@ -96,6 +96,22 @@ void markBottom(QPainter& painter, const QRectF& box, const PictureLook&) {
         QPolygonF({box.bottomLeft(), box.bottomRight(), QPointF(box.center().x(), box.top())}));
 }
 
+/// Around what a person should look at again.
+void amberRing(QPainter& painter, const QRectF& box, const PictureLook& look) {
+    const qreal width = 2.5 * look.unit;
+    const qreal half = width / 2;
+    painter.setPen(QPen(QColor(kAmber), width));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(box.adjusted(half, half, -half, -half), 5 * look.unit, 5 * look.unit);
+}
+
+/// Words that a person should notice, in the head of a panel.
+void sign(QPainter& painter, const QRectF& box, const PictureLook& look) {
+    painter.setFont(Faces::get().font(box.height() * 0.78, Weight::Bold));
+    painter.setPen(QColor(kAmber));
+    painter.drawText(box, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, look.caption);
+}
+
 }  // namespace
 
 const std::vector<NamedPicture>& markPictures() {
@@ -103,7 +119,8 @@ const std::vector<NamedPicture>& markPictures() {
         {"multyon", lampOn},      {"multyoff", lampOff},        {"Logo1", teskel},
         {"Logo2", marvenia},      {"LogoTeskel", teskel},       {"LogoMarvenia", marvenia},
         {"InkTeskel", teskelInk}, {"InkMarvenia", marveniaInk}, {"GraphPaper", graphPaper},
-        {"MarkTop", markTop},     {"MarkBottom", markBottom},
+        {"MarkTop", markTop},     {"MarkBottom", markBottom},   {"AmberRing", amberRing},
+        {"Sign", sign},
     };
     return pictures;
 }

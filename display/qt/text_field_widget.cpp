@@ -33,6 +33,9 @@ void TextFieldWidget::sync() {
     const int margin = desktop_.scale().whole(desktop_.scale().px(50));
     setTextMargins(margin, 0, margin, 0);
     showModel();
+    if (selections_ == field_.selections) return;
+    selections_ = field_.selections;
+    selectAll();
 }
 
 void TextFieldWidget::showModel() {

@@ -27,6 +27,7 @@ class TextFieldWidget final : public QLineEdit, public ControlWidget {
     QtDesktop& desktop_;
     TextField& field_;
     QString shown_;
+    int selections_ = 0;
 };
 
 }  // namespace display::qt

@@ -281,5 +281,37 @@ TEST_F(MemoryEditor, BeingShownAgainDoesNotStartOver) {
     EXPECT_EQ(editor.SelectedMemory, "16");
 }
 
+TEST_F(MemoryEditor, OpensWithItsFrequencySelectedSoThatATypedOneReplacesIt) {
+    bench.startInEditor();
+    EXPECT_EQ(editor.Text1.text, "98.1");
+    EXPECT_TRUE(editor.Text1.allSelected());
+    bench.type(editor.Text1, "99.9");
+    EXPECT_EQ(editor.Text1.text, "99.9");
+    bench.select(3);
+    EXPECT_FALSE(editor.Text1.allSelected());
+}
+
+TEST_F(MemoryEditor, OpenedOffMemoryHasTheOfferedFrequencySelected) {
+    bench.start();
+    bench.tuneByHand(999);
+    bench.openEditor();
+    EXPECT_EQ(editor.Text1.text, "99.9");
+    EXPECT_TRUE(editor.Text1.allSelected());
+}
+
+TEST_F(MemoryEditor, TheTipOfAnEmptyMemorySaysThatItClearsTheFields) {
+    bench.startInEditor();
+    for (int memory = 1; memory <= 16; ++memory) {
+        const bool stored = memory == 1 || memory == 3 || memory == 16;
+        const std::string spanish = editor.presets[memory].tip.spanish;
+        const std::string english = editor.presets[memory].tip.english;
+        EXPECT_EQ(english.find("clears the fields") == std::string::npos, stored) << memory;
+        EXPECT_EQ(spanish.find("vacía los campos") == std::string::npos, stored) << memory;
+    }
+    bench.click(editor.SSCommand22);
+    EXPECT_NE(std::string(editor.presets[1].tip.english).find("clears the fields"),
+              std::string::npos);
+}
+
 }  // namespace
 }  // namespace hmonitor::test

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <set>
+#include <string>
+
 #include "core/numbers.h"
 #include "tests/tuner/editor_bench.h"
 #include "tests/tuner/typed_table.h"
+#include "tuner/keypad_entry.h"
 
 namespace hmonitor::test {
 namespace {
@@ -210,6 +214,77 @@ TEST_F(TunerKeypad, MovingWithoutTheButtonMovesNothing) {
     bench.hand.mouseMove(keypad.Faceplate, {500, 500, false});
     bench.desktop.settle();
     EXPECT_EQ(keypad.left.get(), left);
+}
+
+TEST_F(TunerKeypad, HintsAtWhatItTakes) {
+    startInKeypad();
+    EXPECT_EQ(keypad.Hint.caption, "875 ... 1080, 8755 = 87.55");
+    EXPECT_TRUE(keypad.Hint.visible);
+}
+
+TEST_F(TunerKeypad, AmberRingStandsAroundDigitsThatNothingCanMakeAFrequency) {
+    startInKeypad();
+    EXPECT_FALSE(keypad.Ring.visible);
+    for (const char* digits : {"9", "98", "981", "9815", "1", "10", "102", "1025", "10255"}) {
+        bench.edit(keypad.Text1, digits);
+        EXPECT_FALSE(keypad.Ring.visible) << digits;
+    }
+    for (const char* digits : {"2", "1081", "86", "870", "8705", "9810", "10256", "98155"}) {
+        bench.edit(keypad.Text1, digits);
+        EXPECT_TRUE(keypad.Ring.visible) << digits;
+    }
+    bench.click(keypad.SSCommand11);
+    EXPECT_FALSE(keypad.Ring.visible);
+}
+
+TEST_F(TunerKeypad, AmberRingComesWithEnterWhereDigitsAreTooFew) {
+    startInKeypad();
+    enter("98");
+    EXPECT_TRUE(keypad.Ring.visible);
+    EXPECT_EQ(keypad.Text1.text, "98");
+    bench.type(keypad.Text1, "1");
+    EXPECT_FALSE(keypad.Ring.visible);
+    enter("981");
+    EXPECT_FALSE(keypad.Ring.visible);
+    enter("");
+    EXPECT_FALSE(keypad.Ring.visible);
+}
+
+TEST_F(TunerKeypad, EnterSelectsTheTextSoThatTheNextTypedDigitReplacesIt) {
+    startInKeypad();
+    bench.type(keypad.Text1, "1025");
+    EXPECT_FALSE(keypad.Text1.allSelected());
+    bench.hand.enter(keypad.Text1);
+    bench.settle();
+    EXPECT_EQ(keypad.Text1.text, "1025");
+    EXPECT_TRUE(keypad.Text1.allSelected());
+    bench.type(keypad.Text1, "98");
+    EXPECT_EQ(keypad.Text1.text, "98");
+    EXPECT_FALSE(keypad.Text1.allSelected());
+    bench.click(keypad.SSCommand10);
+    EXPECT_TRUE(keypad.Text1.allSelected()) << "a wrong value too";
+    // A key of the pad appends, as ever.
+    bench.click(keypad.digits[1]);
+    EXPECT_EQ(keypad.Text1.text, "981");
+}
+
+TEST(TypedBeginnings, CanBecomeTunableWhereSomeEndingMakesThem) {
+    // Against all texts of up to five digits.
+    std::set<std::string> beginnings;
+    for (int number = 1; number <= 99999; ++number) {
+        const std::string text = std::to_string(number);
+        if (!keypadFrequency(text)) continue;
+        for (std::size_t length = 1; length <= text.size(); ++length) {
+            beginnings.insert(text.substr(0, length));
+        }
+    }
+    for (int number = 1; number <= 99999; ++number) {
+        const std::string text = std::to_string(number);
+        ASSERT_EQ(canBecomeTunable(text), beginnings.contains(text)) << text;
+    }
+    EXPECT_TRUE(canBecomeTunable(""));
+    EXPECT_TRUE(canBecomeTunable("0"));
+    EXPECT_TRUE(canBecomeTunable("098"));
 }
 
 }  // namespace

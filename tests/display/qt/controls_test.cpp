@@ -39,6 +39,23 @@ TEST_F(Controls, PictureKey_ReleaseBesideIt_PutsThePictureBackAndDoesNothing) {
     EXPECT_EQ(sample->KeyN.picture.get(), "PeakN");
 }
 
+TEST_F(Controls, TextField_SelectedWhole_IsReplacedByTheNextTypedCharacter) {
+    auto& line = dynamic_cast<QLineEdit&>(widget(sample->Text1));
+    sample->Text1.text = "98.1";
+    sample->Text1.selectAll();
+    settle();
+    EXPECT_EQ(line.selectedText(), "98.1");
+    line.setFocus(Qt::OtherFocusReason);
+    QTest::keyClicks(&line, "7");
+    settle();
+    EXPECT_EQ(sample->Text1.text, "7");
+    EXPECT_EQ(line.text(), "7");
+    // Asked for once: what changes afterwards selects nothing.
+    sample->Text1.colour = kRed;
+    settle();
+    EXPECT_EQ(line.selectedText(), "");
+}
+
 TEST_F(Controls, PictureKey_SpaceAndEnterPressItWhileTheyAreHeld) {
     QWidget& key = widget(sample->KeyN);
     key.setFocus();

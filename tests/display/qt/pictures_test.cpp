@@ -63,7 +63,10 @@ TEST_F(Pictures, EveryNameThatAFormUses_HasADrawing) {
 TEST_F(Pictures, EveryDrawing_PaintsSomething) {
     QImage blank(80, 40, QImage::Format_RGB32);
     blank.fill(Qt::magenta);
-    for (const std::string_view name : pictureNames()) EXPECT_NE(painted(name), blank) << name;
+    for (const std::string_view name : pictureNames()) {
+        // A sign is the words that it is given.
+        EXPECT_NE(painted(name, name == "Sign" ? "DEMO" : ""), blank) << name;
+    }
 }
 
 TEST_F(Pictures, UnknownName_PaintsNothing) {
