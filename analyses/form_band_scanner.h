@@ -56,6 +56,7 @@ class Form_BandSCanner final : public ProgramForm, private LevelSink {
     /// What goes on: nothing, a run, the measuring of an option's channels, or the same with the
     /// window to be closed behind it.
     enum class Run { None, Points, Sweep, Fill, FillThenClose };
+    static constexpr display::Words kCloseTip{"Cierra la ventana", "Closes the window"};
 
     void layOutChart();
     void layOutFoot();
@@ -79,6 +80,7 @@ class Form_BandSCanner final : public ProgramForm, private LevelSink {
 
     void chooseOption();
     void fillOneByOne();
+    void closeKeySays(const char* words);
     void Command3D1_Click();
     void clearChart();
     void runOneByOne();

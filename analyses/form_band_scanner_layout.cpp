@@ -125,6 +125,7 @@ void Form_BandSCanner::layOutFoot() {
     SSCommand1.tabIndex = 7;
     place(CommandClose, {8940, kKeyTop, 1700, 430}).caption = "&Cancel";
     CommandClose.says = {"Detener la corrida, o cerrar", "Stop the run, or close"};
+    CommandClose.tip = kCloseTip;
     CommandClose.isCancel = true;
     CommandClose.tabIndex = 8;
     showOption(scanOption(ScanSpacing::Odd));

@@ -27,6 +27,19 @@ float tenths(int hundredths) {
 
 }  // namespace
 
+void Form_BandSCanner::closeKeySays(const char* words) {
+    CommandClose.caption = words;
+    if (CommandClose.caption != "Wait") {
+        CommandClose.tip = kCloseTip;
+    } else if (givesFrames(hardwareVersion_)) {
+        CommandClose.tip = {"Se está midiendo: \"Stop\" detiene el barrido",
+                            "It is measuring: \"Stop\" stops the sweep"};
+    } else {
+        CommandClose.tip = {"Detiene la corrida; lo medido no se guarda",
+                            "Stops the run; what was measured is not stored"};
+    }
+}
+
 void Form_BandSCanner::Command3D1_Click() {
     if (inDemoMode()) return;
     driver.HM_Parar();
@@ -42,7 +55,7 @@ void Form_BandSCanner::Command3D1_Click() {
         endRun();
         return;
     }
-    CommandClose.caption = "Wait";
+    closeKeySays("Wait");
     driver.HM_Parar();
     HScroll1.value = 0;
     clearChart();
@@ -55,7 +68,7 @@ void Form_BandSCanner::Command3D1_Click() {
 
 void Form_BandSCanner::endRun() {
     run_ = Run::None;
-    CommandClose.caption = "Ok";
+    closeKeySays("Ok");
     Command3D1.caption = "&New Run";
 }
 

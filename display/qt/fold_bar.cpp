@@ -30,7 +30,7 @@ FoldBar::FoldBar(const QString& title, bool spanish, qreal unit) : unit_(unit) {
 void FoldBar::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), QColor(kFaceplateShade));
-    paintCap(painter, rect(), unit_, isDown() ? Cap::Lit : Cap::Dark, CapMark::None);
+    paintCap(painter, rect(), unit_, isDown() ? Cap::Lit : Cap::Dark);
     const QColor colour(isDown() ? kLitText : kKeyText);
     const QRectF all(rect());
     const qreal arrow = all.height();

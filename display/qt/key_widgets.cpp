@@ -163,8 +163,7 @@ void KeyWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const qreal unit = desktop_.scale().px(10);
     const Cap cap = key_.lit || isDown() ? Cap::Lit : Cap::Dark;
-    (isEnabled() ? paintCap : paintDimCap)(painter, rect(), unit, cap,
-                                           isDown() ? CapMark::None : CapMark::Amber);
+    (isEnabled() ? paintCap : paintDimCap)(painter, rect(), unit, cap);
     QColor colour(cap == Cap::Lit ? kLitText : kKeyText);
     if (cap == Cap::Dark && !(key_.colour.get() == kWhite)) {
         colour = legibleOn(QColor(kKeyTop), qColour(key_.colour));

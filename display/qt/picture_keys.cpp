@@ -10,7 +10,7 @@
 
 namespace display::qt {
 
-void paintCap(QPainter& painter, const QRectF& box, qreal unit, Cap cap, CapMark mark) {
+void paintCap(QPainter& painter, const QRectF& box, qreal unit, Cap cap) {
     const bool lit = cap == Cap::Lit;
     const qreal radius = 4 * unit;
     painter.setRenderHint(QPainter::Antialiasing, true);
@@ -27,20 +27,21 @@ void paintCap(QPainter& painter, const QRectF& box, qreal unit, Cap cap, CapMark
     painter.setPen(QPen(QColor(lit ? 0xffffffff : kKeyGlint), unit * 0.8));
     painter.drawLine(face.topLeft() + QPointF(radius, unit * 0.4),
                      face.topRight() + QPointF(-radius, unit * 0.4));
-    if (!lit || mark == CapMark::None || face.height() < 30 * unit) return;
+    if (!lit) return;
     const qreal width = std::min(18 * unit, face.width() * 0.4);
+    // A low cap keeps it clear of the words.
+    const qreal down = std::min(3 * unit, face.height() * 0.07);
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(kAmber));
     painter.drawRoundedRect(
-        QRectF(face.center().x() - width / 2, face.top() + 3 * unit, width, 2.6 * unit), unit,
-        unit);
+        QRectF(face.center().x() - width / 2, face.top() + down, width, 2.6 * unit), unit, unit);
 }
 
-void paintDimCap(QPainter& painter, const QRectF& box, qreal unit, Cap cap, CapMark mark) {
+void paintDimCap(QPainter& painter, const QRectF& box, qreal unit, Cap cap) {
     constexpr qreal kDim = 0.45;
     const qreal before = painter.opacity();
     painter.setOpacity(before * kDim);
-    paintCap(painter, box, unit, cap, mark);
+    paintCap(painter, box, unit, cap);
     painter.setOpacity(before);
 }
 
@@ -87,7 +88,7 @@ namespace {
 
 void paintKey(QPainter& painter, const QRectF& box, const PictureLook& look, Cap cap,
               const char* word) {
-    (look.usable ? paintCap : paintDimCap)(painter, box, look.unit, cap, CapMark::Amber);
+    (look.usable ? paintCap : paintDimCap)(painter, box, look.unit, cap);
     const QRgb dark = look.usable ? kKeyText : kKeyTextOff;
     paintCapText(painter, box, look.unit, QColor(cap == Cap::Lit ? kLitText : dark),
                  look.caption.isEmpty() ? QString::fromUtf8(word) : look.caption);

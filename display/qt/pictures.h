@@ -35,12 +35,11 @@ const std::vector<NamedPicture>& markPictures();
 /// The keys of the panels, released (N) and pressed or lit (A).
 const std::vector<NamedPicture>& keyPictures();
 
-/// A key cap; a lit one is light and may carry an amber mark.
+/// A key cap; a lit one is light and carries an amber mark.
 enum class Cap { Dark, Lit };
-enum class CapMark { None, Amber };
-void paintCap(QPainter& painter, const QRectF& box, qreal unit, Cap cap, CapMark mark);
+void paintCap(QPainter& painter, const QRectF& box, qreal unit, Cap cap);
 /// The same, half faded into what lies behind: a key that nothing comes of now.
-void paintDimCap(QPainter& painter, const QRectF& box, qreal unit, Cap cap, CapMark mark);
+void paintDimCap(QPainter& painter, const QRectF& box, qreal unit, Cap cap);
 /// How high the words on a cap are set: words that are too wide for it get smaller, never cut.
 qreal capTextHeight(QSizeF box, qreal unit, const QString& text);
 /// The words on a cap, set smaller where they would not fit.
