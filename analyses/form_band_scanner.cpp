@@ -28,6 +28,7 @@ Form_BandSCanner::Form_BandSCanner(Program& itsProgram)
 }
 
 void Form_BandSCanner::onLoad() {
+    tellIdleInDemo(Command3D1);
     language = panelLanguage(desktop().userLanguageId());
     hardwareVersion_ = 0;
     levelOffset_ = 0;

@@ -69,6 +69,7 @@ void Form_D::sayInPanelLanguage() {
     Label_bandScanner.caption = "Band scanner";
     Label_FrequencyResponse.caption = "Frequency response";
     Label_OnAirPerformance.caption = "On-Air performance";
+    Label_ResponseSwitch.caption = "Arm the response";
 }
 
 void Form_D::proveScanFile() {

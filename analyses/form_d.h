@@ -29,6 +29,7 @@ class Form_D final : public ProgramForm {
     display::Picture Image6{*this, "Image6"};  ///< 3D analyzer
     display::Picture Image3{*this, "Image3"};  ///< frequency response
     display::Picture Image5{*this, "Image5"};  ///< the response switch
+    display::Label Label_ResponseSwitch{*this, "Label_ResponseSwitch"};
     display::Picture Image4{*this, "Image4"};  ///< on-air performance
     display::Label Label_SpectrumAnalyzer{*this, "Label_SpectrumAnalyzer"};
     display::Label Label_bandScanner{*this, "Label_bandScanner"};
@@ -49,6 +50,8 @@ class Form_D final : public ProgramForm {
     display::TextField Text2{*this, "Text2"};  ///< highest modulation
     display::TextField Text3{*this, "Text3"};  ///< silence
     display::TextField Text4{*this, "Text4"};  ///< inverted phase
+
+    PanelSign sign{*this, 0};
 
  protected:
     void layOut() override;

@@ -37,6 +37,7 @@ void Form_D::layOut() {
     PictureGraph1.tip = PictureGraph1.says;
     PictureGraph1.tabIndex = 7;
     layOutFigures();
+    placeSign(sign, 45, {});
 }
 
 void Form_D::layOutDoors() {
@@ -107,6 +108,11 @@ void Form_D::layOutDoors() {
                    "Arm the frequency response measurement"};
     Image5.tip = Image5.says;
     Image5.tabIndex = 5;
+    place(Label_ResponseSwitch,
+          {kSecondColumn + kKeyWidth + 120, kFirstKey + kKeyDown + 65, 1700, 170})
+        .caption = "Armar la respuesta";
+    Label_ResponseSwitch.font = look::kCaption;
+    Label_ResponseSwitch.colour = look::kScaleColour;
 }
 
 void Form_D::layOutFigures() {
@@ -137,6 +143,9 @@ void Form_D::layOutFigures() {
         row.field.font = display::Font{150, display::Weight::Bold};
         row.field.colour = display::kCyan;
         row.field.says = row.says;
+        row.field.tip = {"De normal.hm, que se lee cada minuto; no se cambia aquí",
+                         "From normal.hm, which is read every minute; not changed here"};
+        row.field.locked = true;
         row.field.tabIndex = ++tab;
         y += kDown;
     }

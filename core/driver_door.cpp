@@ -28,6 +28,7 @@ Readings DriverDoor::HM_Data() {
     for (int output = 1; output <= 16; ++output) {
         good_.output(output) = checked(said.output(output), good_.output(output), limitOf(output));
     }
+    still_.take(good_, desktop_.now());
     return good_;
 }
 
@@ -37,6 +38,7 @@ std::int32_t DriverDoor::HM_DataRDS(float& error, float& level) {
     const std::int32_t result = library_.HM_DataRDS(saidError, saidLevel);
     error = goodRdsError_ = checked(saidError, goodRdsError_, kOtherLimit);
     level = goodRdsLevel_ = checked(saidLevel, goodRdsLevel_, kOtherLimit);
+    still_.takeRds(goodRdsError_, goodRdsLevel_, desktop_.now());
     return result;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/driver.h"
+#include "core/still_readings.h"
 #include "display/desktop.h"
 
 namespace hmonitor {
@@ -20,9 +21,13 @@ class DriverDoor {
     std::int32_t HM_DemoMode() { return library_.HM_DemoMode(); }
     std::int32_t HM_Normal(float frequency, std::int32_t average, std::int32_t audioMode,
                            std::int32_t response, std::int32_t logFiles) {
+        still_.begin(desktop_.now());
         return library_.HM_Normal(frequency, average, audioMode, response, logFiles);
     }
-    std::int32_t HM_Parar() { return library_.HM_Parar(); }
+    std::int32_t HM_Parar() {
+        still_.end();
+        return library_.HM_Parar();
+    }
     std::int32_t HM_Reset(std::int32_t what) { return library_.HM_Reset(what); }
     std::int32_t HM_StartEspectro(float start, float stop, std::int32_t stepKhz) {
         return library_.HM_StartEspectro(start, stop, stepKhz);
@@ -41,12 +46,17 @@ class DriverDoor {
     std::int32_t HM_getHardwareVersion(float& version);
     std::int32_t HM_getDriverVersion(float& version);
 
+    /// Seconds for which the readings of the tuned station have stood still, once that is no
+    /// measuring any more; 0 while they live, on an empty channel, and while the unit is away.
+    int staleSeconds() const { return still_.staleSeconds(desktop_.now()); }
+
     /// Largest size of a reading, either sign, for outputs 1 to 16.
     static float limitOf(int output);
 
  private:
     DriverLibrary& library_;
     display::Desktop& desktop_;
+    StillReadings still_;
     Readings good_;
     float goodRdsError_ = 0;
     float goodRdsLevel_ = 0;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/program_form.h"
 
+#include "core/look.h"
+
 namespace hmonitor {
 
 void ProgramForm::placeDigit(SegmentDigit& digit, const display::Box& box, display::Panel* in,
@@ -15,6 +17,29 @@ void ProgramForm::placeDigit(SegmentDigit& digit, const display::Box& box, displ
         line.thickness = box.height / 7 / 15;
     }
     digit.blank(dark);
+}
+
+void ProgramForm::placeSign(PanelSign& sign, float down,
+                            std::initializer_list<const display::Panel*> wells) {
+    auto veil = sign.veils.begin();
+    for (const display::Panel* well : wells) {
+        place(*veil, {well->left, well->top, well->width, well->height}).surface =
+            display::Surface::Veil;
+        veil->visible = false;
+        ++veil;
+    }
+    place(sign.words, {9120, down, 1500, 180}).picture = "Sign";
+    sign.words.visible = false;
+    sign.words.says = {"Estado de los datos", "State of the data"};
+    sign.words.tip = {
+        "DEMO: valores simulados. SIN DATOS: la unidad no dice nada nuevo desde hace esos segundos",
+        "DEMO: made-up values. NO DATA: the unit has said nothing new for so many seconds"};
+}
+
+void ProgramForm::tellIdleInDemo(display::Control& key) const {
+    if (!inDemoMode()) return;
+    key.tip = {"Sin función en modo demo: hace falta una unidad",
+               "Does nothing in demo mode: it needs a unit"};
 }
 
 void ProgramForm::bindKey(display::Picture& key, const char* atRest, const char* pressed,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "core/panel_sign.h"
 #include "core/program.h"
 #include "core/segment_digit.h"
 #include "display/form.h"
@@ -20,6 +21,12 @@ class ProgramForm : public display::Form {
     /// Places the seven lines of a digit in a box of the panel, all in the dark colour.
     void placeDigit(SegmentDigit& digit, const display::Box& box, display::Panel* in,
                     display::Colour dark);
+
+    /// Places a panel's sign in its head, that far down, and its veils over the wells.
+    void placeSign(PanelSign& sign, float down, std::initializer_list<const display::Panel*> wells);
+
+    /// The tool tip of a key that does nothing without a unit says so.
+    void tellIdleInDemo(display::Control& key) const;
 
     /// A key of two pictures: the pressed one while it is held, the other when it comes up; acts
     /// when it comes up on the key.

@@ -50,6 +50,7 @@ FormD1a::FormD1a(Program& itsProgram) : ProgramForm(itsProgram, "FormD1a") {
 }
 
 void FormD1a::onLoad() {
+    tellIdleInDemo(Command3D1);
     PeakPercent = {};
     Levels = {};
     SampleCount = 0;

@@ -55,6 +55,7 @@ Form_NewSpectro::Form_NewSpectro(Program& itsProgram) : ProgramForm(itsProgram, 
 }
 
 void Form_NewSpectro::onLoad() {
+    tellIdleInDemo(Command3D1);
     language = panelLanguage(program.desktop.userLanguageId());
     placeOverRack(*this, program);
     for (const SpanChoice& choice : kSpanChoices) Combo1.list.add(choice.item);

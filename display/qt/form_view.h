@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QHelpEvent>
 #include <QPixmap>
 #include <QRegion>
 #include <QWidget>
@@ -50,6 +51,9 @@ class FormView final : public QWidget {
     /// painter's paper.
     void paintForPaper(QPainter& painter);
 
+    /// The tool tip of what is painted there, in the language of the form; empty for none.
+    QString tipAt(QPoint px) const;
+
     /// What assistive tools find of the painted labels; made when the first one asks.
     SpokenLabels& spoken();
 
@@ -97,6 +101,8 @@ class FormView final : public QWidget {
     bool insideChanged(const Control& control) const;
 
     Control* handleAt(QPointF px) const;
+    const Control* toldAt(QPointF px) const;
+    bool showTip(const QHelpEvent& event);
     Mouse pointOn(const Control& control, QPointF global, bool left) const;
     void handleMoved(const QMouseEvent& event);
 

@@ -2,6 +2,7 @@
 #include <QCursor>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QToolTip>
 #include <QWindow>
 
 #include "display/qt/form_view.h"
@@ -111,7 +112,39 @@ bool FormView::eventFilter(QObject* widget, QEvent* event) {
     return true;
 }
 
+const Control* FormView::toldAt(QPointF px) const {
+    for (auto item = items_.rbegin(); item != items_.rend(); ++item) {
+        const Control& control = *item->control;
+        if (!item->painted || *control.tip.english == 0 || !control.shown()) continue;
+        if (scale_.snapped(control.boxOnForm()).contains(px)) return &control;
+    }
+    return nullptr;
+}
+
+QString FormView::tipAt(QPoint px) const {
+    const Control* const told = toldAt(px);
+    if (!told) return {};
+    return QString::fromUtf8(form_.language == Language::Spanish ? told->tip.spanish
+                                                                 : told->tip.english);
+}
+
+bool FormView::showTip(const QHelpEvent& event) {
+    const Control* const told = toldAt(event.pos());
+    if (!told) {
+        QToolTip::hideText();
+        return false;
+    }
+    // It stands as long as the pointer stays on the control.
+    QToolTip::showText(event.globalPos(), tipAt(event.pos()), this,
+                       scale_.whole(told->boxOnForm()));
+    return true;
+}
+
 bool FormView::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        event->setAccepted(showTip(static_cast<QHelpEvent&>(*event)));
+        return true;
+    }
     // Another screen, another device pixel ratio: what was drawn is stale.
     if (event->type() == QEvent::ScreenChangeInternal) desktop_.frameSoon();
     return QWidget::event(event);

@@ -51,6 +51,10 @@ class SpokenLabel final : public QAccessibleInterface {
             const std::string_view spoken = control_.spokenName();
             return spoken.empty() ? caption() : qText(spoken);
         }
+        if (kind == QAccessible::Description) {
+            return qText(control_.form().language == Language::Spanish ? control_.tip.spanish
+                                                                       : control_.tip.english);
+        }
         if (kind != QAccessible::Value || !isMeasured(control_)) return {};
         return control_.reading ? QString::fromStdString(control_.reading()) : caption();
     }

@@ -104,6 +104,13 @@ void paintGlow(QPainter& painter, const QRectF& box) {
     painter.fillRect(box, light);
 }
 
+void paintVeil(QPainter& painter, const QRectF& box, qreal unit) {
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0x10, 0x13, 0x17, 170));
+    painter.drawRoundedRect(box, 4 * unit, 4 * unit);
+}
+
 }  // namespace
 
 void paintSurface(QPainter& painter, Surface surface, const QRectF& box, qreal unit) {
@@ -126,6 +133,9 @@ void paintSurface(QPainter& painter, Surface surface, const QRectF& box, qreal u
             break;
         case Surface::Glow:
             paintGlow(painter, box);
+            break;
+        case Surface::Veil:
+            paintVeil(painter, box, unit);
             break;
     }
     painter.restore();

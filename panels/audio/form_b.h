@@ -54,7 +54,7 @@ class Form_B final : public ProgramForm {
     display::Label Label_AudioProcessingRelativePower{*this, "Label_AudioProcessingRelativePower"};
     display::Panel PowerWell{*this, "PowerWell"};
     display::Panel PowerDial{*this, "PowerDial"};
-    display::Family<display::Line, 26> PowerTick{*this, "PowerTick"};
+    display::Family<display::Line, 21> PowerTick{*this, "PowerTick"};
     display::Family<display::Label, 6> PowerNumber{*this, "PowerNumber"};
     display::Line LinePo{*this, "LinePo"};
     display::Panel PowerDigits{*this, "PowerDigits"};
@@ -99,6 +99,8 @@ class Form_B final : public ProgramForm {
     display::Picture Image1{*this, "Image1"};      ///< mode L and R
     display::Picture Image2{*this, "Image2"};      ///< mode L+R and L-R
     display::ScrollBar HScroll1{*this, "HScroll1"};
+
+    PanelSign sign{*this, 6};
 
     display::Timer Timer2{*this, "Timer2"};  ///< heartbeat
     display::Timer Timer3{*this, "Timer3"};  ///< fall of the peak marks

@@ -2,6 +2,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "core/figure_tips.h"
 #include "core/language.h"
 #include "core/look.h"
 #include "core/numbers.h"
@@ -27,7 +28,7 @@ constexpr Colour kNeedle{0x0000ff};
 constexpr float kBarsUnit = 1.4f;
 constexpr float kBarsLeft = 330;
 constexpr float kPhaseUnit = 1.4f;
-constexpr float kPowerUnit = 1.2f;
+constexpr float kPowerUnit = 0.44f;
 
 DialPoint onDial(DialPoint centre, double radius, double degrees) {
     return needleTip(centre, radius, degrees, std::numbers::pi);
@@ -55,6 +56,9 @@ void Form_B::layOut() {
     layOutPower();
     layOutPhase();
     layOutTuning();
+    placeSign(sign, 90,
+              {&LevelWell, &PowerWell, &PowerDigits, &PhaseWell, &PhaseDigits, &PhaseReadout});
+    tellFigures(*this);
     Timer2.interval = 30ms;
     Timer3.interval = 300ms;
 }
@@ -111,23 +115,24 @@ void Form_B::layOutPower() {
     hmonitor::caption(
         place(Label_AudioProcessingRelativePower, {look::kMargin, 1210, 4800, 150}),
         {"Potencia relativa del procesador de audio", "Audio processing relative power"});
-    place(PowerWell, {look::kMargin, 1380, 3680, 860}).surface = Surface::Well;
-    // The pivot lies far below the window: the dial shows its upper part.
-    place(PowerDial, {220, -300, 3240, 2800}, &PowerWell).unit = kPowerUnit;
-    for (int i = 0; i <= 25; ++i) {
-        const int figure = 2 * i;
+    place(PowerWell, {look::kMargin, 1380, 2400, 860}).surface = Surface::Well;
+    // The pivot lies below the window, and the needle's tip in it up to a figure of 100.
+    place(PowerDial, {354, -12, 1700, 1030}, &PowerWell).unit = kPowerUnit;
+    for (int i = 0; i <= 20; ++i) {
+        const int figure = 5 * i;
         const bool big = figure % 10 == 0;
-        const DialPoint in = onDial(kPowerPivot, big ? 1890 : 1920, figure - 25);
-        const DialPoint out = onDial(kPowerPivot, 1975, figure - 25);
+        const DialPoint in = onDial(kPowerPivot, 1890, figure - 25);
+        const DialPoint out = onDial(kPowerPivot, big ? 1990 : 1950, figure - 25);
         Line& tick = PowerTick[static_cast<std::size_t>(i)];
         place(tick, in.x, in.y, out.x, out.y, &PowerDial);
         tick.colour = look::kScaleColour;
         tick.thickness = big ? 1.2f : 0.7f;
     }
     for (int i = 0; i < 6; ++i) {
-        const DialPoint at = onDial(kPowerPivot, 1800, 10 * i - 25);
+        // Outside the needle's reach, so that it covers none.
+        const DialPoint at = onDial(kPowerPivot, 2110, 20 * i - 25);
         Label& number = PowerNumber[static_cast<std::size_t>(i)];
-        place(number, {at.x - 100, at.y - 60, 200, 120}, &PowerDial).caption = wholeText(10 * i);
+        place(number, {at.x - 250, at.y - 140, 500, 280}, &PowerDial).caption = wholeText(20 * i);
         number.font = look::kScale;
         number.colour = look::kScaleColour;
         number.align = Align::Centre;
@@ -138,10 +143,10 @@ void Form_B::layOutPower() {
     LinePo.thickness = 3;
     LinePo.stroke = display::Stroke::Round;
 
-    place(PowerDigits, {4160, 1380, 1360, 860}).surface = Surface::Well;
+    place(PowerDigits, {2880, 1380, 2640, 860}).surface = Surface::Well;
     PowerDigits.says = {"Potencia relativa", "Relative power"};
-    placeDigit(powerTens, {230, 180, 400, 500}, &PowerDigits, look::kUnlit);
-    placeDigit(powerUnits, {750, 180, 400, 500}, &PowerDigits, look::kUnlit);
+    placeDigit(powerTens, {830, 160, 430, 540}, &PowerDigits, look::kUnlit);
+    placeDigit(powerUnits, {1400, 160, 430, 540}, &PowerDigits, look::kUnlit);
 }
 
 void Form_B::layOutPhase() {
@@ -217,6 +222,10 @@ void Form_B::layOutTuning() {
     Label_RadioName.colour = display::kCyan;
     Label_RadioName.readout = true;
     Label_RadioName.says = {"Estación", "Station"};
+    Label_FrecRadio.tip = {"Frecuencia sintonizada en MHz, de 87.50 a 108.05",
+                           "Tuned frequency in MHz, 87.50 to 108.05"};
+    Label_RadioName.tip = {"Nombre de la memoria sintonizada; vacío fuera de memoria",
+                           "Name of the tuned memory; empty off memory"};
     place(FrequencyUnit, {2150, 640, 570, 160}, &FrequencyWell).caption = "MHz";
     FrequencyUnit.align = Align::Right;
     FrequencyUnit.font = look::kUnit;
@@ -237,6 +246,10 @@ void Form_B::layOutTuning() {
     Label_MemoryNumber.align = Align::Right;
     Label_MemoryNumber.readout = true;
     Label_MemoryNumber.says = {"Memoria", "Memory"};
+    MemoryWell.tip = {"Número de la memoria sintonizada, de 1 a 16; oscuro fuera de memoria",
+                      "Number of the tuned memory, 1 to 16; dark off memory"};
+    Label_MemoryNumber.tip = {"La última memoria elegida, de 1 a 16",
+                              "The memory that was chosen last, 1 to 16"};
 
     place(SSCommand2, {kLeft + 820, 1220, 600, 410}).caption = "◀";
     place(SSCommand1, {kLeft + 1480, 1220, 600, 410}).caption = "▶";

@@ -191,6 +191,7 @@ void Form1::tickReadouts() {
     program.Form_C->Command11();
     program.Form_C->Command13();
     program.Form_C->Command1();
+    showSigns();
 }
 
 }  // namespace hmonitor

@@ -87,6 +87,8 @@ class Form1 final : public ProgramForm {
     display::Label Label_OVER{*this, "Label_OVER"};
     display::Label Label_Bad_CarrierDev{*this, "Label_Bad_CarrierDev"};
 
+    PanelSign sign{*this, 8};
+
     display::Timer Timer1{*this, "Timer1"};  ///< fall of the peak, relative power
     display::Timer Timer4{*this, "Timer4"};  ///< slow readouts and the quality panel
     display::Timer Timer5{*this, "Timer5"};  ///< reads the defaults of the analyses panel
@@ -139,6 +141,7 @@ class Form1 final : public ProgramForm {
     void showMultipathBad();
     void tickPeak();
     void tickReadouts();
+    void showSigns();
     float correctedField(float field) const;
     int multipathLit() const;
 };

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/figure_tips.h"
 #include "core/language.h"
 #include "core/look.h"
 #include "core/numbers.h"
@@ -38,6 +39,10 @@ void Form1::layOut() {
     layOutMultipath();
     layOutKeys();
     layOutReadouts();
+    placeSign(sign, 95,
+              {&BarWell, &MultipathWell, &PercentWell, &DeviationWell, &PeaksWell, &FieldWell,
+               &CarrierWell, &LampWell});
+    tellFigures(*this);
     Timer1.interval = 100ms;
     Timer4.interval = 100ms;
     Timer5.interval = 60000ms;
@@ -223,6 +228,10 @@ void Form1::layOutReadouts() {
     place(Label_Bad_CarrierDev, {1000, 90, 880, 180}, &LampWell).caption = "BAD";
     Label_OVER.says = {"Portadora fuera de rango", "Carrier out of range"};
     Label_Bad_CarrierDev.says = {"Desviación de portadora mala", "Carrier deviation bad"};
+    Label_OVER.tip = {"Encendida mientras las últimas cuatro lecturas están en el final, ±10 kHz",
+                      "Lit while the last four readings stand at the end of the range, ±10 kHz"};
+    Label_Bad_CarrierDev.tip = {"Encendida mientras la media de 10 s es de 10 kHz o más",
+                                "Lit while the mean of 10 s is 10 kHz or more"};
     const auto likeLamp = [](display::Label& lamp) {
         lamp.font = look::kLamp;
         lamp.colour = display::kRed;

@@ -2,9 +2,12 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "analyses/form_d.h"
 #include "core/language.h"
 #include "core/numbers.h"
+#include "panels/audio/form_b.h"
 #include "panels/modulation/form1.h"
+#include "panels/quality/form_c.h"
 
 namespace hmonitor {
 
@@ -84,6 +87,20 @@ void Form1::showCarrierDeviation(float sample) {
         Label_Bad_CarrierDev.visible = false;
     }
     Label_CarrierDeviation.caption = mask("0.0", hertz / 1000);
+}
+
+void Form1::showSigns() {
+    const int seconds = inDemoMode() ? 0 : driver.staleSeconds();
+    SmallText text = inDemoMode() ? "DEMO" : "";
+    if (seconds > 0) {
+        text = wordsIn(language, {"SIN DATOS ", "NO DATA "});
+        text.append(wholeText(seconds)).append(" s");
+    }
+    const auto figures = seconds > 0 ? PanelSign::Figures::Stale : PanelSign::Figures::Live;
+    for (PanelSign* panel :
+         {&sign, &program.Form_B->sign, &program.Form_C->sign, &program.Form_D->sign}) {
+        panel->show(text, figures);
+    }
 }
 
 void Form1::carrier1() {

@@ -41,8 +41,8 @@ Form_C::Form_C(Program& itsProgram) : ProgramForm(itsProgram, "Form_C") {
 
 void Form_C::bindReadings() {
     Error19Digits.reading = [this] {
-        const char* const sign = Line148.colour == kDark ? "-" : "+";
-        return sign + tenthsOf(error19);
+        const char* const before = Line148.colour == kDark ? "-" : "+";
+        return before + tenthsOf(error19);
     };
     PilotDigits.reading = [this] { return tenthsOf(pilot); };
     NoiseDigits.reading = [this] {

@@ -33,6 +33,7 @@ class Form_C final : public ProgramForm {
     display::Label Label_ErrorFrecuencia19Khz{*this, "Label_ErrorFrecuencia19Khz"};
     display::Panel Error19Well{*this, "Error19Well"};
     display::Label Label_19K_FrecError{*this, "Label_19K_FrecError"};
+    display::Label Error19Unit{*this, "Error19Unit"};
     display::Panel Error19Digits{*this, "Error19Digits"};
     display::Line Line148{*this, "Line148"};  ///< what makes it a plus
     display::Line Line147{*this, "Line147"};  ///< the minus
@@ -45,6 +46,7 @@ class Form_C final : public ProgramForm {
     display::Label Label_NivelPiloto{*this, "Label_NivelPiloto"};
     display::Panel PilotWell{*this, "PilotWell"};
     display::Label Label_PilotLevel{*this, "Label_PilotLevel"};
+    display::Label PilotUnit{*this, "PilotUnit"};
     display::Panel PilotDigits{*this, "PilotDigits"};
     std::array<SegmentDigit, 3> pilot{SegmentDigit{*this, "Line", upFrom(117)},
                                       SegmentDigit{*this, "Line", upFrom(124)},
@@ -56,6 +58,7 @@ class Form_C final : public ProgramForm {
     display::Panel NoiseWell{*this, "NoiseWell"};
     display::Label Label_LeftNoise{*this, "Label_LeftNoise"};
     display::Label Label_RightNoise{*this, "Label_RightNoise"};
+    display::Label NoiseUnit{*this, "NoiseUnit"};
     display::Panel NoiseDigits{*this, "NoiseDigits"};
     std::array<SegmentDigit, 4> noise{
         SegmentDigit{*this, "Line", upFrom(61)}, SegmentDigit{*this, "Line", downFrom(74)},
@@ -65,6 +68,7 @@ class Form_C final : public ProgramForm {
     display::Picture Image2{*this, "Image2"};
     display::Panel DistortionWell{*this, "DistortionWell"};
     display::Label Label_HarmonicDistortion{*this, "Label_HarmonicDistortion"};
+    display::Label DistortionUnit{*this, "DistortionUnit"};
     display::Panel DistortionDigits{*this, "DistortionDigits"};
     std::array<SegmentDigit, 3> distortion{SegmentDigit{*this, "Line", downFrom(104)},
                                            SegmentDigit{*this, "Line", upFrom(91)},
@@ -76,6 +80,7 @@ class Form_C final : public ProgramForm {
     display::Panel SeparationWell{*this, "SeparationWell"};
     display::Label Label_ChannelSep_Left{*this, "Label_ChannelSep_Left"};
     display::Label Label_ChannelSep_Right{*this, "Label_ChannelSep_Right"};
+    display::Label SeparationUnit{*this, "SeparationUnit"};
     display::Panel SeparationDigits{*this, "SeparationDigits"};
     std::array<SegmentDigit, 4> separation{
         SegmentDigit{*this, "Line", upFrom(1)}, SegmentDigit{*this, "Line", downFrom(14)},
@@ -84,10 +89,14 @@ class Form_C final : public ProgramForm {
     display::Label Label_57KhzError{*this, "Label_57KhzError"};
     display::Panel Error57Well{*this, "Error57Well"};
     display::Label Label_57K_FrecError{*this, "Label_57K_FrecError"};
+    display::Label Error57Unit{*this, "Error57Unit"};
 
     display::Label Label_NivelRDS{*this, "Label_NivelRDS"};
     display::Panel RdsWell{*this, "RdsWell"};
     display::Label Label_RDSLevel{*this, "Label_RDSLevel"};
+    display::Label RdsUnit{*this, "RdsUnit"};
+
+    PanelSign sign{*this, 12};
 
     // The panel's state lives for the run.
     float RdsLevel = 0;
@@ -106,7 +115,7 @@ class Form_C final : public ProgramForm {
     void layOutReset(display::Picture& key, float right, display::Words says, int order);
     void layOutDigits();
     void sayWhoseFigures();
-    void layOutPoint(display::Shape& point, float x, display::Panel& in);
+    void layOutPoint(display::Shape& point, float x, display::Panel& in, display::Colour colour);
     void bindReadings();
     void reset(int code);
     void readFrozen();

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/figure_tips.h"
 #include "core/language.h"
 #include "core/look.h"
 #include "panels/quality/form_c.h"
@@ -44,6 +45,8 @@ struct Form_C::Column {
     Label& value;
     Label* second;  ///< the right channel, where there are two
     Panel* digits;
+    Label& unit;
+    const char* unitText;
 };
 
 void Form_C::layOut() {
@@ -63,43 +66,63 @@ void Form_C::layOut() {
          Error19Well,
          Label_19K_FrecError,
          nullptr,
-         &Error19Digits},
+         &Error19Digits,
+         Error19Unit,
+         "Hz"},
         {1,
          Label_NivelPiloto,
          {"Nivel tono piloto", "Pilot Level"},
          PilotWell,
          Label_PilotLevel,
          nullptr,
-         &PilotDigits},
+         &PilotDigits,
+         PilotUnit,
+         "%"},
         {2,
          Label_PisoDeRuido,
          {"Piso de ruido", "Noise level"},
          NoiseWell,
          Label_LeftNoise,
          &Label_RightNoise,
-         &NoiseDigits},
+         &NoiseDigits,
+         NoiseUnit,
+         "dB"},
         {3,
          Label_DistorsionArmonica,
          {"Distorsion armonica", "Harmonic distortion"},
          DistortionWell,
          Label_HarmonicDistortion,
          nullptr,
-         &DistortionDigits},
+         &DistortionDigits,
+         DistortionUnit,
+         "%"},
         {4,
          Label_SeparacionDeCanales,
          {"Separacion de canales", "Channel Separation"},
          SeparationWell,
          Label_ChannelSep_Left,
          &Label_ChannelSep_Right,
-         &SeparationDigits},
+         &SeparationDigits,
+         SeparationUnit,
+         "dB"},
         {5,
          Label_57KhzError,
          {"Error Frec. 57Khz", "57Khz Freq. Error"},
          Error57Well,
          Label_57K_FrecError,
          nullptr,
-         nullptr},
-        {6, Label_NivelRDS, {"Nivel RDS", "RDS level"}, RdsWell, Label_RDSLevel, nullptr, nullptr},
+         nullptr,
+         Error57Unit,
+         "Hz"},
+        {6,
+         Label_NivelRDS,
+         {"Nivel RDS", "RDS level"},
+         RdsWell,
+         Label_RDSLevel,
+         nullptr,
+         nullptr,
+         RdsUnit,
+         "%"},
     };
     for (const Column& column : columns) layOutColumn(column);
     layOutReset(Image_Reset1, NoiseWell.left + NoiseWell.width,
@@ -110,6 +133,11 @@ void Form_C::layOut() {
                 {"Borrar el resultado de separación", "Clear the separation result"}, 3);
     layOutDigits();
     sayWhoseFigures();
+    placeSign(sign, 60,
+              {&Error19Well, &Error19Digits, &PilotWell, &PilotDigits, &NoiseWell, &NoiseDigits,
+               &DistortionWell, &DistortionDigits, &SeparationWell, &SeparationDigits, &Error57Well,
+               &RdsWell});
+    tellFigures(*this);
 }
 
 void Form_C::sayWhoseFigures() {
@@ -136,12 +164,19 @@ void Form_C::layOutColumn(const Column& column) {
     column.caption.font = look::kCaption;
     column.caption.colour = look::kCaptionColour;
     place(column.well, {x, kLabelTop, wide, kLabelHeight}).surface = Surface::Well;
-    const float half = (wide - 160) / 2;
+    // The unit in small print at the right, on the readouts' foot.
+    constexpr float kUnitWidth = 230;
+    place(column.unit, {wide - kUnitWidth - 50, 110, kUnitWidth, 150}, &column.well).caption =
+        column.unitText;
+    column.unit.font = look::kUnit;
+    column.unit.colour = look::kUnitColour;
+    const float room = wide - kUnitWidth - 130;
+    const float half = room / 2;
     if (column.second) {
-        place(column.value, {80, 35, half, 240}, &column.well);
-        place(*column.second, {80 + half, 35, half, 240}, &column.well);
+        place(column.value, {50, 35, half, 240}, &column.well);
+        place(*column.second, {50 + half, 35, half, 240}, &column.well);
     } else {
-        place(column.value, {80, 35, wide - 160, 240}, &column.well);
+        place(column.value, {50, 35, room, 240}, &column.well);
     }
     for (Label* label : {&column.value, column.second}) {
         if (!label) continue;
@@ -162,10 +197,14 @@ void Form_C::layOutReset(display::Picture& key, float right, display::Words says
     key.tabIndex = order;
 }
 
-void Form_C::layOutPoint(display::Shape& point, float x, Panel& in) {
-    place(point, {x, kDigitTop + kDigitHeight - 25, 40, 40}, &in);
+void Form_C::layOutPoint(display::Shape& point, float x, Panel& in, Colour colour) {
+    // Half as wide again as a segment, on the foot of the digits.
+    constexpr float kSize = 60;
+    constexpr float kFoot = kDigitTop + kDigitHeight + 20;
+    place(point, {x - kSize / 2, kFoot - kSize, kSize, kSize}, &in);
     point.outline = display::Outline::Oval;
-    point.colour = Colour{0x808080};
+    point.colour = colour;
+    point.fadesFrom = colour;
 }
 
 void Form_C::layOutDigits() {
@@ -174,10 +213,10 @@ void Form_C::layOutDigits() {
 
     place(Line147, 120, 190, 270, 190, &Error19Digits);
     place(Line148, 195, 115, 195, 265, &Error19Digits);
-    for (display::Line* sign : {&Line147, &Line148}) {
-        sign->stroke = display::Stroke::Segment;
-        sign->thickness = 2.5f;
-        sign->colour = dark;
+    for (display::Line* stroke : {&Line147, &Line148}) {
+        stroke->stroke = display::Stroke::Segment;
+        stroke->thickness = 2.5f;
+        stroke->colour = dark;
     }
     for (int i = 0; i < 3; ++i) {
         const auto at = static_cast<std::size_t>(i);
@@ -186,9 +225,9 @@ void Form_C::layOutDigits() {
         placeDigit(pilot[at], box(300 + x), &PilotDigits, dark);
         placeDigit(distortion[at], box(520 + x), &DistortionDigits, dark);
     }
-    layOutPoint(Error19Point, 920, Error19Digits);
-    layOutPoint(PilotPoint, 840, PilotDigits);
-    layOutPoint(DistortionPoint, 760, DistortionDigits);
+    layOutPoint(Error19Point, 920, Error19Digits, SegmentGreen);
+    layOutPoint(PilotPoint, 840, PilotDigits, SegmentGreen);
+    layOutPoint(DistortionPoint, 760, DistortionDigits, Colour{0x2317fd});
 
     const float noiseAt[] = {170, 460, 970, 1260};
     const float separationAt[] = {330, 620, 1170, 1460};

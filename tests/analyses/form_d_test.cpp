@@ -315,11 +315,43 @@ TEST(OnAirFigures, AnEditOfAFieldGoesBackWithinAMinute) {
     EXPECT_EQ(bench.formD.Text2.text, "100");
     EXPECT_EQ(bench.formD.Text3.text, "2");
     EXPECT_EQ(bench.formD.Text4.text, "90");
-    bench.hand.edit(bench.formD.Text2, "55");
-    bench.desktop.settle();
-    EXPECT_EQ(bench.formD.Text2.text, "55");
+    bench.formD.Text2.text = "55";
     bench.advance(60s);
     EXPECT_EQ(bench.formD.Text2.text, "100");
+}
+
+TEST(AnalysesPanel, ItsFourFiguresAreLockedForAHandAndTheirTipNamesTheFile) {
+    RackBench bench;
+    bench.start();
+    Form_D& panel = bench.formD;
+    for (display::TextField* field : {&panel.Text1, &panel.Text2, &panel.Text3, &panel.Text4}) {
+        EXPECT_TRUE(field->locked) << field->name();
+        const std::string before = field->text.get();
+        bench.type(*field, "7");
+        bench.edit(*field, "12");
+        EXPECT_EQ(field->text, before) << field->name();
+        EXPECT_THAT(std::string(field->tip.english), testing::HasSubstr("normal.hm"));
+        EXPECT_THAT(std::string(field->tip.spanish), testing::HasSubstr("normal.hm"));
+    }
+    // The file's own edit reaches them as ever.
+    bench.write("normal.hm", lines({"99", "0", "0", "0", "2.500", "0", "0", "3", "45"}));
+    bench.advance(std::chrono::seconds(60));
+    EXPECT_EQ(panel.Text1.text, "2.500");
+    EXPECT_EQ(panel.Text4.text, "45");
+}
+
+TEST(AnalysesPanel, TheResponseSwitchHasItsCaptionBesideIt) {
+    for (const int language : {RackBench::kSpanish, RackBench::kEnglish}) {
+        RackBench bench(language);
+        bench.start();
+        const display::Label& caption = bench.formD.Label_ResponseSwitch;
+        const display::Picture& key = bench.formD.Image5;
+        EXPECT_EQ(caption.caption,
+                  language == RackBench::kSpanish ? "Armar la respuesta" : "Arm the response");
+        EXPECT_GT(caption.left, key.left + key.width);
+        EXPECT_LT(caption.left, key.left + key.width + 200);
+        EXPECT_NEAR(caption.top + caption.height / 2, key.top + key.height / 2, 20);
+    }
 }
 
 }  // namespace

@@ -211,5 +211,21 @@ def closed_by_the_window_manager(rack, album):
     assert rack.line(PRESET) == "1"
 
 
+
+@case(factors=(1, 2), units=({"silent_after": "15"},))
+def tells_of_a_unit_that_fell_silent(rack, album):
+    """Each head says so, and what is measured is dimmed."""
+
+    def brightest():
+        return max(colour for at, colour in enumerate(rack.look("Form1", "Label_FieldIntensity"))
+                   if at % 4 != 3)
+
+    live = brightest()
+    for panel in ("Form1", "Form_B", "Form_C", "Form_D"):
+        wait_for(lambda: rack.is_signed(panel), f"a word in the head of {panel}")
+    assert brightest() < live * 2 / 3, "not dimmed"
+    album.take(rack.screen, "silent")
+
+
 if __name__ == "__main__":
     main()

@@ -7,8 +7,10 @@
 #include <cmath>
 #include <cstdlib>
 #include <memory>
+#include <thread>
 
 #include "app/forms.h"
+#include "app/library_fault.h"
 #include "core/files.h"
 #include "core/loaded_driver.h"
 #include "core/numbers.h"
@@ -43,6 +45,8 @@ class InstalledRack {
 
     void put(const fs::path& file) const { fs::copy(file, folder.path() / hm16::libraryName()); }
 
+    std::string file() const { return (folder.path() / hm16::libraryName()).string(); }
+
     /// As the program does it: what does not load is said and stands back for no library at all.
     void start() {
         library = hm16::Library::load(folder.path());
@@ -52,6 +56,7 @@ class InstalledRack {
             driver = std::make_unique<NoLibrary>();
         }
         program = std::make_unique<Program>(desktop, *driver, files);
+        program->LibraryFault = libraryFault(library);
         forms = std::make_unique<Forms>(*program);
         forms->formWaitLoad.show();
         desktop.advance(100ms);
@@ -110,12 +115,18 @@ TEST(OnALibrary, ALibraryThatFailsToOpenItsUnitBringsTheOffer) {
     rack.put(fs::path(HM16_FIXTURES) / "sixteen" / hm16::libraryName());
     rack.expectDemo();
     EXPECT_EQ(rack.library.fault, "");
+    EXPECT_EQ(rack.program->LibraryFault.english, "");
+    EXPECT_EQ(rack.program->LibraryFault.spanish, "");
 }
 
 TEST(OnALibrary, NoLibraryBringsTheOffer) {
     InstalledRack rack;
     rack.expectDemo();
     EXPECT_THAT(rack.library.fault, testing::StartsWith("There is no driver library "));
+    EXPECT_EQ(rack.program->LibraryFault.english,
+              "There is no driver library " + rack.file() + ".");
+    EXPECT_EQ(rack.program->LibraryFault.spanish,
+              "No está la biblioteca de la unidad " + rack.file() + ".");
 }
 
 TEST(OnALibrary, AFileThatIsNoLibraryBringsTheOffer) {
@@ -123,6 +134,14 @@ TEST(OnALibrary, AFileThatIsNoLibraryBringsTheOffer) {
     rack.folder.write(hm16::libraryName(), "a letter, not a library\n");
     rack.expectDemo();
     EXPECT_THAT(rack.library.fault, testing::HasSubstr("cannot be loaded as a driver library: "));
+    const LibraryFault& fault = rack.program->LibraryFault;
+    EXPECT_THAT(fault.english,
+                testing::StartsWith(rack.file() + " cannot be loaded as a driver library: "));
+    EXPECT_THAT(
+        fault.spanish,
+        testing::StartsWith(rack.file() + " no se puede cargar como biblioteca de la unidad: "));
+    // The file is named once.
+    EXPECT_EQ(fault.english.rfind(rack.file()), 0u) << fault.english;
 }
 
 TEST(OnALibrary, ALibraryThatLacksFunctionsBringsTheOffer) {
@@ -130,6 +149,40 @@ TEST(OnALibrary, ALibraryThatLacksFunctionsBringsTheOffer) {
     rack.put(fs::path(HM16_FIXTURES) / "lacking" / hm16::libraryName());
     rack.expectDemo();
     EXPECT_THAT(rack.library.fault, testing::HasSubstr("it lacks HM_DemoMode, HM_Normal"));
+    EXPECT_EQ(rack.program->LibraryFault.english,
+              rack.file() +
+                  " is no complete driver library; it lacks HM_DemoMode, HM_Normal, HM_Parar and "
+                  "11 more.");
+    EXPECT_EQ(rack.program->LibraryFault.spanish,
+              rack.file() +
+                  " no es una biblioteca completa; faltan HM_DemoMode, HM_Normal, HM_Parar y 11 "
+                  "más.");
+}
+
+TEST(OnALibrary, AUnitThatFallsSilentAfterFiveSecondsIsToldOfAtEight) {
+    InstalledRack rack;
+    rack.put(HM16_SIMULATED);
+    constexpr int kPace = 10;
+    rack.folder.write("hm-16.ini", "silent_after = 5\npace = " + std::to_string(kPace) + "\n");
+    const auto opened = std::chrono::steady_clock::now();
+    rack.start();
+    // The rack's clock goes as the unit's does.
+    display::Time passed = 100ms;
+    const auto runTo = [&](display::Time time) {
+        while (passed < time) {
+            std::this_thread::sleep_for(1ms);
+            const auto real = std::chrono::steady_clock::now() - opened;
+            const auto unit = std::chrono::duration_cast<display::Time>(real * kPace) - passed;
+            if (unit <= display::Time(0)) continue;
+            rack.desktop.advance(unit);
+            passed += unit;
+        }
+    };
+    const display::Picture& sign = rack.forms->form1.sign.words;
+    runTo(7s);
+    EXPECT_EQ(sign.caption, "");
+    runTo(8300ms);
+    EXPECT_THAT(std::string(sign.caption.get()), testing::StartsWith("NO DATA "));
 }
 
 }  // namespace

@@ -35,6 +35,8 @@ TEST(Contrast, CaptionsOnTheFaceplateAreLegible) {
     expectLegible({"captions", qColour(look::kCaptionColour), QColor(kFaceplateTop)});
     expectLegible({"names of keys and fields", qColour(look::kScaleColour), QColor(kFaceplateTop)});
     expectLegible({"words of dialogs", QColor(kText), QColor(kFaceplateTop)});
+    expectLegible({"notices", qColour(look::kNoticeColour), QColor(kFaceplateTop)});
+    EXPECT_EQ(qColour(look::kNoticeColour).rgb(), kAmber);
 }
 
 TEST(Contrast, WordsAndFiguresInTheWellsAreLegible) {

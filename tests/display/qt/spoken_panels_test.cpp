@@ -4,94 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
-#include <QApplication>
 #include <QTest>
-#include <memory>
 
-#include "app/forms.h"
-#include "display/qt/form_view.h"
-#include "display/qt/qt_desktop.h"
-#include "tests/support/rack_bench.h"
+#include "tests/display/qt/live_rack.h"
 
 namespace hmonitor::test {
 namespace {
 
 using display::Form;
-using display::qt::QtDesktop;
-
-/// One application for the whole run, without a screen unless the environment names one.
-void startApplication() {
-    static int argc = 1;
-    static char name[] = "test_spoken";
-    static char* argv[] = {name, nullptr};
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    static const auto* app = new QApplication(argc, argv);
-    (void)app;
-}
-
-/// The rack on the real desktop with an ordinary station, in the language of a locale.
-class LiveRack {
- public:
-    explicit LiveRack(const char* locale) {
-        startApplication();
-        qputenv("LC_ALL", locale);
-        folder_.write("hm-16.dat", lines({"1", "0", "0", "1", "0", "0", "0", "0"}));
-        folder_.write("normal.hm", lines({"100", "0", "0", "0", "1.000", "0", "0", "2", "90"}));
-        folder_.write("Hm-res.dat", lines({"0", "0", "0"}));
-        folder_.write("scan.dat", "");
-        folder_.write("halden.dat", memoryBlock({{1, "RADIO UNO", "981"}, {3, "TRES", "10255"}}));
-        const float ordinary[] = {80,  -10, -12, 45,   2.5f, 1.5f, 9.5f, -60,
-                                  -61, 40,  41,  0.5f, 12,   60,   12,   7};
-        for (int i = 1; i <= 16; ++i) driver.readings.output(i) = ordinary[i - 1];
-        driver.rdsError = -0.75f;
-        driver.rdsLevel = 4.2f;
-        desktop_ = std::make_unique<QtDesktop>(noArguments_, nullptr);
-        program_ = std::make_unique<Program>(*desktop_, driver, files_);
-        forms_ = std::make_unique<Forms>(*program_);
-        desktop_->rack(
-            {&forms_->form1, &forms_->formB, &forms_->formC, &forms_->formD, &forms_->form3});
-        forms_->formWaitLoad.show();
-    }
-
-    /// Lets the rack run until each figure stands; false when that takes twenty seconds.
-    bool measures() {
-        return QTest::qWaitFor(
-            [this] {
-                return forms_->formB.PanelStarted == 1 && forms_->formC.visible &&
-                       forms_->form1.meter.MultipathShown && !forms_->formB.PromR.caption.empty() &&
-                       !forms_->formC.Label_RDSLevel.caption.empty();
-            },
-            20000);
-    }
-
-    /// Of that name; a figure rather than the painted caption above it.
-    QAccessibleInterface* child(const Form& form, const QString& name) {
-        QAccessibleInterface* whole = QAccessible::queryAccessibleInterface(desktop_->viewOf(form));
-        QAccessibleInterface* last = nullptr;
-        for (int i = 0; whole && i < whole->childCount(); ++i) {
-            QAccessibleInterface* found = whole->child(i);
-            if (!found || found->text(QAccessible::Name) != name) continue;
-            if (!found->text(QAccessible::Value).isEmpty()) return found;
-            last = found;
-        }
-        return last;
-    }
-    std::string value(const Form& form, const char* name) {
-        QAccessibleInterface* found = child(form, QString::fromUtf8(name));
-        return found ? found->text(QAccessible::Value).toStdString() : "not there";
-    }
-    Forms& forms() { return *forms_; }
-
-    ScriptedDriver driver;
-
- private:
-    TempFolder folder_;
-    Files files_{folder_.path()};
-    int noArguments_ = 0;
-    std::unique_ptr<QtDesktop> desktop_;
-    std::unique_ptr<Program> program_;
-    std::unique_ptr<Forms> forms_;
-};
 
 struct Figure {
     display::Words name;

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <cmath>
 
+#include "core/numbers.h"
 #include "tests/panels/audio/shown_digit.h"
 #include "tests/support/rack_bench.h"
 
@@ -183,6 +184,40 @@ TEST_F(Power, UnitsAreNumberedBackwards) {
     EXPECT_EQ(bench.formB.powerTens.segment(6).name(), "Line36");
     EXPECT_EQ(bench.formB.powerUnits.segment(0).name(), "Line43");
     EXPECT_EQ(bench.formB.powerUnits.segment(6).name(), "Line37");
+}
+
+TEST(PowerNeedle, KeepsItsTipInItsWellUpToAFigureOf100) {
+    RackBench bench;
+    bench.start();
+    const display::Panel& dial = bench.formB.PowerDial;
+    const display::Panel& well = bench.formB.PowerWell;
+    for (int figure = 0; figure <= 100; ++figure) {
+        bench.formB.DibujoPotencia(115 - figure);
+        const float x = dial.left + bench.formB.LinePo.x2 * dial.unit;
+        const float y = dial.top + bench.formB.LinePo.y2 * dial.unit;
+        EXPECT_GT(x, 100) << figure;
+        EXPECT_LT(x, well.width - 100) << figure;
+        EXPECT_GT(y, 100) << figure;
+        // Enough of the needle is left to be seen.
+        EXPECT_LT(y, well.height - 40) << figure;
+    }
+}
+
+TEST(PowerNeedle, PointsAtTheNumberOfItsFigure) {
+    RackBench bench;
+    bench.start();
+    Form_B& panel = bench.formB;
+    for (std::size_t i = 0; i < panel.PowerNumber.size(); ++i) {
+        display::Label& number = panel.PowerNumber[i];
+        panel.DibujoPotencia(115 - valueOf(number.caption.get()));
+        const float x = number.left + number.width / 2;
+        const float y = number.top + number.height / 2;
+        // Pivot, tip and number lie on one line.
+        const float across = (panel.LinePo.x2 - panel.LinePo.x1) * (y - panel.LinePo.y1) -
+                             (panel.LinePo.y2 - panel.LinePo.y1) * (x - panel.LinePo.x1);
+        EXPECT_NEAR(across / 1865, 0, 1) << number.caption.get();
+    }
+    EXPECT_EQ(panel.PowerNumber[5].caption, "100");
 }
 
 }  // namespace

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Our own units on frequencies where nobody sends: what they say there is never taken for a unit
+// that has stopped.
+#include <gtest/gtest.h>
+
+#include "core/still_readings.h"
+#include "drivers/simulated/figures.h"
+#include "drivers/simulated/station.h"
+#ifdef HM16_RECEIVER
+#include "tests/drivers/receiver/receiver_library.h"
+#endif
+
+namespace hmonitor::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// One look at the unit, as the rack takes it.
+void lookAt(StillReadings& still, const hm16::Readings& now, display::Time at) {
+    const Readings readings{{now.peakModulation, now.levelFirst, now.levelSecond, now.stereoPhase,
+                             now.relativePower, now.pilotError, now.pilotLevel, now.noiseLeft,
+                             now.noiseRight, now.separationLeft, now.separationRight,
+                             now.distortion, now.carrierDeviation, now.field, now.multipath,
+                             now.peaksPerMinute}};
+    still.take(readings, at);
+    still.takeRds(now.rdsError, now.rdsLevel, at);
+}
+
+TEST(StillUnits, TheSimulatedOneNeverOnAnEmptyFrequencyForAMinute) {
+    int empty = 0;
+    for (const double frequency : {876.0, 901.5, 965.0, 1003.0, 1080.0}) {
+        if (hm16::simulated::stationAt(frequency) != nullptr) continue;
+        ++empty;
+        StillReadings still;
+        still.begin(0s);
+        hm16::Tuning tuning;
+        tuning.frequency = frequency;
+        for (display::Time at = 0s; at <= 60s; at += 30ms) {
+            const double seconds = std::chrono::duration<double>(at).count();
+            lookAt(still, hm16::simulated::figuresAt(16, tuning, seconds, 1), at);
+            ASSERT_EQ(still.staleSeconds(at), 0) << frequency << " after " << seconds;
+        }
+    }
+    EXPECT_GE(empty, 3);
+}
+
+#ifdef HM16_RECEIVER
+TEST(StillUnits, TheReceiverNeverOnAnEmptyFrequencyForAMinute) {
+    ReceiverLibrary receiver(
+        "source = synthetic\nscene = silence\npace = fast\nrate_hz = 300000\n"
+        "centre_mhz = 98.5\n");
+    ASSERT_EQ(receiver.init(), "");
+    receiver.tune(985);
+    StillReadings still;
+    still.begin(0s);
+    display::Time unchanged = 0s;
+    hm16::Readings before;
+    for (display::Time at = 0s; at <= 60s; at += 50ms) {
+        ASSERT_TRUE(receiver.step(1));
+        const hm16::Readings now = receiver.readings();
+        unchanged = now == before ? unchanged + 50ms : 0s;
+        before = now;
+        lookAt(still, now, at);
+        ASSERT_EQ(still.staleSeconds(at), 0);
+    }
+    // It has a field, and says the same for long: that alone is no fault.
+    EXPECT_GT(before.field, 0);
+    EXPECT_GT(unchanged, 3s);
+}
+#endif
+
+}  // namespace
+}  // namespace hmonitor::test
