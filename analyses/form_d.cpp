@@ -4,6 +4,7 @@
 #include "analyses/form_band_scanner.h"
 #include "analyses/form_dd3.h"
 #include "analyses/scan_file.h"
+#include "analyzer/frm_spectrum_analizer.h"
 #include "core/language.h"
 #include "core/taken_for_granted.h"
 #include "performance/form_d4a.h"
@@ -46,7 +47,7 @@ void Form_D::bindDoors() {
     bindKey(Image3, "OpenN", "OpenA", door(program, program.Form_Dd3));
     bindKey(Image4, "LogN", "LogA", door(program, program.Form_D4A));
     Image5.onRelease = [this] { turnSwitch(); };
-    Image6.onClick = windowToCome;
+    Image6.onClick = door(program, program.frmSpectrumAnalizer);
     // Once its window was closed, the channel spectrum has no other door.
     PictureGraph1.onDoubleClick = door(program, program.Form_D1);
 }

@@ -23,7 +23,10 @@ Forms::Forms(Program& program, Form_WaitLoad::Brand brand)
       formPrintBandScan(program),
       formD4A(program, dayTables),
       form15(program, dayTables),
-      form4(program) {
+      form4(program),
+      formSpectrumAnalizer(program),
+      formEditMeasurement(program),
+      formSpectrumAnalizerSpan(program) {
     program.Form_WaitLoad.fill(formWaitLoad);
     program.FormModoDemo.fill(formModoDemo);
     program.Form3.fill(form3);
@@ -43,6 +46,9 @@ Forms::Forms(Program& program, Form_WaitLoad::Brand brand)
     program.Form_D4A.fill(formD4A);
     program.Form15.fill(form15);
     program.Form4.fill(form4);
+    program.frmSpectrumAnalizer.fill(formSpectrumAnalizer);
+    program.frmEditMeasurement.fill(formEditMeasurement);
+    program.frmSpectrumAnalizerSpan.fill(formSpectrumAnalizerSpan);
     program.rack = {&form1, &formB, &formC, &formD};
 }
 

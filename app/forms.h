@@ -6,6 +6,9 @@
 #include "analyses/form_d.h"
 #include "analyses/form_dd3.h"
 #include "analyses/form_print_band_scan.h"
+#include "analyzer/frm_edit_measurement.h"
+#include "analyzer/frm_spectrum_analizer.h"
+#include "analyzer/frm_spectrum_analizer_span.h"
 #include "core/program.h"
 #include "panels/audio/form_b.h"
 #include "panels/modulation/form1.h"
@@ -53,6 +56,9 @@ class Forms {
     hmonitor::Form_D4A formD4A;
     hmonitor::Form15 form15;
     hmonitor::Form4 form4;
+    hmonitor::frmSpectrumAnalizer formSpectrumAnalizer;
+    hmonitor::frmEditMeasurement formEditMeasurement;
+    hmonitor::frmSpectrumAnalizerSpan formSpectrumAnalizerSpan;
 };
 
 }  // namespace hmonitor

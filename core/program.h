@@ -35,6 +35,9 @@ class Form_PrintBandScan;
 class Form_D4A;
 class Form15;
 class Form4;
+class frmSpectrumAnalizer;
+class frmEditMeasurement;
+class frmSpectrumAnalizerSpan;
 
 /// What all forms share: the desktop, the driver, the state of the station, the working folder,
 /// and a slot for each form.
@@ -73,6 +76,9 @@ struct Program {
     Slot<hmonitor::Form_D4A> Form_D4A;
     Slot<hmonitor::Form15> Form15;
     Slot<hmonitor::Form4> Form4;
+    Slot<hmonitor::frmSpectrumAnalizer> frmSpectrumAnalizer;
+    Slot<hmonitor::frmEditMeasurement> frmEditMeasurement;
+    Slot<hmonitor::frmSpectrumAnalizerSpan> frmSpectrumAnalizerSpan;
 
     /// The four panels of the rack, top to bottom, as they are disabled and enabled together.
     std::array<display::Form*, 4> rack{};

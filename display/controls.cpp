@@ -108,6 +108,7 @@ void Key::resetKind() {
     lit = false;
     isDefault = false;
     isCancel = false;
+    shortcut = {};
 }
 
 void TextField::edit(std::string_view wanted) {
@@ -183,10 +184,13 @@ bool ListModel::setSelected(int row) {
 }
 
 void ComboBox::select(int row) {
-    if (list.setSelected(row) && onClick && !form().layingOut()) onClick();
+    const bool changed = list.setSelected(row);
+    const bool again = firesAgain && row >= 0 && row == list.selected();
+    if ((changed || again) && onClick && !form().layingOut()) onClick();
 }
 
 void ComboBox::resetKind() {
+    firesAgain = false;
     list.clear();
 }
 

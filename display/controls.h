@@ -183,6 +183,8 @@ class Key final : public Control {
     /// Enter presses the default key of a form, Escape the one that loses least.
     bool isDefault = false;
     bool isCancel = false;
+    /// Keys that press it wherever the keyboard is in its window, such as "Ctrl+X".
+    std::string_view shortcut;
 
     Event onClick;
 
@@ -310,6 +312,8 @@ class ComboBox final : public Control {
     void select(int row);
 
     ListModel list{*this};
+    /// Choosing the row that is chosen already fires onClick too.
+    bool firesAgain = false;
     Event onClick;
 
  protected:

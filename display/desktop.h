@@ -26,6 +26,9 @@ struct MessageBox {
     BoxIcon icon = BoxIcon::None;
 };
 
+/// The key by which a question was answered.
+enum class BoxAnswer { Ok, Cancel };
+
 enum class PointerShape { Arrow, Hourglass };
 
 struct Date {
@@ -74,6 +77,8 @@ class Desktop {
 
     /// Shows the box and returns when the user has answered it.
     virtual void messageBox(const MessageBox& box) = 0;
+    /// The same with a second key; closing the box is "Cancel".
+    virtual BoxAnswer ask(const MessageBox& box) = 0;
 
     /// One pass of waiting events inside a handler; what comes through, the queue decides.
     virtual void letEventsThrough() = 0;

@@ -295,6 +295,13 @@ void Hand::enter(Form& form) {
         {Input::Kind::FormKey, &form, nullptr, [&form] { pressIfHeard(form.defaultKey()); }});
 }
 
+void Hand::shortcut(Form& form, std::string_view keys) {
+    for (Control* control : form.controls()) {
+        auto* key = dynamic_cast<Key*>(control);
+        if (key && !keys.empty() && key->shortcut == keys) click(*key);
+    }
+}
+
 void Hand::escape(Form& form) {
     desktop_.queue().post(
         {Input::Kind::FormKey, &form, nullptr, [&form] { pressIfHeard(form.cancelKey()); }});

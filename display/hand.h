@@ -65,6 +65,8 @@ class Hand {
 
     // The window itself.
     void enter(Form& form);
+    /// Presses the key of that shortcut.
+    void shortcut(Form& form, std::string_view keys);
     void escape(Form& form);
     void close(Form& form);
     void unfold(Form& form);

@@ -106,7 +106,8 @@ HM16_EXPORT int32_t HM16_CALL HM_Super(float frequency, float* level);
 
 /* Starts sweep frames from start to stop, which go on coming until HM_Parar. Legal in mode idle, on
  * units of hardware version 1.7 up to but not including 2.
- *   stepKhz  100 or 250; 0 stands for 25 */
+ *   stepKhz  100 and 250 for the band scanner, 25 for the spectrum analyzer (801 points from 88 to
+ *            108 MHz); 0 stands for 25 */
 HM16_EXPORT int32_t HM16_CALL HM_StartEspectro(float start, float stop, int32_t stepKhz);
 
 /* Not 0 once for each complete frame that has arrived since the last call that said so. */

@@ -74,12 +74,22 @@ std::string HeadlessDesktop::weekdayName(int weekday) const {
 }
 
 void HeadlessDesktop::messageBox(const MessageBox& box) {
+    (void)ask(box);
+}
+
+BoxAnswer HeadlessDesktop::ask(const MessageBox& box) {
     if (boxAnswers.empty() && !answerEveryBox) {
         throw Unscripted("a message box that no script answers: " + box.title + ": " + box.text);
     }
-    if (!boxAnswers.empty()) boxAnswers.pop_front();
+    std::string answer;
+    if (!boxAnswers.empty()) {
+        answer = boxAnswers.front();
+        boxAnswers.pop_front();
+    }
     note("box " + box.title + ": " + box.text);
     boxes.push_back(box);
+    if (duringBox) duringBox();
+    return answer == "Cancel" ? BoxAnswer::Cancel : BoxAnswer::Ok;
 }
 
 void HeadlessDesktop::letEventsThrough() {

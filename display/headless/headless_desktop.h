@@ -31,8 +31,11 @@ class HeadlessDesktop final : public Desktop {
     // What the script says.
     int languageId;
     Date date{2026, 5, 4, 1, 12, 0, 0};
-    std::deque<double> randoms;          ///< the next draws
-    std::deque<std::string> boxAnswers;  ///< one for each message box; the text is free
+    std::deque<double> randoms;  ///< the next draws
+    /// One for each message box; the text is free, but for "Cancel" as the answer to a question.
+    std::deque<std::string> boxAnswers;
+    /// What happens while a box stands.
+    std::function<void()> duringBox;
     bool answerEveryBox = false;
     std::string printerFault;
     Paper paperSize = kA4;
@@ -84,6 +87,7 @@ class HeadlessDesktop final : public Desktop {
     int userLanguageId() const override { return languageId; }
     double random() override;
     void messageBox(const MessageBox& box) override;
+    BoxAnswer ask(const MessageBox& box) override;
     void letEventsThrough() override;
     Box room(const Form&) const override { return screen; }
     void pointer(PointerShape shape) override { pointerShape = shape; }

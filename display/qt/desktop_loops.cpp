@@ -147,8 +147,17 @@ void QtDesktop::runModal(Form& form) {
 }
 
 void QtDesktop::messageBox(const MessageBox& box) {
+    (void)standBox(box, BoxKeys::Ok);
+}
+
+BoxAnswer QtDesktop::ask(const MessageBox& box) {
+    return standBox(box, BoxKeys::OkAndCancel);
+}
+
+BoxAnswer QtDesktop::standBox(const MessageBox& box, BoxKeys keys) {
     if (ended()) throw ProgramEnded{};
     frame();
+    BoxAnswer answer = BoxAnswer::Ok;
     {
         PhaseScope standing(*this, Phase::Box);
         QMessageBox shown(const_cast<QWidget*>(opener()));
@@ -158,13 +167,20 @@ void QtDesktop::messageBox(const MessageBox& box) {
         shown.setIcon(box.icon == BoxIcon::Critical      ? QMessageBox::Critical
                       : box.icon == BoxIcon::Information ? QMessageBox::Information
                                                          : QMessageBox::NoIcon);
-        shown.addButton(spanish() ? QStringLiteral("Aceptar") : QStringLiteral("OK"),
-                        QMessageBox::AcceptRole);
+        const QPushButton* ok = shown.addButton(
+            spanish() ? QStringLiteral("Aceptar") : QStringLiteral("OK"), QMessageBox::AcceptRole);
+        if (keys == BoxKeys::OkAndCancel) {
+            shown.setEscapeButton(
+                shown.addButton(spanish() ? QStringLiteral("Cancelar") : QStringLiteral("Cancel"),
+                                QMessageBox::RejectRole));
+        }
         arm();
         shown.exec();
+        if (keys == BoxKeys::OkAndCancel && shown.clickedButton() != ok) answer = BoxAnswer::Cancel;
     }
     if (ended()) throw ProgramEnded{};
     wakeTimer_.start(0);
+    return answer;
 }
 
 void QtDesktop::ending() {

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QShortcut>
 
 #include "display/qt/arrow_focus.h"
 #include "display/qt/faces.h"
@@ -153,7 +154,19 @@ KeyWidget::KeyWidget(QtDesktop& desktop, Key& key, QWidget* parent)
     connect(this, &QAbstractButton::clicked, this, [this] { desktop_.hand().click(key_); });
 }
 
+void KeyWidget::takeShortcut() {
+    if (key_.shortcut.empty() == !shortcut_) return;
+    delete shortcut_;
+    shortcut_ = nullptr;
+    if (key_.shortcut.empty()) return;
+    // Heard wherever the keyboard is in the window; held down it presses again and again.
+    shortcut_ = new QShortcut(QKeySequence(qText(key_.shortcut)), this);
+    shortcut_->setContext(Qt::WindowShortcut);
+    connect(shortcut_, &QShortcut::activated, this, [this] { desktop_.hand().click(key_); });
+}
+
 void KeyWidget::sync() {
+    takeShortcut();
     setFocusPolicy(focusPolicyOf(key_));
     setText(qText(key_.caption));
     update();

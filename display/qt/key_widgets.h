@@ -7,6 +7,8 @@
 
 #include "display/qt/control_widget.h"
 
+class QShortcut;
+
 namespace display::qt {
 
 /// Takes the input of a key whose pictures the form's surface paints: a press, then a release on
@@ -69,8 +71,11 @@ class KeyWidget final : public QAbstractButton, public ControlWidget {
     void keyPressEvent(QKeyEvent* event) override;
 
  private:
+    void takeShortcut();
+
     QtDesktop& desktop_;
     Key& key_;
+    QShortcut* shortcut_ = nullptr;  ///< owned by the widget
 };
 
 class CheckBoxWidget final : public QCheckBox, public ControlWidget {

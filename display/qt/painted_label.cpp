@@ -71,9 +71,16 @@ class PaintedLabel final : public Painted {
                            : box_.united(needed);
             return;
         }
-        const QSizeF size(QFontMetricsF(font_).horizontalAdvance(textOf_), line_);
-        // On a plate of its own the text keeps clear of the edge.
-        const qreal edge = label_.surface == Surface::None ? 0 : scale.px(kPlateEdge);
+        const QFontMetricsF metrics(font_);
+        // On a plate of its own the text keeps clear of the edge, and what a user wrote may be
+        // longer than the plate.
+        const bool plated = label_.surface != Surface::None;
+        const qreal edge = plated ? scale.px(kPlateEdge) : 0;
+        QSizeF size(metrics.horizontalAdvance(textOf_), line_);
+        if (plated && size.width() > box_.width() - edge) {
+            textOf_ = metrics.elidedText(textOf_, Qt::ElideRight, box_.width() - 2 * edge);
+            size.setWidth(metrics.horizontalAdvance(textOf_));
+        }
         qreal x = box_.left() + edge;
         if (label_.align == Align::Right) x = box_.right() - edge - size.width();
         if (label_.align == Align::Centre) x = box_.center().x() - size.width() / 2;

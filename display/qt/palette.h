@@ -32,6 +32,8 @@ inline constexpr QRgb kLitTop = 0xffeff2f6;
 inline constexpr QRgb kLitBottom = 0xffb7c0cb;
 inline constexpr QRgb kLitText = 0xff171a1f;
 inline constexpr QRgb kAmber = 0xfff5a50a;
+/// The mark on a lit key that runs or stops.
+inline constexpr QRgb kRunMark = 0xff0a7a24;
 inline constexpr QRgb kFocus = 0xffffc24a;
 inline constexpr QRgb kText = 0xffe4e8ee;
 inline constexpr QRgb kField = 0xff0e1216;

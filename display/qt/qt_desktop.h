@@ -52,6 +52,7 @@ class QtDesktop : public Desktop {
     int userLanguageId() const override { return languageId_; }
     double random() override;
     void messageBox(const MessageBox& box) override;
+    BoxAnswer ask(const MessageBox& box) override;
     void letEventsThrough() override;
     Box room(const Form& form) const override;
     void pointer(PointerShape shape) override;
@@ -113,6 +114,7 @@ class QtDesktop : public Desktop {
  private:
     /// What stands on the stack of the one thread.
     enum class Phase { Idle, Handling, Modal, Box };
+    enum class BoxKeys { Ok, OkAndCancel };
     /// What runs now, and before: put back on every way out.
     class PhaseScope {
      public:
@@ -140,6 +142,7 @@ class QtDesktop : public Desktop {
     FormWindow& windowOf(Form& form);
     const QWidget* opener() const;
     bool spanish() const;
+    BoxAnswer standBox(const MessageBox& box, BoxKeys keys);
 
     std::unique_ptr<QApplication> own_;
     Hand hand_{*this};

@@ -99,11 +99,15 @@ class Rack:
               "Form_NewSpectro": "Spectrum", "Form_D1": "Spectrum",
               "FormD1a": "Modulation Bandwidth", "Form_Dd3": "Frecuency response",
               "Form_BandSCanner": "Band Scanner", "Form_D4A": "Analyze data",
-              "Form15": "Text Mode", "Form4": "On-Air Performance Log"}
+              "Form15": "Text Mode", "Form4": "On-Air Performance Log",
+              "frmSpectrumAnalizer": "3D Spectrum Analyzer"}
 
     def title(self, form):
         if form == "Form_bSetMemories":
             return "Memorias" if self.spanish else "Memory Presets"
+        if form == "frmEditMeasurement":
+            return ("Información de Medición Espectral" if self.spanish_panels
+                    else "Spectral Mesaurement information")
         return self.TITLES[form]
 
     def opened(self, form):
@@ -211,11 +215,14 @@ class Rack:
     def boxes(self):
         return [window for window in self.screen.windows("HMonitor") if window != self.window]
 
-    def answer_box(self, said, look=lambda: None):
+    def answer_box(self, said, look=lambda: None, title=None):
         """Waits for a message box, looks at it and answers it by keyboard."""
 
+        def standing():
+            return self.screen.windows(title) if title else self.boxes()
+
         def has_keyboard():
-            boxes = self.boxes()
+            boxes = standing()
             if boxes and self.screen.ask("xdotool", "getactivewindow").strip() in boxes:
                 return True
             if boxes:
@@ -225,7 +232,7 @@ class Rack:
         wait_for(has_keyboard, said)
         look()
         self.screen.type("Return")
-        wait_for(lambda: not self.boxes(), "the end of " + said)
+        wait_for(lambda: not standing(), "the end of " + said)
 
     # What the rack does.
 

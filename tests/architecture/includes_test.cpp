@@ -11,8 +11,8 @@
 namespace hmonitor::test {
 namespace {
 
-constexpr std::string_view kForms[] = {"startup",  "panels",      "tuner",
-                                       "analyses", "performance", "spectrum"};
+constexpr std::string_view kForms[] = {"startup",     "panels",   "tuner",   "analyses",
+                                       "performance", "spectrum", "analyzer"};
 
 /// The room of the house that a path stands in: the forms are one.
 std::string roomOf(std::string_view path) {

@@ -139,6 +139,19 @@ TEST_F(Controls, ChoosingAnOptionClearsTheOthersOfItsContainerOnly) {
     EXPECT_EQ(form.heard.size(), 1u);
 }
 
+TEST_F(Controls, AComboBoxThatFiresAgainHearsTheRowThatIsChosen) {
+    int heard = 0;
+    form.Combo1.select(1);
+    form.Combo1.onClick = [&] { ++heard; };
+    form.Combo1.select(1);
+    EXPECT_EQ(heard, 0);
+    form.Combo1.firesAgain = true;
+    form.Combo1.select(1);
+    EXPECT_EQ(heard, 1);
+    form.Combo1.select(77);
+    EXPECT_EQ(heard, 1) << "a row that it does not have is none";
+}
+
 TEST_F(Controls, AComboBoxSelectsARowThatItHas) {
     EXPECT_EQ(form.Combo1.list.text(), "Peak");
     form.Combo1.select(2);

@@ -47,6 +47,32 @@ TEST_F(Headless, AnUnscriptedMessageBoxFails) {
     EXPECT_THROW(desktop.messageBox({"Title", "Text"}), Unscripted);
 }
 
+TEST_F(Headless, AQuestionIsAnsweredByItsScript) {
+    EXPECT_THROW((void)desktop.ask({"Title", "Delete?"}), Unscripted);
+    desktop.boxAnswers = {"Cancel", "OK"};
+    int during = 0;
+    desktop.duringBox = [&] { ++during; };
+    EXPECT_EQ(desktop.ask({"Title", "Delete?"}), BoxAnswer::Cancel);
+    EXPECT_EQ(desktop.ask({"Title", "Delete?"}), BoxAnswer::Ok);
+    EXPECT_EQ(during, 2);
+    desktop.answerEveryBox = true;
+    EXPECT_EQ(desktop.ask({"Title", "Delete?"}), BoxAnswer::Ok);
+    EXPECT_EQ(desktop.boxes.size(), 3u);
+}
+
+TEST_F(Headless, AShortcutPressesTheKeyThatHasIt) {
+    form.show();
+    form.Key1.shortcut = "Ctrl+X";
+    form.heard.clear();
+    desktop.hand.shortcut(form, "Ctrl+Z");
+    desktop.hand.shortcut(form, "");
+    desktop.settle();
+    EXPECT_EQ(form.heard, Heard{});
+    desktop.hand.shortcut(form, "Ctrl+X");
+    desktop.settle();
+    EXPECT_EQ(form.heard, Heard{"Key1 click"});
+}
+
 TEST_F(Headless, AnUnscriptedRandomNumberFails) {
     EXPECT_THROW(desktop.random(), Unscripted);
     desktop.randoms = {0.25, 0.5};

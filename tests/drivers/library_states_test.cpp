@@ -201,6 +201,23 @@ TEST(LibraryStates, SweptLevelsStayAfterTheStopAndOverTheNextSweep) {
     EXPECT_EQ(unit.swept(900), 24);
 }
 
+TEST(LibraryStates, AStepOf25GivesTheAnalyzerALevelAtEachOfIts801Points) {
+    const SimulatedLibrary unit(kFast);
+    unit->init();
+    EXPECT_EQ(unit->startEspectro(880, 1080, 25), 0);
+    ASSERT_TRUE(unit.frameComes());
+    ASSERT_TRUE(unit.frameComes()) << "frames go on coming";
+    EXPECT_NEAR(unit.swept(985), 88, 1);
+    EXPECT_GT(unit.swept(985), unit.swept(983.5f) + 20);
+    // The point above 108 MHz was not covered, the one on it was.
+    EXPECT_EQ(unit.swept(1080.25f), 24);
+    std::set<float> levels;
+    for (int i = 0; i <= 800; ++i) levels.insert(unit.swept(880 + 0.25f * static_cast<float>(i)));
+    EXPECT_GT(levels.size(), 30u);
+    unit->parar();
+    EXPECT_EQ(unit->tramaEspectroRecibida(), 0);
+}
+
 TEST(LibraryStates, AStepOfZeroIsTwentyFiveKilohertz) {
     const SimulatedLibrary unit(kFast);
     unit->init();

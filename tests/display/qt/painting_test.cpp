@@ -67,6 +67,30 @@ TEST_F(Painting, OneReadoutChanged_OnePaintOfJustItsPlace) {
     EXPECT_LT(dirty.height(), 3 * label.height());
 }
 
+TEST_F(Painting, AWordTooLongForItsPlate_EndsOnIt) {
+    Label& label = sample->LabelValue;
+    label.surface = Surface::Well;
+    label.font = Font{140};
+    label.caption = "MMMM";
+    view(*sample).sync();
+    const QImage before = view(*sample).grab().toImage();
+    label.caption = std::string(400, 'M');
+    view(*sample).sync();
+    const QImage after = view(*sample).grab().toImage();
+    const qreal ratio = after.devicePixelRatio();
+    const QRectF box = desktop->scale().snapped(label.boxOnForm());
+    int inside = 0, beside = 0;
+    for (int y = 0; y < after.height(); ++y) {
+        for (int x = 0; x < after.width(); ++x) {
+            if (after.pixel(x, y) == before.pixel(x, y)) continue;
+            const QPointF at(x / ratio, y / ratio);
+            (box.adjusted(-1, -3, 1, 3).contains(at) ? inside : beside) += 1;
+        }
+    }
+    EXPECT_GT(inside, 0);
+    EXPECT_EQ(beside, 0);
+}
+
 TEST_F(Painting, ManyChangesBetweenTwoFrames_AreOnePaint) {
     QTest::qWait(100);
     const int before = view(*sample).paints();

@@ -29,7 +29,7 @@ std::set<std::string> namesInSources() {
     const std::regex assigned(R"re(picture\s*=\s*"([^"]+)")re");
     const std::regex bound(R"re(bindKey\([^,]+,\s*"([^"]+)",\s*"([^"]+)")re");
     std::set<std::string> names;
-    for (const char* folder : {"startup", "panels", "tuner", "analyses", "spectrum"}) {
+    for (const char* folder : {"startup", "panels", "tuner", "analyses", "spectrum", "analyzer"}) {
         const std::filesystem::path top = std::filesystem::path(HMONITOR_SOURCE_DIR) / folder;
         for (const auto& entry : std::filesystem::recursive_directory_iterator(top)) {
             if (entry.path().extension() != ".cpp" && entry.path().extension() != ".h") continue;

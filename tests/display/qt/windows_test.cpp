@@ -120,6 +120,44 @@ TEST_F(Windows, MessageBox_WaitsForItsKeyWhileTimersTick) {
     EXPECT_GE(times("Timer1 tick"), 2);
 }
 
+TEST_F(Windows, Question_IsAnsweredByItsKeysAndCancelledByEscape) {
+    showSample();
+    desktop->queue().openGate();
+    const auto answered = [&](const std::function<void(QMessageBox&)>& act) {
+        QTimer later;
+        later.setSingleShot(true);
+        QObject::connect(&later, &QTimer::timeout, &later, [&] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            EXPECT_EQ(box->buttons().size(), 2);
+            act(*box);
+        });
+        later.start(150);
+        return desktop->ask({"ATENCION!", "Delete?", BoxIcon::None});
+    };
+    const auto press = [](QMessageBox::ButtonRole role) {
+        return [role](QMessageBox& box) {
+            for (QAbstractButton* button : box.buttons())
+                if (box.buttonRole(button) == role) QTest::mouseClick(button, Qt::LeftButton);
+        };
+    };
+    EXPECT_EQ(answered(press(QMessageBox::AcceptRole)), BoxAnswer::Ok);
+    EXPECT_EQ(answered(press(QMessageBox::RejectRole)), BoxAnswer::Cancel);
+    EXPECT_EQ(answered([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); }),
+              BoxAnswer::Cancel);
+}
+
+TEST_F(Windows, Shortcut_PressesItsKeyFromWhereverTheKeyboardIs) {
+    sample->load();
+    sample->Key1.shortcut = "Ctrl+X";
+    showSample();
+    desktop->queue().openGate();
+    sample->heard.clear();
+    QTest::keyClick(&widget(sample->KeyDefault), Qt::Key_X, Qt::ControlModifier);
+    QTest::qWait(60);
+    EXPECT_EQ(times("Key1 click"), 1);
+}
+
 TEST_F(Windows, EndInsideAModalForm_LeavesEveryLoopAtOnce) {
     test::SampleForm asked(*desktop, "Asked");
     asked.Key1.onClick = [this] { desktop->end(); };

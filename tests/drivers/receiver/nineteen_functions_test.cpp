@@ -85,6 +85,22 @@ TEST(NineteenFunctions, ARackUsesThemOneAfterTheOther) {
     EXPECT_FALSE(receiver.step(1));
 }
 
+TEST(NineteenFunctions, AStepOf25GivesTheAnalyzerALevelAtEachPointThatTheBandCovers) {
+    const ReceiverLibrary receiver(kStation);
+    receiver.init();
+    receiver.step(0);
+    receiver->parar();
+    EXPECT_EQ(receiver->startEspectro(880, 1080, 25), 0);
+    EXPECT_TRUE(receiver.step(1));
+    EXPECT_NE(receiver->tramaEspectroRecibida(), 0);
+    EXPECT_GT(receiver.swept(985), receiver.swept(980) + 30);
+    EXPECT_NE(receiver.swept(985.25f), receiver.swept(985.75f)) << "each 25 kHz is a point";
+    EXPECT_EQ(receiver.swept(880), 0) << "beside the band there is nothing but the floor";
+    EXPECT_EQ(receiver.swept(1080), 0);
+    EXPECT_TRUE(receiver.step(1));
+    EXPECT_NE(receiver->tramaEspectroRecibida(), 0) << "frames go on coming";
+}
+
 TEST(NineteenFunctions, SumModeAndAverageDetectorAreTheirs) {
     const ReceiverLibrary receiver("source = synthetic\nscene = tones\npace = fast\n");
     receiver.init();

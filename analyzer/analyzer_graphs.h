@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string_view>
+
+#include "analyzer/density.h"
+#include "analyzer/density_colors.h"
+#include "core/int16.h"
+#include "display/canvas.h"
+
+namespace hmonitor {
+
+class Class1;
+
+/// The graph of the density map: 800 columns of 25 kHz, 70 rows of 1 dB.
+Class1 densityGraph(display::Canvas& canvas, Int16 stepKhz);
+/// The graph of one sweep as bars.
+Class1 sweepGraph(display::Canvas& canvas, Int16 columns, Int16 stepKhz, Int16 skipLabels);
+/// -1 past 25 columns, else 0.
+Int16 skipLabelsFor(int lastIndex);
+
+inline constexpr int kNotSeen = -1;
+/// The entry of the colour table for a cell that was counted so often: its share of the sweeps (not
+/// 0) in 5280ths, halves to even. kNotSeen under one 5280th.
+int densityEntry(double counted, std::int32_t acquisitions);
+
+/// Level i (from 1) of the spectrum that is made up while a session has none: a noise floor with a
+/// peak every 100 steps. `random` from 0 up to 1.
+double madeUpLevel(int i, double random);
+
+}  // namespace hmonitor

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <cmath>
+
+#include "analyzer/analyzer_graphs.h"
+#include "analyzer/frm_spectrum_analizer.h"
+#include "program/tuner.h"
+#include "program/unit_generation.h"
+#include "spectrum/class1.h"
+
+namespace hmonitor {
+
+void frmSpectrumAnalizer::butStart_Click() {
+    showRunning(Running::Yes);
+    // The key that was pressed blinks and loses the keyboard.
+    butPause_BW.takeFocus();
+    if (inDemoMode()) return;
+    toldFault_ = false;
+    if (measurement.CurrentSessionFile.empty()) {
+        measurement.CurrentSessionFile = UniqueSessionName("");
+        measurement.SpectralDensity.clear();
+        showCondition();
+    }
+    driver.HM_Parar();
+    lease_.tuneFor(AudioMode::LeftRight);
+    driver.HM_Parar();
+    const ScanRange range =
+        ScanRange::limited(measurement.SessionInfo.StartMHz, measurement.SessionInfo.StopMHz);
+    ScanStartMHz = range.startMHz;
+    ScanStopMHz = range.stopMHz;
+    sweep_.beginScan(range, fieldCorrection());
+    if (!std::isfinite(ScanStartMHz) || !std::isfinite(ScanStopMHz)) {
+        // The ends of a damaged session may be no numbers: nobody measures between those.
+        endScan();
+    } else if (givesFrames(HardwareVersion)) {
+        measurement.ScanRunning = -1;
+        frames_.start(ScanStartMHz * 10, ScanStopMHz * 10, StepKHz);
+    } else {
+        butSpecMode.caption = modeZoom();
+        butSpecMode.press();
+        ToggleScan();
+    }
+}
+
+void frmSpectrumAnalizer::ToggleScan() {
+    if (measurement.ScanRunning == 0) {
+        measurement.ScanRunning = -1;
+    } else {
+        measurement.countSweep();
+        showCount();
+        if (measurement.SessionInfo.Acquisitions > 0) SaveSession(measurement.CurrentSessionFile);
+        ShowSpectrum_3D();
+    }
+    runScanOld();
+}
+
+void frmSpectrumAnalizer::StopScan() {
+    measurement.ScanRunning = 0;
+    points_.stop();
+}
+
+void frmSpectrumAnalizer::runScanOld() {
+    if (inDemoMode()) {
+        show();
+        return;
+    }
+    driver.HM_Parar();
+    openBars();
+    show();
+    bars_->GraphClean();
+    // A range without a point would go round for ever.
+    if (sweep_.range().measures()) points_.measureOnAndOn(*this);
+    bars_.reset();
+    if (measurement.ScanRunning != 0) {
+        // There was nothing to measure: it ends as the pause key does.
+        StopScan();
+        showRunning(Running::No);
+    }
+    program.tuner->retune();
+    if (closeAfterRun_) close();
+}
+
+float frmSpectrumAnalizer::frequency(int index) const {
+    return scanFrequency(index);
+}
+
+void frmSpectrumAnalizer::roundBegins() {
+    sweep_.beginSweep();
+    if (points_.running()) return;
+    FrameBusy = -1;
+    changeCountColour();
+    measurement.countSweep();
+    showCount();
+    if (zoomOnShow()) openBars();
+}
+
+void frmSpectrumAnalizer::take(int index, float raw) {
+    const int level = sweep_.take(index, raw);
+    // What was measured below 88 MHz has no column.
+    if (bars_ && index >= 0) {
+        Int16 fromTop = 100 - level;
+        bars_->GraphLine(index + 1, fromTop);
+    }
+    if (points_.running() && measurement.ScanRunning != 0) blink();
+}
+
+void frmSpectrumAnalizer::refused(int index) {
+    StopScan();
+    showRunning(Running::No);
+    tellRefused(index);
+}
+
+void frmSpectrumAnalizer::roundEnds() {
+    const bool frame = !points_.running();
+    if (frame && !bars_) ShowSpectrum_3D();
+    // Both are written, whichever of them fails.
+    const auto textFault = sweep_.writeText(folder);
+    if (frame) {
+        SaveSession(measurement.CurrentSessionFile);
+        bars_.reset();
+        FrameBusy = 0;
+    }
+    tellOnce(textFault);
+}
+
+void frmSpectrumAnalizer::butPause_Click() {
+    desktop().pointer(display::PointerShape::Hourglass);
+    showRunning(Running::No);
+    butStart_BW.takeFocus();
+    StopScan();
+    if (frames_.running()) endScan();
+    desktop().pointer(display::PointerShape::Arrow);
+}
+
+void frmSpectrumAnalizer::endScan() {
+    showRunning(Running::No);
+    StopScan();
+    frames_.stop();
+    driver.HM_Parar();
+    program.tuner->retune();
+}
+
+}  // namespace hmonitor

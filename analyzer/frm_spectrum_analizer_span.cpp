@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "analyzer/frm_spectrum_analizer_span.h"
+
+#include "analyzer/analyzer_graphs.h"
+#include "analyzer/frm_spectrum_analizer.h"
+#include "analyzer/session_names.h"
+#include "core/language.h"
+#include "core/look.h"
+#include "core/numbers.h"
+#include "core/taken_for_granted.h"
+#include "core/text_lines.h"
+#include "program/point_run.h"
+#include "program/tuner.h"
+#include "spectrum/class1.h"
+#include "spectrum/window_look.h"
+
+namespace hmonitor {
+
+namespace {
+
+/// The middle of the run, in units of 100 kHz.
+constexpr double kCentre = 980;
+
+}  // namespace
+
+frmSpectrumAnalizerSpan::frmSpectrumAnalizerSpan(Program& itsProgram)
+    : ProgramForm(itsProgram, "frmSpectrumAnalizerSpan") {
+    Combo1.onClick = [this] { takeStep(); };
+    Command3D1.onClick = [this] { run(); };
+    Command3D2.onClick = [this] {
+        program.frmSpectrumAnalizer->show();
+        unload();
+    };
+}
+
+void frmSpectrumAnalizerSpan::onLoad() {
+    language = panelLanguage(desktop().userLanguageId());
+    Combo1.list.add("  Step Size 25KHz");
+    Combo1.select(0);
+    bandwidth_ = 10000;
+}
+
+void frmSpectrumAnalizerSpan::takeStep() {
+    constexpr std::size_t kStepFrom = 12;
+    const std::string_view step = Combo1.list.text().substr(kStepFrom, 2);
+    Text2.text = step == "10" ? "100" : step;
+}
+
+void frmSpectrumAnalizerSpan::run() {
+    if (inDemoMode()) {
+        program.frmSpectrumAnalizer->show();
+        unload();
+        return;
+    }
+    driver.HM_Parar();
+    driver.HM_getHardwareVersion(program.words.gHardwareVersion);
+    // A step under 1 kHz is none: the graph counts in whole kHz.
+    const double step = valueOf(Text2.text);
+    if (step >= 1) measure(step);
+    program.tuner->retune();
+    if (program.frmSpectrumAnalizer->measurement.ScanRunning == -1)
+        program.frmSpectrumAnalizer->ToggleScan();
+    unload();
+}
+
+void frmSpectrumAnalizerSpan::measure(double step) {
+    frmSpectrumAnalizer& its = *program.frmSpectrumAnalizer;
+    const int count = toWhole(bandwidth_ / step);
+    const double first = kCentre - bandwidth_ / 200 - step / 100;
+    const std::string levels = measurePoints(step, count, first);
+    const std::string& session = its.measurement.CurrentSessionFile;
+    if (levels.empty() || session.empty()) return;
+    const std::string head =
+        joinLines({wholeText(count).str(), Text2.text.get(), shortText(first / 10).str()});
+    tellFault(desktop(), its.folder.write(sweepFileName(session), head + levels + "\r\n"));
+}
+
+/// The points of the run: drawn in the analyzer's picture, counted in its session.
+class frmSpectrumAnalizerSpan::Points final : public LevelSink {
+ public:
+    Points(frmSpectrumAnalizer& analyzer, Class1& graph, float correction)
+        : analyzer_(analyzer), graph_(graph), correction_(correction) {}
+
+    int first() const override { return 1; }
+    int last() const override { return count; }
+    float frequency(int index) const override {
+        return static_cast<float>((before / 10 + index * step / 1000) * 10);
+    }
+    void take(int index, float raw) override {
+        const int level = scanLevel(raw, correction_);
+        Int16 fromTop = 100 - level;
+        graph_.GraphLine(index, fromTop);
+        analyzer_.measurement.CountLevel(index - 1, level);
+        levels += shortText(level).str() + "\r\n";
+        if (analyzer_.measurement.ScanRunning != 0) return;
+        left = true;
+        run->stop();
+    }
+    void refused(int) override { left = true; }
+
+    int count = 0;
+    double before = 0;  ///< of the point before the first, 100 kHz units
+    double step = 0;    ///< kHz
+    PointRun* run = nullptr;
+    bool left = false;  ///< the run ended before its time
+    std::string levels;
+
+ private:
+    frmSpectrumAnalizer& analyzer_;
+    Class1& graph_;
+    float correction_;
+};
+
+/// The lines of the levels; none when the run was left early.
+std::string frmSpectrumAnalizerSpan::measurePoints(double step, int count, double first) {
+    frmSpectrumAnalizer& its = *program.frmSpectrumAnalizer;
+    Class1 graph = sweepGraph(its.PictureZoom.drawing, count, toWhole(step), skipLabelsFor(count));
+    graph.BottomMargin = 490;
+    graph.GraphInit();
+    driver.HM_Parar();
+    its.show();
+    PointRun run(program, lease_, {&its.butPause, &its.butPause_BW});
+    Points points(its, graph, static_cast<float>(valueOf(StationState.DbCorrection10) / 10));
+    points.count = count;
+    points.before = first;
+    points.step = step;
+    points.run = &run;
+    measuring_ = true;
+    run.measure(points);
+    measuring_ = false;
+    return points.left ? std::string() : points.levels;
+}
+
+void frmSpectrumAnalizerSpan::layOut() {
+    constexpr float kWidth = 4800;
+    constexpr float kHeight = 2400;
+    width = kWidth;
+    height = kHeight;
+    caption = "Spectrum";
+    place(Faceplate, {0, 0, kWidth, kHeight}).surface = display::Surface::Faceplate;
+    place(Label3, {240, 240, 4320, 240}).caption = "Values for NEW spectrum run:";
+    Label3.font = look::kDialog;
+    place(Frame1, {240, 560, 4320, 960}).surface = display::Surface::Well;
+    place(FrameCaption, {160, 110, 3000, 220}, &Frame1).caption = "Frequency: BW";
+    FrameCaption.font = look::kCaption;
+    FrameCaption.colour = look::kCaptionColour;
+    place(Combo1, {160, 440, 2180, 360}, &Frame1).tabIndex = 1;
+    Combo1.says = {"Paso de la corrida", "Step of the run"};
+    place(Label1, {2520, 500, 500, 240}, &Frame1).caption = "Step";
+    Label1.font = look::kDialog;
+    place(Text2, {3040, 440, 620, 360}, &Frame1).tabIndex = 2;
+    Text2.maxLength = 4;
+    Text2.align = display::Align::Right;
+    Text2.font = look::kDialog;
+    Text2.says = {"Paso en kHz", "Step in kHz"};
+    place(Label2, {3740, 500, 440, 240}, &Frame1).caption = "Khz";
+    Label2.font = look::kDialog;
+    place(Command3D1, {240, 1740, 2040, look::kKeyHeight}).caption = "&New Run";
+    Command3D1.isDefault = true;
+    Command3D1.tabIndex = 3;
+    Command3D1.says = {"Medir", "Measure"};
+    place(Command3D2, {2520, 1740, 2040, look::kKeyHeight}).caption = "&Cancel";
+    Command3D2.isCancel = true;
+    Command3D2.tabIndex = 4;
+    Command3D2.says = {"Volver al analizador", "Back to the analyzer"};
+}
+
+}  // namespace hmonitor

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace hmonitor {
+
+/// kHz between the points of a sweep.
+inline constexpr int kScanStepKhz = 25;
+
+/// The step index of a frequency in MHz: 0 is 88 MHz, 800 is 108 MHz. Halves to even.
+std::int32_t scanIndex(float mhz);
+/// The frequency of an index in units of 100 kHz.
+float scanFrequency(int index);
+
+/// What a scan measures.
+struct ScanRange {
+    float startMHz = 0;
+    float stopMHz = 0;
+
+    /// Between the ends of a session, in their limits: a start under 87.5 becomes 87.5, a stop of
+    /// exactly 0 becomes 108, under 89 becomes 89, over 108 becomes 108.
+    static ScanRange limited(float startMHz, float stopMHz);
+
+    /// False for ends that are no numbers, a start above 108 and a stop below the start: such a
+    /// scan measures nothing.
+    bool measures() const;
+    int first() const { return scanIndex(startMHz); }
+    int last() const { return scanIndex(stopMHz); }
+};
+
+/// A level of the unit with the field correction (dB): its whole part towards minus infinity, held
+/// within 30 and 100.
+int scanLevel(float raw, float correction);
+
+/// The last sweep as the text file beside a session keeps it.
+class SweepText {
+ public:
+    void begin() { levels_.clear(); }
+    void add(int level);
+    /// The bytes: the last index, the step, one step below the start in MHz, a line for each level,
+    /// and an empty line.
+    std::string bytes(const ScanRange& range) const;
+
+ private:
+    std::string levels_;
+};
+
+}  // namespace hmonitor

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/files.h"
+
+namespace hmonitor {
+
+/// The folder "Logs" below the working folder, where sessions and their last sweeps lie. It is made
+/// when the first of them is written.
+class SessionFolder {
+ public:
+    /// `working` must outlive this. The watcher looks on at rewrites.
+    explicit SessionFolder(const Files& working, RewriteWatcher* watcher = nullptr);
+
+    /// The sessions, in the byte order of their folded names; equal ones by their bytes.
+    std::vector<std::string> list() const;
+    bool exists(std::string_view fileName) const { return files().exists(fileName); }
+
+    /// A free file name for a session, see uniqueSessionName. `asIfGone` counts as free.
+    std::string uniqueName(std::string_view name, std::string_view asIfGone = {}) const;
+    /// Whether uniqueName would give a name that is not taken.
+    bool hasFreeName(std::string_view name, std::string_view asIfGone = {}) const;
+
+    FileResult<std::string> read(std::string_view fileName) const { return files().read(fileName); }
+    /// Replaces the file whole, and makes the folder if it is missing.
+    std::optional<FileFault> write(std::string_view fileName, std::string_view bytes) const;
+    std::optional<FileFault> remove(std::string_view fileName) const {
+        return files().remove(fileName);
+    }
+    /// Gives a file another name, in the place of whatever has that name; nothing else goes wrong.
+    void rename(std::string_view from, std::string_view to) const;
+
+ private:
+    Files files() const;
+    std::string folderName() const;
+
+    const Files* working_;
+    RewriteWatcher* watcher_;
+};
+
+}  // namespace hmonitor

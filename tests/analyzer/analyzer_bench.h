@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/support/rack_bench.h"
+
+namespace hmonitor::test {
+
+/// The measuring rack and the analyzer over it, its sessions in a folder of the test's own.
+class AnalyzerBench : public testing::Test {
+ protected:
+    explicit AnalyzerBench(int languageId = RackBench::kEnglish);
+
+    /// Opens the window by its key; the journal of driver calls begins behind it.
+    void open(float version = 1.8f);
+    /// Stores a session of so many sweeps, each cell of its columns at one level.
+    void store(const std::string& name, int sweeps, const std::string& comment = "stored");
+    /// A frame arrives, one a tick of 500 ms.
+    void frames(int count);
+    void click(display::Key& key);
+    void click(display::Picture& key);
+    void choose(const std::string& session);
+
+    /// The session as its file has it.
+    SessionInfo storedInfo(const std::string& name);
+    bool hasLog(const std::string& name) const { return bench.exists("Logs/" + name); }
+    std::string log(const std::string& name) const { return bench.read("Logs/" + name); }
+    std::vector<std::string> sessions() const;
+    bool rackEnabled() const;
+    int callsOf(std::string_view beginning) const;
+    int counted(int column, int level) const;
+
+    RackBench bench;
+    frmSpectrumAnalizer& form;
+    frmEditMeasurement& editor;
+    Measurement& measurement;
+};
+
+}  // namespace hmonitor::test
