@@ -80,7 +80,8 @@ class Form_BandSCanner final : public ProgramForm, private LevelSink {
 
     void chooseOption();
     void fillOneByOne();
-    void closeKeySays(const char* words);
+    enum class CloseKey { Ok, Wait };
+    void closeKeySays(CloseKey what);
     void Command3D1_Click();
     void clearChart();
     void runOneByOne();

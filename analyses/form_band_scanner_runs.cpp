@@ -27,9 +27,9 @@ float tenths(int hundredths) {
 
 }  // namespace
 
-void Form_BandSCanner::closeKeySays(const char* words) {
-    CommandClose.caption = words;
-    if (CommandClose.caption != "Wait") {
+void Form_BandSCanner::closeKeySays(CloseKey what) {
+    CommandClose.caption = what == CloseKey::Wait ? "Wait" : "Ok";
+    if (what == CloseKey::Ok) {
         CommandClose.tip = kCloseTip;
     } else if (givesFrames(hardwareVersion_)) {
         CommandClose.tip = {"Se está midiendo: \"Stop\" detiene el barrido",
@@ -55,7 +55,7 @@ void Form_BandSCanner::Command3D1_Click() {
         endRun();
         return;
     }
-    closeKeySays("Wait");
+    closeKeySays(CloseKey::Wait);
     driver.HM_Parar();
     HScroll1.value = 0;
     clearChart();
@@ -68,7 +68,7 @@ void Form_BandSCanner::Command3D1_Click() {
 
 void Form_BandSCanner::endRun() {
     run_ = Run::None;
-    closeKeySays("Ok");
+    closeKeySays(CloseKey::Ok);
     Command3D1.caption = "&New Run";
 }
 

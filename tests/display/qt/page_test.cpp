@@ -50,24 +50,6 @@ PageDocument withMargins() {
     return document;
 }
 
-/// A form with a preview alone.
-class PagePreviewForm final : public Form {
- public:
-    explicit PagePreviewForm(Desktop& desktop) : Form(desktop, "PagePreviewForm") {
-        Key1.onClick = [this] { hide(); };
-    }
-    PagePreview ViewPro1{*this, "ViewPro1"};
-    Key Key1{*this, "Key1"};
-
- protected:
-    void layOut() override {
-        width = 9000.f;
-        height = 8000.f;
-        place(ViewPro1, {300, 300, 8400, 6900}).tabIndex = 1;
-        place(Key1, {300, 7300, 1200, 420}).isCancel = true;
-    }
-};
-
 /// A desktop whose printer writes its pages to a file.
 class PageDesktop final : public QtDesktop {
  public:
@@ -85,6 +67,24 @@ class PageDesktop final : public QtDesktop {
 };
 
 }  // namespace
+
+/// A form with a preview alone.
+class PagePreviewForm final : public Form {
+ public:
+    explicit PagePreviewForm(Desktop& desktop) : Form(desktop, "PagePreviewForm") {
+        Key1.onClick = [this] { hide(); };
+    }
+    PagePreview ViewPro1{*this, "ViewPro1"};
+    Key Key1{*this, "Key1"};
+
+ protected:
+    void layOut() override {
+        width = 9000.f;
+        height = 8000.f;
+        place(ViewPro1, {300, 300, 8400, 6900}).tabIndex = 1;
+        place(Key1, {300, 7300, 1200, 420}).isCancel = true;
+    }
+};
 
 class PagePaint : public QtBench {};
 
