@@ -30,9 +30,6 @@ display::Event door(Program& program, Slot<FormType>& target) {
     };
 }
 
-/// A key whose window is still to come: it shows its two pictures and does nothing else.
-void windowToCome() {}
-
 }  // namespace
 
 Form_D::Form_D(Program& itsProgram) : ProgramForm(itsProgram, "Form_D") {

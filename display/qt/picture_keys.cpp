@@ -105,16 +105,12 @@ void key(QPainter& painter, const QRectF& box, const PictureLook& look) {
     paintKey(painter, box, look, Face, Word.text);
 }
 
-}  // namespace
-
-namespace {
-
 enum class RunMark { Play, Pause };
 
 /// A key that runs or stops: its mark, green while the key is lit, and its words beside it.
 template <RunMark Mark, Cap Face>
 void runKey(QPainter& painter, const QRectF& box, const PictureLook& look) {
-    paintCap(painter, box, look.unit, Face, Mark == RunMark::Play ? CapMark::Amber : CapMark::None);
+    paintCap(painter, box, look.unit, Face);
     const bool lit = Face == Cap::Lit;
     const qreal size = std::min(6 * look.unit, box.height() * 0.2);
     const QPointF centre(box.left() + 3.4 * size, box.center().y());
