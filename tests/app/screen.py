@@ -62,14 +62,17 @@ def started(*command, **options):
 def is_running(process, name):
     """Numbers of processes come again: the name tells whether it is still that one."""
     try:
-        return pathlib.Path(f"/proc/{process}/comm").read_text().strip() == name
+        told = pathlib.Path(f"/proc/{process}/stat").read_text()
+        return f"({name})" in told and ") Z" not in told
     except FileNotFoundError:
         return False
 
 
 def stop(process, name):
+    """Until it is gone: a server takes the files of its folder with it."""
     if is_running(process, name):
         os.kill(process, signal.SIGTERM)
+        wait_for(lambda: not is_running(process, name), "the end of " + name)
 
 
 class Screen:
@@ -135,9 +138,16 @@ class Screen:
         if not self.managed:
             return
         self.manager = started("openbox", "--sm-disable", env=self.environment)
-        wait_for(lambda: "_NET_SUPPORTING_WM_CHECK(WINDOW)" in self.ask(
-            "xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "a window manager")
+        # It says that it is there before it takes requests: a window that comes in between is
+        # never managed. So it is asked for something until it did that.
+        wait_for(self.has_one_desktop, "a window manager")
         (self.folder / "state").write_text(f":{number} {self.manager} {self.server}")
+
+    def has_one_desktop(self):
+        if "= 1" in self.ask("xprop", "-root", "_NET_NUMBER_OF_DESKTOPS"):
+            return True
+        self.ask("xdotool", "set_num_desktops", "1")
+        return False
 
     def close(self, clean):
         """Gives the screen back; one that a failed case left is not for the next."""
