@@ -64,6 +64,8 @@ void frmSpectrumAnalizer::layOutHead() {
     LabelMode.font = display::Font{190, display::Weight::Bold};
     LabelMode.readout = true;
     LabelMode.says = {"Vista", "View"};
+    LabelMode.tip = {"La vista que se muestra: el último barrido o la densidad de todos",
+                     "The view on show: the last sweep, or the density of all"};
     place(cboCurrentMeasurementFile, {3200, kTop, 3100, kKeyHeight}).tabIndex = 1;
     cboCurrentMeasurementFile.firesAgain = true;
     cboCurrentMeasurementFile.says = {"Archivo de medición", "Measurement file"};
@@ -164,17 +166,50 @@ void frmSpectrumAnalizer::layOutInfo() {
         display::Label& label;
         display::Label& field;
         const char* words;
+        display::Words tip;
     };
     const Row rows[] = {
-        {MeasurementNameLabel, MeasurementNameField, "Nombre:"},
-        {MeasurementCommentLabel, MeasurementCommentField, "Comentario:"},
-        {MeasurementStartFreqLabel, MeasurementStartFreqField, "Frecuencia inicial:"},
-        {MeasurementStopFreqLabel, MeasurementStopFreqField, "Frecuencia final:"},
-        {MeasurementAquisitonsLabel, MeasurementAquisitonsField, "Cantidad de muestras:"},
-        {MeasurementTimeStampLabel, MeasurementTimeStampField, "Fecha:"},
-        {MeasurementLatLabel, MeasurementLatField, "Latitud:"},
-        {MeasurementLonLabel, MeasurementLonField, "Longitud:"},
-        {MeasurementAltLabel, MeasurementAltField, "Altitud:"},
+        {MeasurementNameLabel,
+         MeasurementNameField,
+         "Nombre:",
+         {"Nombre de la sesión y de su archivo", "Name of the session and of its file"}},
+        {MeasurementCommentLabel,
+         MeasurementCommentField,
+         "Comentario:",
+         {"Comentario guardado con la sesión", "Comment kept with the session"}},
+        {MeasurementStartFreqLabel,
+         MeasurementStartFreqField,
+         "Frecuencia inicial:",
+         {"Donde empieza cada barrido, MHz, 88.0 a 108.0",
+          "Where each sweep begins, MHz, 88.0 to 108.0"}},
+        {MeasurementStopFreqLabel,
+         MeasurementStopFreqField,
+         "Frecuencia final:",
+         {"Donde termina cada barrido, MHz, 88.0 a 108.0",
+          "Where each sweep ends, MHz, 88.0 to 108.0"}},
+        {MeasurementAquisitonsLabel,
+         MeasurementAquisitonsField,
+         "Cantidad de muestras:",
+         {"Barridos contados en la sesión", "Sweeps counted into the session"}},
+        {MeasurementTimeStampLabel,
+         MeasurementTimeStampField,
+         "Fecha:",
+         {"Cuando se creó la sesión", "When the session was created"}},
+        {MeasurementLatLabel,
+         MeasurementLatField,
+         "Latitud:",
+         {"Latitud del lugar: grados, minutos y segundos, 0 a 90°",
+          "Latitude of the place: degrees, minutes and seconds, 0 to 90°"}},
+        {MeasurementLonLabel,
+         MeasurementLonField,
+         "Longitud:",
+         {"Longitud del lugar: grados, minutos y segundos, 0 a 180°",
+          "Longitude of the place: degrees, minutes and seconds, 0 to 180°"}},
+        {MeasurementAltLabel,
+         MeasurementAltField,
+         "Altitud:",
+         {"Altitud del lugar sobre el nivel del mar, metros",
+          "Altitude of the place above sea level, metres"}},
     };
     constexpr float kStep = 432;
     place(FrameInfo, {kInfoLeft, kPanelTop - 10, kInfoWidth, 190}).caption =
@@ -189,6 +224,7 @@ void frmSpectrumAnalizer::layOutInfo() {
         row.field.font = kField;
         row.field.colour = display::kCyan;
         row.field.readout = true;
+        row.field.tip = row.tip;
         y += kStep;
     }
     place(FrameStatus, {kInfoLeft, y + 40, kInfoWidth, 190}).caption = "Estado";
@@ -196,6 +232,7 @@ void frmSpectrumAnalizer::layOutInfo() {
     place(Label_State, {kInfoLeft, y + 240, kInfoWidth, 150}).font = display::Font{115};
     Label_State.colour = look::kScaleColour;
     Label_State.readout = true;
+    Label_State.tip = {"Lo que hace el analizador ahora", "What the analyzer does now"};
     place(Label_Damaged, {kInfoLeft, y + 395, kInfoWidth, 150}).caption = "El archivo está dañado.";
     Label_Damaged.font = display::Font{115, display::Weight::Bold};
     Label_Damaged.colour = display::Colour{0x9090ff};

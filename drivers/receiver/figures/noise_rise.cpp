@@ -13,19 +13,19 @@ namespace {
 constexpr double kGuessStep = 0.125;  // between two guesses of the signal's highest
 constexpr std::size_t kStepsPerBin = 2;
 constexpr std::size_t kGuesses = 37;  // down to 4.5 below what was measured
-constexpr std::size_t kPlaces = static_cast<std::size_t>(NoiseRise::kDepth / kGuessStep) + kGuesses;
+constexpr std::size_t kSums = static_cast<std::size_t>(NoiseRise::kDepth / kGuessStep) + kGuesses;
 constexpr std::array kPowers{0.0, 0.1, 0.25, 0.5, 0.75, 1.0, 1.5, 2.0, 3.0};
 
 // For one power the logarithms of the shares of samples in a bin that begins at a place, and of
 // those from there on. Place 0 lies kDepth below the signal's highest.
 struct Shape {
-    std::array<double, kPlaces> inBin;
-    std::array<double, kPlaces> fromHere;
+    std::array<double, kSums> inBin;
+    std::array<double, kSums> fromHere;
 };
 
 // Shares of samples that noise brings over each place: the mean of (z - place) ^ power over the
 // noise's normal distribution.
-std::array<double, kPlaces + kStepsPerBin> sharesOver(double power) {
+std::array<double, kSums + kStepsPerBin> sharesOver(double power) {
     constexpr std::size_t kFinePerStep = 4;
     constexpr double kFine = kGuessStep / kFinePerStep;
     constexpr double kFarthest = 7;
@@ -35,7 +35,7 @@ std::array<double, kPlaces + kStepsPerBin> sharesOver(double power) {
         density.push_back(std::exp(-z * z / 2) * kFine / std::sqrt(2 * std::numbers::pi));
         grown.push_back(std::pow(z + NoiseRise::kDepth, power));
     }
-    std::array<double, kPlaces + kStepsPerBin> shares{};
+    std::array<double, kSums + kStepsPerBin> shares{};
     for (std::size_t k = 0; k < shares.size(); ++k)
         for (std::size_t n = k * kFinePerStep; n < density.size(); ++n)
             shares[k] += density[n] * grown[n - k * kFinePerStep];
@@ -46,7 +46,7 @@ Shape shapeOf(double power) {
     constexpr double kLeast = 1e-12;
     const auto over = sharesOver(power);
     Shape shape;
-    for (std::size_t k = 0; k < kPlaces; ++k) {
+    for (std::size_t k = 0; k < kSums; ++k) {
         shape.inBin[k] = std::log(std::max(kLeast, over[k] - over[k + kStepsPerBin]));
         shape.fromHere[k] = std::log(std::max(kLeast, over[k]));
     }
