@@ -103,7 +103,7 @@ def an_evening(rack, album):
         album.take(rack.screen, f"analyzer_{sweeps}_other")
         rack.click(ANALYZER, "butSpecMode")
         rack.steady_look(ANALYZER, "Panel3D1")
-        rack.click(ANALYZER, "cboCurrentMeasurementFile")
+        rack.open_list(ANALYZER, "cboCurrentMeasurementFile")
         rack.screen.type("Up", "Return")
     close_window(rack)
 

@@ -151,6 +151,17 @@ class Rack:
         self.screen.activate(self.wait_open(form))
         self.screen.click(*self.point(form, control, across, down))
 
+    def open_list(self, form, control):
+        """Opens a list by a click and waits until it has the keyboard: it is a window of its own."""
+
+        def windows():
+            return len(self.screen.ask("xdotool", "search", "--onlyvisible", "--pid",
+                                       str(self.program.pid)).split())
+
+        closed = windows()
+        self.click(form, control)
+        wait_for(lambda: windows() > closed, f"the list of {form}.{control}")
+
     def look(self, form, control):
         """The pixels of a control."""
         return self.screen.pixels.area(*self.box(form, control))

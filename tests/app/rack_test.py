@@ -43,7 +43,7 @@ def audio_mode(rack, album):
 def memory_steps(rack, album):
     """Over the empty memories in both directions, by mouse and by keyboard."""
     stored = list(rack.presets())
-    assert rack.memory() == stored[0], f"the start shows memory {rack.memory()}"
+    wait_for(lambda: rack.memory() == stored[0], f"memory {stored[0]} at the start")
 
     def stands(place, said):
         wait_for(lambda: rack.memory() == stored[place], f"memory {stored[place]}, {said}")

@@ -95,7 +95,9 @@ def whole_run(rack, album, option):
         assert max(told) > 60 and min(told) < 40, f"levels from {min(told)} to {max(told)}"
     rack.steady_look(SCANNER, "ChartView")
     album.take(rack.screen, "band_end")
+    at_end = rack.look(SCANNER, "HScroll1")
     rack.click(SCANNER, "HScroll1", 0.02)
+    wait_for(lambda: rack.look(SCANNER, "HScroll1") != at_end, "the chart a page back")
     rack.screen.type("Home")
     wait_for(lambda: not at_band_end(rack), "the chart at the band's start, by hand")
     album.take(rack.screen, "band_start")

@@ -5,6 +5,7 @@ import fcntl
 import mmap
 import os
 import pathlib
+import re
 import shutil
 import signal
 import struct
@@ -177,7 +178,9 @@ class Screen:
 
     def windows(self, title):
         """The visible windows of that title."""
-        return self.ask("xdotool", "search", "--onlyvisible", "--name", f"^{title}$").split()
+        # xdotool compares bytes of an encoding of its own: letters with accents match anything.
+        pattern = re.sub("[^ -~]", ".+", title)
+        return self.ask("xdotool", "search", "--onlyvisible", "--name", f"^{pattern}$").split()
 
     def box(self, window):
         """Left, top, width and height of what is inside the window's frame."""

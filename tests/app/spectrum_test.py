@@ -43,9 +43,7 @@ def ask_for(rack, row):
     rack.screen.activate(rack.wait_open(ASK))
     if row:
         # A click opens the list, Enter closes it: then it has the keyboard.
-        closed = rack.steady_look(ASK, "Combo1")
-        rack.click(ASK, "Combo1")
-        wait_for(lambda: rack.look(ASK, "Combo1") != closed, "the list of spans")
+        rack.open_list(ASK, "Combo1")
         rack.screen.type(*["Down"] * row, "Return")
 
 
