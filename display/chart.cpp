@@ -121,6 +121,14 @@ Colour Chart::seriesColourAt(int series) const {
     return colours_[seriesOf(series)];
 }
 
+double Chart::barWidth() const {
+    return kRowFill / std::max(columns_, 1);
+}
+
+double Chart::barMiddle(int r, int c) const {
+    return r + (c - (columns_ + 1) / 2.0) * barWidth();
+}
+
 void Chart::resetKind() {
     rows_ = 0;
     columns_ = 0;

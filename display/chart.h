@@ -70,6 +70,14 @@ class Chart final : public Control {
     void seriesColour(int column, Colour colour);
     Colour seriesColourAt(int column) const;
 
+    /// The share of a row that its bars fill, and of its place that a bar does; the rest parts it
+    /// from its neighbours.
+    static constexpr double kRowFill = 0.84;
+    static constexpr double kBarFill = 0.88;
+    /// The place of a bar and where the middle of one stands, in rows: row 3 has its middle at 3.
+    double barWidth() const;
+    double barMiddle(int row, int column) const;
+
     /// What the pointer over a cell is told, in the language of the form; without it, the data.
     std::function<std::string(int row, int column)> tellCell;
 

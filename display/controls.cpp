@@ -81,6 +81,7 @@ bool Picture::interactive() const {
 void Picture::resetKind() {
     picture = "";
     caption = "";
+    border = Border::None;
     held = false;
 }
 

@@ -111,6 +111,9 @@ class Shape final : public Control {
     void resetKind() override;
 };
 
+/// A plain line around a picture.
+enum class Border { None, Plain };
+
 /// A control that shows one of the program's own drawings by name, "" for none. With events bound
 /// it is a key: a press, then a release on it, or a cancel when the button comes up elsewhere.
 class Picture final : public Control {
@@ -122,6 +125,7 @@ class Picture final : public Control {
     Text picture{*this};
     /// Words on the key, where its drawing has room for them.
     Text caption{*this};
+    Property<Border> border{*this, Border::None};
 
     Event onPress, onRelease, onCancel, onClick;
     /// Between a press and what ends it.

@@ -14,6 +14,7 @@ namespace display {
 class Control;
 class Form;
 class PageDocument;
+class Panel;
 struct Box;
 struct Paper;
 
@@ -96,6 +97,10 @@ class Desktop {
     /// Prints the image of these windows, one under the other as they stand, on one page of the
     /// desktop's printer. Answers what went wrong, empty when it was printed.
     virtual std::string printImage(const std::vector<const Form*>& forms) = 0;
+
+    /// Prints a panel with what stands on it, whether its form is shown or hidden, on one page of
+    /// the desktop's printer. Answers what went wrong, empty when it was printed.
+    virtual std::string printSheet(const Panel& sheet) = 0;
 
     /// Prints these pages of a document, counted from 1, on the desktop's printer. Answers what
     /// went wrong, empty when they were printed.

@@ -219,6 +219,22 @@ void Drawing::reset() {
     lineWidth = 1;
 }
 
+void Drawing::take(const Drawing& other) {
+    unit_ = other.unit_;
+    frame_ = other.frame_;
+    marks_ = other.marks_;
+    // The cells of a map go on changing in the drawing that they come from.
+    for (Mark& mark : marks_) {
+        if (mark.map) mark.map = std::make_shared<CellMap>(*mark.map);
+    }
+    runs_.clear();
+    for (std::size_t i = 0; i < marks_.size(); ++i) noteInRun(i);
+    maps_ = other.maps_;
+    next_ = std::max(next_, other.next_);
+    ++rebuilt_;
+    owner_.touch();
+}
+
 void Drawing::clear() {
     if (marks_.empty()) return;
     wipe();

@@ -51,6 +51,9 @@ class Drawing final : public Canvas {
     /// Clears it and puts the pens back, as before the first mark; the scale stays.
     void reset();
 
+    /// Takes over scale and marks of another drawing, as a picture of it that stays as it is.
+    void take(const Drawing& other);
+
     const std::vector<Mark>& marks() const { return marks_; }
     /// Counts up whenever marks were dropped, so that a screen knows to paint anew.
     std::uint64_t rebuilt() const { return rebuilt_; }

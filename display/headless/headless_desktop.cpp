@@ -106,6 +106,13 @@ std::string HeadlessDesktop::printImage(const std::vector<const Form*>& forms) {
     return printerFault;
 }
 
+std::string HeadlessDesktop::printSheet(const Panel& sheet) {
+    note("print sheet of " + sheet.form().name());
+    printedSheets.push_back(&sheet);
+    if (duringSheet) duringSheet(sheet);
+    return printerFault;
+}
+
 std::string HeadlessDesktop::printPages(const PageDocument& document, int first, int last) {
     note("print pages");
     printedPages.push_back({document, first, last});

@@ -60,6 +60,9 @@ class HeadlessDesktop final : public Desktop {
     Control* focus = nullptr;
     int passes = 0;
     std::vector<std::vector<const Form*>> printed;
+    /// The sheets that were printed, and what happens while one is.
+    std::vector<const Panel*> printedSheets;
+    std::function<void(const Panel&)> duringSheet;
     struct PrintedPages {
         PageDocument document;
         int first = 0;
@@ -95,6 +98,7 @@ class HeadlessDesktop final : public Desktop {
     void giveFocus(Control& control) override;
     void setClipboardText(std::string_view text) override { clipboard = text; }
     std::string printImage(const std::vector<const Form*>& forms) override;
+    std::string printSheet(const Panel& sheet) override;
     std::string printPages(const PageDocument& document, int first, int last) override;
     Paper paper() const override { return paperSize; }
     void showHelp(std::string_view fileName) override;

@@ -6,17 +6,11 @@
 #include <QToolTip>
 #include <cmath>
 
+#include "display/qt/chart_painter.h"
 #include "display/qt/faces.h"
 #include "display/qt/palette.h"
 
 namespace display::qt {
-
-namespace {
-
-/// Share of a row that its bars fill; the rest parts it from its neighbours.
-constexpr double kRowFill = 0.84;
-
-}  // namespace
 
 ChartView::ChartView(Chart& chart, QWidget* parent)
     : QWidget(parent), chart_(chart), plot_(new QCustomPlot(this)) {
@@ -27,33 +21,29 @@ ChartView::ChartView(Chart& chart, QWidget* parent)
 }
 
 void ChartView::dress() {
-    plot_->setBackground(QBrush(QColor(kWellBottom)));
     plot_->axisRect()->setBackground(Qt::NoBrush);
     // The insets of the chart alone say where the plot lies.
     plot_->axisRect()->setAutoMargins(QCP::msNone);
     plot_->plotLayout()->setMargins(QMargins(0, 0, 0, 0));
-    const QPen line{QColor(kWellRim)};
+    plot_->yAxis->setTickLabels(false);
+}
+
+void ChartView::ink() {
+    const ChartInk ink = ChartInk::of(chart_);
+    plot_->setBackground(QBrush(ink.ground));
+    const QPen line{ink.line};
     for (QCPAxis* axis : {plot_->xAxis, plot_->yAxis}) {
         axis->setBasePen(line);
         axis->setTickPen(Qt::NoPen);
         axis->setSubTickPen(Qt::NoPen);
-        axis->setTickLabelColor(QColor(kText));
+        axis->setTickLabelColor(ink.words);
         axis->grid()->setPen(line);
         axis->grid()->setZeroLinePen(line);
     }
-    plot_->yAxis->setTickLabels(false);
 }
 
 double ChartView::scale() const {
     return chart_.width > 0 ? width() / double{chart_.width} : 0;
-}
-
-double ChartView::barWidth() const {
-    return kRowFill / std::max(chart_.columnCount(), 1);
-}
-
-double ChartView::placeOf(int row, int column) const {
-    return row + (column - (chart_.columnCount() + 1) / 2.0) * barWidth();
 }
 
 QColor ChartView::colourOf(int column) const {
@@ -71,8 +61,7 @@ void ChartView::layOut() {
     const auto pixels = [this](float units) { return qRound(units * scale()); };
     plot_->axisRect()->setMargins(QMargins(pixels(insets.left), pixels(insets.top),
                                            pixels(insets.right), pixels(insets.bottom)));
-    constexpr double kLabelUnits = 110;
-    plot_->xAxis->setTickLabelFont(Faces::get().font(kLabelUnits * scale(), Weight::Normal));
+    plot_->xAxis->setTickLabelFont(Faces::get().font(kChartLabelTwips * scale(), Weight::Normal));
 }
 
 void ChartView::labelRows() {
@@ -80,7 +69,7 @@ void ChartView::labelRows() {
     const int rows = chart_.rowCount();
     for (int row = 1; row <= rows; ++row) {
         const int column = chart_.rowLabelColumnAt(row);
-        ticker->addTick(column > 0 ? placeOf(row, column) : row,
+        ticker->addTick(column > 0 ? chart_.barMiddle(row, column) : row,
                         qText(chart_.rowLabelAt(row)).trimmed());
     }
     plot_->xAxis->setTicker(ticker);
@@ -101,7 +90,7 @@ void ChartView::drawBars() {
     const int columns = chart_.columnCount();
     for (int column = 1; column <= columns; ++column) {
         auto* bars = new QCPBars(plot_->xAxis, plot_->yAxis);
-        bars->setWidth(barWidth() * 0.88);
+        bars->setWidth(chart_.barWidth() * Chart::kBarFill);
         bars->setBaseValue(chart_.lowest);
         bars->setPen(Qt::NoPen);
         bars->setBrush(colourOf(column));
@@ -110,7 +99,7 @@ void ChartView::drawBars() {
             // A value under the scale is no bar, rather than one that hangs below it.
             if (!value || *value <= chart_.lowest) continue;
             // A bar is given by its height above its base.
-            bars->addData(placeOf(row, column), *value - chart_.lowest);
+            bars->addData(chart_.barMiddle(row, column), *value - chart_.lowest);
         }
     }
 }
@@ -135,17 +124,17 @@ void ChartView::drawCurves() {
 void ChartView::writeNote() {
     plot_->clearItems();
     if (chart_.note.empty()) return;
-    constexpr double kNoteUnits = 200;
     auto* note = new QCPItemText(plot_);
     note->position->setType(QCPItemPosition::ptAxisRectRatio);
     note->position->setCoords(0.5, 0.25);
     note->setText(qText(chart_.note));
-    note->setFont(Faces::get().font(kNoteUnits * scale(), Weight::Bold));
-    note->setColor(QColor(kText));
+    note->setFont(Faces::get().font(kChartNoteTwips * scale(), Weight::Bold));
+    note->setColor(ChartInk::of(chart_).words);
 }
 
 void ChartView::sync() {
     plot_->clearPlottables();
+    ink();
     writeNote();
     layOut();
     labelRows();
@@ -164,7 +153,8 @@ void ChartView::tellValue(QMouseEvent* event) {
     const int row = static_cast<int>(std::lround(at));
     int column = 1;
     if (chart_.style == Chart::Style::Bars)
-        column = static_cast<int>(std::floor((at - row + kRowFill / 2) / barWidth())) + 1;
+        column =
+            static_cast<int>(std::floor((at - row + Chart::kRowFill / 2) / chart_.barWidth())) + 1;
     if (row < 1 || row > chart_.rowCount() || column < 1 || column > chart_.columnCount() ||
         chart_.dataAt(row, column).empty()) {
         QToolTip::hideText();

@@ -25,6 +25,7 @@ class ChartView final : public QWidget, public ControlWidget {
 
  private:
     void dress();
+    void ink();
     void drawBars();
     void drawCurves();
     void layOut();
@@ -34,9 +35,6 @@ class ChartView final : public QWidget, public ControlWidget {
     QColor colourOf(int column) const;
     /// Pixels for a unit of the chart's box.
     double scale() const;
-    double barWidth() const;
-    /// Where the middle of a bar stands on the axis of rows.
-    double placeOf(int row, int column) const;
 
     Chart& chart_;
     QCustomPlot* plot_;

@@ -3,12 +3,9 @@
 
 #include <QImage>
 #include <QPainter>
-#include <map>
-#include <utility>
 #include <vector>
 
-#include "display/drawing.h"
-#include "display/qt/scale.h"
+#include "display/qt/mark_painter.h"
 
 namespace display::qt {
 
@@ -24,22 +21,8 @@ class DrawingImage {
     void paint(QPainter& painter, QPointF at) const;
 
  private:
-    struct Face {
-        QFont font;
-        qreal ascent = 0;
-    };
-
-    /// Whole device pixels, in logical ones.
-    qreal at(float units) const;
-    QRectF box(const Mark& mark) const;
-    void stroke(QPainter& painter, const Mark& mark) const;
-    void print(QPainter& painter, const Mark& mark);
-    void cells(QPainter& painter, const Mark& mark) const;
-    const Face& face(const Mark& mark);
-
     QImage image_;
-    qreal pxPerUnit_ = 0, pxPerWidth_ = 0, pxPerTwip_ = 0, ratio_ = 1;
-    std::map<std::pair<float, bool>, Face> faces_;  ///< by size and boldness
+    MarkPainter marks_;
 };
 
 }  // namespace display::qt

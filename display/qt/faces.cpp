@@ -102,8 +102,17 @@ const Faces& Faces::get() {
 
 namespace {
 
+/// Letters as high as paper has them, whose pixels are a tenth of the screen's. A point is another
+/// number of dots on a printer; a whole pixel is what it is, and costs no letter its shape.
+constexpr qreal kPaperPixels = 48;
+
 QFont ofHeight(const QString& family, qreal pixels) {
     QFont font(family);
+    if (pixels >= kPaperPixels) {
+        font.setPixelSize(qRound(pixels));
+        font.setHintingPreference(QFont::PreferNoHinting);
+        return font;
+    }
     const QScreen* screen = QGuiApplication::primaryScreen();
     const qreal dpi = screen ? screen->logicalDotsPerInchY() : 96;
     font.setPointSizeF(std::max(pixels, 1.0) * 72 / dpi);

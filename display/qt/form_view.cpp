@@ -267,26 +267,9 @@ void FormView::makeBehind() {
     paintBehind(rect());
 }
 
-void FormView::paintWhole(QPainter& painter) {
-    paintFormGround(painter, rect());
-    for (Item& item : items_) {
-        if (item.shown) paintItem(painter, item);
-    }
-}
-
-void FormView::paintForPaper(QPainter& painter) {
-    wholePaint_ = true;
-    render(&painter, QPoint(), QRegion(), DrawChildren);
-    wholePaint_ = false;
-}
-
 void FormView::paintEvent(QPaintEvent* event) {
     ++paints_;
     QPainter painter(this);
-    if (wholePaint_) {
-        paintWhole(painter);
-        return;
-    }
     if (behind_.isNull() || behind_.size() != size() * scale_.deviceRatio()) makeBehind();
     const QRegion& region = event->region();
     const qreal ratio = scale_.deviceRatio();

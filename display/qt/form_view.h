@@ -47,10 +47,6 @@ class FormView final : public QWidget {
     /// for the form at that, the largest at which it stands whole.
     Scale wantedScale() const;
 
-    /// Paints the whole form with its widgets, without the picture behind: as sharp as the
-    /// painter's paper.
-    void paintForPaper(QPainter& painter);
-
     /// The tool tip of what is painted there, in the language of the form; empty for none.
     QString tipAt(QPoint px) const;
 
@@ -93,7 +89,6 @@ class FormView final : public QWidget {
     void measure(Item& item);
     void liven(std::size_t index);
     void livenAbove(std::size_t index, const QRect& where);
-    void paintWhole(QPainter& painter);
     void paintItem(QPainter& painter, Item& item);
     void paintBehind(const QRect& where);
     void makeBehind();
@@ -121,7 +116,6 @@ class FormView final : public QWidget {
     int paints_ = 0;
     QRegion lastDirty_;
     std::unique_ptr<SpokenLabels> spoken_;
-    bool wholePaint_ = false;
 };
 
 }  // namespace display::qt

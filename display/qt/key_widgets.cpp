@@ -11,6 +11,7 @@
 #include "display/qt/palette.h"
 #include "display/qt/pictures.h"
 #include "display/qt/qt_desktop.h"
+#include "display/qt/surfaces.h"
 
 namespace display::qt {
 
@@ -172,17 +173,20 @@ void KeyWidget::sync() {
     update();
 }
 
+void paintPushKey(QPainter& painter, const QRectF& box, const PushKeyLook& look) {
+    (look.usable ? paintCap : paintDimCap)(painter, box, look.unit, look.cap);
+    QColor colour(look.cap == Cap::Lit ? kLitText : kKeyText);
+    if (look.cap == Cap::Dark && !(look.colour == kWhite))
+        colour = legibleOn(QColor(kKeyTop), qColour(look.colour));
+    if (!look.usable) colour = QColor(kKeyTextOff);
+    paintCapText(painter, box, look.unit, colour, look.words);
+}
+
 void KeyWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const qreal unit = desktop_.scale().px(10);
-    const Cap cap = key_.lit || isDown() ? Cap::Lit : Cap::Dark;
-    (isEnabled() ? paintCap : paintDimCap)(painter, rect(), unit, cap);
-    QColor colour(cap == Cap::Lit ? kLitText : kKeyText);
-    if (cap == Cap::Dark && !(key_.colour.get() == kWhite)) {
-        colour = legibleOn(QColor(kKeyTop), qColour(key_.colour));
-    }
-    if (!isEnabled()) colour = QColor(kKeyTextOff);
-    paintCapText(painter, rect(), unit, colour, text());
+    paintPushKey(painter, rect(),
+                 {text(), key_.colour, key_.lit || isDown() ? Cap::Lit : Cap::Dark,
+                  desktop_.scale().px(10), isEnabled()});
     if (hasFocus() && desktop_.keyboardUsed()) paintFocusRing(painter, rect());
 }
 
@@ -197,15 +201,6 @@ void KeyWidget::keyPressEvent(QKeyEvent* event) {
 }
 
 namespace {
-
-bool standsOnLight(const Control& control) {
-    for (const Panel* in = control.container; in; in = in->container) {
-        if (in->surface != Surface::None) {
-            return in->surface == Surface::Plate || in->surface == Surface::Sheet;
-        }
-    }
-    return false;
-}
 
 /// The words beside a check mark: dark on a light plate.
 void dressWords(QWidget& widget, const Control& control, const QtDesktop& desktop) {

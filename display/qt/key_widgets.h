@@ -6,6 +6,7 @@
 #include <QRadioButton>
 
 #include "display/qt/control_widget.h"
+#include "display/qt/pictures.h"
 
 class QShortcut;
 
@@ -99,6 +100,16 @@ class OptionWidget final : public QRadioButton, public ControlWidget {
     QtDesktop& desktop_;
     Option& option_;
 };
+
+/// A push key as it stands on the screen and on paper. unit is a natural pixel (ten twips) there.
+struct PushKeyLook {
+    QString words;
+    Colour colour = kWhite;
+    Cap cap = Cap::Dark;
+    qreal unit = 1;
+    bool usable = true;
+};
+void paintPushKey(QPainter& painter, const QRectF& box, const PushKeyLook& look);
 
 /// Where the keyboard is: a ring inside the edge of a widget.
 void paintFocusRing(QPainter& painter, const QRectF& box);

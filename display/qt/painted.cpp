@@ -80,7 +80,9 @@ class PaintedPicture final : public Painted {
     QRectF reach() const override { return box_; }
 
     void paint(QPainter& painter) override {
-        if (picture_.picture.empty() || box_.isEmpty()) return;
+        if (box_.isEmpty()) return;
+        if (picture_.border == Border::Plain) paintBorder(painter);
+        if (picture_.picture.empty()) return;
         painter.save();
         painter.setRenderHint(QPainter::Antialiasing, true);
         paintPicture(painter, picture_.picture, box_, look_);
@@ -88,6 +90,15 @@ class PaintedPicture final : public Painted {
     }
 
  private:
+    void paintBorder(QPainter& painter) const {
+        const QColor colour(standsOnLight(picture_) ? kPaperLine : kWellRim);
+        const qreal wide = look_.unit;
+        painter.fillRect(QRectF(box_.left(), box_.top(), box_.width(), wide), colour);
+        painter.fillRect(QRectF(box_.left(), box_.bottom() - wide, box_.width(), wide), colour);
+        painter.fillRect(QRectF(box_.left(), box_.top(), wide, box_.height()), colour);
+        painter.fillRect(QRectF(box_.right() - wide, box_.top(), wide, box_.height()), colour);
+    }
+
     Picture& picture_;
     QRectF box_;
     PictureLook look_;

@@ -22,6 +22,8 @@ inline constexpr QRgb kWellBottom = 0xff050709;
 inline constexpr QRgb kWellRim = 0xff2f363f;
 inline constexpr QRgb kPlateTop = 0xffd9dee5;
 inline constexpr QRgb kPlateBottom = 0xffbdc5cf;
+/// Grid lines on white paper.
+inline constexpr QRgb kPaperLine = 0xffbcc3cb;
 inline constexpr QRgb kKeyTop = 0xff3a424d;
 inline constexpr QRgb kKeyBottom = 0xff262c34;
 inline constexpr QRgb kKeyEdge = 0xff0d0f12;

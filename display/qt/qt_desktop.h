@@ -27,6 +27,7 @@ class FormView;
 class FormWindow;
 class HelpWindow;
 class RackWindow;
+struct PageContent;
 
 /// The desktop on Qt 6 Widgets. One wake-up timer feeds the queue; raw input becomes calls of a
 /// Hand; once a frame the windows take over what is newer than what they drew.
@@ -60,6 +61,7 @@ class QtDesktop : public Desktop {
     void giveFocus(Control& control) override;
     void setClipboardText(std::string_view text) override;
     std::string printImage(const std::vector<const Form*>& forms) override;
+    std::string printSheet(const Panel& sheet) override;
     std::string printPages(const PageDocument& document, int first, int last) override;
     Paper paper() const override;
     void showHelp(std::string_view fileName) override;
@@ -112,6 +114,8 @@ class QtDesktop : public Desktop {
     virtual std::string preparePrinter(QPrinter& printer) const;
 
  private:
+    std::string printContent(const PageContent& content) const;
+
     /// What stands on the stack of the one thread.
     enum class Phase { Idle, Handling, Modal, Box };
     enum class BoxKeys { Ok, OkAndCancel };

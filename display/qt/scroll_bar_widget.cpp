@@ -19,7 +19,44 @@ namespace {
 constexpr qreal kSmallestThumb = 26;
 constexpr int kWheelNotch = 120;
 
+qreal lengthOf(const ScrollBar& bar, QSizeF size) {
+    return bar.vertical ? size.height() : size.width();
+}
+
+qreal thumbLengthOf(const ScrollBar& bar, QSizeF size) {
+    const qreal length = lengthOf(bar, size);
+    const qreal steps = bar.maximum - bar.minimum + bar.pageStep;
+    const qreal share = steps > 0 ? length * bar.pageStep / steps : length;
+    return std::clamp(share, std::min(kSmallestThumb, length), length);
+}
+
 }  // namespace
+
+QRectF thumbOf(const ScrollBar& bar, QSizeF size) {
+    const qreal thumb = thumbLengthOf(bar, size);
+    const int steps = bar.maximum - bar.minimum;
+    const qreal room = lengthOf(bar, size) - thumb;
+    const qreal from = steps > 0 ? room * (bar.thumb - bar.minimum) / steps : 0;
+    return bar.vertical ? QRectF(0, from, size.width(), thumb)
+                        : QRectF(from, 0, thumb, size.height());
+}
+
+void paintScrollBar(QPainter& painter, const ScrollBar& bar, QSizeF size, qreal unit, Thumb thumb) {
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    const QRectF groove = QRectF(QPointF(), size).adjusted(0.5, 0.5, -0.5, -0.5);
+    const qreal radius = std::min(std::min(groove.width(), groove.height()) / 2, 9 * unit);
+    painter.setPen(QPen(QColor(0x0a, 0x0c, 0x0f), 1));
+    painter.setBrush(QColor(kWellBottom));
+    painter.drawRoundedRect(groove, radius, radius);
+    const QRectF grip = thumbOf(bar, size).adjusted(2, 2, -2, -2);
+    const bool gripped = thumb == Thumb::Gripped;
+    QLinearGradient metal(grip.topLeft(), grip.bottomLeft());
+    metal.setColorAt(0, QColor(gripped ? 0xff7d8896 : 0xff65707e));
+    metal.setColorAt(1, QColor(gripped ? 0xff515b68 : 0xff3b434e));
+    painter.setPen(QPen(QColor(0x10, 0x12, 0x15), 1));
+    painter.setBrush(thumb == Thumb::Unusable ? QBrush(QColor(0x2a, 0x2f, 0x37)) : QBrush(metal));
+    painter.drawRoundedRect(grip, radius - 2, radius - 2);
+}
 
 ScrollBarWidget::ScrollBarWidget(QtDesktop& desktop, ScrollBar& bar, QWidget* parent)
     : QAbstractSlider(parent), desktop_(desktop), bar_(bar) {
@@ -44,26 +81,8 @@ qreal ScrollBarWidget::along(QPointF at) const {
     return bar_.vertical ? at.y() : at.x();
 }
 
-qreal ScrollBarWidget::length() const {
-    return bar_.vertical ? height() : width();
-}
-
-qreal ScrollBarWidget::thumbLength() const {
-    const qreal steps = bar_.maximum - bar_.minimum + bar_.pageStep;
-    const qreal share = steps > 0 ? length() * bar_.pageStep / steps : length();
-    return std::clamp(share, std::min(kSmallestThumb, length()), length());
-}
-
-QRectF ScrollBarWidget::thumb() const {
-    const qreal room = length() - thumbLength();
-    const int steps = bar_.maximum - bar_.minimum;
-    const qreal from = steps > 0 ? room * (bar_.thumb - bar_.minimum) / steps : 0;
-    return bar_.vertical ? QRectF(0, from, width(), thumbLength())
-                         : QRectF(from, 0, thumbLength(), height());
-}
-
 int ScrollBarWidget::positionAt(qreal thumbStart) const {
-    const qreal room = length() - thumbLength();
+    const qreal room = lengthOf(bar_, size()) - thumbLengthOf(bar_, size());
     if (room <= 0) return bar_.minimum;
     const qreal share = std::clamp(thumbStart / room, 0.0, 1.0);
     return bar_.minimum + static_cast<int>(std::lround(share * (bar_.maximum - bar_.minimum)));
@@ -71,20 +90,9 @@ int ScrollBarWidget::positionAt(qreal thumbStart) const {
 
 void ScrollBarWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing, true);
-    const qreal unit = desktop_.scale().px(10);
-    const QRectF groove = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
-    const qreal radius = std::min(std::min(groove.width(), groove.height()) / 2, 9 * unit);
-    painter.setPen(QPen(QColor(0x0a, 0x0c, 0x0f), 1));
-    painter.setBrush(QColor(kWellBottom));
-    painter.drawRoundedRect(groove, radius, radius);
-    const QRectF grip = thumb().adjusted(2, 2, -2, -2);
-    QLinearGradient metal(grip.topLeft(), grip.bottomLeft());
-    metal.setColorAt(0, QColor(gripped_ ? 0xff7d8896 : 0xff65707e));
-    metal.setColorAt(1, QColor(gripped_ ? 0xff515b68 : 0xff3b434e));
-    painter.setPen(QPen(QColor(0x10, 0x12, 0x15), 1));
-    painter.setBrush(isEnabled() ? QBrush(metal) : QBrush(QColor(0x2a, 0x2f, 0x37)));
-    painter.drawRoundedRect(grip, radius - 2, radius - 2);
+    const Thumb usable = isEnabled() ? Thumb::Free : Thumb::Unusable;
+    paintScrollBar(painter, bar_, size(), desktop_.scale().px(10),
+                   gripped_ ? Thumb::Gripped : usable);
     if (hasFocus() && desktop_.keyboardUsed()) paintFocusRing(painter, rect());
 }
 

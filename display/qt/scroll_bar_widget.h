@@ -7,6 +7,12 @@
 
 namespace display::qt {
 
+/// Where the thumb of a bar of that size stands, in pixels.
+QRectF thumbOf(const ScrollBar& bar, QSizeF size);
+/// The bar with its upper left corner at the painter's origin, in pixels; unit is a natural one.
+enum class Thumb { Free, Gripped, Unusable };
+void paintScrollBar(QPainter& painter, const ScrollBar& bar, QSizeF size, qreal unit, Thumb thumb);
+
 /// A scroll bar in the look of the rack. The thumb shows where it is dragged and acts at its
 /// release; arrows, page keys, wheel and clicks beside the thumb act at once.
 class ScrollBarWidget final : public QAbstractSlider, public ControlWidget {
@@ -16,7 +22,7 @@ class ScrollBarWidget final : public QAbstractSlider, public ControlWidget {
     void sync() override;
 
     /// Where the thumb stands, in the widget's pixels.
-    QRectF thumb() const;
+    QRectF thumb() const { return thumbOf(bar_, size()); }
 
  protected:
     void paintEvent(QPaintEvent* event) override;
@@ -31,8 +37,6 @@ class ScrollBarWidget final : public QAbstractSlider, public ControlWidget {
  private:
     void loseThumb();
     qreal along(QPointF at) const;
-    qreal length() const;
-    qreal thumbLength() const;
     int positionAt(qreal thumbStart) const;
 
     QtDesktop& desktop_;

@@ -141,6 +141,14 @@ void paintSurface(QPainter& painter, Surface surface, const QRectF& box, qreal u
     painter.restore();
 }
 
+bool standsOnLight(const Control& control) {
+    for (const Panel* in = control.container; in; in = in->container) {
+        if (in->surface != Surface::None)
+            return in->surface == Surface::Plate || in->surface == Surface::Sheet;
+    }
+    return false;
+}
+
 void paintFormGround(QPainter& painter, const QRectF& box) {
     painter.fillRect(box, QColor(0x20, 0x24, 0x2b));
 }

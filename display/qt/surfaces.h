@@ -12,6 +12,9 @@ namespace display::qt {
 /// canvas.
 void paintSurface(QPainter& painter, Surface surface, const QRectF& box, qreal unit);
 
+/// Whether a control stands on white or nearly so, where words are dark.
+bool standsOnLight(const Control& control);
+
 /// What lies behind a form that brings no panel of its own.
 void paintFormGround(QPainter& painter, const QRectF& box);
 

@@ -9,6 +9,7 @@
 #include "display/qt/key_widgets.h"
 #include "display/qt/palette.h"
 #include "display/qt/qt_desktop.h"
+#include "display/qt/surfaces.h"
 
 namespace display::qt {
 
@@ -26,6 +27,9 @@ void TextFieldWidget::sync() {
                  : field_.align == Align::Centre ? Qt::AlignHCenter
                                                  : Qt::AlignLeft);
     QPalette colours = palette();
+    const bool onPaper = standsOnLight(field_);
+    setFrame(!onPaper);
+    colours.setColor(QPalette::Base, onPaper ? QColor(Qt::white) : housePalette().base().color());
     colours.setColor(QPalette::Active, QPalette::Text, qColour(field_.colour));
     colours.setColor(QPalette::Inactive, QPalette::Text, qColour(field_.colour));
     setPalette(colours);

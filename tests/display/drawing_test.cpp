@@ -54,6 +54,38 @@ TEST_F(Drawings, KeepWhatTheyShowInOrder) {
     EXPECT_LT(line.number, text.number);
 }
 
+TEST_F(Drawings, ACopyStaysAsItIs) {
+    drawing.foreground = kRed;
+    drawing.box(0, 0, 50, 50);
+    const CellGrid grid{10, 10, 2, 2, 20, 20};
+    drawing.cell(grid, 3, 3);
+    SampleForm other(desktop, "Other");
+    other.show();
+    Drawing& copy = other.PictureBox1.drawing;
+    copy.scale(9, 0);
+    copy.foreground = kGreen;
+    copy.print("gone");
+    const auto revision = other.PictureBox1.revision();
+    const auto rebuilt = copy.rebuilt();
+    copy.take(drawing);
+    EXPECT_GT(other.PictureBox1.revision(), revision);
+    EXPECT_GT(copy.rebuilt(), rebuilt);
+    EXPECT_EQ(copy.unit(), drawing.unit());
+    EXPECT_EQ(copy.scaleWidth(), drawing.scaleWidth());
+    ASSERT_EQ(copy.marks().size(), 2u);
+    EXPECT_EQ(copy.marks()[0].colour, kRed);
+    const auto cells = copy.marks()[1].map->cells;
+    EXPECT_EQ(cells, drawing.marks()[1].map->cells);
+    // Neither map nor marks of the other one are this one's.
+    drawing.cell(grid, 4, 4);
+    EXPECT_EQ(copy.marks()[1].map->cells, cells);
+    drawing.clear();
+    EXPECT_EQ(copy.marks().size(), 2u);
+    // What is drawn on goes on as on any other.
+    copy.box(0, 0, copy.outerWidth(), copy.outerHeight());
+    EXPECT_EQ(copy.marks().size(), 1u);
+}
+
 TEST_F(Drawings, EachMarkRaisesTheRevision) {
     auto before = form.PictureBox1.revision();
     drawing.box(0, 0, 1, 1);

@@ -1,0 +1,388 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Forms and sheets on paper, read back from their dots.
+#include <QFile>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPrinter>
+#include <QTemporaryDir>
+
+#include "display/chart.h"
+#include "display/qt/chart_painter.h"
+#include "display/qt/form_painter.h"
+#include "display/qt/page_writer.h"
+#include "tests/display/qt/qt_bench.h"
+
+namespace display::qt {
+
+/// A sheet with one of each thing that pages have, and keys beside it.
+class PaperForm final : public Form {
+ public:
+    explicit PaperForm(Desktop& desktop) : Form(desktop, "PaperForm") {
+        Beside.onClick = [] {};
+        Key1.onClick = [] {};
+        HScroll1.onChange = [] {};
+    }
+    Panel Faceplate{*this, "Faceplate"};
+    Panel Sheet{*this, "Sheet"};
+    Label Heading{*this, "Heading"};
+    Line Rule{*this, "Rule"};
+    Picture Logo{*this, "Logo"};
+    PictureBox Graph{*this, "Graph"};
+    Chart Bars{*this, "Bars"};
+    TextField Comment{*this, "Comment"};
+    Key Key1{*this, "Key1"};
+    ScrollBar HScroll1{*this, "HScroll1"};
+    Key Beside{*this, "Beside"};
+
+    static constexpr float kLeft = 300, kTop = 400;
+
+ protected:
+    void layOut() override {
+        width = 9000.f;
+        height = 7000.f;
+        place(Faceplate, {0, 0, 9000, 7000}).surface = Surface::Faceplate;
+        place(Sheet, {kLeft, kTop, 8000, 6000}).surface = Surface::Sheet;
+        place(Heading, {400, 200, 3000, 300}, &Sheet).caption = "HHHHHH";
+        Heading.colour = kBlack;
+        Heading.font = Font{240};
+        place(Rule, 400, 700, 7600, 700, &Sheet).colour = kRed;
+        place(Logo, {5000, 200, 2600, 400}, &Sheet).border = Border::Plain;
+        place(Graph, {400, 1000, 3000, 2000}, &Sheet);
+        place(Bars, {4000, 1000, 3600, 2000}, &Sheet);
+        place(Comment, {400, 4500, 3000, 600}, &Sheet).font = Font{160};
+        Comment.colour = kBlack;
+        place(Key1, {400, 5300, 1200, 400}, &Sheet).caption = "Key";
+        place(HScroll1, {2000, 5300, 2000, 240}, &Sheet).range(0, 10, 2);
+        place(Beside, {300, 6500, 2000, 400}).caption = "Beside";
+    }
+};
+
+class Paper_ : public QtBench {
+ protected:
+    Paper_() { form.load(); }
+
+    static constexpr qreal kDot = 0.1;  ///< dots a twip
+
+    static int dot(float twips) { return qRound(twips * kDot); }
+
+    QImage picture(QSizeF twips, const std::function<void(QPainter&)>& paint) {
+        QImage image((twips * kDot).toSize(), QImage::Format_RGB32);
+        image.fill(Qt::magenta);
+        QPainter painter(&image);
+        painter.scale(kDot, kDot);
+        paint(painter);
+        return image;
+    }
+    QImage sheet() {
+        return picture({8000, 6000}, [&](QPainter& p) { paintSheet(p, form.Sheet, kDot); });
+    }
+    QImage whole() {
+        return picture({9000, 7000}, [&](QPainter& p) { paintForm(p, form, kDot); });
+    }
+    static QRect dotsOf(const QImage& image, const QRect& within,
+                        const std::function<bool(QColor)>& wanted) {
+        QRect found;
+        const QRect place = within & image.rect();
+        for (int y = place.top(); y <= place.bottom(); ++y) {
+            for (int x = place.left(); x <= place.right(); ++x) {
+                if (wanted(image.pixelColor(x, y))) found |= QRect(x, y, 1, 1);
+            }
+        }
+        return found;
+    }
+    static bool dark(QColor colour) { return qGray(colour.rgb()) < 128; }
+    static QRect boxOf(const Control& control) {
+        return {dot(control.left), dot(control.top), dot(control.width), dot(control.height)};
+    }
+    QRect inkOf(const QImage& image, const Control& control) {
+        return dotsOf(image, boxOf(control), dark);
+    }
+
+    PaperForm form{*desktop};
+};
+
+TEST_F(Paper_, ASheetStandsAloneWithWhatLiesOnIt) {
+    const QImage image = sheet();
+    EXPECT_EQ(image.pixelColor(1, 1), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(798, 598), QColor(Qt::white));
+    const QRect heading = inkOf(image, form.Heading);
+    EXPECT_NEAR(heading.left(), dot(400), 4);
+    EXPECT_GT(heading.width(), 80);
+    EXPECT_EQ(image.pixelColor(dot(4000), dot(700)), QColor(Qt::red));
+    // The same on the whole form, beside the rest of it.
+    const QImage all = whole();
+    EXPECT_EQ(all.pixelColor(dot(4000 + PaperForm::kLeft), dot(700 + PaperForm::kTop)),
+              QColor(Qt::red));
+    EXPECT_NE(all.pixelColor(dot(100), dot(3000)), QColor(Qt::magenta));
+    EXPECT_NE(all.pixelColor(dot(100), dot(3000)), QColor(Qt::white));
+}
+
+TEST_F(Paper_, NoWindowHasToStand) {
+    EXPECT_FALSE(form.visible);
+    EXPECT_EQ(desktop->viewOf(form), nullptr);
+    EXPECT_FALSE(inkOf(sheet(), form.Heading).isEmpty());
+    EXPECT_EQ(desktop->viewOf(form), nullptr);
+}
+
+TEST_F(Paper_, WhatIsHiddenIsNotThere) {
+    form.Heading.visible = false;
+    EXPECT_TRUE(inkOf(sheet(), form.Heading).isEmpty());
+    form.Sheet.visible = false;
+    EXPECT_NE(whole().pixelColor(dot(2000), dot(2000)), QColor(Qt::white));
+}
+
+TEST_F(Paper_, ABorderIsALineAroundItsPicture) {
+    const auto line = [&] {
+        return dotsOf(sheet(), boxOf(form.Logo), [](QColor c) { return qGray(c.rgb()) < 230; });
+    };
+    EXPECT_EQ(line(), boxOf(form.Logo));
+    form.Logo.border = Border::None;
+    EXPECT_TRUE(line().isEmpty());
+    form.Logo.picture = "InkTeskel";
+    EXPECT_FALSE(line().isEmpty());
+}
+
+TEST_F(Paper_, ADrawingIsItsMarksCutAtItsBox) {
+    Drawing& drawing = form.Graph.drawing;
+    drawing.scale(10, 0);  // 300 by 200
+    drawing.foreground = kGreen;
+    drawing.box(100, 50, 1000, 150);
+    drawing.foreground = kRed;
+    drawing.box(20, 50, 20, 150);
+    const QImage image = sheet();
+    const QRect green =
+        dotsOf(image, image.rect(), [](QColor c) { return c == QColor(0, 255, 0); });
+    EXPECT_EQ(green.left(), dot(400 + 1000));
+    EXPECT_EQ(green.right(), dot(400 + 3000) - 1);
+    EXPECT_EQ(green.top(), dot(1000 + 500));
+    EXPECT_EQ(green.bottom(), dot(1000 + 1500));
+    // A box of no width is one dot of the screen wide, however fine the paper.
+    EXPECT_EQ(image.pixelColor(dot(400 + 200), dot(1000 + 1000)), QColor(Qt::red));
+    const qreal fine = 1;
+    QImage finer(3000, 2000, QImage::Format_RGB32);
+    finer.fill(Qt::white);
+    QPainter painter(&finer);
+    paintControl(painter, form.Graph, fine);
+    EXPECT_EQ(finer.pixelColor(209, 1000), QColor(Qt::red));
+    EXPECT_EQ(finer.pixelColor(211, 1000), QColor(Qt::white));
+}
+
+TEST_F(Paper_, AMapIsItsCellsAndNothingBetweenThem) {
+    Drawing& drawing = form.Graph.drawing;
+    drawing.scale(10, 0);
+    const CellGrid grid{0, 0, 30, 50, 10, 4};
+    for (int row = 0; row < 4; ++row) {
+        for (int column = 0; column < 10; ++column) {
+            drawing.foreground = (row + column) % 2 ? kRed : kGreen;
+            drawing.cell(grid, column, row);
+        }
+    }
+    QImage image(3000, 2000, QImage::Format_RGB32);
+    {
+        QPainter painter(&image);
+        paintControl(painter, form.Graph, 1);
+    }
+    for (const int x : {2, 297, 302, 597, 2998}) {
+        const bool red = x / 300 % 2;
+        EXPECT_EQ(image.pixelColor(x, 250), QColor(red ? Qt::red : Qt::green)) << x;
+    }
+}
+
+TEST_F(Paper_, AFieldOnPaperIsItsTextWithinItsBoxHoweverLong) {
+    form.Comment.text = "short";
+    const QRect line = inkOf(sheet(), form.Comment);
+    EXPECT_FALSE(line.isEmpty());
+    EXPECT_LT(line.height(), dot(300));
+    std::string text;
+    for (int i = 0; i < 24; ++i) text += "a longer comment ";
+    form.Comment.text = text + "W";
+    const QImage image = sheet();
+    const QRect ink = inkOf(image, form.Comment);
+    EXPECT_GT(ink.height(), dot(300));
+    const QRect around = boxOf(form.Comment).adjusted(-20, -20, 20, 20);
+    EXPECT_EQ(dotsOf(image, around, dark), ink);
+    // The last letter is there too: without it the picture is another.
+    form.Comment.text = text;
+    EXPECT_NE(sheet(), image);
+}
+
+TEST_F(Paper_, AKeyAndABarOnPaperAreWhatTheScreenShows) {
+    const QImage image = sheet();
+    EXPECT_FALSE(inkOf(image, form.Key1).isEmpty());
+    const QRect thumb = dotsOf(image, boxOf(form.HScroll1),
+                               [](QColor c) { return c.red() > 0x3a && c.red() < 0x70; });
+    EXPECT_NEAR(thumb.left(), dot(2000), 6);
+    form.HScroll1.value = 10;
+    const QRect moved = dotsOf(sheet(), boxOf(form.HScroll1),
+                               [](QColor c) { return c.red() > 0x3a && c.red() < 0x70; });
+    EXPECT_NEAR(moved.right(), dot(4000), 6);
+}
+
+// Charts.
+
+class ChartOnPaperTest : public Paper_ {
+ protected:
+    ChartOnPaperTest() {
+        Chart& chart = form.Bars;
+        chart.rowCount(2);
+        chart.columnCount(2);
+        chart.insets = Chart::Insets{100, 200, 100, 300};
+        chart.lowest = 30.f;
+        chart.highest = 100.f;
+        chart.gridStep = 0.f;
+        chart.seriesColour(1, kRed);
+        chart.seriesColour(2, kGreen);
+        put(1, 1, "65");
+        put(1, 2, "100");
+        put(2, 1, "20");
+        put(2, 2, "words");
+    }
+    void put(int row, int column, const char* text) {
+        form.Bars.row = row;
+        form.Bars.column = column;
+        form.Bars.data(text);
+    }
+    // The plot on the sheet: x 4100 to 7500, y 1200 to 2700.
+    QRect of(const QImage& image, QColor colour) {
+        return dotsOf(image, boxOf(form.Bars), [colour](QColor c) { return c == colour; });
+    }
+};
+
+TEST_F(ChartOnPaperTest, BarsStandAtTheirValuesAndOthersAreNone) {
+    const QImage image = sheet();
+    const QRect red = of(image, Qt::red), green = of(image, QColor(0, 255, 0));
+    EXPECT_NEAR(red.top(), dot(1200 + 750), 1);
+    EXPECT_NEAR(red.bottom(), dot(2700), 2);
+    EXPECT_NEAR(green.top(), dot(1200), 1);
+    // Of a row of 1700, a bar has 0.42, and fills 0.88 of it.
+    EXPECT_NEAR(red.width(), dot(1700 * 0.42f * 0.88f), 1);
+    EXPECT_NEAR(red.center().x(), dot(4100 + 850 - 1700 * 0.21f), 1);
+    EXPECT_NEAR(green.center().x(), dot(4100 + 850 + 1700 * 0.21f), 1);
+}
+
+TEST_F(ChartOnPaperTest, TheGroundIsWhiteOnASheetAndDarkInAWindow) {
+    EXPECT_EQ(sheet().pixelColor(dot(4020), dot(1020)), QColor(Qt::white));
+    form.Sheet.surface = Surface::Well;
+    EXPECT_TRUE(dark(sheet().pixelColor(dot(4020), dot(1020))));
+}
+
+TEST_F(ChartOnPaperTest, LabelsStandUnderTheirRowsOrBars) {
+    form.Bars.row = 2;
+    form.Bars.rowLabel("   88.0");
+    const QRect below(dot(4000), dot(2710), dot(3600), dot(290));
+    EXPECT_NEAR(dotsOf(sheet(), below, dark).center().x(), dot(4100 + 1.5f * 1700), 3);
+    form.Bars.rowLabelColumn(1);
+    EXPECT_NEAR(dotsOf(sheet(), below, dark).center().x(), dot(4100 + 1.5f * 1700 - 357), 3);
+}
+
+TEST_F(ChartOnPaperTest, ACurveGoesThroughTheMiddleOfItsRows) {
+    form.Bars.style = Chart::Style::Curve;
+    form.Bars.columnCount(1);
+    put(2, 1, "30");
+    const QImage image = sheet();
+    const QRect red = of(image, Qt::red);
+    EXPECT_NEAR(red.left(), dot(4100 + 850 - 30), 2);
+    EXPECT_NEAR(red.top(), dot(1200 + 750 - 30), 2);
+    EXPECT_NEAR(red.right(), dot(4100 + 2550 + 30), 2);
+    // Half way between the two points, half way between their values.
+    const QRect column(dot(4100 + 1700), dot(1200), 1, dot(1500));
+    EXPECT_NEAR(dotsOf(image, column, [](QColor c) { return c.red() > 200 && c.green() < 120; })
+                    .center()
+                    .y(),
+                dot(1200 + 1125), 2);
+}
+
+TEST_F(ChartOnPaperTest, PaperAndScreenShowTheSameBars) {
+    form.show();
+    settle();
+    ASSERT_TRUE(until([&] {
+        return !dotsOf(view(form).grab().toImage(), QRect(0, 0, 9999, 9999), [](QColor c) {
+                    return c == QColor(Qt::red);
+                }).isEmpty();
+    }));
+    const QImage screen = view(form).grab().toImage();
+    const Scale& scale = view(form).scale();
+    const QImage paper = sheet();
+    for (const QColor colour : {QColor(Qt::red), QColor(0, 255, 0)}) {
+        const QRectF at = scale.snapped(form.Bars.boxOnForm());
+        const QRect seen = dotsOf(screen, at.toRect(), [colour](QColor c) { return c == colour; });
+        const QRect printed = of(paper, colour);
+        // Both in twips of the form.
+        EXPECT_NEAR(seen.left() / scale.px(1), printed.left() / kDot + PaperForm::kLeft, 25);
+        EXPECT_NEAR(seen.right() / scale.px(1), printed.right() / kDot + PaperForm::kLeft, 25);
+        EXPECT_NEAR(seen.top() / scale.px(1), printed.top() / kDot + PaperForm::kTop, 25);
+    }
+}
+
+// Pages.
+
+class PageWriter : public Paper_ {
+ protected:
+    QByteArray written(const PageContent& content) {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("page.pdf");
+        {
+            QPdfWriter writer(path);
+            writer.setPageSize(QPageSize(QPageSize::A4));
+            EXPECT_TRUE(writePage(writer, content));
+            layout = writer.pageLayout();
+        }
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    }
+    QPageLayout layout;
+};
+
+TEST_F(PageWriter, AWideSheetLiesAndAHighOneStands) {
+    form.Heading.caption = "words";
+    const QByteArray wide = written(pageOfSheet(form.Sheet));
+    EXPECT_EQ(layout.orientation(), QPageLayout::Landscape);
+    EXPECT_EQ(wide.count("/Type /Page\n"), 1);
+    EXPECT_TRUE(wide.contains("/FontFile"));
+    EXPECT_FALSE(wide.contains("/Subtype /Image"));
+    form.Sheet.width = 3000.f;
+    written(pageOfSheet(form.Sheet));
+    EXPECT_EQ(layout.orientation(), QPageLayout::Portrait);
+}
+
+TEST_F(PageWriter, AMapKeepsEachOfItsColours) {
+    Drawing& drawing = form.Graph.drawing;
+    drawing.scale(10, 0);
+    const CellGrid grid{0, 0, 30, 50, 10, 4};
+    drawing.foreground = kRed;
+    drawing.cell(grid, 3, 3);
+    const QByteArray page = written(pageOfSheet(form.Sheet));
+    EXPECT_TRUE(page.contains("/Subtype /Image"));
+    EXPECT_FALSE(page.contains("DCTDecode")) << "a photograph's compression smears colours";
+}
+
+TEST_F(PageWriter, FormsStandAsTheirModelPlacesThem) {
+    test::SampleForm below(*desktop, "Below");
+    below.load();
+    form.left = 500.f;
+    form.top = 200.f;
+    below.left = 500.f;
+    below.top = 200.f + form.height;
+    const PageContent content = pageOfForms({&form, &below});
+    EXPECT_EQ(content.size, QSizeF(9000, form.height + below.height));
+    const QImage image = picture(content.size, [&](QPainter& p) { content.paint(p, kDot); });
+    EXPECT_EQ(image.pixelColor(dot(4000 + PaperForm::kLeft), dot(700 + PaperForm::kTop)),
+              QColor(Qt::red));
+    const QImage alone = picture({9000, 6000}, [&](QPainter& p) { paintForm(p, below, kDot); });
+    const QImage part = image.copy(0, dot(form.height), alone.width(), alone.height());
+    // Edges of curves are rounded in their own way; what is missing or in a wrong place is more.
+    int different = 0;
+    for (int y = 0; y < alone.height(); ++y) {
+        for (int x = 0; x < alone.width(); ++x)
+            different += std::abs(qGray(part.pixel(x, y)) - qGray(alone.pixel(x, y))) > 12;
+    }
+    EXPECT_EQ(different, 0);
+}
+
+TEST_F(PageWriter, APlaceThatCannotBeWrittenIsNoPage) {
+    QPdfWriter writer("/no/such/folder/page.pdf");
+    EXPECT_FALSE(writePage(writer, pageOfSheet(form.Sheet)));
+}
+
+}  // namespace display::qt
