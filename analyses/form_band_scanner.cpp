@@ -7,9 +7,9 @@
 #include "core/numbers.h"
 #include "core/refused_run.h"
 #include "core/taken_for_granted.h"
+#include "program/rack_place.h"
 #include "program/tuner.h"
 #include "program/unit_generation.h"
-#include "spectrum/rack_place.h"
 
 namespace hmonitor {
 

@@ -2,7 +2,7 @@
 #include "analyses/form_band_scanner.h"
 #include "core/look.h"
 #include "core/numbers.h"
-#include "spectrum/window_look.h"
+#include "core/window_look.h"
 
 namespace hmonitor {
 

@@ -6,7 +6,7 @@
 #include "core/language.h"
 #include "core/long_date.h"
 #include "core/numbers.h"
-#include "spectrum/rack_place.h"
+#include "program/rack_place.h"
 
 namespace hmonitor {
 

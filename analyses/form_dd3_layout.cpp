@@ -3,7 +3,7 @@
 #include "analyses/response_curve.h"
 #include "core/look.h"
 #include "core/numbers.h"
-#include "spectrum/window_look.h"
+#include "core/window_look.h"
 
 namespace hmonitor {
 

@@ -9,9 +9,9 @@
 #include "core/language.h"
 #include "core/numbers.h"
 #include "core/taken_for_granted.h"
+#include "program/rack_place.h"
 #include "program/unit_generation.h"
 #include "spectrum/class1.h"
-#include "spectrum/rack_place.h"
 
 namespace hmonitor {
 

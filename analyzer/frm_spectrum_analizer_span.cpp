@@ -9,10 +9,10 @@
 #include "core/numbers.h"
 #include "core/taken_for_granted.h"
 #include "core/text_lines.h"
+#include "core/window_look.h"
 #include "program/point_run.h"
 #include "program/tuner.h"
 #include "spectrum/class1.h"
-#include "spectrum/window_look.h"
 
 namespace hmonitor {
 

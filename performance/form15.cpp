@@ -6,7 +6,7 @@
 #include "performance/day_report.h"
 #include "performance/form_d4a.h"
 #include "performance/report_page.h"
-#include "spectrum/rack_place.h"
+#include "program/rack_place.h"
 
 namespace hmonitor {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/look.h"
+#include "core/window_look.h"
 #include "performance/form15.h"
-#include "spectrum/window_look.h"
 
 namespace hmonitor {
 

@@ -4,9 +4,9 @@
 #include "core/language.h"
 #include "core/look.h"
 #include "core/numbers.h"
+#include "core/window_look.h"
 #include "performance/form_d4a.h"
-#include "spectrum/rack_place.h"
-#include "spectrum/window_look.h"
+#include "program/rack_place.h"
 
 namespace hmonitor {
 

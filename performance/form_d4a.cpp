@@ -10,7 +10,7 @@
 #include "performance/form4.h"
 #include "performance/hour_marks.h"
 #include "performance/log_files.h"
-#include "spectrum/rack_place.h"
+#include "program/rack_place.h"
 
 namespace hmonitor {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/look.h"
 #include "core/numbers.h"
+#include "core/window_look.h"
 #include "performance/form_d4a.h"
 #include "performance/hour_marks.h"
-#include "spectrum/window_look.h"
 
 namespace hmonitor {
 

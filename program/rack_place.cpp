@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "spectrum/rack_place.h"
+#include "program/rack_place.h"
 
 namespace hmonitor {
 

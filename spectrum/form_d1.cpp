@@ -5,12 +5,12 @@
 #include "core/numbers.h"
 #include "core/refused_run.h"
 #include "core/taken_for_granted.h"
+#include "program/rack_place.h"
 #include "program/tuner.h"
 #include "spectrum/channel_graph.h"
 #include "spectrum/channel_spectrum_file.h"
 #include "spectrum/form_d1a.h"
 #include "spectrum/form_new_spectro.h"
-#include "spectrum/rack_place.h"
 
 namespace hmonitor {
 

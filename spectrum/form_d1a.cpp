@@ -6,10 +6,10 @@
 #include "core/language.h"
 #include "core/numbers.h"
 #include "core/refused_run.h"
+#include "program/rack_place.h"
 #include "program/tuner.h"
 #include "program/unit_generation.h"
 #include "spectrum/percent_of_db.h"
-#include "spectrum/rack_place.h"
 
 namespace hmonitor {
 

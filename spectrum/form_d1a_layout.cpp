@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/window_look.h"
 #include "spectrum/form_d1a.h"
-#include "spectrum/window_look.h"
 
 namespace hmonitor {
 

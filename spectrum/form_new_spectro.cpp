@@ -5,9 +5,9 @@
 #include "core/numbers.h"
 #include "core/taken_for_granted.h"
 #include "program/point_run.h"
+#include "program/rack_place.h"
 #include "spectrum/channel_graph.h"
 #include "spectrum/form_d1.h"
-#include "spectrum/rack_place.h"
 #include "spectrum/span_choice.h"
 
 namespace hmonitor {
