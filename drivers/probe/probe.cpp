@@ -7,6 +7,7 @@
 
 #include "drivers/hm16_report.h"
 #include "drivers/loader/library.h"
+#include "drivers/probe/probe_figures.h"
 #include "drivers/probe/probe_options.h"
 #include "drivers/probe/probe_runs.h"
 
@@ -35,6 +36,20 @@ void printReport(const hm16::Library& library) {
     }
 }
 
+std::string runOn(const hm16::Library& library, const Options& options) {
+    const HM16_Functions& driver = library.functions();
+    // A library that measures a recording in a hurry lets itself be driven.
+    auto step = reinterpret_cast<HM16_StepFunction>(library.extra(HM16_STEP_NAME));
+    if (step != nullptr && step(0) != 0) step = nullptr;
+    const auto extension =
+        reinterpret_cast<HM16_ExtensionFunction>(library.extra(HM16_EXTENSION_NAME));
+    if (options.what == hm16::probe::What::Figures)
+        return hm16::probe::listFigures(extension, std::cout);
+    if (options.what == hm16::probe::What::Slots)
+        return hm16::probe::printSlots(driver, extension, step, options, std::cout);
+    return hm16::probe::run(driver, step, options, std::cout);
+}
+
 int probe(const Options& options) {
     const auto folder = std::filesystem::absolute(options.library);
     std::error_code error;
@@ -49,10 +64,7 @@ int probe(const Options& options) {
     std::string fault = "No unit answers (hardware version 0).";
     if (version > 0) {
         driver.setSintoMode(0);
-        // A library that measures a recording in a hurry lets itself be driven.
-        auto step = reinterpret_cast<HM16_StepFunction>(loaded.library->extra(HM16_STEP_NAME));
-        if (step != nullptr && step(0) != 0) step = nullptr;
-        fault = hm16::probe::run(driver, step, options, std::cout);
+        fault = runOn(*loaded.library, options);
         if (options.report) printReport(*loaded.library);
     }
     driver.parar();

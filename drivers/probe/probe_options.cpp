@@ -59,6 +59,8 @@ std::optional<What> whatOf(std::string_view word) {
     if (word == "levels") return What::Levels;
     if (word == "sweep") return What::Sweep;
     if (word == "response") return What::Response;
+    if (word == "figures") return What::Figures;
+    if (word == "slots") return What::Slots;
     return std::nullopt;
 }
 
@@ -112,7 +114,9 @@ Parsed parseArguments(std::span<const std::string_view> arguments) {
         } else if (words == 2 && what) {
             options.what = *what;
         } else if (words == 2) {
-            reader.fail(inQuotes(word) + " is none of readings, levels, sweep and response.");
+            reader.fail(inQuotes(word) +
+                        " is none of readings, levels, sweep, response, "
+                        "figures and slots.");
         } else {
             reader.fail(inQuotes(word) + " is one word too many.");
         }
@@ -124,7 +128,7 @@ Parsed parseArguments(std::span<const std::string_view> arguments) {
 }
 
 std::string helpText() {
-    return R"(hm16-probe FOLDER [readings | levels | sweep | response] [options]
+    return R"(hm16-probe FOLDER [readings | levels | sweep | response | figures | slots] [options]
 
 Loads the driver library hm-16 from FOLDER, lets it measure and writes what it
 gives as CSV to standard output. Ends with 0 when it measured, with 1 and one
@@ -134,6 +138,8 @@ sentence on standard error when not.
   levels     single levels from --from to --to, point by point
   sweep      sweep frames from --from to --to
   response   a frequency response run: waits for the end mark, eight results
+  figures    what the library tells beyond the nineteen functions
+  slots      every figure of every 50 ms, or in words why it is not known
 
   --frequency MHZ   tune here (98.5)
   --seconds S       for how long; for sweep and response at most (5)

@@ -9,7 +9,7 @@
 
 namespace hm16::probe {
 
-enum class What { Readings, Levels, Sweep, Response };
+enum class What { Readings, Levels, Sweep, Response, Figures, Slots };
 
 // What the command line asks for. Frequencies in MHz.
 struct Options {

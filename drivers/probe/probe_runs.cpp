@@ -2,12 +2,11 @@
 #include "drivers/probe/probe_runs.h"
 
 #include <array>
-#include <chrono>
 #include <cmath>
-#include <thread>
 #include <vector>
 
 #include "drivers/probe/csv.h"
+#include "drivers/probe/driving.h"
 #include "drivers/unit/number_text.h"
 #include "drivers/unit/readings.h"
 #include "drivers/unit/sweep_store.h"
@@ -17,65 +16,11 @@ namespace hm16::probe {
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
 constexpr const char* kReadingsHead =
     "seconds,peak_modulation_percent,level_first_db,level_second_db,stereo_phase_degrees,"
     "relative_power,pilot_error_hz,pilot_level_percent,noise_left_db,noise_right_db,"
     "separation_left_db,separation_right_db,distortion_percent,carrier_deviation_100hz,"
     "field_dbuv,multipath,peaks_per_minute,rds_error_hz,rds_level_percent";
-
-double secondsSince(Clock::time_point start) {
-    return std::chrono::duration<double>(Clock::now() - start).count();
-}
-
-void waitFor(double seconds) {
-    std::this_thread::sleep_for(std::chrono::duration<double>(seconds));
-}
-
-// Time as a run sees it: that of the wall, or that of the signal where the library can be driven.
-class RunClock {
- public:
-    explicit RunClock(HM16_StepFunction step) : step_(step) {}
-
-    // Lets time pass until `seconds` after the start; false when the signal has ended before.
-    bool passUntil(double seconds) {
-        if (step_ == nullptr) {
-            std::this_thread::sleep_until(start_ + std::chrono::duration<double>(seconds));
-            return true;
-        }
-        const auto slots = std::lround(seconds / kSlotSeconds);
-        for (; slots_ < slots; ++slots_) {
-            if (step_(1) != 0) return false;
-        }
-        return true;
-    }
-
-    double seconds() const {
-        return step_ == nullptr ? secondsSince(start_) : static_cast<double>(slots_) * kSlotSeconds;
-    }
-
- private:
-    static constexpr double kSlotSeconds = 0.05;
-
-    HM16_StepFunction step_;
-    Clock::time_point start_ = Clock::now();
-    long slots_ = 0;
-};
-
-std::array<float, 18> readAll(const HM16_Functions& driver) {
-    std::array<float, 18> r{};
-    driver.data(&r[0], &r[1], &r[2], &r[3], &r[4], &r[5], &r[6], &r[7], &r[8], &r[9], &r[10],
-                &r[11], &r[12], &r[13], &r[14], &r[15]);
-    driver.dataRds(&r[16], &r[17]);
-    return r;
-}
-
-void tune(const HM16_Functions& driver, const Options& options, ResponseRun response) {
-    driver.parar();
-    driver.normal(static_cast<float>(options.frequency * 10), options.average ? 1 : 0,
-                  options.sum ? 1 : 0, response == ResponseRun::Armed ? 1 : 0, options.log ? 1 : 0);
-}
 
 std::string runReadings(const HM16_Functions& driver, HM16_StepFunction step,
                         const Options& options, Csv& csv) {
@@ -193,6 +138,9 @@ std::string run(const HM16_Functions& driver, HM16_StepFunction step, const Opti
             return runSweep(driver, step, options, csv);
         case What::Response:
             return runResponse(driver, step, options, csv);
+        case What::Figures:
+        case What::Slots:
+            break;
     }
     return "";
 }

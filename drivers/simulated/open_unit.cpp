@@ -24,4 +24,8 @@ float libraryVersion() {
     return 1.0f;
 }
 
+const void* libraryExtension(std::string_view) {
+    return nullptr;
+}
+
 }  // namespace hm16

@@ -13,6 +13,7 @@
 #include "drivers/simulated/chance.h"
 #include "drivers/simulated/figures.h"
 #include "drivers/simulated/hour_of_air.h"
+#include "drivers/simulated/station_slot.h"
 #include "drivers/unit/replace_file.h"
 
 namespace hm16::simulated {
@@ -27,6 +28,8 @@ constexpr double kShortestFrame = 0.04;
 // A second of a station is a result worth a file; passing over it is not.
 constexpr double kWorthAFile = 1;
 constexpr double kSaveEvery = 10;
+// At a pace beyond life most slots are lost rather than all of the machine's time.
+constexpr double kMostSlotsAtOnce = 40;
 
 float garbageOf(Garbage kind, std::uint64_t seed, long set, int field) {
     switch (kind) {
@@ -78,6 +81,7 @@ void SimulatedUnit::measure(const Tuning& tuning) {
     }
     tuning_ = tuning;
     lastTime_ = now;
+    lastSlot_ = now;
     sinceSaved_ = 0;
     tones_.reset();
     if (tuning.response == ResponseRun::Armed) {
@@ -180,21 +184,49 @@ void SimulatedUnit::sweepStep(std::unique_lock<std::mutex>& lock) {
 // A unit that has fallen silent shows its last readings for ever, as a broken cable does.
 void SimulatedUnit::publish(double time) {
     if (isSilent(time)) return;
-    Readings readings = figuresAt(options_.seed, tuning_, time, options_.levelStep);
-    const Station* const station = stationAt(tuning_.frequency);
-    if (tuning_.log == DayLogging::On && station != nullptr)
-        liveThrough(readings, options_.seed, *station, clock_.wallAt(time));
-    if (tones_ && tones_->toneAt(time) != 0) {
-        // A steady tone on both channels alike.
-        readings.levelFirst = readings.levelSecond = -1;
-        readings.stereoPhase = 45;
-    }
+    addSlots(time);
+    Readings readings = readingsAt(tuning_, time);
     keep(readings, time);
     if (++published_ % options_.garbageEvery == 0) spoil(readings);
     if (tones_ && tones_->ended(time)) {
         readings_.publishEndMark(readings);
     } else {
         readings_.publish(readings);
+    }
+}
+
+Readings SimulatedUnit::readingsAt(const Tuning& tuning, double time) const {
+    Readings readings = figuresAt(options_.seed, tuning, time, options_.levelStep);
+    const Station* const station = stationAt(tuning.frequency);
+    if (tuning.log == DayLogging::On && station != nullptr)
+        liveThrough(readings, options_.seed, *station, clock_.wallAt(time));
+    if (tones_ && tones_->toneAt(time) != 0) {
+        // A steady tone on both channels alike.
+        readings.levelFirst = readings.levelSecond = -1;
+        readings.stereoPhase = 45;
+    }
+    return readings;
+}
+
+// The slots that have ended since the last look.
+void SimulatedUnit::addSlots(double time) {
+    const double ended = std::floor((time - lastSlot_) / kUnitSlotSeconds);
+    const double lost = std::max(0.0, ended - kMostSlotsAtOnce);
+    slots_.lose(static_cast<std::uint64_t>(lost));
+    lastSlot_ += lost * kUnitSlotSeconds;
+    Tuning leftRight = tuning_;
+    leftRight.detector = Detector::Peak;
+    leftRight.audioMode = AudioMode::LeftRight;
+    Tuning sumDifference = leftRight;
+    sumDifference.audioMode = AudioMode::SumDifference;
+    const Station* const station = stationAt(tuning_.frequency);
+    for (double n = lost; n < ended; ++n) {
+        lastSlot_ += kUnitSlotSeconds;
+        HM16_Slot slot =
+            slotOf(station, readingsAt(leftRight, lastSlot_), readingsAt(sumDifference, lastSlot_));
+        slot.utcNs = clock_.utcAt(lastSlot_);
+        slot.signalNs = static_cast<std::int64_t>(lastSlot_ * 1e9);
+        slots_.add(slot);
     }
 }
 

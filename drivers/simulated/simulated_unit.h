@@ -12,6 +12,7 @@
 #include "drivers/simulated/tone_sequence.h"
 #include "drivers/simulated/unit_clock.h"
 #include "drivers/unit/day_log.h"
+#include "drivers/unit/slot_figures.h"
 #include "drivers/unit/unit.h"
 
 namespace hm16::simulated {
@@ -32,6 +33,8 @@ class SimulatedUnit : public Unit {
     void sweep(const SweepRange& range) override;
     SweepStore& frames() override { return frames_; }
     ResponseResults response() override;
+    std::span<const HM16_FigureInfo> figures() const override { return registeredFigures(); }
+    const SlotRing* slots() const override { return &slots_; }
 
  private:
     enum class Job { None, Measure, Sweep };
@@ -40,6 +43,8 @@ class SimulatedUnit : public Unit {
     void measureStep(std::unique_lock<std::mutex>& lock);
     void sweepStep(std::unique_lock<std::mutex>& lock);
     void publish(double time);
+    Readings readingsAt(const Tuning& tuning, double time) const;
+    void addSlots(double time);
     void keep(const Readings& readings, double time);
     void saveResults(double time);
     void spoil(Readings& readings);
@@ -52,6 +57,7 @@ class SimulatedUnit : public Unit {
     const std::filesystem::path files_;
     PublishedReadings& readings_;
     SweepStore frames_;
+    SlotRing slots_;
 
     std::mutex mutex_;
     std::condition_variable wake_;
@@ -64,6 +70,7 @@ class SimulatedUnit : public Unit {
     double sinceSaved_ = 0;
     DayLog log_;
     double lastTime_ = 0;
+    double lastSlot_ = 0;  // when the last slot ended
     std::optional<ToneSequence> tones_;
     ResponseResults response_;
     SweepRange range_;

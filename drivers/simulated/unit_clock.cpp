@@ -19,6 +19,12 @@ LocalTime UnitClock::wallAt(double seconds) const {
                        std::chrono::duration_cast<std::chrono::system_clock::duration>(passed));
 }
 
+std::int64_t UnitClock::utcAt(double seconds) const {
+    using std::chrono::nanoseconds;
+    const auto opened = std::chrono::duration_cast<nanoseconds>(wallOpened_.time_since_epoch());
+    return opened.count() + static_cast<std::int64_t>(seconds * 1e9);
+}
+
 std::chrono::nanoseconds UnitClock::real(double seconds) const {
     const std::chrono::duration<double> taken(seconds / pace_);
     return std::chrono::duration_cast<std::chrono::nanoseconds>(taken);

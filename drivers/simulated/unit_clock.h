@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 
 #include "drivers/simulated/options.h"
 #include "drivers/unit/local_time.h"
@@ -18,6 +19,8 @@ class UnitClock {
     double seconds() const;
     LocalTime wall() const { return wallAt(seconds()); }
     LocalTime wallAt(double seconds) const;
+    // Nanoseconds since 1970 UTC.
+    std::int64_t utcAt(double seconds) const;
 
     // How long something that takes `seconds` of the unit's time really takes.
     std::chrono::nanoseconds real(double seconds) const;

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 #include <exception>
 #include <utility>
 
 #include "drivers/hm16.h"
+#include "drivers/hm16_more.h"
 #include "drivers/unit/library_folder.h"
 #include "drivers/unit/unit.h"
 
@@ -117,6 +120,29 @@ std::int32_t sweptLevel(Session& s, float frequency, float& level) {
     level = s.unit->frames().level(frequency);
     return kDone;
 }
+
+std::int32_t HM16_CALL figureCount() {
+    const Session& s = session();
+    return s.unit ? static_cast<std::int32_t>(s.unit->figures().size()) : 0;
+}
+
+std::int32_t HM16_CALL describeFigure(std::int32_t index, HM16_FigureInfo* info) {
+    if (index < 0 || index >= figureCount() || !info || info->size < sizeof info->size)
+        return kRefused;
+    HM16_FigureInfo told = session().unit->figures()[static_cast<std::size_t>(index)];
+    told.size = std::min<std::uint32_t>(info->size, sizeof told);
+    std::memcpy(info, &told, told.size);
+    return kDone;
+}
+
+std::int32_t HM16_CALL copySlots(std::int32_t station, std::uint64_t from, HM16_Slot* out,
+                                 std::uint32_t slotSize, std::int32_t room, std::uint64_t* next) {
+    const Session& s = session();
+    const SlotRing* const slots = s.unit && station == 0 ? s.unit->slots() : nullptr;
+    return slots ? slots->copy(from, out, slotSize, room, next) : -1;
+}
+
+constexpr HM16_FiguresV1 kFigures{sizeof(HM16_FiguresV1), figureCount, describeFigure, copySlots};
 
 }  // namespace
 
@@ -256,4 +282,10 @@ int32_t HM16_CALL HM_getHardwareVersion(float* version) {
 int32_t HM16_CALL HM_getDriverVersion(float* version) {
     *version = hm16::libraryVersion();
     return hm16::kDone;
+}
+
+const void* HM16_CALL HM16_Extension(const char* id) {
+    if (id == nullptr) return nullptr;
+    const std::string_view name(id);
+    return name == HM16_FIGURES ? &hm16::kFigures : hm16::libraryExtension(name);
 }

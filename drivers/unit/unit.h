@@ -6,8 +6,12 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <span>
+#include <string_view>
 
+#include "drivers/hm16_more.h"
 #include "drivers/unit/published_readings.h"
+#include "drivers/unit/slot_ring.h"
 #include "drivers/unit/station_results.h"
 #include "drivers/unit/sweep_store.h"
 
@@ -65,6 +69,10 @@ class Unit {
 
     // The results of the last response run.
     virtual ResponseResults response() = 0;
+
+    // What a slot holds, and the slots; a unit that measures none has neither.
+    virtual std::span<const HM16_FigureInfo> figures() const { return {}; }
+    virtual const SlotRing* slots() const { return nullptr; }
 };
 
 // What each library defines.
@@ -77,5 +85,9 @@ std::unique_ptr<Unit> openUnit(const std::filesystem::path& folder, PublishedRea
 
 // The library's own version.
 float libraryVersion();
+
+// An extension that the library has beside that of the figures, as HM16_Extension gives it; null
+// when it has none of that name.
+const void* libraryExtension(std::string_view id);
 
 }  // namespace hm16

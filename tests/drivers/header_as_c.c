@@ -1,6 +1,7 @@
 /* SPDX-License-Identifier: GPL-3.0-or-later */
 /* The interface as a C11 compiler takes it: whoever writes a library may write it in C. */
 #include "drivers/hm16.h"
+#include "drivers/hm16_more.h"
 #include "drivers/hm16_report.h"
 
 _Static_assert(sizeof(((HM16_Functions*)0)->init) == sizeof(void*), "functions are pointers");
@@ -21,3 +22,8 @@ SAME(super, HM_Super);
 SAME(startEspectro, HM_StartEspectro);
 SAME(respFrecuencia, HM_RespFrecuencia);
 SAME(getHardwareVersion, HM_getHardwareVersion);
+
+/* What crosses the border is laid out alike for every compiler. */
+_Static_assert(sizeof(HM16_FigureInfo) == 52, "a figure");
+_Static_assert(sizeof(HM16_Slot) == 352, "a slot");
+_Static_assert(sizeof(HM16_ListenState) == 16, "the loudspeakers");

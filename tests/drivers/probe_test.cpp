@@ -55,7 +55,7 @@ TEST(ProbeOptions, TakesEveryOption) {
 TEST(ProbeOptions, SaysWhatIsWrong) {
     EXPECT_EQ(parseWords({}).message, "Name the folder of the driver library; --help tells more.");
     EXPECT_EQ(parseWords({"lib", "noise"}).message,
-              "\"noise\" is none of readings, levels, sweep and response.");
+              "\"noise\" is none of readings, levels, sweep, response, figures and slots.");
     EXPECT_EQ(parseWords({"lib", "--frequency"}).message, "--frequency needs a value behind it.");
     EXPECT_EQ(parseWords({"lib", "--frequency", "5"}).message,
               "--frequency is \"5\", but must be a number from 60 to 130.");
@@ -152,6 +152,37 @@ TEST_F(Probe, WritesTheResultsOfAResponseRun) {
     EXPECT_EQ(outcome.code, 0) << outcome.out;
     EXPECT_EQ(linesIn(outcome.out), 9);
     EXPECT_THAT(outcome.out, StartsWith("frequency_hz,level_db\n1000,0\n"));
+}
+
+TEST_F(Probe, ListsWhatALibraryHas) {
+    const Outcome outcome = runProbe(there() + " figures");
+    EXPECT_EQ(outcome.code, 0) << outcome.out;
+    EXPECT_THAT(outcome.out, StartsWith("# hm16.figures.1: yes\n# hm16.listen.1: no\n"
+                                        "index,key,unit,lowest,highest\n"
+                                        "0,deviation_peak,kHz,0,250\n"));
+    EXPECT_EQ(linesIn(outcome.out), 3 + 20);
+}
+
+TEST_F(Probe, WritesSlotsWithWordsForWhatIsNotKnown) {
+    folder.write("hm-16.ini", "pace = 50\n");
+    const Outcome outcome =
+        runProbe(there() + " slots --frequency 98.5 --seconds 0.1 --every 0.05");
+    EXPECT_EQ(outcome.code, 0) << outcome.out;
+    EXPECT_THAT(outcome.out, StartsWith("number,utc_s,signal_s,deviation_peak,level_left,"));
+    EXPECT_GT(linesIn(outcome.out), 40);
+    const Outcome empty = runProbe(there() + " slots --frequency 87.6 --seconds 0.1 --every 0.05");
+    EXPECT_THAT(empty.out, HasSubstr(",no carrier,no carrier,"));
+}
+
+TEST_F(Probe, SaysWhenALibraryTellsNoFigures) {
+    const Outcome listed = runProbe(std::string(HM16_FIXTURES) + "/nineteen figures");
+    EXPECT_EQ(listed.code, 1);
+    EXPECT_EQ(listed.out,
+              "# hm16.figures.1: no\n# hm16.listen.1: no\n"
+              "hm16-probe: This library tells no figures beyond the nineteen functions.\n");
+    const Outcome slots = runProbe(std::string(HM16_FIXTURES) + "/nineteen slots");
+    EXPECT_EQ(slots.code, 1);
+    EXPECT_EQ(runProbe(std::string(HM16_FIXTURES) + "/nineteen --seconds 0").code, 0);
 }
 
 TEST_F(Probe, FailsInOneSentence) {

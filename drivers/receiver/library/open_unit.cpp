@@ -52,6 +52,10 @@ float libraryVersion() {
     return 1.0F;
 }
 
+const void* libraryExtension(std::string_view) {
+    return nullptr;
+}
+
 }  // namespace hm16
 
 int32_t HM16_CALL HM16_ReceiverReport(char* text, int32_t size) {

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "drivers/hm16_more.h"
+#include "drivers/unit/readings.h"
+
+namespace hm16 {
+
+// The figures of the registry (base/figures.h), in its order: what a slot of our libraries holds.
+std::span<const HM16_FigureInfo> registeredFigures();
+
+// Place of a figure in a slot, by its key; -1 when the registry has none of that name.
+int placeOfFigure(std::string_view key);
+
+// Fills a slot's values from two sets of readings of the same 50 ms, one in each audio mode, and
+// marks as not measured what is 0 for "nothing measured". All else is marked as known.
+void putReadings(HM16_Slot& slot, const Readings& leftRight, const Readings& sumDifference);
+
+// Marks a figure that the registry has; where it is marked as unknown already, that stands.
+void markUnknown(HM16_Slot& slot, std::string_view key, int state);
+
+// Marks every figure but those that `keys` name.
+void markAllUnknownBut(HM16_Slot& slot, std::span<const std::string_view> keys, int state);
+
+}  // namespace hm16
