@@ -34,6 +34,27 @@ std::optional<double> numberIn(std::string_view text) {
     return value;
 }
 
+std::optional<double> scaledNumberIn(std::string_view text) {
+    text = trimmed(text);
+    if (text.empty()) return std::nullopt;
+    constexpr std::string_view kLetters = "kKMG";
+    constexpr std::array kScales{1e3, 1e3, 1e6, 1e9};
+    double scale = 1;
+    if (const auto letter = kLetters.find(text.back()); letter != std::string_view::npos) {
+        scale = kScales[letter];
+        text.remove_suffix(1);
+    } else if (const auto mark = text.find_first_of("eE"); mark != std::string_view::npos) {
+        const auto power = text.substr(mark + 1);
+        // One digit is enough for any frequency.
+        if (power.size() != 1 || power.front() < '0' || power.front() > '9') return std::nullopt;
+        scale = std::pow(10.0, power.front() - '0');
+        text = text.substr(0, mark);
+    }
+    if (text.empty() || text.back() == ' ') return std::nullopt;
+    const auto number = numberIn(text);
+    return number ? std::optional(*number * scale) : std::nullopt;
+}
+
 std::string inQuotes(std::string_view text) {
     std::string quoted(1, '"');
     quoted += text;

@@ -16,6 +16,10 @@ std::string decimalText(double value, int decimals);
 // else. Takes a sign, digits and one point; no exponent, no hexadecimal, no "inf".
 std::optional<double> numberIn(std::string_view text);
 
+// The same for a number that may carry a power of ten as well, "1.2e6", or one of the letters k, M
+// and G behind it, "2.4M".
+std::optional<double> scaledNumberIn(std::string_view text);
+
 // `text` in double quotes, as a sentence names what somebody wrote.
 std::string inQuotes(std::string_view text);
 

@@ -86,9 +86,18 @@ void Settings::addFault(std::string_view key, std::string_view wrong) {
 }
 
 double Settings::number(std::string_view key, double fallback, double low, double high) {
+    return within(key, numberIn, fallback, low, high);
+}
+
+double Settings::scaled(std::string_view key, double fallback, double low, double high) {
+    return within(key, scaledNumberIn, fallback, low, high);
+}
+
+double Settings::within(std::string_view key, std::optional<double> (*read)(std::string_view),
+                        double fallback, double low, double high) {
     const Entry* entry = find(key);
     if (entry == nullptr) return fallback;
-    const auto value = numberIn(entry->value);
+    const auto value = read(entry->value);
     if (value && *value >= low && *value <= high) return *value;
     addFault(key, "is " + inQuotes(entry->value) + ", but must be a number from " +
                       decimalText(low, 6) + " to " + decimalText(high, 6) + ".");

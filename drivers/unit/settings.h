@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <initializer_list>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,6 +29,8 @@ class Settings {
     static Settings parse(std::string_view text, std::string name);
 
     double number(std::string_view key, double fallback, double low, double high);
+    // The same for one such as "1.2e6" or "2.4M".
+    double scaled(std::string_view key, double fallback, double low, double high);
     long whole(std::string_view key, long fallback, long low, long high);
     std::string text(std::string_view key, std::string_view fallback);
     // The place of the word in `words`.
@@ -52,6 +55,8 @@ class Settings {
     };
 
     Entry* find(std::string_view key);
+    double within(std::string_view key, std::optional<double> (*read)(std::string_view),
+                  double fallback, double low, double high);
     void takeLine(std::string_view line, int number, std::string& section);
 
     std::string name_;

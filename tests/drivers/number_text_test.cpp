@@ -50,5 +50,19 @@ TEST(NumberIn, RefusesAnythingElse) {
     }
 }
 
+TEST(ScaledNumber, TakesAPowerOfTenOrALetter) {
+    EXPECT_EQ(scaledNumberIn("1.2e6"), 1.2e6);
+    EXPECT_EQ(scaledNumberIn(" 2.4M "), 2.4e6);
+    EXPECT_EQ(scaledNumberIn("2048k"), 2048e3);
+    EXPECT_EQ(scaledNumberIn("98.2"), 98.2);
+    EXPECT_EQ(scaledNumberIn("1G"), 1e9);
+}
+
+TEST(ScaledNumber, AnythingElseIsNone) {
+    for (const char* text :
+         {"", "M", "e6", "2e", "2e-3", "2e66", "2 M", "2MM", "2.4X", "0x2", "k2"})
+        EXPECT_EQ(scaledNumberIn(text), std::nullopt) << text;
+}
+
 }  // namespace
 }  // namespace hm16

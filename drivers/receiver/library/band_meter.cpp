@@ -54,14 +54,15 @@ std::optional<float> BandMeter::levelAt(double hz) {
 std::optional<std::vector<float>> BandMeter::frame(const SweepRange& range) {
     if (signal_.source().domain() == Domain::Composite) return std::nullopt;
     const bool live = signal_.source().live();
+    const bool tunable = signal_.source().tunable();
     const double width = std::min(range.stepKhz * 1e3, kChannelHz);
     std::vector<float> levels(static_cast<std::size_t>(range.points()));
     bool fresh = false;
     for (int point = 0; point < range.points(); ++point) {
         const double hz = range.frequency(point) * kHzPerUnit;
-        if (live && !levels_.covers(hz, width)) {
-            // A quarter of the band further on, so that the next points lie in it too.
-            if (tuneTo(hz + signal_.rateHz() / 4)) look(kLevelSeconds);
+        if (tunable && !levels_.covers(hz, width)) {
+            // A radio a quarter of the band further on, so that the next points lie in it too.
+            if (tuneTo(live ? hz + signal_.rateHz() / 4 : hz)) look(kLevelSeconds);
             fresh = true;
         } else if (!fresh) {
             look(kFrameSeconds);

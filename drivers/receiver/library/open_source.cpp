@@ -23,13 +23,9 @@ std::unique_ptr<SampleSource> openSource(const ReceiverOptions& options) {
         case SourceKind::Soapy:
             break;
     }
-    SoapyRequest request;
-    request.library = options.soapyLibrary;
-    request.device = options.soapyDevice;
+    SoapyRequest request = options.radio;
     request.rateHz = options.rateHz > 0 ? options.rateHz : kRadioRateHz;
     request.centreHz = options.centreHz > 0 ? options.centreHz : kRadioCentreHz;
-    request.automaticGain = options.automaticGain;
-    request.gainDb = options.gainDb;
     return std::make_unique<SoapySource>(request);
 }
 
@@ -42,7 +38,7 @@ std::string nameOf(const ReceiverOptions& options) {
         case SourceKind::Soapy:
             break;
     }
-    return "the radio \"" + options.soapyDevice + "\"";
+    return "the radio \"" + options.radio.device + "\"";
 }
 
 }  // namespace hm16::receiver

@@ -8,14 +8,6 @@
 namespace hm16::receiver {
 namespace {
 
-#if defined(_WIN32)
-constexpr const char* kSoapyLibrary = "SoapySDR.dll";
-#elif defined(__APPLE__)
-constexpr const char* kSoapyLibrary = "libSoapySDR.0.8.dylib";
-#else
-constexpr const char* kSoapyLibrary = "libSoapySDR.so.0.8";
-#endif
-
 void readRecording(Settings& settings, const std::filesystem::path& folder,
                    ReceiverOptions& options) {
     const std::string file = settings.text("file", "");
@@ -33,11 +25,45 @@ void readRecording(Settings& settings, const std::filesystem::path& folder,
         1000 * settings.number("composite_khz_at_full_scale", 100, 1, 10000);
 }
 
+// In MHz, or in Hz where it can be nothing else: 98.2, 98.2M and 98200000 are the same.
+double readCentre(Settings& settings) {
+    constexpr double kHighestMhz = 6000;
+    const double centre = settings.scaled("centre_mhz", 0, 0, kHighestMhz * 1e6);
+    return centre <= kHighestMhz ? centre * 1e6 : centre;
+}
+
+// "key=value, key=value" into pairs.
+void readDriverSettings(Settings& settings, SoapyRequest& radio) {
+    const std::string text = settings.text("soapy_settings", "");
+    std::string_view rest = text;
+    while (!rest.empty()) {
+        const auto end = rest.find(',');
+        const auto pair = rest.substr(0, end);
+        rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
+        const auto equals = pair.find('=');
+        const auto key = trimmed(pair.substr(0, equals));
+        if (equals == std::string_view::npos || key.empty()) {
+            settings.addFault("soapy_settings",
+                              "is " + inQuotes(text) + ", but must be name=value, name=value.");
+            return;
+        }
+        radio.settings.emplace_back(key, trimmed(pair.substr(equals + 1)));
+    }
+}
+
 void readRadio(Settings& settings, ReceiverOptions& options) {
-    options.soapyLibrary = settings.text("soapy_library", kSoapyLibrary);
-    options.soapyDevice = settings.text("soapy_device", "");
-    options.automaticGain = settings.text("gain_db", "auto") == "auto";
-    if (!options.automaticGain) options.gainDb = settings.number("gain_db", 0, -100, 200);
+    SoapyRequest& radio = options.radio;
+    radio.library = settings.text("soapy_library", kSoapyLibrary);
+    radio.device = settings.text("soapy_device", "");
+    radio.automaticGain = settings.text("gain_db", "auto") == "auto";
+    if (!radio.automaticGain) radio.gainDb = settings.number("gain_db", 0, -100, 200);
+    radio.antenna = settings.text("antenna", "");
+    radio.bandwidthHz = 1e3 * settings.number("bandwidth_khz", 0, 0, 100000);
+    radio.clockSource = settings.text("clock_source", "");
+    radio.bias = settings.choice("bias", {"no", "yes"}, 0) == 1;
+    if (settings.has("correction_ppm"))
+        radio.correctionPpm = settings.number("correction_ppm", 0, -1000, 1000);
+    readDriverSettings(settings, radio);
 }
 
 }  // namespace
@@ -48,7 +74,7 @@ ReceiverOptions readOptions(Settings& settings, const std::filesystem::path& fol
     options.source =
         static_cast<SourceKind>(settings.choice("source", {"recording", "synthetic", "soapy"}, 1));
     options.pace = static_cast<Pace>(settings.choice("pace", {"real", "fast"}, 0));
-    options.rateHz = settings.number("rate_hz", 0, 0, kHighestRateHz);
+    options.rateHz = settings.scaled("rate_hz", 0, 0, kHighestRateHz);
     // Of a recording the source itself says so: it may have a rate of its own.
     if (options.source != SourceKind::Recording && options.rateHz > 0 &&
         options.rateHz < kLowestBandRateHz) {
@@ -56,7 +82,7 @@ ReceiverOptions readOptions(Settings& settings, const std::filesystem::path& fol
                                          ", but a band needs at least " +
                                          decimalText(kLowestBandRateHz, 0) + " samples a second.");
     }
-    options.centreHz = 1e6 * settings.number("centre_mhz", 0, 0, 6000);
+    options.centreHz = readCentre(settings);
     readRecording(settings, folder, options);
     readRadio(settings, options);
     options.dbuvAtFullScale = settings.number("dbuv_at_full_scale", 100, -100, 300);

@@ -2,8 +2,8 @@
 #pragma once
 
 #include <filesystem>
-#include <string>
 
+#include "drivers/receiver/radio/soapy_radio.h"
 #include "drivers/receiver/samples/open_recording.h"
 #include "drivers/unit/settings.h"
 
@@ -32,10 +32,7 @@ struct ReceiverOptions {
     double levelStepDb = 1;
     double compositeHzAtFullScale = 100e3;
     Scene scene = Scene::Station;
-    std::string soapyLibrary;
-    std::string soapyDevice;
-    double gainDb = 0;
-    bool automaticGain = true;
+    SoapyRequest radio;  // rate and centre stand above
 };
 
 // Takes the options out of a settings file that lies in `folder`; file names in it count from

@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "drivers/receiver/library/open_source.h"
 #include "drivers/receiver/library/unit_call.h"
 #include "drivers/unit/replace_file.h"
 
@@ -50,6 +51,7 @@ std::unique_ptr<StationChain> ReceiverUnit::chainFor(double hz) const {
 
 void ReceiverUnit::measure(const Tuning& tuning) {
     const Call call(*this);
+    comeBack();
     const double hz = tuning.frequency * kHzPerTuningUnit;
     if (signal_.retune(hz)) meter_.follow();
     if (!results_ || results_->frequency() != tuning.frequency)
@@ -84,6 +86,7 @@ void ReceiverUnit::clearResults(StoredResult what) {
 
 void ReceiverUnit::sweep(const SweepRange& range) {
     const Call call(*this);
+    comeBack();
     range_ = range;
     due_ = std::chrono::steady_clock::now();
     job_ = Job::Sweep;
@@ -100,6 +103,7 @@ ResponseResults ReceiverUnit::response() {
 
 std::optional<float> ReceiverUnit::levelAt(double frequency) {
     const Call call(*this);
+    comeBack();
     const double tuned = signal_.centreHz();
     const auto level = meter_.levelAt(frequency * kHzPerTuningUnit);
     if (signal_.ended()) say(signal_.lastWords());
@@ -108,6 +112,29 @@ std::optional<float> ReceiverUnit::levelAt(double frequency) {
         signal_.retune(tuning_.frequency * kHzPerTuningUnit))
         meter_.follow();
     return level;
+}
+
+Figures ReceiverUnit::heard() const {
+    const Call call(*this);
+    return heard_;
+}
+
+// A radio that had gone is there again, tuned as it was when it was opened.
+void ReceiverUnit::comeBack() {
+    if (!signal_.comeBack()) return;
+    std::string name = nameOf(options_);
+    name.front() = 'T';
+    say(name + " is back.");
+    if (job_ != Job::Measure) {
+        meter_.follow();
+        return;
+    }
+    const double hz = tuning_.frequency * kHzPerTuningUnit;
+    signal_.retune(hz);
+    meter_.follow();
+    slots_ = 0;
+    looks_ = 0;
+    chain_ = chainFor(hz);
 }
 
 bool ReceiverUnit::step(int slots) {

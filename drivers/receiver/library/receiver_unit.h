@@ -47,6 +47,9 @@ class ReceiverUnit : public Unit {
     // False when the pace is real, nothing runs or the signal has ended.
     bool step(int slots);
 
+    // The figures of the last slot that was measured.
+    Figures heard() const;
+
     // What the readings have no place for, in lines of text.
     std::string report() const;
 
@@ -61,6 +64,7 @@ class ReceiverUnit : public Unit {
     bool measureStretch();
     void lookForTones();
     bool sweepFrame();
+    void comeBack();
     std::unique_ptr<StationChain> chainFor(double hz) const;
     void publish();
     void keep(const Readings& readings);

@@ -51,6 +51,13 @@ std::span<const Sample> SignalReader::read(double seconds) {
     return stretch_;
 }
 
+bool SignalReader::comeBack() {
+    if (!ended_ || !source_->back()) return false;
+    ended_ = false;
+    lastWords_.clear();
+    return true;
+}
+
 void SignalReader::fill() {
     const std::size_t wanted = stretch_.size();
     std::size_t done = source_->read(stretch_);

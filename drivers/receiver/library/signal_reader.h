@@ -32,7 +32,7 @@ class SignalReader {
     bool covers(double hz) const;
 
     // Brings `hz` into the samples where the source can be tuned.
-    bool retune(double hz) { return source_->live() && source_->retune(hz); }
+    bool retune(double hz) { return source_->tunable() && source_->retune(hz); }
 
     // The next so many seconds, in memory that stays as it is until the next call; less when the
     // signal ends in between, nothing behind its end.
@@ -41,8 +41,11 @@ class SignalReader {
     // How many samples that are.
     std::size_t samplesIn(double seconds) const;
 
-    // True once the signal has ended or its source has failed; it does not come back.
+    // True once the signal has ended or its source has failed. Only a radio comes back.
     bool ended() const { return ended_; }
+
+    // Goes on where a radio that had gone sends again, and says so; true then.
+    bool comeBack();
 
     // Why it ended, in one sentence; empty before.
     const std::string& lastWords() const { return lastWords_; }

@@ -18,6 +18,9 @@ constexpr std::size_t kSlotsPerLook = 5;
 constexpr double kWorthAFile = 1;
 constexpr double kSaveEvery = 10;
 
+// How often somebody looks whether a radio that has gone is there again.
+constexpr auto kLookForRadio = std::chrono::milliseconds(100);
+
 // A pause of this length, as after a suspend, is not caught up with.
 constexpr auto kTooLate = std::chrono::seconds(1);
 
@@ -26,7 +29,11 @@ constexpr auto kTooLate = std::chrono::seconds(1);
 void ReceiverUnit::run() {
     std::unique_lock lock(mutex_);
     while (!closing_) {
-        if (job_ == Job::None || drive_ == Drive::Steps || signal_.ended()) {
+        const bool gone = signal_.ended() && signal_.source().live();
+        if (gone && job_ != Job::None) {
+            wake_.wait_for(lock, kLookForRadio);
+            comeBack();
+        } else if (job_ == Job::None || drive_ == Drive::Steps || signal_.ended()) {
             wake_.wait(lock);
         } else {
             work(lock);

@@ -24,6 +24,17 @@ inline constexpr double kLowestBandRateHz = 200e3;
 inline constexpr double kLowestCompositeRateHz = 120e3;
 inline constexpr double kHighestRateHz = 25e6;
 
+// A recording could be had if a setting told what the file does not.
+class MissingSetting : public SourceError {
+ public:
+    MissingSetting(std::string key, const std::string& sentence)
+        : SourceError(sentence), key_(std::move(key)) {}
+    const std::string& key() const { return key_; }
+
+ private:
+    std::string key_;
+};
+
 // Opens a recording. Throws SourceError with one sentence about what is wrong or missing.
 std::unique_ptr<SampleSource> openRecording(const RecordingRequest& request);
 

@@ -11,38 +11,60 @@
 
 namespace hm16::receiver {
 
+// A stretch of a file that was received at one frequency.
+struct RawSegment {
+    std::uint64_t start = 0;  // the number of its first sample, headers not counted
+    double centreHz = 0;
+    std::uint64_t headerBytes = 0;  // in front of its first sample
+};
+
 // What a file of bare samples does not tell about itself.
 struct RawLayout {
     SampleFormat format = SampleFormat::Cu8;
     double rateHz = 0;
-    double centreHz = 0;
-    std::uint64_t headerBytes = 0;
+    std::vector<RawSegment> segments;  // by their start; without any the file is one
 };
 
-// A file of bare samples. What is left of a sample that was cut at the end is not read.
+// A file of bare samples. What is left of a sample that was cut at the end is not read. Where
+// segments were received at several frequencies, one of them plays, and tuning chooses it.
 class RawRecording : public SampleSource {
  public:
     // Throws SourceError when the file is missing, unreadable or holds no whole sample.
     RawRecording(const std::filesystem::path& file, const RawLayout& layout);
 
     Domain domain() const override;
-    double rateHz() const override { return layout_.rateHz; }
-    double centreHz() const override { return isReal(layout_.format) ? 0 : layout_.centreHz; }
-    double converterStep() const override { return stepOf(layout_.format); }
+    double rateHz() const override { return rateHz_; }
+    double centreHz() const override;
+    double converterStep() const override { return stepOf(format_); }
     std::size_t read(std::span<Sample> into) override;
-    void rewind() override;
-    std::uint64_t length() const override { return length_; }
+    void rewind() override { seek(0); }
+    bool tunable() const override { return parts_.size() > 1; }
+    // True when another segment plays now.
+    bool retune(double hz) override;
+    std::uint64_t length() const override { return parts_[playing_].length; }
     std::uint64_t badSamples() const override { return bad_; }
 
  private:
     struct CloseFile {
         void operator()(std::FILE* file) const { std::fclose(file); }
     };
+    struct Part {
+        double centreHz = 0;
+        std::uint64_t firstByte = 0;
+        std::uint64_t length = 0;  // samples
+        std::uint64_t at = 0;      // of them, that come next
+    };
 
-    RawLayout layout_;
+    void divide(const RawLayout& layout, std::uint64_t bytes);
+    void seek(std::uint64_t sample);
+    bool covers(const Part& part, double hz) const;
+
+    SampleFormat format_;
+    double rateHz_;
+    std::vector<Part> parts_;
+    std::size_t playing_ = 0;
     std::unique_ptr<std::FILE, CloseFile> file_;
     std::vector<std::byte> bytes_;
-    std::uint64_t length_ = 0;
     std::uint64_t bad_ = 0;
 };
 

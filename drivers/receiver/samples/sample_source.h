@@ -59,8 +59,17 @@ class SampleSource {
         return false;
     }
 
+    // True when tuning can bring in what the samples do not cover now.
+    virtual bool tunable() const { return live(); }
+
     // True when samples come at the pace of the air whatever is asked.
     virtual bool live() const { return false; }
+
+    // True when a live source that has failed gives samples again.
+    virtual bool back() { return false; }
+
+    // How often samples were lost so far in what a live source gave.
+    virtual std::uint64_t losses() const { return 0; }
 
     // Number of samples from start to end, 0 when there is no end.
     virtual std::uint64_t length() const { return 0; }

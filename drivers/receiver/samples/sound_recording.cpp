@@ -5,7 +5,15 @@
 
 #include <cmath>
 
+#include "drivers/receiver/samples/recording_file.h"
+
 namespace hm16::receiver {
+namespace {
+
+// Up to here a rate is one of sound.
+constexpr int kHighestSoundRate = 96000;
+
+}  // namespace
 
 struct SoundRecording::Handle {
     SNDFILE* file = nullptr;
@@ -21,6 +29,7 @@ SoundRecording::SoundRecording(const std::filesystem::path& file, SoundContent c
       rateHz_(rateHz),
       centreHz_(content == SoundContent::Iq ? centreHz : 0) {
     const std::string name = file.string();
+    requireFile(file);
     SF_INFO info{};
     handle_->file = sf_open(name.c_str(), SFM_READ, &info);
     if (!handle_->file) {
@@ -28,9 +37,13 @@ SoundRecording::SoundRecording(const std::filesystem::path& file, SoundContent c
         throw SourceError(name + " cannot be read as a sound file: " + sf_strerror(nullptr));
     }
     channels_ = info.channels;
+    if (content == SoundContent::Iq && rateHz <= 0 && info.samplerate <= kHighestSoundRate) {
+        throw SourceError(name + " is sound of " + std::to_string(info.samplerate) +
+                          " samples a second, not a recording of a band.");
+    }
     if (content == SoundContent::Iq && channels_ != 2) {
         throw SourceError(name + " has " + std::to_string(channels_) +
-                          " channels; I and Q need two.");
+                          (channels_ == 1 ? " channel" : " channels") + "; I and Q need two.");
     }
     if (rateHz_ <= 0) rateHz_ = info.samplerate;
     length_ = info.frames > 0 ? static_cast<std::uint64_t>(info.frames) : 0;

@@ -1,11 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A live radio behind SoapySDR's interface, found when the unit opens. The radio is the fixture's;
-// the library, the loader and the way in between are those of the program.
+// A live radio behind SoapySDR, found when the unit opens. The radio is a plug-in of the tests;
+// SoapySDR, the library, the loader and the way in between are those of the program.
+#include <arpa/inet.h>
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <chrono>
 #include <cmath>
+#include <csignal>
+#include <cstdlib>
 
 #include "tests/drivers/receiver/receiver_library.h"
 
@@ -13,22 +21,42 @@ namespace {
 
 using testing::HasSubstr;
 
+// SoapySDR looks there for plug-ins, once, when its first device is asked for.
+const int pluginPathIsSet =
+    setenv("SOAPY_SDR_PLUGIN_PATH", std::filesystem::path(HM16_RADIO).parent_path().c_str(), 1);
+
 std::string radio(const std::string& arguments, const std::string& more = "") {
-    return "source = soapy\nsoapy_library = " HM16_RADIO "\nsoapy_device = driver=fixture," +
-           arguments + "\nrate_hz = 1200000\nlevel_step_db = 0\n" + more;
+    return "source = soapy\nsoapy_device = driver=fixture" +
+           (arguments.empty() ? "" : "," + arguments) + "\nrate_hz = 1200000\nlevel_step_db = 0\n" +
+           more;
 }
 
-// What the fixture has open; it stays in memory for that.
+// The plug-in itself, as SoapySDR loads it too; as new, and whole again afterwards.
 class Fixture {
  public:
-    Fixture() : handle_(dlopen(HM16_RADIO, RTLD_NOW | RTLD_LOCAL)) {}
-    ~Fixture() { dlclose(handle_); }
-    int devices() const { return count("fixture_open_devices"); }
-    int streams() const { return count("fixture_open_streams"); }
+    Fixture() : handle_(dlopen(HM16_RADIO, RTLD_NOW | RTLD_LOCAL)) { restore(); }
+    ~Fixture() {
+        restore();
+        dlclose(handle_);
+    }
+    int devices() const { return function<int()>("fixture_open_devices")(); }
+    int streams() const { return function<int()>("fixture_open_streams")(); }
+    void unplug(bool yes) const { function<void(int)>("fixture_unplug")(yes ? 1 : 0); }
+    void hold(bool yes) const { function<void(int)>("fixture_hold")(yes ? 1 : 0); }
+    void repair() const { function<void()>("fixture_repair")(); }
+    std::string told(const char* what) const {
+        return function<const char*(const char*)>("fixture_told")(what);
+    }
 
  private:
-    int count(const char* name) const {
-        return reinterpret_cast<int (*)()>(dlsym(handle_, name))();
+    template <typename Signature>
+    Signature* function(const char* name) const {
+        return reinterpret_cast<Signature*>(dlsym(handle_, name));
+    }
+    void restore() const {
+        unplug(false);
+        hold(false);
+        repair();
     }
     void* handle_;
 };
@@ -39,6 +67,14 @@ bool measured(const ReceiverLibrary& receiver) {
         return std::fabs(now.pilotLevel - 9) < 0.05 && std::fabs(now.pilotError - 4) < 0.02 &&
                std::fabs(now.carrierDeviation - 2.52) < 0.1;
     });
+}
+
+bool heard(const ReceiverLibrary& receiver) {
+    return ReceiverLibrary::eventually([&] { return receiver.readings().field > 80; });
+}
+
+bool silent(const ReceiverLibrary& receiver) {
+    return ReceiverLibrary::eventually([&] { return receiver.readings() == nothing(); });
 }
 
 TEST(Radio, ItsStationIsMeasured) {
@@ -91,34 +127,77 @@ TEST(Radio, AFrameIsPutTogetherFromSeveralTunings) {
 }
 
 TEST(Radio, TheNearestRateThatItHasIsTheRate) {
-    const ReceiverLibrary receiver(radio("coarse"));
+    const ReceiverLibrary receiver(radio("coarse=1"));
     EXPECT_EQ(receiver.init(), "");
     EXPECT_THAT(receiver.report(), HasSubstr("sample rate: 1201200 Hz"));
     receiver.tune(985);
     EXPECT_TRUE(measured(receiver));
 }
 
-TEST(Radio, GapsAndLateSamplesDoNotEndIt) {
-    const ReceiverLibrary receiver(radio("gaps"));
+TEST(Radio, TheNearestFrequencyThatItHasIsTheCentre) {
+    const ReceiverLibrary receiver(radio("steps=1"));
     EXPECT_EQ(receiver.init(), "");
     receiver.tune(985);
     EXPECT_TRUE(measured(receiver));
+    EXPECT_THAT(receiver.report(), HasSubstr("centre: 98.34 MHz"));
+}
+
+TEST(Radio, LostSamplesDoNotEndItAndAreReported) {
+    const ReceiverLibrary receiver(radio("gaps=1"));
+    EXPECT_EQ(receiver.init(), "");
+    receiver.tune(985);
+    EXPECT_TRUE(heard(receiver));
+    EXPECT_TRUE(ReceiverLibrary::eventually(
+        [&] { return receiver.report().find("samples lost: 0 times") == std::string::npos; }));
+    EXPECT_THAT(receiver.report(), HasSubstr("samples lost: "));
+}
+
+TEST(Radio, OneThatLosesNothingReportsNoLoss) {
+    const ReceiverLibrary receiver(radio(""));
+    receiver.init();
+    receiver.tune(985);
+    EXPECT_TRUE(heard(receiver));
+    EXPECT_THAT(receiver.report(), HasSubstr("samples lost: 0 times"));
 }
 
 TEST(Radio, SamplesThatAreNoNumbersAreCountedAndLeaveFiguresThatAre) {
-    const ReceiverLibrary receiver(radio("nan"));
+    const ReceiverLibrary receiver(radio("nan=1"));
     receiver.init();
     receiver.tune(985);
-    EXPECT_TRUE(ReceiverLibrary::eventually([&] { return receiver.readings().field > 80; }));
+    EXPECT_TRUE(heard(receiver));
     EXPECT_TRUE(std::isfinite(receiver.readings().peakModulation));
     EXPECT_TRUE(std::isfinite(receiver.readings().pilotError));
     EXPECT_THAT(receiver.report(), HasSubstr("samples that were no numbers: "));
 }
 
 TEST(Radio, OneWithoutAutomaticGainKeepsItsOwn) {
-    const ReceiverLibrary receiver(radio("gainless"));
+    const ReceiverLibrary receiver(radio("gainless=1"));
     EXPECT_EQ(receiver.init(), "");
     EXPECT_EQ(receiver.version(), 1.8F);
+}
+
+TEST(Radio, ItsGainIsSetAndTheAutomaticOneIsOffThen) {
+    const Fixture fixture;
+    const ReceiverLibrary receiver(radio("", "centre_mhz = 98.3\ngain_db = -6\n"));
+    EXPECT_EQ(receiver.init(), "");
+    EXPECT_EQ(fixture.told("automatic"), "no");
+    float level = 0;
+    EXPECT_EQ(receiver->super(985, &level), 0);
+    EXPECT_NEAR(level, 100 + 20 * std::log10(0.3) - 6, 0.2);
+}
+
+TEST(Radio, AntennaBandwidthClockBiasCorrectionAndItsOwnSettingsAreSet) {
+    const Fixture fixture;
+    const ReceiverLibrary receiver(
+        radio("",
+              "antenna = LOOP\nbandwidth_khz = 1500\nclock_source = external\nbias = yes\n"
+              "correction_ppm = -12\nsoapy_settings = direct_samp=2\n"));
+    EXPECT_EQ(receiver.init(), "");
+    EXPECT_EQ(receiver.version(), 1.8F);
+    EXPECT_EQ(fixture.told("bandwidth"), "1500000");
+    EXPECT_EQ(fixture.told("biasT_ctrl"), "true");
+    EXPECT_EQ(fixture.told("correction"), "-12");
+    EXPECT_EQ(fixture.told("direct_samp"), "2");
 }
 
 // A radio that cannot be had is one sentence with file and line, no unit, and nothing left open.
@@ -142,38 +221,58 @@ TEST(Radio, WithoutSoapySdrThereIsNoUnit) {
 }
 
 TEST(Radio, WhatItRefusesIsSaid) {
-    expectRefused("source = soapy\nsoapy_library = " HM16_RADIO "\nsoapy_device = driver=other\n",
-                  "The radio \"driver=other\" cannot be opened: no match.");
+    expectRefused("source = soapy\nsoapy_device = driver=other\n",
+                  "The radio \"driver=other\" cannot be opened: ");
     expectRefused(radio("refuse=rate"), "refuses the sample rate: sample rate out of range.");
-    expectRefused(radio("rateless"), "does not tell its sample rate.");
+    expectRefused(radio("rateless=1"), "does not tell its sample rate.");
     expectRefused(radio("refuse=frequency"), "refuses the frequency: out of range.");
     expectRefused(radio("", "centre_mhz = 433\n"), "refuses the frequency: out of range.");
-    expectRefused(radio("gainless", "gain_db = 20\n"), "refuses the gain: no gain.");
+    expectRefused(radio("gainless=1", "gain_db = 20\n"), "refuses the gain: no gain.");
     expectRefused(radio("refuse=stream"), "gives no samples: no such stream.");
     expectRefused(radio("refuse=activate"), "refuses its stream: no bandwidth left on the bus.");
 }
 
-TEST(Radio, WrongSettingsAreSaidBeforeItIsTouched) {
-    expectRefused(radio("", "pace = fast\n"), "pace is fast, but a radio delivers", 6);
-    expectRefused(radio("", "gain_db = loud\n"), "gain_db is \"loud\"", 6);
+TEST(Radio, SettingsThatItHasNotAreSaid) {
+    expectRefused(radio("", "antenna = ROOF\n"), "has no antenna \"ROOF\".");
+    expectRefused(radio("", "clock_source = sun\n"), "has no clock source \"sun\".");
+    expectRefused(radio("", "bandwidth_khz = 9000\n"), "refuses the bandwidth: no such filter.");
+    expectRefused(radio("biasless=1", "bias = yes\n"), "has no switch for a bias voltage.");
+    expectRefused(radio("uncorrected=1", "correction_ppm = 3\n"),
+                  "has no correction of its own; \"clock_ppm\" corrects the figures.");
+    expectRefused(radio("", "soapy_settings = colour=red\n"),
+                  "does not take the setting colour = red.");
 }
 
-class RadioThatGoes : public testing::TestWithParam<const char*> {};
+TEST(Radio, WrongSettingsAreSaidBeforeItIsTouched) {
+    expectRefused(radio("", "pace = fast\n"), "pace is fast, but a radio delivers", 5);
+    expectRefused(radio("", "gain_db = loud\n"), "gain_db is \"loud\"", 5);
+    expectRefused(radio("", "soapy_settings = loud\n"), "must be name=value, name=value.", 5);
+    expectRefused(radio("", "bias = maybe\n"), "bias is \"maybe\"", 5);
+}
+
+struct WayToGo {
+    const char* name;
+    const char* words;
+};
+
+class RadioThatGoes : public testing::TestWithParam<WayToGo> {};
 
 INSTANTIATE_TEST_SUITE_P(All, RadioThatGoes,
-                         testing::Values("mute=late", "unplug", "flood", "empty", "trickle"),
-                         [](const auto& way) {
-                             const std::string word = way.param;
-                             return word.substr(0, word.find('='));
-                         });
+                         testing::Values(WayToGo{"mute", " has stopped sending."},
+                                         WayToGo{"error", " has failed: CORRUPTION."},
+                                         WayToGo{"flood", " has stopped sending."},
+                                         WayToGo{"empty", " has stopped sending."},
+                                         WayToGo{"trickle", " has stopped sending."}),
+                         [](const auto& way) { return std::string(way.param.name); });
 
 TEST_P(RadioThatGoes, LeavesNoFiguresAndASilentUnitThatStillReturns) {
-    const ReceiverLibrary receiver(radio(GetParam()));
+    const Fixture fixture;
+    const ReceiverLibrary receiver(radio(std::string("late=") + GetParam().name));
     receiver.init();
     receiver.tune(985);
-    EXPECT_TRUE(ReceiverLibrary::eventually([&] { return receiver.readings().field > 80; }));
+    EXPECT_TRUE(heard(receiver));
     testing::internal::CaptureStderr();
-    EXPECT_TRUE(ReceiverLibrary::eventually([&] { return receiver.readings() == nothing(); }));
+    EXPECT_TRUE(silent(receiver));
     EXPECT_THAT(receiver.report(), HasSubstr("ended"));
     // Everything goes on returning, with nothing to show.
     receiver.tune(900);
@@ -188,11 +287,12 @@ TEST_P(RadioThatGoes, LeavesNoFiguresAndASilentUnitThatStillReturns) {
     receiver->demoMode();
     const std::string said = testing::internal::GetCapturedStderr();
     EXPECT_THAT(said, HasSubstr("The radio \"driver=fixture,"));
+    EXPECT_THAT(said, HasSubstr(GetParam().words));
     EXPECT_EQ(lines(said), 1) << said;
 }
 
 TEST(Radio, OneThatNeverSendsASampleIsSilent) {
-    const ReceiverLibrary receiver(radio("mute=always"));
+    const ReceiverLibrary receiver(radio("mute=1"));
     EXPECT_EQ(receiver.init(), "");
     testing::internal::CaptureStderr();
     receiver.tune(985);
@@ -200,6 +300,137 @@ TEST(Radio, OneThatNeverSendsASampleIsSilent) {
         [&] { return receiver.report().find("ended") != std::string::npos; }));
     EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("has stopped sending."));
     EXPECT_EQ(receiver.readings(), nothing());
+}
+
+TEST(Radio, OneThatComesBackIsOpenedAgainAndMeasuresOn) {
+    const Fixture fixture;
+    const ReceiverLibrary receiver(radio(""));
+    receiver.init();
+    receiver.tune(985);
+    EXPECT_TRUE(measured(receiver));
+    testing::internal::CaptureStderr();
+    fixture.unplug(true);
+    EXPECT_TRUE(silent(receiver));
+    EXPECT_TRUE(ReceiverLibrary::eventually([&] { return fixture.devices() == 0; }));
+    fixture.unplug(false);
+    EXPECT_TRUE(measured(receiver));
+    EXPECT_EQ(fixture.devices(), 1);
+    EXPECT_THAT(receiver.report(), testing::Not(HasSubstr("ended")));
+    const std::string said = testing::internal::GetCapturedStderr();
+    EXPECT_THAT(said, HasSubstr("The radio \"driver=fixture\" has failed: STREAM_ERROR.\n"));
+    EXPECT_THAT(said, HasSubstr("The radio \"driver=fixture\" is back.\n"));
+    EXPECT_EQ(lines(said), 2) << said;
+}
+
+TEST(Radio, OneThatComesBackWhileNothingRunsMeasuresWhenAsked) {
+    const Fixture fixture;
+    const ReceiverLibrary receiver(radio("", "centre_mhz = 98.3\n"));
+    receiver.init();
+    receiver.tune(985);
+    EXPECT_TRUE(heard(receiver));
+    testing::internal::CaptureStderr();
+    fixture.unplug(true);
+    EXPECT_TRUE(silent(receiver));
+    receiver->parar();
+    fixture.unplug(false);
+    float level = 0;
+    EXPECT_TRUE(ReceiverLibrary::eventually([&] { return receiver->super(985, &level) == 0; }));
+    EXPECT_NEAR(level, 100 + 20 * std::log10(0.3), 0.2);
+    testing::internal::GetCapturedStderr();
+}
+
+TEST(Radio, AStreamThatIgnoresItsTimeOutNeitherFreezesReadingsNorHoldsUpClosing) {
+    const Fixture fixture;
+    using Clock = std::chrono::steady_clock;
+    {
+        const ReceiverLibrary receiver(radio(""));
+        receiver.init();
+        receiver.tune(985);
+        EXPECT_TRUE(heard(receiver));
+        testing::internal::CaptureStderr();
+        fixture.hold(true);
+        EXPECT_TRUE(silent(receiver));
+        EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr(" has stopped sending."));
+        // Closing waits a second for the driver, not for ever; the bound leaves room for a machine
+        // that has much else to do.
+        const auto before = Clock::now();
+        receiver->parar();
+        receiver->terminate();
+        EXPECT_LT(Clock::now() - before, std::chrono::seconds(10));
+        EXPECT_EQ(fixture.devices(), 1);
+    }
+    // The library has been unloaded as far as the program knows. Now the driver returns.
+    fixture.hold(false);
+    EXPECT_TRUE(ReceiverLibrary::eventually([&] { return fixture.devices() == 0; }));
+}
+
+TEST(Radio, AStreamThatGoesOnAfterAHoldIsBackByItself) {
+    const Fixture fixture;
+    const ReceiverLibrary receiver(radio(""));
+    receiver.init();
+    receiver.tune(985);
+    EXPECT_TRUE(heard(receiver));
+    testing::internal::CaptureStderr();
+    fixture.hold(true);
+    EXPECT_TRUE(silent(receiver));
+    fixture.hold(false);
+    EXPECT_TRUE(measured(receiver));
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr(" is back.\n"));
+}
+
+// The same radio in another process, on the loopback; ended with it.
+class RadioServer {
+ public:
+    explicit RadioServer(int port) {
+        const std::string bind = "--bind=127.0.0.1:" + std::to_string(port);
+        process_ = fork();
+        if (process_ == 0) {
+            const int nowhere = open("/dev/null", O_WRONLY);
+            dup2(nowhere, STDOUT_FILENO);
+            dup2(nowhere, STDERR_FILENO);
+            execlp("SoapySDRServer", "SoapySDRServer", bind.c_str(), nullptr);
+            _exit(127);
+        }
+    }
+    ~RadioServer() {
+        kill(process_, SIGKILL);
+        waitpid(process_, nullptr, 0);
+    }
+    bool listens(int port) const {
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_port = htons(static_cast<std::uint16_t>(port));
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        const int probe = socket(AF_INET, SOCK_STREAM, 0);
+        const bool answers =
+            connect(probe, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
+        close(probe);
+        return answers;
+    }
+
+ private:
+    pid_t process_ = 0;
+};
+
+// A radio behind the network that goes with its server and comes back with it.
+TEST(Radio, OneOnAnotherMachineIsMeasuredGoesAndComesBack) {
+    const int port = 50000 + static_cast<int>(getpid() % 10000);
+    const std::string device =
+        "driver=remote,remote=tcp://127.0.0.1:" + std::to_string(port) + ",remote:driver=fixture";
+    auto server = std::make_unique<RadioServer>(port);
+    ASSERT_TRUE(ReceiverLibrary::eventually([&] { return server->listens(port); }));
+    const ReceiverLibrary receiver("source = soapy\nsoapy_device = " + device +
+                                   "\nrate_hz = 1200000\nlevel_step_db = 0\n");
+    receiver.init();
+    ASSERT_EQ(receiver.version(), 1.8F);
+    receiver.tune(985);
+    EXPECT_TRUE(measured(receiver));
+    testing::internal::CaptureStderr();
+    server.reset();
+    EXPECT_TRUE(silent(receiver));
+    server = std::make_unique<RadioServer>(port);
+    EXPECT_TRUE(measured(receiver));
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr(" is back.\n"));
 }
 
 }  // namespace

@@ -46,7 +46,9 @@ TEST(RecordingThatCannotBe, IsOneSentenceWithFileAndLine) {
     expect("a.flac", raw, kBare, "a.flac cannot be read as a sound file: ");
     expect("a.cu8", raw, kBare + "format = wav\n", "a.cu8 cannot be read as a sound file: ");
     expect("mono.wav", wav(1, 600000, {1, 2, 3}), kBare,
-           "mono.wav has 1 channels; I and Q need two.");
+           "mono.wav has 1 channel; I and Q need two.");
+    expect("music.wav", wav(2, 48000, {1, 2, 3, 4}), "centre_mhz = 98.4\n",
+           "music.wav is sound of 48000 samples a second, not a recording of a band.");
     expect("mpx.wav", wav(1, 48000, {1, 2, 3}), "format = composite\n",
            "mpx.wav has a sample rate of 48000 Hz; from 120000 Hz");
     expect("a.sigmf-meta", "{\"global\": {\"core:datatype\": \"cu8\"}}", kBare,
@@ -54,16 +56,12 @@ TEST(RecordingThatCannotBe, IsOneSentenceWithFileAndLine) {
     expect("a.sigmf-meta", "not json", "", "a.sigmf-meta is not a JSON object.");
 }
 
-TEST(RecordingThatCannotBe, EmptyOnesHoldNoSamples) {
-    for (const std::string name : {"a.cu8", "a.cs8", "a.cs16", "a.cf32"}) {
+TEST(RecordingThatCannotBe, EmptyOnesAreSaidToBe) {
+    for (const std::string name :
+         {"a.cu8", "a.cs8", "a.cs16", "a.cf32", "a.wav", "a.flac", "a.sigmf-meta"}) {
         const Playback run(name, kBare);
         run.folder().write(name, "");
-        expectNoUnit(run, 4, name + " holds no samples.");
-    }
-    for (const std::string name : {"a.wav", "a.flac"}) {
-        const Playback run(name, kBare);
-        run.folder().write(name, "");
-        expectNoUnit(run, 4, name + " cannot be read as a sound file: ");
+        expectNoUnit(run, 4, name + " is empty.");
     }
     const Playback run("a.wav", kBare);
     run.folder().write("a.wav", wav(2, 600000, {}));

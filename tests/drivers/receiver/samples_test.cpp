@@ -2,6 +2,7 @@
 // Recordings in every format, whole and damaged.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cmath>
@@ -99,10 +100,35 @@ TEST_F(Recordings, RewindReadsTheSameAgain) {
 
 TEST_F(Recordings, MissingEmptyAndUnknownFilesAreOneSentence) {
     EXPECT_THAT(fault(request(folder_ / "none.cu8")), HasSubstr("none.cu8 cannot be opened"));
-    EXPECT_THAT(fault(request(write("empty.cu8", ""))), HasSubstr("empty.cu8 holds no samples."));
+    EXPECT_THAT(fault(request(write("empty.cu8", ""))), HasSubstr("empty.cu8 is empty."));
     EXPECT_THAT(fault(request(write("what.bin", "xx"))), HasSubstr("does not tell its format"));
     fs::create_directories(folder_ / "folder.cu8");
     EXPECT_THAT(fault(request(folder_ / "folder.cu8")), HasSubstr("is a folder"));
+}
+
+TEST_F(Recordings, APipeIsRefusedAtOnceWhateverItsFormat) {
+    for (const char* name : {"pipe.cu8", "pipe.wav", "pipe.sigmf-meta"}) {
+        ASSERT_EQ(mkfifo((folder_ / name).c_str(), 0600), 0);
+        EXPECT_THAT(fault(request(folder_ / name)),
+                    HasSubstr("is a pipe; a recording must be a file."));
+    }
+    EXPECT_THAT(fault([&] {
+                    auto device = request("/dev/null");
+                    device.format = "cu8";
+                    return device;
+                }()),
+                HasSubstr("/dev/null is a device, not a file."));
+}
+
+TEST_F(Recordings, ACfileHoldsFloatsAndOtherEndingsNeedAFormat) {
+    const auto file = write("x.cfile", bytesOfValues<float>({0.5F, -0.25F}));
+    EXPECT_EQ(all(*openRecording(request(file)))[0], Sample(0.5F, -0.25F));
+    for (const char* name : {"x.iq", "x.bin", "x.raw"}) {
+        auto asked = request(write(name, bytesOfValues<float>({0.5F, -0.25F})));
+        EXPECT_THAT(fault(asked), HasSubstr("set \"format\""));
+        asked.format = "cf32";
+        EXPECT_EQ(all(*openRecording(asked))[0], Sample(0.5F, -0.25F));
+    }
 }
 
 TEST_F(Recordings, RateAndCentreMustBeKnownAndSensible) {
@@ -117,9 +143,135 @@ TEST_F(Recordings, RateAndCentreMustBeKnownAndSensible) {
     EXPECT_THAT(fault(wrong), HasSubstr("set \"centre_mhz\""));
 }
 
+TEST_F(Recordings, WhatASettingCanTellNamesItsKey) {
+    const auto keyOf = [](const RecordingRequest& asked) {
+        try {
+            openRecording(asked);
+        } catch (const MissingSetting& missing) {
+            return missing.key();
+        }
+        return std::string("none");
+    };
+    auto asked = request(write("x.bin", "abcd"));
+    EXPECT_EQ(keyOf(asked), "format");
+    asked.format = "cu8";
+    asked.rateHz = 0;
+    EXPECT_EQ(keyOf(asked), "rate_hz");
+    asked.rateHz = 1.2e6;
+    asked.centreHz = 0;
+    EXPECT_EQ(keyOf(asked), "centre_mhz");
+}
+
 constexpr const char* kMeta = R"({"global": {"core:datatype": "ci16_le",
   "core:sample_rate": 2048000, "core:version": "1.0.0"},
   "captures": [{"core:sample_start": 0, "core:frequency": 99100000}], "annotations": []})";
+
+// A recording of ten samples I = 0.1, 0.2 ... with these captures.
+constexpr const char* kTen = R"({"global": {"core:datatype": "cf32_le",
+  "core:sample_rate": 1200000}, "captures": [)";
+
+std::string tenSamples() {
+    std::vector<float> parts;
+    for (int n = 1; n <= 10; ++n) parts.insert(parts.end(), {0.1F * static_cast<float>(n), 0});
+    return bytesOfValues<float>(parts);
+}
+
+TEST_F(Recordings, EachCaptureOfASigmfRecordingIsASegmentThatTuningChooses) {
+    write("s.sigmf-data", tenSamples());
+    write("s.sigmf-meta", std::string(kTen) + R"(
+        {"core:sample_start": 0, "core:frequency": 98200000},
+        {"core:sample_start": 4, "core:frequency": 98200000},
+        {"core:sample_start": 6, "core:frequency": 104000000},
+        {"core:sample_start": 90, "core:frequency": 90000000}]})");
+    RecordingRequest asked;
+    asked.file = folder_ / "s.sigmf-meta";
+    const auto source = openRecording(asked);
+    EXPECT_TRUE(source->tunable());
+    EXPECT_EQ(source->centreHz(), 98.2e6);
+    EXPECT_EQ(source->length(), 6u);
+    std::vector<Sample> samples(2);
+    EXPECT_EQ(source->read(samples), 2u);
+    EXPECT_FALSE(source->retune(98.5e6));  // lies in it already
+    EXPECT_FALSE(source->retune(90e6));    // beyond the end of the file
+    EXPECT_TRUE(source->retune(103.8e6));
+    EXPECT_EQ(source->centreHz(), 104e6);
+    EXPECT_EQ(source->length(), 4u);
+    samples.resize(10);
+    EXPECT_EQ(source->read(samples), 4u);
+    EXPECT_FLOAT_EQ(samples[0].real(), 0.7F);
+    EXPECT_EQ(source->read(samples), 0u);
+    source->rewind();
+    EXPECT_EQ(source->read(samples), 4u);
+    // The first goes on where it was left.
+    EXPECT_TRUE(source->retune(98.5e6));
+    EXPECT_EQ(source->read(samples), 4u);
+    EXPECT_FLOAT_EQ(samples[0].real(), 0.3F);
+}
+
+TEST_F(Recordings, ASegmentBeginsBehindItsHeader) {
+    write("s.sigmf-data",
+          "xxxxxxxx" + tenSamples().substr(0, 32) + "yyyy" + tenSamples().substr(32));
+    write("s.sigmf-meta", std::string(kTen) + R"(
+        {"core:sample_start": 0, "core:frequency": 98200000, "core:header_bytes": 8},
+        {"core:sample_start": 4, "core:frequency": 104000000, "core:header_bytes": 4}]})");
+    RecordingRequest asked;
+    asked.file = folder_ / "s.sigmf-meta";
+    const auto source = openRecording(asked);
+    std::vector<Sample> samples(10);
+    EXPECT_EQ(source->read(samples), 4u);
+    EXPECT_FLOAT_EQ(samples[0].real(), 0.1F);
+    EXPECT_TRUE(source->retune(104e6));
+    EXPECT_EQ(source->read(samples), 6u);
+    EXPECT_FLOAT_EQ(samples[0].real(), 0.5F);
+}
+
+TEST_F(Recordings, AnnotationsOfASigmfRecordingAreKeptOut) {
+    write("s.sigmf-data", tenSamples());
+    write("s.sigmf-meta",
+          std::string(kTen) +
+              R"({"core:frequency": 98200000}], "annotations": [7, {"core:sample_start":
+        "everywhere", "core:frequency": -1, "captures": []}]})");
+    RecordingRequest asked;
+    asked.file = folder_ / "s.sigmf-meta";
+    EXPECT_EQ(openRecording(asked)->length(), 10u);
+}
+
+TEST_F(Recordings, WhatCannotBeInSigmfMetadataIsOneSentenceEach) {
+    write("s.sigmf-data", tenSamples());
+    const auto faultOf = [&](const std::string& rate, const std::string& captures) {
+        write("s.sigmf-meta", R"({"global": {"core:datatype": "cf32_le", "core:sample_rate": )" +
+                                  rate + R"(}, "captures": [)" + captures + "]}");
+        RecordingRequest asked;
+        asked.file = folder_ / "s.sigmf-meta";
+        return fault(asked);
+    };
+    const std::string good = R"({"core:frequency": 98200000})";
+    EXPECT_THAT(faultOf("-2400000", good),
+                HasSubstr("has a \"core:sample_rate\" of -2400000, which cannot be."));
+    EXPECT_THAT(faultOf("0", good), HasSubstr("of 0, which cannot be."));
+    EXPECT_THAT(faultOf("\"fast\"", good), HasSubstr("that is no number."));
+    EXPECT_THAT(faultOf("1e300", good), HasSubstr("has a sample rate of 1e+300 Hz; from 200000"));
+    EXPECT_THAT(faultOf("1e999", good), HasSubstr("is not a JSON object."));
+    EXPECT_THAT(faultOf("1200000", R"({"core:frequency": "98.2"})"),
+                HasSubstr("has a \"core:frequency\" that is no number."));
+    EXPECT_THAT(faultOf("1200000", R"({"core:sample_start": 0.5, "core:frequency": 98200000})"),
+                HasSubstr("has a \"core:sample_start\" of 0.5, which cannot be."));
+    EXPECT_THAT(
+        faultOf("1200000", good + R"(, {"core:sample_start": 5}, {"core:sample_start": 4})"),
+        HasSubstr("captures that do not stand in their order."));
+    EXPECT_THAT(faultOf("1200000", "7"), HasSubstr("has a capture that is no object."));
+    EXPECT_THAT(faultOf("1200000", R"({"core:sample_start": 90, "core:frequency": 98200000})"),
+                HasSubstr("s.sigmf-data holds no samples."));
+}
+
+TEST_F(Recordings, FoldersUnderNamesOfSigmfAreSaid) {
+    fs::create_directories(folder_ / "a.sigmf-meta");
+    EXPECT_THAT(fault(request(folder_ / "a.sigmf-meta")), HasSubstr("a.sigmf-meta is a folder"));
+    write("b.sigmf-meta", kMeta);
+    fs::create_directories(folder_ / "b.sigmf-data");
+    EXPECT_THAT(fault(request(folder_ / "b.sigmf-meta")), HasSubstr("b.sigmf-data is a folder"));
+    EXPECT_THAT(fault(request(write("c.sigmf", "tar"))), HasSubstr("is an archive; unpack it"));
+}
 
 TEST_F(Recordings, SigmfTellsFormatRateAndCentre) {
     write("s.sigmf-data", bytesOfValues<std::int16_t>({32767, 0}));

@@ -259,6 +259,18 @@ TEST(ReceiverOptionsTest, WrongSettingsAreSentencesWithFileAndLine) {
     EXPECT_THAT(faults("centre = 98\n"), HasSubstr("centre"));
 }
 
+TEST(ReceiverOptionsTest, RatesAndCentresTakeUsualWords) {
+    const auto options = [](const std::string& text) {
+        Settings settings = Settings::parse(text, "hm-16.ini");
+        return readOptions(settings, ".");
+    };
+    EXPECT_EQ(options("rate_hz = 2.4M\n").rateHz, 2.4e6);
+    EXPECT_EQ(options("rate_hz = 1.2e6\n").rateHz, 1.2e6);
+    EXPECT_EQ(options("centre_mhz = 98.2\n").centreHz, 98.2e6);
+    EXPECT_EQ(options("centre_mhz = 98.2M\n").centreHz, 98.2e6);
+    EXPECT_EQ(options("centre_mhz = 98200000\n").centreHz, 98.2e6);
+}
+
 // The template that is shipped must be one that the unit takes.
 TEST(ReceiverOptionsTest, TheTemplateHasNoFaults) {
     const fs::path folder = fs::path(HMONITOR_SOURCE_DIR) / "drivers/receiver";

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <deque>
+#include <mutex>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "drivers/receiver/radio/soapy_radio.h"
+
+namespace hm16::receiver {
+
+// What the thread that keeps a radio open shares with those who want its samples. run() is that
+// thread's; all else may be called from one other thread and waits a second at most, whatever the
+// radio's driver does.
+class RadioLoop {
+ public:
+    explicit RadioLoop(SoapyRequest request) : request_(std::move(request)) {}
+    RadioLoop(const RadioLoop&) = delete;
+    RadioLoop& operator=(const RadioLoop&) = delete;
+
+    // Opens the radio, fetches its samples as they come, tunes it, and opens it again when it has
+    // gone, until it is asked to close; a radio that was never there ends it at once.
+    void run();
+
+    // Waits until the radio sends or cannot be had; the sentence says why.
+    std::optional<std::string> opened();
+
+    double rateHz() const;
+    double centreHz() const;
+
+    // Tunes and forgets what was received before; false when the radio refuses or has gone.
+    bool tune(double centreHz);
+
+    // Fills `into`. Throws SourceError when the radio has gone or is a second late; from then on it
+    // is being opened again.
+    void read(std::span<Sample> into);
+
+    // True when samples keep coming.
+    bool sends() const;
+
+    // How often samples were lost in what was read so far.
+    std::uint64_t losses() const;
+
+    // Asks run() to end; true when it has ended within the second.
+    bool close();
+
+ private:
+    using Clock = std::chrono::steady_clock;
+    enum class Phase { Opening, Sending, Gone };
+
+    void keepOpen();
+    void serve(SoapyRadio& radio);
+    void answerTuning(SoapyRadio& radio, std::span<Sample> room);
+    void begin(const SoapyRadio& radio);
+    void gone(const std::string& fault);
+    void giveUp(std::unique_lock<std::mutex>& lock);
+    void forget();
+    void put(std::span<const Sample> samples);
+    void take(std::span<Sample> into);
+    std::size_t waiting() const { return static_cast<std::size_t>(written_ - read_); }
+
+    const SoapyRequest request_;
+    mutable std::mutex mutex_;
+    std::condition_variable changed_;
+
+    Phase phase_ = Phase::Opening;
+    bool closing_ = false;
+    bool ended_ = false;
+    bool givenUp_ = false;  // by the reader: what is open is to be opened again
+    std::string fault_;     // why it has gone
+    double rateHz_ = 0;
+    double centreHz_ = 0;
+    std::optional<double> wantedHz_;
+    bool tuned_ = false;  // the answer to it
+
+    // The samples that wait, by the number of each since the start.
+    std::vector<Sample> ring_;
+    std::uint64_t written_ = 0;
+    std::uint64_t read_ = 0;
+    std::deque<std::uint64_t> lostAt_;  // samples are missing before the one of that number
+    std::uint64_t losses_ = 0;
+    Clock::time_point lastRead_{};
+};
+
+}  // namespace hm16::receiver
