@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace hm16::receiver {
+
+// A radio that SoapySDR has found.
+struct ListedRadio {
+    std::string driver;
+    std::string device;  // arguments by which it is opened
+    std::string label;   // in its driver's words
+};
+
+// The radios that are there, sound cards left out; of a driver's name those of that driver alone.
+// Throws SourceError without SoapySDR.
+std::vector<ListedRadio> listRadios(const std::string& library, const std::string& driver);
+
+}  // namespace hm16::receiver

@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Goes over the band of a receiver once and lists its stations, for whoever lays a rack.
+#include <algorithm>
+#include <filesystem>
+#include <iostream>
+#include <optional>
+#include <random>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "drivers/receiver/library/open_source.h"
+#include "drivers/receiver/library/receiver_options.h"
+#include "drivers/receiver/radio/radio_list.h"
+#include "drivers/receiver/survey/presets.h"
+#include "drivers/receiver/survey/survey.h"
+#include "drivers/unit/number_text.h"
+#include "drivers/unit/replace_file.h"
+
+namespace {
+
+using namespace hm16::receiver;
+
+constexpr const char* kHelp = R"(hm16-survey INI [--check] [--presets FILE]
+hm16-survey --radios [DRIVER]
+
+Opens the receiver that the settings file INI describes, goes over the band once
+and lists its stations as CSV, strongest first. Ends with 0 when there is one,
+else with 1 and one sentence on standard error; with 3 where the file does not
+tell its format, its sample rate or its centre frequency.
+
+  --check          opens the receiver and no more
+  --presets FILE   writes the sixteen strongest stations into a rack's memories
+  --radios         lists the radios that SoapySDR finds, as a device and its
+                   label with a tab between them; 1 where there is none
+  --help           this text
+)";
+
+constexpr int kFailed = 1;
+constexpr int kNotTold = 3;
+
+int fail(const std::string& sentence, int code = kFailed) {
+    std::cerr << sentence << '\n';
+    return code;
+}
+
+int listThem(const std::string& driver) {
+    const auto radios = listRadios(kSoapyLibrary, driver);
+    for (const ListedRadio& radio : radios)
+        std::cout << radio.device << '\t' << radio.label << '\n';
+    return radios.empty() ? kFailed : 0;
+}
+
+// What the unit keeps of stations is of no use here.
+class ScratchFolder {
+ public:
+    ScratchFolder()
+        : path_(std::filesystem::temp_directory_path() /
+                ("hm16-survey-" + std::to_string(std::random_device()()))) {
+        std::filesystem::create_directories(path_);
+    }
+    ~ScratchFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+    const std::filesystem::path& path() const { return path_; }
+
+ private:
+    std::filesystem::path path_;
+};
+
+struct Options {
+    std::filesystem::path ini;
+    std::filesystem::path presets;
+    bool checkOnly = false;
+};
+
+std::string coverage(const SampleSource& source) {
+    if (source.live() || source.domain() != Domain::Band) return "";
+    const double half = source.rateHz() / 2;
+    return " between " + hm16::decimalText((source.centreHz() - half) / 1e6, 2) + " and " +
+           hm16::decimalText((source.centreHz() + half) / 1e6, 2) + " MHz";
+}
+
+int survey(const Options& asked) {
+    hm16::Settings settings = hm16::Settings::read(asked.ini);
+    ReceiverOptions options = readOptions(settings, asked.ini.parent_path());
+    for (const auto& fault : settings.faults()) std::cerr << fault << '\n';
+    if (!settings.faults().empty()) return kFailed;
+    // A band is gone over as fast as its source can.
+    if (options.source != SourceKind::Soapy) options.pace = Pace::Fast;
+    auto source = openSource(options);
+    if (asked.checkOnly) return 0;
+    if (source->domain() == Domain::Composite) return 0;
+    const std::string where = coverage(*source);
+    const std::string name = nameOf(options);
+    const ScratchFolder files;
+    hm16::PublishedReadings readings;
+    std::vector<FoundStation> stations;
+    {
+        ReceiverUnit unit(options, std::move(source), readings, files.path());
+        stations = surveyBand(unit, kPresets);
+    }
+    if (stations.empty()) return fail("No station is heard in " + name + where + ".");
+    std::cout << "mhz,level_dbuv,name\n";
+    for (const FoundStation& station : stations)
+        std::cout << hm16::decimalText(station.mhz, 2) << ','
+                  << hm16::decimalText(station.levelDbuv, 1) << ',' << station.name << '\n';
+    if (asked.presets.empty()) return 0;
+    const auto block = hm16::fileBytes(asked.presets).value_or("");
+    if (const auto fault = hm16::replaceFile(asked.presets, withPresets(block, stations)))
+        return fail(*fault);
+    return 0;
+}
+
+std::optional<Options> parse(const std::vector<std::string_view>& words) {
+    Options options;
+    for (std::size_t n = 0; n < words.size(); ++n) {
+        if (words[n] == "--check") {
+            options.checkOnly = true;
+        } else if (words[n] == "--presets" && n + 1 < words.size()) {
+            options.presets = words[++n];
+        } else if (options.ini.empty() && !words[n].starts_with("--")) {
+            options.ini = std::filesystem::absolute(words[n]);
+        } else {
+            return std::nullopt;
+        }
+    }
+    if (options.ini.empty()) return std::nullopt;
+    return options;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    const std::vector<std::string_view> words(arguments + 1, arguments + count);
+    if (std::find(words.begin(), words.end(), "--help") != words.end()) {
+        std::cout << kHelp;
+        return 0;
+    }
+    try {
+        if (!words.empty() && words[0] == "--radios")
+            return listThem(words.size() > 1 ? std::string(words[1]) : "");
+        const auto options = parse(words);
+        return options ? survey(*options) : fail("hm16-survey --help tells how it is called.");
+    } catch (const MissingSetting& error) {
+        return fail(error.what(), kNotTold);
+    } catch (const SourceError& error) {
+        return fail(error.what());
+    }
+}

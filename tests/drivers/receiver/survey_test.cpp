@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The band gone over once: which stations there are, and what goes into a rack's memories.
+#include "drivers/receiver/survey/survey.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "drivers/receiver/library/scenes.h"
+#include "drivers/receiver/survey/presets.h"
+#include "drivers/receiver/synth/band_generator.h"
+#include "tests/support/temp_folder.h"
+
+namespace hm16::receiver {
+namespace {
+
+std::vector<double> places(const std::vector<FoundStation>& stations) {
+    std::vector<double> result;
+    for (const auto& station : stations) result.push_back(std::round(station.mhz * 100) / 100);
+    return result;
+}
+
+TEST(LoudChannels, AStationStandsInTheMiddleOfWhatItFills) {
+    const std::vector<float> levels{30, 31, 50, 89, 90, 89.5F, 40, 30, 30, 30};
+    EXPECT_THAT(places(loudChannels(levels, 98)), testing::ElementsAre(98.4));
+}
+
+TEST(LoudChannels, TwoNeighboursAreTwoStationsTheStrongerFirst) {
+    const std::vector<float> levels{30, 40, 70, 45, 80, 45, 30, 30, 30, 30};
+    EXPECT_THAT(places(loudChannels(levels, 88)), testing::ElementsAre(88.4, 88.2));
+}
+
+TEST(LoudChannels, WhatWasNotReceivedIsNoFloor) {
+    const std::vector<float> levels{0, 0, 0, 0, 0, 60, 60.2F, 60.1F, 59.9F, 0, 0};
+    EXPECT_THAT(loudChannels(levels, 88), testing::IsEmpty());
+    EXPECT_THAT(loudChannels({0, 0}, 88), testing::IsEmpty());
+    EXPECT_THAT(loudChannels({}, 88), testing::IsEmpty());
+}
+
+class Survey : public testing::Test {
+ protected:
+    std::vector<FoundStation> stationsOf(Scene scene, std::size_t most = 16) {
+        ReceiverOptions options;
+        options.pace = Pace::Fast;
+        options.levelStepDb = 0;
+        ReceiverUnit unit(options, std::make_unique<BandGenerator>(sceneOf(scene, 0, 0)), readings_,
+                          folder_.path());
+        return surveyBand(unit, most);
+    }
+    PublishedReadings readings_;
+    const hmonitor::test::TempFolder folder_;
+};
+
+TEST_F(Survey, FindsTheStationsStrongestFirstAndNamesThemByRds) {
+    const auto stations = stationsOf(Scene::Band);
+    EXPECT_THAT(places(stations), testing::ElementsAre(98.5, 97.8));
+    EXPECT_EQ(stations[0].name, "SYNTH FM");
+    EXPECT_EQ(stations[1].name, "");
+    EXPECT_NEAR(stations[0].levelDbuv, 89, 1.5);
+    EXPECT_EQ(stationsOf(Scene::Band, 1).size(), 1u);
+}
+
+TEST_F(Survey, NoiseAloneIsNoStation) {
+    EXPECT_THAT(stationsOf(Scene::Silence), testing::IsEmpty());
+}
+
+TEST(Presets, TakeTheStationsAndEmptyTheRest) {
+    const std::string block =
+        withPresets(std::string(320, 'x'), std::vector<FoundStation>{{98.5, 90, "SYNTH FM"},
+                                                                     {100.1, 80, ""},
+                                                                     {88.75, 70, "Long name here"},
+                                                                     {91.2, 70,
+                                                                      "N\xD1"
+                                                                      "U"}});
+    EXPECT_EQ(block.size(), 320u);
+    EXPECT_EQ(block.substr(0, 16), std::string(16, 'x'));
+    EXPECT_EQ(block.substr(16, 16), "-SYNTH FM -985  ");
+    EXPECT_EQ(block.substr(32, 16), "-100.1 MHz-1001 ");
+    EXPECT_EQ(block.substr(48, 16), "-Long name-8875 ");
+    EXPECT_EQ(block.substr(64, 16), "-N.U      -912  ");
+    EXPECT_EQ(block.substr(80, 16), "-         -     ");
+    EXPECT_EQ(block.substr(256, 16), "-         -     ");
+    EXPECT_EQ(block.substr(272), std::string(48, 'x'));
+    EXPECT_EQ(withPresets("", {}).size(), 300u);
+}
+
+}  // namespace
+}  // namespace hm16::receiver
