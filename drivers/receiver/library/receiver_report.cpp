@@ -39,7 +39,7 @@ std::string ReceiverUnit::report() const {
             (signal_.ended() ? ", ended" : "") + "\n";
     if (source.badSamples() > 0)
         text += "samples that were no numbers: " + std::to_string(source.badSamples()) + "\n";
-    if (source.live()) text += "samples lost: " + std::to_string(source.losses()) + " times\n";
+    if (source.live()) text += "samples lost: " + std::to_string(source.timesLost()) + " times\n";
     const Figures& figures = heard_;
     text += "tuned: " + inMhz(tuning_.frequency * 1e5) + (figures.carrier ? "" : ", no carrier") +
             (figures.stereo ? ", stereo" : "") +

@@ -157,7 +157,9 @@ bool RadioLoop::tune(double centreHz) {
     return false;
 }
 
-void RadioLoop::read(std::span<Sample> into) {
+void RadioLoop::read(std::span<Sample> into, std::vector<SampleSource::Loss>& losses) {
+    losses.clear();
+    std::size_t done = 0;
     std::unique_lock lock(mutex_);
     const std::chrono::duration<double> onAir(static_cast<double>(into.size()) / rateHz_);
     const auto latest =
@@ -169,8 +171,9 @@ void RadioLoop::read(std::span<Sample> into) {
         if (phase_ != Phase::Sending) throw SourceError(fault_);
         if (waiting() == 0) giveUp(lock);
         const std::size_t count = std::min(into.size(), waiting());
-        take(into.first(count));
+        take(into.first(count), done, losses);
         into = into.subspan(count);
+        done += count;
         if (!into.empty() && Clock::now() > latest) giveUp(lock);
     }
 }
@@ -187,11 +190,6 @@ void RadioLoop::giveUp(std::unique_lock<std::mutex>& lock) {
 bool RadioLoop::sends() const {
     const std::lock_guard lock(mutex_);
     return phase_ == Phase::Sending && static_cast<double>(waiting()) >= kProofSeconds * rateHz_;
-}
-
-std::uint64_t RadioLoop::losses() const {
-    const std::lock_guard lock(mutex_);
-    return losses_;
 }
 
 bool RadioLoop::close() {
@@ -215,12 +213,12 @@ void RadioLoop::put(std::span<const Sample> samples) {
     if (Clock::now() - lastRead_ < kPatience) lostAt_.push_front(read_);
 }
 
-void RadioLoop::take(std::span<Sample> into) {
+void RadioLoop::take(std::span<Sample> into, std::size_t done,
+                     std::vector<SampleSource::Loss>& losses) {
+    const std::uint64_t first = read_;
     for (Sample& sample : into) sample = ring_[read_++ % ring_.size()];
-    while (!lostAt_.empty() && lostAt_.front() < read_) {
-        lostAt_.pop_front();
-        ++losses_;
-    }
+    for (; !lostAt_.empty() && lostAt_.front() < read_; lostAt_.pop_front())
+        losses.push_back({done + static_cast<std::size_t>(lostAt_.front() - first), 0});
 }
 
 }  // namespace hm16::receiver

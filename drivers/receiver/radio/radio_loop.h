@@ -37,15 +37,12 @@ class RadioLoop {
     // Tunes and forgets what was received before; false when the radio refuses or has gone.
     bool tune(double centreHz);
 
-    // Fills `into`. Throws SourceError when the radio has gone or is a second late; from then on it
-    // is being opened again.
-    void read(std::span<Sample> into);
+    // Fills `into` and tells in front of which samples some are missing. Throws SourceError when
+    // the radio has gone or is a second late; from then on it is being opened again.
+    void read(std::span<Sample> into, std::vector<SampleSource::Loss>& losses);
 
     // True when samples keep coming.
     bool sends() const;
-
-    // How often samples were lost in what was read so far.
-    std::uint64_t losses() const;
 
     // Asks run() to end; true when it has ended within the second.
     bool close();
@@ -62,7 +59,7 @@ class RadioLoop {
     void giveUp(std::unique_lock<std::mutex>& lock);
     void forget();
     void put(std::span<const Sample> samples);
-    void take(std::span<Sample> into);
+    void take(std::span<Sample> into, std::size_t done, std::vector<SampleSource::Loss>& losses);
     std::size_t waiting() const { return static_cast<std::size_t>(written_ - read_); }
 
     const SoapyRequest request_;
@@ -84,7 +81,6 @@ class RadioLoop {
     std::uint64_t written_ = 0;
     std::uint64_t read_ = 0;
     std::deque<std::uint64_t> lostAt_;  // samples are missing before the one of that number
-    std::uint64_t losses_ = 0;
     Clock::time_point lastRead_{};
 };
 

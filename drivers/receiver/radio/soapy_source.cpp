@@ -29,7 +29,8 @@ void SoapySource::close() {
 }
 
 std::size_t SoapySource::read(std::span<Sample> into) {
-    loop_->read(into);
+    loop_->read(into, losses_);
+    timesLost_ += losses_.size();
     for (Sample& sample : into) {
         if (std::isfinite(sample.real()) && std::isfinite(sample.imag())) continue;
         sample = Sample();

@@ -26,13 +26,16 @@ class SoapySource : public SampleSource {
     bool live() const override { return true; }
     bool back() override { return loop_->sends(); }
     std::uint64_t badSamples() const override { return bad_; }
-    std::uint64_t losses() const override { return loop_->losses(); }
+    std::span<const Loss> losses() const override { return losses_; }
+    std::uint64_t timesLost() const override { return timesLost_; }
 
  private:
     void close();
 
     std::shared_ptr<RadioLoop> loop_;
     std::thread thread_;
+    std::vector<Loss> losses_;  // of the last read
+    std::uint64_t timesLost_ = 0;
     std::uint64_t bad_ = 0;
 };
 

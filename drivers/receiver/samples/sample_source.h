@@ -50,6 +50,14 @@ class SampleSource {
     // number. Throws SourceError when the source has failed for good.
     virtual std::size_t read(std::span<Sample> into) = 0;
 
+    // Samples that a radio lost in front of sample `at` of what the last read() gave, in the order
+    // of their places; `count` is 0 where it is not known.
+    struct Loss {
+        std::size_t at = 0;
+        std::uint64_t count = 0;
+    };
+    virtual std::span<const Loss> losses() const { return {}; }
+
     // Goes back to the first sample; a live radio stays where it is.
     virtual void rewind() = 0;
 
@@ -69,7 +77,7 @@ class SampleSource {
     virtual bool back() { return false; }
 
     // How often samples were lost so far in what a live source gave.
-    virtual std::uint64_t losses() const { return 0; }
+    virtual std::uint64_t timesLost() const { return 0; }
 
     // Number of samples from start to end, 0 when there is no end.
     virtual std::uint64_t length() const { return 0; }

@@ -388,6 +388,7 @@ class RadioServer {
             const int nowhere = open("/dev/null", O_WRONLY);
             dup2(nowhere, STDOUT_FILENO);
             dup2(nowhere, STDERR_FILENO);
+            setenv("LD_PRELOAD", HM16_NO_DISCOVERY, 1);
             execlp("SoapySDRServer", "SoapySDRServer", bind.c_str(), nullptr);
             _exit(127);
         }

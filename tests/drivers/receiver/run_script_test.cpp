@@ -21,12 +21,12 @@ class RunScript : public testing::Test {
  protected:
     // Runs a line with the script's functions in the folder; what it says goes into the file said.
     int tryTo(const std::string& call) const {
-        const std::string line = "cd '" + folder_.path().string() +
-                                 "' && bash -euc \". '" HMONITOR_SOURCE_DIR
-                                 "/scripts/packages.sh'; . '" HMONITOR_SOURCE_DIR
-                                 "/scripts/lay_rack.sh'; . '" HMONITOR_SOURCE_DIR
-                                 "/scripts/recording.sh'; " +
-                                 call + "\" 2>said";
+        folder_.write("call", "set -eu\n. '" HMONITOR_SOURCE_DIR
+                              "/scripts/packages.sh'\n. '" HMONITOR_SOURCE_DIR
+                              "/scripts/lay_rack.sh'\n. '" HMONITOR_SOURCE_DIR
+                              "/scripts/recording.sh'\n" +
+                                  call + "\n");
+        const std::string line = "cd '" + folder_.path().string() + "' && bash call 2>said";
         return std::system(line.c_str());
     }
     void run(const std::string& call) const { EXPECT_EQ(tryTo(call), 0) << call << said(); }
@@ -39,7 +39,7 @@ class RunScript : public testing::Test {
 TEST_F(RunScript, FormatRateAndCentreStandInAnyOrderAndInUsualWords) {
     run("read_words 98.2 2.4M CU8; echo $format $rate $centre >out");
     EXPECT_EQ(folder_.read("out"), "cu8 2400000 98.2\n");
-    run("read_words 1.2e6 98.2M; echo \\\"$format\\\" $rate $centre >out");
+    run("read_words 1.2e6 98.2M; echo \"$format\" $rate $centre >out");
     EXPECT_EQ(folder_.read("out"), " 1200000 98.2\n");
     run("read_words 2048k 100; echo $rate $centre >out");
     EXPECT_EQ(folder_.read("out"), "2048000 100\n");
@@ -53,7 +53,7 @@ TEST_F(RunScript, FormatRateAndCentreStandInAnyOrderAndInUsualWords) {
 
 TEST_F(RunScript, ASettingTakesThePlaceOfItsLineOrOfTheCommentThatShowsIt) {
     folder_.write("hm-16.ini", "; words\nsource = synthetic\n;file = x\nlevel_step_db = 0.1\n");
-    run("set_key hm-16.ini source recording; set_key hm-16.ini file '/with blanks/a\\\\b.wav'");
+    run("set_key hm-16.ini source recording; set_key hm-16.ini file '/with blanks/a\\b.wav'");
     run("set_key hm-16.ini rate_hz 2400000");
     EXPECT_EQ(ini(),
               "; words\r\nsource = recording\r\nfile = /with blanks/a\\b.wav\r\n"
