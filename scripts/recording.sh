@@ -18,7 +18,7 @@ read_words() {
     if awk -v n="$hz" 'BEGIN { exit !(n < 6000) }'; then
       centre=$hz
     elif awk -v n="$hz" 'BEGIN { exit !(n > 25e6) }'; then
-      centre=$(awk -v n="$hz" 'BEGIN { printf "%.6f", n / 1e6 }')
+      centre=$(number_in "$(awk -v n="$hz" 'BEGIN { printf "%.6f", n / 1e6 }')")
     else
       rate=$hz
     fi

@@ -19,12 +19,32 @@ constexpr double kStepMhz = 0.1;
 constexpr float kAboveFloorDb = 10;
 // Of two channels closer than that one is the other's edge.
 constexpr double kApartMhz = 0.16;
-// A station fills its channel and both beside it; what is within this belongs together.
-constexpr float kPlateauDb = 1;
 
-constexpr double kCarrierSeconds = 0.6;
+constexpr double kLookSeconds = 0.3;
+constexpr double kCarrierSeconds = 1.5;
 constexpr double kNameSeconds = 4;
 constexpr double kPatienceSeconds = 60;
+
+double powerOf(float level) {
+    return level > 0 ? std::pow(10.0, level / 10) : 0;
+}
+
+// The levels of whole channels, from those of steps half as wide.
+std::vector<float> channelLevels(const std::vector<float>& levels) {
+    std::vector<float> wide(levels.size());
+    for (std::size_t n = 0; n < levels.size(); ++n) {
+        double power = powerOf(levels[n]);
+        if (n > 0) power += powerOf(levels[n - 1]) / 2;
+        if (n + 1 < levels.size()) power += powerOf(levels[n + 1]) / 2;
+        wide[n] = power > 0 ? static_cast<float>(10 * std::log10(power)) : 0;
+    }
+    return wide;
+}
+
+bool isPeak(const std::vector<float>& levels, std::size_t n) {
+    return (n == 0 || levels[n - 1] < levels[n]) &&
+           (n + 1 == levels.size() || levels[n + 1] <= levels[n]);
+}
 
 std::string withoutBlanks(std::string text) {
     const auto last = text.find_last_not_of(' ');
@@ -64,13 +84,17 @@ std::vector<float> frameOf(ReceiverUnit& unit) {
 // True when a modulated carrier stands there; its name then, as far as it is sent.
 bool listen(ReceiverUnit& unit, FoundStation& station) {
     unit.measure({.frequency = 10 * station.mhz});
-    pass(unit, kCarrierSeconds);
-    bool carrier = unit.heard().carrier;
-    for (double heard = 0; carrier && heard < kNameSeconds; heard += kCarrierSeconds) {
+    bool carrier = false;
+    for (double heard = 0; !carrier && heard < kCarrierSeconds; heard += kLookSeconds) {
+        pass(unit, kLookSeconds);
+        carrier = unit.heard().carrier;
+    }
+    for (double heard = 0; carrier && heard < kNameSeconds; heard += kLookSeconds) {
         const Figures figures = unit.heard();
         station.name = withoutBlanks(figures.rdsName);
-        if (!figures.rds || !station.name.empty()) break;
-        pass(unit, kCarrierSeconds);
+        // Data takes a moment longer to be seen than the carrier.
+        if (!station.name.empty() || (heard > kCarrierSeconds && !figures.rds)) break;
+        pass(unit, kLookSeconds);
     }
     unit.stop();
     return carrier;
@@ -86,23 +110,22 @@ std::vector<FoundStation> loudChannels(const std::vector<float>& levels, double 
     const auto quiet = received.begin() + static_cast<std::ptrdiff_t>(received.size() / 10);
     std::nth_element(received.begin(), quiet, received.end());
     const float floor = *quiet;
-    std::vector<FoundStation> found;
+    const std::vector<float> wide = channelLevels(levels);
     std::vector<std::size_t> order(levels.size());
     for (std::size_t n = 0; n < order.size(); ++n) order[n] = n;
     std::stable_sort(order.begin(), order.end(),
-                     [&](std::size_t a, std::size_t b) { return levels[a] > levels[b]; });
+                     [&](std::size_t a, std::size_t b) { return wide[a] > wide[b]; });
+    std::vector<FoundStation> found;
     for (const std::size_t n : order) {
-        if (levels[n] < floor + kAboveFloorDb) break;
-        std::size_t first = n, last = n;
-        while (first > 0 && levels[first - 1] >= levels[n] - kPlateauDb) --first;
-        while (last + 1 < levels.size() && levels[last + 1] >= levels[n] - kPlateauDb) ++last;
-        // More than three channels alike are several stations: each stands where it is loudest.
-        const std::size_t middle = last - first <= 2 ? (first + last) / 2 : n;
-        const double mhz = firstMhz + kStepMhz * static_cast<double>(middle);
+        if (wide[n] < floor + kAboveFloorDb) break;
+        // Strong modulation leaves little in the middle of a channel, and a strong neighbour fills
+        // the step in between: a station is a peak of one or the other.
+        if (!isPeak(levels, n) && !isPeak(wide, n)) continue;
+        const double mhz = firstMhz + kStepMhz * static_cast<double>(n);
         const bool edge = std::any_of(found.begin(), found.end(), [&](const FoundStation& other) {
             return std::fabs(other.mhz - mhz) < kApartMhz;
         });
-        if (!edge) found.push_back({mhz, levels[n], ""});
+        if (!edge) found.push_back({mhz, wide[n], ""});
     }
     return found;
 }
