@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <string>
 
@@ -182,7 +183,8 @@ TEST_F(RackScript, WithoutARadioOneSentenceNamesThePackages) {
     EXPECT_NE(tryTo("only_radio build rtlsdr"), 0);
     EXPECT_THAT(said(), HasSubstr("There is no radio of driver rtlsdr."));
     EXPECT_THAT(said(), HasSubstr("soapysdr-module-rtlsdr"));
-    EXPECT_EQ(std::count(said().begin(), said().end(), '\n'), 1);
+    const std::string all = said();
+    EXPECT_EQ(std::count(all.begin(), all.end(), '\n'), 1) << all;
 }
 
 }  // namespace

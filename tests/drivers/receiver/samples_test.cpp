@@ -311,7 +311,7 @@ TEST_F(Recordings, SoundFilesHoldIqInTwoChannelsOrACompositeInTheFirst) {
     EXPECT_EQ(iq->rateHz(), 1.2e6);
     EXPECT_EQ(all(*iq)[0], Sample(0.5F, -0.5F));
     asked = request(write("mpx.wav", wav(1, 192000, {8192})));
-    EXPECT_THAT(fault(asked), HasSubstr("1 channels; I and Q need two"));
+    EXPECT_THAT(fault(asked), HasSubstr("1 channel; I and Q need two"));
     asked.format = "composite";
     asked.rateHz = 0;
     asked.centreHz = 0;
