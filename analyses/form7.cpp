@@ -3,35 +3,61 @@
 
 #include "analyses/form_dd3.h"
 #include "core/language.h"
+#include "core/look.h"
+#include "core/numbers.h"
 
 namespace hmonitor {
 
-using display::Surface;
-
-Form7::Form7(Program& itsProgram) : ProgramForm(itsProgram, "Form7") {}
+Form7::Form7(Program& itsProgram) : ChartSheet(itsProgram, "Form7") {}
 
 void Form7::onLoad() {
-    language = panelLanguage(desktop().userLanguageId());
+    constexpr float kFirstBrandLeft = 5760;
+    SheetForm::onLoad();
+    if (firstBrand()) Picture2.left = kFirstBrandLeft;
+    nameModel(Label3);
+    Label1.caption =
+        wordsIn(language, {"Medición al aire de la emisora", "On-air measurement of the station"});
     // A page that was unloaded comes back with the curve that its window shows.
     if (program.Form_Dd3.filled() && program.Form_Dd3.peek().loaded())
         Graph1.take(program.Form_Dd3.peek().Graph1);
 }
 
 void Form7::layOut() {
-    constexpr float kWidth = 9000;
-    constexpr float kHeight = 6400;
-    width = kWidth;
-    height = kHeight;
-    place(Sheet, {0, 0, kWidth, kHeight}).surface = Surface::Sheet;
-    place(Label2, {360, 700, kWidth - 720, 240}).colour = display::kBlack;
-    Label2.font = display::Font{160};
-    place(Graph1, {360, 1200, kWidth - 720, 4200}).style = display::Chart::Style::Curve;
-    Graph1.insets = display::Chart::Insets{0, 200, 0, 300};
+    constexpr float kSheetWidth = 9400;
+    constexpr float kPlotHeight = 3900;
+    constexpr float kPlotTop = 160;
+    constexpr float kRowLabels = 300;
+    constexpr float kSheetHeight =
+        kSheetBody + kPlotTop + kPlotHeight + kRowLabels + 200 + kSheetFoot;
+    /// The chart's scale: 0 dB stands at 15 and a line every 5 dB.
+    constexpr int kHighest = 30;
+    constexpr int kZeroDb = 15;
+    constexpr int kLineStep = 5;
+
+    layOutSheet(kSheetWidth, kSheetHeight, "Frecuency Response");
+    caption = "Frecuency response";
+    placeHeading(Label3, "  Frecuency Response ");
+
+    constexpr float kChartLeft = kSheetMargin + 480;
+    placeChart({kChartLeft, kSheetBody, kSheetWidth - kSheetMargin - kChartLeft,
+                kPlotTop + kPlotHeight + kRowLabels});
+    for (int i = 0; i < static_cast<int>(ScaleNumber.size()); ++i) {
+        const int level = kHighest - kLineStep * i - kZeroDb;
+        placeScale(ScaleNumber[static_cast<std::size_t>(i)],
+                   kSheetBody + kPlotTop + kPlotHeight * static_cast<float>(i) / 6,
+                   (level > 0 ? SmallText("+") : SmallText()).append(shortText(level)));
+    }
+    placeScale(ScaleUnit, kSheetBody + 20, "dB");
+    placeScale(ToneUnit, kSheetBody + kPlotTop + kPlotHeight + kRowLabels + 160, "Hz");
+    ToneUnit.left = kSheetWidth - kSheetMargin - 440;
+    Graph1.style = display::Chart::Style::Curve;
+    Graph1.insets = display::Chart::Insets{0, kPlotTop, 0, kRowLabels};
     Graph1.lowest = 0.f;
-    Graph1.highest = 30.f;
-    Graph1.gridStep = 5.f;
+    Graph1.highest = kHighest;
+    Graph1.gridStep = kLineStep;
     Graph1.columnCount(1);
     Graph1.seriesColour(1, display::kBlack);
+    Graph1.says = {"Respuesta a frecuencia de la emisora", "Frequency response of the station"};
 }
 
 }  // namespace hmonitor

@@ -1,19 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "core/program_form.h"
-#include "display/chart.h"
+#include "analyses/chart_sheet.h"
+#include "display/family.h"
 
 namespace hmonitor {
 
-/// The page of the frequency response: the twin of the window's chart, and its date line.
-class Form7 final : public ProgramForm {
+/// The page of the frequency response: the twin of the window's chart.
+class Form7 final : public ChartSheet {
  public:
     explicit Form7(Program& program);
 
-    display::Panel Sheet{*this, "Sheet"};
-    display::Label Label2{*this, "Label2"};  ///< station, frequency and date
-    display::Chart Graph1{*this, "Graph1"};
+    display::Label Label3{*this, "Label3"};  ///< heading
+    display::Family<display::Label, 7> ScaleNumber{*this, "ScaleNumber"};
+    display::Label ScaleUnit{*this, "ScaleUnit"};
+    display::Label ToneUnit{*this, "ToneUnit"};
 
  protected:
     void layOut() override;

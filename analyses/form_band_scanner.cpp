@@ -19,7 +19,7 @@ Form_BandSCanner::Form_BandSCanner(Program& itsProgram)
         option->onClick = [this] { chooseOption(); };
     Command3D1.onClick = [this] { Command3D1_Click(); };
     CommandClose.onClick = [this] { CommandClose_Click(); };
-    SSCommand1.onClick = [this] { datePage(); };
+    SSCommand1.onClick = [this] { openPage(); };
     HScroll1.onChange = [this] { showScrolled(); };
     Timer1.onTick = [this] { frames_.look(); };
     Graph1.tellCell = [this](int row, int column) { return tellCell(row, column); };
@@ -213,9 +213,9 @@ void Form_BandSCanner::CommandClose_Click() {
     }
 }
 
-void Form_BandSCanner::datePage() {
-    // The page keeps its date for when it can be shown.
+void Form_BandSCanner::openPage() {
     program.Form_PrintBandScan->Label2.caption = longDate(desktop());
+    program.Form_PrintBandScan->open();
 }
 
 void Form_BandSCanner::showScrolled() {

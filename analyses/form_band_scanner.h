@@ -89,7 +89,7 @@ class Form_BandSCanner final : public ProgramForm, private LevelSink {
     void goOnSweeping();
     void endRun();
     void CommandClose_Click();
-    void datePage();
+    void openPage();
 
     // The levels of a row of channels on their way to the cells of the chart and to the file.
     void beginRow(const ScanChannels& channels, int startColumn, int columns);

@@ -12,7 +12,7 @@ namespace hmonitor {
 
 Form_Dd3::Form_Dd3(Program& itsProgram) : ProgramForm(itsProgram, "Form_Dd3") {
     Command3D2.onClick = [this] { close(); };
-    SSCommand1.onClick = [this] { datePage(); };
+    SSCommand1.onClick = [this] { openPage(); };
     Graph1.tellCell = [this](int row, int) { return ResponseCurve::tell(Graph1, row); };
     Graph1.reading = [this] { return ResponseCurve::tellAll(Graph1); };
     bindHandle(Panel3D1.onMouseDown, Panel3D1.onMouseMove, {this});
@@ -37,11 +37,11 @@ void Form_Dd3::close() {
     hide();
 }
 
-void Form_Dd3::datePage() {
-    // The page keeps its date for when it can be shown.
+void Form_Dd3::openPage() {
     program.Form7->Label2.caption = StationState.StationName.str() + " " +
                                     longText(valueOf(StationState.MemoryFreq) / 10).str() +
                                     " mhz  " + longDate(desktop());
+    program.Form7->open();
 }
 
 }  // namespace hmonitor

@@ -32,7 +32,7 @@ class Form_Dd3 final : public ProgramForm {
 
  private:
     void close();
-    void datePage();
+    void openPage();
 
     bool placed_ = false;  ///< has stood on the screen; from then on its place is the user's
 };

@@ -8,10 +8,13 @@
 namespace hmonitor {
 
 Form_PrintBandScan::Form_PrintBandScan(Program& itsProgram)
-    : ProgramForm(itsProgram, "Form_PrintBandScan") {}
+    : ChartSheet(itsProgram, "Form_PrintBandScan") {}
 
 void Form_PrintBandScan::onLoad() {
-    language = panelLanguage(desktop().userLanguageId());
+    SheetForm::onLoad();
+    nameModel(Label18);
+    Label1.caption = wordsIn(language, {"Niveles de la banda a la entrada del receptor",
+                                        "Levels of the band at the receiver's input"});
     if (!program.Form_BandSCanner.filled() || !program.Form_BandSCanner.peek().loaded()) return;
     // A page that was unloaded comes back with the scan that its window shows.
     const Form_BandSCanner& window = program.Form_BandSCanner.peek();
@@ -30,22 +33,33 @@ void Form_PrintBandScan::showOption(const ScanOption& option) {
 }
 
 void Form_PrintBandScan::layOut() {
-    constexpr float kWidth = 12000;
-    constexpr float kHeight = 7600;
-    width = kWidth;
-    height = kHeight;
-    place(Sheet, {0, 0, kWidth, kHeight}).surface = display::Surface::Sheet;
-    place(Label2, {360, 700, kWidth - 720, 240}).colour = display::kBlack;
-    Label2.font = display::Font{160};
-    place(Graph1, {360, 1200, kWidth - 720, 4400});
-    Graph1.insets = display::Chart::Insets{280, 200, 280, 300};
+    constexpr float kSheetWidth = 12000;
+    constexpr float kPlotTop = 160;
+    constexpr float kPlotHeight = 4200;
+    constexpr float kRowLabels = 300;
+    constexpr float kChartHeight = kPlotTop + kPlotHeight + kRowLabels;
+    constexpr float kLegend = kSheetBody + kChartHeight + 260;
+    constexpr float kSheetHeight = kLegend + 340 + kSheetFoot;
+
+    layOutSheet(kSheetWidth, kSheetHeight, "Band Scanner");
+    caption = "Form5";
+    placeHeading(Label18, "  Band Scanner");
+
+    constexpr float kChartLeft = kSheetMargin + 480;
+    placeChart({kChartLeft, kSheetBody, kSheetWidth - kSheetMargin - kChartLeft, kChartHeight});
+    for (std::size_t i = 0; i < Scale.size(); ++i)
+        placeScale(Scale[i], kSheetBody + kPlotTop + kPlotHeight * static_cast<float>(i) / 7,
+                   wholeText(100 - 10 * static_cast<int>(i)));
+    placeScale(Label3, kSheetBody + 20, "dB");
+    Graph1.insets = display::Chart::Insets{60, kPlotTop, 60, kRowLabels};
     Graph1.lowest = 30.f;
     Graph1.highest = 100.f;
     Graph1.rowCount(kScanRows);
+    Graph1.says = {"Niveles de la banda", "Levels of the band"};
     for (std::size_t i = 0; i < ScanLegend::kColumns; ++i) {
-        const float x = 700 + 1080 * static_cast<float>(i);
-        place(legend.stroke(i), x, 5980, x + 300, 5980).thickness = 4;
-        place(legend.Label_Serie[i], {x + 380, 5890, 500, 180}).colour = display::kBlack;
+        const float x = kChartLeft + 1080 * static_cast<float>(i);
+        place(legend.stroke(i), x, kLegend + 90, x + 300, kLegend + 90, &Sheet).thickness = 4;
+        place(legend.Label_Serie[i], {x + 380, kLegend, 500, 180}, &Sheet).colour = display::kBlack;
     }
     legend.colour(Graph1, ScanGround::Paper);
     showOption(scanOption(ScanSpacing::Odd));

@@ -1,23 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "analyses/chart_sheet.h"
 #include "analyses/scan_legend.h"
-#include "core/program_form.h"
-#include "display/chart.h"
+#include "core/numbered.h"
 
 namespace hmonitor {
 
-/// The page of the band scan: the twin of the window's chart with its legend, and its date line.
-class Form_PrintBandScan final : public ProgramForm {
+/// The page of the band scan: the twin of the window's chart with its scale and its legend.
+class Form_PrintBandScan final : public ChartSheet {
  public:
     explicit Form_PrintBandScan(Program& program);
 
     /// Rows, columns and legend under a choice of channels.
     void showOption(const ScanOption& option);
 
-    display::Panel Sheet{*this, "Sheet"};
-    display::Label Label2{*this, "Label2"};  ///< the date
-    display::Chart Graph1{*this, "Graph1"};
+    display::Label Label18{*this, "Label18"};               ///< heading
+    Numbered<display::Label, 8, 10> Scale{*this, "Label"};  ///< the level scale, from the top
+    display::Label Label3{*this, "Label3"};                 ///< its unit
     ScanLegend legend{*this};
 
  protected:

@@ -46,8 +46,7 @@ void frmSpectrumAnalizer::bindKeys() {
         key->onClick = [this] { butStart_Click(); };
     for (display::Picture* key : {&butPause, &butPause_BW})
         key->onClick = [this] { butPause_Click(); };
-    // Its page is still to come.
-    SSCommand1.onClick = [] {};
+    SSCommand1.onClick = [this] { openPage(); };
     Timer1.onTick = [this] {
         blink();
         frames_.look();

@@ -156,6 +156,7 @@ class frmSpectrumAnalizer final : public ProgramForm, private LevelSink {
     void tellRefused(int index);
     void butSpecMode_Click();
     void showZoomView();
+    void openPage();
     void changeWidth(float times);
     void scrollPictures();
 

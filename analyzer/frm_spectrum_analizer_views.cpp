@@ -3,9 +3,11 @@
 #include "analyzer/frm_spectrum_analizer.h"
 #include "analyzer/sparse_labels.h"
 #include "core/language.h"
+#include "core/long_date.h"
 #include "core/numbers.h"
 #include "spectrum/channel_spectrum_file.h"
 #include "spectrum/class1.h"
+#include "spectrum/form6.h"
 
 namespace hmonitor {
 
@@ -122,6 +124,18 @@ void frmSpectrumAnalizer::scrollPictures() {
     // The two divide by another number, and both go by the width of the bars' picture.
     PictureZoom.left = kLeft - beyond / (last - 1) * value;
     Picture3d.left = kLeft - (beyond - kMapNarrower) / last * value;
+}
+
+void frmSpectrumAnalizer::openPage() {
+    hmonitor::Form6& page = *program.Form6;
+    const display::PictureBox& view = zoomOnShow() ? PictureZoom : Picture3d;
+    page.Label2.caption = longDate(desktop());
+    page.Picture1.drawing.take(view.drawing);
+    // The table belongs to the channel spectrum.
+    page.Picture1B.drawing.clear();
+    page.Picture1.left = view.left.get();
+    page.Picture1.width = width.get();
+    page.open();
 }
 
 }  // namespace hmonitor

@@ -17,6 +17,8 @@ Forms::Forms(Program& program, Form_WaitLoad::Brand brand)
       formNewSpectro(program),
       formD1(program),
       formD1a(program),
+      form6(program),
+      formD1aP(program),
       formDd3(program),
       form7(program),
       formBandSCanner(program),
@@ -39,6 +41,8 @@ Forms::Forms(Program& program, Form_WaitLoad::Brand brand)
     program.Form_NewSpectro.fill(formNewSpectro);
     program.Form_D1.fill(formD1);
     program.FormD1a.fill(formD1a);
+    program.Form6.fill(form6);
+    program.FormD1aP.fill(formD1aP);
     program.Form_Dd3.fill(formDd3);
     program.Form7.fill(form7);
     program.Form_BandSCanner.fill(formBandSCanner);

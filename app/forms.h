@@ -17,8 +17,10 @@
 #include "performance/form4.h"
 #include "performance/form_d4a.h"
 #include "program/tuner.h"
+#include "spectrum/form6.h"
 #include "spectrum/form_d1.h"
 #include "spectrum/form_d1a.h"
+#include "spectrum/form_d1ap.h"
 #include "spectrum/form_new_spectro.h"
 #include "startup/form3.h"
 #include "startup/form_modo_demo.h"
@@ -48,6 +50,8 @@ class Forms {
     hmonitor::Form_NewSpectro formNewSpectro;
     hmonitor::Form_D1 formD1;
     hmonitor::FormD1a formD1a;
+    hmonitor::Form6 form6;
+    hmonitor::FormD1aP formD1aP;
     hmonitor::Form_Dd3 formDd3;
     hmonitor::Form7 form7;
     hmonitor::Form_BandSCanner formBandSCanner;

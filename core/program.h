@@ -28,6 +28,8 @@ class Form_bTuner;
 class Form_NewSpectro;
 class Form_D1;
 class FormD1a;
+class Form6;
+class FormD1aP;
 class Form_Dd3;
 class Form7;
 class Form_BandSCanner;
@@ -69,6 +71,8 @@ struct Program {
     Slot<hmonitor::Form_NewSpectro> Form_NewSpectro;
     Slot<hmonitor::Form_D1> Form_D1;
     Slot<hmonitor::FormD1a> FormD1a;
+    Slot<hmonitor::Form6> Form6;
+    Slot<hmonitor::FormD1aP> FormD1aP;
     Slot<hmonitor::Form_Dd3> Form_Dd3;
     Slot<hmonitor::Form7> Form7;
     Slot<hmonitor::Form_BandSCanner> Form_BandSCanner;

@@ -3,7 +3,7 @@
 
 #include "core/look.h"
 
-// What the spectrum windows share beside the rack's own type and colours. Twips.
+// What the windows of analyses share beside the rack's own type and colours. Twips.
 namespace hmonitor::look {
 
 /// The strip at the top of a window by which it is moved.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "performance/form4.h"
 
+#include <algorithm>
+
 #include "core/language.h"
 #include "core/look.h"
 #include "core/numbers.h"
@@ -24,6 +26,8 @@ void Form4::onLoad() {
     language = panelLanguage(desktop().userLanguageId());
     if (program.words.gBrand == "Marvenia") Picture1.picture = Picture4.picture;
     setZoom();
+    Text1.text = unprintedComment_;
+    unprintedComment_.clear();
     // After a print it comes back with the page of the day that its window shows.
     if (program.Form_D4A.peek().loaded()) program.Form_D4A.peek().drawPage();
 }
@@ -43,9 +47,22 @@ void Form4::setZoom() {
     Percent.caption = wholeText(hscZoom.value).append(" %");
 }
 
+namespace {
+
+bool carries(const display::PageDocument& document, std::string_view text) {
+    if (text.empty() || document.pages().empty()) return text.empty();
+    return std::ranges::any_of(document.pages().front().marks, [text](const auto& mark) {
+        return mark.kind == display::PageMark::Kind::Writing && mark.text == text;
+    });
+}
+
+}  // namespace
+
 void Form4::print() {
     // Without a printer there is no page and no message.
-    desktop().printPages(ViewPro1.document(), 1, 1);
+    const bool printed = desktop().printPages(ViewPro1.document(), 1, 1).empty();
+    const std::string& comment = Text1.text.get();
+    if (!printed || !carries(ViewPro1.document(), comment)) unprintedComment_ = comment;
     unload();
 }
 

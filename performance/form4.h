@@ -38,6 +38,8 @@ class Form4 final : public ProgramForm {
     void setZoom();
     void print();
 
+    /// The comment that no paper has carried yet: it comes back with the next load.
+    std::string unprintedComment_;
     bool placed_ = false;  ///< has stood on the screen; from then on its place is the user's
 };
 

@@ -9,8 +9,10 @@
 #include "program/tuner.h"
 #include "spectrum/channel_graph.h"
 #include "spectrum/channel_spectrum_file.h"
+#include "spectrum/form6.h"
 #include "spectrum/form_d1a.h"
 #include "spectrum/form_new_spectro.h"
+#include "spectrum/page_line.h"
 
 namespace hmonitor {
 
@@ -22,7 +24,7 @@ Form_D1::Form_D1(Program& itsProgram) : ProgramForm(itsProgram, "Form_D1") {
     Command3D2.onClick = [this] {
         if (!running_) unload();
     };
-    SSCommand1.onClick = [] {};  // the printed page has no window yet
+    SSCommand1.onClick = [this] { openPage(); };
     SSCommand2.onClick = [this] { openBandwidth(); };
     bindHandle(SSPanel1.onMouseDown, SSPanel1.onMouseMove, {this});
 }
@@ -100,6 +102,16 @@ void Form_D1::openBandwidth() {
     program.FormD1a->top = top;
     program.FormD1a->show();
     hide();
+}
+
+void Form_D1::openPage() {
+    hmonitor::Form6& page = *program.Form6;
+    page.Label2.caption = spectrumPageLine(StationState, desktop());
+    page.Picture1.drawing.take(Picture1.drawing);
+    page.Picture1B.drawing.take(Picture2.drawing);
+    page.Picture1.left = Picture1.left.get();
+    page.Picture1.width = width.get();
+    page.open();
 }
 
 void Form_D1::tellRefused(float tenths) {

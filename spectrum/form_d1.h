@@ -59,6 +59,7 @@ class Form_D1 final : public ProgramForm {
     void showStored();
     void printRow(int i, float x, std::string_view text);
     void openBandwidth();
+    void openPage();
 
     bool running_ = false;
     bool awaitsRack_ = false;

@@ -9,6 +9,8 @@
 #include "program/rack_place.h"
 #include "program/tuner.h"
 #include "program/unit_generation.h"
+#include "spectrum/form_d1ap.h"
+#include "spectrum/page_line.h"
 #include "spectrum/percent_of_db.h"
 
 namespace hmonitor {
@@ -44,7 +46,7 @@ FormD1a::FormD1a(Program& itsProgram) : ProgramForm(itsProgram, "FormD1a") {
         if (run_ == Run::None) unload();
     };
     Command1.onClick = [this] { drawTestPattern(); };
-    SSCommand1.onClick = [] {};  // the printed page has no window yet
+    SSCommand1.onClick = [this] { openPage(); };
     Timer1.onTick = [this] { tick(); };
     bindHandle(SSPanel1.onMouseDown, SSPanel1.onMouseMove, {this});
 }
@@ -69,6 +71,13 @@ void FormD1a::onLoad() {
 
 void FormD1a::onUnload() {
     lease_.close(UnitLease::Back::AsStored);
+}
+
+void FormD1a::openPage() {
+    hmonitor::FormD1aP& page = *program.FormD1aP;
+    page.Label2.caption = spectrumPageLine(StationState, desktop());
+    page.Picture1.drawing.take(Picture1.drawing);
+    page.open();
 }
 
 void FormD1a::closeRequested() {

@@ -79,6 +79,7 @@ class FormD1a final : public ProgramForm, private LevelSink {
     bool holdPeaks();
     void drawCurve();
     void drawTestPattern();
+    void openPage();
     void fillUnder(float x, float row);
     void printAt(float x, float y, std::string_view text);
     SmallText timeOfDay() const;

@@ -81,11 +81,14 @@ class PaintedPicture final : public Painted {
 
     void paint(QPainter& painter) override {
         if (box_.isEmpty()) return;
-        if (picture_.border == Border::Plain) paintBorder(painter);
+        const bool bordered = picture_.border == Border::Plain;
+        if (bordered) paintBorder(painter);
         if (picture_.picture.empty()) return;
         painter.save();
         painter.setRenderHint(QPainter::Antialiasing, true);
-        paintPicture(painter, picture_.picture, box_, look_);
+        // Clear of its border.
+        const qreal aside = bordered ? 8 * look_.unit : 0;
+        paintPicture(painter, picture_.picture, box_.adjusted(aside, 0, -aside, 0), look_);
         painter.restore();
     }
 

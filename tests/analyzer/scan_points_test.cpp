@@ -173,6 +173,7 @@ TEST_F(ScanPoints, NothingElseIsHeardMeanwhile) {
     EXPECT_EQ(points, 6);
     EXPECT_TRUE(bench.desktop.boxes.empty());
     EXPECT_FALSE(editor.visible);
+    EXPECT_FALSE(bench.forms.form6.visible);
     EXPECT_EQ(measurement.ScanRunning, 0);
 }
 

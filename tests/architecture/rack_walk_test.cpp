@@ -46,7 +46,7 @@ class RackWalk : public testing::TestWithParam<int> {};
 TEST_P(RackWalk, FindsNothingWrongWithAnyWindow) {
     RackBench bench(GetParam());
     bench.start();
-    ASSERT_EQ(bench.desktop.forms().size(), 22u);
+    ASSERT_EQ(bench.desktop.forms().size(), 24u);
     for (display::Form* form : bench.desktop.forms()) {
         form->load();
         std::vector<std::string> faults = faultsOf(*form);

@@ -134,6 +134,36 @@ TEST_F(PageWindow, AFailedPrintSaysNothingAndLeavesTheKeysUsable) {
     EXPECT_THAT(bench.desktop.printedPages, SizeIs(2));
 }
 
+TEST_F(PageWindow, AFailedPrintKeepsTheCommentForTheNextTime) {
+    bench.desktop.printerFault = "No printer is set up on this computer.";
+    bench.hand.edit(bench.page.Text1, "never on paper");
+    press(bench.page.SSCommand3);
+    press(bench.page.SSCommand2);
+    press(bench.charts.SSCommand1);
+    EXPECT_EQ(bench.page.Text1.text, "never on paper");
+    EXPECT_THAT(page(), Contains(comment("never on paper")));
+    bench.desktop.printerFault.clear();
+    press(bench.page.SSCommand2);
+    press(bench.charts.SSCommand1);
+    EXPECT_EQ(bench.page.Text1.text, "");
+}
+
+TEST_F(PageWindow, ACommentThatThePageDoesNotCarryYetIsNotLostByAPrint) {
+    bench.hand.edit(bench.page.Text1, "not set");
+    press(bench.page.SSCommand2);
+    ASSERT_THAT(bench.desktop.printedPages, SizeIs(1));
+    EXPECT_THAT(recorded(bench.desktop.printedPages[0].document), Contains(comment("")));
+    press(bench.charts.SSCommand1);
+    EXPECT_EQ(bench.page.Text1.text, "not set");
+}
+
+TEST_F(PageWindow, PrintPressedTwiceIsOnePage) {
+    bench.hand.click(bench.page.SSCommand2);
+    bench.hand.click(bench.page.SSCommand2);
+    bench.desktop.settle();
+    EXPECT_THAT(bench.desktop.printedPages, SizeIs(1));
+}
+
 TEST_F(PageWindow, IsMovedByItsTitle) {
     const float left = bench.page.left;
     bench.hand.mouseDown(bench.page.SSPanel1, display::Mouse{100, 100, true});

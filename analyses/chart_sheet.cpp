@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "analyses/chart_sheet.h"
+
+#include "core/look.h"
+
+namespace hmonitor {
+
+void ChartSheet::dress(For what) {
+    const bool paper = what == For::Paper;
+    const auto border = paper ? display::Border::None : display::Border::Plain;
+    Picture2.border = border;
+    Label1.visible = paper;
+    Text1.enabled = !paper;
+    Label9.visible = !paper;
+    Text2.enabled = paper;
+    Picture1.border = border;
+    SSCommand2.visible = !paper;
+    SSCommand1.visible = !paper;
+}
+
+void ChartSheet::nameModel(display::Label& heading) {
+    for (display::Label* label : {&heading, &Label2})
+        label->caption = label->caption.get() + program.words.gModel.str();
+}
+
+void ChartSheet::placeChart(const display::Box& box) {
+    constexpr float kEdge = 60;
+    place(Picture1,
+          {kSheetMargin - kEdge, box.top - kEdge, box.right() - kSheetMargin + 2 * kEdge,
+           box.height + 2 * kEdge},
+          &Sheet)
+        .border = display::Border::Plain;
+    place(Graph1, box, &Sheet);
+}
+
+void ChartSheet::placeScale(display::Label& figure, float y, std::string_view words) {
+    constexpr float kWidth = 440;
+    place(figure, {kSheetMargin, y - 75, kWidth, 150}, &Sheet).caption = words;
+    figure.align = display::Align::Right;
+    figure.font = look::kScale;
+    figure.colour = display::kBlack;
+}
+
+}  // namespace hmonitor

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// From a print key to the whole job: the rack at most 300 ms, the page with the density map at most
+// 500 ms. The printer is a file, so what a print server takes to answer is not in it.
+#include <benchmark/benchmark.h>
+
+#include <QPrinter>
+#include <QTemporaryDir>
+
+#include "analyzer/session_bytes.h"
+#include "display/qt/qt_desktop.h"
+#include "tests/support/rack_bench.h"
+
+namespace {
+
+using namespace hmonitor;
+using namespace hmonitor::test;
+
+class FilePrinter final : public display::qt::QtDesktop {
+ public:
+    explicit FilePrinter(int& argc) : QtDesktop(argc, nullptr) {}
+
+ protected:
+    std::string preparePrinter(QPrinter& printer) const override {
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(folder_.filePath("job.pdf"));
+        return {};
+    }
+
+ private:
+    QTemporaryDir folder_;
+};
+
+FilePrinter& printer() {
+    static int argc = 0;
+    static FilePrinter desktop(argc);
+    return desktop;
+}
+
+void expectPrinted(benchmark::State& state, const std::string& fault) {
+    if (!fault.empty()) state.SkipWithError(fault.c_str());
+}
+
+void rackOnPaper(benchmark::State& state) {
+    RackBench bench;
+    bench.start();
+    bench.beat(10);
+    for (auto _ : state)
+        expectPrinted(
+            state, printer().printImage({&bench.form1, &bench.formB, &bench.formC, &bench.formD}));
+}
+BENCHMARK(rackOnPaper)->Unit(benchmark::kMillisecond);
+
+/// The page of a session that has seen all levels everywhere: all cells of the map are drawn.
+void mapOnPaper(benchmark::State& state) {
+    RackBench bench;
+    SessionInfo info = newSessionInfo(46347.75);
+    info.Acquisitions = 5280;
+    Density density;
+    for (int x = 0; x < Density::kColumns; ++x) {
+        for (int row = 0; row < Density::kRows; ++row) density.set(x, row, 1 + (x * row) % 1200);
+    }
+    std::filesystem::create_directory(bench.scratch.path() / "Logs");
+    bench.write("Logs/full.3Ds", sessionBytes(info, density));
+    bench.desktop.seedRandom(1);
+    bench.start();
+    bench.click(bench.formD.Image6);
+    display::Panel& sheet = bench.forms.form6.Sheet;
+    for (auto _ : state) {
+        // With what the analyzer's key copies to the page.
+        bench.click(bench.forms.formSpectrumAnalizer.SSCommand1);
+        expectPrinted(state, printer().printSheet(sheet));
+    }
+    if (!bench.forms.formSpectrumAnalizer.Picture3d.visible) state.SkipWithError("no map is shown");
+}
+BENCHMARK(mapOnPaper)->Unit(benchmark::kMillisecond);
+
+/// The 800 bars of a sweep.
+void barsOnPaper(benchmark::State& state) {
+    RackBench bench;
+    bench.desktop.seedRandom(1);
+    bench.start();
+    bench.click(bench.formD.Image6);
+    for (auto _ : state) {
+        bench.click(bench.forms.formSpectrumAnalizer.SSCommand1);
+        expectPrinted(state, printer().printSheet(bench.forms.form6.Sheet));
+    }
+}
+BENCHMARK(barsOnPaper)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "program/sheet_form.h"
+
+#include "core/language.h"
+#include "program/rack_place.h"
+
+namespace hmonitor {
+
+SheetForm::SheetForm(Program& itsProgram, std::string itsName)
+    : ProgramForm(itsProgram, std::move(itsName)) {
+    SSCommand2.onClick = [this] { print(); };
+    SSCommand1.onClick = [this] { hide(); };
+    bindHandle(SSPanel1.onMouseDown, SSPanel1.onMouseMove, {this});
+}
+
+void SheetForm::onLoad() {
+    language = panelLanguage(desktop().userLanguageId());
+    if (firstBrand()) Picture2.picture = Picture4.picture;
+    Text1.text = unprintedComment_;
+    unprintedComment_.clear();
+}
+
+void SheetForm::activated() {
+    // It may be loaded by the first tuning, before the rack has its place.
+    if (!placed_) placeOverRack(*this, program);
+    placed_ = true;
+}
+
+void SheetForm::open() {
+    // One that stands behind the window that asks for it comes up.
+    hide();
+    show();
+}
+
+void SheetForm::print() {
+    hide();
+    Text2.text = Text1.text.get();
+    dress(For::Paper);
+    // Without a printer there is no page and no message.
+    const bool printed = desktop().printSheet(Sheet).empty();
+    dress(For::Screen);
+    if (!printed) unprintedComment_ = Text1.text.get();
+    unload();
+}
+
+}  // namespace hmonitor

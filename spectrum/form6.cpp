@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "spectrum/form6.h"
+
+namespace hmonitor {
+
+Form6::Form6(Program& itsProgram) : PictureSheet(itsProgram, "Form6") {}
+
+void Form6::layOut() {
+    // As wide as the analyzer's window, whose view it takes over; the channel spectrum's table
+    // stands beside its bars, where its window has it.
+    constexpr float kSheetWidth = 13500;
+    constexpr float kPictureHeight = 6300;
+    constexpr float kBars = 9600;
+    constexpr float kLeft = 150;
+    layOutSheet(kSheetWidth, kSheetBody + kPictureHeight + kSheetFoot, "Spectrum");
+    caption = "Spectrum";
+    placeHeading(Label7, "  Spectrum ");
+    place(Picture1, {kLeft, kSheetBody, kBars, kPictureHeight}, &Sheet).says = {"Espectro",
+                                                                                "Spectrum"};
+    place(Picture1B, {2 * kLeft + kBars, kSheetBody, 1150, kPictureHeight}, &Sheet).says = {
+        "Valores en dB bajo la portadora", "Values in dB below the carrier"};
+}
+
+}  // namespace hmonitor

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+#include "core/long_date.h"
+#include "core/station_state.h"
+
+namespace hmonitor {
+
+/// The line that heads the pages of spectrum and bandwidth: station, frequency and today's date.
+/// Unlike the pages of response and log, the frequency has no blank of its own before it.
+inline std::string spectrumPageLine(const StationState& state, const display::Desktop& desktop) {
+    return state.StationName.str() + " " + shortText(valueOf(state.MemoryFreq) / 10).str() +
+           " mhz  " + longDate(desktop);
+}
+
+}  // namespace hmonitor

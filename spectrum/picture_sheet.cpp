@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "spectrum/picture_sheet.h"
+
+#include "core/language.h"
+
+namespace hmonitor {
+
+void PictureSheet::onLoad() {
+    constexpr float kFirstBrandLeft = 6800;
+    SheetForm::onLoad();
+    if (firstBrand()) Picture2.left = kFirstBrandLeft;
+    Label1.caption = wordsIn(language, {"Impreso por ", "Printed by "});
+    for (display::Label* label : {&Label7, &Label1})
+        label->caption = label->caption.get() + program.words.gModel.str();
+}
+
+// In another order than the pages of charts: here the words go first, and no border but the logo's
+// is taken away.
+void PictureSheet::dress(For what) {
+    const bool paper = what == For::Paper;
+    Picture2.border = paper ? display::Border::None : display::Border::Plain;
+    Label1.visible = paper;
+    if (paper) Label9.visible = false;
+    Text1.enabled = !paper;
+    Text2.enabled = paper;
+    if (!paper) Label9.visible = true;
+    SSCommand1.visible = !paper;
+    SSCommand2.visible = !paper;
+}
+
+}  // namespace hmonitor
