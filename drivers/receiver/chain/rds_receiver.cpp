@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drivers/receiver/chain/rds_receiver.h"
 
-#include <cmath>
-
 #include "drivers/receiver/dsp/filter_design.h"
 #include "drivers/receiver/rds/rds_pulse.h"
 
@@ -21,7 +19,10 @@ RdsReceiver::RdsReceiver(const Rates& rates)
       dataFilter_(designLowPass(rates.narrow, kDataHz, kDataStopHz), 1),
       startSeconds_(bandFilter_.delay() / rates.composite + dataFilter_.delay() / rates.narrow),
       band_(rates.narrow, startSeconds_),
-      bits_([this](bool bit) { decoder_.bit(bit); }) {}
+      decoder_([this](const RdsGroup& group) { groups_.push_back(group); }),
+      bits_(rates.narrow, startSeconds_, [this](bool bit, float strength, double seconds) {
+          decoder_.bit(bit, strength, seconds);
+      }) {}
 
 void RdsReceiver::add(std::span<const float> composite) {
     wide_.clear();
@@ -30,20 +31,10 @@ void RdsReceiver::add(std::span<const float> composite) {
 }
 
 void RdsReceiver::endSlot() {
+    groups_.clear();
     band_.add(data_);
     band_.update();
-    const double bitsPerSample =
-        (kRdsSubcarrierHz + (band_.present() ? band_.errorHz() : 0)) / 48 / rates_.narrow;
-    for (const std::complex<float> sample : data_) {
-        const double seconds = startSeconds_ + static_cast<double>(taken_) / rates_.narrow;
-        ++taken_;
-        bitClock_ += bitsPerSample;
-        if (!band_.present()) continue;
-        const double axis = band_.axisAt(seconds);
-        const double value = sample.real() * std::cos(axis) + sample.imag() * std::sin(axis);
-        bits_.add(bitClock_, static_cast<float>(value));
-    }
-    if (band_.present()) bits_.decide();
+    bits_.add(data_);
     data_.clear();
 }
 

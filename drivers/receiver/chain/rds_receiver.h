@@ -26,6 +26,9 @@ class RdsReceiver {
     const RdsBand& band() const { return band_; }
     const RdsDecoder& decoder() const { return decoder_; }
 
+    // What came to its end in the last slot.
+    std::span<const RdsGroup> groups() const { return groups_; }
+
  private:
     Rates rates_;
     BandDecimator bandFilter_;
@@ -34,8 +37,7 @@ class RdsReceiver {
     RdsBand band_;
     RdsDecoder decoder_;
     RdsBits bits_;
-    double bitClock_ = 0;
-    std::size_t taken_ = 0;  // samples handed on so far
+    std::vector<RdsGroup> groups_;
     std::vector<std::complex<float>> wide_;
     std::vector<std::complex<float>> data_;
 };

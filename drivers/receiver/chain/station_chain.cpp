@@ -204,6 +204,7 @@ void StationChain::settlePilot(double now) {
     figures_.rdsHz = figures_.rds ? rds_.band().levelHz() : 0;
     figures_.rdsErrorHz = figures_.rds ? rds_.band().errorHz() : 0;
     figures_.rdsGoodBlocks = rds_.decoder().goodBlocks();
+    figures_.rdsCorrectedBlocks = rds_.decoder().correctedBlocks();
     figures_.rdsBadBlocks = rds_.decoder().badBlocks();
     figures_.rdsProgramme = rds_.decoder().programme();
     figures_.rdsName = rds_.decoder().name();

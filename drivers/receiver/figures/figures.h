@@ -39,6 +39,7 @@ struct Figures {
     double rdsHz = 0;
 
     std::uint64_t rdsGoodBlocks = 0;
+    std::uint64_t rdsCorrectedBlocks = 0;
     std::uint64_t rdsBadBlocks = 0;
     std::optional<std::uint16_t> rdsProgramme;
     std::string rdsName;

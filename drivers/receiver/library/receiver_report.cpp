@@ -47,6 +47,7 @@ std::string ReceiverUnit::report() const {
     text += "rds programme: " + programmeText(figures) + "\n";
     text += "rds name: " + (figures.rdsName.empty() ? "none" : plain(figures.rdsName)) + "\n";
     text += "rds blocks: " + std::to_string(figures.rdsGoodBlocks) + " good, " +
+            std::to_string(figures.rdsCorrectedBlocks) + " corrected, " +
             std::to_string(figures.rdsBadBlocks) + " bad\n";
     return text;
 }

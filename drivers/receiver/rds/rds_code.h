@@ -33,4 +33,11 @@ constexpr bool rdsBlockIs(std::uint32_t bits, RdsOffset offset) {
     return rdsRemainder(bits) == kRdsOffsetWords[static_cast<std::size_t>(offset)];
 }
 
+// The longest burst of errors that the code locates without doubt.
+inline constexpr int kRdsLongestBurst = 5;
+
+// What must be added to a received block whose remainder is off by `syndrome`, if one burst of up
+// to kRdsLongestBurst bits explains it; 0 when none does or nothing is off.
+std::uint32_t rdsBurst(std::uint32_t syndrome);
+
 }  // namespace hm16::receiver

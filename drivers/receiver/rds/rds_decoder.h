@@ -3,47 +3,54 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
+#include "drivers/receiver/rds/rds_blocks.h"
+
 namespace hm16::receiver {
 
-// From bits to blocks and groups, far enough to show that the bit stream is right: block checks,
-// programme identification, station name. Blocks with errors are counted and not used.
+// From bits to groups, and what of them shows that the bit stream is right: block checks, programme
+// identification, station name.
 class RdsDecoder {
  public:
-    void bit(bool value);
+    // `onGroup` sees every group, lost blocks and all.
+    explicit RdsDecoder(std::function<void(const RdsGroup&)> onGroup = {})
+        : blocks_([this](const RdsGroup& group) { takeGroup(group); }),
+          onGroup_(std::move(onGroup)) {}
+    RdsDecoder(const RdsDecoder&) = delete;
+    RdsDecoder& operator=(const RdsDecoder&) = delete;
 
-    bool synchronized() const { return synchronized_; }
-    std::uint64_t goodBlocks() const { return good_; }
-    std::uint64_t badBlocks() const { return bad_; }
+    // `strength`: how sure the bit is, in any unit; `seconds`: when it came.
+    void bit(bool value, float strength = 1, double seconds = 0) {
+        blocks_.bit(value, strength, seconds);
+    }
+
+    bool synchronized() const { return blocks_.synchronized(); }
+    std::uint64_t goodBlocks() const { return blocks_.good(); }
+    std::uint64_t correctedBlocks() const { return blocks_.corrected(); }
+    std::uint64_t badBlocks() const { return blocks_.lost(); }
+
+    // As two faultless blocks in a row have named it.
     std::optional<std::uint16_t> programme() const { return programme_; }
 
-    // Eight letters in the code of the broadcast; empty until all four pairs came.
+    // Eight letters in the code of the broadcast, out of faultless blocks; empty until all four
+    // pairs came.
     std::string name() const;
 
  private:
     static constexpr unsigned kSegments = 4;
 
-    void search();
-    void takeBlock();
-    void takeGroup();
-    void lose();
+    void takeGroup(const RdsGroup& group);
+    void takeProgramme(const RdsBlock& block);
 
-    std::uint32_t register_ = 0;
-    std::uint64_t bits_ = 0;
-    // Where in the stream a block of each place was last seen, for finding two in a row.
-    std::array<std::uint64_t, 4> seenAt_{};
-    bool synchronized_ = false;
-    unsigned place_ = 0;    // of the block that is coming
-    unsigned inBlock_ = 0;  // its bits so far
-    unsigned badInRow_ = 0;
-    std::array<std::optional<std::uint16_t>, 4> group_{};
-    std::uint64_t good_ = 0;
-    std::uint64_t bad_ = 0;
+    RdsBlocks blocks_;
+    std::function<void(const RdsGroup&)> onGroup_;
+    std::optional<std::uint16_t> named_;  // by the latest block
     std::optional<std::uint16_t> programme_;
-    std::array<char, 8> letters_{};
-    unsigned segmentsSeen_ = 0;
+    std::array<char, 2 * kSegments> letters_{};
+    unsigned segmentsSeen_ = 0;  // a bit each
 };
 
 }  // namespace hm16::receiver

@@ -55,7 +55,7 @@ std::vector<bool> rdsBits(const RdsPlan& plan) {
 
 RdsWaveform::RdsWaveform(const RdsPlan& plan) {
     if (plan.deviationHz <= 0 || plan.plainCarrier) return;
-    const std::vector<bool> once = rdsBits(plan);
+    const std::vector<bool> once = plan.bits.empty() ? rdsBits(plan) : plan.bits;
     // Twice round, so that differential coding comes back to where it began.
     std::vector<int> signs;
     bool sent = false;

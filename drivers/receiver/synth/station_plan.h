@@ -51,6 +51,7 @@ struct RdsPlan {
     std::uint16_t programme = 0x1234;
     std::string name = "STATION";
     std::string text = "SYNTHETIC STATION WITH KNOWN FIGURES";
+    std::vector<bool> bits;  // sent round and round instead of groups, before differential coding
     bool plainCarrier = false;  // an unmodulated 57 kHz sine instead of data
 };
 

@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
+#include <bit>
+#include <set>
+
 #include "drivers/receiver/rds/rds_code.h"
 #include "drivers/receiver/rds/rds_decoder.h"
 #include "drivers/receiver/synth/rds_waveform.h"
+#include "tests/drivers/receiver/rds_signals.h"
 #include "tests/drivers/receiver/signals.h"
 
 namespace hm16::receiver {
@@ -38,20 +42,156 @@ TEST(RdsDecoder, ReadsProgrammeAndNameFromAnyBitOn) {
     }
 }
 
-TEST(RdsDecoder, CountsADamagedBlockAndDoesNotUseIt) {
+// A decoder that keeps its groups.
+struct KeptGroups {
+    std::vector<RdsGroup> groups;
+    RdsDecoder decoder{[this](const RdsGroup& group) { groups.push_back(group); }};
+
+    void add(const std::vector<bool>& bits) {
+        for (const bool bit : bits) decoder.bit(bit);
+    }
+};
+
+constexpr std::size_t kGroupBits = kRdsBlocks * kRdsBlockBits;
+
+// Where block `place` of group `group` begins.
+std::size_t startOf(std::size_t group, std::size_t place) {
+    return group * kGroupBits + place * kRdsBlockBits;
+}
+
+TEST(RdsCode, EveryBurstOfUpToFiveBitsLeavesARemainderOfItsOwn) {
+    std::set<std::uint32_t> remainders;
+    for (std::uint32_t pattern = 1; pattern < 32; pattern += 2) {
+        for (int place = 0; pattern << place < 1U << kRdsBlockBits; ++place) {
+            const std::uint32_t burst = pattern << place;
+            EXPECT_EQ(rdsBurst(rdsRemainder(burst)), burst);
+            remainders.insert(rdsRemainder(burst));
+        }
+    }
+    // 26 single errors and 25, 48, 92 and 176 bursts of two to five bits.
+    EXPECT_EQ(remainders.size(), 367U);
+    int explained = 0;
+    for (std::uint32_t remainder = 0; remainder < 1024; ++remainder)
+        explained += rdsBurst(remainder) != 0 ? 1 : 0;
+    EXPECT_EQ(explained, 367);
+}
+
+TEST(RdsDecoder, CorrectsEveryBurstOfUpToFiveBits) {
+    const auto bits = rdsBits(plan());
+    KeptGroups sent;
+    sent.add(bits);
+    for (std::uint32_t pattern = 1; pattern < 32; pattern += 2) {
+        for (std::size_t place = 0; place < kRdsBlocks; ++place) {
+            for (int first = 0; pattern << first < 1U << kRdsBlockBits; ++first) {
+                auto spoilt = bits;
+                for (int bit = 0; bit < 5; ++bit)
+                    if ((pattern >> bit & 1U) != 0)
+                        spoilt[startOf(4, place + 1) - 1 - static_cast<std::size_t>(first + bit)]
+                            .flip();
+                KeptGroups kept;
+                kept.add(spoilt);
+                ASSERT_EQ(kept.decoder.correctedBlocks(), 1U) << pattern << " from " << first;
+                ASSERT_EQ(kept.decoder.badBlocks(), 0U);
+                ASSERT_EQ(kept.groups.size(), sent.groups.size());
+                RdsBlock expected = sent.groups[4].blocks[place];
+                expected.state = RdsBlockState::Corrected;
+                expected.correctedBits = static_cast<std::uint8_t>(std::bit_width(pattern));
+                ASSERT_EQ(kept.groups[4].blocks[place], expected);
+                ASSERT_TRUE(kept.groups[4].whole());
+            }
+        }
+    }
+}
+
+// Errors of noise lie in weak bits. A burst that would turn round strong ones is another fault that
+// leaves the same remainder.
+TEST(RdsDecoder, DoesNotTurnRoundStrongBitsBesideWeakOnes) {
     auto bits = rdsBits(plan());
-    bits[104 * 4 + 5] = !bits[104 * 4 + 5];
-    RdsDecoder decoder;
-    for (const bool bit : bits) decoder.bit(bit);
-    EXPECT_EQ(decoder.badBlocks(), 1U);
-    EXPECT_EQ(decoder.programme(), 0xD3C8);
+    const std::size_t wrong = startOf(4, 1) + 9;
+    bits[wrong].flip();
+    for (const bool weakElsewhere : {false, true}) {
+        const std::size_t weak = weakElsewhere ? wrong + 7 : wrong;
+        RdsDecoder decoder;
+        for (std::size_t n = 0; n < bits.size(); ++n) decoder.bit(bits[n], n == weak ? 0.1F : 1);
+        EXPECT_EQ(decoder.correctedBlocks(), weakElsewhere ? 0U : 1U);
+        EXPECT_EQ(decoder.badBlocks(), weakElsewhere ? 1U : 0U);
+    }
+}
+
+// Wherever in a block a bit is left out or comes twice, that block is lost and no other.
+TEST(RdsDecoder, ASlipCostsTheBlockThatItHappensIn) {
+    const auto bits = rdsBits(plan());
+    KeptGroups sent;
+    sent.add(bits);
+    for (const bool twice : {false, true}) {
+        for (std::size_t place = 0; place < kRdsBlocks; ++place) {
+            for (std::size_t bit = 0; bit < kRdsBlockBits; ++bit) {
+                auto slipped = bits;
+                const auto at =
+                    slipped.begin() + static_cast<std::ptrdiff_t>(startOf(5, place) + bit);
+                if (twice) {
+                    slipped.insert(at, *at);
+                } else {
+                    slipped.erase(at);
+                }
+                KeptGroups kept;
+                kept.add(slipped);
+                ASSERT_LE(kept.decoder.badBlocks() + kept.decoder.correctedBlocks(), 1U)
+                    << bit << " of block " << place;
+                ASSERT_EQ(kept.groups.size(), sent.groups.size());
+                kept.groups[5].blocks[place] = sent.groups[5].blocks[place];
+                ASSERT_EQ(kept.groups, sent.groups);
+            }
+        }
+    }
+}
+
+TEST(RdsDecoder, GoesOnBehindMissingBits) {
+    const auto bits = rdsBits(plan());
+    for (std::size_t missing = 1; missing < 3 * kGroupBits; missing += 5) {
+        auto cut = bits;
+        const auto from = cut.begin() + static_cast<std::ptrdiff_t>(startOf(5, 1) + 11);
+        cut.erase(from, from + static_cast<std::ptrdiff_t>(missing));
+        RdsDecoder decoder;
+        for (const bool bit : cut) decoder.bit(bit);
+        // The pieces of two blocks that are left, and what is needed to tell the group's place.
+        EXPECT_LE(decoder.badBlocks(), 4U) << missing;
+        EXPECT_GE(decoder.goodBlocks() + 7, cut.size() / kRdsBlockBits) << missing;
+    }
+}
+
+std::vector<bool> groupsNaming(const std::vector<std::uint16_t>& programmes) {
+    std::vector<bool> bits;
+    for (const std::uint16_t programme : programmes) {
+        RdsPlan one = plan();
+        one.programme = programme;
+        const auto all = rdsBits(one);
+        bits.insert(bits.end(), all.begin(), all.begin() + kGroupBits);
+    }
+    return bits;
+}
+
+// A block may pass its check by chance.
+TEST(RdsDecoder, TheProgrammeIsWhatTwoBlocksInARowName) {
+    const auto named = [](const std::vector<std::uint16_t>& programmes) {
+        RdsDecoder decoder;
+        for (const bool bit : groupsNaming(programmes)) decoder.bit(bit);
+        return decoder.programme();
+    };
+    EXPECT_EQ(named({0x1111, 0x2222}), std::nullopt);
+    EXPECT_EQ(named({0x1111, 0x2222, 0x3333}), std::nullopt);
+    EXPECT_EQ(named({0x1111, 0x1111, 0x3333}), 0x1111);
+    EXPECT_EQ(named({0x1111, 0x1111, 0x2222, 0x1111, 0x1111, 0x1111}), 0x1111);
+    EXPECT_EQ(named({0x1111, 0x1111, 0x2222, 0x2222, 0x1111}), 0x2222);
 }
 
 TEST(RdsDecoder, FindsNothingInRandomBits) {
     RdsDecoder decoder;
     Random random(3);
-    for (int bit = 0; bit < 3000; ++bit) decoder.bit(random.uniform() < 0.5);
+    for (int bit = 0; bit < 60000; ++bit) decoder.bit(random.uniform() < 0.5);
     EXPECT_EQ(decoder.name(), "");
+    EXPECT_EQ(decoder.programme(), std::nullopt);
+    EXPECT_LT(decoder.goodBlocks(), 20U);
 }
 
 TEST(RdsReceiver, DecodesBesideProgrammeAtBothPhases) {

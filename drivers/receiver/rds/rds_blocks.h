@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <optional>
+
+#include "drivers/receiver/rds/rds_group.h"
+
+namespace hm16::receiver {
+
+// From bits to blocks and groups. A block with a fault is decided once the three behind it have
+// come, so that they can tell what is wrong with it: bits that changed, or bits that got lost or
+// came twice. In the first case the blocks behind it stand where they should, and a short burst in
+// it is corrected; in the second two of them stand elsewhere in the right distance, and decoding
+// goes on there. So a slip costs the block that it happened in.
+class RdsBlocks {
+ public:
+    explicit RdsBlocks(std::function<void(const RdsGroup&)> onGroup)
+        : onGroup_(std::move(onGroup)) {}
+
+    // `strength`: how sure the bit is, in any unit; `seconds`: when it came.
+    void bit(bool value, float strength = 1, double seconds = 0);
+
+    bool synchronized() const { return synchronized_; }
+    std::uint64_t good() const { return good_; }
+    std::uint64_t corrected() const { return corrected_; }
+    std::uint64_t lost() const { return lost_; }
+    std::uint64_t slips() const { return slips_; }
+
+ private:
+    // A bit, and what the 26 bits up to it are.
+    struct Received {
+        std::uint32_t block = 0;
+        float strength = 0;
+        double seconds = 0;
+        std::uint8_t places = 0;  // at which they are a faultless block, one bit each
+    };
+    struct Alignment {
+        std::uint64_t end;  // of a block, counted in bits
+        unsigned place;
+    };
+
+    static constexpr std::size_t kKept = 256;
+
+    const Received& at(std::uint64_t bit) const { return received_[bit % kKept]; }
+    bool fits(std::uint64_t end, unsigned place) const;
+    bool anyFits(int fromBlock, int toBlock) const;
+    std::optional<Alignment> pairEndingAt(std::uint64_t end) const;
+    std::optional<Alignment> elsewhere() const;
+    void search();
+    bool decide();
+    void slipTo(const Alignment& to);
+    RdsBlock faultless() const;
+    RdsBlock mended() const;
+    bool possible(RdsOffset offset) const;
+    bool believable(std::uint32_t burst) const;
+    void deliver(const RdsBlock& block);
+    void lose();
+
+    std::function<void(const RdsGroup&)> onGroup_;
+    std::array<Received, kKept> received_{};
+    std::uint64_t bits_ = 0;
+    std::uint32_t register_ = 0;
+
+    bool synchronized_ = false;
+    Alignment next_{0, 0};  // the block to be decided
+    unsigned lostInRow_ = 0;
+    RdsGroup group_;
+    std::uint64_t groups_ = 0;
+
+    std::uint64_t good_ = 0;
+    std::uint64_t corrected_ = 0;
+    std::uint64_t lost_ = 0;
+    std::uint64_t slips_ = 0;
+};
+
+}  // namespace hm16::receiver

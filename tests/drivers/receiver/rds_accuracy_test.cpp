@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The ten signals of the table in docs/receiver.md.
+#include <gtest/gtest.h>
+
+#include "tests/drivers/receiver/rds_signals.h"
+
+namespace hm16::receiver {
+namespace {
+
+class RdsAccuracy : public testing::TestWithParam<std::size_t> {};
+
+// Of 228 that are sent. Everywhere as many as decoder K gives or more, and not far below what is
+// reached.
+constexpr std::array<int, 10> kFewestGroups{228, 228, 210, 25, 65, 218, 170, 228, 218, 212};
+
+TEST_P(RdsAccuracy, DecodesAtLeastSoManyGroups) {
+    const RdsCount count = countGroups(multiplexOf(kRdsSignals.at(GetParam())));
+    EXPECT_GE(count.groups, kFewestGroups.at(GetParam()));
+    // Two errors that were sent can look like one burst of others.
+    EXPECT_LE(count.wrong, kRdsSignals.at(GetParam()).flipEvery > 0 ? 10 : 2);
+    RecordProperty("groups", count.groups);
+}
+
+INSTANTIATE_TEST_SUITE_P(Signals, RdsAccuracy, testing::Range(std::size_t{0}, kRdsSignals.size()));
+
+}  // namespace
+}  // namespace hm16::receiver
