@@ -86,7 +86,7 @@ def run_case(chosen, name, language, factor, unit, size, paths):
         chosen.steps(rack, album)
         clean = True
     except AssertionError:
-        screen.ask("import", "-window", "root", str(folder / f"failed_{name}.png"))
+        screen.picture(folder / f"failed_{name}.png")
         raise
     finally:
         if rack:

@@ -48,7 +48,7 @@ def close_somehow(rack, form, chance):
     if chance.random() < 0.5:
         rack.screen.close_window(window)
     else:
-        rack.screen.ask("xdotool", "windowactivate", window)
+        rack.screen.x.activate(window)
         rack.screen.type("Escape")
 
 

@@ -71,15 +71,11 @@ def brings_the_open_window_up_without_a_manager(rack, album):
 
 @case(languages=TWO)
 def stays_above_whatever_is_raised(rack, album):
-    def stacked():
-        told = rack.screen.ask("xprop", "-root", "_NET_CLIENT_LIST_STACKING").split("#")[-1]
-        return [int(window, 16) for window in told.split(",") if window.strip()]
-
     for door, form in DOORS.items():
         rack.click("Form_D", door)
         window = rack.wait_open(form)
         rack.screen.ask("xdotool", "windowraise", rack.window)
-        wait_for(lambda: stacked()[-1:] == [int(window)], f"{form} above the raised rack")
+        wait_for(lambda: rack.screen.x.managed()[-1:] == [window], f"{form} above the raised rack")
         rack.type(form, "Escape")
         rack.wait_closed(form)
 
@@ -91,7 +87,7 @@ def folded_by_the_window_manager_folds_all(rack, album):
     window = rack.wait_open("FormD1a")
     rack.screen.ask("xdotool", "windowminimize", window)
     wait_for(lambda: rack.screen.is_folded(rack.window), "the rack folded with its window")
-    rack.screen.ask("xdotool", "windowactivate", rack.window)
+    rack.screen.x.activate(rack.window)
     wait_for(lambda: rack.find() == rack.window and rack.opened("FormD1a"), "both back")
     rack.type("FormD1a", "Escape")
     rack.wait_closed("FormD1a")

@@ -155,8 +155,7 @@ class Rack:
         """Opens a list by a click and waits until it has the keyboard: it is a window of its own."""
 
         def windows():
-            return len(self.screen.ask("xdotool", "search", "--onlyvisible", "--pid",
-                                       str(self.program.pid)).split())
+            return len(self.screen.x.of_process(self.program.pid))
 
         closed = windows()
         self.click(form, control)
@@ -234,10 +233,10 @@ class Rack:
 
         def has_keyboard():
             boxes = standing()
-            if boxes and self.screen.ask("xdotool", "getactivewindow").strip() in boxes:
+            if boxes and self.screen.x.active() in boxes:
                 return True
             if boxes:
-                self.screen.ask("xdotool", "windowactivate", boxes[0])
+                self.screen.x.activate(boxes[0])
             return False
 
         wait_for(has_keyboard, said)

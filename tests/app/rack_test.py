@@ -115,7 +115,7 @@ def fold(rack, album):
 
     def unfolded():
         # As a user asks at the task bar: again, where the folding had not come to its end.
-        rack.screen.ask("xdotool", "windowactivate", rack.window)
+        rack.screen.x.activate(rack.window)
         return not rack.screen.is_folded(rack.window) and rack.find() == rack.window
 
     wait_for(unfolded, "the rack unfolded")

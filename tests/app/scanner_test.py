@@ -35,6 +35,9 @@ def levels(rack):
 def open_scanner(rack):
     rack.click("Form_D", "Image2")
     rack.screen.activate(rack.wait_open(SCANNER))
+    # A window that just comes up gives the keyboard to its first control, and whatever is pressed
+    # meanwhile lets go: no hand is that quick.
+    rack.steady_look(SCANNER, ".")
 
 
 def chart(rack):

@@ -24,8 +24,8 @@ def whole(rack, album):
         env=screen.environment)
     try:
         free = screen.height - BAR
-        wait_for(lambda: f"{screen.width}, {free}" in screen.ask("xprop", "-root", "_NET_WORKAREA"),
-                 "the room that the task bar leaves")
+        wait_for(lambda: screen.x.values(screen.x.root, "_NET_WORKAREA")[2:4] ==
+                 [screen.width, free], "the room that the task bar leaves")
         rack.start()
 
         def inside():

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <string>
 
 #include "analyzer/analyzer_graphs.h"
@@ -32,6 +33,20 @@ void shown(const SessionInfo& info) {
     FUZZ_CHECK(range.first() >= -20 && range.last() <= 800 && range.first() <= range.last());
 }
 
+/// The input can have filled no more cells than it has bytes for; all others are empty.
+void cellsShown(const Density& density, std::size_t filled, int sweeps) {
+    static const Density kEmpty;
+    const auto cells = density.cells();
+    filled = std::min(filled, cells.size());
+    const auto rest = cells.subspan(filled);
+    FUZZ_CHECK(std::memcmp(rest.data(), kEmpty.cells().data(), rest.size_bytes()) == 0);
+    FUZZ_CHECK(densityEntry(0, sweeps) == kNotSeen);
+    for (const double cell : cells.first(filled)) {
+        const int entry = densityEntry(cell, sweeps);
+        FUZZ_CHECK(entry == kNotSeen || (entry >= 1 && entry <= 1280));
+    }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -40,10 +55,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Density density;
     const SessionCondition condition = readSession(bytes, info, density);
     shown(info);
-    for (const double cell : density.cells()) {
-        const int entry = densityEntry(cell, std::max(info.Acquisitions, 1));
-        FUZZ_CHECK(entry == kNotSeen || (entry >= 1 && entry <= 1280));
-    }
+    cellsShown(density, size / sizeof(double), std::max(info.Acquisitions, 1));
 
     // A whole session is written as it was; any other becomes a whole one that stays as it is.
     const std::string written = sessionBytes(info, density);

@@ -1,0 +1,133 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""What a screen's X server tells of its windows, and what it is asked to do: over one connection,
+since a program started for each question costs more than the program that is tested. A window is
+its number as text; one that went away meanwhile has no box, no name and is not visible."""
+
+from Xlib import X, display, error
+from Xlib.ext import xtest
+from Xlib.protocol import event
+
+GONE = (error.BadWindow, error.BadDrawable, error.BadMatch)
+FROM_A_PAGER = 2  # who asks the window manager: a user's own wish, which it always follows
+
+
+def unless_gone(what, otherwise):
+    """A window can go between its being listed and its being asked."""
+    try:
+        return what()
+    except GONE:
+        return otherwise
+
+
+class XServer:
+    def __init__(self, name):
+        self.display = display.Display(name)
+        # Of what was sent to a window that went meanwhile nothing is said.
+        self.display.set_error_handler(lambda *_: None)
+        self.root = self.display.screen().root
+        self.atoms = {}
+
+    def close(self):
+        self.display.close()
+
+    def atom(self, name):
+        if name not in self.atoms:
+            self.atoms[name] = self.display.intern_atom(name)
+        return self.atoms[name]
+
+    def window(self, number):
+        return self.display.create_resource_object("window", int(number))
+
+    # What it tells.
+
+    def values(self, window, name):
+        """The numbers of a property, none where there is no such property."""
+        found = unless_gone(lambda: window.get_full_property(self.atom(name), X.AnyPropertyType),
+                            None)
+        return list(found.value) if found else []
+
+    def managed(self):
+        """The windows that the window manager knows, the lowest first."""
+        return [str(number) for number in self.values(self.root, "_NET_CLIENT_LIST_STACKING")]
+
+    def name(self, window):
+        for atom in ("_NET_WM_NAME", "WM_NAME"):
+            found = unless_gone(
+                lambda: window.get_full_property(self.atom(atom), X.AnyPropertyType), None)
+            if found:
+                return found.value.decode(errors="replace") if isinstance(found.value, bytes) \
+                    else str(found.value)
+        return ""
+
+    def is_visible(self, window):
+        return unless_gone(lambda: window.get_attributes().map_state, X.IsUnmapped) == X.IsViewable
+
+    def visible(self):
+        """All visible windows of programs, in frames of the window manager or without."""
+        tops = unless_gone(lambda: self.root.query_tree().children, [])
+        numbers = {int(number) for number in self.managed()} | {top.id for top in tops}
+        return [window for window in map(self.window, sorted(numbers)) if self.is_visible(window)]
+
+    def named(self, title):
+        return [str(window.id) for window in self.visible() if self.name(window) == title]
+
+    def of_process(self, process):
+        return [str(window.id) for window in self.visible()
+                if self.values(window, "_NET_WM_PID") == [process]]
+
+    def box(self, number):
+        """Left, top, width and height on the screen of what is inside the window's frame."""
+        window = self.window(number)
+
+        def asked():
+            size = window.get_geometry()
+            place = self.root.translate_coords(window, 0, 0)
+            return place.x, place.y, size.width, size.height
+
+        return unless_gone(asked, (0, 0, 0, 0))
+
+    def is_folded(self, number):
+        """The window manager holds it iconic (ICCCM 4.1.3.1)."""
+        return self.values(self.window(number), "WM_STATE")[:1] == [3]
+
+    def active(self):
+        """The window that has the keyboard by the window manager's word, "" for none."""
+        number = self.values(self.root, "_NET_ACTIVE_WINDOW")
+        return str(number[0]) if number and number[0] else ""
+
+    # What it is asked.
+
+    def tell_manager(self, window, message, *values):
+        """A client message of the window manager's protocol (EWMH)."""
+        data = (list(values) + 5 * [0])[:5]
+        self.root.send_event(
+            event.ClientMessage(window=window, client_type=self.atom(message), data=(32, data)),
+            event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
+        self.display.flush()
+
+    def activate(self, number):
+        self.tell_manager(self.window(number), "_NET_ACTIVE_WINDOW", FROM_A_PAGER, X.CurrentTime)
+
+    def focus(self, number):
+        """The keyboard itself, where no window manager gives it."""
+        self.window(number).set_input_focus(X.RevertToParent, X.CurrentTime)
+        self.display.sync()
+
+    def close_window(self, number):
+        """As the window manager's own close does it."""
+        self.tell_manager(self.window(number), "_NET_CLOSE_WINDOW", X.CurrentTime, FROM_A_PAGER)
+
+    def set_one_desktop(self):
+        self.tell_manager(self.root, "_NET_NUMBER_OF_DESKTOPS", 1)
+
+    def move_pointer(self, x, y):
+        xtest.fake_input(self.display, X.MotionNotify, x=int(x), y=int(y))
+        self.display.sync()
+
+    def press(self, button):
+        xtest.fake_input(self.display, X.ButtonPress, button)
+        self.display.sync()
+
+    def release(self, button):
+        xtest.fake_input(self.display, X.ButtonRelease, button)
+        self.display.sync()
