@@ -35,13 +35,24 @@ def levels(rack):
 def open_scanner(rack):
     rack.click("Form_D", "Image2")
     rack.screen.activate(rack.wait_open(SCANNER))
-    # A window that just comes up gives the keyboard to its first control, and whatever is pressed
-    # meanwhile lets go: no hand is that quick.
-    rack.steady_look(SCANNER, ".")
 
 
 def chart(rack):
     return rack.look(SCANNER, "ChartView")
+
+
+def choose(rack, option):
+    """Until the last scan stands in the chart anew: meanwhile no run can be started."""
+
+    def can_run():
+        return max(rack.colour(SCANNER, RUN, 0.1, 0.2)) > 60
+
+    rack.click(SCANNER, option, 0.1)
+    for _ in range(100):  # one that was drawn between two looks was quick
+        if not can_run():
+            break
+        time.sleep(0.01)
+    wait_for(can_run, "a key that starts a run")
 
 
 def start_run(rack):
@@ -86,9 +97,8 @@ def whole_run(rack, album, option):
     """As many levels are stored as there are channels, or none at all where a run one by one does
     not lie under its legend."""
     open_scanner(rack)
-    rack.click(SCANNER, option, 0.1)
+    choose(rack, option)
     (rack.folder / "scan.dat").write_bytes(ONE_LEVEL)
-    rack.steady_look(SCANNER, CLOSE)
     rack.click(SCANNER, RUN)
     wait_for(lambda: at_band_end(rack), "the chart moved to the band's end")
     stored = SWEPT[option] if sweeps(rack) else ONE_BY_ONE.get(option)
@@ -171,7 +181,7 @@ def closed_in_a_run(rack, album):
 def closed_while_a_choice_fills(rack, album):
     """Choosing channels asks the unit for all of them: a unit without sweeps takes its time."""
     open_scanner(rack)
-    rack.click(SCANNER, ALL, 0.1)
+    choose(rack, ALL)
     close_window(rack)
 
 
