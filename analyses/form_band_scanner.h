@@ -9,6 +9,7 @@
 #include "analyses/scanned_channels.h"
 #include "core/program_form.h"
 #include "display/chart.h"
+#include "display/family.h"
 #include "program/frame_run.h"
 #include "program/point_run.h"
 
@@ -30,7 +31,8 @@ class Form_BandSCanner final : public ProgramForm, private LevelSink {
     display::Label Label9{*this, "Label9"};
     display::Label Refused{*this, "Refused"};  ///< at which channel the unit refused
     display::Panel ChartWell{*this, "ChartWell"};
-    Numbered<display::Label, 8> Scale{*this, "Label"};  ///< the level scale, from the top
+    display::Family<display::Label, 8> Scale{*this, "Label#",
+                                             1};  ///< the level scale, from the top
     display::Label Label12{*this, "Label12"};
     display::Panel ChartView{*this, "ChartView"};  ///< the part of the chart that is seen
     display::Chart Graph1{*this, "Graph1"};

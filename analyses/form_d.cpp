@@ -5,7 +5,6 @@
 #include "analyses/form_dd3.h"
 #include "analyses/scan_file.h"
 #include "analyzer/frm_spectrum_analizer.h"
-#include "core/language.h"
 #include "core/taken_for_granted.h"
 #include "performance/form_d4a.h"
 #include "spectrum/class1.h"
@@ -50,24 +49,9 @@ void Form_D::bindDoors() {
 }
 
 void Form_D::onLoad() {
-    sayInPanelLanguage();
     makeGraph();
-    for (display::Picture* key : {&Image1, &Image2, &Image3, &Image6}) key->picture = "OpenN";
-    Image4.picture = "LogN";
-    Image5.picture = "OffN";
     proveScanFile();
     if (program.Form_NewSpectro.filled()) program.Form_NewSpectro->Command3D1.press();
-}
-
-void Form_D::sayInPanelLanguage() {
-    language = panelLanguage(desktop().userLanguageId());
-    if (language == display::Language::Spanish) return;
-    Heading.caption = "ANALYSES";
-    Label_SpectrumAnalyzer.caption = "Spectrum analyzer";
-    Label_bandScanner.caption = "Band scanner";
-    Label_FrequencyResponse.caption = "Frequency response";
-    Label_OnAirPerformance.caption = "On-Air performance";
-    Label_ResponseSwitch.caption = "Arm the response";
 }
 
 void Form_D::proveScanFile() {

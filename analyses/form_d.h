@@ -61,7 +61,6 @@ class Form_D final : public ProgramForm {
     void layOutDoors();
     void layOutFigures();
     void bindDoors();
-    void sayInPanelLanguage();
     void makeGraph();
     void proveScanFile();
     void turnSwitch();

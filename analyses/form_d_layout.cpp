@@ -4,151 +4,82 @@
 
 namespace hmonitor {
 
-using display::Align;
-using display::Surface;
+using namespace display;
 
 namespace {
 
-constexpr float kPanelHeight = 1340;
-constexpr float kKeyWidth = 640;
-constexpr float kKeyHeight = 290;
-constexpr float kFirstKey = 200;
-constexpr float kKeyDown = 345;
-/// Doors stand in two columns.
-constexpr float kSecondColumn = 2950;
+/// Doors stand in two columns and three lines.
+constexpr float kColumns[] = {look::kMargin, 2950};
+constexpr Box keyAt(int column, int line) {
+    return {kColumns[column], 200 + 345 * static_cast<float>(line), 640, 290};
+}
+constexpr Box besideKey(int column, int line) {
+    const Box key = keyAt(column, line);
+    return {key.right() + 120, key.top + 65, 1700, 170};
+}
 
 }  // namespace
 
 void Form_D::layOut() {
-    width = look::kRackWidth;
-    height = kPanelHeight;
-    caption = "HMonitor";
-    place(Faceplate, {0, 0, look::kRackWidth, kPanelHeight}).surface = Surface::Faceplate;
-    place(Heading, {8640, 60, 3000, 150}).caption = "ANALISIS";
-    Heading.font = look::kHeading;
-    Heading.colour = look::kCaptionColour;
-    Heading.align = Align::Right;
+    layPanel(1340, Faceplate, Heading, 55, {"ANALISIS", "ANALYSES"});
     layOutDoors();
     // Fifty rows of twenty twips, and seventeen columns without a remainder.
-    place(GraphWell, {6330, 150, 2590, 1080}).surface = Surface::Well;
-    place(PictureGraph1, {80, 40, 2430, 1000}, &GraphWell).drawing.scale(1, 0);
-    PictureGraph1.says = {"Espectro del canal sintonizado; doble clic para abrirlo",
-                          "Spectrum of the tuned channel; double click to open it"};
-    PictureGraph1.tip = PictureGraph1.says;
-    PictureGraph1.tabIndex = 7;
+    place(GraphWell, {6330, 150, 2590, 1080}, Surface::Well);
+    place(PictureGraph1, {80, 40, 2430, 1000}, &GraphWell,
+          SaysAndTip{"Espectro del canal sintonizado; doble clic para abrirlo",
+                     "Spectrum of the tuned channel; double click to open it"})
+        .drawing.scale(1, 0);
     layOutFigures();
     placeSign(sign, 45, {});
+    tabOrder(Image1, Image2, Image6, Image3, Image5, Image4, PictureGraph1, Text1, Text2, Text3,
+             Text4);
 }
 
 void Form_D::layOutDoors() {
-    struct Row {
-        display::Picture& key;
-        display::Label& label;
-        const char* picture;
-        const char* words;
-        display::Words says;
-        float left;
-        int line;
-    };
-    const float first = look::kMargin;
-    const Row rows[] = {
-        {Image1,
-         Label_SpectrumAnalyzer,
-         "OpenN",
-         "Analizador de espectro",
-         {"Abrir el analizador de espectro", "Open the spectrum analyzer"},
-         first,
-         0},
-        {Image2,
-         Label_bandScanner,
-         "OpenN",
-         "Scanner de banda",
-         {"Abrir el scanner de banda", "Open the band scanner"},
-         first,
-         1},
-        {Image6,
-         Label_SpectralZoom,
-         "OpenN",
-         "Spectral Zoom",
-         {"Abrir el analizador 'Spectral Zoom'", "'Spectral Zoom' Analyzer"},
-         first,
-         2},
-        {Image3,
-         Label_FrequencyResponse,
-         "OpenN",
-         "Respuesta a frecuencia",
-         {"Abrir la respuesta a frecuencia", "Open the frequency response"},
-         kSecondColumn,
-         0},
-        {Image4,
-         Label_OnAirPerformance,
-         "LogN",
-         "Performance On-Air",
-         {"Abrir la performance On-Air", "Open the on-air performance"},
-         kSecondColumn,
-         2},
-    };
-    int tab = 0;
-    for (const Row& row : rows) {
-        const float y = kFirstKey + kKeyDown * static_cast<float>(row.line);
-        place(row.key, {row.left, y, kKeyWidth, kKeyHeight}).picture = row.picture;
-        row.key.says = row.says;
-        row.key.tip = row.says;
-        row.key.tabIndex = ++tab;
-        place(row.label, {row.left + kKeyWidth + 120, y + 65, 1700, 170}).caption = row.words;
-        row.label.font = look::kCaption;
-        row.label.colour = look::kScaleColour;
-    }
+    place(Image1, keyAt(0, 0), "OpenN",
+          SaysAndTip{"Abrir el analizador de espectro", "Open the spectrum analyzer"});
+    place(Image2, keyAt(0, 1), "OpenN",
+          SaysAndTip{"Abrir el scanner de banda", "Open the band scanner"});
     // One tip in every language: the name of the analyzer.
-    Image6.tip = {"'Spectral Zoom' Analyzer", "'Spectral Zoom' Analyzer"};
-    Image4.tabIndex = 6;
+    place(Image6, keyAt(0, 2), "OpenN",
+          Says{"Abrir el analizador 'Spectral Zoom'", "'Spectral Zoom' Analyzer"},
+          Tip{"'Spectral Zoom' Analyzer", "'Spectral Zoom' Analyzer"});
+    place(Image3, keyAt(1, 0), "OpenN",
+          SaysAndTip{"Abrir la respuesta a frecuencia", "Open the frequency response"});
     // The switch stands under the door of the analysis that it arms.
-    place(Image5, {kSecondColumn, kFirstKey + kKeyDown, kKeyWidth, kKeyHeight}).picture = "OffN";
-    Image5.says = {"Armar la medición de respuesta a frecuencia",
-                   "Arm the frequency response measurement"};
-    Image5.tip = Image5.says;
-    Image5.tabIndex = 5;
-    place(Label_ResponseSwitch,
-          {kSecondColumn + kKeyWidth + 120, kFirstKey + kKeyDown + 65, 1700, 170})
-        .caption = "Armar la respuesta";
-    Label_ResponseSwitch.font = look::kCaption;
-    Label_ResponseSwitch.colour = look::kScaleColour;
+    place(Image5, keyAt(1, 1), "OffN",
+          SaysAndTip{"Armar la medición de respuesta a frecuencia",
+                     "Arm the frequency response measurement"});
+    place(Image4, keyAt(1, 2), "LogN",
+          SaysAndTip{"Abrir la performance On-Air", "Open the on-air performance"});
+    const auto word = [](Label& label, int column, int line, const Words& words) {
+        place(label, besideKey(column, line), look::kPlainText, words);
+    };
+    word(Label_SpectrumAnalyzer, 0, 0, {"Analizador de espectro", "Spectrum analyzer"});
+    word(Label_bandScanner, 0, 1, {"Scanner de banda", "Band scanner"});
+    word(Label_SpectralZoom, 0, 2, {"Spectral Zoom", "Spectral Zoom"});
+    word(Label_FrequencyResponse, 1, 0, {"Respuesta a frecuencia", "Frequency response"});
+    word(Label_ResponseSwitch, 1, 1, {"Armar la respuesta", "Arm the response"});
+    word(Label_OnAirPerformance, 1, 2, {"Performance On-Air", "On-Air performance"});
 }
 
 void Form_D::layOutFigures() {
-    struct Row {
-        display::Label& label;
-        display::TextField& field;
-        const char* words;
-        display::Words says;
+    auto figure = [y = 230.f](Label& label, const char* words, TextField& field,
+                              const Words& says) mutable {
+        constexpr TextStyle kFigure{{150, Weight::Bold}, kCyan, Align::Right};
+        place(label, {9120, y + 40, 1300, 170}, look::kPlainText, words);
+        place(field, {10460, y, 1180, 240}, kFigure, Says{says},
+              Tip{"De normal.hm, que se lee cada minuto; no se cambia aquí",
+                  "From normal.hm, which is read every minute; not changed here"})
+            .locked = true;
+        y += 258;
     };
-    const Row rows[] = {
-        {Label_RadiatedPower, Text1, "Radiated Power:", {"Potencia radiada", "Radiated power"}},
-        {Label_MaxModulation, Text2, "Max. Modulation:", {"Modulación máxima", "Max. modulation"}},
-        {Label_3secSilence,
-         Text3,
-         "3 sec. silence:",
-         {"Silencios de 3 segundos", "3 second silences"}},
-        {Label_InvertedPhase, Text4, "Inverted phase:", {"Fase invertida", "Inverted phase"}},
-    };
-    constexpr float kLeft = 9120;
-    constexpr float kDown = 258;
-    float y = 230;
-    int tab = 7;
-    for (const Row& row : rows) {
-        place(row.label, {kLeft, y + 40, 1300, 170}).caption = row.words;
-        row.label.font = look::kCaption;
-        row.label.colour = look::kScaleColour;
-        place(row.field, {kLeft + 1340, y, 1180, 240}).align = Align::Right;
-        row.field.font = display::Font{150, display::Weight::Bold};
-        row.field.colour = display::kCyan;
-        row.field.says = row.says;
-        row.field.tip = {"De normal.hm, que se lee cada minuto; no se cambia aquí",
-                         "From normal.hm, which is read every minute; not changed here"};
-        row.field.locked = true;
-        row.field.tabIndex = ++tab;
-        y += kDown;
-    }
+    figure(Label_RadiatedPower, "Radiated Power:", Text1, {"Potencia radiada", "Radiated power"});
+    figure(Label_MaxModulation, "Max. Modulation:", Text2,
+           {"Modulación máxima", "Max. modulation"});
+    figure(Label_3secSilence, "3 sec. silence:", Text3,
+           {"Silencios de 3 segundos", "3 second silences"});
+    figure(Label_InvertedPhase, "Inverted phase:", Text4, {"Fase invertida", "Inverted phase"});
 }
 
 }  // namespace hmonitor

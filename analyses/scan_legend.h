@@ -2,8 +2,8 @@
 #pragma once
 
 #include "analyses/scan_option.h"
-#include "core/numbered.h"
 #include "display/chart.h"
+#include "display/family.h"
 
 namespace hmonitor {
 
@@ -15,7 +15,9 @@ enum class ScanGround { Screen, Paper };
 class ScanLegend {
  public:
     explicit ScanLegend(display::Form& form)
-        : Label_Serie(form, "Label_Serie"), Line(form, "Line"), Line_Fuxia(form, "Line_Fuxia") {}
+        : Label_Serie(form, "Label_Serie#", 1),
+          Line(form, "Line#", 1),
+          Line_Fuxia(form, "Line_Fuxia") {}
 
     static constexpr std::size_t kColumns = 10;
 
@@ -30,8 +32,8 @@ class ScanLegend {
     /// Strokes and bars in the colours of the ground.
     void colour(display::Chart& chart, ScanGround ground);
 
-    Numbered<display::Label, kColumns> Label_Serie;
-    Numbered<display::Line, kColumns - 1> Line;
+    display::Family<display::Label, kColumns> Label_Serie;
+    display::Family<display::Line, kColumns - 1> Line;
     display::Line Line_Fuxia;
 
  private:

@@ -52,8 +52,6 @@ frmSpectrumAnalizer& frmEditMeasurement::analyzer() const {
 }
 
 void frmEditMeasurement::onLoad() {
-    language = panelLanguage(desktop().userLanguageId());
-    if (language == display::Language::English) sayInEnglish();
     for (int mhz = kFirstStart; mhz < kFirstStart + 20; ++mhz) {
         Combo_StartFreq.list.add(mask("#00.0", mhz));
         Combo_StopFreq.list.add(mask("#00.0", mhz + 1));

@@ -66,7 +66,6 @@ class frmEditMeasurement final : public ProgramForm {
     void layOutFrequencies();
     void layOutPlace();
     void layOutKeys();
-    void sayInEnglish();
     void fillFrom(const SessionInfo& info);
     void fillNew();
     void showAcceptable();

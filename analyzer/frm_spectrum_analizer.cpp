@@ -60,7 +60,6 @@ void frmSpectrumAnalizer::onLoad() {
 }
 
 void frmSpectrumAnalizer::loadRoutine() {
-    sayInPanelLanguage();
     butSpecMode.caption = mode3D();
     measurement.NewSessionDefaults(serialDate(desktop().today()));
     ShowSessionInfo();

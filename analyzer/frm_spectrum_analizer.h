@@ -64,11 +64,9 @@ class frmSpectrumAnalizer final : public ProgramForm, private LevelSink {
     display::PictureBox Picture3d{*this, "Picture3d"};      ///< the density map
     display::PictureBox PictureZoom{*this, "PictureZoom"};  ///< the last sweep
     /// The level scale: 100 at the top, then each 10 dB down to 30.
-    std::array<display::Label, 8> levels{
-        display::Label{*this, "Label100"}, display::Label{*this, "Label090"},
-        display::Label{*this, "Label080"}, display::Label{*this, "Label070"},
-        display::Label{*this, "Label060"}, display::Label{*this, "Label050"},
-        display::Label{*this, "Label040"}, display::Label{*this, "Label030"}};
+    display::Family<display::Label, 8> levels{*this,
+                                              {"Label100", "Label090", "Label080", "Label070",
+                                               "Label060", "Label050", "Label040", "Label030"}};
     display::ScrollBar HScroll1{*this, "HScroll1"};
 
     display::Key butSpecMode{*this, "butSpecMode"};  ///< names the view that it goes to
@@ -138,7 +136,6 @@ class frmSpectrumAnalizer final : public ProgramForm, private LevelSink {
     void layOutLegend();
     void bindKeys();
 
-    void sayInPanelLanguage();
     void loadRoutine();
     void chooseSession();
     void addSession();

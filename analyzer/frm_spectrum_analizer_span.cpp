@@ -5,14 +5,13 @@
 #include "analyzer/frm_spectrum_analizer.h"
 #include "analyzer/session_names.h"
 #include "core/language.h"
-#include "core/look.h"
 #include "core/numbers.h"
 #include "core/taken_for_granted.h"
 #include "core/text_lines.h"
-#include "core/window_look.h"
 #include "program/point_run.h"
 #include "program/tuner.h"
 #include "spectrum/class1.h"
+#include "spectrum/span_dialog.h"
 
 namespace hmonitor {
 
@@ -132,36 +131,10 @@ std::string frmSpectrumAnalizerSpan::measurePoints(double step, int count, doubl
 }
 
 void frmSpectrumAnalizerSpan::layOut() {
-    constexpr float kWidth = 4800;
-    constexpr float kHeight = 2400;
-    width = kWidth;
-    height = kHeight;
-    caption = "Spectrum";
-    place(Faceplate, {0, 0, kWidth, kHeight}).surface = display::Surface::Faceplate;
-    place(Label3, {240, 240, 4320, 240}).caption = "Values for NEW spectrum run:";
-    Label3.font = look::kDialog;
-    place(Frame1, {240, 560, 4320, 960}).surface = display::Surface::Well;
-    place(FrameCaption, {160, 110, 3000, 220}, &Frame1).caption = "Frequency: BW";
-    FrameCaption.font = look::kCaption;
-    FrameCaption.colour = look::kCaptionColour;
-    place(Combo1, {160, 440, 2180, 360}, &Frame1).tabIndex = 1;
+    layWindow(4800, 2400, "Spectrum", Faceplate);
+    laySpanDialog(*this, Text2, 240);
     Combo1.says = {"Paso de la corrida", "Step of the run"};
-    place(Label1, {2520, 500, 500, 240}, &Frame1).caption = "Step";
-    Label1.font = look::kDialog;
-    place(Text2, {3040, 440, 620, 360}, &Frame1).tabIndex = 2;
-    Text2.maxLength = 4;
-    Text2.align = display::Align::Right;
-    Text2.font = look::kDialog;
-    Text2.says = {"Paso en kHz", "Step in kHz"};
-    place(Label2, {3740, 500, 440, 240}, &Frame1).caption = "Khz";
-    Label2.font = look::kDialog;
-    place(Command3D1, {240, 1740, 2040, look::kKeyHeight}).caption = "&New Run";
-    Command3D1.isDefault = true;
-    Command3D1.tabIndex = 3;
     Command3D1.says = {"Medir", "Measure"};
-    place(Command3D2, {2520, 1740, 2040, look::kKeyHeight}).caption = "&Cancel";
-    Command3D2.isCancel = true;
-    Command3D2.tabIndex = 4;
     Command3D2.says = {"Volver al analizador", "Back to the analyzer"};
 }
 

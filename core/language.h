@@ -29,9 +29,4 @@ constexpr display::Language dialogLanguage(int languageId) {
                                                      : display::Language::English;
 }
 
-/// The text of a pair in a language.
-constexpr std::string_view wordsIn(display::Language language, const display::Words& words) {
-    return language == display::Language::Spanish ? words.spanish : words.english;
-}
-
 }  // namespace hmonitor

@@ -1,22 +1,29 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "display/controls.h"
+#include "display/design.h"
 
-// The type and the colours that all windows of the rack share. Sizes are in twips; the rack is
-// 12000 twips wide, and at its natural size ten twips are one pixel.
+// The type and the colours that all windows share. Sizes are in twips; the rack is 12000 twips
+// wide, and at its natural size ten twips are one pixel.
 namespace hmonitor::look {
 
 inline constexpr float kRackWidth = 12000;
 inline constexpr float kMargin = 360;
+/// The strip at the top of a window by which it is moved.
+inline constexpr float kTitleStrip = 460;
+inline constexpr float kWindowMargin = 150;
+inline constexpr float kKeyHeight = 420;
+/// Where a title ends that leaves room for a note beside it.
+inline constexpr float kTitleWithNote = 3300;
 
 inline constexpr display::Font kCaption{120, display::Weight::Normal};
-inline constexpr display::Font kHeading{105, display::Weight::Normal, true};
 inline constexpr display::Font kScale{105, display::Weight::Normal};
 inline constexpr display::Font kUnit{110, display::Weight::Normal};
 inline constexpr display::Font kReadout{250, display::Weight::Bold};
 inline constexpr display::Font kSmallReadout{200, display::Weight::Bold};
 inline constexpr display::Font kLamp{140, display::Weight::Bold};
+inline constexpr display::Font kTitle{160, display::Weight::Bold};
+inline constexpr display::Font kDialog{140, display::Weight::Normal};
 
 inline constexpr display::Colour kCaptionColour{0xb8aca4};
 inline constexpr display::Colour kScaleColour{0xd8d0cc};
@@ -28,5 +35,20 @@ inline constexpr display::Colour kSeriesBlue{0xe4b064};
 inline constexpr display::Colour kNoticeColour{0x0aa5f5};
 /// The dark of unlit segments and needles' wells.
 inline constexpr display::Colour kUnlit{0x1d1c20};
+
+// What stands in rows of layouts.
+inline constexpr display::TextStyle kCaptionText{kCaption, kCaptionColour};
+/// Words beside a control.
+inline constexpr display::TextStyle kPlainText{kCaption, kScaleColour};
+inline constexpr display::TextStyle kHeadingText{
+    {105, display::Weight::Normal, true}, kCaptionColour, display::Align::Right};
+inline constexpr display::TextStyle kScaleText{kScale, kScaleColour};
+inline constexpr display::TextStyle kUnitText{kUnit, kUnitColour};
+inline constexpr display::TextStyle kTitleText{kTitle, kScaleColour};
+inline constexpr display::TextStyle kDialogText{kDialog};
+inline constexpr display::TextStyle kReadoutText{kReadout, display::kCyan, display::Align::Right};
+inline constexpr display::TextStyle kSmallReadoutText{kSmallReadout, display::kCyan};
+/// What a window has to say of its run, beside its title.
+inline constexpr display::TextStyle kNoteText{kCaption, {0x4ac2ff}, display::Align::Right};
 
 }  // namespace hmonitor::look

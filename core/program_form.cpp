@@ -1,20 +1,53 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/program_form.h"
 
+#include "core/language.h"
 #include "core/look.h"
 
 namespace hmonitor {
+
+using display::Hidden;
+using display::Readout;
+using display::Says;
+using display::Surface;
+using display::Tip;
+
+void ProgramForm::layWindow(float itsWidth, float itsHeight, std::string_view itsCaption,
+                            display::Panel& faceplate) {
+    width = itsWidth;
+    height = itsHeight;
+    caption = itsCaption;
+    place(faceplate, {0, 0, itsWidth, itsHeight}, Surface::Faceplate);
+}
+
+void ProgramForm::layStrip(display::Panel& strip) {
+    place(strip, {0, 0, width, look::kTitleStrip}, Says{"Mover la ventana", "Move the window"});
+}
+
+void ProgramForm::layTitle(display::Panel& strip, display::Label& title, std::string_view words,
+                           display::Label* note) {
+    const float end = note ? look::kTitleWithNote : width.get();
+    layStrip(strip);
+    place(title, {240, 120, end - 480, 260}, &strip, look::kTitleText, words);
+    if (!note) return;
+    place(*note, {end, 150, width - end - 240, 200}, &strip, look::kNoteText,
+          Readout{"Corrida rechazada por la unidad", "Run that the unit refused"});
+}
+
+void ProgramForm::layPanel(float itsHeight, display::Panel& faceplate, display::Label& heading,
+                           float down, const display::Words& words) {
+    language = panelLanguage(desktop().userLanguageId());
+    layWindow(look::kRackWidth, itsHeight, "HMonitor", faceplate);
+    place(heading, {8640, down, 3000, 160}, look::kHeadingText, words);
+}
 
 void ProgramForm::placeDigit(SegmentDigit& digit, const display::Box& box, display::Panel* in,
                              display::Colour dark) {
     const auto strokes = SegmentDigit::strokes(box);
     for (int i = 0; i < 7; ++i) {
         const display::Box& ends = strokes[static_cast<std::size_t>(i)];
-        display::Line& line =
-            place(digit.segment(i), ends.left, ends.top, ends.right(), ends.bottom(), in);
-        line.stroke = display::Stroke::Segment;
-        // In units of 15 twips; a stroke is a seventh of the digit's height thick.
-        line.thickness = box.height / 7 / 15;
+        place(digit.segment(i), ends.left, ends.top, ends.right(), ends.bottom(), in,
+              segmentStyle(box.height, dark));
     }
     digit.blank(dark);
 }
@@ -23,17 +56,13 @@ void ProgramForm::placeSign(PanelSign& sign, float down,
                             std::initializer_list<const display::Panel*> wells) {
     auto veil = sign.veils.begin();
     for (const display::Panel* well : wells) {
-        place(*veil, {well->left, well->top, well->width, well->height}).surface =
-            display::Surface::Veil;
-        veil->visible = false;
-        ++veil;
+        place(*veil++, well->boxInContainer(), Surface::Veil, Hidden{});
     }
-    place(sign.words, {9120, down, 1500, 180}).picture = "Sign";
-    sign.words.visible = false;
-    sign.words.says = {"Estado de los datos", "State of the data"};
-    sign.words.tip = {
-        "DEMO: valores simulados. SIN DATOS: la unidad no dice nada nuevo desde hace esos segundos",
-        "DEMO: made-up values. NO DATA: the unit has said nothing new for so many seconds"};
+    place(sign.words, {9120, down, 1500, 180}, "Sign", Hidden{},
+          Says{"Estado de los datos", "State of the data"},
+          Tip{"DEMO: valores simulados. SIN DATOS: la unidad no dice nada nuevo desde hace esos "
+              "segundos",
+              "DEMO: made-up values. NO DATA: the unit has said nothing new for so many seconds"});
 }
 
 void ProgramForm::tellIdleInDemo(display::Control& key) const {

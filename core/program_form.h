@@ -18,6 +18,18 @@ class ProgramForm : public display::Form {
           StationState(itsProgram.StationState) {}
 
  protected:
+    /// A window of that size in twips, with its caption and its faceplate.
+    void layWindow(float itsWidth, float itsHeight, std::string_view itsCaption,
+                   display::Panel& faceplate);
+    /// The strip at its top by which it is moved.
+    void layStrip(display::Panel& strip);
+    /// The strip with its title, and the note of its run.
+    void layTitle(display::Panel& strip, display::Label& title, std::string_view words,
+                  display::Label* note = nullptr);
+    /// A panel of the rack, speaking the language of the panels, with its heading at the right.
+    void layPanel(float itsHeight, display::Panel& faceplate, display::Label& heading, float down,
+                  const display::Words& words);
+
     /// Places the seven lines of a digit in a box of the panel, all in the dark colour.
     void placeDigit(SegmentDigit& digit, const display::Box& box, display::Panel* in,
                     display::Colour dark);

@@ -33,17 +33,18 @@ constexpr std::array<unsigned, 10> kLit = {
     bits({1, 2, 3, 4, 5, 6}),
 };
 
-template <std::size_t... I>
-std::array<Line, 7> makeLines(display::Form& form, std::string_view stem,
-                              const std::array<int, 7>& numbers, std::index_sequence<I...>) {
-    return {Line(form, SmallText(stem).append(wholeText(numbers[I])).str())...};
+std::array<std::string, 7> namesOf(std::string_view stem, const std::array<int, 7>& numbers) {
+    std::array<std::string, 7> names;
+    for (std::size_t i = 0; i < names.size(); ++i)
+        names[i] = SmallText(stem).append(wholeText(numbers[i])).str();
+    return names;
 }
 
 }  // namespace
 
 SegmentDigit::SegmentDigit(display::Form& form, std::string_view stem,
                            const std::array<int, 7>& numbers)
-    : lines_(makeLines(form, stem, numbers, std::make_index_sequence<7>{})) {}
+    : lines_(form, namesOf(stem, numbers)) {}
 
 bool SegmentDigit::lights(int digit, int segment) {
     return (kLit[static_cast<std::size_t>(digit)] >> segment & 1u) != 0;

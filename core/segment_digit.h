@@ -7,9 +7,15 @@
 #include <string>
 #include <string_view>
 
-#include "display/controls.h"
+#include "display/design.h"
+#include "display/family.h"
 
 namespace hmonitor {
+
+/// A stroke of a digit of that height, a seventh of it thick.
+constexpr display::LineStyle segmentStyle(float digitHeight, display::Colour colour) {
+    return {colour, digitHeight / 7 / 15, display::Stroke::Segment};
+}
 
 /// A seven-segment digit drawn from seven line elements: segment 0 lower left, 1 upper left,
 /// 2 bottom, 3 lower right, 4 upper right, 5 middle, 6 top. One table serves all panels.
@@ -26,7 +32,7 @@ class SegmentDigit {
     /// The figure that the place shows; none while it is dark.
     std::optional<int> figure() const { return figure_; }
 
-    display::Line& segment(int number) { return lines_[static_cast<std::size_t>(number)]; }
+    display::Line& segment(int number) { return lines_[number]; }
 
     /// Where each segment runs in a digit of this box, leaning a little to the right.
     static std::array<display::Box, 7> strokes(const display::Box& box);
@@ -35,7 +41,7 @@ class SegmentDigit {
     static bool lights(int digit, int segment);
 
  private:
-    std::array<display::Line, 7> lines_;
+    display::Family<display::Line, 7> lines_;
     std::optional<int> figure_;
 };
 

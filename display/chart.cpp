@@ -13,10 +13,6 @@ const std::array<Colour, Chart::kSeries> Chart::kPlainColours = [] {
     return colours;
 }();
 
-void Chart::accept(ControlVisitor& visitor) {
-    visitor.visit(*this);
-}
-
 void Chart::rowCount(int rows) {
     if (rows < 0 || rows == rows_) return;
     rows_ = rows;
@@ -130,20 +126,14 @@ double Chart::barMiddle(int r, int c) const {
 }
 
 void Chart::resetKind() {
+    KindOf::resetKind();
     rows_ = 0;
     columns_ = 0;
     cells_.clear();
     labels_.clear();
     labelColumns_.clear();
-    dashed = false;
-    note = "";
     row = 1;
     column = 1;
-    style = Style::Bars;
-    lowest = 0.f;
-    highest = 100.f;
-    gridStep = 10.f;
-    insets = Insets{};
     colours_ = kPlainColours;
     touch();
 }

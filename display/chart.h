@@ -18,10 +18,9 @@ namespace display {
 /// bars of one row stand side by side in it, one for each column, a curve passes through the middle
 /// of its rows. Row labels stand under the plot, in the lower inset, under the middle of their row
 /// or of one of its bars; blanks around them do not move them.
-class Chart final : public Control {
+class Chart final : public KindOf<Chart> {
  public:
-    using Control::Control;
-    void accept(ControlVisitor& visitor) override;
+    using KindOf::KindOf;
 
     void rowCount(int rows);
     void columnCount(int columns);
@@ -80,6 +79,13 @@ class Chart final : public Control {
 
     /// What the pointer over a cell is told, in the language of the form; without it, the data.
     std::function<std::string(int row, int column)> tellCell;
+
+    template <class Each>
+    void forEachProperty(Each each) {
+        each("style", style), each("dashed", dashed), each("note", note);
+        each("lowest", lowest), each("highest", highest), each("gridStep", gridStep);
+        each("insets", insets);
+    }
 
  protected:
     void resetKind() override;

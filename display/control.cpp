@@ -11,19 +11,13 @@ Control::Control(Form& form, std::string name)
 }
 
 void Control::reset() {
-    left = 0.f;
-    top = 0.f;
-    width = 0.f;
-    height = 0.f;
-    visible = true;
-    enabled = true;
-    container = nullptr;
+    forEachCommonProperty([](std::string_view, auto& property) { resetProperty(property); });
     timesPlaced = 0;
     resetKind();
 }
 
 Box Control::boxOnForm() const {
-    Box box{left, top, width, height};
+    Box box = boxInContainer();
     for (const Panel* in = container; in; in = in->container) {
         const float unit = in->unit;
         box.left = in->left + box.left * unit;
@@ -53,7 +47,7 @@ void Control::takeFocus() {
 }
 
 std::string_view Control::spokenName() const {
-    return form_.language == Language::Spanish ? says.spanish : says.english;
+    return wordsIn(form_.language, says);
 }
 
 }  // namespace display

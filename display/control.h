@@ -12,6 +12,7 @@ namespace display {
 
 class ControlVisitor;
 class Form;
+enum class Language { Spanish, English };
 class Panel;
 
 /// Where a control stands, in the units of its container (twips unless the container says else).
@@ -21,8 +22,8 @@ struct Box {
     float width = 0;
     float height = 0;
     bool operator==(const Box&) const = default;
-    float right() const { return left + width; }
-    float bottom() const { return top + height; }
+    constexpr float right() const { return left + width; }
+    constexpr float bottom() const { return top + height; }
 };
 
 /// One text in the two languages that the panels speak. UTF-8.
@@ -31,6 +32,10 @@ struct Words {
     const char* english = "";
 };
 
+constexpr std::string_view wordsIn(Language language, const Words& words) {
+    return language == Language::Spanish ? words.spanish : words.english;
+}
+
 /// The pointer on a control: position from its upper left corner in twips, and whether the left
 /// button is down.
 struct Mouse {
@@ -38,6 +43,16 @@ struct Mouse {
     float y = 0;
     bool left = false;
 };
+
+/// A property, or a plain value in a list of properties, back to what it was made with.
+template <class Listed>
+void resetProperty(Listed& listed) {
+    if constexpr (requires { listed.reset(); }) {
+        listed.reset();
+    } else {
+        listed = Listed{};
+    }
+}
 
 using Event = std::function<void()>;
 using MouseEvent = std::function<void(const Mouse&)>;
@@ -54,12 +69,23 @@ class Control : public Revised {
     /// Back to the state before any design value was laid.
     void reset();
 
+    /// Names each property that all kinds have. What a kind has of its own it lists itself.
+    template <class Each>
+    void forEachCommonProperty(Each each) {
+        each("left", left), each("top", top), each("width", width), each("height", height);
+        each("visible", visible), each("enabled", enabled), each("container", container);
+        each("says", says), each("tip", tip);
+        each("tabIndex", tabIndex), each("leavesFocus", leavesFocus);
+    }
+
     /// True when a person can act on it: it then becomes a real widget with keyboard and focus.
     virtual bool interactive() const { return false; }
 
     const std::string& name() const { return name_; }
     Form& form() const { return form_; }
 
+    /// Its box in the units of its container.
+    virtual Box boxInContainer() const { return {left, top, width, height}; }
     /// Its box in twips from the form's upper left corner, all containers resolved.
     Box boxOnForm() const;
 

@@ -5,111 +5,50 @@
 
 #include "display/chart.h"
 #include "display/form.h"
+#include "display/page.h"
 
 namespace display {
 
-void Label::accept(ControlVisitor& visitor) {
-    visitor.visit(*this);
-}
-void Line::accept(ControlVisitor& visitor) {
-    visitor.visit(*this);
-}
-void Shape::accept(ControlVisitor& visitor) {
-    visitor.visit(*this);
-}
-void Picture::accept(ControlVisitor& visitor) {
-    visitor.visit(*this);
-}
-void Panel::accept(ControlVisitor& visitor) {
-    visitor.visit(*this);
-}
-void PictureBox::accept(ControlVisitor& visitor) {
-    visitor.visit(*this);
-}
-void Key::accept(ControlVisitor& visitor) {
-    visitor.visit(*this);
-}
-void TextField::accept(ControlVisitor& visitor) {
-    visitor.visit(*this);
-}
-void CheckBox::accept(ControlVisitor& visitor) {
-    visitor.visit(*this);
-}
-void Option::accept(ControlVisitor& visitor) {
-    visitor.visit(*this);
-}
-void ComboBox::accept(ControlVisitor& visitor) {
-    visitor.visit(*this);
-}
-void ListBox::accept(ControlVisitor& visitor) {
-    visitor.visit(*this);
-}
-void ScrollBar::accept(ControlVisitor& visitor) {
-    visitor.visit(*this);
-}
-void Tabs::accept(ControlVisitor& visitor) {
-    visitor.visit(*this);
+template <class Kind>
+void KindOf<Kind>::accept(ControlVisitor& visitor) {
+    visitor.visit(static_cast<Kind&>(*this));
 }
 
-void Label::resetKind() {
-    caption = "";
-    colour = kWhite;
-    font = Font{};
-    align = Align::Left;
-    surface = Surface::None;
-    wraps = false;
+template <class Kind>
+void KindOf<Kind>::resetKind() {
+    static_cast<Kind&>(*this).forEachProperty(
+        [](std::string_view, auto& property) { resetProperty(property); });
 }
 
-void Line::resetKind() {
-    from(0, 0);
-    to(0, 0);
-    colour = kWhite;
-    thickness = 1.f;
-    stroke = Stroke::Plain;
-}
+template class KindOf<Label>;
+template class KindOf<Line>;
+template class KindOf<Shape>;
+template class KindOf<Picture>;
+template class KindOf<Panel>;
+template class KindOf<PictureBox>;
+template class KindOf<Key>;
+template class KindOf<TextField>;
+template class KindOf<CheckBox>;
+template class KindOf<Option>;
+template class KindOf<ComboBox>;
+template class KindOf<ListBox>;
+template class KindOf<ScrollBar>;
+template class KindOf<Tabs>;
+template class KindOf<Chart>;
+template class KindOf<PagePreview>;
 
-void Shape::resetKind() {
-    outline = Outline::Rectangle;
-    colour = kBlack;
-    fadesFrom = kBlack;
+Box Line::boxInContainer() const {
+    const auto [first, last] = std::minmax(x1.get(), x2.get());
+    const auto [upper, lower] = std::minmax(y1.get(), y2.get());
+    return {first, upper, last - first, lower - upper};
 }
 
 bool Picture::interactive() const {
     return onPress || onRelease || onClick;
 }
 
-void Picture::resetKind() {
-    picture = "";
-    caption = "";
-    border = Border::None;
-    held = false;
-}
-
-bool Panel::interactive() const {
-    return false;
-}
-
-void Panel::resetKind() {
-    caption = "";
-    surface = Surface::None;
-    unit = 1.f;
-}
-
 bool PictureBox::interactive() const {
     return static_cast<bool>(onDoubleClick);
-}
-
-void PictureBox::resetKind() {
-    drawing.reset();
-}
-
-void Key::resetKind() {
-    caption = "";
-    colour = kWhite;
-    lit = false;
-    isDefault = false;
-    isCancel = false;
-    shortcut = {};
 }
 
 void TextField::edit(std::string_view wanted) {
@@ -119,29 +58,20 @@ void TextField::edit(std::string_view wanted) {
     if (onChange && !form().layingOut()) onChange();
 }
 
+void TextField::Value::reset() {
+    field_.allSelected_ = false;
+    text_.reset();
+}
+
 void TextField::selectAll() {
     allSelected_ = true;
     selections = selections + 1;
-}
-void TextField::resetKind() {
-    text.text_ = "";
-    allSelected_ = false;
-    locked = false;
-    maxLength = 0;
-    align = Align::Left;
-    colour = kWhite;
-    font = Font{};
 }
 
 void CheckBox::take(bool on) {
     if (checked == on) return;
     checked.value_ = on;
     if (onClick && !form().layingOut()) onClick();
-}
-
-void CheckBox::resetKind() {
-    checked.value_ = false;
-    caption = "";
 }
 
 void Option::choose() {
@@ -154,11 +84,6 @@ void Option::choose() {
     }
     chosen = true;
     if (onClick && !form().layingOut()) onClick();
-}
-
-void Option::resetKind() {
-    chosen = false;
-    caption = "";
 }
 
 void ListModel::clear() {
@@ -190,18 +115,8 @@ void ComboBox::select(int row) {
     if ((changed || again) && onClick && !form().layingOut()) onClick();
 }
 
-void ComboBox::resetKind() {
-    firesAgain = false;
-    list.clear();
-}
-
 void ListBox::select(int row) {
     if (list.setSelected(row) && onClick && !form().layingOut()) onClick();
-}
-
-void ListBox::resetKind() {
-    list.clear();
-    fixedPitch = false;
 }
 
 int ScrollBar::clamped(int wanted) const {
@@ -244,16 +159,6 @@ void ScrollBar::loseThumb() {
     thumb = value;
 }
 
-void ScrollBar::resetKind() {
-    minimum = 0;
-    maximum = 100;
-    pageStep = 10;
-    dragging = false;
-    thumb = 0;
-    value.value_ = 0;
-    vertical = false;
-}
-
 void Tabs::add(std::string_view caption, Panel& page) {
     page.visible = pages_.empty();
     pages_.push_back({std::string(caption), &page});
@@ -266,11 +171,6 @@ void Tabs::choose(int tab) {
     current = tab;
     pages_[static_cast<std::size_t>(tab)].panel->visible = true;
     if (onClick && !form().layingOut()) onClick();
-}
-
-void Tabs::resetKind() {
-    current = 0;
-    pages_.clear();
 }
 
 }  // namespace display

@@ -45,6 +45,8 @@ class Firing {
         return *this;
     }
     operator T() const { return value_; }
+    /// Fires nothing.
+    void reset() { value_.reset(); }
 
  private:
     friend Owner;
@@ -52,11 +54,22 @@ class Firing {
     Property<T> value_;
 };
 
-/// A text. Painted; never takes the focus.
-class Label final : public Control {
+/// Each kind of control is one of these. It lists each of its own properties once, in
+/// forEachProperty: by that list it is put back at a load, and tests read it.
+template <class Kind>
+class KindOf : public Control {
  public:
     using Control::Control;
-    void accept(ControlVisitor& visitor) override;
+    void accept(ControlVisitor& visitor) final;
+
+ protected:
+    void resetKind() override;
+};
+
+/// A text. Painted; never takes the focus.
+class Label final : public KindOf<Label> {
+ public:
+    using KindOf::KindOf;
 
     Text caption{*this};
     Property<Colour> colour{*this, kWhite};
@@ -68,18 +81,24 @@ class Label final : public Control {
     /// A measured value: exposed to the screen reader with its value at a bounded rate.
     bool readout = false;
 
- protected:
-    void resetKind() override;
+    template <class Each>
+    void forEachProperty(Each each) {
+        each("caption", caption), each("colour", colour), each("font", font);
+        each("align", align), each("surface", surface), each("wraps", wraps);
+        each("readout", readout);
+    }
 };
 
 /// How the ends of a line look.
 enum class Stroke { Plain, Round, Segment };
 
 /// A straight line between two points, in the units of its container.
-class Line final : public Control {
+class Line final : public KindOf<Line> {
  public:
-    using Control::Control;
-    void accept(ControlVisitor& visitor) override;
+    using KindOf::KindOf;
+
+    /// What lies between its ends.
+    Box boxInContainer() const override;
 
     void from(float x, float y) { x1 = x, y1 = y; }
     void to(float x, float y) { x2 = x, y2 = y; }
@@ -90,25 +109,29 @@ class Line final : public Control {
     Property<float> thickness{*this, 1};
     Property<Stroke> stroke{*this, Stroke::Plain};
 
- protected:
-    void resetKind() override;
+    template <class Each>
+    void forEachProperty(Each each) {
+        each("x1", x1), each("y1", y1), each("x2", x2), each("y2", y2);
+        each("colour", colour), each("thickness", thickness), each("stroke", stroke);
+    }
 };
 
 enum class Outline { Rectangle, Rounded, Oval };
 
 /// A filled figure in its box.
-class Shape final : public Control {
+class Shape final : public KindOf<Shape> {
  public:
-    using Control::Control;
-    void accept(ControlVisitor& visitor) override;
+    using KindOf::KindOf;
 
     Property<Outline> outline{*this, Outline::Rectangle};
     Property<Colour> colour{*this, kBlack};
     /// The colour at the left edge; equal to colour for a flat figure.
     Property<Colour> fadesFrom{*this, kBlack};
 
- protected:
-    void resetKind() override;
+    template <class Each>
+    void forEachProperty(Each each) {
+        each("outline", outline), each("colour", colour), each("fadesFrom", fadesFrom);
+    }
 };
 
 /// A plain line around a picture.
@@ -116,10 +139,9 @@ enum class Border { None, Plain };
 
 /// A control that shows one of the program's own drawings by name, "" for none. With events bound
 /// it is a key: a press, then a release on it, or a cancel when the button comes up elsewhere.
-class Picture final : public Control {
+class Picture final : public KindOf<Picture> {
  public:
-    using Control::Control;
-    void accept(ControlVisitor& visitor) override;
+    using KindOf::KindOf;
     bool interactive() const override;
 
     Text picture{*this};
@@ -134,16 +156,17 @@ class Picture final : public Control {
     MouseEvent onMouseDown, onMouseMove, onMouseUp;
     Event onDoubleClick;
 
- protected:
-    void resetKind() override;
+    template <class Each>
+    void forEachProperty(Each each) {
+        each("picture", picture), each("caption", caption), each("border", border);
+        each("held", held);
+    }
 };
 
 /// A container with a surface. Its children stand in its units and are cut at its edge.
-class Panel final : public Control {
+class Panel final : public KindOf<Panel> {
  public:
-    using Control::Control;
-    void accept(ControlVisitor& visitor) override;
-    bool interactive() const override;
+    using KindOf::KindOf;
 
     Text caption{*this};
     Property<Surface> surface{*this, Surface::None};
@@ -153,29 +176,31 @@ class Panel final : public Control {
     MouseEvent onMouseDown, onMouseMove, onMouseUp;
     Event onDoubleClick;
 
- protected:
-    void resetKind() override;
+    template <class Each>
+    void forEachProperty(Each each) {
+        each("caption", caption), each("surface", surface), each("unit", unit);
+    }
 };
 
 /// A picture box: a control that carries a drawing (see Drawing) in its own scale.
-class PictureBox final : public Control {
+class PictureBox final : public KindOf<PictureBox> {
  public:
-    using Control::Control;
-    void accept(ControlVisitor& visitor) override;
+    using KindOf::KindOf;
     bool interactive() const override;
 
     Drawing drawing{*this};
     Event onDoubleClick;
 
- protected:
-    void resetKind() override;
+    template <class Each>
+    void forEachProperty(Each each) {
+        each("drawing", drawing);
+    }
 };
 
 /// A push key with a caption; & marks its letter. press() runs its click as a program does it.
-class Key final : public Control {
+class Key final : public KindOf<Key> {
  public:
-    using Control::Control;
-    void accept(ControlVisitor& visitor) override;
+    using KindOf::KindOf;
     bool interactive() const override { return true; }
     void press() {
         if (onClick) onClick();
@@ -192,15 +217,17 @@ class Key final : public Control {
 
     Event onClick;
 
- protected:
-    void resetKind() override;
+    template <class Each>
+    void forEachProperty(Each each) {
+        each("caption", caption), each("colour", colour), each("lit", lit);
+        each("isDefault", isDefault), each("isCancel", isCancel), each("shortcut", shortcut);
+    }
 };
 
 /// One line of text that the user may edit.
-class TextField final : public Control {
+class TextField final : public KindOf<TextField> {
  public:
-    using Control::Control;
-    void accept(ControlVisitor& visitor) override;
+    using KindOf::KindOf;
     bool interactive() const override { return true; }
 
     /// A hand's edit: takes the text, fires onChange if it differs.
@@ -224,6 +251,8 @@ class TextField final : public Control {
         operator std::string_view() const { return text_; }
         const std::string& get() const { return text_.get(); }
         bool empty() const { return text_.empty(); }
+        /// Fires nothing.
+        void reset();
         friend bool operator==(const Value& a, std::string_view b) { return a.text_ == b; }
 
      private:
@@ -245,18 +274,20 @@ class TextField final : public Control {
     std::function<char32_t(char32_t)> onTyped;
     Event onEnter;
 
- protected:
-    void resetKind() override;
+    template <class Each>
+    void forEachProperty(Each each) {
+        each("text", text), each("locked", locked), each("maxLength", maxLength);
+        each("align", align), each("colour", colour), each("font", font);
+    }
 
  private:
     bool allSelected_ = false;
 };
 
 /// A box that is checked or not. Assigning another value fires onClick, as a hand does.
-class CheckBox final : public Control {
+class CheckBox final : public KindOf<CheckBox> {
  public:
-    using Control::Control;
-    void accept(ControlVisitor& visitor) override;
+    using KindOf::KindOf;
     bool interactive() const override { return true; }
 
     Firing<CheckBox, bool> checked{*this};
@@ -264,8 +295,10 @@ class CheckBox final : public Control {
     Text caption{*this};
     Event onClick;
 
- protected:
-    void resetKind() override;
+    template <class Each>
+    void forEachProperty(Each each) {
+        each("checked", checked), each("caption", caption);
+    }
 
  private:
     friend Firing<CheckBox, bool>;
@@ -273,10 +306,9 @@ class CheckBox final : public Control {
 };
 
 /// One of a group (the options of one container): choosing it clears the others.
-class Option final : public Control {
+class Option final : public KindOf<Option> {
  public:
-    using Control::Control;
-    void accept(ControlVisitor& visitor) override;
+    using KindOf::KindOf;
     bool interactive() const override { return true; }
 
     /// Chooses it, by hand or by code; fires onClick if it was not chosen.
@@ -286,8 +318,10 @@ class Option final : public Control {
     Text caption{*this};
     Event onClick;
 
- protected:
-    void resetKind() override;
+    template <class Each>
+    void forEachProperty(Each each) {
+        each("chosen", chosen), each("caption", caption);
+    }
 };
 
 /// The rows of a combo or list box and the selected one (-1: none).
@@ -295,6 +329,7 @@ class ListModel {
  public:
     explicit ListModel(Revised& owner) : owner_(owner) {}
     void clear();
+    void reset() { clear(); }
     void add(std::string_view row);
     const std::vector<std::string>& rows() const { return rows_; }
     int selected() const { return selected_; }
@@ -308,10 +343,9 @@ class ListModel {
 };
 
 /// A closed list that opens; select() by hand or code fires onClick.
-class ComboBox final : public Control {
+class ComboBox final : public KindOf<ComboBox> {
  public:
-    using Control::Control;
-    void accept(ControlVisitor& visitor) override;
+    using KindOf::KindOf;
     bool interactive() const override { return true; }
     void select(int row);
 
@@ -320,15 +354,16 @@ class ComboBox final : public Control {
     bool firesAgain = false;
     Event onClick;
 
- protected:
-    void resetKind() override;
+    template <class Each>
+    void forEachProperty(Each each) {
+        each("list", list), each("firesAgain", firesAgain);
+    }
 };
 
 /// An open list.
-class ListBox final : public Control {
+class ListBox final : public KindOf<ListBox> {
  public:
-    using Control::Control;
-    void accept(ControlVisitor& visitor) override;
+    using KindOf::KindOf;
     bool interactive() const override { return true; }
     void select(int row);
 
@@ -337,16 +372,17 @@ class ListBox final : public Control {
     Property<bool> fixedPitch{*this, false};
     Event onClick, onDoubleClick;
 
- protected:
-    void resetKind() override;
+    template <class Each>
+    void forEachProperty(Each each) {
+        each("list", list), each("fixedPitch", fixedPitch);
+    }
 };
 
 /// A scroll bar. The value is clamped to its range; assigning another value fires onChange. While
 /// a hand drags the thumb, thumb moves and onScroll fires; the value follows at the release.
-class ScrollBar final : public Control {
+class ScrollBar final : public KindOf<ScrollBar> {
  public:
-    using Control::Control;
-    void accept(ControlVisitor& visitor) override;
+    using KindOf::KindOf;
     bool interactive() const override { return true; }
 
     Firing<ScrollBar, int> value{*this};
@@ -366,8 +402,12 @@ class ScrollBar final : public Control {
 
     Event onChange, onScroll;
 
- protected:
-    void resetKind() override;
+    template <class Each>
+    void forEachProperty(Each each) {
+        each("minimum", minimum), each("maximum", maximum), each("pageStep", pageStep);
+        each("dragging", dragging), each("thumb", thumb), each("value", value);
+        each("vertical", vertical);
+    }
 
  private:
     friend Firing<ScrollBar, int>;
@@ -376,10 +416,9 @@ class ScrollBar final : public Control {
 };
 
 /// A row of tabs; each page is a panel that is shown while its tab is the current one.
-class Tabs final : public Control {
+class Tabs final : public KindOf<Tabs> {
  public:
-    using Control::Control;
-    void accept(ControlVisitor& visitor) override;
+    using KindOf::KindOf;
     bool interactive() const override { return true; }
 
     void add(std::string_view caption, Panel& page);
@@ -393,8 +432,10 @@ class Tabs final : public Control {
     const std::vector<Page>& pages() const { return pages_; }
     Event onClick;
 
- protected:
-    void resetKind() override;
+    template <class Each>
+    void forEachProperty(Each each) {
+        each("current", current), each("pages", pages_);
+    }
 
  private:
     std::vector<Page> pages_;

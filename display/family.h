@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <concepts>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -10,30 +11,46 @@
 
 namespace display {
 
-/// Elements of one kind that the program addresses by index, from 0: family[3] is named
-/// "family(3)".
-template <class Kind, std::size_t Count>
+/// The name of an element: # stands for its number, which without one stands in brackets behind.
+inline std::string elementName(std::string_view pattern, std::size_t number) {
+    const std::size_t mark = pattern.find('#');
+    const std::string digits = std::to_string(number);
+    if (mark == std::string_view::npos) return std::string(pattern) + "(" + digits + ")";
+    return std::string(pattern).replace(mark, 1, digits);
+}
+
+/// Elements of one kind that the program addresses by index, from `First` on.
+template <class Kind, std::size_t Count, std::size_t First = 0>
 class Family {
  public:
-    Family(Form& form, std::string_view name)
-        : elements_(make(form, name, std::make_index_sequence<Count>{})) {}
+    /// Family("LineAudL")[3] is named "LineAudL(3)", Family("Graph#", 1)[3] is named "Graph4":
+    /// its first element has that number.
+    Family(Form& form, std::string_view pattern, std::size_t firstNumber = First)
+        : Family(form, std::make_index_sequence<Count>{},
+                 [&](std::size_t i) { return elementName(pattern, firstNumber + i); }) {}
+    /// Elements with names of their own.
+    Family(Form& form, const std::array<std::string, Count>& names)
+        : Family(form, std::make_index_sequence<Count>{}, [&](std::size_t i) { return names[i]; }) {
+    }
 
-    Kind& operator[](std::size_t index) { return elements_[index]; }
-    const Kind& operator[](std::size_t index) const { return elements_[index]; }
+    Kind& operator[](std::integral auto index) {
+        return elements_[static_cast<std::size_t>(index) - First];
+    }
+    const Kind& operator[](std::integral auto index) const {
+        return elements_[static_cast<std::size_t>(index) - First];
+    }
     static constexpr std::size_t size() { return Count; }
     auto begin() { return elements_.begin(); }
     auto end() { return elements_.end(); }
 
  private:
-    template <std::size_t... I>
-    static std::array<Kind, Count> make(Form& form, std::string_view name,
-                                        std::index_sequence<I...>) {
-        return {element(form, name, I)...};
-    }
+    template <class NameOf, std::size_t... I>
+    Family(Form& form, std::index_sequence<I...>, const NameOf& nameOf)
+        : elements_{element(form, nameOf(I))...} {}
 
     // Inlined once for each element, construction took compilers a quarter of a minute.
-    [[gnu::noinline]] static Kind element(Form& form, std::string_view name, std::size_t index) {
-        return Kind(form, std::string(name) + "(" + std::to_string(index) + ")");
+    [[gnu::noinline]] static Kind element(Form& form, std::string name) {
+        return Kind(form, std::move(name));
     }
 
     std::array<Kind, Count> elements_;

@@ -86,23 +86,6 @@ Timer* Form::findTimer(std::string_view name) const {
     return nullptr;
 }
 
-void Form::placeControl(Control& control, const Box& box, Panel* in) {
-    control.left = box.left;
-    control.top = box.top;
-    control.width = box.width;
-    control.height = box.height;
-    control.container = in;
-    ++control.timesPlaced;
-}
-
-Line& Form::place(Line& line, float x1, float y1, float x2, float y2, Panel* in) {
-    line.container = in;
-    line.from(x1, y1);
-    line.to(x2, y2);
-    ++line.timesPlaced;
-    return line;
-}
-
 namespace {
 
 template <class Wanted>

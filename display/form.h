@@ -6,13 +6,13 @@
 #include <vector>
 
 #include "display/controls.h"
+#include "display/design.h"
 #include "display/desktop.h"
 #include "display/timer.h"
 
 namespace display {
 
 enum class WindowState { Normal, Minimised };
-enum class Language { Spanish, English };
 
 /// Stands before all that counts with it.
 struct FormClock {
@@ -78,19 +78,9 @@ class Form : private FormClock, public Revised {
     virtual void onLoad() {}
     virtual void onUnload() {}
 
-    /// Places a control, in the units of its container. Each control is placed once.
-    template <class C>
-    C& place(C& control, const Box& box, Panel* in = nullptr) {
-        placeControl(control, box, in);
-        return control;
-    }
-    /// Places a line by its two ends.
-    Line& place(Line& line, float x1, float y1, float x2, float y2, Panel* in = nullptr);
-
  private:
     friend class Control;
     friend class Timer;
-    void placeControl(Control& control, const Box& box, Panel* in);
     void resetToLayout();
 
     Desktop& desktop_;

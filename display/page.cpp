@@ -70,10 +70,6 @@ std::vector<PagePoint> pagePoints(std::string_view coordinates) {
     return points;
 }
 
-void PagePreview::accept(ControlVisitor& visitor) {
-    visitor.visit(*this);
-}
-
 void PagePreview::show(PageDocument document) {
     document_ = std::move(document);
     ++shownDocuments_;
@@ -81,8 +77,8 @@ void PagePreview::show(PageDocument document) {
 }
 
 void PagePreview::resetKind() {
+    KindOf::resetKind();
     show({});
-    zoom = 100;
 }
 
 }  // namespace display

@@ -117,10 +117,9 @@ class PageDocument {
 std::vector<PagePoint> pagePoints(std::string_view coordinates);
 
 /// A control that shows a document as it will lie on paper.
-class PagePreview final : public Control {
+class PagePreview final : public KindOf<PagePreview> {
  public:
-    using Control::Control;
-    void accept(ControlVisitor& visitor) override;
+    using KindOf::KindOf;
     bool interactive() const override { return true; }
 
     /// Shows the first page of another document.
@@ -131,6 +130,11 @@ class PagePreview final : public Control {
 
     /// Percent of the paper's true size.
     Property<int> zoom{*this, 100};
+
+    template <class Each>
+    void forEachProperty(Each each) {
+        each("zoom", zoom);
+    }
 
  protected:
     void resetKind() override;

@@ -31,7 +31,8 @@ class Revised {
 template <class T>
 class Property {
  public:
-    explicit Property(Revised& owner, T initial = {}) : owner_(&owner), value_(initial) {}
+    explicit Property(Revised& owner, T initial = {})
+        : owner_(&owner), value_(initial), atRest_(initial) {}
     Property(const Property&) = delete;
     Property& operator=(const Property& other) { return *this = other.value_; }
 
@@ -46,17 +47,20 @@ class Property {
     operator const T&() const { return value_; }
     const T& get() const { return value_; }
 
+    /// Back to what it was made with.
+    void reset() { *this = atRest_; }
+
  private:
     Revised* owner_;
     T value_;
+    T atRest_;
 };
 
 /// The same for text. Short texts are stored in place, so that readouts never allocate.
 template <>
 class Property<std::string> {
  public:
-    explicit Property(Revised& owner, std::string_view initial = {})
-        : owner_(&owner), value_(initial) {}
+    explicit Property(Revised& owner) : owner_(&owner) {}
     Property(const Property&) = delete;
     Property& operator=(const Property& other) { return *this = std::string_view(other.value_); }
 
@@ -73,6 +77,7 @@ class Property<std::string> {
     operator std::string_view() const { return value_; }
     const std::string& get() const { return value_; }
     bool empty() const { return value_.empty(); }
+    void reset() { *this = std::string_view(); }
     friend bool operator==(const Property& a, std::string_view b) { return a.value_ == b; }
 
  private:

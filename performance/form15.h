@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "core/numbered.h"
 #include "core/program_form.h"
 #include "display/family.h"
 #include "performance/day_tables.h"
@@ -24,13 +23,13 @@ class Form15 final : public ProgramForm {
     display::Tabs SSTab1{*this, "SSTab1"};
     display::Panel Page1{*this, "Page1"};
     display::Panel Page2{*this, "Page2"};
-    display::Family<display::Label, 2> Title{*this, "Title"};  ///< of the first page's lists
-    Numbered<display::Label, 7, 2> Label{*this, "Label"};      ///< `Label2` to `Label8`
-    display::Family<display::Label, 6> Time{*this, "Time"};    ///< heads of the lists
+    display::Family<display::Label, 2> Title{*this, "Title"};      ///< of the first page's lists
+    display::Family<display::Label, 7> Label{*this, "Label#", 2};  ///< `Label2` to `Label8`
+    display::Family<display::Label, 6> Time{*this, "Time"};        ///< heads of the lists
     display::Family<display::Label, 8> Value{*this, "Value"};
-    Numbered<display::ListBox, 6> List{*this, "List"};  ///< `List1` to `List6`
-    display::Key SSCommand2{*this, "SSCommand2"};       ///< print the report
-    display::Key SSCommand1{*this, "SSCommand1"};       ///< back to the charts
+    display::Family<display::ListBox, 6> List{*this, "List#", 1};  ///< `List1` to `List6`
+    display::Key SSCommand2{*this, "SSCommand2"};                  ///< print the report
+    display::Key SSCommand1{*this, "SSCommand1"};                  ///< back to the charts
 
  protected:
     void layOut() override;
@@ -39,9 +38,6 @@ class Form15 final : public ProgramForm {
  private:
     void layOutFirstPage();
     void layOutSecondPage();
-    void layOutList(std::size_t list, const display::Box& box, display::Panel& page);
-    void layOutHead(display::Label& head, const char* words, float x, float y,
-                    display::Panel& page);
     std::string_view day() const;
     void print();
     void close();

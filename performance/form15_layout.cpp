@@ -5,7 +5,7 @@
 
 namespace hmonitor {
 
-using display::Surface;
+using namespace display;
 
 namespace {
 
@@ -25,115 +25,88 @@ constexpr float columnOf(float listLeft, int character) {
 constexpr float kListTop = 640;
 constexpr float kListHeight = kPageHeight - kListTop - 100;
 
+/// Each head is as wide as the column that it stands over.
+constexpr Box headAt(float listLeft, int character) {
+    return {columnOf(listLeft, character), 420, 700, 170};
+}
+constexpr TextStyle kTitle{{150, Weight::Bold}, look::kScaleColour};
+constexpr TextStyle kWord{{120, Weight::Bold}, look::kScaleColour};
+
+constexpr Box listAt(float left, float width) {
+    return {left, kListTop, width, kListHeight};
+}
+
 }  // namespace
 
 void Form15::layOut() {
-    width = kWidth;
-    height = kHeight;
-    caption = "Text Mode";
-    place(Faceplate, {0, 0, kWidth, kHeight}).surface = Surface::Faceplate;
-    place(SSPanel1, {0, 0, kWidth, look::kTitleStrip});
-    SSPanel1.says = {"Mover la ventana", "Move the window"};
-    place(SSPanel2, {240, 80, 1500, 320}, &SSPanel1).caption = "Text Mode";
+    layWindow(kWidth, kHeight, "Text Mode", Faceplate);
+    layStrip(SSPanel1);
+    place(SSPanel2, {240, 80, 1500, 320}, &SSPanel1, "Text Mode");
     place(SSPanel22, {kWidth - 2400, 80, 2100, 320}, &SSPanel1);
 
-    place(SSTab1, {look::kMargin, 560, kWidth - 2 * look::kMargin, 5560});
-    SSTab1.says = {"Cifras del día", "Figures of the day"};
-    SSTab1.tabIndex = 1;
-    for (display::Panel* page : {&Page1, &Page2})
-        place(*page, {look::kMargin + 60, kPageTop, kPageWidth, kPageHeight}).surface =
-            Surface::Well;
+    place(SSTab1, {look::kMargin, 560, kWidth - 2 * look::kMargin, 5560},
+          Says{"Cifras del día", "Figures of the day"});
+    for (Panel* page : {&Page1, &Page2}) {
+        place(*page, {look::kMargin + 60, kPageTop, kPageWidth, kPageHeight}, Surface::Well);
+    }
     layOutFirstPage();
     layOutSecondPage();
     SSTab1.add("Modulation / Power", Page1);
     SSTab1.add("Performance Values", Page2);
+    for (ListBox& list : List) list.fixedPitch = true;
 
     constexpr float kKeyTop = 6270;
-    place(SSCommand2, {kWidth - 3960, kKeyTop, 1700, look::kKeyHeight}).caption = "Print";
-    SSCommand2.says = {"Imprimir el informe", "Print the report"};
-    SSCommand2.tabIndex = 8;
-    place(SSCommand1, {kWidth - 2060, kKeyTop, 1700, look::kKeyHeight}).caption = "Done";
-    SSCommand1.says = {"Volver a los gráficos", "Back to the charts"};
-    SSCommand1.isDefault = true;
-    SSCommand1.isCancel = true;
-    SSCommand1.tabIndex = 9;
-}
-
-void Form15::layOutList(std::size_t list, const display::Box& box, display::Panel& page) {
-    static constexpr display::Words kSays[] = {
-        {"Modulación por hora", "Modulation by the hour"},
-        {"Potencia por hora", "Power by the hour"},
-        {"Niveles izquierdo y derecho por hora", "Left and right level by the hour"},
-        {"Fase estéreo por hora", "Stereo phase by the hour"},
-        {"Picos de sobremodulación por hora", "Overmodulation peaks by the hour"},
-        {"Silencios y fase invertida por hora", "Silences and inverted phase by the hour"},
-    };
-    place(List[list], box, &page).fixedPitch = true;
-    List[list].says = kSays[list];
-    List[list].tabIndex = 2 + static_cast<int>(list);
-}
-
-void Form15::layOutHead(display::Label& head, const char* words, float x, float y,
-                        display::Panel& page) {
-    // Each head is as wide as the column that it stands over.
-    place(head, {x, y, 700, 170}, &page).caption = words;
-    head.font = look::kCaption;
-    head.colour = look::kCaptionColour;
+    place(SSCommand2, {kWidth - 3960, kKeyTop, 1700, look::kKeyHeight}, "Print",
+          Says{"Imprimir el informe", "Print the report"});
+    place(SSCommand1, {kWidth - 2060, kKeyTop, 1700, look::kKeyHeight}, "Done", Role::Default,
+          Role::Cancel, Says{"Volver a los gráficos", "Back to the charts"});
+    tabOrder(SSTab1, List, SSCommand2, SSCommand1);
 }
 
 void Form15::layOutFirstPage() {
-    constexpr const char* kTitles[] = {"Modulation", "Power"};
-    for (std::size_t i = 0; i < 2; ++i) {
-        const float edge = 160 + 4600 * static_cast<float>(i);
-        place(Title[i], {edge, 100, 3000, 220}, &Page1).caption = kTitles[i];
-        Title[i].font = display::Font{150, display::Weight::Bold};
-        Title[i].colour = look::kScaleColour;
-        layOutHead(Time[i], "Time", columnOf(edge, 0), 420, Page1);
-        layOutHead(Value[i], " Value", columnOf(edge, 14), 420, Page1);
-        layOutList(i, {edge, kListTop, 4440, kListHeight}, Page1);
-    }
+    auto list = [this, i = 0](float edge, const char* title, const Words& says) mutable {
+        place(Title[i], {edge, 100, 3000, 220}, &Page1, kTitle, title);
+        place(Time[i], headAt(edge, 0), &Page1, look::kCaptionText, "Time");
+        place(Value[i], headAt(edge, 14), &Page1, look::kCaptionText, " Value");
+        place(List[i++], listAt(edge, 4440), &Page1, Says{says});
+    };
+    list(160, "Modulation", {"Modulación por hora", "Modulation by the hour"});
+    list(4760, "Power", {"Potencia por hora", "Power by the hour"});
 }
 
 void Form15::layOutSecondPage() {
-    struct Column {
-        float left, width;
+    constexpr float kLevels = 60, kPhase = 2780, kPeaks = 4820, kSilence = 6860;
+    auto list = [this, i = 2](float edge, float wide, const Words& says) mutable {
+        place(Time[i], headAt(edge, 0), &Page2, look::kCaptionText, "Time");
+        place(List[i++], listAt(edge, wide), &Page2, Says{says});
     };
-    constexpr Column kColumns[] = {{60, 2660}, {2780, 1980}, {4820, 1980}, {6860, 2440}};
-    struct Word {
-        const char* text;
-        int column;
-        float left, top;
+    list(kLevels, 2660,
+         {"Niveles izquierdo y derecho por hora", "Left and right level by the hour"});
+    list(kPhase, 1980, {"Fase estéreo por hora", "Stereo phase by the hour"});
+    list(kPeaks, 1980, {"Picos de sobremodulación por hora", "Overmodulation peaks by the hour"});
+    list(kSilence, 2440,
+         {"Silencios y fase invertida por hora", "Silences and inverted phase by the hour"});
+
+    auto word = [this, i = 0](float edge, float down, const char* text) mutable {
+        place(Label[i++], {edge + 60, down, 1500, 170}, &Page2, kWord, text);
     };
-    // `Label2` to `Label8` in their order.
-    constexpr Word kWords[] = {
-        {"Left and ", 0, 0, 40},    {" Right", 0, 600, 40},       {"level", 0, 0, 210},
-        {"Stereo phase", 1, 0, 40}, {"Overmod PK/Min", 2, 0, 40}, {"Silence", 3, 0, 40},
-        {"Reverse", 3, 0, 210},
+    word(kLevels, 40, "Left and ");
+    word(kLevels + 600, 40, " Right");
+    word(kLevels, 210, "level");
+    word(kPhase, 40, "Stereo phase");
+    word(kPeaks, 40, "Overmod PK/Min");
+    word(kSilence, 40, "Silence");
+    word(kSilence, 210, "Reverse");
+
+    auto head = [this, i = 2](float edge, int character, const char* text) mutable {
+        place(Value[i++], headAt(edge, character), &Page2, look::kCaptionText, text);
     };
-    for (std::size_t i = 0; i < Label.size(); ++i) {
-        const Word& word = kWords[i];
-        place(Label[i], {kColumns[word.column].left + 60 + word.left, word.top, 1500, 170}, &Page2)
-            .caption = word.text;
-        Label[i].font = display::Font{120, display::Weight::Bold};
-        Label[i].colour = look::kScaleColour;
-    }
-    struct Head {
-        const char* text;
-        int column, character;
-    };
-    constexpr Head kHeads[] = {{" Left", 0, 7}, {" Right", 0, 16}, {" Value", 1, 7},
-                               {"Value", 2, 8}, {"Silence", 3, 8}, {" Reverse", 3, 16}};
-    for (int i = 0; i < 4; ++i) {
-        const auto at = static_cast<std::size_t>(i);
-        layOutHead(Time[2 + at], "Time", columnOf(kColumns[at].left, 0), 420, Page2);
-        layOutList(2 + at, {kColumns[at].left, kListTop, kColumns[at].width, kListHeight}, Page2);
-    }
-    for (std::size_t i = 0; i < std::size(kHeads); ++i) {
-        const Head& head = kHeads[i];
-        layOutHead(Value[2 + i], head.text,
-                   columnOf(kColumns[static_cast<std::size_t>(head.column)].left, head.character),
-                   420, Page2);
-    }
+    head(kLevels, 7, " Left");
+    head(kLevels, 16, " Right");
+    head(kPhase, 7, " Value");
+    head(kPeaks, 8, "Value");
+    head(kSilence, 8, "Silence");
+    head(kSilence, 16, " Reverse");
 }
 
 }  // namespace hmonitor

@@ -149,7 +149,7 @@ void Form_D4A::moveCharts(std::size_t first, std::size_t last, float edge) {
         Graph[i].left = edge;
         for (const HourMark& mark : kHourMarks) {
             if (mark.chart != static_cast<int>(i) + 1) continue;
-            display::Label& label = Label[static_cast<std::size_t>(mark.label - kFirstLabel)];
+            display::Label& label = Label[mark.label];
             label.left = label.left + moved;
         }
     }

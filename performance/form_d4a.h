@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "core/numbered.h"
 #include "core/program_form.h"
 #include "display/chart.h"
 #include "display/family.h"
@@ -42,9 +41,9 @@ class Form_D4A final : public ProgramForm {
     display::Picture Picture5{*this, "Picture5"};
     display::Picture Picture2{*this, "Picture2"};
     display::Family<display::Panel, kCharts> View{*this, "View"};  ///< the part that is seen
-    Numbered<display::Chart, kCharts> Graph{*this, "Graph"};
+    display::Family<display::Chart, kCharts> Graph{*this, "Graph#", 1};
     /// The charts' captions, "Retrive", and hour marks that go with the charts.
-    Numbered<display::Label, kLabels, kFirstLabel> Label{*this, "Label"};
+    display::Family<display::Label, kLabels, kFirstLabel> Label{*this, "Label#"};
     display::Family<display::Label, 28> Scale{*this, "Scale"};  ///< beside the charts
     display::Family<display::Label, 3> Unit{*this, "Unit"};
     display::ComboBox Combo1{*this, "Combo1"};  ///< the day

@@ -36,14 +36,7 @@ FormModoDemo::FormModoDemo(Program& itsProgram) : ProgramForm(itsProgram, "FormM
 
 void FormModoDemo::onLoad() {
     answer_ = kExit;
-    const bool spanish = program.words.gLanguage == "ES";
-    language = spanish ? display::Language::Spanish : display::Language::English;
-    Label1.visible = spanish;
-    Label2.visible = !spanish;
     tellLibraryFault();
-    if (spanish) return;
-    Command1.caption = "Demo Mode";
-    Command2.caption = "Exit";
 }
 
 void FormModoDemo::tellLibraryFault() {
@@ -61,36 +54,25 @@ void FormModoDemo::tellLibraryFault() {
 }
 
 void FormModoDemo::layOut() {
-    width = 5600.f;
-    height = 2300.f;
-    caption = "HMonitor";
-    place(Faceplate, {0, 0, 5600, 2300}).surface = display::Surface::Faceplate;
-    place(Label1, {360, 360, 4880, 1000}).caption =
-        "El software no encuentra al HM-16. Revise las conexiones RS232 y asegurese de usar el "
-        "port serie correcto (consulte al manual).";
-    place(Label2, {360, 360, 4880, 1000}).caption =
-        "HM16 unit is not present. Please check RS232 connection. Be sure to use the correct port "
-        "#; see the Manual.";
-    const auto likeWords = [](display::Label& words) {
-        words.wraps = true;
-        words.font = display::Font{150};
-        words.colour = look::kScaleColour;
-    };
-    likeWords(Label1);
-    likeWords(Label2);
-    place(Reason, {360, kReasonTop, 4880, kReasonHeight});
-    likeWords(Reason);
-    Reason.font = display::Font{115};
-    Reason.colour = look::kNoticeColour;
-    Reason.visible = false;
-    place(Command1, {1200, 1580, 1500, 400}).caption = "Modo Demo";
-    place(Command2, {2900, 1580, 1500, 400}).caption = "Salir";
-    Command1.says = {"Seguir en modo demo, sin unidad", "Go on in demo mode, without a unit"};
-    Command2.says = {"Salir del programa", "Leave the program"};
-    Command1.isDefault = true;
-    Command2.isCancel = true;
-    Command1.tabIndex = 1;
-    Command2.tabIndex = 2;
+    using namespace display;
+    constexpr TextStyle kWords{{150}, look::kScaleColour};
+    constexpr TextStyle kReason{{115}, look::kNoticeColour};
+    language = program.words.gLanguage == "ES" ? Language::Spanish : Language::English;
+    layWindow(5600, 2300, "HMonitor", Faceplate);
+    place(Label1, {360, 360, 4880, 1000}, kWords,
+          "El software no encuentra al HM-16. Revise las conexiones RS232 y asegurese de usar el "
+          "port serie correcto (consulte al manual).");
+    place(Label2, {360, 360, 4880, 1000}, kWords,
+          "HM16 unit is not present. Please check RS232 connection. Be sure to use the correct "
+          "port #; see the Manual.");
+    place(Reason, {360, kReasonTop, 4880, kReasonHeight}, kReason, Hidden{});
+    (language == Language::Spanish ? Label2 : Label1).visible = false;
+    for (Label* label : {&Label1, &Label2, &Reason}) label->wraps = true;
+    place(Command1, {1200, 1580, 1500, 400}, Words{"Modo Demo", "Demo Mode"}, Role::Default,
+          Says{"Seguir en modo demo, sin unidad", "Go on in demo mode, without a unit"});
+    place(Command2, {2900, 1580, 1500, 400}, Words{"Salir", "Exit"}, Role::Cancel,
+          Says{"Salir del programa", "Leave the program"});
+    tabOrder(Command1, Command2);
 }
 
 }  // namespace hmonitor

@@ -57,28 +57,18 @@ void Form_WaitLoad::openDriver() {
 }
 
 void Form_WaitLoad::layOut() {
-    width = 5600.f;
-    height = 2600.f;
-    caption = "HMonitor";
-    place(Faceplate, {0, 0, 5600, 2600}).surface = display::Surface::Faceplate;
-    place(Check1, {0, 0, 10, 10}).caption = "Marvenia";
-    Check1.checked = brand_ == Brand::Marvenia;
-    Check1.says = {"Marca", "Brand"};
-    Check1.visible = false;
-    place(Logo1, {620, 500, 3200, 520}).picture = "LogoTeskel";
-    place(Logo2, {620, 500, 3200, 520}).picture = "LogoMarvenia";
-    Logo2.visible = false;
-    place(Label1, {440, 1700, 2800, 300}).caption = "Please wait,";
-    Label1.font = display::Font{170};
-    Label1.colour = look::kScaleColour;
+    using namespace display;
+    layWindow(5600, 2600, "HMonitor", Faceplate);
+    place(Check1, {0, 0, 10, 10}, "Marvenia", Says{"Marca", "Brand"}, Hidden{}).checked =
+        brand_ == Brand::Marvenia;
+    place(Logo1, {620, 500, 3200, 520}, "LogoTeskel");
+    place(Logo2, {620, 500, 3200, 520}, "LogoMarvenia", Hidden{});
+    place(Label1, {440, 1700, 2800, 300}, TextStyle{{170}, look::kScaleColour}, "Please wait,");
     for (int i = 0; i < kShapes; ++i) {
         const double turn = 2 * std::numbers::pi * i / kShapes;
         const auto x = static_cast<float>(4500 + 420 * std::sin(turn));
         const auto y = static_cast<float>(1400 - 420 * std::cos(turn));
-        display::Shape& dot = Shape1[static_cast<std::size_t>(i)];
-        place(dot, {x - 60, y - 60, 120, 120});
-        dot.outline = display::Outline::Oval;
-        dot.colour = kRingRest;
+        place(Shape1[i], {x - 60, y - 60, 120, 120}, Fill{kRingRest, kBlack, Outline::Oval});
     }
     Timer1.interval = 62ms;
     Timer1.enabled = true;

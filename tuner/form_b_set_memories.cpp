@@ -46,7 +46,6 @@ void Form_bSetMemories::onLoad() {
     LoadedOnce = 0;
     excluding_ = false;
     countChanges(0);
-    speak();
     Command4();
     Command5();
     SSCommand19.press();

@@ -5,7 +5,7 @@
 
 #include "core/memory_block.h"
 #include "core/program_form.h"
-#include "tuner/numbered_keys.h"
+#include "display/family.h"
 
 namespace hmonitor {
 
@@ -34,7 +34,8 @@ class Form_bSetMemories final : public ProgramForm {
     SegmentDigit memoryTens{*this, "Line", upFrom(1)};
     SegmentDigit memoryUnits{*this, "Line", upFrom(8)};
     display::Label Label_Selected{*this, "Label_Selected"};
-    NumberedKeys<kMemories> presets{*this, "SSCommand"};  ///< key n selects memory n
+    display::Family<display::Key, kMemories, 1> presets{*this,
+                                                        "SSCommand#"};  ///< key n selects memory n
     display::Label Label_Frequency{*this, "Label_Frequency"};
     display::TextField Text1{*this, "Text1"};  ///< frequency in MHz
     display::Label Label_Name{*this, "Label_Name"};
@@ -69,7 +70,6 @@ class Form_bSetMemories final : public ProgramForm {
     void layOutMemory();
     void layOutKeys();
     void layOutOptions();
-    void speak();
     void bindFields();
 
     hmonitor::MemoryBlock readBlock() const;

@@ -11,7 +11,7 @@
 namespace hmonitor {
 
 Form_bTuner::Form_bTuner(Program& itsProgram) : ProgramForm(itsProgram, "Form_bTuner") {
-    for (int digit = 1; digit <= digits.count(); ++digit) {
+    for (int digit = 1; digit <= 9; ++digit) {
         digits[digit].onClick = [this, digit] { append(static_cast<char>('0' + digit)); };
     }
     SSCommand13.onClick = [this] { append('0'); };

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/program_form.h"
-#include "tuner/numbered_keys.h"
+#include "display/family.h"
 
 namespace hmonitor {
 
@@ -18,14 +18,14 @@ class Form_bTuner final : public ProgramForm {
     display::Panel Faceplate{*this, "Faceplate"};  ///< the window is moved by it
     display::Label Label1{*this, "Label1"};
     display::Panel EntryWell{*this, "EntryWell"};
-    display::Picture Ring{*this, "Ring"};            ///< around digits that cannot be tuned
-    display::TextField Text1{*this, "Text1"};        ///< the digits typed so far
-    display::Label Hint{*this, "Hint"};              ///< what the digits may be
-    NumberedKeys<9> digits{*this, "SSCommand"};      ///< 1 to 9
-    display::Key SSCommand11{*this, "SSCommand11"};  ///< empties the digits
-    display::Key SSCommand13{*this, "SSCommand13"};  ///< 0
-    display::Key SSCommand10{*this, "SSCommand10"};  ///< tunes
-    display::Key SSCommand12{*this, "SSCommand12"};  ///< closes
+    display::Picture Ring{*this, "Ring"};      ///< around digits that cannot be tuned
+    display::TextField Text1{*this, "Text1"};  ///< the digits typed so far
+    display::Label Hint{*this, "Hint"};        ///< what the digits may be
+    display::Family<display::Key, 9, 1> digits{*this, "SSCommand#"};  ///< 1 to 9
+    display::Key SSCommand11{*this, "SSCommand11"};                   ///< empties the digits
+    display::Key SSCommand13{*this, "SSCommand13"};                   ///< 0
+    display::Key SSCommand10{*this, "SSCommand10"};                   ///< tunes
+    display::Key SSCommand12{*this, "SSCommand12"};                   ///< closes
 
  protected:
     void layOut() override;

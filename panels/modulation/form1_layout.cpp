@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/figure_tips.h"
-#include "core/language.h"
 #include "core/look.h"
 #include "core/numbers.h"
 #include "panels/modulation/form1.h"
 
 namespace hmonitor {
 
+using namespace display;
 using namespace std::chrono_literals;
-using display::Align;
-using display::Surface;
 
 namespace {
 
@@ -22,18 +20,15 @@ constexpr float kPercent = 48;
 constexpr float kBarEnd = kBarLeft + 160 * kPercent;
 constexpr float kWellWidth = kBarEnd + kBarLeft;
 
-constexpr display::Colour kOverScale{0x4040ff};
-constexpr display::Colour kBarDark{0x7c7c1e};
+constexpr Colour kOverScale{0x4040ff};
+constexpr Colour kBarDark{0x7c7c1e};
 
-constexpr display::Words kModulation{"Porcentaje de modulacion [%]", "Modulation level [%]"};
+constexpr Words kModulation{"Porcentaje de modulacion [%]", "Modulation level [%]"};
 
 }  // namespace
 
 void Form1::layOut() {
-    width = look::kRackWidth;
-    height = kHeight;
-    caption = "HMonitor";
-    language = panelLanguage(desktop().userLanguageId());
+    layPanel(kHeight, Faceplate, Heading, 110, {"RF / MODULACION", "RF / MODULATION"});
     layOutHead();
     layOutBar();
     layOutMultipath();
@@ -50,196 +45,108 @@ void Form1::layOut() {
 }
 
 void Form1::layOutHead() {
-    place(Faceplate, {0, 0, look::kRackWidth, kHeight}).surface = Surface::Faceplate;
-    place(Picture3, {0, 0, look::kRackWidth, 330});
-    Picture3.says = {"Mover el rack; doble clic para la versión",
-                     "Move the rack; double click for the version"};
-    place(Brand, {look::kMargin, 80, 1500, 210}).picture = "LogoMarvenia";
-    place(Label1, {look::kMargin, 80, 1500, 210}).caption = "Teskel";
-    Label1.font = look::kSmallReadout;
-    Label1.colour = look::kScaleColour;
-    place(Product, {1900, 120, 1500, 160}).caption = "HMonitor";
-    Product.font = display::Font{140};
-    Product.colour = look::kCaptionColour;
-    place(Heading, {8640, 110, 3000, 160}).caption =
-        wordsIn(language, {"RF / MODULACION", "RF / MODULATION"});
-    Heading.font = look::kHeading;
-    Heading.colour = look::kCaptionColour;
-    Heading.align = Align::Right;
+    place(Picture3, {0, 0, look::kRackWidth, 330},
+          Says{"Mover el rack; doble clic para la versión",
+               "Move the rack; double click for the version"});
+    place(Brand, {look::kMargin, 80, 1500, 210}, "LogoMarvenia");
+    place(Label1, {look::kMargin, 80, 1500, 210},
+          TextStyle{look::kSmallReadout, look::kScaleColour}, "Teskel");
+    place(Product, {1900, 120, 1500, 160}, look::kDialogText.in(look::kCaptionColour), "HMonitor");
 }
 
 void Form1::layOutBar() {
-    place(BarCaption, {look::kMargin, 350, 4000, 150}).caption = wordsIn(language, kModulation);
-    BarCaption.font = look::kCaption;
-    BarCaption.colour = look::kCaptionColour;
-
-    place(BarWell, {look::kMargin, 520, kWellWidth * kBarUnit, 800}).surface = Surface::Well;
-    BarWell.unit = kBarUnit;
-    BarWell.says = {"Barra de modulación, %", "Modulation bar, %"};
-    place(BarFill, {kBarLeft, 130, 0, 230}, &BarWell);
-    BarFill.colour = display::kCyan;
-    BarFill.fadesFrom = kBarDark;
-
+    place(BarCaption, {look::kMargin, 350, 4000, 150}, look::kCaptionText, kModulation);
+    place(BarWell, {look::kMargin, 520, kWellWidth * kBarUnit, 800}, Surface::Well,
+          Says{"Barra de modulación, %", "Modulation bar, %"})
+        .unit = kBarUnit;
+    place(BarFill, {kBarLeft, 130, 0, 230}, &BarWell, Fill{kCyan, kBarDark});
     // The head of the bar; its right edge is the mark.
-    place(Label10, {-40, 130, 270, 230}, &BarWell).surface = Surface::Glow;
+    place(Label10, {-40, 130, 270, 230}, &BarWell, Surface::Glow);
 
     for (int i = 0; i <= 80; ++i) {
         const int percent = 2 * i;
         const float x = kBarLeft + kPercent * static_cast<float>(percent);
         const bool big = percent % 10 == 0;
-        display::Line& tick = BarTick[static_cast<std::size_t>(i)];
-        place(tick, x, big ? 600 : 660, x, 800, &BarWell);
-        tick.colour = percent >= 100 ? kOverScale : look::kCaptionColour;
-        tick.thickness = big ? 1.2f : 0.7f;
+        place(BarTick[i], x, big ? 600 : 660, x, 800, &BarWell,
+              LineStyle{percent >= 100 ? kOverScale : look::kCaptionColour, big ? 1.2f : 0.7f});
     }
     for (int i = 0; i <= 16; ++i) {
         const float x = kBarLeft + kPercent * 10 * static_cast<float>(i);
-        display::Label& number = BarNumber[static_cast<std::size_t>(i)];
-        place(number, {x - 230, 420, 460, 160}, &BarWell).caption = wholeText(10 * i);
-        number.font = look::kScale;
-        number.align = Align::Centre;
-        number.colour = i >= 10 ? kOverScale : look::kScaleColour;
+        place(BarNumber[i], {x - 230, 420, 460, 160}, &BarWell, wholeText(10 * i),
+              look::kScaleText.in(i >= 10 ? kOverScale : look::kScaleColour).centred());
     }
-    place(Picture1, {200, 50, 60, 70}, &BarWell).picture = "MarkTop";
-    place(Picture2, {180, 820, 100, 80}, &BarWell).picture = "MarkBottom";
-    place(Line1, kBarLeft, 60, kBarLeft, 860, &BarWell);
-    Line1.thickness = 2;
+    place(Picture1, {200, 50, 60, 70}, &BarWell, "MarkTop");
+    place(Picture2, {180, 820, 100, 80}, &BarWell, "MarkBottom");
+    place(Line1, kBarLeft, 60, kBarLeft, 860, &BarWell).thickness = 2;
 }
 
 void Form1::layOutMultipath() {
-    place(Label_Multipath, {look::kMargin, 1380, 2600, 150}).caption = "Multipath";
-    Label_Multipath.font = look::kCaption;
-    Label_Multipath.colour = look::kCaptionColour;
-    place(MultipathWell, {look::kMargin, 1550, 3000, 370}).surface = Surface::Well;
-    MultipathWell.says = {"Multitrayecto, elementos encendidos de 5",
-                          "Multipath, elements lit of 5"};
+    constexpr TextStyle kGood{look::kLamp, {0x1b6013}};
+    place(Label_Multipath, {look::kMargin, 1380, 2600, 150}, look::kCaptionText, "Multipath");
+    place(MultipathWell, {look::kMargin, 1550, 3000, 370}, Surface::Well,
+          Says{"Multitrayecto, elementos encendidos de 5", "Multipath, elements lit of 5"});
     for (int i = 0; i < 5; ++i) {
-        display::Picture& element = multypath[static_cast<std::size_t>(i)];
-        place(element, {130 + 250 * static_cast<float>(i), 65, 200, 240}, &MultipathWell);
-        element.picture = "multyoff";
+        place(multypath[i], {130 + 250 * static_cast<float>(i), 65, 200, 240}, &MultipathWell,
+              "multyoff");
     }
-    place(multygood, {1450, 105, 720, 180}, &MultipathWell).caption = "GOOD";
-    multygood.colour = display::Colour{0x1b6013};
-    place(multybad, {2250, 105, 650, 180}, &MultipathWell).caption = "BAD";
-    multybad.colour = display::kRed;
-    multybad.visible = false;
-    multygood.says = {"Multitrayecto bueno", "Multipath good"};
-    multybad.says = {"Multitrayecto malo", "Multipath bad"};
-    multygood.font = look::kLamp;
-    multybad.font = look::kLamp;
+    place(multygood, {1450, 105, 720, 180}, &MultipathWell, kGood, "GOOD",
+          Says{"Multitrayecto bueno", "Multipath good"});
+    place(multybad, {2250, 105, 650, 180}, &MultipathWell, kGood.in(kRed), "BAD", Hidden{},
+          Says{"Multitrayecto malo", "Multipath bad"});
 }
 
 void Form1::layOutKeys() {
-    struct Row {
-        display::Picture& key;
-        const char* picture;
-        const char* word;
-        display::Words says;
+    auto key = [x = 3560.f](Picture& picture, const char* drawing, const char* word,
+                            const Words& says) mutable {
+        place(picture, {x, 1550, 590, 370}, drawing, Caption{word}, SaysAndTip{says});
+        x += 638;
     };
-    const Row rows[] = {
-        {Image_Average, "msN", "AVG", {"Detector de valor medio", "Average detector"}},
-        {Image6, "PeakN", "PEAK", {"Detector de picos", "Peak detector"}},
-        {SSbAMmode, "MinN", "AM", {"AM (sin función)", "AM (no function)"}},
-        {Image9, "MinN", "PRINT", {"Imprimir el rack", "Print the rack"}},
-        {Image7, "MinN", "FOLD", {"Plegar el rack", "Fold the rack"}},
-        {Image_Power, "PowerN", "POWER", {"Apagar y salir", "Power off and leave"}},
-    };
-    constexpr float kFirst = 3560;
-    constexpr float kKeyWidth = 590;
-    constexpr float kGap = 48;
-    int place_ = 0;
-    for (const Row& row : rows) {
-        const float x = kFirst + (kKeyWidth + kGap) * static_cast<float>(place_);
-        place(row.key, {x, 1550, kKeyWidth, 370}).picture = row.picture;
-        row.key.caption = row.word;
-        row.key.says = row.says;
-        row.key.tip = row.says;
-        row.key.tabIndex = ++place_;
-    }
+    key(Image_Average, "msN", "AVG", {"Detector de valor medio", "Average detector"});
+    key(Image6, "PeakN", "PEAK", {"Detector de picos", "Peak detector"});
+    key(SSbAMmode, "MinN", "AM", {"AM (sin función)", "AM (no function)"});
+    key(Image9, "MinN", "PRINT", {"Imprimir el rack", "Print the rack"});
+    key(Image7, "MinN", "FOLD", {"Plegar el rack", "Fold the rack"});
+    key(Image_Power, "PowerN", "POWER", {"Apagar y salir", "Power off and leave"});
+    tabOrder(Image_Average, Image6, SSbAMmode, Image9, Image7, Image_Power);
 }
 
 void Form1::layOutReadouts() {
-    struct Row {
-        display::Label& caption;
-        display::Panel& well;
-        display::Label& value;
-        display::Label& unit;
-        display::Words words;
-        const char* unitText;
-        display::Colour colour;
-    };
-    const Row rows[] = {
-        {Label_NivelDeModulacion, PercentWell, Label_FMod_Porcentaje, PercentUnit, kModulation, "%",
-         display::kCyan},
-        {Label_NivelModulacionFrecuencia,
-         DeviationWell,
-         Label_FMod,
-         DeviationUnit,
-         {"F-Mod [KHz]", "F-Mod [KHz]"},
-         "kHz",
-         display::kCyan},
-        {Label_PeakPerMinute,
-         PeaksWell,
-         Label_PicosPorMinuto,
-         PeaksUnit,
-         {"Picos por Minuto", "Peaks per Minute"},
-         "/min",
-         display::kWhite},
-        {Label_IntensidadDeCampo,
-         FieldWell,
-         Label_FieldIntensity,
-         FieldUnit,
-         {"Intensidad de campo [dB/uV]", "Field intensity [db/uV]"},
-         "dBµV",
-         display::kGreen},
-        {Label_DesviacionDePortadora,
-         CarrierWell,
-         Label_CarrierDeviation,
-         CarrierUnit,
-         {"Desviacion de portadora [KHz]", "Carrier deviation [KHz]"},
-         "kHz",
-         display::kCyan},
-    };
     constexpr float kLeft = 7560;
+    constexpr float kTop = 350;
     constexpr float kWidth = 1980;
     constexpr float kAcross = 2100;
     constexpr float kDown = 530;
-    int index = 0;
-    for (const Row& row : rows) {
-        const int down = index / 2;
+    auto readout = [index = 0](Label& head, Panel& well, Label& value, Label& unit,
+                               const Words& words, const char* unitText, Colour colour) mutable {
         const float x = kLeft + kAcross * static_cast<float>(index % 2);
-        const float y = 350 + kDown * static_cast<float>(down);
+        const float y = kTop + kDown * static_cast<float>(index / 2);
         ++index;
-        place(row.caption, {x, y, kWidth + 60, 150}).caption = wordsIn(language, row.words);
-        row.caption.font = look::kCaption;
-        row.caption.colour = look::kCaptionColour;
-        place(row.well, {x, y + 160, kWidth, 350}).surface = Surface::Well;
-        place(row.value, {60, 40, 1360, 280}, &row.well).align = Align::Right;
-        row.value.font = look::kReadout;
-        row.value.colour = row.colour;
-        row.value.readout = true;
-        row.value.says = row.words;
-        place(row.unit, {1460, 130, 480, 160}, &row.well).caption = row.unitText;
-        row.unit.font = look::kUnit;
-        row.unit.colour = look::kUnitColour;
-    }
-    place(LampWell, {kLeft + kAcross, 350 + 2 * kDown + 160, kWidth, 350}).surface = Surface::Well;
-    place(Label_OVER, {80, 90, 820, 180}, &LampWell).caption = "OVER";
-    place(Label_Bad_CarrierDev, {1000, 90, 880, 180}, &LampWell).caption = "BAD";
-    Label_OVER.says = {"Portadora fuera de rango", "Carrier out of range"};
-    Label_Bad_CarrierDev.says = {"Desviación de portadora mala", "Carrier deviation bad"};
-    Label_OVER.tip = {"Encendida mientras las últimas cuatro lecturas están en el final, ±10 kHz",
-                      "Lit while the last four readings stand at the end of the range, ±10 kHz"};
-    Label_Bad_CarrierDev.tip = {"Encendida mientras la media de 10 s es de 10 kHz o más",
-                                "Lit while the mean of 10 s is 10 kHz or more"};
-    const auto likeLamp = [](display::Label& lamp) {
-        lamp.font = look::kLamp;
-        lamp.colour = display::kRed;
-        lamp.visible = false;
-        lamp.align = Align::Centre;
+        place(head, {x, y, kWidth + 60, 150}, look::kCaptionText, words);
+        place(well, {x, y + 160, kWidth, 350}, Surface::Well);
+        place(value, {60, 40, 1360, 280}, &well, look::kReadoutText.in(colour), Readout{words});
+        place(unit, {1460, 130, 480, 160}, &well, look::kUnitText, unitText);
     };
-    likeLamp(Label_OVER);
-    likeLamp(Label_Bad_CarrierDev);
+    readout(Label_NivelDeModulacion, PercentWell, Label_FMod_Porcentaje, PercentUnit, kModulation,
+            "%", kCyan);
+    readout(Label_NivelModulacionFrecuencia, DeviationWell, Label_FMod, DeviationUnit,
+            {"F-Mod [KHz]", "F-Mod [KHz]"}, "kHz", kCyan);
+    readout(Label_PeakPerMinute, PeaksWell, Label_PicosPorMinuto, PeaksUnit,
+            {"Picos por Minuto", "Peaks per Minute"}, "/min", kWhite);
+    readout(Label_IntensidadDeCampo, FieldWell, Label_FieldIntensity, FieldUnit,
+            {"Intensidad de campo [dB/uV]", "Field intensity [db/uV]"}, "dBµV", kGreen);
+    readout(Label_DesviacionDePortadora, CarrierWell, Label_CarrierDeviation, CarrierUnit,
+            {"Desviacion de portadora [KHz]", "Carrier deviation [KHz]"}, "kHz", kCyan);
+
+    constexpr TextStyle kLampText{look::kLamp, kRed, Align::Centre};
+    place(LampWell, {kLeft + kAcross, kTop + 2 * kDown + 160, kWidth, 350}, Surface::Well);
+    place(Label_OVER, {80, 90, 820, 180}, &LampWell, kLampText, "OVER", Hidden{},
+          Says{"Portadora fuera de rango", "Carrier out of range"},
+          Tip{"Encendida mientras las últimas cuatro lecturas están en el final, ±10 kHz",
+              "Lit while the last four readings stand at the end of the range, ±10 kHz"});
+    place(Label_Bad_CarrierDev, {1000, 90, 880, 180}, &LampWell, kLampText, "BAD", Hidden{},
+          Says{"Desviación de portadora mala", "Carrier deviation bad"},
+          Tip{"Encendida mientras la media de 10 s es de 10 kHz o más",
+              "Lit while the mean of 10 s is 10 kHz or more"});
 }
 
 }  // namespace hmonitor

@@ -110,12 +110,9 @@ class Form_C final : public ProgramForm {
     void onLoad() override;
 
  private:
-    struct Column;
-    void layOutColumn(const Column& column);
-    void layOutReset(display::Picture& key, float right, display::Words says, int order);
+    void layOutColumns();
     void layOutDigits();
-    void sayWhoseFigures();
-    void layOutPoint(display::Shape& point, float x, display::Panel& in, display::Colour colour);
+    void layOutResets();
     void bindReadings();
     void reset(int code);
     void readFrozen();

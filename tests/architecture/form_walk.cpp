@@ -16,41 +16,13 @@ namespace {
 /// Room that an edge may miss by: half a twip of rounding.
 constexpr float kSlack = 0.5f;
 
-/// What a walk has to know of each kind: where it stands in its container, and whether a hand on
-/// it reaches a handler.
-class Look final : public ControlVisitor {
- public:
-    Box box;
-    bool handled = true;
-    bool handleOnly = false;
-
-    explicit Look(Control& control) {
-        box = {control.left, control.top, control.width, control.height};
-        control.accept(*this);
-    }
-
-    void visit(Label&) override {}
-    void visit(Line& line) override {
-        const auto [x1, x2] = std::minmax(line.x1.get(), line.x2.get());
-        const auto [y1, y2] = std::minmax(line.y1.get(), line.y2.get());
-        box = {x1, y1, x2 - x1, y2 - y1};
-    }
-    void visit(Shape&) override {}
-    void visit(Picture& key) override { handled = key.onClick || key.onRelease || key.onPress; }
-    void visit(Panel&) override {}
-    void visit(PictureBox& box_) override { handled = static_cast<bool>(box_.onDoubleClick); }
-    void visit(Key& key) override { handled = static_cast<bool>(key.onClick); }
-    // A field, a list or an option may be read when another key is pressed.
-    void visit(TextField&) override {}
-    void visit(CheckBox&) override {}
-    void visit(Option&) override {}
-    void visit(ComboBox&) override {}
-    void visit(ListBox&) override {}
-    void visit(ScrollBar& bar) override { handled = static_cast<bool>(bar.onChange); }
-    void visit(Tabs&) override { handleOnly = true; }
-    void visit(Chart&) override {}
-    void visit(PagePreview&) override {}
-};
+/// Whether a hand on it reaches a handler. A field, a list or an option may have none: it is read
+/// when another key is pressed.
+bool isHandled(const Control& control) {
+    if (const auto* key = dynamic_cast<const Key*>(&control)) return key->onClick != nullptr;
+    if (const auto* bar = dynamic_cast<const ScrollBar*>(&control)) return bar->onChange != nullptr;
+    return true;
+}
 
 class Walk {
  public:
@@ -81,7 +53,7 @@ class Walk {
             fault(control, "is placed " + std::to_string(control.timesPlaced) + " times");
             return;
         }
-        const Box box = Look(control).box;
+        const Box box = control.boxInContainer();
         const Panel* in = control.container;
         const float unit = in ? in->unit.get() : 1;
         const float width = (in ? in->width.get() : form_.width.get()) / unit;
@@ -93,7 +65,7 @@ class Walk {
     }
 
     void checkKey(Control& control) {
-        if (!Look(control).handled) fault(control, "has no handler");
+        if (!isHandled(control)) fault(control, "has no handler");
         if (*control.says.spanish == 0) fault(control, "has no accessible name in Spanish");
         if (*control.says.english == 0) fault(control, "has no accessible name in English");
         if (control.width <= 0 || control.height <= 0) fault(control, "has no size");
@@ -107,7 +79,7 @@ class Walk {
     /// Keys of two pages of a tab row never show together; the row itself lies around its pages.
     static bool mayMeet(Control& a, Control& b) {
         return a.interactive() && b.interactive() && a.shown() && b.shown() &&
-               !Look(a).handleOnly && !Look(b).handleOnly;
+               !dynamic_cast<Tabs*>(&a) && !dynamic_cast<Tabs*>(&b);
     }
 
     void checkOverlaps() {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/architecture/form_walk.h"
+#include "tests/architecture/recorded_form.h"
 #include "tests/support/rack_bench.h"
 
 namespace hmonitor::test {
@@ -52,6 +53,21 @@ TEST_P(RackWalk, FindsNothingWrongWithAnyWindow) {
         std::vector<std::string> faults = faultsOf(*form);
         for (const char* meant : kMeant) std::erase(faults, meant);
         EXPECT_THAT(faults, testing::IsEmpty()) << form->name();
+    }
+}
+
+TEST_P(RackWalk, LoadingAWindowAgainSetsEveryPropertyOfItsControlsBack) {
+    RackBench bench(GetParam());
+    bench.start();
+    for (display::Form* form : bench.desktop.forms()) {
+        form->unload();
+        form->load();
+        const std::vector<std::string> laidOut = recorded(*form);
+        upset(*form);
+        EXPECT_NE(recorded(*form), laidOut) << form->name();
+        form->unload();
+        form->load();
+        EXPECT_EQ(recorded(*form), laidOut) << form->name();
     }
 }
 

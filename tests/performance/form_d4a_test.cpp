@@ -29,7 +29,7 @@ std::vector<std::string> cellsOf(const display::Chart& chart, int column = 1) {
 }
 
 std::string captionOf(Form_D4A& form, int label) {
-    return form.Label[static_cast<std::size_t>(label - Form_D4A::kFirstLabel)].caption.get();
+    return form.Label[label].caption.get();
 }
 
 TEST(LogWindow, OpensFromTheLogKeyBesideTheDisabledRack) {
@@ -218,8 +218,8 @@ TEST(LogWindow, HourMarksGoWithTheirCharts) {
     LogBench bench;
     bench.open();
     Form_D4A& form = bench.charts;
-    display::Label& upper = form.Label[23 - Form_D4A::kFirstLabel];
-    display::Label& lower = form.Label[31 - Form_D4A::kFirstLabel];
+    display::Label& upper = form.Label[23];
+    display::Label& lower = form.Label[31];
     const float before = upper.left;
     EXPECT_EQ(lower.left, before);
     bench.hand.set(form.HScroll1, 1);

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/look.h"
+#include "display/form.h"
+
+namespace hmonitor {
+
+/// What the dialogs that ask for the span and the step of a run have in common, from that far down;
+/// they differ in what they say.
+template <class Dialog>
+void laySpanDialog(Dialog& its, display::TextField& step, float top) {
+    using namespace display;
+    constexpr TextStyle kField{look::kDialog, kWhite, Align::Right};
+    place(its.Label3, {240, top, 4320, 240}, look::kDialogText, "Values for NEW spectrum run:");
+    place(its.Frame1, {240, top + 300, 4320, 960}, Surface::Well);
+    place(its.FrameCaption, {160, 110, 3000, 220}, &its.Frame1, look::kCaptionText,
+          "Frequency: BW");
+    place(its.Combo1, {160, 440, 2180, 360}, &its.Frame1);
+    place(its.Label1, {2520, 500, 500, 240}, &its.Frame1, look::kDialogText, "Step");
+    place(step, {3040, 440, 620, 360}, &its.Frame1, kField, Says{"Paso en kHz", "Step in kHz"})
+        .maxLength = 4;
+    place(its.Label2, {3740, 500, 440, 240}, &its.Frame1, look::kDialogText, "Khz");
+    const float keys = its.height - look::kKeyHeight - 220;
+    place(its.Command3D1, {240, keys, 2040, look::kKeyHeight}, "&New Run", Role::Default);
+    place(its.Command3D2, {2520, keys, 2040, look::kKeyHeight}, "&Cancel", Role::Cancel);
+    tabOrder(its.Combo1, step, its.Command3D1, its.Command3D2);
+}
+
+}  // namespace hmonitor
