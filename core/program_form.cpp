@@ -2,7 +2,7 @@
 #include "core/program_form.h"
 
 #include "core/language.h"
-#include "core/look.h"
+#include "core/window_look.h"
 
 namespace hmonitor {
 
@@ -28,7 +28,7 @@ void ProgramForm::layTitle(display::Panel& strip, display::Label& title, std::st
                            display::Label* note) {
     const float end = note ? look::kTitleWithNote : width.get();
     layStrip(strip);
-    place(title, {240, 120, end - 480, 260}, &strip, look::kTitleText, words);
+    place(title, look::titleBox(end), &strip, look::kTitleText, words);
     if (!note) return;
     place(*note, {end, 150, width - end - 240, 200}, &strip, look::kNoteText,
           Readout{"Corrida rechazada por la unidad", "Run that the unit refused"});

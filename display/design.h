@@ -52,9 +52,10 @@ struct Readout {
 
 /// Words on a control that shows a picture, in the language of the form.
 struct Caption {
-    constexpr Caption(const char* any) : words{any, any} {}
-    constexpr Caption(const char* spanish, const char* english) : words{spanish, english} {}
-    constexpr Caption(const Words& both) : words(both) {}
+    constexpr explicit Caption(const char* any) : words{any, any} {}
+    constexpr explicit Caption(const char* spanish, const char* english)
+        : words{spanish, english} {}
+    constexpr explicit Caption(const Words& both) : words(both) {}
     Words words;
 };
 

@@ -78,93 +78,65 @@ void SampleForm::layOut() {
 }
 
 void SampleForm::layOutPanels() {
-    place(Panel1, {0, 0, 9000, 2400}).surface = Surface::Faceplate;
+    place(Panel1, {0, 0, 9000, 2400}, Surface::Faceplate);
     place(Handle1, {0, 0, 9000, 240}, &Panel1);
-    place(Panel2, {150, 300, 4500, 1500}, &Panel1).surface = Surface::Well;
-    Panel2.unit = 15.f;
+    place(Panel2, {150, 300, 4500, 1500}, &Panel1, Surface::Well).unit = 15.f;
 }
 
 void SampleForm::layOutPainted() {
-    place(Label1, {10, 5, 150, 16}, &Panel2).caption = "Carrier deviation";
-    Label1.font = Font{180, Weight::Bold};
-    place(LabelValue, {180, 5, 100, 16}, &Panel2).caption = "75.0";
-    LabelValue.colour = kGreen;
-    LabelValue.align = Align::Right;
-    LabelValue.readout = true;
-    LabelValue.says = {"Desviacion de portadora", "Carrier deviation"};
-    place(Line1, 10, 30, 290, 30, &Panel2).colour = kRed;
+    place(Label1, {10, 5, 150, 16}, &Panel2, TextStyle{{180, Weight::Bold}}, "Carrier deviation");
+    place(LabelValue, {180, 5, 100, 16}, &Panel2, TextStyle{{}, kGreen, Align::Right}, "75.0",
+          Readout{"Desviacion de portadora", "Carrier deviation"});
+    place(Line1, 10, 30, 290, 30, &Panel2, LineStyle{kRed});
     for (std::size_t i = 0; i < LineBar.size(); ++i) {
         const float x = 10 + 20 * static_cast<float>(i);
-        place(LineBar[i], x, 40, x, 80, &Panel2).thickness = 4.f;
+        place(LineBar[i], x, 40, x, 80, &Panel2, LineStyle{kWhite, 4});
     }
-    place(Shape1, {100, 40, 40, 40}, &Panel2).colour = kCyan;
-    Shape1.fadesFrom = kCyan;
-    place(Lamp1, {160, 40, 40, 40}, &Panel2).picture = "multyoff";
-    place(PictureBox1, {4800, 300, 1800, 1500}, &Panel1);
-    PictureBox1.drawing.scale(15, 2);
-    PictureBox1.says = {"Espectro", "Spectrum"};
+    place(Shape1, {100, 40, 40, 40}, &Panel2, Fill{kCyan});
+    place(Lamp1, {160, 40, 40, 40}, &Panel2, "multyoff");
+    place(PictureBox1, {4800, 300, 1800, 1500}, &Panel1, Says{"Espectro", "Spectrum"})
+        .drawing.scale(15, 2);
     place(Chart1, {6750, 300, 2100, 1500}, &Panel1);
     Chart1.rowCount(4);
     Chart1.columnCount(1);
 }
 
 void SampleForm::layOutKeys() {
-    place(KeyN, {150, 1890, 900, 420}, &Panel1).picture = "PeakN";
-    KeyN.says = {"Pico", "Peak"};
-    KeyN.tip = {"Muestra el pico", "Shows the peak"};
-    KeyN.tabIndex = 1;
-    place(Key1, {1200, 1890, 1200, 420}, &Panel1).caption = "&Scan";
-    Key1.says = {"Barrido", "Scan"};
-    Key1.tabIndex = 2;
-    place(KeyDefault, {2550, 1890, 1200, 420}, &Panel1).caption = "OK";
-    KeyDefault.says = {"Aceptar", "OK"};
-    KeyDefault.isDefault = true;
-    KeyDefault.tabIndex = 3;
-    place(KeyCancel, {3900, 1890, 1200, 420}, &Panel1).caption = "Exit";
-    KeyCancel.says = {"Salir", "Exit"};
-    KeyCancel.isCancel = true;
-    KeyCancel.tabIndex = 4;
+    place(KeyN, {150, 1890, 900, 420}, &Panel1, "PeakN", Says{"Pico", "Peak"},
+          Tip{"Muestra el pico", "Shows the peak"});
+    place(Key1, {1200, 1890, 1200, 420}, &Panel1, "&Scan", Says{"Barrido", "Scan"});
+    place(KeyDefault, {2550, 1890, 1200, 420}, &Panel1, "OK", Says{"Aceptar", "OK"}, Role::Default);
+    place(KeyCancel, {3900, 1890, 1200, 420}, &Panel1, "Exit", Says{"Salir", "Exit"}, Role::Cancel);
 }
 
 void SampleForm::layOutFields() {
-    place(Text1, {150, 2550, 1800, 330}).says = {"Nombre", "Name"};
-    Text1.text = "Radio";
-    Text1.tabIndex = 5;
-    place(Check1, {2100, 2550, 1500, 330}).caption = "Stereo";
-    Check1.says = {"Estereo", "Stereo"};
-    Check1.tabIndex = 6;
-    place(Group1, {3750, 2550, 2400, 900}).surface = Surface::Plate;
-    place(Option1, {90, 60, 2100, 330}, &Group1).caption = "50 us";
-    Option1.says = {"50 microsegundos", "50 microseconds"};
-    Option1.chosen = true;
-    Option1.tabIndex = 7;
-    place(Option2, {90, 450, 2100, 330}, &Group1).caption = "75 us";
-    Option2.says = {"75 microsegundos", "75 microseconds"};
-    Option2.tabIndex = 8;
-    place(OptionApart, {6300, 2550, 2400, 330}).caption = "Mono";
-    OptionApart.says = {"Mono", "Mono"};
-    OptionApart.chosen = true;
-    place(Combo1, {150, 3000, 1800, 330}).says = {"Modo", "Mode"};
+    place(Text1, {150, 2550, 1800, 330}, Says{"Nombre", "Name"}).text = "Radio";
+    place(Check1, {2100, 2550, 1500, 330}, "Stereo", Says{"Estereo", "Stereo"});
+    place(Group1, {3750, 2550, 2400, 900}, Surface::Plate);
+    place(Option1, {90, 60, 2100, 330}, &Group1, "50 us",
+          Says{"50 microsegundos", "50 microseconds"})
+        .chosen = true;
+    place(Option2, {90, 450, 2100, 330}, &Group1, "75 us",
+          Says{"75 microsegundos", "75 microseconds"});
+    place(OptionApart, {6300, 2550, 2400, 330}, "Mono", Says{"Mono", "Mono"}).chosen = true;
+    place(Combo1, {150, 3000, 1800, 330}, Says{"Modo", "Mode"});
     for (const char* row : {"Peak", "Average", "RMS"}) Combo1.list.add(row);
     Combo1.select(0);
-    place(List1, {2100, 3000, 1500, 900}).says = {"Sesiones", "Sessions"};
+    place(List1, {2100, 3000, 1500, 900}, Says{"Sesiones", "Sessions"});
     for (const char* row : {"Monday", "Tuesday"}) List1.list.add(row);
-    place(HScroll1, {150, 4050, 6000, 300}).says = {"Frecuencia", "Frequency"};
-    HScroll1.range(0, 205, 10);
+    place(HScroll1, {150, 4050, 6000, 300}, Says{"Frecuencia", "Frequency"}).range(0, 205, 10);
     HScroll1.value = 110;
-    HScroll1.tabIndex = 9;
 }
 
 void SampleForm::layOutTabs() {
-    place(Tabs1, {150, 4500, 6000, 1350}).says = {"Paginas", "Pages"};
-    Tabs1.tabIndex = 10;
+    place(Tabs1, {150, 4500, 6000, 1350}, Says{"Paginas", "Pages"});
     place(Page1, {210, 4920, 5880, 900});
     place(Page2, {210, 4920, 5880, 900});
-    place(LabelPage1, {60, 60, 3000, 240}, &Page1).caption = "First page";
-    place(KeyPage2, {60, 60, 1200, 420}, &Page2).caption = "Go";
-    KeyPage2.says = {"Ir", "Go"};
+    place(LabelPage1, {60, 60, 3000, 240}, &Page1, "First page");
+    place(KeyPage2, {60, 60, 1200, 420}, &Page2, "Go", Says{"Ir", "Go"});
     Tabs1.add("One", Page1);
     Tabs1.add("Two", Page2);
+    tabOrder(KeyN, Key1, KeyDefault, KeyCancel, Text1, Check1, Option1, Option2, HScroll1, Tabs1);
 }
 
 }  // namespace display::test

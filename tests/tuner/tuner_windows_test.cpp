@@ -12,7 +12,7 @@ using display::Box;
 using display::Control;
 using display::Form;
 
-std::vector<std::string> tabOrder(const Form& form) {
+std::vector<std::string> tabOrderOf(const Form& form) {
     std::map<int, std::string> order;
     for (const Control* control : form.controls()) {
         if (!control->interactive() || !control->shown()) continue;
@@ -94,19 +94,19 @@ TEST_F(TunerWindows, TheEditorsTabOrderRunsFromThePresetsToTheOptions) {
         expected.emplace_back(name);
     }
     // The narrow dialog keeps the focus out of the options that it does not show.
-    EXPECT_EQ(tabOrder(editor), expected);
+    EXPECT_EQ(tabOrderOf(editor), expected);
     bench.click(editor.SSCommand19);
     for (const char* name :
          {"label_dbCorrection", "SSCommand21", "SSCheck1", "SSCheck2", "SSCheck3"}) {
         expected.emplace_back(name);
     }
-    EXPECT_EQ(tabOrder(editor), expected);
+    EXPECT_EQ(tabOrderOf(editor), expected);
 }
 
 TEST_F(TunerWindows, TheKeypadsTabOrderBeginsInTheField) {
     bench.start();
     bench.openKeypad();
-    EXPECT_EQ(tabOrder(keypad),
+    EXPECT_EQ(tabOrderOf(keypad),
               (std::vector<std::string>{"Text1", "SSCommand1", "SSCommand2", "SSCommand3",
                                         "SSCommand4", "SSCommand5", "SSCommand6", "SSCommand7",
                                         "SSCommand8", "SSCommand9", "SSCommand11", "SSCommand13",
