@@ -35,10 +35,8 @@ void ChartSheet::placeChart(const display::Box& box) {
 
 void ChartSheet::placeScale(display::Label& figure, float y, std::string_view words) {
     constexpr float kWidth = 440;
-    place(figure, {kSheetMargin, y - 75, kWidth, 150}, &Sheet).caption = words;
-    figure.align = display::Align::Right;
-    figure.font = look::kScale;
-    figure.colour = display::kBlack;
+    place(figure, {kSheetMargin, y - 75, kWidth, 150}, &Sheet, words,
+          look::kScaleText.in(display::kBlack).right());
 }
 
 }  // namespace hmonitor

@@ -3,7 +3,7 @@
 
 #include "analyses/chart_sheet.h"
 #include "analyses/scan_legend.h"
-#include "core/numbered.h"
+#include "display/family.h"
 
 namespace hmonitor {
 
@@ -15,9 +15,10 @@ class Form_PrintBandScan final : public ChartSheet {
     /// Rows, columns and legend under a choice of channels.
     void showOption(const ScanOption& option);
 
-    display::Label Label18{*this, "Label18"};               ///< heading
-    Numbered<display::Label, 8, 10> Scale{*this, "Label"};  ///< the level scale, from the top
-    display::Label Label3{*this, "Label3"};                 ///< its unit
+    display::Label Label18{*this, "Label18"};  ///< heading
+    /// The level scale, from the top.
+    display::Family<display::Label, 8> Scale{*this, "Label#", 10};
+    display::Label Label3{*this, "Label3"};  ///< its unit
     ScanLegend legend{*this};
 
  protected:

@@ -6,7 +6,6 @@
 #include "core/language.h"
 #include "core/look.h"
 #include "core/numbers.h"
-#include "core/window_look.h"
 #include "performance/form_d4a.h"
 #include "program/rack_place.h"
 
@@ -67,60 +66,40 @@ void Form4::print() {
 }
 
 void Form4::layOut() {
-    using display::Surface;
+    using namespace display;
+    constexpr TextStyle kDim = look::kDialogText.in(look::kCaptionColour);
     constexpr float kWidth = 9000;
-    constexpr float kHeight = 8300;
     constexpr float kFoot = 7060;
-    width = kWidth;
-    height = kHeight;
-    caption = "On-Air Performance Log";
-    place(Faceplate, {0, 0, kWidth, kHeight}).surface = Surface::Faceplate;
-    place(SSPanel1, {0, 0, kWidth, look::kTitleStrip + 160});
-    SSPanel1.says = {"Mover la ventana", "Move the window"};
-    place(Heading, {240, 200, 5000, 260}, &SSPanel1).caption = "On-Air Performance Log";
-    Heading.font = look::kTitle;
-    Heading.colour = look::kScaleColour;
+    layWindow(kWidth, 8300, "On-Air Performance Log", Faceplate);
+    place(SSPanel1, {0, 0, kWidth, look::kTitleStrip + 160},
+          Says{"Mover la ventana", "Move the window"});
+    place(Heading, {240, 200, 5000, 260}, &SSPanel1, look::kTitleText, "On-Air Performance Log");
     // The logos are drawn in ink.
-    place(Letterhead, {6400, 90, 2240, 440}, &SSPanel1).surface = Surface::Sheet;
-    place(Picture1, {120, 20, 2000, 400}, &Letterhead).picture = "InkTeskel";
-    place(Picture4, {120, 20, 2000, 400}, &Letterhead).picture = "InkMarvenia";
-    Picture4.visible = false;
+    place(Letterhead, {6400, 90, 2240, 440}, &SSPanel1, Surface::Sheet);
+    place(Picture1, {120, 20, 2000, 400}, &Letterhead, "InkTeskel");
+    place(Picture4, {120, 20, 2000, 400}, &Letterhead, "InkMarvenia", Hidden{});
 
-    place(ViewPro1, {look::kMargin, 660, kWidth - 2 * look::kMargin, 6240});
-    ViewPro1.says = {"Vista previa de la página", "Preview of the page"};
-    ViewPro1.tabIndex = 6;
-
-    place(Frame1, {look::kMargin, kFoot + 70, 900, 180}).caption = "Zoom";
-    place(hscZoom, {1360, kFoot + 40, 2400, 240}).range(20, 200, 20);
+    place(ViewPro1, {look::kMargin, 660, kWidth - 2 * look::kMargin, 6240},
+          Says{"Vista previa de la página", "Preview of the page"});
+    place(Frame1, {look::kMargin, kFoot + 70, 900, 180}, kDim, "Zoom");
+    place(hscZoom, {1360, kFoot + 40, 2400, 240},
+          Says{"Zoom de la vista previa", "Zoom of the preview"})
+        .range(20, 200, 20);
     hscZoom.value = 50;
-    hscZoom.says = {"Zoom de la vista previa", "Zoom of the preview"};
-    hscZoom.tabIndex = 5;
-    place(Percent, {3860, kFoot + 70, 700, 180});
-    place(Label9, {look::kMargin, kFoot + 560, 1000, 180}).caption = "Comment";
-    place(Text1, {1360, kFoot + 510, 4000, 280}).font = display::Font{140};
-    Text1.says = {"Comentario de la página", "Comment of the page"};
-    Text1.tabIndex = 1;
-    const auto dim = [](display::Label& label) {
-        label.font = look::kDialog;
-        label.colour = look::kCaptionColour;
-    };
-    dim(Frame1);
-    dim(Percent);
-    dim(Label9);
+    place(Percent, {3860, kFoot + 70, 700, 180}, kDim);
+    place(Label9, {look::kMargin, kFoot + 560, 1000, 180}, kDim, "Comment");
+    place(Text1, {1360, kFoot + 510, 4000, 280}, look::kDialogText,
+          Says{"Comentario de la página", "Comment of the page"});
 
     constexpr float kKeyWidth = 980;
     constexpr float kKeyTop = kFoot + 440;
-    place(SSCommand3, {5480, kKeyTop, kKeyWidth, look::kKeyHeight}).caption = "Set";
-    SSCommand3.says = {"Dibujar la página con el comentario", "Draw the page with the comment"};
-    SSCommand3.isDefault = true;
-    SSCommand3.tabIndex = 2;
-    place(SSCommand2, {6580, kKeyTop, kKeyWidth, look::kKeyHeight}).caption = "Print";
-    SSCommand2.says = {"Imprimir la página", "Print the page"};
-    SSCommand2.tabIndex = 3;
-    place(SSCommand1, {7660, kKeyTop, kKeyWidth, look::kKeyHeight}).caption = "Cancel";
-    SSCommand1.says = {"Cerrar la vista previa", "Close the preview"};
-    SSCommand1.isCancel = true;
-    SSCommand1.tabIndex = 4;
+    place(SSCommand3, {5480, kKeyTop, kKeyWidth, look::kKeyHeight}, "Set", Role::Default,
+          Says{"Dibujar la página con el comentario", "Draw the page with the comment"});
+    place(SSCommand2, {6580, kKeyTop, kKeyWidth, look::kKeyHeight}, "Print",
+          Says{"Imprimir la página", "Print the page"});
+    place(SSCommand1, {7660, kKeyTop, kKeyWidth, look::kKeyHeight}, "Cancel", Role::Cancel,
+          Says{"Cerrar la vista previa", "Close the preview"});
+    tabOrder(Text1, SSCommand3, SSCommand2, SSCommand1, hscZoom, ViewPro1);
 }
 
 }  // namespace hmonitor

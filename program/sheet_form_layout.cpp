@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/window_look.h"
+#include "core/look.h"
 #include "program/sheet_form.h"
 
 namespace hmonitor {
 
-using display::Surface;
+using namespace display;
 
 namespace {
 
@@ -13,53 +13,39 @@ constexpr float kLogoHeight = 420;
 constexpr float kFootStrip = look::kKeyHeight + 2 * look::kWindowMargin;
 /// A comment of so many characters has room on the paper.
 constexpr int kLongestComment = 500;
-constexpr display::Colour kPencil{0x605850};
+constexpr Colour kPencil{0x605850};
 
 }  // namespace
 
 void SheetForm::layOutSheet(float sheetWidth, float sheetHeight, const char* title) {
     constexpr float kSheetTop = look::kTitleStrip + 40;
-    width = sheetWidth + 2 * look::kWindowMargin;
-    height = kSheetTop + sheetHeight + kFootStrip;
-    place(Faceplate, {0, 0, width, height}).surface = Surface::Faceplate;
-    place(SSPanel1, {0, 0, width, look::kTitleStrip});
-    SSPanel1.says = {"Mover la ventana", "Move the window"};
-    place(Title, look::titleBox(width), &SSPanel1).caption = title;
-    Title.font = look::kTitle;
-    Title.colour = look::kScaleColour;
+    layWindow(sheetWidth + 2 * look::kWindowMargin, kSheetTop + sheetHeight + kFootStrip, title,
+              Faceplate);
+    layTitle(SSPanel1, Title, title);
 
     const float across = sheetWidth - 2 * kSheetMargin;
-    place(Sheet, {look::kWindowMargin, kSheetTop, sheetWidth, sheetHeight}).surface =
-        Surface::Sheet;
-    for (display::Picture* logo : {&Picture2, &Picture4})
-        place(*logo, {sheetWidth - kSheetMargin - kLogoWidth, 220, kLogoWidth, kLogoHeight},
-              &Sheet);
-    Picture2.picture = "InkTeskel";
-    Picture2.border = display::Border::Plain;
-    Picture4.picture = "InkMarvenia";
-    Picture4.visible = false;
-    place(Label2, {kSheetMargin, 760, across, 260}, &Sheet).font = display::Font{170};
-    Label2.colour = display::kBlack;
-    place(HeadRule, kSheetMargin, 1090, sheetWidth - kSheetMargin, 1090, &Sheet).colour = kPencil;
+    const Box logo{sheetWidth - kSheetMargin - kLogoWidth, 220, kLogoWidth, kLogoHeight};
+    place(Sheet, {look::kWindowMargin, kSheetTop, sheetWidth, sheetHeight}, Surface::Sheet);
+    place(Picture2, logo, &Sheet, "InkTeskel").border = Border::Plain;
+    place(Picture4, logo, &Sheet, "InkMarvenia", Hidden{});
+    place(Label2, {kSheetMargin, 760, across, 260}, &Sheet, TextStyle{{170}, kBlack});
+    place(HeadRule, kSheetMargin, 1090, sheetWidth - kSheetMargin, 1090, &Sheet,
+          LineStyle{kPencil});
 
-    place(Text2, {kSheetMargin - 50, sheetHeight - 1020, across + 100, 600}, &Sheet).enabled =
-        false;
-    Text2.font = display::Font{160};
-    Text2.colour = display::kBlack;
+    place(Text2, {kSheetMargin - 50, sheetHeight - 1020, across + 100, 600}, &Sheet,
+          TextStyle{{160}, kBlack}, Says{"Comentario en el papel", "Comment on the paper"});
+    Text2.enabled = false;
     Text2.locked = true;
-    Text2.says = {"Comentario en el papel", "Comment on the paper"};
-    place(Label1, {kSheetMargin, sheetHeight - 360, across, 220}, &Sheet).font = display::Font{120};
-    Label1.colour = kPencil;
-    Label1.visible = false;
+    place(Label1, {kSheetMargin, sheetHeight - 360, across, 220}, &Sheet, TextStyle{{120}, kPencil},
+          Hidden{});
     layOutFoot(kSheetTop + sheetHeight + look::kWindowMargin);
 }
 
-void SheetForm::placeHeading(display::Label& heading, const char* words) {
+void SheetForm::placeHeading(Label& heading, const char* words) {
     // Headings begin with two blanks.
     constexpr float kBlanks = 130;
-    place(heading, {kSheetMargin - kBlanks, 260, 5200, 340}, &Sheet).caption = words;
-    heading.font = display::Font{240, display::Weight::Bold};
-    heading.colour = display::kBlack;
+    place(heading, {kSheetMargin - kBlanks, 260, 5200, 340}, &Sheet, words,
+          TextStyle{{240, Weight::Bold}, kBlack});
 }
 
 void SheetForm::layOutFoot(float keyTop) {
@@ -68,24 +54,17 @@ void SheetForm::layOutFoot(float keyTop) {
     constexpr float kThirdKey = 950;
     const float cancelLeft = width - look::kWindowMargin - kKeyWidth;
     const float printLeft = cancelLeft - 110 - kKeyWidth;
-    place(Label9, {look::kWindowMargin + 60, keyTop + 120, 950, 180}).caption = "Comment";
-    Label9.font = look::kDialog;
-    Label9.colour = look::kCaptionColour;
     const float fieldLeft = look::kWindowMargin + 1080;
-    place(Text1, {fieldLeft, keyTop + 65, printLeft - kThirdKey - 110 - fieldLeft, 290}).font =
-        look::kDialog;
-    Text1.maxLength = kLongestComment;
-    Text1.says = {"Comentario de la página", "Comment of the page"};
-    Text1.tabIndex = 1;
-    place(SSCommand2, {printLeft, keyTop, kKeyWidth, look::kKeyHeight}).caption = "Print";
-    SSCommand2.says = {"Imprimir la página", "Print the page"};
-    SSCommand2.isDefault = true;
-    SSCommand2.tabIndex = 3;
-    place(SSCommand1, {cancelLeft, keyTop, kKeyWidth, look::kKeyHeight}).caption = "Cancel";
-    SSCommand1.says = {"Cerrar la página; el comentario queda",
-                       "Close the page; the comment stays"};
-    SSCommand1.isCancel = true;
-    SSCommand1.tabIndex = 4;
+    place(Label9, {look::kWindowMargin + 60, keyTop + 120, 950, 180},
+          look::kDialogText.in(look::kCaptionColour), "Comment");
+    place(Text1, {fieldLeft, keyTop + 65, printLeft - kThirdKey - 110 - fieldLeft, 290},
+          look::kDialogText, Says{"Comentario de la página", "Comment of the page"})
+        .maxLength = kLongestComment;
+    place(SSCommand2, {printLeft, keyTop, kKeyWidth, look::kKeyHeight}, "Print", Role::Default,
+          Says{"Imprimir la página", "Print the page"});
+    place(SSCommand1, {cancelLeft, keyTop, kKeyWidth, look::kKeyHeight}, "Cancel", Role::Cancel,
+          Says{"Cerrar la página; el comentario queda", "Close the page; the comment stays"});
+    tabOrder(Text1, SSCommand2, SSCommand1);
 }
 
 }  // namespace hmonitor

@@ -13,12 +13,11 @@ void Form6::layOut() {
     constexpr float kBars = 9600;
     constexpr float kLeft = 150;
     layOutSheet(kSheetWidth, kSheetBody + kPictureHeight + kSheetFoot, "Spectrum");
-    caption = "Spectrum";
     placeHeading(Label7, "  Spectrum ");
-    place(Picture1, {kLeft, kSheetBody, kBars, kPictureHeight}, &Sheet).says = {"Espectro",
-                                                                                "Spectrum"};
-    place(Picture1B, {2 * kLeft + kBars, kSheetBody, 1150, kPictureHeight}, &Sheet).says = {
-        "Valores en dB bajo la portadora", "Values in dB below the carrier"};
+    place(Picture1, {kLeft, kSheetBody, kBars, kPictureHeight}, &Sheet,
+          display::Says{"Espectro", "Spectrum"});
+    place(Picture1B, {2 * kLeft + kBars, kSheetBody, 1150, kPictureHeight}, &Sheet,
+          display::Says{"Valores en dB bajo la portadora", "Values in dB below the carrier"});
 }
 
 }  // namespace hmonitor

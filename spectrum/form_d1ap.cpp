@@ -10,10 +10,9 @@ void FormD1aP::layOut() {
     constexpr float kGraphHeight = 6400;
     layOutSheet(kGraphWidth + 2 * kSheetMargin, kSheetBody + kGraphHeight + kSheetFoot,
                 "Modulation Bandwidth");
-    caption = "Modulation Bandwidth";
     placeHeading(Label7, "  Modulation Bandwidth ");
-    place(Picture1, {kSheetMargin, kSheetBody, kGraphWidth, kGraphHeight}, &Sheet).says = {
-        "Curva del ancho de banda de modulación", "Modulation bandwidth curve"};
+    place(Picture1, {kSheetMargin, kSheetBody, kGraphWidth, kGraphHeight}, &Sheet,
+          display::Says{"Curva del ancho de banda de modulación", "Modulation bandwidth curve"});
 }
 
 }  // namespace hmonitor
