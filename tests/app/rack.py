@@ -100,7 +100,9 @@ class Rack:
               "FormD1a": "Modulation Bandwidth", "Form_Dd3": "Frecuency response",
               "Form_BandSCanner": "Band Scanner", "Form_D4A": "Analyze data",
               "Form15": "Text Mode", "Form4": "On-Air Performance Log",
-              "frmSpectrumAnalizer": "3D Spectrum Analyzer"}
+              "frmSpectrumAnalizer": "3D Spectrum Analyzer", "Form_PrintBandScan": "Form5",
+              "Form7": "Frecuency response", "Form6": "Spectrum",
+              "FormD1aP": "Modulation Bandwidth"}
 
     def title(self, form):
         if form == "Form_bSetMemories":

@@ -1,0 +1,110 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The pages that look like a sheet of paper, each opened from the window that it prints: a comment is
+typed, kept by Cancel, and not lost by a print that finds no printer; read from the pixels."""
+
+import sys
+
+sys.dont_write_bytecode = True
+from cases import case, main
+from screen import wait_for
+
+COMMENT, PRINT, CANCEL = "Text1", "SSCommand2", "SSCommand1"
+
+
+def paper(rack, page, control="Sheet"):
+    """The share of white dots."""
+    area = rack.look(page, control)
+    white = sum(1 for at in range(0, len(area), 4)
+                if min(area[at], area[at + 1], area[at + 2]) > 250)
+    return white / (len(area) / 4)
+
+
+def ink(rack, page, control):
+    """How many dots are dark."""
+    area = rack.look(page, control)
+    return sum(1 for at in range(0, len(area), 4)
+               if max(area[at], area[at + 1], area[at + 2]) < 110)
+
+
+def open_page(rack, window, key, page):
+    rack.click(window, key)
+    rack.screen.activate(rack.wait_open(page))
+
+
+def walk(rack, album, window, key, page, least=0.5):
+    """From the key of a window through what can be done on its page."""
+    words = {"es": "Antena nueva", "en": "New antenna"}[rack.language[:2]]
+    open_page(rack, window, key, page)
+    wait_for(lambda: paper(rack, page) > least, f"a white sheet, not {paper(rack, page):.2f}")
+    assert ink(rack, page, "Label2") > 60, "no date line"
+    empty = rack.steady_look(page, COMMENT)
+    rack.click(page, COMMENT)
+    rack.screen.type_text(words)
+    wait_for(lambda: rack.look(page, COMMENT) != empty, "a comment")
+    rack.screen.type("Tab")
+    written = rack.steady_look(page, COMMENT)
+    album.take(rack.screen, page)
+
+    # Cancel keeps the comment.
+    rack.click(page, CANCEL)
+    rack.wait_closed(page)
+    open_page(rack, window, key, page)
+    rack.screen.type("Tab")
+    wait_for(lambda: rack.look(page, COMMENT) == written, "the comment after Cancel")
+
+    # There is no printer here: nothing is said, the page goes, and the comment stays.
+    rack.click(page, PRINT)
+    rack.wait_closed(page)
+    assert not rack.boxes(), "a print without a printer has a message"
+    open_page(rack, window, key, page)
+    rack.screen.type("Tab")
+    wait_for(lambda: rack.look(page, COMMENT) == written, "the comment after a print that failed")
+    rack.type(page, "Escape")
+    rack.wait_closed(page)
+
+
+@case()
+def scan(rack, album):
+    rack.click("Form_D", "Image2")
+    rack.screen.activate(rack.wait_open("Form_BandSCanner"))
+    rack.click("Form_BandSCanner", "Option_Impares")
+    walk(rack, album, "Form_BandSCanner", "SSCommand1", "Form_PrintBandScan")
+    rack.type("Form_BandSCanner", "Escape")
+    rack.wait_closed("Form_BandSCanner")
+    rack.wait_back()
+
+
+@case()
+def response(rack, album):
+    rack.click("Form_D", "Image3")
+    rack.screen.activate(rack.wait_open("Form_Dd3"))
+    walk(rack, album, "Form_Dd3", "SSCommand1", "Form7")
+    rack.type("Form_Dd3", "Escape")
+    rack.wait_closed("Form_Dd3")
+    rack.wait_back()
+
+
+@case()
+def spectrum_and_bandwidth(rack, album):
+    if not rack.opened("Form_D1"):
+        rack.screen.activate(rack.window)
+        rack.screen.double_click(*rack.point("Form_D", "PictureGraph1"))
+    rack.screen.activate(rack.wait_open("Form_D1"))
+    walk(rack, album, "Form_D1", "SSCommand1", "Form6")
+    rack.click("Form_D1", "SSCommand2")
+    rack.screen.activate(rack.wait_open("FormD1a"))
+    rack.click("FormD1a", "Command1")
+    walk(rack, album, "FormD1a", "SSCommand1", "FormD1aP")
+
+
+@case()
+def analyzer(rack, album):
+    """The view is as dark on paper as in its window: white stands around it alone."""
+    rack.click("Form_D", "Image6")
+    rack.screen.activate(rack.wait_open("frmSpectrumAnalizer"))
+    walk(rack, album, "frmSpectrumAnalizer", "SSCommand1", "Form6", least=0.25)
+
+
+if __name__ == "__main__":
+    main()
