@@ -27,6 +27,28 @@ def ink(rack, page, control):
                if max(area[at], area[at + 1], area[at + 2]) < 110)
 
 
+def letters(rack, page):
+    """How many dots of the comment's field are light. A window that stands elsewhere rounds the
+    edges of its letters in another way."""
+    area = rack.look(page, COMMENT)
+    return sum(1 for at in range(0, len(area), 4)
+               if min(area[at], area[at + 1], area[at + 2]) > 120)
+
+
+def leave_field(rack, page):
+    """Until neither caret nor ring is in the field."""
+    rack.click(page, COMMENT)
+    wait_for(lambda: rack.has_focus(page, COMMENT), "the keyboard in the comment")
+    rack.screen.type("Tab")
+    wait_for(lambda: not rack.has_focus(page, COMMENT), "the keyboard behind the comment")
+    rack.steady_look(page, COMMENT)
+
+
+def wait_letters(rack, page, wanted, said):
+    leave_field(rack, page)
+    wait_for(lambda: abs(letters(rack, page) - wanted) <= 0.15 * wanted, said)
+
+
 def open_page(rack, window, key, page):
     rack.click(window, key)
     rack.screen.activate(rack.wait_open(page))
@@ -38,28 +60,27 @@ def walk(rack, album, window, key, page, least=0.5):
     open_page(rack, window, key, page)
     wait_for(lambda: paper(rack, page) > least, f"a white sheet, not {paper(rack, page):.2f}")
     assert ink(rack, page, "Label2") > 60, "no date line"
-    empty = rack.steady_look(page, COMMENT)
+    leave_field(rack, page)
+    empty = letters(rack, page)
     rack.click(page, COMMENT)
     rack.screen.type_text(words)
-    wait_for(lambda: rack.look(page, COMMENT) != empty, "a comment")
-    rack.screen.type("Tab")
-    written = rack.steady_look(page, COMMENT)
+    wait_for(lambda: letters(rack, page) > empty + 200, "a comment")
+    leave_field(rack, page)
+    written = letters(rack, page)
     album.take(rack.screen, page)
 
     # Cancel keeps the comment.
     rack.click(page, CANCEL)
     rack.wait_closed(page)
     open_page(rack, window, key, page)
-    rack.screen.type("Tab")
-    wait_for(lambda: rack.look(page, COMMENT) == written, "the comment after Cancel")
+    wait_letters(rack, page, written, "the comment after Cancel")
 
     # There is no printer here: nothing is said, the page goes, and the comment stays.
     rack.click(page, PRINT)
     rack.wait_closed(page)
     assert not rack.boxes(), "a print without a printer has a message"
     open_page(rack, window, key, page)
-    rack.screen.type("Tab")
-    wait_for(lambda: rack.look(page, COMMENT) == written, "the comment after a print that failed")
+    wait_letters(rack, page, written, "the comment after a print that failed")
     rack.type(page, "Escape")
     rack.wait_closed(page)
 

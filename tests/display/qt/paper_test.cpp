@@ -57,9 +57,9 @@ class PaperForm final : public Form {
     }
 };
 
-class Paper_ : public QtBench {
+class SheetPaint : public QtBench {
  protected:
-    Paper_() { form.load(); }
+    SheetPaint() { form.load(); }
 
     static constexpr qreal kDot = 0.1;  ///< dots a twip
 
@@ -101,7 +101,7 @@ class Paper_ : public QtBench {
     PaperForm form{*desktop};
 };
 
-TEST_F(Paper_, ASheetStandsAloneWithWhatLiesOnIt) {
+TEST_F(SheetPaint, ASheetStandsAloneWithWhatLiesOnIt) {
     const QImage image = sheet();
     EXPECT_EQ(image.pixelColor(1, 1), QColor(Qt::white));
     EXPECT_EQ(image.pixelColor(798, 598), QColor(Qt::white));
@@ -117,21 +117,21 @@ TEST_F(Paper_, ASheetStandsAloneWithWhatLiesOnIt) {
     EXPECT_NE(all.pixelColor(dot(100), dot(3000)), QColor(Qt::white));
 }
 
-TEST_F(Paper_, NoWindowHasToStand) {
+TEST_F(SheetPaint, NoWindowHasToStand) {
     EXPECT_FALSE(form.visible);
     EXPECT_EQ(desktop->viewOf(form), nullptr);
     EXPECT_FALSE(inkOf(sheet(), form.Heading).isEmpty());
     EXPECT_EQ(desktop->viewOf(form), nullptr);
 }
 
-TEST_F(Paper_, WhatIsHiddenIsNotThere) {
+TEST_F(SheetPaint, WhatIsHiddenIsNotThere) {
     form.Heading.visible = false;
     EXPECT_TRUE(inkOf(sheet(), form.Heading).isEmpty());
     form.Sheet.visible = false;
     EXPECT_NE(whole().pixelColor(dot(2000), dot(2000)), QColor(Qt::white));
 }
 
-TEST_F(Paper_, ABorderIsALineAroundItsPicture) {
+TEST_F(SheetPaint, ABorderIsALineAroundItsPicture) {
     const auto line = [&] {
         return dotsOf(sheet(), boxOf(form.Logo), [](QColor c) { return qGray(c.rgb()) < 230; });
     };
@@ -142,7 +142,7 @@ TEST_F(Paper_, ABorderIsALineAroundItsPicture) {
     EXPECT_FALSE(line().isEmpty());
 }
 
-TEST_F(Paper_, ADrawingIsItsMarksCutAtItsBox) {
+TEST_F(SheetPaint, ADrawingIsItsMarksCutAtItsBox) {
     Drawing& drawing = form.Graph.drawing;
     drawing.scale(10, 0);  // 300 by 200
     drawing.foreground = kGreen;
@@ -167,7 +167,7 @@ TEST_F(Paper_, ADrawingIsItsMarksCutAtItsBox) {
     EXPECT_EQ(finer.pixelColor(211, 1000), QColor(Qt::white));
 }
 
-TEST_F(Paper_, AMapIsItsCellsAndNothingBetweenThem) {
+TEST_F(SheetPaint, AMapIsItsCellsAndNothingBetweenThem) {
     Drawing& drawing = form.Graph.drawing;
     drawing.scale(10, 0);
     const CellGrid grid{0, 0, 30, 50, 10, 4};
@@ -188,7 +188,7 @@ TEST_F(Paper_, AMapIsItsCellsAndNothingBetweenThem) {
     }
 }
 
-TEST_F(Paper_, AFieldOnPaperIsItsTextWithinItsBoxHoweverLong) {
+TEST_F(SheetPaint, AFieldOnPaperIsItsTextWithinItsBoxHoweverLong) {
     form.Comment.text = "short";
     const QRect line = inkOf(sheet(), form.Comment);
     EXPECT_FALSE(line.isEmpty());
@@ -206,7 +206,7 @@ TEST_F(Paper_, AFieldOnPaperIsItsTextWithinItsBoxHoweverLong) {
     EXPECT_NE(sheet(), image);
 }
 
-TEST_F(Paper_, AKeyAndABarOnPaperAreWhatTheScreenShows) {
+TEST_F(SheetPaint, AKeyAndABarOnPaperAreWhatTheScreenShows) {
     const QImage image = sheet();
     EXPECT_FALSE(inkOf(image, form.Key1).isEmpty());
     const QRect thumb = dotsOf(image, boxOf(form.HScroll1),
@@ -220,7 +220,7 @@ TEST_F(Paper_, AKeyAndABarOnPaperAreWhatTheScreenShows) {
 
 // Charts.
 
-class ChartOnPaperTest : public Paper_ {
+class ChartOnPaperTest : public SheetPaint {
  protected:
     ChartOnPaperTest() {
         Chart& chart = form.Bars;
@@ -316,7 +316,7 @@ TEST_F(ChartOnPaperTest, PaperAndScreenShowTheSameBars) {
 
 // Pages.
 
-class PageWriter : public Paper_ {
+class PageWriter : public SheetPaint {
  protected:
     QByteArray written(const PageContent& content) {
         const QTemporaryDir folder;
