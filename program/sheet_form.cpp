@@ -20,13 +20,11 @@ void SheetForm::onLoad() {
     unprintedComment_.clear();
 }
 
-void SheetForm::activated() {
-    // It may be loaded by the first tuning, before the rack has its place.
+void SheetForm::open() {
+    // It may be loaded by the first tuning, before the rack has its place; and it has to have its
+    // own before it is shown, so that the desktop can bring it whole onto the screen.
     if (!placed_) placeOverRack(*this, program);
     placed_ = true;
-}
-
-void SheetForm::open() {
     // One that stands behind the window that asks for it comes up.
     hide();
     show();

@@ -13,7 +13,6 @@ namespace hmonitor {
 class SheetForm : public ProgramForm {
  public:
     void closeRequested() override { SSCommand1.press(); }
-    void activated() override;
 
     /// Shows it, above the window that asks for it.
     void open();

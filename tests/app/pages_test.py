@@ -58,6 +58,8 @@ def walk(rack, album, window, key, page, least=0.5):
     """From the key of a window through what can be done on its page."""
     words = {"es": "Antena nueva", "en": "New antenna"}[rack.language[:2]]
     open_page(rack, window, key, page)
+    left, top, _, _ = rack.screen.box(rack.opened(page))
+    assert left >= 0 and top >= 0, f"a page at {left}, {top}, beyond the edge of the screen"
     wait_for(lambda: paper(rack, page) > least, f"a white sheet, not {paper(rack, page):.2f}")
     assert ink(rack, page, "Label2") > 60, "no date line"
     leave_field(rack, page)
