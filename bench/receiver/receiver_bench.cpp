@@ -29,7 +29,7 @@ void WholeChain(benchmark::State& state) {
     ChainSettings settings;
     settings.rateHz = rate;
     settings.offsetHz = 300e3;
-    StationChain chain(settings);
+    TunedStation chain(settings);
     for (auto _ : state) chain.push(samples);
     state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * samples.size()));
 }
@@ -90,7 +90,7 @@ void Tuning(benchmark::State& state) {
     settings.rateHz = 2.4e6;
     settings.offsetHz = 300e3;
     for (auto _ : state) {
-        StationChain chain(settings);
+        TunedStation chain(settings);
         benchmark::DoNotOptimize(chain.slots());
     }
 }

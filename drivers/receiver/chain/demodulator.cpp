@@ -22,19 +22,23 @@ std::vector<double> compositeTaps(double rateHz, Droop droop) {
     const double stop = std::min(kCompositeStopHz, rateHz / 2);
     const double edge = (kCompositeFlatHz + stop) / 2;
     const std::size_t taps = tapsFor(rateHz, stop - kCompositeFlatHz);
-    return designFilter(rateHz, taps, [=](double hz) {
+    std::vector<double> result = designFilter(rateHz, taps, [=](double hz) {
         if (hz > edge) return 0.0;
         const double turn = std::numbers::pi * hz / rateHz;
         return droop == Droop::None || turn == 0 ? 1.0 : turn / std::sin(turn);
     });
+    // A carrier far beside its frequency must come out to the Hz.
+    const double atZero = gainOf(result, rateHz, 0);
+    for (double& tap : result) tap /= atZero;
+    return result;
 }
 
 Demodulator::Demodulator(const Rates& rates)
     : channelHz_(rates.channel),
       lowPass_(compositeTaps(rates.channel, Droop::Discriminator), rates.compositeStep) {}
 
-void Demodulator::process(std::span<const Sample> channel, std::vector<float>& frequency,
-                          std::vector<float>& envelope, std::vector<float>& composite) {
+void Demodulator::discriminate(std::span<const Sample> channel, std::vector<float>& frequency,
+                               std::vector<float>& envelope) {
     held_.insert(held_.end(), channel.begin(), channel.end());
     if (held_.size() < 2) return;
     const std::size_t steps = held_.size() - 1;
@@ -45,8 +49,11 @@ void Demodulator::process(std::span<const Sample> channel, std::vector<float>& f
     for (std::size_t n = before; n < frequency.size(); ++n) frequency[n] *= hzPerRadian;
     envelope.resize(before + steps);
     lengths(reinterpret_cast<const float*>(held_.data()), steps, envelope.data() + before);
-    lowPass_.process(std::span(frequency).subspan(before), composite);
     held_.erase(held_.begin(), held_.end() - 1);
+}
+
+void Demodulator::lowPass(std::span<const float> frequency, std::vector<float>& composite) {
+    lowPass_.process(frequency, composite);
 }
 
 }  // namespace hm16::receiver

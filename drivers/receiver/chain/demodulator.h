@@ -15,10 +15,16 @@ class Demodulator {
  public:
     explicit Demodulator(const Rates& rates);
 
-    // Appends to all three: `frequency` in Hz and `envelope` sample by sample at the channel's
-    // rate, `composite` in Hz at the multiplex's rate.
-    void process(std::span<const Sample> channel, std::vector<float>& frequency,
-                 std::vector<float>& envelope, std::vector<float>& composite);
+    // Appends to both: frequency in Hz and envelope sample by sample at the channel's rate.
+    void discriminate(std::span<const Sample> channel, std::vector<float>& frequency,
+                      std::vector<float>& envelope);
+
+    // Appends the multiplex in Hz at its own rate.
+    void lowPass(std::span<const float> frequency, std::vector<float>& composite);
+
+    // Samples of the channel that one of the multiplex is made of.
+    std::size_t length() const { return lowPass_.length(); }
+    double delay() const { return lowPass_.delay(); }
 
  private:
     double channelHz_;

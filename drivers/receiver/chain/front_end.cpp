@@ -11,9 +11,6 @@ namespace {
 
 constexpr double kWideFlatHz = 190e3;
 constexpr double kWideStopHz = 290e3;
-constexpr double kNarrowFlatHz = 90e3;
-constexpr double kNarrowStopHz = 130e3;
-constexpr double kNarrowStopbandDb = 60;
 
 // At low rates as wide as the rate allows.
 double flatFor(double channelHz) {
@@ -27,33 +24,29 @@ std::vector<double> wideTaps(const Rates& rates) {
     return designLowPass(rates.source, flat, stop);
 }
 
-std::vector<double> narrowTaps(const Rates& rates) {
-    const double flat = std::min(kNarrowFlatHz, 0.3 * rates.channel);
-    const double stop = std::min(kNarrowStopHz, 0.48 * rates.channel);
-    return designLowPass(rates.channel, flat, stop, kNarrowStopbandDb);
-}
-
 }  // namespace
 
 FrontEnd::FrontEnd(const Rates& rates, double offsetHz)
-    : flatHz_(flatFor(rates.channel)),
-      noiseHz_(noiseBandwidthHz(wideTaps(rates), rates.source)),
+    : step_(rates.channelStep),
+      taps_(wideTaps(rates).size()),
       mixer_(offsetHz / rates.source),
-      decimator_(wideTaps(rates), rates.channelStep),
-      narrow_(narrowTaps(rates), 1) {}
+      decimator_(wideTaps(rates), rates.channelStep) {
+    shape_.flatHz = flatFor(rates.channel);
+    shape_.noiseHz = noiseBandwidthHz(wideTaps(rates), rates.source);
+    shape_.roughening = rougheningOf(wideTaps(rates), 2 * rates.channelStep);
+    shape_.delaySeconds = decimator_.delay() / rates.source;
+}
 
-void FrontEnd::process(std::span<const Sample> in, std::vector<Sample>& wide,
-                       std::vector<Sample>& channel) {
+void FrontEnd::process(std::span<const Sample> in, std::vector<Sample>& channel) {
     mixed_.assign(in.begin(), in.end());
     mixer_.process(mixed_);
-    const std::size_t before = wide.size();
-    decimator_.process(mixed_, wide);
-    const auto fresh = std::span(wide).subspan(before);
-    if (width_ == ChannelWidth::Wide) {
-        channel.insert(channel.end(), fresh.begin(), fresh.end());
-        return;
-    }
-    narrow_.process(fresh, channel);
+    decimator_.process(mixed_, channel);
+}
+
+// Sample k of the channel is made of those from k * step_ on.
+FrontEnd::Reach FrontEnd::reach(std::uint64_t from, std::uint64_t to) const {
+    const std::uint64_t first = from < taps_ ? 0 : (from - taps_) / step_ + 1;
+    return {first, (to + step_ - 1) / step_};
 }
 
 }  // namespace hm16::receiver

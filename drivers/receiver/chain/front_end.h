@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <optional>
 #include <span>
 #include <vector>
 
@@ -11,42 +10,41 @@
 
 namespace hm16::receiver {
 
-// How wide the channel filter is.
-enum class ChannelWidth {
-    // Flat to 190 kHz on each side: a filter that cuts the sidebands of strong modulation reads
-    // the peak low and makes the envelope vary where the air did not.
-    Wide,
-    // For a channel with a strong neighbour 200 kHz away.
-    Narrow,
+// What the filter in front of a channel's samples leaves of the air.
+struct ChannelShape {
+    double flatHz = 0;   // flat to this far from the centre
+    double noiseHz = 0;  // noise bandwidth
+    // Mean square of the second difference of noise over two samples, as a share of its variance.
+    double roughening = 1;
+    double delaySeconds = 0;  // how much later than at the source a moment comes out
 };
 
-// From the samples of the band to the tuned channel around 0 Hz.
+// From the samples of the band to those of one channel around 0 Hz. Flat to 190 kHz on each side: a
+// filter that cuts the sidebands of strong modulation reads the peak low and makes the envelope
+// vary where the air did not.
 class FrontEnd {
  public:
     // `offsetHz`: where the channel stands in the samples.
     FrontEnd(const Rates& rates, double offsetHz);
 
-    void setWidth(ChannelWidth width) { width_ = width; }
-    ChannelWidth width() const { return width_; }
+    // Appends the channel's samples.
+    void process(std::span<const Sample> in, std::vector<Sample>& channel);
 
-    // Appends the channel's samples: in front of the narrow filter to `wide`, behind the filter in
-    // use to `channel`.
-    void process(std::span<const Sample> in, std::vector<Sample>& wide,
-                 std::vector<Sample>& channel);
+    const ChannelShape& shape() const { return shape_; }
 
-    // Flat to this far from the carrier.
-    double flatHz() const { return flatHz_; }
-
-    // Noise bandwidth of the wide filter.
-    double noiseHz() const { return noiseHz_; }
+    // The channel's samples that samples of the band reach: from the first to behind the last.
+    struct Reach {
+        std::uint64_t from = 0;
+        std::uint64_t to = 0;
+    };
+    Reach reach(std::uint64_t from, std::uint64_t to) const;
 
  private:
-    ChannelWidth width_ = ChannelWidth::Wide;
-    double flatHz_;
-    double noiseHz_;
+    ChannelShape shape_;
+    std::size_t step_;
+    std::size_t taps_;
     Mixer mixer_;
     ComplexDecimator decimator_;
-    ComplexDecimator narrow_;
     std::vector<Sample> mixed_;
 };
 

@@ -14,7 +14,7 @@ constexpr double kBandHz = 68e3;
 constexpr double kBandFlatHz = 4e3;
 constexpr double kBandStopHz = 8.4e3;  // the RDS band ends there
 constexpr double kBandStopbandDb = 60;
-constexpr double kRememberedOfASlot = 0.8;  // of each slot: a quarter of a second
+constexpr double kRememberedOfASlot = 0.3;  // of each slot: noise may come up fast
 
 std::vector<double> noiseBandTaps(const Rates& rates) {
     return designLowPass(rates.composite, kBandFlatHz, kBandStopHz, kBandStopbandDb);
@@ -74,6 +74,11 @@ void PeakNoise::endSlot() {
     slotCount_ = 0;
 }
 
+void PeakNoise::forgetSlot() {
+    slotPower_ = 0;
+    slotCount_ = 0;
+}
+
 double PeakNoise::rmsHz(double roughness) const {
     const double byEnvelope = rmsPerEnvelope_ * std::sqrt(std::max(0.0, roughness));
     const double byBand = rmsPerBand_ * std::sqrt(bandPower_);
@@ -88,6 +93,16 @@ double noiseBandwidthHz(const std::vector<double>& taps, double rateHz) {
         sum += tap;
     }
     return rateHz * squares / (sum * sum);
+}
+
+double rougheningOf(const std::vector<double>& taps, std::size_t step) {
+    const auto together = [&](std::size_t apart) {
+        double sum = 0;
+        for (std::size_t n = 0; n + apart < taps.size(); ++n) sum += taps[n] * taps[n + apart];
+        return sum;
+    };
+    const double here = together(0);
+    return here > 0 ? 6 - (8 * together(step) - 2 * together(2 * step)) / here : 1;
 }
 
 }  // namespace hm16::receiver

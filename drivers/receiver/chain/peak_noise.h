@@ -24,6 +24,9 @@ class PeakNoise {
     void add(std::span<const float> composite);
     void endSlot();
 
+    // The slot that ends says nothing.
+    void forgetSlot();
+
     // Its rms in Hz; `roughness` is the variance of the envelope over its square.
     double rmsHz(double roughness) const;
 
@@ -39,5 +42,9 @@ class PeakNoise {
 
 // Width in Hz of the band in which white noise has as much power as behind this filter.
 double noiseBandwidthHz(const std::vector<double>& taps, double rateHz);
+
+// Mean square of the second difference, over samples `step` apart, of white noise behind this
+// filter, as a share of its variance.
+double rougheningOf(const std::vector<double>& taps, std::size_t step);
 
 }  // namespace hm16::receiver

@@ -9,11 +9,6 @@
 namespace hm16::receiver {
 namespace {
 
-// Pieces that stay in the processor's cache all along the chain, and short enough to keep no slot
-// waiting for samples that have long come.
-constexpr std::size_t kLongestPiece = 8192;
-constexpr double kPieceSeconds = 0.0025;
-
 constexpr double kPilotFlatHz = 60;
 constexpr double kPilotFitSeconds = 0.2;
 constexpr double kPilotAroundSeconds = 0.025;  // on each side of a slot, for decoding
@@ -23,8 +18,14 @@ constexpr double kLeastPilotHz = 450;          // 0.6 percent
 // 10 dB of carrier to noise in 200 kHz the discriminator's threshold begins.
 constexpr double kMostRoughness = 0.1;
 
-// From here on the discriminator clicks now and then, and a click is no peak of the station.
-constexpr double kMostPeakRoughness = 0.04;
+// A programme's crest that comes once in a slot keeps the noise that it meets: below some 20 dB of
+// carrier to noise in 200 kHz a peak may be wrong by more than 3 kHz.
+constexpr double kMostPeakRoughness = 0.0118;
+
+// The discriminator clicks now and then, and a click is no peak of the station.
+constexpr double kMostRoughnessBesideNeighbour = 0.04;
+// What a neighbour may have added, so that a peak is within 3 kHz.
+constexpr double kMostDoubtHz = 4500;
 
 // A neighbour within these 200 kHz away beats with the carrier inside the multiplex.
 constexpr double kNeighbourNarrow = 0.04;
@@ -32,6 +33,26 @@ constexpr double kNeighbourWide = 0.03;
 
 // Slots after a change of the filter that hold its transient.
 constexpr std::size_t kSettling = 2;
+
+// What a gap may still reach before the place where it was found, in samples of the channel.
+constexpr std::size_t kBeforeFinding = CarrierWatch::kBlock + 64;
+
+// Through so many slots in a row that are spoilt the last peak stands: 150 ms.
+constexpr std::size_t kMostSpoiltSlots = 3;
+
+// The audio's filters spread a disturbance by as much to each side.
+constexpr double kAudioSpreadSeconds = 0.002;
+
+// The pilot's filter does by this; what is shorter than a bridge hardly moves it.
+constexpr double kPilotSpreadSeconds = 0.007;
+constexpr double kPilotHardlyMovedSeconds = 0.0005;
+
+// The carrier is brought to the middle when it is this far from it, and known for so many slots.
+constexpr double kOffCentreHz = 4000;
+constexpr std::size_t kSteadySlots = 4;
+
+// Slots from which the carrier is known well enough to take it out of the audio.
+constexpr std::size_t kFewestForAudio = 2;
 
 std::vector<double> pilotBandTaps(const Rates& rates) {
     return designLowPass(rates.composite, 100, rates.narrow - 200);
@@ -43,82 +64,164 @@ std::vector<double> pilotTaps(const Rates& rates) {
 
 }  // namespace
 
-StationChain::StationChain(const ChainSettings& settings)
+StationChain::StationChain(const ChainSettings& settings, const Rates& rates,
+                           const ChannelShape& channel)
     : settings_(settings),
-      rates_(planRates(settings.rateHz, settings.domain)),
+      rates_(rates),
+      shape_(channel),
       slotLength_(static_cast<std::size_t>(std::lround(kSlotSeconds * rates_.composite))),
-      pieceLength_(std::min(kLongestPiece,
-                            static_cast<std::size_t>(std::lround(kPieceSeconds * rates_.source)))),
-      frontEnd_(rates_, settings.offsetHz),
+      filter_(rates_),
       demodulator_(rates_),
       compositeFilter_(compositeTaps(rates_.channel, Droop::None), rates_.compositeStep),
       pilotBand_(pilotBandTaps(rates_), rates_.narrowStep, kPilotHz / rates_.composite),
       pilotFilter_(pilotTaps(rates_), rates_.pilotStep),
       decoder_(rates_, settings.deemphasisUs),
       rds_(rates_),
-      peakNoise_(rates_, frontEnd_.noiseHz()),
+      watch_(rates_.channel, channel.roughening),
+      watched_(CarrierWatch::kBeside),
+      peakNoise_(rates_, channel.noiseHz),
+      peakDoubt_(rates_),
       channelPower_(rates_.channel),
       audio_(rates_.audio) {}
 
-void StationChain::push(std::span<const Sample> samples) {
-    while (!samples.empty()) {
-        if (held_.empty() && samples.size() >= pieceLength_) {
-            pushPiece(samples.first(pieceLength_));
-            samples = samples.subspan(pieceLength_);
-            continue;
-        }
-        const auto part = samples.first(std::min(samples.size(), pieceLength_ - held_.size()));
-        held_.insert(held_.end(), part.begin(), part.end());
-        samples = samples.subspan(part.size());
-        if (held_.size() < pieceLength_) continue;
-        pushPiece(held_);
-        held_.clear();
-    }
-}
-
-void StationChain::pushPiece(std::span<const Sample> samples) {
-    if (settings_.domain == Domain::Band) {
-        pushBand(samples);
-    } else {
-        pushComposite(samples);
-    }
-}
-
-void StationChain::pushBand(std::span<const Sample> samples) {
-    wide_.clear();
-    channel_.clear();
-    frequency_.clear();
-    envelope_.clear();
+void StationChain::push(std::span<const Sample> channel) {
     composite_.clear();
-    frontEnd_.process(samples, wide_, channel_);
-    channelPower_.add(wide_);
-    demodulator_.process(channel_, frequency_, envelope_, composite_);
-    const bool narrow = frontEnd_.width() == ChannelWidth::Narrow;
-    multipath_.add(frequency_, envelope_, carrier_.hz(), narrow ? 60e3 : frontEnd_.flatHz());
+    if (settings_.domain == Domain::Band) {
+        pushBand(channel);
+    } else {
+        pushComposite(channel);
+    }
     takeComposite(composite_);
+}
+
+void StationChain::pushBand(std::span<const Sample> channel) {
+    channel_.clear();
+    centred_.assign(channel.begin(), channel.end());
+    recentring_.process(centred_);
+    taken_ += channel.size();
+    channelPower_.add(centred_);
+    filter_.process(centred_, channel_);
+    const std::size_t before = frequency_.size();
+    demodulator_.discriminate(channel_, frequency_, envelope_);
+    for (std::size_t n = before; n < frequency_.size(); ++n)
+        frequency_[n] += static_cast<float>(handedOn_ + n < shiftFrom_ ? shiftBeforeHz_ : shiftHz_);
+    watchBlocks();
+}
+
+// Far from the middle, strong modulation is cut on one side, and looks like a neighbour there. The
+// frequency that comes out stays the true one through every change.
+void StationChain::recentre() {
+    if (std::fabs(carrier_.hz() - shiftHz_) < kOffCentreHz) return;
+    shiftBeforeHz_ = shiftHz_;
+    shiftHz_ = carrier_.hz();
+    recentring_.setTurns(shiftHz_ / rates_.channel);
+    const std::uint64_t delay = filter_.delay();
+    shiftFrom_ = taken_ > delay ? taken_ - delay : 0;
+    // A narrow filter blurs the step.
+    if (filter_.width() == ChannelWidth::Narrow)
+        spoilt_.add(shiftFrom_ - std::min<std::uint64_t>(shiftFrom_, filter_.length()),
+                    shiftFrom_ + filter_.length());
 }
 
 void StationChain::pushComposite(std::span<const Sample> samples) {
     real_.clear();
-    composite_.clear();
     const auto scale = static_cast<float>(settings_.compositeHzAtFullScale);
     for (const Sample sample : samples) real_.push_back(sample.real() * scale);
+    spoilt_.mend(handedOn_, real_.size(), real_, static_cast<float>(carrier_.hz()));
+    handedOn_ += real_.size();
     compositeFilter_.process(real_, composite_);
-    takeComposite(composite_);
+}
+
+void StationChain::spoil(std::uint64_t from, std::uint64_t to, std::uint64_t lostSamples) {
+    ++disturbances_.gaps;
+    disturbances_.lostSamples += lostSamples;
+    if (lostSamples == 0) splice(from);
+    if (settings_.domain == Domain::Composite) {
+        spoilt_.add(from, to);
+        return;
+    }
+    // The moment of the channel's sample `from` comes out of its filter as number `from - delay`;
+    // the narrow filter spreads it over its whole length.
+    const bool narrow = filter_.width() == ChannelWidth::Narrow;
+    const std::uint64_t before = narrow ? filter_.length() : filter_.delay() + 1;
+    const std::uint64_t behind = narrow ? 0 : filter_.delay();
+    spoilt_.add(from > before ? from - before : 0, to > behind ? to - behind + 1 : 1);
+}
+
+void StationChain::watchBlocks() {
+    while (frequency_.size() >= watched_ + CarrierWatch::kBlock + CarrierWatch::kBeside) {
+        const auto look = watch_.look(frequency_.data() + watched_, envelope_.data() + watched_);
+        takeFinding(look, handedOn_ + watched_);
+        watched_ += CarrierWatch::kBlock;
+    }
+    if (watched_ <= kBeforeFinding) return;
+    const std::uint64_t place = handedOn_ + watched_ - kBeforeFinding;
+    handOn(static_cast<std::size_t>(spoilt_.besideBridges(place) - handedOn_));
+}
+
+// What the source has told is counted already.
+void StationChain::takeFinding(const CarrierWatch::Look& look, std::uint64_t block) {
+    const std::uint64_t end = block + CarrierWatch::kBlock;
+    const bool gap = look.finding == CarrierWatch::Finding::Gap;
+    if (gap) {
+        // Its edge has looked like a burst.
+        const bool edge = countedBurst_ && *countedBurst_ + CarrierWatch::kBlock == block;
+        if (!inGap_ && edge) --disturbances_.bursts;
+        if (!inGap_ && (edge || !spoilt_.touches(block, end))) ++disturbances_.gaps;
+        // Where in its blocks it began and where it ends within a block is not known.
+        spoilt_.add(block - std::min<std::uint64_t>(block, CarrierWatch::kBlock),
+                    end + CarrierWatch::kBlock);
+    } else if (look.finding == CarrierWatch::Finding::Burst) {
+        if (!spoilt_.touches(block + look.from, block + look.to)) {
+            ++disturbances_.bursts;
+            countedBurst_ = block;
+        }
+        spoilt_.add(block + look.from, block + look.to);
+        splice(block + look.from);
+    }
+    inGap_ = gap;
+}
+
+// Behind this place of the channel time may go on elsewhere, and with it the pilot's phase.
+void StationChain::splice(std::uint64_t place) {
+    const double seconds = static_cast<double>(place) / rates_.channel;
+    splices_.push_back(seconds);
+    pilot_.splice(seconds);
+}
+
+// Sends the oldest `count` samples of frequency and envelope down the chain.
+void StationChain::handOn(std::size_t count) {
+    if (count == 0) return;
+    const auto frequency = std::span(frequency_);
+    spoilt_.mend(handedOn_, count, frequency, static_cast<float>(carrier_.hz()));
+    demodulator_.lowPass(frequency.first(count), composite_);
+    const bool narrow = filter_.width() == ChannelWidth::Narrow;
+    if (narrow) peakDoubt_.add(std::span(envelope_).first(count + 1));
+    spoilt_.eachClean(handedOn_, count, [&](std::size_t from, std::size_t to) {
+        multipath_.add(frequency.subspan(from, to - from),
+                       std::span(envelope_).subspan(from, to - from), carrier_.hz(),
+                       narrow ? 60e3 : shape_.flatHz);
+    });
+    const auto used = static_cast<std::ptrdiff_t>(count);
+    frequency_.erase(frequency_.begin(), frequency_.begin() + used);
+    envelope_.erase(envelope_.begin(), envelope_.begin() + used);
+    handedOn_ += count;
+    watched_ -= count;
 }
 
 void StationChain::takeComposite(std::span<const float> composite) {
     while (!composite.empty()) {
-        const auto part = composite.first(std::min(composite.size(), slotLength_ - slot_.size()));
-        slot_.insert(slot_.end(), part.begin(), part.end());
+        const auto part =
+            composite.first(std::min(composite.size(), slotLength_ - slotSamples_.size()));
+        slotSamples_.insert(slotSamples_.end(), part.begin(), part.end());
         addPilot(part);
         peakNoise_.add(part);
         decoder_.add(part);
         rds_.add(part);
         composite = composite.subspan(part.size());
-        if (slot_.size() < slotLength_) continue;
+        if (slotSamples_.size() < slotLength_) continue;
         endSlot();
-        slot_.clear();
+        slotSamples_.clear();
     }
 }
 
@@ -130,68 +233,124 @@ void StationChain::addPilot(std::span<const float> composite) {
     const double delay =
         pilotBand_.delay() / rates_.composite + pilotFilter_.delay() / rates_.narrow;
     for (const std::complex<float> point : pilotNarrow_) {
-        pilot_.add(delay + static_cast<double>(pilotPoints_) / rates_.pilot, point);
+        const double now = delay + static_cast<double>(pilotPoints_) / rates_.pilot;
         ++pilotPoints_;
+        if (spoiltBetween(now - kPilotSpreadSeconds, now + kPilotSpreadSeconds,
+                          kPilotHardlyMovedSeconds))
+            continue;
+        pilot_.add(now, point);
     }
+}
+
+// In the multiplex's time; only what is as long as `leastSeconds` counts.
+bool StationChain::spoiltBetween(double fromSeconds, double toSeconds, double leastSeconds) const {
+    const auto place = [this](double seconds) {
+        return static_cast<std::uint64_t>(std::max(0.0, seconds * rates_.channel));
+    };
+    return spoilt_.touchesLonger(place(fromSeconds), place(toSeconds) + demodulator_.length(),
+                                 place(leastSeconds));
 }
 
 void StationChain::endSlot() {
     ++slots_;
     ++sinceWidth_;
-    peak_.take(slot_);
-    const SlotMoments moments = momentsOf(slot_);
-    const double now =
-        static_cast<double>(slots_) * static_cast<double>(slotLength_) / rates_.composite;
-    bool present = moments.meanSquare > 0;
-    double noise = 0;
-    if (settings_.domain == Domain::Band) {
-        channelPower_.endSlot();
-        const double power = channelPower_.inChannel();
-        figures_.fieldDb =
-            power > 0 ? std::max(0.0, 10 * std::log10(power) + settings_.dbuvAtFullScale) : 0;
-        present = multipath_.roughness() < kMostRoughness;
-        peakNoise_.endSlot();
-        // What a neighbour beats into the envelope is no noise.
-        if (!figures_.narrow) noise = peakNoise_.rmsHz(multipath_.roughness());
-        figures_.multipathPercent = multipath_.percent();
-        multipath_.fade();
-        chooseWidth();
-    }
+    peak_.take(slotSamples_);
+    const SlotMoments moments = momentsOf(slotSamples_);
+    const double length = static_cast<double>(slotLength_) / rates_.composite;
+    const double now = static_cast<double>(slots_) * length;
+    slot_.spoilt = spoiltBetween(now - length, now);
+    spoiltSlots_ = slot_.spoilt ? spoiltSlots_ + 1 : 0;
+    if (settings_.domain == Domain::Band) settleRadio();
     rds_.endSlot();
-    const bool settled = sinceWidth_ > kSettling;
-    if (present) {
-        if (settled) settleCarrier(moments, noise);
-        if (multipath_.roughness() > kMostPeakRoughness && settings_.domain == Domain::Band)
-            figures_.peakHz = 0;
-        settlePilot(now);
-        settlePower();
-    } else {
-        blank();
-    }
-    figures_.carrier = present;
-    peaks_.add(present && settled ? figures_.peakHz : 0);
-    figures_.peaksPerMinute = peaks_.count();
+    settleSlot(moments, now);
     settleAudio();
+    while (!splices_.empty() && splices_.front() < now - 1) splices_.pop_front();
+    spoilt_.forget(static_cast<std::uint64_t>(std::max(0.0, now - 1) * rates_.channel));
+    slot_.number = slots_ - 1;
+    slot_.endSeconds =
+        now + (demodulator_.delay() + static_cast<double>(filter_.delay()) + 0.5) / rates_.channel +
+        shape_.delaySeconds;
+    slot_.figures = figures_;
+    slot_.states = states();
+    if (onSlot_) onSlot_(slot_);
+}
+
+// What only a channel has: power, noise, width.
+void StationChain::settleRadio() {
+    watch_.endSlot();
+    if (slot_.spoilt) {
+        channelPower_.forgetSlot();
+        peakNoise_.forgetSlot();
+        return;
+    }
+    channelPower_.endSlot();
+    const double power = channelPower_.inChannel();
+    figures_.fieldDb =
+        power > 0 ? std::max(0.0, 10 * std::log10(power) + settings_.dbuvAtFullScale) : 0;
+    peakNoise_.endSlot();
+    figures_.multipathPercent = multipath_.percent();
+    multipath_.fade();
+    chooseWidth();
+    if (figures_.carrier && sinceWidth_ > kSettling + kSteadySlots) recentre();
+}
+
+void StationChain::settleSlot(const SlotMoments& moments, double now) {
+    const bool band = settings_.domain == Domain::Band;
+    // Through a gap what was there before stands.
+    const bool settled = sinceWidth_ > kSettling;
+    if (!figures_.carrier || spoiltSlots_ > kMostSpoiltSlots || (settled && !slot_.spoilt))
+        figures_.carrier =
+            band ? watch_.carrier() && watch_.roughness() < kMostRoughness : moments.meanSquare > 0;
+    if (!figures_.carrier) {
+        blank();
+        peaks_.add(0);
+        return;
+    }
+    if (settled) settleCarrier(moments);
+    if (settled && !slot_.spoilt) tooNoisy_ = band && peakHidden();
+    if (spoiltSlots_ > kMostSpoiltSlots || tooNoisy_) figures_.peakHz = 0;
+    settlePilot(now);
+    settlePower();
+    peaks_.add(settled ? figures_.peakHz : 0);
+    figures_.peaksPerMinute = peaks_.count();
+}
+
+// By noise, or by a neighbour whose swings come in.
+bool StationChain::peakHidden() {
+    const double doubtHz = peakDoubt_.takeHz();
+    if (figures_.narrow)
+        return doubtHz > kMostDoubtHz || watch_.roughness() > kMostRoughnessBesideNeighbour;
+    return watch_.roughness() > kMostPeakRoughness;
 }
 
 void StationChain::chooseWidth() {
     const double neighbour = channelPower_.neighbour();
-    const bool narrow = frontEnd_.width() == ChannelWidth::Narrow;
+    const bool narrow = filter_.width() == ChannelWidth::Narrow;
     if (narrow ? neighbour >= kNeighbourWide : neighbour <= kNeighbourNarrow) return;
-    frontEnd_.setWidth(narrow ? ChannelWidth::Wide : ChannelWidth::Narrow);
+    filter_.setWidth(narrow ? ChannelWidth::Wide : ChannelWidth::Narrow);
+    watch_.setRoughening(narrow ? shape_.roughening : filter_.roughening());
     figures_.narrow = !narrow;
     sinceWidth_ = 0;
     // What the other filter showed is no history for this one.
     multipath_ = Multipath();
     carrier_ = CarrierMean();
+    carrierSlots_ = 0;
     meanSquares_.clear();
 }
 
-void StationChain::settleCarrier(const SlotMoments& moments, double noiseHz) {
-    carrier_.add(moments.meanHz);
-    figures_.carrierHz = carrier_.hz();
-    figures_.peakHz = peak_.peakFrom(figures_.carrierHz, noiseHz);
-    meanSquares_.add(moments.meanSquare - figures_.carrierHz * figures_.carrierHz);
+void StationChain::settleCarrier(const SlotMoments& moments) {
+    if (!slot_.spoilt) {
+        carrier_.add(moments.meanHz);
+        ++carrierSlots_;
+        figures_.carrierHz = carrier_.hz();
+    }
+    // What a neighbour beats into the envelope is no noise.
+    const bool noisy = settings_.domain == Domain::Band && !figures_.narrow;
+    const double noise = noisy ? peakNoise_.rmsHz(watch_.roughness()) : 0;
+    // In a spoilt slot what its good samples show: never more than the truth.
+    figures_.peakHz = peak_.peakFrom(figures_.carrierHz, noise);
+    if (!slot_.spoilt)
+        meanSquares_.add(moments.meanSquare - figures_.carrierHz * figures_.carrierHz);
 }
 
 void StationChain::settlePilot(double now) {
@@ -228,6 +387,7 @@ void StationChain::blank() {
     figures_.narrow = narrow;
     figures_.stereoPhaseDegrees = phase;
     carrier_ = CarrierMean();
+    carrierSlots_ = 0;
     meanSquares_.clear();
 }
 
@@ -241,8 +401,25 @@ void StationChain::settleAudio() {
     PilotLine line = pilot_.fit(from - kPilotAroundSeconds, to + kPilotAroundSeconds);
     if (!figures_.stereo) line = PilotLine();
     decoder_.decode(to, line, left_, right_);
+    if (!figures_.carrier) {
+        // Nobody wants to hear the noise of an empty channel.
+        std::fill(left_.begin(), left_.end(), 0.0F);
+        std::fill(right_.begin(), right_.end(), 0.0F);
+    }
+    // What a carrier beside its frequency leaves: a constant that would count in every power.
+    const auto constant = static_cast<float>(figures_.carrierHz);
+    for (float& value : left_) value -= constant;
+    for (float& value : right_) value -= constant;
+    if (onSound_) onSound_(left_, right_);
     if (!figures_.carrier) return;
-    audio_.add(left_, right_, figures_.stereo);
+    // A pilot's line over a splice fits neither side.
+    const bool spliced = std::any_of(splices_.begin(), splices_.end(), [=](double at) {
+        return at > from - kPilotAroundSeconds - kPilotSpreadSeconds &&
+               at < to + kPilotAroundSeconds + kPilotSpreadSeconds;
+    });
+    audio_.add(left_, right_, figures_.stereo,
+               spliced || carrierSlots_ < kFewestForAudio ||
+                   spoiltBetween(from - kAudioSpreadSeconds, to + kAudioSpreadSeconds));
     figures_.levelLeftDb = audio_.leftDb();
     figures_.levelRightDb = audio_.rightDb();
     figures_.levelSumDb = audio_.sumDb();
@@ -253,6 +430,27 @@ void StationChain::settleAudio() {
     figures_.separationLeftDb = audio_.separation().leftDb();
     figures_.separationRightDb = audio_.separation().rightDb();
     figures_.distortionPercent = audio_.tones().distortionPercent();
+}
+
+FigureStates StationChain::states() const {
+    using enum FigureState;
+    if (slot_.spoilt) return allFigures(Gap);
+    if (!figures_.carrier) return {};
+    FigureStates states = allFigures(Known);
+    const auto knownIf = [](bool known, FigureState why) { return known ? Known : why; };
+    const bool settled = sinceWidth_ > kSettling;
+    states.peak = !settled ? Settling : knownIf(!tooNoisy_, TooNoisy);
+    states.carrier = states.power = knownIf(settled, Settling);
+    states.pilotError = knownIf(figures_.stereo, NoPilot);
+    states.noise = knownIf(figures_.noiseLeftDb != 0, Settling);
+    const FigureState apart = figures_.stereo ? NotMeasured : NoPilot;
+    states.separationLeft = knownIf(figures_.separationLeftDb > 0, apart);
+    states.separationRight = knownIf(figures_.separationRightDb > 0, apart);
+    states.distortion = knownIf(figures_.distortionPercent > 0, NotMeasured);
+    states.rdsError = knownIf(figures_.rds, NoCarrier);
+    if (settings_.domain == Domain::Composite) states.field = states.multipath = NotMeasured;
+    if (carrierSlots_ < kFewestForAudio) states.levels = Settling;
+    return states;
 }
 
 }  // namespace hm16::receiver

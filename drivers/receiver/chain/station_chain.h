@@ -1,18 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <deque>
+#include <functional>
 #include <optional>
 #include <span>
 #include <vector>
 
+#include "drivers/receiver/chain/channel_filter.h"
 #include "drivers/receiver/chain/demodulator.h"
 #include "drivers/receiver/chain/front_end.h"
+#include "drivers/receiver/chain/peak_doubt.h"
 #include "drivers/receiver/chain/peak_noise.h"
 #include "drivers/receiver/chain/rates.h"
 #include "drivers/receiver/chain/rds_receiver.h"
+#include "drivers/receiver/chain/spoilt_samples.h"
 #include "drivers/receiver/chain/stereo_decoder.h"
 #include "drivers/receiver/figures/audio_figures.h"
 #include "drivers/receiver/figures/carrier_mean.h"
+#include "drivers/receiver/figures/carrier_watch.h"
 #include "drivers/receiver/figures/channel_power.h"
 #include "drivers/receiver/figures/figures.h"
 #include "drivers/receiver/figures/multipath.h"
@@ -21,6 +27,7 @@
 #include "drivers/receiver/figures/ring.h"
 #include "drivers/receiver/figures/slot_moments.h"
 #include "drivers/receiver/figures/slot_peak.h"
+#include "drivers/receiver/figures/station_slot.h"
 
 namespace hm16::receiver {
 
@@ -34,45 +41,78 @@ struct ChainSettings {
     double compositeHzAtFullScale = 100e3;  // deviation that a composite sample of 1.0 stands for
 };
 
-// The whole way from samples to figures for one tuned station. Samples go in as they come; the
-// figures are settled anew at the end of each slot of 50 ms. The samples are worked on in pieces of
-// one fixed length, so that the figures do not depend, not even by a rounding, on how many come at
-// a time; up to 2.5 ms of them wait for the rest of their piece.
+// The whole way from the samples of a channel, or of a multiplex, to the figures of one station.
+// The figures are settled anew at the end of each slot of 50 ms. TunedStation puts a front end in
+// front of it.
 class StationChain {
  public:
-    explicit StationChain(const ChainSettings& settings);
+    // `channel`: what the samples went through before.
+    StationChain(const ChainSettings& settings, const Rates& rates, const ChannelShape& channel);
+    StationChain(const StationChain&) = delete;
+    StationChain& operator=(const StationChain&) = delete;
 
-    void push(std::span<const Sample> samples);
+    void push(std::span<const Sample> channel);
+
+    // Says beforehand that the channel's samples [from, to), counted since the chain began, are
+    // missing or made up, and how many of the source that were; 0 when nobody knows how many. An
+    // empty stretch is a place where some are missing.
+    void spoil(std::uint64_t from, std::uint64_t to, std::uint64_t lostSamples);
 
     const Figures& figures() const { return figures_; }
 
-    // Slots measured so far.
+    // Slots measured so far, and the newest.
     std::size_t slots() const { return slots_; }
+    const StationSlot& slot() const { return slot_; }
+
+    // Called at the end of each slot.
+    void onSlot(std::function<void(const StationSlot&)> listener) { onSlot_ = std::move(listener); }
+
+    // Called with each stretch of audio, in Hz of deviation, de-emphasized; both equally long.
+    using SoundListener = std::function<void(std::span<const float>, std::span<const float>)>;
+    void onSound(SoundListener listener) { onSound_ = std::move(listener); }
+    double soundHz() const { return rates_.audio; }
+
+    const Disturbances& disturbances() const { return disturbances_; }
 
     // For response runs.
     const AudioFigures& audio() const { return audio_; }
 
  private:
-    void pushPiece(std::span<const Sample> samples);
-    void pushBand(std::span<const Sample> samples);
+    void pushBand(std::span<const Sample> channel);
     void pushComposite(std::span<const Sample> samples);
+    void recentre();
+    void watchBlocks();
+    void takeFinding(const CarrierWatch::Look& look, std::uint64_t block);
+    void handOn(std::size_t count);
     void takeComposite(std::span<const float> composite);
     void addPilot(std::span<const float> composite);
+    void splice(std::uint64_t place);
+    bool spoiltBetween(double fromSeconds, double toSeconds, double longestSeconds = 0) const;
     void endSlot();
+    void settleRadio();
+    void settleSlot(const SlotMoments& moments, double now);
     void chooseWidth();
-    void settleCarrier(const SlotMoments& moments, double noiseHz);
+    bool peakHidden();
+    void settleCarrier(const SlotMoments& moments);
     void settleAudio();
     void settlePilot(double now);
     void settlePower();
     void blank();
+    FigureStates states() const;
 
     ChainSettings settings_;
     Rates rates_;
+    ChannelShape shape_;
     std::size_t slotLength_;
-    std::size_t pieceLength_;
-    std::vector<Sample> held_;  // of the piece that is not full yet
 
-    FrontEnd frontEnd_;
+    // Brings the carrier to the middle of the channel's filters.
+    Mixer recentring_{0};
+    double shiftHz_ = 0;
+    double shiftBeforeHz_ = 0;
+    std::uint64_t shiftFrom_ = 0;  // first sample of frequency with the newest shift
+    std::uint64_t taken_ = 0;      // samples of the channel
+
+    ChannelFilter filter_;
     Demodulator demodulator_;
     RealDecimator compositeFilter_;
     BandDecimator pilotBand_;
@@ -80,12 +120,24 @@ class StationChain {
     StereoDecoder decoder_;
     RdsReceiver rds_;
 
+    CarrierWatch watch_;
+    SpoiltSamples spoilt_;
+    std::deque<double> splices_;  // where an unknown number is missing, in the multiplex's time
+    Disturbances disturbances_;
+    bool inGap_ = false;
+    std::optional<std::uint64_t> countedBurst_;  // block of the last one
+    bool tooNoisy_ = false;
+    std::uint64_t handedOn_ = 0;   // samples of frequency_ that have gone before those in it
+    std::size_t watched_ = 0;      // of those in it, how many have been looked at
+    std::size_t spoiltSlots_ = 0;  // in a row
+
     PilotTrack pilot_;
     std::size_t pilotPoints_ = 0;
     CarrierMean carrier_;
     PeaksPerMinute peaks_;
     SlotPeak peak_;
     PeakNoise peakNoise_;
+    PeakDoubt peakDoubt_;
     Multipath multipath_;
     ChannelPower channelPower_;
     AudioFigures audio_;
@@ -93,15 +145,19 @@ class StationChain {
 
     std::size_t slots_ = 0;
     std::size_t sinceWidth_ = 0;
+    std::size_t carrierSlots_ = 0;  // slots that the carrier's mean has taken
     Figures figures_;
+    StationSlot slot_;
+    std::function<void(const StationSlot&)> onSlot_;
+    SoundListener onSound_;
 
-    std::vector<Sample> wide_;
+    std::vector<Sample> centred_;
     std::vector<Sample> channel_;
     std::vector<float> frequency_;
     std::vector<float> envelope_;
     std::vector<float> real_;
     std::vector<float> composite_;
-    std::vector<float> slot_;
+    std::vector<float> slotSamples_;
     std::vector<float> left_;
     std::vector<float> right_;
     std::vector<std::complex<float>> pilotWide_;

@@ -35,6 +35,7 @@ class RealDecimator {
     RealDecimator(const std::vector<double>& taps, std::size_t step);
     void process(std::span<const float> in, std::vector<float>& out);
     std::size_t step() const { return step_; }
+    std::size_t length() const { return taps_.size(); }
     double delay() const { return delay_; }
 
  private:

@@ -14,7 +14,12 @@ constexpr std::size_t kLanes = 4;  // samples that are rotated together
 
 }  // namespace
 
-Mixer::Mixer(double turns) : turns_(-turns), cosines_(2 * kTable), sines_(2 * kTable) {
+Mixer::Mixer(double turns) : cosines_(2 * kTable), sines_(2 * kTable) {
+    setTurns(turns);
+}
+
+void Mixer::setTurns(double turns) {
+    turns_ = -turns;
     for (std::size_t n = 0; n < kTable; ++n) {
         const double angle = 2 * std::numbers::pi * turns_ * static_cast<double>(n);
         cosines_[2 * n] = cosines_[2 * n + 1] = static_cast<float>(std::cos(angle));
@@ -23,7 +28,7 @@ Mixer::Mixer(double turns) : turns_(-turns), cosines_(2 * kTable), sines_(2 * kT
 }
 
 void Mixer::process(std::span<std::complex<float>> samples) {
-    if (turns_ == 0) return;
+    if (turns_ == 0 && phase_ == 0) return;
     while (!samples.empty()) {
         const std::size_t count = std::min(samples.size(), kTable);
         const double angle = 2 * std::numbers::pi * phase_;

@@ -15,6 +15,9 @@ class Mixer {
     // `turns`: the frequency to be moved, as a share of the sample rate.
     explicit Mixer(double turns);
 
+    // Another frequency from the next sample on; the phase goes on without a step.
+    void setTurns(double turns);
+
     // Mixes in place.
     void process(std::span<std::complex<float>> samples);
 

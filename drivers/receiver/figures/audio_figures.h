@@ -19,8 +19,10 @@ class AudioFigures {
     explicit AudioFigures(double audioHz);
 
     // Samples in Hz of deviation, as they come; both equally many. `stereo` tells whether they were
-    // decoded from a stereo multiplex: separation has no meaning otherwise.
-    void add(std::span<const float> left, std::span<const float> right, bool stereo);
+    // decoded from a stereo multiplex: separation has no meaning otherwise. What is `spoilt` is
+    // passed over: the figures stand.
+    void add(std::span<const float> left, std::span<const float> right, bool stereo,
+             bool spoilt = false);
 
     double leftDb() const { return levelDb(left_.meanSquare()); }
     double rightDb() const { return levelDb(right_.meanSquare()); }
@@ -37,11 +39,13 @@ class AudioFigures {
 
  private:
     void takeBlock(bool stereo);
+    void judgeBlock(bool stereo);
 
     std::size_t step_;   // samples of a programme level's step
     std::size_t block_;  // of 50 ms
     std::vector<float> heldLeft_;
     std::vector<float> heldRight_;
+    std::size_t spoiltUntil_ = 0;  // so many of the held samples are, or lie before such
     ProgrammeLevel left_;
     ProgrammeLevel right_;
     ProgrammeLevel sum_;

@@ -69,6 +69,11 @@ void ChannelPower::endSlot() {
     inside_ = between(-kHalfChannelHz, kHalfChannelHz);
 }
 
+void ChannelPower::forgetSlot() {
+    std::fill(sum_.begin(), sum_.end(), 0.0);
+    looks_ = 0;
+}
+
 double ChannelPower::neighbour() const {
     if (inside_ <= 0 || channelHz_ < 2 * kNeighbourToHz) return 0;
     const double above = between(kNeighbourFromHz, kNeighbourToHz);

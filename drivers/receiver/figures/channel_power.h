@@ -21,6 +21,9 @@ class ChannelPower {
     // Ends a slot: what was added becomes part of the mean of the last half second.
     void endSlot();
 
+    // Ends a slot that says nothing.
+    void forgetSlot();
+
     // Mean power within 100 kHz of the centre; full scale is 1.
     double inChannel() const { return inside_; }
 

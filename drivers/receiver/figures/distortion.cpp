@@ -36,6 +36,11 @@ bool ToneWatch::add(std::span<const float> left, std::span<const float> right) {
     return true;
 }
 
+void ToneWatch::forgetStretch() {
+    left_.clear();
+    right_.clear();
+}
+
 double ToneWatch::distortionPercent() const {
     if (!tone_.harmonicsInBand || tone_.dominanceDb() < kDominantDb) return 0;
     return 100 * std::sqrt(tone_.harmonics / tone_.meanSquare);

@@ -18,6 +18,9 @@ class ToneWatch {
     // True when a new look was taken.
     bool add(std::span<const float> left, std::span<const float> right);
 
+    // The stretch begins anew; the last look stands.
+    void forgetStretch();
+
     // The strongest tone of the louder channel; its mean square is 0 before the first look.
     const SteadyTone& tone() const { return tone_; }
 

@@ -11,6 +11,11 @@ namespace {
 constexpr double kKeptSeconds = 1.0;
 constexpr std::size_t kFewestPoints = 8;
 constexpr double kSteadyCoherence = 0.7;
+// Around a splice the points are neither of before nor of behind.
+constexpr double kBlurredSeconds = 0.007;
+// So long a stretch tells where the phase goes on.
+constexpr double kJoinSeconds = 0.02;
+constexpr double kJumpRadians = 0.1;
 constexpr double kTwoPi = 2 * std::numbers::pi;
 
 }  // namespace
@@ -31,6 +36,28 @@ void PilotTrack::add(double seconds, std::complex<float> point) {
     }
     points_.push_back({seconds, point, phase});
     while (points_.front().seconds < seconds - kKeptSeconds) points_.pop_front();
+    if (!splices_.empty() && seconds > splices_.front() + kBlurredSeconds + kJoinSeconds) {
+        join(splices_.front());
+        splices_.pop_front();
+    }
+}
+
+void PilotTrack::join(double seconds) {
+    std::erase_if(points_,
+                  [=](const Point& p) { return std::fabs(p.seconds - seconds) < kBlurredSeconds; });
+    const PilotLine before = fit(seconds - kKeptSeconds, seconds);
+    const PilotLine behind = fit(seconds, seconds + kKeptSeconds);
+    if (!before.steady() || !behind.steady()) return;
+    double jump = behind.phase - before.phaseAt(behind.time);
+    jump -= kTwoPi * std::round(jump / kTwoPi);
+    if (std::fabs(jump) < kJumpRadians) jump = 0;
+    // Whole turns between the two sides go out, too.
+    const double turns = behind.phase - (before.phaseAt(behind.time) + jump);
+    for (Point& p : points_) {
+        if (p.seconds > seconds) break;
+        p.phase += jump + turns;
+        p.value *= static_cast<std::complex<float>>(std::polar(1.0, jump));
+    }
 }
 
 PilotLine PilotTrack::fit(double from, double to) const {

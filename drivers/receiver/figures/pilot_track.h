@@ -27,6 +27,10 @@ class PilotTrack {
     // `seconds` must rise from point to point.
     void add(double seconds, std::complex<float> point);
 
+    // Says that an unknown number of samples is missing at this time: the phase jumps there. What
+    // lay before is turned to what comes behind it, so that a line goes through both.
+    void splice(double seconds) { splices_.push_back(seconds); }
+
     // The line through the points of a stretch; all zero with fewer than 8 of them.
     PilotLine fit(double from, double to) const;
 
@@ -40,7 +44,10 @@ class PilotTrack {
         double phase;  // unwrapped
     };
 
+    void join(double seconds);
+
     std::deque<Point> points_;
+    std::deque<double> splices_;  // that still have to be joined
 };
 
 }  // namespace hm16::receiver

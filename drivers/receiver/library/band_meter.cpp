@@ -11,7 +11,6 @@ namespace {
 
 constexpr double kHzPerUnit = 100e3;
 constexpr double kLevelSeconds = 0.01;
-constexpr double kFrameSeconds = 0.02;
 
 }  // namespace
 
@@ -65,13 +64,19 @@ std::optional<std::vector<float>> BandMeter::frame(const SweepRange& range) {
             if (tuneTo(live ? hz + signal_.rateHz() / 4 : hz)) look(kLevelSeconds);
             fresh = true;
         } else if (!fresh) {
-            look(kFrameSeconds);
+            look(kFrameLookSeconds);
             fresh = true;
         }
         if (signal_.ended()) return std::nullopt;
         levels[static_cast<std::size_t>(point)] = levelOf(levels_.powerAt(hz, width));
     }
     return levels;
+}
+
+bool BandMeter::covers(const SweepRange& range) const {
+    const double width = std::min(range.stepKhz * 1e3, kChannelHz);
+    return range.points() > 0 && levels_.covers(range.frequency(0) * kHzPerUnit, width) &&
+           levels_.covers(range.frequency(range.points() - 1) * kHzPerUnit, width);
 }
 
 }  // namespace hm16::receiver

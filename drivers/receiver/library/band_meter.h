@@ -15,6 +15,9 @@ namespace hm16::receiver {
 // What a frequency reads at which nothing can be heard, in dB over a microvolt.
 inline constexpr float kNothingThere = 0;
 
+// A frame looks at so much of the signal.
+inline constexpr double kFrameLookSeconds = 0.025;
+
 // Single levels and sweep frames, in dB over a microvolt in the steps of the settings.
 class BandMeter {
  public:
@@ -27,6 +30,9 @@ class BandMeter {
     // The levels of all points, each in its step's width or a channel's, whichever is less; nothing
     // when the signal has ended, or is a composite, which has no band.
     std::optional<std::vector<float>> frame(const SweepRange& range);
+
+    // True when a frame of that range needs no tuning.
+    bool covers(const SweepRange& range) const;
 
     // To be called when the radio was tuned by someone else.
     void follow() { levels_.setCentre(signal_.centreHz()); }

@@ -40,7 +40,7 @@ std::string ReceiverUnit::report() const {
     if (source.badSamples() > 0)
         text += "samples that were no numbers: " + std::to_string(source.badSamples()) + "\n";
     if (source.live()) text += "samples lost: " + std::to_string(source.timesLost()) + " times\n";
-    const Figures& figures = heard_;
+    const Figures& figures = heard_.figures;
     text += "tuned: " + inMhz(tuning_.frequency * 1e5) + (figures.carrier ? "" : ", no carrier") +
             (figures.stereo ? ", stereo" : "") +
             (figures.narrow ? ", narrow filter for a strong neighbour" : "") + "\n";
@@ -49,6 +49,9 @@ std::string ReceiverUnit::report() const {
     text += "rds blocks: " + std::to_string(figures.rdsGoodBlocks) + " good, " +
             std::to_string(figures.rdsCorrectedBlocks) + " corrected, " +
             std::to_string(figures.rdsBadBlocks) + " bad\n";
+    text += "gaps: " + std::to_string(disturbances_.gaps) + " with " +
+            std::to_string(disturbances_.lostSamples) +
+            " samples lost, bursts: " + std::to_string(disturbances_.bursts) + "\n";
     return text;
 }
 

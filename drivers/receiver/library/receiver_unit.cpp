@@ -24,6 +24,9 @@ ReceiverUnit::ReceiverUnit(const ReceiverOptions& options, std::unique_ptr<Sampl
       meter_(options, signal_),
       log_(files_) {
     removeUnfinishedFiles(files_);
+    signal_.onRead([this](std::span<const Sample> samples, std::span<const Loss> losses) {
+        hear(samples, losses);
+    });
     thread_ = std::thread(&ReceiverUnit::run, this);
 }
 
@@ -37,8 +40,14 @@ ReceiverUnit::~ReceiverUnit() {
     thread_.join();
 }
 
-std::unique_ptr<StationChain> ReceiverUnit::chainFor(double hz) const {
-    if (!signal_.covers(hz) || signal_.ended()) return nullptr;
+void ReceiverUnit::tuneStation(double hz) {
+    if (signal_.retune(hz)) meter_.follow();
+    heard_ = {};
+    disturbances_ = {};
+    missed_ = 0;
+    station_.reset();
+    resampler_.reset();
+    if (!signal_.covers(hz) || signal_.ended()) return;
     ChainSettings settings;
     settings.domain = signal_.source().domain();
     settings.rateHz = signal_.rateHz();
@@ -46,24 +55,28 @@ std::unique_ptr<StationChain> ReceiverUnit::chainFor(double hz) const {
     settings.deemphasisUs = options_.deemphasisUs;
     settings.dbuvAtFullScale = options_.dbuvAtFullScale;
     settings.compositeHzAtFullScale = options_.compositeHzAtFullScale;
-    return std::make_unique<StationChain>(settings);
+    station_ = std::make_unique<TunedStation>(settings);
+    stationCentreHz_ = signal_.centreHz();
+    stationStart_ = signal_.clock().seconds();
+    StationChain& chain = station_->chain();
+    chain.onSlot([this](const StationSlot& slot) { takeSlot(slot); });
+    resampler_.emplace(chain.soundHz());
+    chain.onSound([this](std::span<const float> left, std::span<const float> right) {
+        takeSound(left, right);
+    });
 }
 
 void ReceiverUnit::measure(const Tuning& tuning) {
     const Call call(*this);
     comeBack();
-    const double hz = tuning.frequency * kHzPerTuningUnit;
-    if (signal_.retune(hz)) meter_.follow();
     if (!results_ || results_->frequency() != tuning.frequency)
         results_ = StationResults::read(files_, tuning.frequency);
     tuning_ = tuning;
     sinceSaved_ = 0;
-    slots_ = 0;
     looks_ = 0;
     peaks_.clear();
     if (tuning.response == hm16::ResponseRun::Armed) tones_ = ResponseTones();
-    heard_ = Figures();
-    chain_ = chainFor(hz);
+    tuneStation(tuning.frequency * kHzPerTuningUnit);
     if (tuning.log == DayLogging::On) say(log_.tune(tuning.frequency, signal_.clock().now()));
     publish();
     due_ = std::chrono::steady_clock::now();
@@ -88,6 +101,7 @@ void ReceiverUnit::sweep(const SweepRange& range) {
     const Call call(*this);
     comeBack();
     range_ = range;
+    sweepStretches_ = 0;
     due_ = std::chrono::steady_clock::now();
     job_ = Job::Sweep;
 }
@@ -108,7 +122,7 @@ std::optional<float> ReceiverUnit::levelAt(double frequency) {
     const auto level = meter_.levelAt(frequency * kHzPerTuningUnit);
     if (signal_.ended()) say(signal_.lastWords());
     // The measurement that goes on afterwards stands where it stood.
-    if (chain_ && job_ == Job::Measure && signal_.centreHz() != tuned &&
+    if (station_ && job_ == Job::Measure && signal_.centreHz() != tuned &&
         signal_.retune(tuning_.frequency * kHzPerTuningUnit))
         meter_.follow();
     return level;
@@ -116,7 +130,7 @@ std::optional<float> ReceiverUnit::levelAt(double frequency) {
 
 Figures ReceiverUnit::heard() const {
     const Call call(*this);
-    return heard_;
+    return heard_.figures;
 }
 
 // A radio that had gone is there again, tuned as it was when it was opened.
@@ -129,12 +143,9 @@ void ReceiverUnit::comeBack() {
         meter_.follow();
         return;
     }
-    const double hz = tuning_.frequency * kHzPerTuningUnit;
-    signal_.retune(hz);
-    meter_.follow();
-    slots_ = 0;
     looks_ = 0;
-    chain_ = chainFor(hz);
+    tuneStation(tuning_.frequency * kHzPerTuningUnit);
+    meter_.follow();
 }
 
 bool ReceiverUnit::step(int slots) {

@@ -11,14 +11,17 @@
 #include <string>
 #include <thread>
 
-#include "drivers/receiver/chain/station_chain.h"
+#include "drivers/receiver/chain/sound_resampler.h"
+#include "drivers/receiver/chain/tuned_station.h"
 #include "drivers/receiver/figures/response_tones.h"
 #include "drivers/receiver/figures/ring.h"
 #include "drivers/receiver/library/band_meter.h"
 #include "drivers/receiver/library/receiver_options.h"
 #include "drivers/receiver/library/signal_reader.h"
+#include "drivers/receiver/library/sound_ring.h"
 #include "drivers/receiver/samples/sample_source.h"
 #include "drivers/unit/day_log.h"
+#include "drivers/unit/slot_figures.h"
 #include "drivers/unit/unit.h"
 
 namespace hm16::receiver {
@@ -41,6 +44,8 @@ class ReceiverUnit : public Unit {
     std::optional<float> levelAt(double frequency) override;
     void sweep(const SweepRange& range) override;
     SweepStore& frames() override { return frames_; }
+    std::span<const HM16_FigureInfo> figures() const override { return registeredFigures(); }
+    const SlotRing* slots() const override { return &slots_; }
     ResponseResults response() override;
 
     // From now on the signal goes on only with this: `slots` of 50 ms of the running measurement.
@@ -49,6 +54,9 @@ class ReceiverUnit : public Unit {
 
     // The figures of the last slot that was measured.
     Figures heard() const;
+
+    // The sound of the tuned station, for whoever listens.
+    const SoundRing& sound() const { return sound_; }
 
     // What the readings have no place for, in lines of text.
     std::string report() const;
@@ -62,10 +70,16 @@ class ReceiverUnit : public Unit {
     void work(std::unique_lock<std::mutex>& lock);
     void waitForAir(std::unique_lock<std::mutex>& lock, double signalSeconds);
     bool measureStretch();
-    void lookForTones();
+    bool sweepStretch();
     bool sweepFrame();
     void comeBack();
-    std::unique_ptr<StationChain> chainFor(double hz) const;
+    void tuneStation(double hz);
+    void hear(std::span<const Sample> samples, std::span<const Loss> losses);
+    void lose(std::uint64_t count);
+    void takeSlot(const StationSlot& slot);
+    void takeSound(std::span<const float> left, std::span<const float> right);
+    void signalEnded();
+    void lookForTones();
     void publish();
     void keep(const Readings& readings);
     void saveResults();
@@ -75,6 +89,7 @@ class ReceiverUnit : public Unit {
     const std::filesystem::path files_;
     PublishedReadings& readings_;
     SweepStore frames_;
+    SlotRing slots_;
 
     mutable std::mutex mutex_;
     mutable std::condition_variable wake_;
@@ -87,9 +102,16 @@ class ReceiverUnit : public Unit {
     BandMeter meter_;
 
     Tuning tuning_;
-    std::unique_ptr<StationChain> chain_;  // none where nothing can be heard
-    Figures heard_;                        // the last that were measured, for the report
-    std::size_t slots_ = 0;
+    std::unique_ptr<TunedStation> station_;  // none where nothing can be heard
+    double stationCentreHz_ = 0;             // centre of the samples that it takes
+    double stationStart_ = 0;                // the signal's seconds when it was tuned
+    std::uint64_t missed_ = 0;               // samples that it has not heard, read for others
+    StationSlot heard_;                      // the last that was measured, for the report
+    Disturbances disturbances_;              // since the tuning
+    std::optional<SoundResampler> resampler_;
+    SoundRing sound_;
+    std::vector<StereoSample> soundOut_;
+    std::size_t sweepStretches_ = 0;
     Ring peaks_{20};
     ResponseTones tones_;
     std::size_t looks_ = 0;

@@ -23,6 +23,13 @@ class SignalClock {
                                         std::chrono::duration<double>(seconds())));
     }
 
+    // Nanoseconds since 1970 UTC when the signal was so many seconds old.
+    std::int64_t utcNsAt(double seconds) const {
+        using std::chrono::nanoseconds;
+        return std::chrono::duration_cast<nanoseconds>(start_.time_since_epoch()).count() +
+               static_cast<std::int64_t>(seconds * 1e9);
+    }
+
  private:
     using Wall = std::chrono::system_clock;
 

@@ -12,6 +12,8 @@ namespace {
 // The program tunes in floats of 100 kHz; a composite recording stands for one such frequency.
 constexpr double kSameHz = 25e3;
 
+constexpr double kLongRecordingSeconds = 1;
+
 }  // namespace
 
 SignalReader::SignalReader(const ReceiverOptions& options, std::unique_ptr<SampleSource> source)
@@ -40,6 +42,7 @@ std::size_t SignalReader::samplesIn(double seconds) const {
 
 std::span<const Sample> SignalReader::read(double seconds) {
     stretch_.resize(ended_ ? 0 : samplesIn(seconds));
+    losses_.clear();
     if (ended_) return {};
     try {
         fill();
@@ -48,6 +51,7 @@ std::span<const Sample> SignalReader::read(double seconds) {
         ended_ = true;
         lastWords_ = error.what();
     }
+    if (onRead_ && !stretch_.empty()) onRead_(stretch_, losses_);
     return stretch_;
 }
 
@@ -58,12 +62,23 @@ bool SignalReader::comeBack() {
     return true;
 }
 
+// Reads on behind the first `done` samples of the stretch.
+std::size_t SignalReader::readSource(std::size_t done) {
+    const std::size_t count = source_->read(std::span(stretch_).subspan(done));
+    for (const Loss& loss : source_->losses()) losses_.push_back({done + loss.at, loss.count});
+    return count;
+}
+
 void SignalReader::fill() {
     const std::size_t wanted = stretch_.size();
-    std::size_t done = source_->read(stretch_);
+    std::size_t done = readSource(0);
     while (done < wanted && atEnd_ == AtEnd::Loop && !source_->live()) {
         source_->rewind();
-        const std::size_t more = source_->read(std::span(stretch_).subspan(done));
+        // What follows the end is no continuation of it; where ends come again and again, that is
+        // how the signal is.
+        if (static_cast<double>(source_->length()) > kLongRecordingSeconds * rateHz_)
+            losses_.push_back({done, 0});
+        const std::size_t more = readSource(done);
         if (more == 0) break;
         done += more;
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -14,6 +15,8 @@ namespace hm16::receiver {
 
 // Width of a broadcast channel.
 inline constexpr double kChannelHz = 200e3;
+
+using Loss = SampleSource::Loss;
 
 // Reads the source stretch by stretch, round and round where the settings say so, keeps the
 // signal's time and takes the clock's error out of rate and centre.
@@ -34,6 +37,10 @@ class SignalReader {
     // Brings `hz` into the samples where the source can be tuned.
     bool retune(double hz) { return source_->tunable() && source_->retune(hz); }
 
+    // Called with all that is read, by whoever, and with what was lost in it.
+    using Listener = std::function<void(std::span<const Sample>, std::span<const Loss>)>;
+    void onRead(Listener listener) { onRead_ = std::move(listener); }
+
     // The next so many seconds, in memory that stays as it is until the next call; less when the
     // signal ends in between, nothing behind its end.
     std::span<const Sample> read(double seconds);
@@ -52,6 +59,7 @@ class SignalReader {
 
  private:
     void fill();
+    std::size_t readSource(std::size_t done);
 
     const std::string name_;
     const AtEnd atEnd_;
@@ -63,6 +71,8 @@ class SignalReader {
     bool ended_ = false;
     std::string lastWords_;
     std::vector<Sample> stretch_;
+    std::vector<Loss> losses_;  // of the stretch
+    Listener onRead_;
 };
 
 }  // namespace hm16::receiver

@@ -1,16 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the unit's own thread does, or whoever drives it in steps: stretch by stretch from the
 // signal to published readings, frames and files.
+#include <cmath>
 #include <cstdio>
+#include <utility>
 
 #include "drivers/receiver/library/readings_of.h"
 #include "drivers/receiver/library/receiver_unit.h"
+#include "drivers/receiver/library/slot_of.h"
 
 namespace hm16::receiver {
 namespace {
 
 constexpr double kStretchSeconds = 0.025;
-constexpr double kFramePeriodSeconds = 0.1;
+constexpr std::size_t kStretchesPerFrame = 4;
+constexpr double kFramePeriodSeconds = kStretchesPerFrame * kStretchSeconds;
+static_assert(kStretchSeconds == kFrameLookSeconds);
 
 constexpr std::size_t kSlotsPerLook = 5;
 
@@ -42,13 +47,17 @@ void ReceiverUnit::run() {
 }
 
 void ReceiverUnit::work(std::unique_lock<std::mutex>& lock) {
-    const Job job = job_;
-    if (job == Job::Measure) {
+    if (job_ == Job::Measure) {
         measureStretch();
+    } else if (meter_.covers(range_)) {
+        sweepStretch();
     } else {
+        // Tuned here and there, the station cannot be heard.
         sweepFrame();
+        waitForAir(lock, kFramePeriodSeconds);
+        return;
     }
-    waitForAir(lock, job == Job::Measure ? kStretchSeconds : kFramePeriodSeconds);
+    waitForAir(lock, kStretchSeconds);
 }
 
 // Lets go of the lock until the signal's next stretch is due and nobody wants the unit.
@@ -67,32 +76,76 @@ void ReceiverUnit::waitForAir(std::unique_lock<std::mutex>& lock, double signalS
 
 // True when the signal went on.
 bool ReceiverUnit::measureStretch() {
-    const auto stretch = signal_.read(kStretchSeconds);
-    if (chain_ && !stretch.empty()) {
-        chain_->push(stretch);
-        heard_ = chain_->figures();
+    signal_.read(kStretchSeconds);
+    if (signal_.ended()) signalEnded();
+    return !signal_.ended();
+}
+
+// A frame looks at the last of the stretches of its time; the station hears all of them.
+bool ReceiverUnit::sweepStretch() {
+    if (++sweepStretches_ % kStretchesPerFrame == 0) return sweepFrame();
+    signal_.read(kStretchSeconds);
+    if (signal_.ended()) say(signal_.lastWords());
+    return !signal_.ended();
+}
+
+// Figures of something that is not there any more are not shown on.
+void ReceiverUnit::signalEnded() {
+    station_.reset();
+    publish();
+    say(signal_.lastWords());
+}
+
+// What anyone reads of the band the tuned station hears, too.
+void ReceiverUnit::hear(std::span<const Sample> samples, std::span<const Loss> losses) {
+    if (!station_) return;
+    if (signal_.centreHz() != stationCentreHz_) {
+        missed_ += samples.size();
+        return;
     }
-    if (signal_.ended()) {
-        // Figures of something that is not there any more are not shown on.
-        chain_.reset();
-        publish();
-        say(signal_.lastWords());
-        return false;
+    if (missed_ > 0) lose(std::exchange(missed_, 0));
+    std::size_t at = 0;
+    for (const Loss& loss : losses) {
+        station_->push(samples.subspan(at, loss.at - at));
+        lose(loss.count);
+        at = loss.at;
     }
-    if (!chain_ || chain_->slots() == slots_) return true;
-    slots_ = chain_->slots();
+    station_->push(samples.subspan(at));
+}
+
+void ReceiverUnit::lose(std::uint64_t count) {
+    const std::uint64_t more = station_->lose(count);
+    const double seconds = static_cast<double>(more) / signal_.rateHz();
+    slots_.lose(static_cast<std::uint64_t>(std::llround(seconds / kSlotSeconds)));
+    stationStart_ += seconds;
+}
+
+void ReceiverUnit::takeSlot(const StationSlot& slot) {
+    HM16_Slot out = slotOf(slot, options_.levelStepDb);
+    const double seconds = stationStart_ + slot.endSeconds;
+    out.signalNs = static_cast<std::int64_t>(seconds * 1e9);
+    out.utcNs = signal_.clock().utcNsAt(seconds);
+    slots_.add(out);
+    heard_ = slot;
+    disturbances_ = station_->chain().disturbances();
+    if (job_ != Job::Measure) return;
     if (tuning_.response == hm16::ResponseRun::Armed) lookForTones();
     publish();
-    return true;
+}
+
+void ReceiverUnit::takeSound(std::span<const float> left, std::span<const float> right) {
+    soundOut_.clear();
+    resampler_->process(left, right, soundOut_);
+    sound_.write(soundOut_);
 }
 
 // Where there is no carrier there is no audio to look at: silence as well.
 void ReceiverUnit::lookForTones() {
-    const AudioFigures& audio = chain_->audio();
+    const AudioFigures& audio = station_->chain().audio();
     if (audio.looks() != looks_) {
         looks_ = audio.looks();
         tones_.look(audio.tones().tone());
-    } else if (!chain_->figures().carrier && slots_ % kSlotsPerLook == 0) {
+    } else if (!heard_.figures.carrier && heard_.number % kSlotsPerLook == 0) {
         tones_.look({});
     }
 }
@@ -107,7 +160,7 @@ bool ReceiverUnit::sweepFrame() {
 
 void ReceiverUnit::publish() {
     static const Figures kNothing;
-    const Figures& figures = chain_ ? chain_->figures() : kNothing;
+    const Figures& figures = station_ ? station_->figures() : kNothing;
     peaks_.add(figures.peakHz);
     const double peak = tuning_.detector == Detector::Average ? peaks_.mean() : figures.peakHz;
     const Readings readings = readingsOf(figures, peak, tuning_.audioMode, options_.levelStepDb);

@@ -233,7 +233,7 @@ TEST(StationChain, ACompositeRecordingHasAllButTheRadioFigures) {
     settings.domain = Domain::Composite;
     settings.rateHz = 192e3;
     settings.compositeHzAtFullScale = 100e3;
-    StationChain chain(settings);
+    TunedStation chain(settings);
     std::vector<Sample> samples;
     for (const double hz : composite) samples.emplace_back(static_cast<float>(hz / 100e3), 0.0F);
     chain.push(samples);
@@ -260,13 +260,13 @@ TEST(StationChain, TheSizeOfThePiecesDoesNotMatter) {
     ChainSettings settings;
     settings.rateHz = band.rateHz;
     settings.offsetHz = 300e3;
-    StationChain whole(settings);
+    TunedStation whole(settings);
     whole.push(samples);
     ASSERT_EQ(whole.slots(), 13U);
     ASSERT_TRUE(whole.figures().stereo);
     ASSERT_TRUE(whole.figures().rds);
     for (const std::size_t longest : {std::size_t{1}, std::size_t{1009}, std::size_t{100003}}) {
-        StationChain pieces(settings);
+        TunedStation pieces(settings);
         std::size_t at = 0;
         for (std::size_t size = 1; at < samples.size(); size = size * 3 % longest + 1) {
             const std::size_t count = std::min(size, samples.size() - at);

@@ -5,7 +5,7 @@
 #include <functional>
 #include <vector>
 
-#include "drivers/receiver/chain/station_chain.h"
+#include "drivers/receiver/chain/tuned_station.h"
 #include "drivers/receiver/synth/band_generator.h"
 
 namespace hm16::receiver {
@@ -43,7 +43,7 @@ inline Figures measure(const BandPlan& band, double seconds, double offsetHz = 3
     settings.rateHz = band.rateHz * (1 + knownPpm * 1e-6);
     settings.offsetHz = band.centreHz + offsetHz - band.centreHz * (1 + knownPpm * 1e-6);
     settings.dbuvAtFullScale = kFieldAtFullScale;
-    StationChain chain(settings);
+    TunedStation chain(settings);
     std::vector<Sample> samples(16384);
     auto left = static_cast<std::size_t>(seconds * band.rateHz);
     std::size_t slots = 0;

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <array>
 #include <atomic>
 #include <chrono>
 #include <cmath>
@@ -109,6 +110,57 @@ TEST_F(ReceiverUnitTest, MeasuresTheTunedStationStepByStep) {
     EXPECT_NEAR(now.field, 100 + 20 * std::log10(0.3), 0.2);
     EXPECT_THAT(unit->report(), HasSubstr("rds programme: E123"));
     EXPECT_THAT(unit->report(), HasSubstr("rds name: SYNTH FM"));
+    EXPECT_THAT(unit->report(), HasSubstr("gaps: 0 with 0 samples lost, bursts: 0\n"));
+}
+
+// A radio that loses a buffer in each half second.
+class Losing : public BandGenerator {
+ public:
+    using BandGenerator::BandGenerator;
+    std::size_t read(std::span<Sample> into) override {
+        losses_.clear();
+        if (++reads_ % 20 != 0) return BandGenerator::read(into);
+        const std::size_t half = into.size() / 2;
+        BandGenerator::read(into.first(half));
+        std::vector<Sample> lost(5000);
+        BandGenerator::read(lost);
+        BandGenerator::read(into.subspan(half));
+        losses_.push_back({half, lost.size()});
+        return into.size();
+    }
+    std::span<const Loss> losses() const override { return losses_; }
+
+ private:
+    int reads_ = 0;
+    std::vector<Loss> losses_;
+};
+
+TEST_F(ReceiverUnitTest, LostSamplesAreCountedAndTheRestGoesOn) {
+    const auto unit = this->unit(std::make_unique<Losing>(sceneOf(Scene::Station, 0, 0)));
+    unit->measure({.frequency = 985});
+    EXPECT_TRUE(unit->step(31));
+    EXPECT_NEAR(readings_.latest().pilotLevel, 9, 0.05);
+    EXPECT_GT(readings_.latest().peakModulation, 20);
+    EXPECT_THAT(unit->report(), HasSubstr("gaps: 3 with 15000 samples lost"));
+    // The slots are numbered, timed and marked where something is missing.
+    std::array<HM16_Slot, 40> slots{};
+    std::uint64_t next = 0;
+    const int count = unit->slots()->copy(0, slots.data(), sizeof(HM16_Slot), 40, &next);
+    ASSERT_GE(count, 30);
+    int gaps = 0;
+    const auto pilot = static_cast<std::size_t>(placeOfFigure("pilot_level"));
+    for (int n = 0; n < count; ++n) {
+        const HM16_Slot& slot = slots.at(static_cast<std::size_t>(n));
+        EXPECT_EQ(slot.number, static_cast<std::uint64_t>(n));
+        EXPECT_EQ(slot.lengthMs, 50U);
+        EXPECT_NEAR(static_cast<double>(slot.signalNs) * 1e-9, 0.05 * (n + 1), 0.001);
+        if (n > 6 && slot.state[pilot] == HM16_KNOWN) {
+            EXPECT_NEAR(slot.value[pilot], 9, 0.05);
+        }
+        gaps += slot.state[pilot] == HM16_GAP ? 1 : 0;
+    }
+    EXPECT_GE(gaps, 3);
+    EXPECT_LE(gaps, 6);
 }
 
 TEST_F(ReceiverUnitTest, TunesWithinTheSamplesAndFindsNothingOutsideThem) {
@@ -221,6 +273,40 @@ TEST_F(ReceiverUnitTest, AResponseRunEndsWithTheMarkAndItsResults) {
         EXPECT_EQ(results[n].frequency, expected[n]);
         EXPECT_NEAR(results[n].level, 0, 1);
     }
+}
+
+// How far a sine of 1 kHz, 48,000 times a second, is from going on as it began.
+double breakIn(const std::vector<StereoSample>& sound) {
+    const double twice = 2 * std::cos(2 * M_PI * 1000 / kSoundHz);
+    double worst = 0;
+    for (std::size_t n = 2; n < sound.size(); ++n)
+        worst = std::max(worst, std::fabs(sound[n].left - twice * sound[n - 1].left +
+                                          static_cast<double>(sound[n - 2].left)));
+    return worst;
+}
+
+TEST_F(ReceiverUnitTest, TheTunedStationGoesOnWhileLevelsAndASweepAreMade) {
+    const auto unit = sceneUnit(Scene::Tones);
+    unit->measure({.frequency = 985});
+    unit->step(10);
+    const std::uint64_t slots = unit->slots()->nextNumber();
+    std::uint64_t place = unit->sound().newest();
+    unit->levelAt(984);
+    unit->stop();
+    for (int level = 0; level < 5; ++level) unit->levelAt(985);
+    unit->sweep({.start = 980, .stop = 986, .stepKhz = 100});
+    for (int frame = 0; frame < 10; ++frame) EXPECT_TRUE(unit->step(1));
+    unit->stop();
+    EXPECT_NEAR(static_cast<double>(unit->slots()->nextNumber() - slots), 0.31 / 0.05, 1);
+    std::vector<StereoSample> sound(48000);
+    sound.resize(unit->sound().read(place, sound));
+    // 60 ms of levels and 250 ms of frames, in whole slots.
+    EXPECT_NEAR(static_cast<double>(sound.size()), 0.31 * kSoundHz, 0.05 * kSoundHz);
+    EXPECT_LT(breakIn(sound), 3e-3);
+    double highest = 0;
+    for (const StereoSample& sample : sound)
+        highest = std::max(highest, std::fabs(static_cast<double>(sample.left)));
+    EXPECT_NEAR(highest, 0.7 * 67.5 / 75, 0.01);
 }
 
 TEST_F(ReceiverUnitTest, ReadingsCanBeCopiedFromAnotherThreadWhileItMeasures) {

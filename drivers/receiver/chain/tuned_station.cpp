@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "drivers/receiver/chain/tuned_station.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace hm16::receiver {
+namespace {
+
+// Pieces that stay in the processor's cache all along the chain, and short enough to keep no slot
+// waiting for samples that have long come.
+constexpr std::size_t kLongestPiece = 8192;
+constexpr double kPieceSeconds = 0.0025;
+
+// What is longer is not filled up further.
+constexpr double kLongestGapSeconds = 0.5;
+
+}  // namespace
+
+TunedStation::TunedStation(const ChainSettings& settings)
+    : domain_(settings.domain),
+      rates_(planRates(settings.rateHz, settings.domain)),
+      pieceLength_(std::min(kLongestPiece,
+                            static_cast<std::size_t>(std::lround(kPieceSeconds * rates_.source)))),
+      frontEnd_(rates_, settings.offsetHz),
+      chain_(settings, rates_, frontEnd_.shape()) {}
+
+void TunedStation::push(std::span<const Sample> samples) {
+    taken_ += samples.size();
+    while (!samples.empty()) {
+        if (held_.empty() && samples.size() >= pieceLength_) {
+            pushPiece(samples.first(pieceLength_));
+            samples = samples.subspan(pieceLength_);
+            continue;
+        }
+        const auto part = samples.first(std::min(samples.size(), pieceLength_ - held_.size()));
+        held_.insert(held_.end(), part.begin(), part.end());
+        samples = samples.subspan(part.size());
+        if (held_.size() < pieceLength_) continue;
+        pushPiece(held_);
+        held_.clear();
+    }
+}
+
+std::uint64_t TunedStation::lose(std::uint64_t count) {
+    const auto most = static_cast<std::uint64_t>(kLongestGapSeconds * rates_.source);
+    const std::uint64_t filled = std::min(count, most);
+    const std::uint64_t to = taken_ + filled;
+    if (domain_ == Domain::Band) {
+        const FrontEnd::Reach reach = frontEnd_.reach(taken_, to);
+        chain_.spoil(reach.from, reach.to, count);
+    } else {
+        chain_.spoil(taken_, to, count);
+    }
+    const std::vector<Sample> nothing(static_cast<std::size_t>(filled));
+    push(nothing);
+    return count - filled;
+}
+
+void TunedStation::pushPiece(std::span<const Sample> samples) {
+    if (domain_ == Domain::Composite) {
+        chain_.push(samples);
+        return;
+    }
+    channel_.clear();
+    frontEnd_.process(samples, channel_);
+    chain_.push(channel_);
+}
+
+}  // namespace hm16::receiver

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "drivers/receiver/chain/sound_resampler.h"
+
+namespace hm16::receiver {
+
+// The last second of the tuned station's sound, 48,000 times a second, handed from the thread that
+// measures to whoever listens: a sound card's own thread, which may never wait. One writer; any
+// number of readers, each with a place of its own; no locks. The writer never waits either: who is
+// more than a second late misses what was written over.
+class SoundRing {
+ public:
+    SoundRing() : samples_(kLength) {}
+
+    void write(std::span<const StereoSample> sound);
+
+    // Copies what lies from `place` on, as much as `into` holds and has come, gives how much, and
+    // moves `place` behind it. A place that was written over moves to the oldest sample first.
+    std::size_t read(std::uint64_t& place, std::span<StereoSample> into) const;
+
+    // Place behind the newest sample: where who begins to listen begins.
+    std::uint64_t newest() const { return written_.load(std::memory_order_acquire); }
+
+ private:
+    static constexpr std::size_t kLength = 48000;
+
+    std::vector<std::atomic<std::uint64_t>> samples_;  // both channels' bits
+    std::atomic<std::uint64_t> started_{0};            // behind what is being written
+    std::atomic<std::uint64_t> written_{0};            // behind what can be read
+};
+
+}  // namespace hm16::receiver
