@@ -271,5 +271,105 @@ TEST_F(AirAccuracy, AConstantInACompositeRecordingIsInNoAudioFigure) {
     EXPECT_NEAR(f.carrierHz, 10e3, 5);
 }
 
+// A programme with another one beside it that stands `strongerDb` over it.
+BandPlan besideProgramme(double level, double offsetHz, double strongerDb, double neighbourLevel) {
+    BandPlan band = programmeOnAir(60);
+    StationPlan& station = band.stations.front();
+    station.amplitude = 0.05;
+    station.programme.level = level;
+    band.noiseReference = station.amplitude;
+    StationPlan other = station;
+    other.offsetHz += offsetHz;
+    other.amplitude *= std::pow(10, strongerDb / 20);
+    other.programme.level = neighbourLevel;
+    band.stations.push_back(other);
+    return band;
+}
+
+class PeakAccuracy : public AirAccuracy {
+ protected:
+    // Every slot from the first half second on: known and within 3 kHz, or marked and 0. Gives the
+    // share of the known ones.
+    double knownShare(const BandPlan& band) {
+        constexpr std::size_t kFirst = 10;
+        BandPlan alone = band;
+        alone.stations.resize(1);
+        const Heard truth = sent(alone, 2);
+        const Heard heard = hear(band, 2);
+        std::size_t known = 0;
+        for (std::size_t n = kFirst; n < heard.slots.size(); ++n) {
+            const StationSlot& slot = heard.slots[n];
+            if (slot.states.peak != FigureState::Known) {
+                EXPECT_TRUE(slot.figures.peakHz == 0 || slot.spoilt) << n;
+                continue;
+            }
+            ++known;
+            const double wrong = slot.figures.peakHz - truth.slots.at(n).figures.peakHz;
+            EXPECT_NEAR(wrong, 0, 3000) << n;
+            worst_ = std::max(worst_, std::fabs(wrong));
+        }
+        RecordProperty("worst", std::to_string(worst_));
+        return static_cast<double>(known) / static_cast<double>(heard.slots.size() - kFirst);
+    }
+
+ private:
+    double worst_ = 0;
+};
+
+TEST_F(PeakAccuracy, BesideAProgrammeOf20DecibelsMoreIsWithin3KilohertzOrUnknown) {
+    int row = 0;
+    for (const double side : {-200e3, 200e3}) {
+        for (const auto& [own, other] : {std::pair{0.8, 0.8}, {0.3, 1.1}, {1.1, 0.8}}) {
+            const double share = knownShare(besideProgramme(own, side, 20, other));
+            RecordProperty("known" + std::to_string(++row), std::to_string(share));
+        }
+    }
+}
+
+TEST_F(PeakAccuracy, BesideAProgrammeOfEqualStrengthIsWithin3Kilohertz) {
+    for (const double side : {-200e3, 200e3}) {
+        EXPECT_GE(knownShare(besideProgramme(0.8, side, 0, 0.8)), 0.8);
+        EXPECT_GE(knownShare(besideProgramme(0.8, side, -6, 0.8)), 0.9);
+    }
+}
+
+TEST_F(PeakAccuracy, InNoiseBelow20DecibelsIsWithin3KilohertzOrUnknown) {
+    for (const double db : {8.0, 12.0, 15.0, 18.0, 19.8}) knownShare(programmeOnAir(db));
+    EXPECT_EQ(knownShare(programmeOnAir(12)), 0);
+    EXPECT_EQ(knownShare(programmeOnAir(26)), 1);
+}
+
+// Tone, pilot and data make up 51.2 kHz at the most. All of it at once over a second, so that the
+// same code runs under the sanitizers, too.
+TEST(Air, AStationThatIsOffItsFrequencyFadesAndLosesSamplesIsMeasuredOn) {
+    BandPlan band = toneOnAir(50);
+    band.stations.front().carrierErrorHz = 8200;
+    const Way burst = replaced(51e-6, [] { return Sample(); });
+    const Way fade = levelMoves([](double t) { return -20 * t; });
+    const Heard heard = hear(
+        band, 0.85, [&](double t, Sample sample) { return fade(t, burst(t, sample)); },
+        LostSamples{.everySeconds = 9, .atSeconds = 0.6, .count = 4096});
+    EXPECT_EQ(heard.disturbances.bursts, 1U);
+    EXPECT_EQ(heard.disturbances.gaps, 1U);
+    EXPECT_EQ(heard.disturbances.lostSamples, 4096U);
+    std::size_t spoilt = 0;
+    for (std::size_t n = kStarting; n < heard.slots.size(); ++n) {
+        const StationSlot& slot = heard.slots[n];
+        EXPECT_EQ(slot.number, n);
+        spoilt += slot.spoilt ? 1 : 0;
+        EXPECT_EQ(slot.states.peak, slot.spoilt ? FigureState::Gap : FigureState::Known) << n;
+        EXPECT_LT(slot.figures.peakHz, 51.2e3 + 1000) << n;
+        if (!slot.spoilt) {
+            EXPECT_GT(slot.figures.peakHz, 51.2e3 - 3000) << n;
+        }
+    }
+    EXPECT_GE(spoilt, 2U);
+    EXPECT_LE(spoilt, 4U);
+    EXPECT_NEAR(heard.last().carrierHz, 8200, 5);
+    EXPECT_NEAR(heard.last().levelLeftDb, 20 * std::log10(0.6), 0.1);
+    EXPECT_GE(heard.last().separationLeftDb, 60);
+    EXPECT_NEAR(heard.last().pilotHz, 6750, 34);
+}
+
 }  // namespace
 }  // namespace hm16::receiver

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "drivers/receiver/chain/channel_filter.h"
+#include "drivers/receiver/chain/peak_doubt.h"
 #include "drivers/receiver/chain/sound_resampler.h"
 #include "drivers/receiver/chain/spoilt_samples.h"
 #include "drivers/receiver/figures/carrier_watch.h"
@@ -173,6 +174,28 @@ TEST(SpoiltSamples, SpansThatTouchBecomeOneAndAreFound) {
     spoilt.forget(1500);
     EXPECT_FALSE(spoilt.touches(0, 1999));
     EXPECT_TRUE(spoilt.touches(2000, 2001));
+}
+
+// What stands 50 kHz beside a carrier at a fiftieth of it moves it by 1 kHz.
+TEST(PeakDoubt, IsTheErrorThatAnotherStationMakes) {
+    const Rates rates = planRates(1.2e6, Domain::Band);
+    PeakDoubt doubt(rates);
+    std::vector<float> envelope;
+    for (int n = 0; n < 20000; ++n)
+        envelope.push_back(std::abs(
+            1.0F + std::polar(0.02F, static_cast<float>(std::fmod(
+                                         kStreamTurn * 50e3 / rates.channel * n, kStreamTurn)))));
+    doubt.add(envelope);
+    EXPECT_NEAR(doubt.takeHz(), 1000, 60);
+    EXPECT_EQ(doubt.takeHz(), 0);
+    // Its own fading is slow beside that.
+    std::vector<float> fading;
+    for (int n = 0; n < 20000; ++n)
+        fading.push_back(1 +
+                         0.5F * std::sin(static_cast<float>(kStreamTurn * 50 / rates.channel * n)));
+    PeakDoubt calm(rates);
+    calm.add(fading);
+    EXPECT_LT(calm.takeHz(), 60);
 }
 
 class WatchedCarrier : public testing::Test {
