@@ -262,6 +262,8 @@ void StationChain::endSlot() {
     spoiltSlots_ = slot_.spoilt ? spoiltSlots_ + 1 : 0;
     if (settings_.domain == Domain::Band) settleRadio();
     rds_.endSlot();
+    for (const RdsGroup& group : rds_.groups())
+        if (onGroup_) onGroup_(group);
     settleSlot(moments, now);
     settleAudio();
     while (!splices_.empty() && splices_.front() < now - 1) splices_.pop_front();

@@ -67,6 +67,9 @@ class StationChain {
     // Called at the end of each slot.
     void onSlot(std::function<void(const StationSlot&)> listener) { onSlot_ = std::move(listener); }
 
+    // Called with each group of RDS that came to its end; its time is that since the chain began.
+    void onGroup(std::function<void(const RdsGroup&)> listener) { onGroup_ = std::move(listener); }
+
     // Called with each stretch of audio, in Hz of deviation, de-emphasized; both equally long.
     using SoundListener = std::function<void(std::span<const float>, std::span<const float>)>;
     void onSound(SoundListener listener) { onSound_ = std::move(listener); }
@@ -149,6 +152,7 @@ class StationChain {
     Figures figures_;
     StationSlot slot_;
     std::function<void(const StationSlot&)> onSlot_;
+    std::function<void(const RdsGroup&)> onGroup_;
     SoundListener onSound_;
 
     std::vector<Sample> centred_;

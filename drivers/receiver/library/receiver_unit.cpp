@@ -60,6 +60,8 @@ void ReceiverUnit::tuneStation(double hz) {
     stationStart_ = signal_.clock().seconds();
     StationChain& chain = station_->chain();
     chain.onSlot([this](const StationSlot& slot) { takeSlot(slot); });
+    chain.onGroup([this](const RdsGroup& group) { takeGroup(group); });
+    groupsBefore_ = nextGroup_;
     resampler_.emplace(chain.soundHz());
     chain.onSound([this](std::span<const float> left, std::span<const float> right) {
         takeSound(left, right);

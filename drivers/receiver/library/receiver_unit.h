@@ -17,6 +17,7 @@
 #include "drivers/receiver/figures/ring.h"
 #include "drivers/receiver/library/band_meter.h"
 #include "drivers/receiver/library/receiver_options.h"
+#include "drivers/receiver/library/record_ring.h"
 #include "drivers/receiver/library/signal_reader.h"
 #include "drivers/receiver/library/sound_ring.h"
 #include "drivers/receiver/samples/sample_source.h"
@@ -55,6 +56,9 @@ class ReceiverUnit : public Unit {
     // The figures of the last slot that was measured.
     Figures heard() const;
 
+    // The groups of RDS of the last half minute, their time that of the signal.
+    const RecordRing<RdsGroup>& groups() const { return groups_; }
+
     // The sound of the tuned station, for whoever listens.
     const SoundRing& sound() const { return sound_; }
 
@@ -77,6 +81,7 @@ class ReceiverUnit : public Unit {
     void hear(std::span<const Sample> samples, std::span<const Loss> losses);
     void lose(std::uint64_t count);
     void takeSlot(const StationSlot& slot);
+    void takeGroup(const RdsGroup& group);
     void takeSound(std::span<const float> left, std::span<const float> right);
     void signalEnded();
     void lookForTones();
@@ -90,6 +95,7 @@ class ReceiverUnit : public Unit {
     PublishedReadings& readings_;
     SweepStore frames_;
     SlotRing slots_;
+    RecordRing<RdsGroup> groups_{360};
 
     mutable std::mutex mutex_;
     mutable std::condition_variable wake_;
@@ -105,9 +111,11 @@ class ReceiverUnit : public Unit {
     std::unique_ptr<TunedStation> station_;  // none where nothing can be heard
     double stationCentreHz_ = 0;             // centre of the samples that it takes
     double stationStart_ = 0;                // the signal's seconds when it was tuned
-    std::uint64_t missed_ = 0;               // samples that it has not heard, read for others
-    StationSlot heard_;                      // the last that was measured, for the report
-    Disturbances disturbances_;              // since the tuning
+    std::uint64_t groupsBefore_ = 0;         // that the stations before it have sent
+    std::uint64_t nextGroup_ = 0;
+    std::uint64_t missed_ = 0;   // samples that it has not heard, read for others
+    StationSlot heard_;          // the last that was measured, for the report
+    Disturbances disturbances_;  // since the tuning
     std::optional<SoundResampler> resampler_;
     SoundRing sound_;
     std::vector<StereoSample> soundOut_;

@@ -133,6 +133,14 @@ void ReceiverUnit::takeSlot(const StationSlot& slot) {
     publish();
 }
 
+void ReceiverUnit::takeGroup(const RdsGroup& group) {
+    RdsGroup out = group;
+    out.number += groupsBefore_;
+    out.endSeconds += stationStart_;
+    nextGroup_ = out.number + 1;
+    groups_.add(out);
+}
+
 void ReceiverUnit::takeSound(std::span<const float> left, std::span<const float> right) {
     soundOut_.clear();
     resampler_->process(left, right, soundOut_);

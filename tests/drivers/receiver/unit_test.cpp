@@ -110,6 +110,17 @@ TEST_F(ReceiverUnitTest, MeasuresTheTunedStationStepByStep) {
     EXPECT_NEAR(now.field, 100 + 20 * std::log10(0.3), 0.2);
     EXPECT_THAT(unit->report(), HasSubstr("rds programme: E123"));
     EXPECT_THAT(unit->report(), HasSubstr("rds name: SYNTH FM"));
+    std::array<RdsGroup, 40> groups;
+    std::uint64_t next = 0;
+    const std::size_t count = unit->groups().copy(0, groups, next);
+    ASSERT_GE(count, 10U);
+    EXPECT_EQ(next, groups.at(count - 1).number + 1);
+    for (std::size_t n = 0; n < count; ++n) {
+        EXPECT_TRUE(groups.at(n).whole());
+        EXPECT_EQ(groups.at(n).blocks[0].information, 0xE123);
+        EXPECT_GT(groups.at(n).endSeconds, 0);
+        EXPECT_LT(groups.at(n).endSeconds, 1.5);
+    }
     EXPECT_THAT(unit->report(), HasSubstr("gaps: 0 with 0 samples lost, bursts: 0\n"));
 }
 
