@@ -139,7 +139,8 @@ inline std::vector<float> multiplexOf(const RdsSignal& signal) {
         envelope.clear();
         generator.read(samples);
         channelFilter.process(samples, channel);
-        demodulator.process(channel, frequency, envelope, composite);
+        demodulator.discriminate(channel, frequency, envelope);
+        demodulator.lowPass(frequency, composite);
         untilCut -= seconds;
         if (signal.cutEvery == 0 || untilCut > 0) continue;
         untilCut = signal.cutEvery;
