@@ -52,7 +52,7 @@ constexpr double kOffCentreHz = 4000;
 constexpr std::size_t kSteadySlots = 4;
 
 // Slots from which the carrier is known well enough to take it out of the audio.
-constexpr std::size_t kFewestForAudio = 2;
+constexpr std::size_t kFewestForAudio = 1;
 
 std::vector<double> pilotBandTaps(const Rates& rates) {
     return designLowPass(rates.composite, 100, rates.narrow - 200);
@@ -260,6 +260,8 @@ void StationChain::endSlot() {
     const double now = static_cast<double>(slots_) * length;
     slot_.spoilt = spoiltBetween(now - length, now);
     spoiltSlots_ = slot_.spoilt ? spoiltSlots_ + 1 : 0;
+    // Where every slot is spoilt, what is left of them must do.
+    standing_ = slot_.spoilt && spoiltSlots_ <= kMostSpoiltSlots;
     if (settings_.domain == Domain::Band) settleRadio();
     rds_.endSlot();
     for (const RdsGroup& group : rds_.groups())
@@ -280,7 +282,7 @@ void StationChain::endSlot() {
 // What only a channel has: power, noise, width.
 void StationChain::settleRadio() {
     watch_.endSlot();
-    if (slot_.spoilt) {
+    if (standing_) {
         channelPower_.forgetSlot();
         peakNoise_.forgetSlot();
         return;
@@ -300,7 +302,7 @@ void StationChain::settleSlot(const SlotMoments& moments, double now) {
     const bool band = settings_.domain == Domain::Band;
     // Through a gap what was there before stands.
     const bool settled = sinceWidth_ > kSettling;
-    if (!figures_.carrier || spoiltSlots_ > kMostSpoiltSlots || (settled && !slot_.spoilt))
+    if (!figures_.carrier || (settled && !standing_))
         figures_.carrier =
             band ? watch_.carrier() && watch_.roughness() < kMostRoughness : moments.meanSquare > 0;
     if (!figures_.carrier) {
@@ -309,7 +311,7 @@ void StationChain::settleSlot(const SlotMoments& moments, double now) {
         return;
     }
     if (settled) settleCarrier(moments);
-    if (settled && !slot_.spoilt) tooNoisy_ = band && peakHidden();
+    if (settled && !standing_) tooNoisy_ = band && peakHidden();
     if (spoiltSlots_ > kMostSpoiltSlots || tooNoisy_) figures_.peakHz = 0;
     settlePilot(now);
     settlePower();
@@ -330,7 +332,11 @@ void StationChain::chooseWidth() {
     const bool narrow = filter_.width() == ChannelWidth::Narrow;
     if (narrow ? neighbour >= kNeighbourWide : neighbour <= kNeighbourNarrow) return;
     filter_.setWidth(narrow ? ChannelWidth::Wide : ChannelWidth::Narrow);
-    watch_.setRoughening(narrow ? shape_.roughening : filter_.roughening());
+    if (narrow) {
+        watch_.setFilter(shape_.roughening, CarrierWatch::Bursts::Sought);
+    } else {
+        watch_.setFilter(filter_.roughening(), CarrierWatch::Bursts::NotSought);
+    }
     figures_.narrow = !narrow;
     sinceWidth_ = 0;
     // What the other filter showed is no history for this one.
@@ -341,7 +347,7 @@ void StationChain::chooseWidth() {
 }
 
 void StationChain::settleCarrier(const SlotMoments& moments) {
-    if (!slot_.spoilt) {
+    if (!standing_) {
         carrier_.add(moments.meanHz);
         ++carrierSlots_;
         figures_.carrierHz = carrier_.hz();
@@ -351,8 +357,7 @@ void StationChain::settleCarrier(const SlotMoments& moments) {
     const double noise = noisy ? peakNoise_.rmsHz(watch_.roughness()) : 0;
     // In a spoilt slot what its good samples show: never more than the truth.
     figures_.peakHz = peak_.peakFrom(figures_.carrierHz, noise);
-    if (!slot_.spoilt)
-        meanSquares_.add(moments.meanSquare - figures_.carrierHz * figures_.carrierHz);
+    if (!standing_) meanSquares_.add(moments.meanSquare - figures_.carrierHz * figures_.carrierHz);
 }
 
 void StationChain::settlePilot(double now) {
@@ -419,9 +424,10 @@ void StationChain::settleAudio() {
         return at > from - kPilotAroundSeconds - kPilotSpreadSeconds &&
                at < to + kPilotAroundSeconds + kPilotSpreadSeconds;
     });
+    const bool spoilt =
+        spliced || spoiltBetween(from - kAudioSpreadSeconds, to + kAudioSpreadSeconds);
     audio_.add(left_, right_, figures_.stereo,
-               spliced || carrierSlots_ < kFewestForAudio ||
-                   spoiltBetween(from - kAudioSpreadSeconds, to + kAudioSpreadSeconds));
+               carrierSlots_ < kFewestForAudio || (spoilt && spoiltSlots_ <= kMostSpoiltSlots));
     figures_.levelLeftDb = audio_.leftDb();
     figures_.levelRightDb = audio_.rightDb();
     figures_.levelSumDb = audio_.sumDb();

@@ -128,6 +128,7 @@ class StationChain {
     std::deque<double> splices_;  // where an unknown number is missing, in the multiplex's time
     Disturbances disturbances_;
     bool inGap_ = false;
+    bool standing_ = false;                      // figures stand over a spoilt slot
     std::optional<std::uint64_t> countedBurst_;  // block of the last one
     bool tooNoisy_ = false;
     std::uint64_t handedOn_ = 0;   // samples of frequency_ that have gone before those in it

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drivers/receiver/figures/audio_figures.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace hm16::receiver {
@@ -23,25 +22,18 @@ AudioFigures::AudioFigures(double audioHz)
 
 void AudioFigures::add(std::span<const float> left, std::span<const float> right, bool stereo,
                        bool spoilt) {
+    if (spoilt) {
+        heldLeft_.clear();
+        heldRight_.clear();
+        tones_.forgetStretch();
+        return;
+    }
     heldLeft_.insert(heldLeft_.end(), left.begin(), left.end());
     heldRight_.insert(heldRight_.end(), right.begin(), right.end());
-    if (spoilt) spoiltUntil_ = heldLeft_.size();
     while (heldLeft_.size() >= block_) takeBlock(stereo);
 }
 
 void AudioFigures::takeBlock(bool stereo) {
-    if (spoiltUntil_ > 0) {
-        tones_.forgetStretch();
-    } else {
-        judgeBlock(stereo);
-    }
-    const auto used = static_cast<std::ptrdiff_t>(block_);
-    heldLeft_.erase(heldLeft_.begin(), heldLeft_.begin() + used);
-    heldRight_.erase(heldRight_.begin(), heldRight_.begin() + used);
-    spoiltUntil_ -= std::min(spoiltUntil_, block_);
-}
-
-void AudioFigures::judgeBlock(bool stereo) {
     const auto left = std::span<const float>(heldLeft_).first(block_);
     const auto right = std::span<const float>(heldRight_).first(block_);
     AudioPower whole;
@@ -60,6 +52,9 @@ void AudioFigures::judgeBlock(bool stereo) {
     noiseRight_.add(whole.right);
     if (stereo) separation_.add(left, right);
     if (tones_.add(left, right)) ++looks_;
+    const auto used = static_cast<std::ptrdiff_t>(block_);
+    heldLeft_.erase(heldLeft_.begin(), heldLeft_.begin() + used);
+    heldRight_.erase(heldRight_.begin(), heldRight_.begin() + used);
 }
 
 }  // namespace hm16::receiver

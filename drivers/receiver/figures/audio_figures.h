@@ -39,13 +39,11 @@ class AudioFigures {
 
  private:
     void takeBlock(bool stereo);
-    void judgeBlock(bool stereo);
 
     std::size_t step_;   // samples of a programme level's step
     std::size_t block_;  // of 50 ms
     std::vector<float> heldLeft_;
     std::vector<float> heldRight_;
-    std::size_t spoiltUntil_ = 0;  // so many of the held samples are, or lie before such
     ProgrammeLevel left_;
     ProgrammeLevel right_;
     ProgrammeLevel sum_;

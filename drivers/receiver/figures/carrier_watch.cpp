@@ -94,7 +94,9 @@ CarrierWatch::Finding CarrierWatch::judged(const Block& block) {
         return without_ <= kLongestGapBlocks ? Finding::Gap : Finding::Carrier;
     }
     without_ = 0;
-    if (middleMean_ <= 0 || bursts_ > kMostBursts) return Finding::Carrier;
+    if (middleMean_ <= 0 || burstsKept_ > kMostBursts) return Finding::Carrier;
+    // In noise nothing stands out.
+    if (bursts_ == Bursts::NotSought || middleRoughness_ >= kGoodAir) return Finding::Carrier;
     limits_ = limitsFor(block);
     const bool outstanding = block.spike > limits_.spike || block.lowest < limits_.lowest ||
                              block.highest > limits_.highest;
@@ -128,7 +130,7 @@ CarrierWatch::Look CarrierWatch::look(const float* frequency, const float* envel
         burst_.push_back(burst);
         if (spikes_.size() == kFewest) settleMiddle();
     } else {
-        if (burst_[next_]) --bursts_;
+        if (burst_[next_]) --burstsKept_;
         spikes_[next_] = block.spike;
         means_[next_] = static_cast<float>(block.mean);
         lowest_[next_] = lowest;
@@ -142,7 +144,7 @@ CarrierWatch::Look CarrierWatch::look(const float* frequency, const float* envel
         ++blocks_;
         return look;
     }
-    ++bursts_;
+    ++burstsKept_;
     std::size_t first = kBlock;
     std::size_t last = 0;
     for (std::size_t n = 0; n < kBlock; ++n) {
@@ -180,7 +182,9 @@ void CarrierWatch::endSlot() {
     if (blocks_ > 0) {
         roughness_ = meanSum_ > 0 ? roughSum_ / meanSum_ : 1;
         constexpr double kRemembered = 0.7;
-        middleRoughness_ = kRemembered * middleRoughness_ + (1 - kRemembered) * roughness_;
+        middleRoughness_ = middleRoughness_ >= 1
+                               ? roughness_
+                               : kRemembered * middleRoughness_ + (1 - kRemembered) * roughness_;
     } else if (without_ > kLongestGapBlocks) {
         roughness_ = 1;
     }

@@ -41,7 +41,12 @@ class CarrierWatch {
     // the channel's filter, as a share of its variance.
     CarrierWatch(double rateHz, double roughening);
 
-    void setRoughening(double roughening) { roughening_ = roughening; }
+    // For another filter. Beside a strong neighbour, whose beat looks like bursts, none are sought.
+    enum class Bursts { Sought, NotSought };
+    void setFilter(double roughening, Bursts bursts) {
+        roughening_ = roughening;
+        bursts_ = bursts;
+    }
 
     // `frequency` and `envelope` point to a block's first sample, with kBeside more on each side.
     Look look(const float* frequency, const float* envelope);
@@ -77,6 +82,7 @@ class CarrierWatch {
     void settleMiddle();
 
     double roughening_;
+    Bursts bursts_ = Bursts::Sought;
     float leastSpikeHz_;
     double roughSum_ = 0;
     double meanSum_ = 0;
@@ -90,7 +96,7 @@ class CarrierWatch {
     std::vector<float> highest_;
     std::vector<bool> burst_;
     std::size_t next_ = 0;
-    std::size_t bursts_ = 0;  // of the blocks kept
+    std::size_t burstsKept_ = 0;  // of the blocks kept
     Limits limits_{};
     float middleSpike_ = 0;
     float middleMean_ = 0;

@@ -43,19 +43,18 @@ void PilotTrack::add(double seconds, std::complex<float> point) {
 }
 
 void PilotTrack::join(double seconds) {
+    const PilotLine before = fit(seconds - kKeptSeconds, seconds - kBlurredSeconds);
+    const PilotLine behind = fit(seconds + kBlurredSeconds, seconds + kKeptSeconds);
+    if (!before.steady() || !behind.steady()) return;
+    // With whole turns between the two sides.
+    const double apart = behind.phase - before.phaseAt(behind.time);
+    const double jump = apart - kTwoPi * std::round(apart / kTwoPi);
+    if (std::fabs(jump) < kJumpRadians) return;
     std::erase_if(points_,
                   [=](const Point& p) { return std::fabs(p.seconds - seconds) < kBlurredSeconds; });
-    const PilotLine before = fit(seconds - kKeptSeconds, seconds);
-    const PilotLine behind = fit(seconds, seconds + kKeptSeconds);
-    if (!before.steady() || !behind.steady()) return;
-    double jump = behind.phase - before.phaseAt(behind.time);
-    jump -= kTwoPi * std::round(jump / kTwoPi);
-    if (std::fabs(jump) < kJumpRadians) jump = 0;
-    // Whole turns between the two sides go out, too.
-    const double turns = behind.phase - (before.phaseAt(behind.time) + jump);
     for (Point& p : points_) {
         if (p.seconds > seconds) break;
-        p.phase += jump + turns;
+        p.phase += apart;
         p.value *= static_cast<std::complex<float>>(std::polar(1.0, jump));
     }
 }

@@ -200,8 +200,8 @@ TEST_F(AirAccuracy, AFadeIntoTheNoiseIsFollowed) {
         return fade(t, sample) + static_cast<float>(noise) * random.noise();
     });
     const Misses misses = missesOf(heard, truth);
-    EXPECT_LT(misses.over, 1500);
-    EXPECT_LT(misses.under, 1500);
+    EXPECT_LT(misses.over, 3000);
+    EXPECT_LT(misses.under, 3000);
     EXPECT_EQ(misses.blank, 0U);
 }
 

@@ -115,7 +115,8 @@ TEST_F(ReceiverUnitTest, MeasuresTheTunedStationStepByStep) {
     const std::size_t count = unit->groups().copy(0, groups, next);
     ASSERT_GE(count, 10U);
     EXPECT_EQ(next, groups.at(count - 1).number + 1);
-    for (std::size_t n = 0; n < count; ++n) {
+    // The first came in its middle.
+    for (std::size_t n = 1; n < count; ++n) {
         EXPECT_TRUE(groups.at(n).whole());
         EXPECT_EQ(groups.at(n).blocks[0].information, 0xE123);
         EXPECT_GT(groups.at(n).endSeconds, 0);
