@@ -25,7 +25,7 @@ constexpr double kMostPeakRoughness = 0.0118;
 // The discriminator clicks now and then, and a click is no peak of the station.
 constexpr double kMostRoughnessBesideNeighbour = 0.04;
 // What a neighbour may have added, so that a peak is within 3 kHz.
-constexpr double kMostDoubtHz = 4500;
+constexpr double kMostDoubtHz = 5000;
 
 // A neighbour within these 200 kHz away beats with the carrier inside the multiplex.
 constexpr double kNeighbourNarrow = 0.04;
