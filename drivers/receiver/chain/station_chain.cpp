@@ -20,10 +20,10 @@ constexpr double kMostRoughness = 0.1;
 
 // A programme's crest that comes once in a slot keeps the noise that it meets: below some 20 dB of
 // carrier to noise in 200 kHz a peak may be wrong by more than 3 kHz.
-constexpr double kMostPeakRoughness = 0.0105;
+constexpr double kMostPeakNoiseHz = 2700;
 
 // The discriminator clicks now and then, and a click is no peak of the station.
-constexpr double kMostRoughnessBesideNeighbour = 0.04;
+constexpr double kMostPeakRoughness = 0.04;
 // What a neighbour may have added, so that a peak is within 3 kHz.
 constexpr double kMostDoubtHz = 5000;
 // Beside one this much stronger its swings are longer and steeper.
@@ -325,11 +325,10 @@ void StationChain::settleSlot(const SlotMoments& moments, double now) {
 // By noise, or by a neighbour whose swings come in.
 bool StationChain::peakHidden() {
     const double doubtHz = peakDoubt_.takeHz();
-    const double mostHz =
-        channelPower_.neighbour() > kMuchStronger ? kMostDoubtBesideStrongHz : kMostDoubtHz;
-    if (figures_.narrow)
-        return doubtHz > mostHz || watch_.roughness() > kMostRoughnessBesideNeighbour;
-    return watch_.roughness() > kMostPeakRoughness;
+    if (watch_.roughness() > kMostPeakRoughness) return true;
+    if (!figures_.narrow) return peakNoise_.rmsHz(watch_.roughness()) > kMostPeakNoiseHz;
+    const bool strong = channelPower_.neighbour() > kMuchStronger;
+    return doubtHz > (strong ? kMostDoubtBesideStrongHz : kMostDoubtHz);
 }
 
 void StationChain::chooseWidth() {
