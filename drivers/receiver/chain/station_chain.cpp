@@ -314,7 +314,9 @@ void StationChain::settleSlot(const SlotMoments& moments, double now) {
         return;
     }
     if (settled) settleCarrier(moments);
-    if (settled && !standing_) tooNoisy_ = band && peakHidden();
+    // Asked each time: what a change of the filter shows is no doubt of the slots behind it.
+    const bool hidden = band && peakHidden();
+    if (settled && !standing_) tooNoisy_ = hidden;
     if (spoiltSlots_ > kMostSpoiltSlots || tooNoisy_) figures_.peakHz = 0;
     settlePilot(now);
     settlePower();
