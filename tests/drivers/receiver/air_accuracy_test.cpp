@@ -19,7 +19,7 @@ namespace {
 constexpr std::size_t kStarting = 6;
 
 // Seconds of signal: long enough for the disturbances of each of them, under the sanitizers one.
-constexpr double kLong = kReduced ? 0.8 : 4;
+constexpr double kLong = kReduced ? 0.8 : 2.2;
 
 BandPlan programmeOnAir(double carrierToNoiseDb) {
     BandPlan band = bandWith([](StationPlan& s) {
