@@ -40,7 +40,7 @@ constexpr std::size_t kSettling = 2;
 // What a gap may still reach before the place where it was found, in samples of the channel.
 constexpr std::size_t kBeforeFinding = CarrierWatch::kBlock + 64;
 
-// Through so many slots in a row that are spoilt the last peak stands: 150 ms.
+// Through so many slots in a row that are spoilt figures stand: 150 ms.
 constexpr std::size_t kMostSpoiltSlots = 3;
 
 // The audio's filters spread a disturbance by as much to each side.
@@ -317,7 +317,7 @@ void StationChain::settleSlot(const SlotMoments& moments, double now) {
     // Asked each time: what a change of the filter shows is no doubt of the slots behind it.
     const bool hidden = band && peakHidden();
     if (settled && !standing_) tooNoisy_ = hidden;
-    if (spoiltSlots_ > kMostSpoiltSlots || tooNoisy_) figures_.peakHz = 0;
+    if (tooNoisy_) figures_.peakHz = 0;
     settlePilot(now);
     settlePower();
     peaks_.add(settled ? figures_.peakHz : 0);

@@ -8,10 +8,10 @@
 namespace hm16::receiver {
 namespace {
 
-constexpr std::size_t kKept = 500;               // blocks: half a second or more
-constexpr std::size_t kFewest = 20;              // before anything can stand out of them
-constexpr float kStandsOut = 2.5F;               // times the middle spike
-constexpr std::size_t kMostBursts = kKept / 20;  // more of them are how this air is
+constexpr std::size_t kKept = 500;      // blocks: half a second or more
+constexpr std::size_t kFewest = 20;     // before anything can stand out of them
+constexpr float kStandsOut = 2.5F;      // times the middle spike
+constexpr std::size_t kMostBursts = 3;  // more of them are how this air is
 
 // The envelope of a burst: under this share of where the middle block has its lowest, or as much
 // further over its mean.
