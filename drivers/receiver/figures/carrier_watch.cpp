@@ -8,10 +8,10 @@
 namespace hm16::receiver {
 namespace {
 
-constexpr std::size_t kKept = 500;      // blocks: half a second or more
-constexpr std::size_t kFewest = 20;     // before anything can stand out of them
-constexpr float kStandsOut = 2.5F;      // times the middle spike
-constexpr std::size_t kMostBursts = 3;  // more of them are how this air is
+constexpr std::size_t kKept = 500;       // blocks: half a second or more
+constexpr std::size_t kFewestKept = 20;  // before anything can stand out of them
+constexpr float kStandsOut = 2.5F;       // times the middle spike
+constexpr std::size_t kMostBursts = 3;   // more of them are how this air is
 
 // The envelope of a burst: under this share of where the middle block has its lowest, or as much
 // further over its mean.
@@ -105,9 +105,9 @@ CarrierWatch::Finding CarrierWatch::judged(const Block& block) {
 
 CarrierWatch::Limits CarrierWatch::limitsFor(const Block& block) {
     const auto mean = static_cast<float>(block.mean);
-    const float spike = std::max(middleSpike_, middleOf(spikes_, kFewest));
-    const float lowest = std::min(middleLowest_, middleOf(lowest_, kFewest));
-    const float highest = std::max(middleHighest_, middleOf(highest_, kFewest));
+    const float spike = std::max(middleSpike_, middleOf(spikes_, kFewestKept));
+    const float lowest = std::min(middleLowest_, middleOf(lowest_, kFewestKept));
+    const float highest = std::max(middleHighest_, middleOf(highest_, kFewestKept));
     return {std::max(leastSpikeHz_, kStandsOut * spike), mean * kDeep * lowest,
             mean * (1 + kHigh * (highest - 1) + kHighAnyway)};
 }
@@ -128,7 +128,7 @@ CarrierWatch::Look CarrierWatch::look(const float* frequency, const float* envel
         lowest_.push_back(lowest);
         highest_.push_back(highest);
         burst_.push_back(burst);
-        if (spikes_.size() == kFewest) settleMiddle();
+        if (spikes_.size() == kFewestKept) settleMiddle();
     } else {
         if (burst_[next_]) --burstsKept_;
         spikes_[next_] = block.spike;
@@ -161,7 +161,7 @@ CarrierWatch::Look CarrierWatch::look(const float* frequency, const float* envel
 
 // In the half second, and just now: noise may come up fast.
 void CarrierWatch::settleMiddle() {
-    if (spikes_.size() < kFewest) return;
+    if (spikes_.size() < kFewestKept) return;
     middleMean_ = middleOf(means_, means_.size());
     middleSpike_ = middleOf(spikes_, spikes_.size());
     middleLowest_ = middleOf(lowest_, lowest_.size());
