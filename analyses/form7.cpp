@@ -2,13 +2,16 @@
 #include "analyses/form7.h"
 
 #include "analyses/form_dd3.h"
+#include "analyses/response_curve.h"
 #include "core/language.h"
 #include "core/look.h"
 #include "core/numbers.h"
 
 namespace hmonitor {
 
-Form7::Form7(Program& itsProgram) : ChartSheet(itsProgram, "Form7") {}
+Form7::Form7(Program& itsProgram) : ChartSheet(itsProgram, "Form7") {
+    Graph1.numbers = [this] { return ResponseCurve::numbers(program, Graph1); };
+}
 
 void Form7::onLoad() {
     constexpr float kFirstBrandLeft = 5760;

@@ -8,6 +8,7 @@
 #include "core/refused_run.h"
 #include "core/taken_for_granted.h"
 #include "program/rack_place.h"
+#include "program/station_line.h"
 #include "program/tuner.h"
 #include "program/unit_generation.h"
 
@@ -24,6 +25,7 @@ Form_BandSCanner::Form_BandSCanner(Program& itsProgram)
     Timer1.onTick = [this] { frames_.look(); };
     Graph1.tellCell = [this](int row, int column) { return tellCell(row, column); };
     Graph1.reading = [this] { return tellStrongest(); };
+    Graph1.numbers = [this] { return numbersShown(); };
     bindHandle(SSPanel1.onMouseDown, SSPanel1.onMouseMove, {this});
 }
 
@@ -128,6 +130,25 @@ std::string Form_BandSCanner::tellCell(int row, int column) const {
     const std::string channel = channelText(cell);
     if (cell.what == ScannedChannels::What::Nothing) return channel;
     return channel + ": " + std::string(Graph1.dataAt(row, column)) + " dB";
+}
+
+display::NumberTable Form_BandSCanner::numbersShown() const {
+    constexpr double kHundredths = 100;
+    display::NumberTable table =
+        tableOfStation(program, wordsIn(language, {"Barrido de banda", "Band Scanner"}));
+    table.columns = {{std::string(wordsIn(language, {"Frecuencia", "Frequency"})), "MHz"},
+                     {std::string(wordsIn(language, {"Nivel", "Level"})), "dBuV"}};
+    for (int row = 1; row <= Graph1.rowCount(); ++row) {
+        for (int column = 1; column <= Graph1.columnCount(); ++column) {
+            const ScannedChannels::Cell cell = scanned_.at({row, column});
+            if (cell.what == ScannedChannels::What::Nothing) continue;
+            // A stored level whose channel is not known has no frequency.
+            const bool known = cell.what == ScannedChannels::What::Channel;
+            table.rows.push_back({known ? shortText(cell.hundredths / kHundredths).str() : "",
+                                  shortText(valueOf(Graph1.dataAt(row, column))).str()});
+        }
+    }
+    return table;
 }
 
 std::string Form_BandSCanner::tellStrongest() const {

@@ -10,6 +10,7 @@
 #include "core/program_form.h"
 #include "display/chart.h"
 #include "display/family.h"
+#include "display/number_table.h"
 #include "program/frame_run.h"
 #include "program/point_run.h"
 
@@ -25,6 +26,8 @@ class Form_BandSCanner final : public ProgramForm, private LevelSink {
 
     /// The choice of channels that stands.
     const ScanOption& option() const;
+    /// The levels that the chart shows, of this window and of its page.
+    display::NumberTable numbersShown() const;
 
     display::Panel Faceplate{*this, "Faceplate"};
     display::Panel SSPanel1{*this, "SSPanel1"};  ///< moves the window

@@ -25,6 +25,7 @@ constexpr float kPlotTop = 180;
 constexpr float kPlotHeight = 3920;
 constexpr float kRowLabelRoom = 300;
 constexpr float kViewHeight = kPlotTop + kPlotHeight + kRowLabelRoom;
+constexpr float kLegendTop = 5530;
 
 }  // namespace
 
@@ -50,6 +51,7 @@ void Form_BandSCanner::layOutChart() {
     place(Label12, {60, kPlotTop + kPlotHeight + 120, kScaleWidth - 160, 150}, &ChartWell,
           look::kUnitText.right(), "dB");
 
+    Graph1.pictureBox = {look::kMargin, 520, kWidth - 2 * look::kMargin, kLegendTop + 260 - 520};
     place(ChartView, {kScaleWidth, 0, kViewWidth, kViewHeight}, &ChartWell);
     place(Graph1, {-kMarginLeft, 0, kChartWidth, kViewHeight}, &ChartView,
           Says{"Niveles de la banda", "Levels of the band"});
@@ -64,7 +66,6 @@ void Form_BandSCanner::layOutChart() {
 }
 
 void Form_BandSCanner::layOutFoot() {
-    constexpr float kLegendTop = 5530;
     place(Label_Channels, {look::kMargin, kLegendTop, 1300, 170}, look::kCaptionText, "Channels:");
     for (std::size_t i = 0; i < ScanLegend::kColumns; ++i) {
         const float x = 1700 + 900 * static_cast<float>(i);

@@ -7,6 +7,7 @@
 #include "analyzer/frm_spectrum_analizer.h"
 #include "core/taken_for_granted.h"
 #include "performance/form_d4a.h"
+#include "spectrum/channel_table.h"
 #include "spectrum/class1.h"
 #include "spectrum/form_d1.h"
 #include "spectrum/form_d1a.h"

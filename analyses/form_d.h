@@ -8,6 +8,7 @@
 namespace hmonitor {
 
 class Class1;
+struct ShownSpectrum;
 
 /// The analyses panel of the rack: doors to the long analyses and four small things about the
 /// tuned station.
@@ -68,6 +69,7 @@ class Form_D final : public ProgramForm {
     void arm(const Readings& atArming);
 
     std::unique_ptr<Class1> graph_;
+    std::unique_ptr<ShownSpectrum> shownSpectrum_;
 };
 
 }  // namespace hmonitor

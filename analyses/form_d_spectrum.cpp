@@ -2,6 +2,7 @@
 #include "analyses/form_d.h"
 #include "program/tuner.h"
 #include "spectrum/channel_spectrum_file.h"
+#include "spectrum/channel_table.h"
 #include "spectrum/class1.h"
 
 namespace hmonitor {
@@ -23,20 +24,25 @@ void Form_D::makeGraph() {
     graph_->SkipLabels = 0;
     graph_->XStep = 0;
     graph_->GraphInit();
+    shownSpectrum_ = std::make_unique<ShownSpectrum>();
+    PictureGraph1.numbers = [this] { return shownSpectrum_->table(program, language); };
 }
 
 void Form_D::spect() {
     const auto stored = ChannelSpectrum::read(program.files, program.tuner->TunedFreq);
+    *shownSpectrum_ = {};
     if (!stored || stored->points < 1) {
         graph_->GraphClean();
         return;
     }
     graph_->XColumns = stored->points;
     graph_->GraphInit();
+    shownSpectrum_->begin(stored->points, stored->stepKhz());
     // A file that ends before its count draws what is there.
     for (int i = 1; i <= static_cast<int>(stored->values.size()); ++i) {
         Int16 y = stored->value(i);
         graph_->GraphLine(i, y);
+        shownSpectrum_->put(i, stored->values[static_cast<std::size_t>(i - 1)]);
     }
 }
 

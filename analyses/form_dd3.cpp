@@ -15,6 +15,7 @@ Form_Dd3::Form_Dd3(Program& itsProgram) : ProgramForm(itsProgram, "Form_Dd3") {
     SSCommand1.onClick = [this] { openPage(); };
     Graph1.tellCell = [this](int row, int) { return ResponseCurve::tell(Graph1, row); };
     Graph1.reading = [this] { return ResponseCurve::tellAll(Graph1); };
+    Graph1.numbers = [this] { return ResponseCurve::numbers(program, Graph1); };
     bindHandle(Panel3D1.onMouseDown, Panel3D1.onMouseMove, {this});
 }
 

@@ -43,6 +43,7 @@ void Form_Dd3::layOut() {
     Graph1.highest = kHighest;
     Graph1.gridStep = kLineStep;
     Graph1.columnCount(1);
+    Graph1.pictureBox = ChartWell.boxOnForm();
 
     constexpr float kKeyTop = 5180;
     place(SSCommand1, {kWidth - 3960, kKeyTop, 1700, look::kKeyHeight}, "Print Form",

@@ -8,7 +8,9 @@
 namespace hmonitor {
 
 Form_PrintBandScan::Form_PrintBandScan(Program& itsProgram)
-    : ChartSheet(itsProgram, "Form_PrintBandScan") {}
+    : ChartSheet(itsProgram, "Form_PrintBandScan") {
+    Graph1.numbers = [this] { return program.Form_BandSCanner.peek().numbersShown(); };
+}
 
 void Form_PrintBandScan::onLoad() {
     SheetForm::onLoad();

@@ -6,6 +6,7 @@
 #include "core/language.h"
 #include "core/numbers.h"
 #include "display/chart.h"
+#include "program/station_line.h"
 
 namespace hmonitor {
 
@@ -92,6 +93,24 @@ std::string ResponseCurve::tellAll(const display::Chart& chart) {
     for (int row = 1; row <= chart.rowCount(); ++row)
         all += (row > 1 ? ", " : "") + tell(chart, row);
     return all;
+}
+
+display::NumberTable ResponseCurve::numbers(const Program& program, const display::Chart& chart) {
+    const display::Language language = chart.form().language;
+    display::NumberTable table = tableOfStation(
+        program, wordsIn(language, {"Respuesta a frecuencia", "Frequency Response"}));
+    table.columns = {{std::string(wordsIn(language, {"Tono", "Tone"})), "Hz"},
+                     {std::string(wordsIn(language, {"Nivel", "Level"})), "dB"}};
+    if (!chart.note.empty()) return table;
+    std::string hz;
+    for (int row = chart.rowCount(); row >= 1; --row) {
+        // Of a tone that was measured twice the label stands with the second.
+        for (const Tone& tone : kTestTones)
+            if (chart.rowLabelAt(row) == tone.label) hz = wholeText(tone.hz).str();
+        const double tenths = 10 * (valueOf(chart.dataAt(row, 1)) - kZeroDbRow);
+        table.rows.insert(table.rows.begin(), {hz, shortText(toWhole(tenths) / 10.).str()});
+    }
+    return table;
 }
 
 }  // namespace hmonitor

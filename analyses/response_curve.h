@@ -6,7 +6,9 @@
 #include <vector>
 
 #include "core/driver.h"
+#include "core/program.h"
 #include "core/small_text.h"
+#include "display/number_table.h"
 
 namespace display {
 class Chart;
@@ -51,6 +53,8 @@ class ResponseCurve {
     static std::string tell(const display::Chart& chart, int row);
     /// The same of all rows, for a screen reader.
     static std::string tellAll(const display::Chart& chart);
+    /// The measured tones of such a chart and their levels; none of an empty curve.
+    static display::NumberTable numbers(const Program& program, const display::Chart& chart);
 
  private:
     bool measured_ = true;

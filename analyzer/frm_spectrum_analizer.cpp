@@ -47,6 +47,8 @@ void frmSpectrumAnalizer::bindKeys() {
     for (display::Picture* key : {&butPause, &butPause_BW})
         key->onClick = [this] { butPause_Click(); };
     SSCommand1.onClick = [this] { openPage(); };
+    Picture3d.numbers = [this] { return numbersOfMap(); };
+    PictureZoom.numbers = [this] { return numbersOfBars(); };
     Timer1.onTick = [this] {
         blink();
         frames_.look();

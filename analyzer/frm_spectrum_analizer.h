@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <map>
 #include <memory>
 
 #include "analyzer/density_colors.h"
@@ -10,6 +11,7 @@
 #include "core/int16.h"
 #include "core/program_form.h"
 #include "display/family.h"
+#include "display/number_table.h"
 #include "program/frame_run.h"
 #include "program/point_run.h"
 
@@ -171,6 +173,9 @@ class frmSpectrumAnalizer final : public ProgramForm, private LevelSink {
     void endScan();
     void close();
     float fieldCorrection() const;
+    display::NumberTable tableOf(std::string_view title) const;
+    display::NumberTable numbersOfMap() const;
+    display::NumberTable numbersOfBars() const;
 
     UnitLease lease_{program, *this};
     FrameRun frames_{program, Timer1, *this};
@@ -181,8 +186,14 @@ class frmSpectrumAnalizer final : public ProgramForm, private LevelSink {
     SweepCounter sweep_{measurement};
     SparseLabels zoomCanvas_{PictureZoom.drawing, kZoomPoints};
     std::unique_ptr<Class1> bars_;  ///< while a sweep is drawn
-    Class1* map_ = nullptr;         ///< while ShowSpectrum_3D works
-    bool toldFault_ = false;        ///< a save that failed was told in this scan
+    /// What the bars show, by their column: a level in dB over a microvolt, at a frequency.
+    struct Bar {
+        double mhz = 0;
+        int level = 0;
+    };
+    std::map<int, Bar> shownBars_;
+    Class1* map_ = nullptr;   ///< while ShowSpectrum_3D works
+    bool toldFault_ = false;  ///< a save that failed was told in this scan
     bool closeAfterRun_ = false;
 };
 

@@ -99,6 +99,7 @@ void frmSpectrumAnalizer::take(int index, float raw) {
     if (bars_ && index >= 0) {
         Int16 fromTop = 100 - level;
         bars_->GraphLine(index + 1, fromTop);
+        shownBars_[index] = {columnMhz(index), level};
     }
     if (points_.running() && measurement.ScanRunning != 0) blink();
 }

@@ -56,6 +56,7 @@ void frmSpectrumAnalizer::openBars() {
     bars_ = std::make_unique<Class1>(
         sweepGraph(zoomCanvas_, kWholeBand, StepKHz, skipLabelsFor(last())));
     bars_->GraphInit();
+    shownBars_.clear();
 }
 
 void frmSpectrumAnalizer::closeRequested() {

@@ -73,7 +73,9 @@ void frmSpectrumAnalizer::ShowSpectrum_SpectralZoom(std::string_view fileName) {
     Class1 graph = sweepGraph(zoomCanvas_, columns, bytes ? sweep.stepKhz() : Int16(kScanStepKhz),
                               skipLabelsFor(columns));
     graph.GraphInit();
+    shownBars_.clear();
     EscalaClean(graph.XColumns, graph.XStep);
+    // What is made up has no numbers.
     if (!bytes) {
         for (int i = 1; i <= kWholeBand; ++i) {
             Int16 fromTop = toWhole(100 - madeUpLevel(i, desktop().random()));
@@ -83,6 +85,8 @@ void frmSpectrumAnalizer::ShowSpectrum_SpectralZoom(std::string_view fileName) {
     }
     // A sweep that ends before its count draws no more.
     for (int i = 1; i <= static_cast<int>(sweep.values.size()); ++i) {
+        constexpr double kKhzPerMhz = 1000;
+        shownBars_[i] = {sweep.beforeFirstMhz + i * sweep.stepKhz() / kKhzPerMhz, sweep.value(i)};
         Int16 fromTop = 100 - sweep.value(i);
         graph.GraphLine(i, fromTop);
     }
@@ -131,6 +135,8 @@ void frmSpectrumAnalizer::openPage() {
     const display::PictureBox& view = zoomOnShow() ? PictureZoom : Picture3d;
     page.Label2.caption = longDate(desktop());
     page.Picture1.drawing.take(view.drawing);
+    for (display::PictureBox* box : {&page.Picture1, &page.Picture1B})
+        box->numbers = [table = view.numbers()] { return table; };
     // The table belongs to the channel spectrum.
     page.Picture1B.drawing.clear();
     page.Picture1.left = view.left.get();

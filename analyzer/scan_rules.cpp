@@ -13,6 +13,7 @@ namespace {
 
 constexpr float kBandStart = 88.0f;
 constexpr float kBandStop = 108.0f;
+constexpr int kBandStartKhz = 88000;
 constexpr float kLowestStart = 87.5f;
 constexpr float kLowestStop = 89.0f;
 constexpr float kStepMhz = static_cast<float>(kScanStepKhz) / 1000;
@@ -23,9 +24,12 @@ std::int32_t scanIndex(float mhz) {
     return toWhole((mhz - kBandStart) * 1000 / kScanStepKhz);
 }
 
+double columnMhz(int index) {
+    return (kBandStartKhz + index * kScanStepKhz) / 1000.;
+}
+
 float scanFrequency(int index) {
     // From the number of the point, in quarters of a unit, so that nothing adds up.
-    constexpr int kBandStartKhz = 88000;
     return static_cast<float>(kBandStartKhz + index * kScanStepKhz) / 100.0f;
 }
 

@@ -11,6 +11,8 @@ inline constexpr int kScanStepKhz = 25;
 
 /// The step index of a frequency in MHz: 0 is 88 MHz, 800 is 108 MHz. Halves to even.
 std::int32_t scanIndex(float mhz);
+/// The frequency of a step index in MHz.
+double columnMhz(int index);
 /// The frequency of an index in units of 100 kHz.
 float scanFrequency(int index);
 

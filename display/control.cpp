@@ -12,6 +12,7 @@ Control::Control(Form& form, std::string name)
 
 void Control::reset() {
     forEachCommonProperty([](std::string_view, auto& property) { resetProperty(property); });
+    pictureBox = {};
     timesPlaced = 0;
     resetKind();
 }

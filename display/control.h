@@ -14,6 +14,7 @@ class ControlVisitor;
 class Form;
 enum class Language { Spanish, English };
 class Panel;
+struct NumberTable;
 
 /// Where a control stands, in the units of its container (twips unless the container says else).
 struct Box {
@@ -111,6 +112,11 @@ class Control : public Revised {
     /// What it reads to the screen reader, where what it paints is no text of its own: the digits
     /// in a panel, a lamp. Asked for when somebody listens, so it costs the live panels nothing.
     std::function<std::string()> reading;
+    /// What a drawing shows in numbers. A control that tells them can be copied and saved.
+    std::function<NumberTable()> numbers;
+    /// Where the picture of a drawing lies on its form, in twips, with the scales and the legend
+    /// that stand around it; of no size: the drawing alone.
+    Box pictureBox;
     /// Tool tip; empty for none.
     Words tip;
     /// Place in the Tab order; 0 keeps it out of it.

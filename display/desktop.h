@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <exception>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,6 +18,7 @@ class PageDocument;
 class Panel;
 struct Box;
 struct Paper;
+struct SaveQuestion;
 
 enum class BoxIcon { None, Information, Critical };
 
@@ -31,6 +33,9 @@ struct MessageBox {
 enum class BoxAnswer { Ok, Cancel };
 
 enum class PointerShape { Arrow, Hourglass };
+
+/// Dots or lines.
+enum class PictureFormat { Png, Svg };
 
 struct Date {
     int year = 2000;
@@ -93,6 +98,18 @@ class Desktop {
     /// The keyboard goes to the control of a shown form.
     virtual void giveFocus(Control& control) = 0;
     virtual void setClipboardText(std::string_view text) = 0;
+    /// The picture of a drawing of a loaded form.
+    virtual void setClipboardPicture(Control& drawing) = 0;
+    /// The same as the bytes of a file.
+    virtual std::string pictureOf(Control& drawing, PictureFormat format) = 0;
+
+    /// Asks where a file is to be written. The path (UTF-8) ends with the ending of one of the
+    /// kinds; that a file there is replaced, the user has agreed. None when nothing is to be
+    /// written.
+    virtual std::optional<std::string> askWhereToSave(const SaveQuestion& question) = 0;
+    /// Puts the bytes in the place of a file, whole or not at all. Answers what went wrong as a
+    /// sentence, empty when they are written.
+    virtual std::string writeFile(std::string_view path, std::string_view bytes) = 0;
 
     /// Prints the image of these windows, one under the other as they stand, on one page of the
     /// desktop's printer. Answers what went wrong, empty when it was printed.
@@ -105,6 +122,11 @@ class Desktop {
     /// Prints these pages of a document, counted from 1, on the desktop's printer. Answers what
     /// went wrong, empty when they were printed.
     virtual std::string printPages(const PageDocument& document, int first, int last) = 0;
+
+    /// What printImage(), printSheet() and printPages() put on paper, as the bytes of a PDF.
+    virtual std::string pdfOfImage(const std::vector<const Form*>& forms) = 0;
+    virtual std::string pdfOfSheet(const Panel& sheet) = 0;
+    virtual std::string pdfOfPages(const PageDocument& document, int first, int last) = 0;
     /// The sheet that the desktop's printer takes; the system's usual one where there is none.
     virtual Paper paper() const = 0;
 

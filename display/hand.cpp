@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "display/drawing_export.h"
+
 namespace display {
 
 namespace {
@@ -326,6 +328,18 @@ void Hand::unfold(Form& form) {
 
 void Hand::help(Form& form) {
     post(form, [&form] { form.desktop().showHelp(form.desktop().helpFile); });
+}
+
+void Hand::copyPicture(Control& drawing) {
+    post(drawing, [&drawing] { display::copyPicture(drawing); });
+}
+
+void Hand::copyNumbers(Control& drawing) {
+    post(drawing, [&drawing] { display::copyNumbers(drawing); });
+}
+
+void Hand::save(Control& drawing) {
+    post(drawing, [&drawing] { saveDrawing(drawing); });
 }
 
 }  // namespace display

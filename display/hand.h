@@ -72,6 +72,11 @@ class Hand {
     void unfold(Form& form);
     void help(Form& form);
 
+    // Drawings; see drawing_export.h.
+    void copyPicture(Control& drawing);
+    void copyNumbers(Control& drawing);
+    void save(Control& drawing);
+
  private:
     void post(Control& control, std::function<void()> act);
     void post(Form& form, std::function<void()> act);

@@ -6,6 +6,8 @@
 #include "performance/day_report.h"
 #include "performance/form_d4a.h"
 #include "performance/report_page.h"
+#include "performance/station_of_log.h"
+#include "program/page_file.h"
 #include "program/rack_place.h"
 
 namespace hmonitor {
@@ -20,7 +22,9 @@ constexpr float kReportPoints = 14;
 Form15::Form15(Program& itsProgram, DayTables& tables)
     : ProgramForm(itsProgram, "Form15"), tables_(tables) {
     SSCommand1.onClick = [this] { close(); };
-    SSCommand2.onClick = [this] { print(); };
+    // Without a printer there is no report and no message.
+    SSCommand2.onClick = [this] { desktop().printPages(report(), 1, 1); };
+    KeyPdf.onClick = [this] { savePdf(); };
     bindHandle(SSPanel1.onMouseDown, SSPanel1.onMouseMove, {this});
 }
 
@@ -47,15 +51,19 @@ void Form15::Leer() {
     }
 }
 
-void Form15::print() {
+display::PageDocument Form15::report() const {
     // The day as the window heads it, without its brackets.
     std::string_view date = SSPanel22.caption.get();
     date = date.substr(date.empty() ? 0 : 1, date.size() < 2 ? 0 : date.size() - 2);
     const auto bytes = program.files.read(std::string(day()) + ".log");
     const auto lines = dayReport(bytes ? std::string_view(*bytes) : std::string_view(), date,
                                  program.words.gBrand);
-    // Without a printer there is no report and no message.
-    desktop().printPages(composeReportPage(lines, desktop().paper(), kReportPoints), 1, 1);
+    return composeReportPage(lines, desktop().paper(), kReportPoints);
+}
+
+void Form15::savePdf() {
+    savePageAsPdf(program, language, {stationOfLog(program, day()), "Report"},
+                  [this] { return desktop().pdfOfPages(report(), 1, 1); });
 }
 
 void Form15::close() {

@@ -3,6 +3,7 @@
 
 #include "core/program_form.h"
 #include "display/family.h"
+#include "display/page.h"
 #include "performance/day_tables.h"
 
 namespace hmonitor {
@@ -29,6 +30,7 @@ class Form15 final : public ProgramForm {
     display::Family<display::Label, 8> Value{*this, "Value"};
     display::Family<display::ListBox, 6> List{*this, "List#", 1};  ///< `List1` to `List6`
     display::Key SSCommand2{*this, "SSCommand2"};                  ///< print the report
+    display::Key KeyPdf{*this, "KeyPdf"};                          ///< the report as a file
     display::Key SSCommand1{*this, "SSCommand1"};                  ///< back to the charts
 
  protected:
@@ -39,7 +41,8 @@ class Form15 final : public ProgramForm {
     void layOutFirstPage();
     void layOutSecondPage();
     std::string_view day() const;
-    void print();
+    display::PageDocument report() const;
+    void savePdf();
     void close();
 
     DayTables& tables_;

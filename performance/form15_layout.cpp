@@ -2,6 +2,7 @@
 #include "core/look.h"
 #include "core/window_look.h"
 #include "performance/form15.h"
+#include "program/page_file.h"
 
 namespace hmonitor {
 
@@ -60,7 +61,8 @@ void Form15::layOut() {
           Says{"Imprimir el informe", "Print the report"});
     place(SSCommand1, {kWidth - 2060, kKeyTop, 1700, look::kKeyHeight}, "Done", Role::Default,
           Role::Cancel, Says{"Volver a los gráficos", "Back to the charts"});
-    tabOrder(SSTab1, List, SSCommand2, SSCommand1);
+    likePdfKey(place(KeyPdf, {kWidth - 4720, kKeyTop, 660, look::kKeyHeight}));
+    tabOrder(SSTab1, List, SSCommand2, SSCommand1, KeyPdf);
 }
 
 void Form15::layOutFirstPage() {

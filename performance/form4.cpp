@@ -7,6 +7,8 @@
 #include "core/look.h"
 #include "core/numbers.h"
 #include "performance/form_d4a.h"
+#include "performance/station_of_log.h"
+#include "program/page_file.h"
 #include "program/rack_place.h"
 
 namespace hmonitor {
@@ -15,6 +17,7 @@ Form4::Form4(Program& itsProgram) : ProgramForm(itsProgram, "Form4") {
     hscZoom.onChange = [this] { setZoom(); };
     SSCommand1.onClick = [this] { hide(); };
     SSCommand2.onClick = [this] { print(); };
+    KeyPdf.onClick = [this] { savePdf(); };
     SSCommand3.onClick = [this] {
         if (StationState.Band == "FM") program.Form_D4A->Leer();
     };
@@ -65,6 +68,12 @@ void Form4::print() {
     unload();
 }
 
+void Form4::savePdf() {
+    const std::string day(program.Form_D4A.peek().Combo1.list.text());
+    savePageAsPdf(program, language, {stationOfLog(program, day), "On-Air Performance Log"},
+                  [this] { return desktop().pdfOfPages(ViewPro1.document(), 1, 1); });
+}
+
 void Form4::layOut() {
     using namespace display;
     constexpr TextStyle kDim = look::kDialogText.in(look::kCaptionColour);
@@ -88,18 +97,19 @@ void Form4::layOut() {
     hscZoom.value = 50;
     place(Percent, {3860, kFoot + 70, 700, 180}, kDim);
     place(Label9, {look::kMargin, kFoot + 560, 1000, 180}, kDim, "Comment");
-    place(Text1, {1360, kFoot + 510, 4000, 280}, look::kDialogText,
+    place(Text1, {1360, kFoot + 510, 3240, 280}, look::kDialogText,
           Says{"Comentario de la página", "Comment of the page"});
 
     constexpr float kKeyWidth = 980;
     constexpr float kKeyTop = kFoot + 440;
-    place(SSCommand3, {5480, kKeyTop, kKeyWidth, look::kKeyHeight}, "Set", Role::Default,
+    place(SSCommand3, {4740, kKeyTop, kKeyWidth, look::kKeyHeight}, "Set", Role::Default,
           Says{"Dibujar la página con el comentario", "Draw the page with the comment"});
-    place(SSCommand2, {6580, kKeyTop, kKeyWidth, look::kKeyHeight}, "Print",
+    place(SSCommand2, {5820, kKeyTop, kKeyWidth, look::kKeyHeight}, "Print",
           Says{"Imprimir la página", "Print the page"});
     place(SSCommand1, {7660, kKeyTop, kKeyWidth, look::kKeyHeight}, "Cancel", Role::Cancel,
           Says{"Cerrar la vista previa", "Close the preview"});
-    tabOrder(Text1, SSCommand3, SSCommand2, SSCommand1, hscZoom, ViewPro1);
+    likePdfKey(place(KeyPdf, {6870, kKeyTop, 660, look::kKeyHeight}));
+    tabOrder(Text1, SSCommand3, SSCommand2, SSCommand1, hscZoom, ViewPro1, KeyPdf);
 }
 
 }  // namespace hmonitor

@@ -28,6 +28,7 @@ class Form4 final : public ProgramForm {
     display::TextField Text1{*this, "Text1"};      ///< the comment
     display::Key SSCommand3{*this, "SSCommand3"};  ///< draws the page again
     display::Key SSCommand2{*this, "SSCommand2"};  ///< print
+    display::Key KeyPdf{*this, "KeyPdf"};          ///< the page as a file
     display::Key SSCommand1{*this, "SSCommand1"};  ///< hide
 
  protected:
@@ -37,6 +38,7 @@ class Form4 final : public ProgramForm {
  private:
     void setZoom();
     void print();
+    void savePdf();
 
     /// The comment that no paper has carried yet: it comes back with the next load.
     std::string unprintedComment_;

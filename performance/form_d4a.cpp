@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "performance/form_d4a.h"
 
+#include <array>
+
 #include "core/language.h"
 #include "core/numbers.h"
 #include "performance/day_lists.h"
@@ -10,6 +12,7 @@
 #include "performance/form4.h"
 #include "performance/hour_marks.h"
 #include "performance/log_files.h"
+#include "performance/station_of_log.h"
 #include "program/rack_place.h"
 
 namespace hmonitor {
@@ -21,6 +24,23 @@ constexpr float kNudge = 120;
 /// Frequencies from here on have four digits; the others have a nought before them in a file's
 /// name.
 constexpr double kFourDigits = 1000;
+
+/// What each chart shows, column by column.
+struct ChartWords {
+    struct Series {
+        display::Words words;
+        const char* unit = "";
+    };
+    std::array<Series, 2> series;
+};
+constexpr std::array<ChartWords, 6> kChartWords = {{
+    {{{{{"Modulación", "Modulation"}, "%"}, {}}}},
+    {{{{{"Potencia RF", "RF Power"}}, {}}}},
+    {{{{{"Nivel izquierdo", "Left Level"}, "dB"}, {{"Nivel derecho", "Right Level"}, "dB"}}}},
+    {{{{{"Fase estéreo", "Stereo Phase"}, "deg"}, {}}}},
+    {{{{{"Picos de sobremodulación", "Overmodulation Peaks"}, "/min"}, {}}}},
+    {{{{{"Fase invertida", "Inverted Phase"}}, {{"Silencios de 3 s", "3 s Silences"}}}}},
+}};
 
 /// The results of the loaded memory: its frequency stands in the name as it stands in the memory.
 std::string resultsName(std::string_view memoryFreq) {
@@ -43,6 +63,7 @@ Form_D4A::Form_D4A(Program& itsProgram, DayTables& tables)
             return tellCell(chart, row, column);
         };
     }
+    for (std::size_t i = 0; i < kCharts; ++i) Graph[i].numbers = [this, i] { return numbersOf(i); };
     bindHandle(SSPanel1.onMouseDown, SSPanel1.onMouseMove, {this});
 }
 
@@ -162,6 +183,26 @@ std::string Form_D4A::tellCell(const display::Chart& chart, int row, int column)
     return hourLabel(hour) + " hs: " +
            (absent ? std::string(wordsIn(language, {"sin datos", "no data"}))
                    : std::string(chart.dataAt(row, column)));
+}
+
+display::NumberTable Form_D4A::numbersOf(std::size_t chart) const {
+    display::NumberTable table;
+    table.title = wordsIn(language, kChartWords[chart].series[0].words);
+    table.station = stationOfLog(program, Combo1.list.text());
+    table.columns = {{std::string(wordsIn(language, {"Hora", "Hour"})), "h"}};
+    for (const ChartWords::Series& series : kChartWords[chart].series) {
+        if (*series.words.english == 0) continue;
+        table.columns.push_back({std::string(wordsIn(language, series.words)), series.unit});
+    }
+    if (Combo1.list.text().empty()) return table;
+    for (int hour = 0; hour < DayTables::kHours; ++hour) {
+        const bool absent = tables_.hourLine(hour).empty();
+        std::vector<std::string> row{wholeText(hour).str()};
+        for (int column = 1; column < static_cast<int>(table.columns.size()); ++column)
+            row.emplace_back(absent ? std::string_view() : Graph[chart].dataAt(hour + 1, column));
+        table.rows.push_back(std::move(row));
+    }
+    return table;
 }
 
 void Form_D4A::nudge(display::Picture& background, Side& side) {

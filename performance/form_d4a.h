@@ -4,6 +4,7 @@
 #include "core/program_form.h"
 #include "display/chart.h"
 #include "display/family.h"
+#include "display/number_table.h"
 #include "performance/day_tables.h"
 
 namespace hmonitor {
@@ -76,6 +77,7 @@ class Form_D4A final : public ProgramForm {
     void scrollLower();
     void moveCharts(std::size_t first, std::size_t last, float edge);
     std::string tellCell(const display::Chart& chart, int row, int column) const;
+    display::NumberTable numbersOf(std::size_t chart) const;
     static void nudge(display::Picture& background, Side& side);
     void showText();
     void close();

@@ -88,7 +88,7 @@ void Form_D4A::layOut() {
     layOutCaptions();
     layOutHourMarks();
     layOutFoot();
-    tabOrder(Combo1, HScroll1, HScroll2, SSCommand1, SSCommand2, SSCommand3);
+    tabOrder(Combo1, HScroll1, HScroll2, SSCommand1, SSCommand2, SSCommand3, Graph);
 }
 
 void Form_D4A::layOutHead() {
@@ -131,6 +131,8 @@ void Form_D4A::layOutChart(std::size_t chart) {
     graph.columnCount(table.columns);
     graph.seriesColour(1, table.first);
     graph.seriesColour(2, table.second);
+    graph.pictureBox = {well.left, well.top + table.top, kWellWidth,
+                        kViewTop + above + kChartHeight + 40};
     for (graph.row = DayTables::kHours; graph.row > 1; --graph.row)
         graph.rowLabel(wholeText(graph.row - 1));
     graph.rowLabel("0");

@@ -2,13 +2,16 @@
 #include "program/sheet_form.h"
 
 #include "core/language.h"
+#include "program/page_file.h"
 #include "program/rack_place.h"
+#include "program/station_line.h"
 
 namespace hmonitor {
 
 SheetForm::SheetForm(Program& itsProgram, std::string itsName)
     : ProgramForm(itsProgram, std::move(itsName)) {
     SSCommand2.onClick = [this] { print(); };
+    KeyPdf.onClick = [this] { savePdf(); };
     SSCommand1.onClick = [this] { hide(); };
     bindHandle(SSPanel1.onMouseDown, SSPanel1.onMouseMove, {this});
 }
@@ -28,6 +31,21 @@ void SheetForm::open() {
     // One that stands behind the window that asks for it comes up.
     hide();
     show();
+}
+
+void SheetForm::savePdf() {
+    savePageAsPdf(program, language, {stationLine(program), caption.get()},
+                  [this] { return pdf(); });
+}
+
+std::string SheetForm::pdf() {
+    const std::string onPaper = Text2.text.get();
+    Text2.text = Text1.text.get();
+    dress(For::Paper);
+    std::string bytes = desktop().pdfOfSheet(Sheet);
+    dress(For::Screen);
+    Text2.text = onPaper;
+    return bytes;
 }
 
 void SheetForm::print() {

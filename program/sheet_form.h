@@ -30,6 +30,7 @@ class SheetForm : public ProgramForm {
     display::Label Label9{*this, "Label9"};        ///< "Comment"
     display::TextField Text1{*this, "Text1"};      ///< the comment as it is typed
     display::Key SSCommand2{*this, "SSCommand2"};  ///< print
+    display::Key KeyPdf{*this, "KeyPdf"};          ///< the same sheet as a file
     display::Key SSCommand1{*this, "SSCommand1"};  ///< cancel
 
  protected:
@@ -56,6 +57,9 @@ class SheetForm : public ProgramForm {
 
  private:
     void print();
+    void savePdf();
+    /// The sheet as Print would print it now; nothing of the page is changed behind it.
+    std::string pdf();
     void layOutFoot(float keyTop);
 
     /// The comment of a page that did not reach the printer: it comes back with the next load.

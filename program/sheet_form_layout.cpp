@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/look.h"
+#include "program/page_file.h"
 #include "program/sheet_form.h"
 
 namespace hmonitor {
@@ -64,7 +65,8 @@ void SheetForm::layOutFoot(float keyTop) {
           Says{"Imprimir la página", "Print the page"});
     place(SSCommand1, {cancelLeft, keyTop, kKeyWidth, look::kKeyHeight}, "Cancel", Role::Cancel,
           Says{"Cerrar la página; el comentario queda", "Close the page; the comment stays"});
-    tabOrder(Text1, SSCommand2, SSCommand1);
+    likePdfKey(place(KeyPdf, {printLeft - kThirdKey, keyTop, kThirdKey - 110, look::kKeyHeight}));
+    tabOrder(Text1, KeyPdf, SSCommand2, SSCommand1);
 }
 
 }  // namespace hmonitor

@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "spectrum/form6.h"
 
+#include "display/number_table.h"
+
 namespace hmonitor {
 
-Form6::Form6(Program& itsProgram) : PictureSheet(itsProgram, "Form6") {}
+Form6::Form6(Program& itsProgram) : PictureSheet(itsProgram, "Form6") {
+    Picture1B.numbers = [this] { return Picture1.numbers(); };
+}
 
 void Form6::layOut() {
     // As wide as the analyzer's window, whose view it takes over; the channel spectrum's table

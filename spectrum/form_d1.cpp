@@ -26,12 +26,15 @@ Form_D1::Form_D1(Program& itsProgram) : ProgramForm(itsProgram, "Form_D1") {
     };
     SSCommand1.onClick = [this] { openPage(); };
     SSCommand2.onClick = [this] { openBandwidth(); };
+    for (display::PictureBox* box : {&Picture1, &Picture2})
+        box->numbers = [this] { return shown_.table(program, language); };
     bindHandle(SSPanel1.onMouseDown, SSPanel1.onMouseMove, {this});
 }
 
 void Form_D1::onLoad() {
     running_ = false;
     awaitsRack_ = false;
+    shown_ = {};
     language = panelLanguage(program.desktop.userLanguageId());
     placeBesideRack(*this, program);
     showStored();
@@ -60,6 +63,7 @@ void Form_D1::showStored() {
 void Form_D1::EscalaClean(Int16 columns, Int16 step) {
     display::Drawing& table = Picture2.drawing;
     const int centre = columns / 2;
+    shown_.begin(columns, step);
     table.foreground = display::kWhite;
     table.box(0, 0, table.outerWidth(), table.outerHeight());
     table.foreground = display::kRed;
@@ -81,6 +85,7 @@ void Form_D1::EscalaClean(Int16 columns, Int16 step) {
 
 void Form_D1::printValue(int i, std::string_view value) {
     constexpr float kBesideOffsets = 500;
+    shown_.put(i, value);
     // The values are dB below the carrier.
     const bool zero = valueOf(value) == 0;
     printRow(i, kBesideOffsets, zero ? SmallText(value) : SmallText("-").append(value));
@@ -109,6 +114,8 @@ void Form_D1::openPage() {
     page.Label2.caption = spectrumPageLine(StationState, desktop());
     page.Picture1.drawing.take(Picture1.drawing);
     page.Picture1B.drawing.take(Picture2.drawing);
+    for (display::PictureBox* box : {&page.Picture1, &page.Picture1B})
+        box->numbers = [table = shown_.table(program, language)] { return table; };
     page.Picture1.left = Picture1.left.get();
     page.Picture1.width = width.get();
     page.open();

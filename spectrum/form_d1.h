@@ -4,6 +4,7 @@
 #include "core/int16.h"
 #include "core/program_form.h"
 #include "program/unit_lease.h"
+#include "spectrum/channel_table.h"
 
 namespace hmonitor {
 
@@ -63,6 +64,7 @@ class Form_D1 final : public ProgramForm {
 
     bool running_ = false;
     bool awaitsRack_ = false;
+    ShownSpectrum shown_;
 };
 
 }  // namespace hmonitor

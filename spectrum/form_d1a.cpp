@@ -47,6 +47,7 @@ FormD1a::FormD1a(Program& itsProgram) : ProgramForm(itsProgram, "FormD1a") {
     };
     Command1.onClick = [this] { drawTestPattern(); };
     SSCommand1.onClick = [this] { openPage(); };
+    Picture1.numbers = [this] { return numbersShown(); };
     Timer1.onTick = [this] { tick(); };
     bindHandle(SSPanel1.onMouseDown, SSPanel1.onMouseMove, {this});
 }
@@ -54,6 +55,7 @@ FormD1a::FormD1a(Program& itsProgram) : ProgramForm(itsProgram, "FormD1a") {
 void FormD1a::onLoad() {
     tellIdleInDemo(Command3D1);
     PeakPercent = {};
+    shown_.clear();
     Levels = {};
     SampleCount = 0;
     FrameBusy = 0;
@@ -77,6 +79,7 @@ void FormD1a::openPage() {
     hmonitor::FormD1aP& page = *program.FormD1aP;
     page.Label2.caption = spectrumPageLine(StationState, desktop());
     page.Picture1.drawing.take(Picture1.drawing);
+    page.Picture1.numbers = [table = numbersShown()] { return table; };
     page.open();
 }
 

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <array>
+#include <vector>
 
 #include "core/int16.h"
 #include "core/program_form.h"
+#include "display/number_table.h"
 #include "program/frame_run.h"
 #include "program/point_run.h"
 #include "spectrum/bandwidth_curve.h"
@@ -80,6 +82,7 @@ class FormD1a final : public ProgramForm, private LevelSink {
     void drawCurve();
     void drawTestPattern();
     void openPage();
+    display::NumberTable numbersShown() const;
     void fillUnder(float x, float row);
     void printAt(float x, float y, std::string_view text);
     SmallText timeOfDay() const;
@@ -93,6 +96,12 @@ class FormD1a final : public ProgramForm, private LevelSink {
     int LastY = 0;
     float rampFrom_ = 0;
     Run run_ = Run::None;
+    /// What the graph shows: percent at kHz from the carrier.
+    struct Shown {
+        int kHz;
+        float percent;
+    };
+    std::vector<Shown> shown_;
     UnitLease lease_{program, *this};
     PointRun points_{program, lease_, {&Command3D1}};
     FrameRun frames_{program, Timer1, *this};

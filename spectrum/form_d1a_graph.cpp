@@ -2,7 +2,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/language.h"
 #include "core/numbers.h"
+#include "program/station_line.h"
 #include "spectrum/form_d1a.h"
 
 namespace hmonitor {
@@ -167,6 +169,9 @@ void FormD1a::drawCurve() {
     PeakPercent.front() = 100;
     PeakPercent.back() = 0;
     BandwidthCurve::Points points = BandwidthCurve::through(PeakPercent);
+    shown_.clear();
+    for (int i = 0; i * kColumnPitch <= kColumns; ++i)
+        shown_.push_back({i * kColumnPitch, PeakPercent[static_cast<std::size_t>(i)]});
     GraphClean();
     for (int x = 0; x <= BandwidthCurve::kLastKhz; ++x) {
         GraphLine(x, points[static_cast<std::size_t>(x)]);
@@ -175,18 +180,23 @@ void FormD1a::drawCurve() {
 }
 
 void FormD1a::drawTestPattern() {
-    struct Corner {
-        int kHz;
-        float percent;
-    };
-    constexpr Corner kPattern[] = {{0, 100},  {25, 80},  {50, 80}, {75, 40},
-                                   {100, 20}, {125, 20}, {150, 80}};
+    shown_ = {{0, 100}, {25, 80}, {50, 80}, {75, 40}, {100, 20}, {125, 20}, {150, 80}};
     GraphClean();
-    for (const Corner& corner : kPattern) {
+    for (const Shown& corner : shown_) {
         float percent = corner.percent;
         GraphLine(corner.kHz, percent);
     }
     GraphRepaint();
+}
+
+display::NumberTable FormD1a::numbersShown() const {
+    display::NumberTable table = tableOfStation(
+        program, wordsIn(language, {"Ancho de banda de modulación", "Modulation Bandwidth"}));
+    table.columns = {{std::string(wordsIn(language, {"Desvío", "Offset"})), "kHz"},
+                     {std::string(wordsIn(language, {"Modulación", "Modulation"})), "%"}};
+    for (const Shown& point : shown_)
+        table.rows.push_back({wholeText(point.kHz).str(), shortText(point.percent).str()});
+    return table;
 }
 
 }  // namespace hmonitor

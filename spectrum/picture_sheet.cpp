@@ -1,9 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "spectrum/picture_sheet.h"
 
+#include "spectrum/channel_table.h"
+
 #include "core/language.h"
 
 namespace hmonitor {
+
+PictureSheet::PictureSheet(Program& itsProgram, std::string itsName)
+    : SheetForm(itsProgram, std::move(itsName)) {
+    // Until a window fills the page.
+    Picture1.numbers = [this] { return ShownSpectrum().table(program, language); };
+}
 
 void PictureSheet::onLoad() {
     constexpr float kFirstBrandLeft = 6800;

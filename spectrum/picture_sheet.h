@@ -12,7 +12,7 @@ class PictureSheet : public SheetForm {
     display::PictureBox Picture1{*this, "Picture1"};  ///< the graph
 
  protected:
-    using SheetForm::SheetForm;
+    PictureSheet(Program& itsProgram, std::string itsName);
     void onLoad() override;
     void dress(For what) override;
 };

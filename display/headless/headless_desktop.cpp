@@ -98,10 +98,62 @@ void HeadlessDesktop::letEventsThrough() {
     queue().letThrough();
 }
 
+void HeadlessDesktop::setClipboardPicture(Control& drawing) {
+    note("copy picture " + drawing.name());
+    copiedPictures.push_back(&drawing);
+}
+
+std::string HeadlessDesktop::pictureOf(Control& drawing, PictureFormat format) {
+    return (format == PictureFormat::Svg ? "svg of " : "png of ") + drawing.name();
+}
+
+std::optional<std::string> HeadlessDesktop::askWhereToSave(const SaveQuestion& question) {
+    if (saveAnswers.empty() && !answerEveryBox) {
+        throw Unscripted("a place for a file that no script tells: " + question.stem);
+    }
+    note("save " + question.stem);
+    saveQuestions.push_back(question);
+    std::string path;
+    if (!saveAnswers.empty()) {
+        path = saveAnswers.front();
+        saveAnswers.pop_front();
+    }
+    if (path.empty()) return std::nullopt;
+    return withEnding(path, question.kinds, question.kinds.front());
+}
+
+std::string HeadlessDesktop::writeFile(std::string_view path, std::string_view bytes) {
+    note("write " + std::string(path));
+    if (writeFault.empty()) writtenFiles[std::string(path)] = bytes;
+    return writeFault;
+}
+
+namespace {
+
+std::string namesOf(const std::vector<const Form*>& forms) {
+    std::string names;
+    for (const Form* form : forms) names += " " + form->name();
+    return names;
+}
+
+}  // namespace
+
+std::string HeadlessDesktop::pdfOfImage(const std::vector<const Form*>& forms) {
+    return "pdf of" + namesOf(forms);
+}
+
+std::string HeadlessDesktop::pdfOfSheet(const Panel& sheet) {
+    if (duringSheet) duringSheet(sheet);
+    return "pdf of sheet of " + sheet.form().name();
+}
+
+std::string HeadlessDesktop::pdfOfPages(const PageDocument& document, int first, int last) {
+    pdfPages.push_back({document, first, last});
+    return "pdf of pages";
+}
+
 std::string HeadlessDesktop::printImage(const std::vector<const Form*>& forms) {
-    std::string line = "print";
-    for (const Form* form : forms) line += " " + form->name();
-    note(line);
+    note("print" + namesOf(forms));
     printed.push_back(forms);
     return printerFault;
 }

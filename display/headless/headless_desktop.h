@@ -13,6 +13,7 @@
 #include "display/form.h"
 #include "display/hand.h"
 #include "display/page.h"
+#include "display/save_question.h"
 
 namespace display {
 
@@ -38,6 +39,10 @@ class HeadlessDesktop final : public Desktop {
     std::function<void()> duringBox;
     bool answerEveryBox = false;
     std::string printerFault;
+    /// One for each question where a file is to be written: the path, empty for "Cancel", which
+    /// is also the answer where `answerEveryBox` answers.
+    std::deque<std::string> saveAnswers;
+    std::string writeFault;
     Paper paperSize = kA4;
     /// What the user does when a form of that name is shown modally.
     std::map<std::string, std::function<void(Form&)>> modalScripts;
@@ -54,6 +59,10 @@ class HeadlessDesktop final : public Desktop {
     std::vector<std::string> journal;
     std::vector<MessageBox> boxes;
     std::string clipboard;
+    /// The drawings whose pictures went to the clipboard.
+    std::vector<const Control*> copiedPictures;
+    std::vector<SaveQuestion> saveQuestions;
+    std::map<std::string, std::string> writtenFiles;
     PointerShape pointerShape = PointerShape::Arrow;
     int beeps = 0;
     /// Where the keyboard was last given to; null when that form went away.
@@ -69,6 +78,8 @@ class HeadlessDesktop final : public Desktop {
         int last = 0;
     };
     std::vector<PrintedPages> printedPages;
+    /// The same of what became a file.
+    std::vector<PrintedPages> pdfPages;
     std::string helpShown;
 
     /// Lets time pass: every timer and all input that falls due.
@@ -97,9 +108,18 @@ class HeadlessDesktop final : public Desktop {
     void beep() override { ++beeps; }
     void giveFocus(Control& control) override;
     void setClipboardText(std::string_view text) override { clipboard = text; }
+    void setClipboardPicture(Control& drawing) override;
+    /// A line that names the drawing and the format.
+    std::string pictureOf(Control& drawing, PictureFormat format) override;
+    std::optional<std::string> askWhereToSave(const SaveQuestion& question) override;
+    std::string writeFile(std::string_view path, std::string_view bytes) override;
     std::string printImage(const std::vector<const Form*>& forms) override;
     std::string printSheet(const Panel& sheet) override;
     std::string printPages(const PageDocument& document, int first, int last) override;
+    /// A line that names the forms or the pages.
+    std::string pdfOfImage(const std::vector<const Form*>& forms) override;
+    std::string pdfOfSheet(const Panel& sheet) override;
+    std::string pdfOfPages(const PageDocument& document, int first, int last) override;
     Paper paper() const override { return paperSize; }
     void showHelp(std::string_view fileName) override;
     void formShown(Form& form) override;

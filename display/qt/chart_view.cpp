@@ -3,17 +3,40 @@
 
 #include <qcustomplot.h>
 
+#include <QKeyEvent>
+#include <QPainter>
 #include <QToolTip>
 #include <cmath>
 
+#include "display/qt/arrow_focus.h"
 #include "display/qt/chart_painter.h"
 #include "display/qt/faces.h"
+#include "display/qt/key_widgets.h"
 #include "display/qt/palette.h"
 
 namespace display::qt {
 
+namespace {
+
+/// Where the keyboard is, over a widget that paints itself.
+class FocusRing final : public QWidget {
+ public:
+    explicit FocusRing(QWidget* over) : QWidget(over) {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        hide();
+    }
+
+ protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        paintFocusRing(painter, rect());
+    }
+};
+
+}  // namespace
+
 ChartView::ChartView(Chart& chart, QWidget* parent)
-    : QWidget(parent), chart_(chart), plot_(new QCustomPlot(this)) {
+    : QWidget(parent), chart_(chart), plot_(new QCustomPlot(this)), ring_(new FocusRing(this)) {
     setFocusPolicy(Qt::NoFocus);
     plot_->setFocusPolicy(Qt::NoFocus);
     dress();
@@ -54,6 +77,32 @@ QColor ChartView::colourOf(int column) const {
 void ChartView::resizeEvent(QResizeEvent*) {
     plot_->setGeometry(rect());
     layOut();
+    showRing();
+}
+
+/// Around what is seen of a chart that is wider than its window. A click shows it too: it says
+/// which chart is copied.
+void ChartView::showRing() {
+    ring_->setGeometry(mask().isEmpty() ? rect() : mask().boundingRect());
+    ring_->setVisible(hasFocus());
+}
+
+void ChartView::focusInEvent(QFocusEvent* event) {
+    QWidget::focusInEvent(event);
+    showRing();
+}
+
+void ChartView::focusOutEvent(QFocusEvent* event) {
+    QWidget::focusOutEvent(event);
+    showRing();
+}
+
+bool ChartView::event(QEvent* event) {
+    // The arrows of the window's keys leave a chart as Tab does.
+    if (event->type() == QEvent::KeyPress &&
+        moveFocusByArrow(*this, static_cast<QKeyEvent*>(event)->key()))
+        return true;
+    return QWidget::event(event);
 }
 
 void ChartView::layOut() {
@@ -133,6 +182,9 @@ void ChartView::writeNote() {
 }
 
 void ChartView::sync() {
+    // One that can be copied is meant by a click on it.
+    setFocusPolicy(focusPolicyOf(chart_, chart_.numbers ? Qt::ClickFocus : Qt::NoFocus));
+    showRing();
     plot_->clearPlottables();
     ink();
     writeNote();

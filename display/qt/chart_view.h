@@ -22,6 +22,9 @@ class ChartView final : public QWidget, public ControlWidget {
 
  protected:
     void resizeEvent(QResizeEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    bool event(QEvent* event) override;
 
  private:
     void dress();
@@ -32,12 +35,14 @@ class ChartView final : public QWidget, public ControlWidget {
     void labelRows();
     void writeNote();
     void tellValue(QMouseEvent* event);
+    void showRing();
     QColor colourOf(int column) const;
     /// Pixels for a unit of the chart's box.
     double scale() const;
 
     Chart& chart_;
     QCustomPlot* plot_;
+    QWidget* ring_;  ///< over the plot, while it has the keyboard
 };
 
 }  // namespace display::qt

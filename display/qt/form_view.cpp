@@ -39,6 +39,7 @@ void FormView::build() {
         items_.push_back(std::move(item));
         if (const auto* panel = dynamic_cast<const Panel*>(control)) panels_.push_back(panel);
     }
+    takeDrawingKeys();
 }
 
 QWidget* FormView::widgetOf(const Control& control) const {

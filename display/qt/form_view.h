@@ -82,6 +82,8 @@ class FormView final : public QWidget {
     };
 
     void build();
+    void takeDrawingKeys();
+    const Control* focused() const;
     void orderTabs();
     void refresh(Item& item, std::vector<QRect>& dirty);
     void refreshWidget(Item& item);

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QApplication>
 #include <QCursor>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QShortcut>
 #include <QToolTip>
 #include <QWindow>
+#include <algorithm>
 
+#include "display/drawing_export.h"
 #include "display/qt/form_view.h"
 #include "display/qt/qt_desktop.h"
 
@@ -102,6 +106,31 @@ void FormView::keyPressEvent(QKeyEvent* event) {
         default:
             QWidget::keyPressEvent(event);
     }
+}
+
+const Control* FormView::focused() const {
+    const QWidget* has = QApplication::focusWidget();
+    const auto found = std::ranges::find_if(items_, [has](const Item& item) {
+        return item.widget && has &&
+               (&item.widget->widget() == has || item.widget->widget().isAncestorOf(has));
+    });
+    return found == items_.end() ? nullptr : found->control;
+}
+
+/// Heard wherever the keyboard is in the window; a field with a selection keeps its own copy.
+void FormView::takeDrawingKeys() {
+    if (!hasDrawings(form_)) return;
+    const auto bind = [this](const char* keys, void (Hand::*act)(Control&)) {
+        auto* shortcut = new QShortcut(QKeySequence(QString::fromLatin1(keys)), this);
+        shortcut->setContext(Qt::WindowShortcut);
+        shortcut->setAutoRepeat(false);
+        connect(shortcut, &QShortcut::activated, this, [this, act] {
+            if (Control* drawing = drawingMeant(form_, focused())) (desktop_.hand().*act)(*drawing);
+        });
+    };
+    bind("Ctrl+C", &Hand::copyPicture);
+    bind("Ctrl+Shift+C", &Hand::copyNumbers);
+    bind("Ctrl+S", &Hand::save);
 }
 
 bool FormView::eventFilter(QObject* widget, QEvent* event) {

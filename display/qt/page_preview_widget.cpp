@@ -9,15 +9,26 @@
 #include "display/qt/page_painter.h"
 #include "display/qt/palette.h"
 #include "display/qt/print_paper.h"
+#include "display/qt/print_queue.h"
 #include "display/qt/qt_desktop.h"
 
 namespace display::qt {
+
+namespace {
+
+/// Qt looks for a printer as soon as a page is made, and would wait for a server that is silent.
+QPrinter::PrinterMode modeOnceAsked() {
+    (void)askPrintSystem();
+    return QPrinter::HighResolution;
+}
+
+}  // namespace
 
 PagePreviewWidget::PagePreviewWidget(QtDesktop& desktop, PagePreview& preview, QWidget* parent)
     : QWidget(parent),
       desktop_(desktop),
       preview_(preview),
-      printer_(QPrinter::HighResolution),
+      printer_(modeOnceAsked()),
       view_(new QPrintPreviewWidget(&printer_, this)) {
     // A page for its own sake: no print server is asked for it.
     printer_.setOutputFormat(QPrinter::PdfFormat);

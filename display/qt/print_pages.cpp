@@ -1,24 +1,39 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QLocale>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QPrinter>
 #include <QPrinterInfo>
 
 #include "display/qt/page_painter.h"
 #include "display/qt/print_paper.h"
+#include "display/qt/print_queue.h"
 #include "display/qt/qt_desktop.h"
 
 namespace display::qt {
 
-void layOutSheet(QPrinter& printer, const Paper& paper) {
+namespace {
+
+QPageSize sizeOf(const Paper& paper) {
     const QSizeF points(paper.width / kPageUnitsPerPoint, paper.height / kPageUnitsPerPoint);
+    return QPageSize(points, QPageSize::Point, QString(), QPageSize::FuzzyMatch);
+}
+
+}  // namespace
+
+void layOutSheet(QPrinter& printer, const Paper& paper) {
     printer.setFullPage(true);
     printer.setPageOrientation(QPageLayout::Portrait);
-    printer.setPageSize(QPageSize(points, QPageSize::Point, QString(), QPageSize::FuzzyMatch));
+    printer.setPageSize(sizeOf(paper));
+}
+
+void layOutSheet(QPdfWriter& pdf, const Paper& paper) {
+    pdf.setPageLayout(QPageLayout(sizeOf(paper), QPageLayout::Portrait, QMarginsF()));
 }
 
 Paper QtDesktop::paper() const {
-    const QPrinterInfo chosen = QPrinterInfo::defaultPrinter();
+    const QPrinterInfo chosen =
+        askPrintSystem() == PrintSystem::Answers ? QPrinterInfo::defaultPrinter() : QPrinterInfo();
     if (chosen.isNull()) {
         // What the country's shops sell.
         const bool inches = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
@@ -30,18 +45,16 @@ Paper QtDesktop::paper() const {
 }
 
 std::string QtDesktop::printPages(const PageDocument& document, int first, int last) {
-    QPrinter printer(QPrinter::HighResolution);
-    if (std::string wrong = preparePrinter(printer); !wrong.empty()) return wrong;
-    printer.setDocName("HMonitor");
-    layOutSheet(printer, paper());
+    std::string wrong;
+    const std::unique_ptr<QPrinter> printer = readyPrinter(wrong);
+    if (!printer) return wrong;
+    layOutSheet(*printer, paper());
     QPainter painter;
-    if (!painter.begin(&printer)) {
-        return spanish() ? "La impresora no acepta el trabajo de impresión."
-                         : "The printer does not take the print job.";
-    }
-    paintPages(painter, document, first, last, printer.resolution(),
-               [&printer] { printer.newPage(); });
-    return {};
+    if (!painter.begin(printer.get())) return notTaken();
+    paintPages(painter, document, first, last, printer->resolution(),
+               [&printer] { printer->newPage(); });
+    painter.end();
+    return takenBy(*printer);
 }
 
 }  // namespace display::qt

@@ -60,9 +60,16 @@ class QtDesktop : public Desktop {
     void beep() override;
     void giveFocus(Control& control) override;
     void setClipboardText(std::string_view text) override;
+    void setClipboardPicture(Control& drawing) override;
+    std::string pictureOf(Control& drawing, PictureFormat format) override;
+    std::optional<std::string> askWhereToSave(const SaveQuestion& question) override;
+    std::string writeFile(std::string_view path, std::string_view bytes) override;
     std::string printImage(const std::vector<const Form*>& forms) override;
     std::string printSheet(const Panel& sheet) override;
     std::string printPages(const PageDocument& document, int first, int last) override;
+    std::string pdfOfImage(const std::vector<const Form*>& forms) override;
+    std::string pdfOfSheet(const Panel& sheet) override;
+    std::string pdfOfPages(const PageDocument& document, int first, int last) override;
     Paper paper() const override;
     void showHelp(std::string_view fileName) override;
     void formLoaded(Form& form) override;
@@ -110,11 +117,12 @@ class QtDesktop : public Desktop {
 
  protected:
     void ending() override;
-    /// Makes the printer ready: the desktop's default one. Answers what is wrong, or nothing.
-    virtual std::string preparePrinter(QPrinter& printer) const;
+    /// The desktop's default printer, made ready; null where there is none, with what is wrong.
+    virtual std::unique_ptr<QPrinter> readyPrinter(std::string& wrong) const;
 
  private:
     std::string printContent(const PageContent& content) const;
+    static std::vector<const Form*> shownOf(const std::vector<const Form*>& forms);
 
     /// What stands on the stack of the one thread.
     enum class Phase { Idle, Handling, Modal, Box };
@@ -146,7 +154,12 @@ class QtDesktop : public Desktop {
     FormWindow& windowOf(Form& form);
     const QWidget* opener() const;
     bool spanish() const;
+    /// What is said of a page that the printer refused, and whether it did so behind Qt's back:
+    /// empty when the page is on its way.
+    std::string notTaken() const;
+    std::string takenBy(const QPrinter& printer) const;
     BoxAnswer standBox(const MessageBox& box, BoxKeys keys);
+    std::optional<std::string> standSaveDialog(const SaveQuestion& question);
 
     std::unique_ptr<QApplication> own_;
     Hand hand_{*this};
@@ -166,6 +179,7 @@ class QtDesktop : public Desktop {
     bool systemMoves_ = false;
     int languageId_ = 0x0409;
     std::mt19937 generator_;
+    QString saveFolder_;  ///< where a file was written last
 };
 
 }  // namespace display::qt

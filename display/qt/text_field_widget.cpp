@@ -74,6 +74,14 @@ void TextFieldWidget::edited(const QString& now) {
     if (alive) showModel();
 }
 
+bool TextFieldWidget::event(QEvent* event) {
+    // Without a selection there is nothing to copy here: the keys are the window's.
+    if (event->type() == QEvent::ShortcutOverride && !hasSelectedText() &&
+        static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy))
+        return false;
+    return QLineEdit::event(event);
+}
+
 void TextFieldWidget::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         desktop_.hand().enter(field_);

@@ -17,6 +17,7 @@ class TextFieldWidget final : public QLineEdit, public ControlWidget {
     void sync() override;
 
  protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 

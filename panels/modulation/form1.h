@@ -59,6 +59,7 @@ class Form1 final : public ProgramForm {
     display::Picture Image6{*this, "Image6"};  ///< peak detector
     display::Picture SSbAMmode{*this, "SSbAMmode"};
     display::Picture Image9{*this, "Image9"};  ///< print
+    display::Picture KeyPdf{*this, "KeyPdf"};  ///< the same page as a file
     display::Picture Image7{*this, "Image7"};  ///< fold
     display::Picture Image_Power{*this, "Image_Power"};
 
@@ -131,7 +132,9 @@ class Form1 final : public ProgramForm {
     void stackRack();
     void showVersion();
     void powerOff();
+    std::vector<const display::Form*> wholeRack() const;
     void printRack();
+    void saveRack();
     void selectDetector(std::string_view line6);
     void takeSettings();
     void showRelativePower();

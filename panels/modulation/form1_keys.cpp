@@ -6,6 +6,8 @@
 #include "panels/audio/form_b.h"
 #include "panels/modulation/form1.h"
 #include "panels/quality/form_c.h"
+#include "program/page_file.h"
+#include "program/station_line.h"
 
 namespace hmonitor {
 
@@ -35,6 +37,7 @@ void Form1::bindKeys() {
     SSbAMmode.onClick = [] {};
     bindKey(Image7, "MinN", "MinA", [this] { Command9(); });
     bindKey(Image9, "MinN", "MinA", [this] { printRack(); });
+    bindKey(KeyPdf, "MinN", "MinA", [this] { saveRack(); });
     bindKey(Image_Power, "PowerN", "PowerA", [this] { powerOff(); });
 
     bindRackHandle(Picture3.onMouseDown, Picture3.onMouseMove);
@@ -57,9 +60,17 @@ void Form1::showVersion() {
                           display::BoxIcon::Information});
 }
 
+std::vector<const display::Form*> Form1::wholeRack() const {
+    return {this, &program.Form_B.peek(), &program.Form_C.peek(), &program.Form_D.peek()};
+}
+
+void Form1::saveRack() {
+    savePageAsPdf(program, language, {stationLine(program), "Rack"},
+                  [this] { return desktop().pdfOfImage(wholeRack()); });
+}
+
 void Form1::printRack() {
-    const std::string fault = desktop().printImage(
-        {this, &program.Form_B.peek(), &program.Form_C.peek(), &program.Form_D.peek()});
+    const std::string fault = desktop().printImage(wholeRack());
     if (fault.empty()) return;
     desktop().messageBox({program.words.gModel.str(), fault, display::BoxIcon::Critical});
 }

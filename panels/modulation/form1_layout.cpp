@@ -3,6 +3,7 @@
 #include "core/look.h"
 #include "core/numbers.h"
 #include "panels/modulation/form1.h"
+#include "program/page_file.h"
 
 namespace hmonitor {
 
@@ -107,7 +108,9 @@ void Form1::layOutKeys() {
     key(Image9, "MinN", "PRINT", {"Imprimir el rack", "Print the rack"});
     key(Image7, "MinN", "FOLD", {"Plegar el rack", "Fold the rack"});
     key(Image_Power, "PowerN", "POWER", {"Apagar y salir", "Power off and leave"});
-    tabOrder(Image_Average, Image6, SSbAMmode, Image9, Image7, Image_Power);
+    // Small, over the key that prints the same page.
+    place(KeyPdf, {Image9.left, 1345, 590, 185}, "MinN", Caption{kPdfCaption}, SaysAndTip{kPdfTip});
+    tabOrder(Image_Average, Image6, SSbAMmode, Image9, Image7, Image_Power, KeyPdf);
 }
 
 void Form1::layOutReadouts() {

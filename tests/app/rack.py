@@ -246,6 +246,24 @@ class Rack:
         self.screen.type("Return")
         wait_for(lambda: not standing(), "the end of " + said)
 
+    def answer_dialog(self, title, text, look=lambda: None):
+        """Types a text in place of the one that a dialog proposes, and accepts it."""
+
+        def has_keyboard():
+            standing = self.screen.windows(title)
+            if standing and self.screen.x.active() in standing:
+                return True
+            if standing:
+                self.screen.x.activate(standing[0])
+            return False
+
+        wait_for(has_keyboard, f"the dialog {title}")
+        look()
+        self.screen.type("ctrl+a")
+        self.screen.type_text(text)
+        self.screen.type("Return")
+        wait_for(lambda: not self.screen.windows(title), f"the end of the dialog {title}")
+
     # What the rack does.
 
     def line(self, number):

@@ -5,12 +5,12 @@
 #include <QFile>
 #include <QGraphicsView>
 #include <QPainter>
-#include <QPrinter>
 #include <QScrollBar>
 #include <QTemporaryDir>
 
 #include "display/qt/page_painter.h"
 #include "display/qt/page_preview_widget.h"
+#include "tests/display/qt/paper_desktop.h"
 #include "tests/display/qt/qt_bench.h"
 
 namespace display::qt {
@@ -49,22 +49,6 @@ PageDocument withMargins() {
     document.margins = {720, 720, 720, 720};
     return document;
 }
-
-/// A desktop whose printer writes its pages to a file.
-class PageDesktop final : public QtDesktop {
- public:
-    PageDesktop(int& argc, QString path) : QtDesktop(argc, nullptr), path_(std::move(path)) {}
-
- protected:
-    std::string preparePrinter(QPrinter& printer) const override {
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(path_);
-        return {};
-    }
-
- private:
-    QString path_;
-};
 
 }  // namespace
 
@@ -173,7 +157,7 @@ class PageOnPaper : public QtBench {};
 TEST_F(PageOnPaper, PagesGoToThePrinterOneASheet) {
     const QTemporaryDir folder;
     int argc = 0;
-    PageDesktop desk(argc, folder.filePath("pages.pdf"));
+    PaperDesktop desk(argc, folder.filePath("pages.pdf"));
     PageDocument document = withMargins();
     for (int i = 0; i < 3; ++i) {
         document.newPage();
@@ -189,7 +173,7 @@ TEST_F(PageOnPaper, PagesGoToThePrinterOneASheet) {
 
 TEST_F(PageOnPaper, APrinterThatCannotWriteIsTold) {
     int argc = 0;
-    PageDesktop desk(argc, "/no/such/folder/pages.pdf");
+    PaperDesktop desk(argc, "/no/such/folder/pages.pdf");
     EXPECT_NE(desk.printPages(withMargins(), 1, 1), "");
 }
 

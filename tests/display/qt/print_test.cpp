@@ -1,33 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QClipboard>
 #include <QFile>
-#include <QPrinter>
 #include <QPrinterInfo>
 #include <QTemporaryDir>
 
+#include "tests/display/qt/paper_desktop.h"
 #include "tests/display/qt/qt_bench.h"
 
 namespace display::qt {
-
-namespace {
-
-/// A desktop whose printer writes its pages to a file.
-class PaperDesktop final : public QtDesktop {
- public:
-    PaperDesktop(int& argc, QString path) : QtDesktop(argc, nullptr), path_(std::move(path)) {}
-
- protected:
-    std::string preparePrinter(QPrinter& printer) const override {
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(path_);
-        return {};
-    }
-
- private:
-    QString path_;
-};
-
-}  // namespace
 
 class Print : public QtBench {};
 

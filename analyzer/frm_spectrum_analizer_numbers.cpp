@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "analyzer/analyzer_graphs.h"
+#include "analyzer/frm_spectrum_analizer.h"
+#include "analyzer/session_names.h"
+#include "core/language.h"
+#include "core/numbers.h"
+#include "program/station_line.h"
+
+namespace hmonitor {
+
+namespace {
+
+constexpr display::Words kFrequency{"Frecuencia", "Frequency"};
+constexpr display::Words kLevel{"Nivel", "Level"};
+constexpr display::Words kSweeps{"Barridos", "Sweeps"};
+
+}  // namespace
+
+/// The session names whose numbers they are better than the station does.
+display::NumberTable frmSpectrumAnalizer::tableOf(std::string_view title) const {
+    std::string whole(title);
+    std::string_view session = measurement.CurrentSessionFile;
+    if (session.size() > kSessionEnding.size()) session.remove_suffix(kSessionEnding.size());
+    if (!session.empty()) whole.append(" ").append(session);
+    display::NumberTable table = tableOfStation(program, whole);
+    table.columns = {{std::string(wordsIn(language, kFrequency)), "MHz"},
+                     {std::string(wordsIn(language, kLevel)), "dBuV"}};
+    return table;
+}
+
+display::NumberTable frmSpectrumAnalizer::numbersOfMap() const {
+    display::NumberTable table = tableOf("3D Spectrum Analyzer");
+    table.columns.push_back({std::string(wordsIn(language, kSweeps)), ""});
+    table.columns.push_back(
+        {std::string(wordsIn(language, {"Parte de los barridos", "Share of the sweeps"})), "%"});
+    const int sweeps = measurement.SessionInfo.Acquisitions;
+    if (sweeps <= 0) return table;
+    for (int x = 0; x < Density::kColumns - 1; ++x) {
+        for (int row = 0; row < Density::kRows - 1; ++row) {
+            const double counted = measurement.SpectralDensity.at(x, row);
+            // What the map leaves dark is no cell of it.
+            if (densityEntry(counted, sweeps) == kNotSeen) continue;
+            table.rows.push_back(
+                {shortText(columnMhz(x)).str(), wholeText(Density::kLowestLevel + row).str(),
+                 shortText(counted).str(), mask("0.00", 100 * counted / sweeps).str()});
+        }
+    }
+    return table;
+}
+
+display::NumberTable frmSpectrumAnalizer::numbersOfBars() const {
+    display::NumberTable table = tableOf("Spectral Zoom Analyzer");
+    for (const auto& [column, bar] : shownBars_)
+        table.rows.push_back({shortText(bar.mhz).str(), wholeText(bar.level).str()});
+    return table;
+}
+
+}  // namespace hmonitor

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "program/page_file.h"
+
+#include "core/language.h"
+#include "display/number_table.h"
+#include "display/save_question.h"
+
+namespace hmonitor {
+
+void savePageAsPdf(Program& program, display::Language language, const PageName& name,
+                   const std::function<std::string()>& pdf) {
+    display::SaveQuestion question;
+    question.title = wordsIn(language, {"Guardar como PDF", "Save as PDF"});
+    question.stem = display::fileStem(name.station, name.title);
+    question.kinds = {{std::string(wordsIn(language, {"Página", "Page"})), "pdf"}};
+    const auto path = program.desktop.askWhereToSave(question);
+    if (!path) return;
+    const std::string fault = program.desktop.writeFile(*path, pdf());
+    if (fault.empty()) return;
+    program.desktop.messageBox({program.words.gModel.str(), fault, display::BoxIcon::Critical});
+}
+
+void likePdfKey(display::Key& key) {
+    key.caption = kPdfCaption;
+    key.says = kPdfTip;
+    key.tip = kPdfTip;
+}
+
+}  // namespace hmonitor

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "spectrum/channel_table.h"
+
+#include "core/language.h"
+#include "core/numbers.h"
+#include "program/station_line.h"
+
+namespace hmonitor {
+
+void ShownSpectrum::begin(int itsColumns, int itsStepKhz) {
+    columns = itsColumns;
+    stepKhz = itsStepKhz;
+    below.assign(columns > 0 ? static_cast<std::size_t>(columns) : 0, {});
+}
+
+void ShownSpectrum::put(int i, std::string_view value) {
+    if (i < 1 || i > columns) return;
+    below[static_cast<std::size_t>(i - 1)] = value;
+}
+
+display::NumberTable ShownSpectrum::table(const Program& program,
+                                          display::Language language) const {
+    display::NumberTable table =
+        tableOfStation(program, wordsIn(language, {"Espectro del canal", "Channel Spectrum"}));
+    table.columns = {{std::string(wordsIn(language, {"Desvío", "Offset"})), "kHz"},
+                     {std::string(wordsIn(language, {"Nivel", "Level"})), "dB"}};
+    const int centre = columns / 2;
+    for (int i = 0; i < columns; ++i) {
+        const std::string& value = below[static_cast<std::size_t>(i)];
+        if (value.empty()) continue;
+        const double level = valueOf(value);
+        table.rows.push_back(
+            {wholeText((i - centre) * stepKhz).str(), shortText(level == 0 ? 0 : -level).str()});
+    }
+    return table;
+}
+
+}  // namespace hmonitor

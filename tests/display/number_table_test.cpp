@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/number_table.h"
+
+#include <gtest/gtest.h>
+
+namespace display::test {
+namespace {
+
+NumberTable levels() {
+    NumberTable table;
+    table.title = "Band Scanner";
+    table.station = "RADIO UNO 98.1 MHz 2026-05-04";
+    table.columns = {{"Frequency", "MHz"}, {"Level", "dBuV"}, {"Sweeps", ""}};
+    table.rows = {{"87.5", "-3", "12"}, {"102.55", "71.25", ""}};
+    return table;
+}
+
+TEST(CsvText, HeadsItsColumnsWithNameAndUnitAndTheStationLast) {
+    EXPECT_EQ(csvText(levels()),
+              "Frequency (MHz),Level (dBuV),Sweeps,RADIO UNO 98.1 MHz 2026-05-04\r\n"
+              "87.5,-3,12,\r\n"
+              "102.55,71.25,,\r\n");
+}
+
+TEST(CsvText, OfATableWithoutRowsIsItsHead) {
+    NumberTable table = levels();
+    table.rows.clear();
+    EXPECT_EQ(csvText(table),
+              "Frequency (MHz),Level (dBuV),Sweeps,RADIO UNO 98.1 MHz 2026-05-04\r\n");
+}
+
+TEST(CsvText, PutsInQuotesWhatWouldBeReadAsSomethingElse) {
+    NumberTable table = levels();
+    table.station = "UNO, \"DOS\" 98.1 MHz";
+    table.columns = {{"two\nlines", ""}, {" blank", ""}, {"end ", "dB"}};
+    table.rows = {{"1\r2", "plain; it's", "\""}};
+    EXPECT_EQ(csvText(table),
+              "\"two\nlines\",\" blank\",end  (dB),\"UNO, \"\"DOS\"\" 98.1 MHz\"\r\n"
+              "\"1\r2\",plain; it's,\"\"\"\",\r\n");
+}
+
+TEST(FileStem, NamesStationFrequencyDayAndWhatIsShown) {
+    EXPECT_EQ(fileStem("RADIO UNO 98.1 MHz 2026-05-04", "Band Scanner"),
+              "RADIO UNO 98.1 MHz 2026-05-04 Band Scanner");
+    EXPECT_EQ(fileStem("", "Rack"), "Rack");
+    EXPECT_EQ(fileStem("98.1 MHz", ""), "98.1 MHz");
+}
+
+TEST(FileStem, HoldsNothingThatAFileSystemRefuses) {
+    EXPECT_EQ(fileStem("A/B\\C:D*E?F\"G<H>I|J\nK", "x"), "A_B_C_D_E_F_G_H_I_J_K x");
+    EXPECT_EQ(fileStem("..hidden", "end. . "), "hidden end");
+    EXPECT_EQ(fileStem(" . ", ""), "HMonitor");
+    EXPECT_EQ(fileStem("Ñandú", "é"), "Ñandú é") << "letters of every language stay";
+}
+
+}  // namespace
+}  // namespace display::test

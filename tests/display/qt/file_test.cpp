@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Files that the user asks for: the dialog that asks for their place, and what is left of one that
+// cannot be written.
+#include <sys/resource.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <csignal>
+
+#include "display/page.h"
+#include "display/save_question.h"
+#include "tests/display/qt/qt_bench.h"
+
+namespace display::qt {
+
+class WrittenFile : public QtBench {
+ protected:
+    QByteArray read(const QString& name) const {
+        QFile file(folder.filePath(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    QStringList names() const {
+        return QDir(folder.path())
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
+    std::string write(const QString& name, std::string_view bytes) {
+        return desktop->writeFile(folder.filePath(name).toStdString(), bytes);
+    }
+    QTemporaryDir folder;
+};
+
+TEST_F(WrittenFile, HoldsTheBytesAndReplacesWhatStoodThere) {
+    EXPECT_EQ(write("a.csv", "first and longer\r\n"), "");
+    EXPECT_EQ(write("a.csv", std::string_view("x\0y", 3)), "");
+    EXPECT_EQ(read("a.csv"), QByteArray("x\0y", 3));
+    EXPECT_EQ(names(), QStringList{"a.csv"});
+}
+
+TEST_F(WrittenFile, InAFolderThatTakesNoneSaysSoInOneSentence) {
+    ASSERT_EQ(write("file", "no folder"), "");
+    const std::string fault = write("file/a.csv", "x");
+    EXPECT_TRUE(fault.starts_with("a.csv cannot be written: ") ||
+                fault.starts_with("a.csv no se puede escribir: "))
+        << fault;
+    EXPECT_GT(fault.size(), 32u) << "and why";
+    EXPECT_EQ(names(), QStringList{"file"});
+    EXPECT_EQ(read("file"), "no folder");
+}
+
+/// No file of this process grows beyond so many bytes while it lives, as on a full disk.
+class FullDisk {
+ public:
+    explicit FullDisk(rlim_t bytes) {
+        ::getrlimit(RLIMIT_FSIZE, &before_);
+        signal_ = std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit full{bytes, before_.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &full);
+    }
+    ~FullDisk() {
+        ::setrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, signal_);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+    rlimit before_{};
+    void (*signal_)(int) = nullptr;
+};
+
+TEST_F(WrittenFile, OnAFullDiskLeavesTheOldOneAndNothingBeside) {
+    ASSERT_EQ(write("old.png", "the old one"), "");
+    const std::string large(100000, 'x');
+    {
+        const FullDisk full(20000);
+        EXPECT_NE(write("old.png", large), "");
+        EXPECT_NE(write("new.png", large), "");
+    }
+    EXPECT_EQ(names(), QStringList{"old.png"});
+    EXPECT_EQ(read("old.png"), "the old one");
+    EXPECT_EQ(write("new.png", large), "") << "there is room again";
+}
+
+class SaveDialog : public WrittenFile {
+ protected:
+    SaveDialog() {
+        QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+        // A program that has ended in this process would end each dialog at once.
+        QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+        QCoreApplication::exec();
+        question.title = "Save";
+        question.stem = "RADIO UNO 98.1 MHz";
+        question.kinds = {{"Picture", "png"}, {"Numbers", "csv"}};
+    }
+    ~SaveDialog() override { QApplication::setAttribute(Qt::AA_DontUseNativeDialogs, false); }
+
+    /// Asks; `act` has the dialog in its hands as soon as it stands.
+    std::optional<std::string> ask(const std::function<void(QFileDialog&)>& act) {
+        QTimer hands;
+        QObject::connect(&hands, &QTimer::timeout, &hands, [&] {
+            for (QWidget* window : QApplication::topLevelWidgets()) {
+                auto* dialog = qobject_cast<QFileDialog*>(window);
+                if (!dialog || !dialog->isVisible()) continue;
+                hands.stop();
+                act(*dialog);
+                return;
+            }
+        });
+        hands.start(20);
+        return desktop->askWhereToSave(question);
+    }
+    /// Types a path in place of the proposed name and accepts it.
+    static void type(QFileDialog& dialog, const QString& path) {
+        auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        ASSERT_NE(name, nullptr);
+        name->setText(path);
+        QTest::keyClick(name, Qt::Key_Return);
+    }
+    SaveQuestion question;
+};
+
+TEST_F(SaveDialog, ProposesTheNameAndTakesAnotherWithItsEnding) {
+    QString proposed, title;
+    const auto path = ask([&](QFileDialog& dialog) {
+        title = dialog.windowTitle();
+        proposed = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text();
+        type(dialog, folder.filePath("numbers.csv"));
+    });
+    EXPECT_EQ(title, "Save");
+    EXPECT_EQ(proposed, "RADIO UNO 98.1 MHz.png");
+    EXPECT_EQ(path, folder.filePath("numbers.csv").toStdString());
+}
+
+TEST_F(SaveDialog, ANameWithoutAnEndingGetsTheChosenKinds) {
+    const auto png = ask([&](QFileDialog& dialog) { type(dialog, folder.filePath("a")); });
+    EXPECT_EQ(png, folder.filePath("a.png").toStdString());
+    const auto csv = ask([&](QFileDialog& dialog) {
+        dialog.selectNameFilter(dialog.nameFilters().at(1));
+        Q_EMIT dialog.filterSelected(dialog.nameFilters().at(1));
+        type(dialog, folder.filePath("98.1 MHz"));
+    });
+    EXPECT_EQ(csv, folder.filePath("98.1 MHz.csv").toStdString());
+}
+
+TEST_F(SaveDialog, ThatIsLeftAsksForNothing) {
+    EXPECT_EQ(ask([](QFileDialog& dialog) { dialog.reject(); }), std::nullopt);
+    EXPECT_TRUE(names().isEmpty());
+}
+
+TEST_F(SaveDialog, BeginsWhereAFileWasSavedLast) {
+    (void)ask([&](QFileDialog& dialog) { type(dialog, folder.filePath("a.png")); });
+    QString where;
+    (void)ask([&](QFileDialog& dialog) {
+        where = dialog.directory().absolutePath();
+        dialog.reject();
+    });
+    EXPECT_EQ(where, QDir(folder.path()).absolutePath());
+}
+
+TEST_F(SaveDialog, TimeGoesOnWhileItStands) {
+    showSample();
+    sample->Timer1.interval = std::chrono::milliseconds(20);
+    sample->Timer1.enabled = true;
+    desktop->queue().openGate();
+    desktop->hand().click(sample->Key1);
+    settle();
+    sample->heard.clear();
+    (void)ask([&](QFileDialog& dialog) {
+        QTest::qWait(150);
+        dialog.reject();
+    });
+    EXPECT_GT(times("Timer1 tick"), 2);
+    sample->Timer1.enabled = false;
+}
+
+class PdfFile : public QtBench {};
+
+TEST_F(PdfFile, OfADocumentHasTheAskedPagesOnTheSheetOfThePrinter) {
+    PageDocument document;
+    for (int i = 0; i < 3; ++i) {
+        document.newPage();
+        document.text({720, 720}, "a page");
+    }
+    const QByteArray bytes = QByteArray::fromStdString(desktop->pdfOfPages(document, 1, 2));
+    EXPECT_TRUE(bytes.startsWith("%PDF"));
+    EXPECT_TRUE(bytes.trimmed().endsWith("%%EOF"));
+    EXPECT_EQ(bytes.count("/Type /Page\n"), 2);
+    const Paper paper = desktop->paper();
+    const QByteArray box = "/MediaBox [0 0 " + QByteArray::number(qRound(paper.width / 20));
+    EXPECT_TRUE(bytes.contains(box)) << box.constData();
+}
+
+}  // namespace display::qt
