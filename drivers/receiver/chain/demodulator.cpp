@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <numeric>
 
 #include "drivers/receiver/dsp/filter_design.h"
 #include "drivers/receiver/dsp/kernels.h"
@@ -11,31 +12,40 @@
 namespace hm16::receiver {
 namespace {
 
-// Flat over the RDS band, half way down at 80 kHz: SM.1268 wants 76 to 100 kHz there, and the
-// lower end lets in least noise.
-constexpr double kCompositeFlatHz = 60e3;
-constexpr double kCompositeStopHz = 100e3;
+struct LowPass {
+    double flatHz;
+    double stopHz;
+};
+
+// The wide one may fold what lies beyond 125 kHz onto what lies beyond 100 kHz.
+LowPass shapeOf(PeakEdge edge) {
+    return edge == PeakEdge::At80 ? LowPass{60e3, 100e3} : LowPass{100e3, 149e3};
+}
 
 }  // namespace
 
-std::vector<double> compositeTaps(double rateHz, Droop droop) {
-    const double stop = std::min(kCompositeStopHz, rateHz / 2);
-    const double edge = (kCompositeFlatHz + stop) / 2;
-    const std::size_t taps = tapsFor(rateHz, stop - kCompositeFlatHz);
+std::vector<double> compositeTaps(double rateHz, Droop droop, PeakEdge edge) {
+    const LowPass shape = shapeOf(edge);
+    const double stop = std::min(shape.stopHz, rateHz / 2);
+    const double flat = std::min(shape.flatHz, 0.8 * stop);
+    const double middle = (flat + stop) / 2;
+    const std::size_t taps = tapsFor(rateHz, stop - flat);
     std::vector<double> result = designFilter(rateHz, taps, [=](double hz) {
-        if (hz > edge) return 0.0;
+        if (hz > middle) return 0.0;
         const double turn = std::numbers::pi * hz / rateHz;
         return droop == Droop::None || turn == 0 ? 1.0 : turn / std::sin(turn);
     });
-    // A carrier far beside its frequency must come out to the Hz.
-    const double atZero = gainOf(result, rateHz, 0);
-    for (double& tap : result) tap /= atZero;
+    // Exact at 0 Hz: a ten-thousandth of a carrier 50 kHz off is 5 Hz.
+    const double sum = std::accumulate(result.begin(), result.end(), 0.0);
+    for (double& tap : result) tap /= sum;
     return result;
 }
 
-Demodulator::Demodulator(const Rates& rates)
+Demodulator::Demodulator(const Rates& rates, PeakEdge edge)
     : channelHz_(rates.channel),
-      lowPass_(compositeTaps(rates.channel, Droop::Discriminator), rates.compositeStep) {}
+      lowPass_(compositeTaps(rates.channel, Droop::Discriminator, edge), rates.compositeStep),
+      wideLowPass_(compositeTaps(rates.channel, Droop::Discriminator, PeakEdge::At100),
+                   rates.compositeStep) {}
 
 void Demodulator::discriminate(std::span<const Sample> channel, std::vector<float>& frequency,
                                std::vector<float>& envelope) {
@@ -54,6 +64,10 @@ void Demodulator::discriminate(std::span<const Sample> channel, std::vector<floa
 
 void Demodulator::lowPass(std::span<const float> frequency, std::vector<float>& composite) {
     lowPass_.process(frequency, composite);
+}
+
+void Demodulator::wideLowPass(std::span<const float> frequency, std::vector<float>& wide) {
+    wideLowPass_.process(frequency, wide);
 }
 
 }  // namespace hm16::receiver

@@ -9,11 +9,21 @@
 
 namespace hm16::receiver {
 
+// Where the multiplex ends: ITU-R SM.1268 wants its peaks taken below 76 to 100 kHz.
+enum class PeakEdge {
+    At80,   // flat to 60 kHz, half way down at 80: lets in least noise
+    At100,  // flat to 100 kHz, for stations with subcarriers there
+};
+
+// The low-pass of the multiplex at `rateHz`; the droop of a discriminator is taken out if asked.
+enum class Droop { None, Discriminator };
+std::vector<double> compositeTaps(double rateHz, Droop droop, PeakEdge edge);
+
 // From the channel to its instantaneous frequency, and from there to the multiplex in Hz:
-// low-passed at 80 kHz and freed from the droop of a discriminator, which averages over one sample.
+// low-passed and freed from the droop of a discriminator, which averages over one sample.
 class Demodulator {
  public:
-    explicit Demodulator(const Rates& rates);
+    Demodulator(const Rates& rates, PeakEdge edge);
 
     // Appends to both: frequency in Hz and envelope sample by sample at the channel's rate.
     void discriminate(std::span<const Sample> channel, std::vector<float>& frequency,
@@ -22,6 +32,9 @@ class Demodulator {
     // Appends the multiplex in Hz at its own rate.
     void lowPass(std::span<const float> frequency, std::vector<float>& composite);
 
+    // The same, flat to 100 kHz whatever the peaks' edge is.
+    void wideLowPass(std::span<const float> frequency, std::vector<float>& wide);
+
     // Samples of the channel that one of the multiplex is made of.
     std::size_t length() const { return lowPass_.length(); }
     double delay() const { return lowPass_.delay(); }
@@ -29,11 +42,8 @@ class Demodulator {
  private:
     double channelHz_;
     RealDecimator lowPass_;
+    RealDecimator wideLowPass_;
     std::vector<Sample> held_;
 };
-
-// The low-pass of the multiplex at `rateHz`; the droop of a discriminator is taken out if asked.
-enum class Droop { None, Discriminator };
-std::vector<double> compositeTaps(double rateHz, Droop droop);
 
 }  // namespace hm16::receiver

@@ -6,13 +6,11 @@
 #include <numbers>
 #include <utility>
 
-#include "drivers/receiver/chain/demodulator.h"
-
 namespace hm16::receiver {
 
-PeakDoubt::PeakDoubt(const Rates& rates)
+PeakDoubt::PeakDoubt(const Rates& rates, PeakEdge edge)
     : hzPerStep_(static_cast<float>(rates.channel / (2 * std::numbers::pi))),
-      lowPass_(compositeTaps(rates.channel, Droop::None), rates.compositeStep) {}
+      lowPass_(compositeTaps(rates.channel, Droop::None, edge), rates.compositeStep) {}
 
 void PeakDoubt::add(std::span<const float> envelope) {
     constexpr float kNothing = 1e-20F;

@@ -4,6 +4,7 @@
 #include <span>
 #include <vector>
 
+#include "drivers/receiver/chain/demodulator.h"
 #include "drivers/receiver/chain/rates.h"
 #include "drivers/receiver/dsp/decimator.h"
 
@@ -16,7 +17,7 @@ namespace hm16::receiver {
 // beside it. The station's own envelope does not move.
 class PeakDoubt {
  public:
-    explicit PeakDoubt(const Rates& rates);
+    explicit PeakDoubt(const Rates& rates, PeakEdge edge = PeakEdge::At80);
 
     // Takes one sample more than steps are looked at.
     void add(std::span<const float> envelope);

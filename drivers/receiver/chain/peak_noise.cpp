@@ -21,9 +21,9 @@ std::vector<double> noiseBandTaps(const Rates& rates) {
 }
 
 // Power behind the multiplex filter of noise whose density is the frequency squared.
-double noisePower(const Rates& rates) {
+double noisePower(const Rates& rates, PeakEdge edge) {
     constexpr double kStepHz = 500;
-    const std::vector<double> taps = compositeTaps(rates.channel, Droop::None);
+    const std::vector<double> taps = compositeTaps(rates.channel, Droop::None, edge);
     double power = 0;
     for (double hz = kStepHz / 2; hz < rates.channel / 2; hz += kStepHz) {
         const double gain = hz * gainOf(taps, rates.channel, hz);
@@ -33,9 +33,9 @@ double noisePower(const Rates& rates) {
 }
 
 // The same as it comes out of the band around 68 kHz, whose filter halves amplitudes.
-double noisePowerInBand(const Rates& rates) {
+double noisePowerInBand(const Rates& rates, PeakEdge edge) {
     constexpr double kStepHz = 100;
-    const std::vector<double> multiplex = compositeTaps(rates.channel, Droop::None);
+    const std::vector<double> multiplex = compositeTaps(rates.channel, Droop::None, edge);
     const std::vector<double> band = noiseBandTaps(rates);
     double power = 0;
     for (double away = -kBandStopHz; away < kBandStopHz; away += kStepHz) {
@@ -49,13 +49,13 @@ double noisePowerInBand(const Rates& rates) {
 
 }  // namespace
 
-PeakNoise::PeakNoise(const Rates& rates, double channelNoiseHz)
+PeakNoise::PeakNoise(const Rates& rates, double channelNoiseHz, PeakEdge edge)
     : band_(noiseBandTaps(rates), rates.narrowStep, kBandHz / rates.composite) {
-    const double power = noisePower(rates);
+    const double power = noisePower(rates, edge);
     // Noise over carrier is twice the envelope's relative variance; its density is that over the
     // channel's noise bandwidth.
     rmsPerEnvelope_ = std::sqrt(2 / channelNoiseHz * power);
-    rmsPerBand_ = std::sqrt(power / noisePowerInBand(rates));
+    rmsPerBand_ = std::sqrt(power / noisePowerInBand(rates, edge));
 }
 
 void PeakNoise::add(std::span<const float> composite) {

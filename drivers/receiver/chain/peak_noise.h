@@ -5,6 +5,7 @@
 #include <span>
 #include <vector>
 
+#include "drivers/receiver/chain/demodulator.h"
 #include "drivers/receiver/chain/rates.h"
 #include "drivers/receiver/dsp/decimator.h"
 
@@ -19,7 +20,7 @@ namespace hm16::receiver {
 class PeakNoise {
  public:
     // `channelNoiseHz`: noise bandwidth of the channel filter.
-    PeakNoise(const Rates& rates, double channelNoiseHz);
+    PeakNoise(const Rates& rates, double channelNoiseHz, PeakEdge edge);
 
     void add(std::span<const float> composite);
     void endSlot();

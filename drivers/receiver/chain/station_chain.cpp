@@ -34,6 +34,10 @@ constexpr double kMostDoubtBesideStrongHz = 2500;
 constexpr double kNeighbourNarrow = 0.04;
 constexpr double kNeighbourWide = 0.03;
 
+// How rough a neighbour makes the envelope at least, against its share of the power.
+constexpr double kNeighbourRoughness = 0.1;
+constexpr double kStrongerNeighbour = 1;
+
 // Slots after a change of the filter that hold its transient.
 constexpr std::size_t kSettling = 2;
 
@@ -74,16 +78,18 @@ StationChain::StationChain(const ChainSettings& settings, const Rates& rates,
       shape_(channel),
       slotLength_(static_cast<std::size_t>(std::lround(kSlotSeconds * rates_.composite))),
       filter_(rates_),
-      demodulator_(rates_),
-      compositeFilter_(compositeTaps(rates_.channel, Droop::None), rates_.compositeStep),
+      demodulator_(rates_, settings.peakEdge),
+      compositeFilter_(compositeTaps(rates_.channel, Droop::None, settings.peakEdge),
+                       rates_.compositeStep),
       pilotBand_(pilotBandTaps(rates_), rates_.narrowStep, kPilotHz / rates_.composite),
       pilotFilter_(pilotTaps(rates_), rates_.pilotStep),
       decoder_(rates_, settings.deemphasisUs),
       rds_(rates_),
       watch_(rates_.channel, channel.roughening),
       watched_(CarrierWatch::kBeside),
-      peakNoise_(rates_, channel.noiseHz),
-      peakDoubt_(rates_),
+      peakNoise_(rates_, channel.noiseHz, settings.peakEdge),
+      peakDoubt_(rates_, settings.peakEdge),
+      multipath_(rates_.channel),
       channelPower_(rates_.channel),
       audio_(rates_.audio) {}
 
@@ -198,6 +204,11 @@ void StationChain::handOn(std::size_t count) {
     const auto frequency = std::span(frequency_);
     spoilt_.mend(handedOn_, count, frequency, static_cast<float>(carrier_.hz()));
     demodulator_.lowPass(frequency.first(count), composite_);
+    if (onWide_) {
+        wide_.clear();
+        demodulator_.wideLowPass(frequency.first(count), wide_);
+        onWide_(wide_);
+    }
     const bool narrow = filter_.width() == ChannelWidth::Narrow;
     if (narrow) peakDoubt_.add(std::span(envelope_).first(count + 1));
     spoilt_.eachClean(handedOn_, count, [&](std::size_t from, std::size_t to) {
@@ -291,12 +302,12 @@ void StationChain::settleRadio() {
         return;
     }
     channelPower_.endSlot();
-    const double power = channelPower_.inChannel();
+    const double power = channelPower_.lately();
     figures_.fieldDb =
         power > 0 ? std::max(0.0, 10 * std::log10(power) + settings_.dbuvAtFullScale) : 0;
     peakNoise_.endSlot();
     figures_.multipathPercent = multipath_.percent();
-    multipath_.fade();
+    multipath_.endSlot();
     chooseWidth();
     if (figures_.carrier && sinceWidth_ > kSettling + kSteadySlots) recentre();
 }
@@ -334,8 +345,13 @@ bool StationChain::peakHidden() {
 }
 
 void StationChain::chooseWidth() {
-    const double neighbour = channelPower_.neighbour();
+    double neighbour = channelPower_.neighbour();
     const bool narrow = filter_.width() == ChannelWidth::Narrow;
+    // Strong modulation reaches as far as a neighbour, but only a neighbour beats in the envelope.
+    // One stronger than the station smooths it again.
+    if (!narrow && neighbour < kStrongerNeighbour &&
+        watch_.roughness() < kNeighbourRoughness * std::min(neighbour, 0.3))
+        neighbour = 0;
     if (narrow ? neighbour >= kNeighbourWide : neighbour <= kNeighbourNarrow) return;
     filter_.setWidth(narrow ? ChannelWidth::Wide : ChannelWidth::Narrow);
     if (narrow) {
@@ -346,7 +362,7 @@ void StationChain::chooseWidth() {
     figures_.narrow = !narrow;
     sinceWidth_ = 0;
     // What the other filter showed is no history for this one.
-    multipath_ = Multipath();
+    multipath_ = Multipath(rates_.channel);
     carrier_ = CarrierMean();
     carrierSlots_ = 0;
     meanSquares_.clear();
@@ -354,7 +370,7 @@ void StationChain::chooseWidth() {
 
 void StationChain::settleCarrier(const SlotMoments& moments) {
     if (!standing_) {
-        carrier_.add(moments.meanHz);
+        carrier_.add(slotSamples_);
         ++carrierSlots_;
         figures_.carrierHz = carrier_.hz();
     }

@@ -37,6 +37,7 @@ struct ChainSettings {
     double rateHz = 0;    // true rate, the clock's error taken out
     double offsetHz = 0;  // where the tuned frequency truly stands in the samples
     double deemphasisUs = 50;
+    PeakEdge peakEdge = PeakEdge::At80;
     double dbuvAtFullScale = 0;             // field of a carrier of amplitude 1
     double compositeHzAtFullScale = 100e3;  // deviation that a composite sample of 1.0 stands for
 };
@@ -74,6 +75,12 @@ class StationChain {
     using SoundListener = std::function<void(std::span<const float>, std::span<const float>)>;
     void onSound(SoundListener listener) { onSound_ = std::move(listener); }
     double soundHz() const { return rates_.audio; }
+
+    // Called with each stretch of the multiplex in Hz, flat to 100 kHz, at wideHz() samples a
+    // second. It is only made while somebody listens; a composite recording has none.
+    using WideListener = std::function<void(std::span<const float>)>;
+    void onWide(WideListener listener) { onWide_ = std::move(listener); }
+    double wideHz() const { return rates_.composite; }
 
     const Disturbances& disturbances() const { return disturbances_; }
 
@@ -155,6 +162,7 @@ class StationChain {
     std::function<void(const StationSlot&)> onSlot_;
     std::function<void(const RdsGroup&)> onGroup_;
     SoundListener onSound_;
+    WideListener onWide_;
 
     std::vector<Sample> centred_;
     std::vector<Sample> channel_;
@@ -162,6 +170,7 @@ class StationChain {
     std::vector<float> envelope_;
     std::vector<float> real_;
     std::vector<float> composite_;
+    std::vector<float> wide_;
     std::vector<float> slotSamples_;
     std::vector<float> left_;
     std::vector<float> right_;

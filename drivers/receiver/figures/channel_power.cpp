@@ -42,7 +42,7 @@ void ChannelPower::add(std::span<const std::complex<float>> channel) {
     }
 }
 
-double ChannelPower::between(double fromHz, double toHz) const {
+double ChannelPower::between(const std::vector<double>& power, double fromHz, double toHz) const {
     const double binHz = channelHz_ / static_cast<double>(kLength);
     double sum = 0;
     const auto half = static_cast<long>(kLength / 2);
@@ -52,7 +52,7 @@ double ChannelPower::between(double fromHz, double toHz) const {
         const double inside = std::min(low + binHz, toHz) - std::max(low, fromHz);
         if (inside <= 0) continue;
         const auto bin = static_cast<std::size_t>(k < 0 ? k + static_cast<long>(kLength) : k);
-        sum += mean_[bin] * inside / binHz;
+        sum += power[bin] * inside / binHz;
     }
     return sum;
 }
@@ -60,13 +60,14 @@ double ChannelPower::between(double fromHz, double toHz) const {
 void ChannelPower::endSlot() {
     if (looks_ == 0) return;
     const bool first = inside_ == 0;
+    lately_.add(between(sum_, -kHalfChannelHz, kHalfChannelHz) / static_cast<double>(looks_));
     for (std::size_t k = 0; k < kLength; ++k) {
         const double now = sum_[k] / static_cast<double>(looks_);
         mean_[k] = first ? now : kRemembered * mean_[k] + (1 - kRemembered) * now;
         sum_[k] = 0;
     }
     looks_ = 0;
-    inside_ = between(-kHalfChannelHz, kHalfChannelHz);
+    inside_ = between(mean_, -kHalfChannelHz, kHalfChannelHz);
 }
 
 void ChannelPower::forgetSlot() {
@@ -76,8 +77,8 @@ void ChannelPower::forgetSlot() {
 
 double ChannelPower::neighbour() const {
     if (inside_ <= 0 || channelHz_ < 2 * kNeighbourToHz) return 0;
-    const double above = between(kNeighbourFromHz, kNeighbourToHz);
-    const double below = between(-kNeighbourToHz, -kNeighbourFromHz);
+    const double above = between(mean_, kNeighbourFromHz, kNeighbourToHz);
+    const double below = between(mean_, -kNeighbourToHz, -kNeighbourFromHz);
     const double oneSided = std::fabs(above - below);
     const double tooMuch = above + below - 2 * kOwnSidebands * inside_;
     return std::max(oneSided, tooMuch) / inside_;

@@ -5,6 +5,7 @@
 #include <span>
 #include <vector>
 
+#include "drivers/receiver/figures/ring.h"
 #include "drivers/receiver/figures/spectrum.h"
 
 namespace hm16::receiver {
@@ -27,13 +28,16 @@ class ChannelPower {
     // Mean power within 100 kHz of the centre; full scale is 1.
     double inChannel() const { return inside_; }
 
+    // The same over the last 200 ms.
+    double lately() const { return lately_.mean(); }
+
     // Power of a strong neighbour 200 kHz away as a share of the channel's own. The sidebands of
     // the station itself lie on both sides alike, so only what one side has more than the other
     // counts, or what is too much for any station.
     double neighbour() const;
 
  private:
-    double between(double fromHz, double toHz) const;
+    double between(const std::vector<double>& power, double fromHz, double toHz) const;
 
     double channelHz_;
     Spectrum spectrum_;
@@ -43,6 +47,7 @@ class ChannelPower {
     std::vector<double> mean_;
     std::size_t looks_ = 0;
     double inside_ = 0;
+    Ring lately_{4};
 };
 
 }  // namespace hm16::receiver

@@ -88,6 +88,7 @@ ReceiverOptions readOptions(Settings& settings, const std::filesystem::path& fol
     options.dbuvAtFullScale = settings.number("dbuv_at_full_scale", 100, -100, 300);
     options.clockPpm = settings.number("clock_ppm", 0, -500, 500);
     options.deemphasisUs = settings.number("deemphasis_us", 50, 0, 100);
+    options.peakEdge = static_cast<PeakEdge>(settings.choice("composite_khz", {"80", "100"}, 0));
     options.levelStepDb = settings.number("level_step_db", 1, 0, 10);
     options.scene = static_cast<Scene>(
         settings.choice("scene", {"station", "band", "rays", "tones", "silence"}, 0));

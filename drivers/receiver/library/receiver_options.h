@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "drivers/receiver/chain/demodulator.h"
 #include "drivers/receiver/radio/soapy_radio.h"
 #include "drivers/receiver/samples/open_recording.h"
 #include "drivers/unit/settings.h"
@@ -29,6 +30,7 @@ struct ReceiverOptions {
     double dbuvAtFullScale = 100;
     double clockPpm = 0;
     double deemphasisUs = 50;
+    PeakEdge peakEdge = PeakEdge::At80;
     double levelStepDb = 1;
     double compositeHzAtFullScale = 100e3;
     Scene scene = Scene::Station;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <array>
+#include <cmath>
 #include <cstdio>
+#include <numbers>
 
 #include "drivers/receiver/library/open_source.h"
 #include "drivers/receiver/library/unit_call.h"
@@ -11,6 +13,17 @@ namespace {
 
 std::string inMhz(double hz) {
     return decimalText(hz / 1e6, 6) + " MHz";
+}
+
+// What is taken out of the samples, in dB and degrees.
+std::string balanceText(const SampleFault& fault) {
+    const double constant = std::abs(fault.constant);
+    return "corrected in the samples: Q by " + decimalText(20 * std::log10(fault.gain), 2) +
+           " dB and " + decimalText(std::asin(fault.skew) * 180 / std::numbers::pi, 2) +
+           " degrees, a constant " +
+           (constant > 0 ? decimalText(-20 * std::log10(constant), 1) + " dB below full scale"
+                         : std::string("of none")) +
+           "\n";
 }
 
 std::string programmeText(const Figures& figures) {
@@ -44,6 +57,7 @@ std::string ReceiverUnit::report() const {
     text += "tuned: " + inMhz(tuning_.frequency * 1e5) + (figures.carrier ? "" : ", no carrier") +
             (figures.stereo ? ", stereo" : "") +
             (figures.narrow ? ", narrow filter for a strong neighbour" : "") + "\n";
+    if (balance_.corrects()) text += balanceText(balance_.fault());
     text += "rds programme: " + programmeText(figures) + "\n";
     text += "rds name: " + (figures.rdsName.empty() ? "none" : plain(figures.rdsName)) + "\n";
     text += "rds blocks: " + std::to_string(figures.rdsGoodBlocks) + " good, " +

@@ -22,6 +22,7 @@ ReceiverUnit::ReceiverUnit(const ReceiverOptions& options, std::unique_ptr<Sampl
       frames_(kNothingThere),
       signal_(options, std::move(source)),
       meter_(options, signal_),
+      balance_(signal_.source().rateHz()),
       log_(files_) {
     removeUnfinishedFiles(files_);
     signal_.onRead([this](std::span<const Sample> samples, std::span<const Loss> losses) {
@@ -53,6 +54,7 @@ void ReceiverUnit::tuneStation(double hz) {
     settings.rateHz = signal_.rateHz();
     settings.offsetHz = hz - signal_.centreHz();
     settings.deemphasisUs = options_.deemphasisUs;
+    settings.peakEdge = options_.peakEdge;
     settings.dbuvAtFullScale = options_.dbuvAtFullScale;
     settings.compositeHzAtFullScale = options_.compositeHzAtFullScale;
     station_ = std::make_unique<TunedStation>(settings);

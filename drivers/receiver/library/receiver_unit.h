@@ -13,6 +13,7 @@
 
 #include "drivers/receiver/chain/sound_resampler.h"
 #include "drivers/receiver/chain/tuned_station.h"
+#include "drivers/receiver/dsp/sample_balance.h"
 #include "drivers/receiver/figures/response_tones.h"
 #include "drivers/receiver/figures/ring.h"
 #include "drivers/receiver/library/band_meter.h"
@@ -106,6 +107,7 @@ class ReceiverUnit : public Unit {
 
     SignalReader signal_;
     BandMeter meter_;
+    SampleBalance balance_;
 
     Tuning tuning_;
     std::unique_ptr<TunedStation> station_;  // none where nothing can be heard

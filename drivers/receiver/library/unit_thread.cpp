@@ -104,6 +104,8 @@ void ReceiverUnit::hear(std::span<const Sample> samples, std::span<const Loss> l
         return;
     }
     if (missed_ > 0) lose(std::exchange(missed_, 0));
+    // Levels and sweeps take the samples as they are: they know each step of the converter.
+    if (signal_.source().domain() == Domain::Band) samples = balance_.correct(samples);
     std::size_t at = 0;
     for (const Loss& loss : losses) {
         station_->push(samples.subspan(at, loss.at - at));

@@ -68,15 +68,38 @@ TEST(SlotMoments, AreMeanAndMeanSquare) {
     EXPECT_EQ(momentsOf({}).meanSquare, 0);
 }
 
-TEST(CarrierMean, HoldsStillUnderAStrongLowTone) {
+// A carrier 1 kHz off with a tone of 67.5 kHz on it.
+CarrierMean carrierBesideTone(double hz, std::size_t slots) {
+    constexpr std::size_t kLength = 12500;
     CarrierMean mean;
-    for (int slot = 0; slot < 20; ++slot) {
-        // The mean of a 30 Hz tone of 67.5 kHz over one slot.
-        const double from = kTwoPi * 30 * slot * 0.05;
-        const double to = kTwoPi * 30 * (slot + 1) * 0.05;
-        mean.add(1000 + 67.5e3 * (std::cos(from) - std::cos(to)) / (to - from));
+    std::vector<float> values(kLength);
+    for (std::size_t slot = 0; slot < slots; ++slot) {
+        for (std::size_t n = 0; n < kLength; ++n) {
+            const double turns = hz * static_cast<double>(slot * kLength + n) / 250e3;
+            values[n] = static_cast<float>(1000 + 67.5e3 * std::sin(kTwoPi * turns));
+        }
+        mean.add(values);
     }
-    EXPECT_NEAR(mean.hz(), 1000, 1);
+    return mean;
+}
+
+TEST(CarrierMean, HoldsStillUnderAStrongLowTone) {
+    EXPECT_NEAR(carrierBesideTone(30, 20).hz(), 1000, 1);
+}
+
+// Slots that were averaged evenly would beat with these.
+TEST(CarrierMean, HoldsStillUnderAToneBesideAMultipleOfTheSlotsRate) {
+    for (const double hz : {1259.0, 1260.5, 61.0, 4001.0, 14999.0})
+        for (std::size_t slots = 20; slots < 40; ++slots)
+            EXPECT_NEAR(carrierBesideTone(hz, slots).hz(), 1000, 0.1) << hz;
+}
+
+TEST(CarrierMean, IsSoonNearAndFollows) {
+    EXPECT_NEAR(carrierBesideTone(1000, 1).hz(), 1000, 150);
+    EXPECT_NEAR(carrierBesideTone(1000, 4).hz(), 1000, 5);
+    CarrierMean mean = carrierBesideTone(1000, 20);
+    for (int slot = 0; slot < 20; ++slot) mean.add(std::vector<float>(12500, -3000.0F));
+    EXPECT_NEAR(mean.hz(), -3000, 0.1);
 }
 
 TEST(CarrierMean, IsZeroBeforeAnythingCame) {

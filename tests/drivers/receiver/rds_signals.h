@@ -124,7 +124,7 @@ inline std::vector<float> multiplexOf(const RdsSignal& signal) {
     band.stations.push_back(station);
     BandGenerator generator(band);
     ComplexDecimator channelFilter(designLowPass(band.rateHz, 190e3, 249e3), 1);
-    Demodulator demodulator(planRates(band.rateHz, Domain::Band));
+    Demodulator demodulator(planRates(band.rateHz, Domain::Band), PeakEdge::At100);
     std::vector<Sample> samples(50000);
     std::vector<Sample> channel;
     std::vector<float> frequency;

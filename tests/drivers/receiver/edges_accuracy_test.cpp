@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What lies at the edges of steady signals: tones beside the slots' rate, subcarriers, too much
+// modulation, sudden fades, second rays.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <complex>
+#include <numbers>
+#include <string>
+#include <vector>
+
+#include "drivers/receiver/chain/tuned_station.h"
+#include "drivers/receiver/synth/station_generator.h"
+#include "tests/drivers/receiver/signals.h"
+
+namespace hm16::receiver {
+namespace {
+
+TEST(EdgesAccuracy, TheCarrierDoesNotSwingWithAToneBesideAMultipleOf20Hz) {
+    for (const double hz : {1259.0, 1259.5, 401.0}) {
+        double lowest = 0;
+        double highest = 0;
+        int slots = 0;
+        measure(bandWith([&](auto& s) {
+                    s.direct = {{hz, 67.5e3}};
+                }),
+                2.6, 300e3, [&](const Figures& f) {
+                    if (++slots < 22) return;
+                    lowest = std::min(lowest, f.carrierHz);
+                    highest = std::max(highest, f.carrierHz);
+                });
+        EXPECT_GT(lowest, -5) << hz;
+        EXPECT_LT(highest, 5) << hz;
+        RecordProperty("swing" + std::to_string(hz), std::to_string(highest - lowest));
+    }
+}
+
+// A chain with an edge of its own, over 0.6 seconds of the band.
+double peakBehind(const BandPlan& band, PeakEdge edge, std::vector<float>* wide = nullptr) {
+    BandGenerator generator(band);
+    ChainSettings settings;
+    settings.rateHz = band.rateHz;
+    settings.offsetHz = 300e3;
+    settings.peakEdge = edge;
+    TunedStation station(settings);
+    if (wide != nullptr)
+        station.chain().onWide([wide](std::span<const float> part) {
+            wide->insert(wide->end(), part.begin(), part.end());
+        });
+    std::vector<Sample> samples(static_cast<std::size_t>(0.6 * band.rateHz));
+    generator.read(samples);
+    station.push(samples);
+    return station.figures().peakHz;
+}
+
+TEST(EdgesAccuracy, PeaksOfSubcarriersUpTo100Kilohertz) {
+    for (const double rate : {1.2e6, 2.4e6}) {
+        for (const double hz : {57e3, 67e3, 76e3, 92e3, 99e3}) {
+            const auto band = bandWith([&](auto& s) { s.direct = {{hz, 15e3}}; }, rate);
+            EXPECT_NEAR(peakBehind(band, PeakEdge::At100), 15e3, 500) << hz << " at " << rate;
+        }
+    }
+    const auto band = bandWith([](auto& s) { s.direct = {{92e3, 15e3}}; });
+    EXPECT_LT(peakBehind(band, PeakEdge::At80), 2e3);
+}
+
+TEST(EdgesAccuracy, TheWideMultiplexIsFlatTo100Kilohertz) {
+    constexpr double kWideHz = 300e3;
+    for (const double hz : {1e3, 38e3, 67e3, 92e3, 99e3}) {
+        const auto band = bandWith([&](auto& s) { s.direct = {{hz, 15e3}}; });
+        std::vector<float> wide;
+        peakBehind(band, PeakEdge::At80, &wide);
+        ASSERT_GT(wide.size(), 120000U);
+        std::complex<double> line = 0;
+        for (std::size_t n = 30000; n < 120000; ++n)
+            line += std::polar(static_cast<double>(wide[n]),
+                               2 * std::numbers::pi * hz * static_cast<double>(n) / kWideHz);
+        EXPECT_NEAR(2 * std::abs(line) / 90000, 15e3, 75) << hz;
+    }
+}
+
+TEST(EdgesAccuracy, ToneOf149KilohertzIsACarrier) {
+    for (const double hz : {400.0, 1000.0, 5000.0}) {
+        const Figures figures = measure(bandWith(
+                                            [&](auto& s) {
+                                                s.direct = {{hz, 149e3}};
+                                            },
+                                            2.4e6),
+                                        1.2);
+        EXPECT_TRUE(figures.carrier) << hz;
+        EXPECT_FALSE(figures.narrow) << hz;
+        EXPECT_NEAR(figures.peakHz, 149e3, 2000) << hz;
+        EXPECT_NEAR(figures.carrierHz, 0, 20) << hz;
+    }
+}
+
+TEST(EdgesAccuracy, TheFieldFollowsAFadeWithin300Milliseconds) {
+    constexpr double kFadeSeconds = 1.013;
+    const auto band = bandWith([](auto& s) { s.direct = {{1000, 40e3}}; });
+    BandGenerator generator(band);
+    ChainSettings settings;
+    settings.rateHz = band.rateHz;
+    settings.offsetHz = 300e3;
+    settings.dbuvAtFullScale = kFieldAtFullScale;
+    TunedStation station(settings);
+    std::vector<Sample> samples(static_cast<std::size_t>(kFadeSeconds * band.rateHz));
+    generator.read(samples);
+    station.push(samples);
+    const double before = station.figures().fieldDb;
+    samples.resize(static_cast<std::size_t>(0.3 * band.rateHz));
+    generator.read(samples);
+    for (Sample& sample : samples) sample *= 0.1F;
+    station.push(samples);
+    EXPECT_NEAR(before - station.figures().fieldDb, 20, 0.2);
+    RecordProperty("fade", std::to_string(before - station.figures().fieldDb));
+}
+
+StationPlan programmeStation() {
+    StationPlan station;
+    station.offsetHz = 300e3;
+    station.pilotDeviationHz = 6750;
+    station.rds.deviationHz = 2000;
+    station.programme = {.level = 0.8, .width = 0.4};
+    return station;
+}
+
+// Variation of the envelope that the rays alone make, in percent rms over the last half second.
+double trueVariation(const StationPlan& plan, double seconds) {
+    constexpr double kRateHz = 1.2e6;
+    StationGenerator generator(plan, kRateHz, plan.offsetHz, 2);
+    std::vector<Sample> samples(static_cast<std::size_t>(seconds * kRateHz));
+    generator.addTo(samples);
+    double sum = 0;
+    double squares = 0;
+    const auto from = static_cast<std::size_t>((seconds - 0.5) * kRateHz);
+    for (std::size_t n = from; n < samples.size(); ++n) {
+        sum += std::abs(samples[n]);
+        squares += std::norm(samples[n]);
+    }
+    const auto count = static_cast<double>(samples.size() - from);
+    const double mean = sum / count;
+    return 100 * std::sqrt(squares / count - mean * mean) / mean;
+}
+
+TEST(EdgesAccuracy, MultipathOnProgramme) {
+    constexpr double kSeconds = 2.1;
+    for (const double delay : {5e-6, 12e-6, 20e-6, 33e-6, 50e-6}) {
+        for (const double amplitude : {0.05, 0.2, 0.4}) {
+            BandPlan band = bandWith([&](auto& s) {
+                s = programmeStation();
+                s.ray = {delay, amplitude, 60};
+            });
+            const double truth = trueVariation(band.stations.front(), kSeconds);
+            const double read = measure(band, kSeconds).multipathPercent;
+            EXPECT_NEAR(read, truth, std::max(1.0, 0.2 * truth)) << delay << " " << amplitude;
+            RecordProperty(std::to_string(delay * 1e6) + "us" + std::to_string(amplitude),
+                           std::to_string(read) + " of " + std::to_string(truth));
+        }
+    }
+}
+
+TEST(EdgesAccuracy, NeitherANeighbourNorAStickIsMultipath) {
+    const auto multipath = [](const BandPlan& band, double offset) {
+        const double percent = measure(band, 1.6, offset).multipathPercent;
+        EXPECT_LE(percent, 1) << offset;
+    };
+    BandPlan band = bandWith([](auto& s) { s = programmeStation(); });
+    multipath(band, 300e3);
+    StationPlan neighbour = programmeStation();
+    neighbour.offsetHz = 500e3;
+    neighbour.amplitude = 0.07;
+    band.stations.push_back(neighbour);
+    multipath(band, 300e3);
+    for (const double offset : {300e3, 0.0}) {
+        BandPlan stick = bandWith([&](auto& s) {
+            s = programmeStation();
+            s.offsetHz = offset;
+        });
+        stick.gainError = 0.122;
+        stick.phaseErrorDegrees = 3;
+        stick.offsetI = 0.0221;
+        multipath(stick, offset);
+    }
+}
+
+}  // namespace
+}  // namespace hm16::receiver
