@@ -21,7 +21,9 @@ using hmonitor::DriverLibrary;
 /// on without a unit, and what was wrong goes to standard error.
 std::unique_ptr<DriverLibrary> openDriver(const hm16::LoadResult& loaded) {
     if (loaded.library) {
-        return std::make_unique<hmonitor::LoadedDriver>(loaded.library->functions());
+        return std::make_unique<hmonitor::LoadedDriver>(
+            loaded.library->functions(),
+            reinterpret_cast<HM16_ExtensionFunction>(loaded.library->extra(HM16_EXTENSION_NAME)));
     }
     std::fprintf(stderr, "hmonitor: %s\n", loaded.fault.c_str());
     return std::make_unique<hmonitor::NoLibrary>();

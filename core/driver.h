@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 
 namespace hmonitor {
 
@@ -18,6 +19,15 @@ struct Readings {
 struct ResponsePairs {
     std::array<std::int32_t, 8> frequency{};
     std::array<std::int32_t, 8> level{};
+};
+
+/// The tuned station on the machine's loudspeakers.
+struct Sound {
+    bool playing = false;
+    int volume = 0;  ///< 0 to 100
+    bool muted = false;
+
+    bool operator==(const Sound&) const = default;
 };
 
 /// A driver library, as the program calls it (drivers/hm16.h tells each function's meaning, units
@@ -43,6 +53,14 @@ class DriverLibrary {
     virtual std::int32_t HM_setSintoMode(std::int32_t mode) = 0;
     virtual std::int32_t HM_getHardwareVersion(float& version) = 0;
     virtual std::int32_t HM_getDriverVersion(float& version) = 0;
+
+    /// Beyond the nineteen functions (drivers/hm16_more.h): nothing where a library does not have
+    /// it.
+    virtual std::optional<Sound> sound() { return std::nullopt; }
+    virtual void setSound(int volume, bool muted) {
+        static_cast<void>(volume);
+        static_cast<void>(muted);
+    }
 };
 
 /// Stands in where no library could be loaded: every call returns 0 and leaves its outputs alone,

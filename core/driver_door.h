@@ -46,6 +46,10 @@ class DriverDoor {
     std::int32_t HM_getHardwareVersion(float& version);
     std::int32_t HM_getDriverVersion(float& version);
 
+    /// The tuned station's sound; nothing where the library does not play it.
+    std::optional<Sound> sound() { return library_.sound(); }
+    void setSound(int volume, bool muted) { library_.setSound(volume, muted); }
+
     /// Seconds for which the readings of the tuned station have stood still, once that is no
     /// measuring any more; 0 while they live, on an empty channel, and while the unit is away.
     int staleSeconds() const { return still_.staleSeconds(desktop_.now()); }

@@ -3,13 +3,19 @@
 
 #include "core/driver.h"
 #include "drivers/hm16.h"
+#include "drivers/hm16_more.h"
 
 namespace hmonitor {
 
 /// A driver library that was loaded at run time. The functions must outlive it.
 class LoadedDriver final : public DriverLibrary {
  public:
-    explicit LoadedDriver(const HM16_Functions& functions) : call_(functions) {}
+    /// With the library's HM16_Extension, null where it has none.
+    explicit LoadedDriver(const HM16_Functions& functions,
+                          HM16_ExtensionFunction extension = nullptr)
+        : call_(functions) {
+        if (extension) listen_ = static_cast<const HM16_ListenV1*>(extension(HM16_LISTEN));
+    }
 
     std::int32_t HM_Init() override { return call_.init(); }
     std::int32_t HM_Terminate() override { return call_.terminate(); }
@@ -52,8 +58,19 @@ class LoadedDriver final : public DriverLibrary {
         return call_.getDriverVersion(&version);
     }
 
+    std::optional<Sound> sound() override {
+        HM16_ListenState state{};
+        state.size = sizeof state;
+        if (!listen_ || listen_->state(&state) != 0) return std::nullopt;
+        return Sound{state.playing != 0, state.volume, state.muted != 0};
+    }
+    void setSound(int volume, bool muted) override {
+        if (listen_) listen_->set(volume, muted ? 1 : 0);
+    }
+
  private:
     const HM16_Functions& call_;
+    const HM16_ListenV1* listen_ = nullptr;
 };
 
 }  // namespace hmonitor

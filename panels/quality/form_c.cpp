@@ -37,6 +37,7 @@ Form_C::Form_C(Program& itsProgram) : ProgramForm(itsProgram, "Form_C") {
     bindKey(Image2, "ResN", "ResA", [this] { reset(kDistortion); });
     bindKey(Image3, "ResN", "ResA", [this] { reset(kSeparation); });
     bindReadings();
+    bindSound();
 }
 
 void Form_C::bindReadings() {
@@ -95,6 +96,7 @@ void Form_C::Command1() {
     Label_ChannelSep_Right.caption = mask("0.0", readings.output(11));
     showRds();
     showSeparation(readings);
+    showSound();
 }
 
 void Form_C::showRds() {

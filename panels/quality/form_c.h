@@ -96,6 +96,13 @@ class Form_C final : public ProgramForm {
     display::Label Label_RDSLevel{*this, "Label_RDSLevel"};
     display::Label RdsUnit{*this, "RdsUnit"};
 
+    // The station on the loudspeakers: there only while a library plays it.
+    display::Key SoundDown{*this, "SoundDown"};
+    display::Panel SoundWell{*this, "SoundWell"};
+    display::Label SoundVolume{*this, "SoundVolume"};
+    display::Key SoundUp{*this, "SoundUp"};
+    display::Key SoundMute{*this, "SoundMute"};
+
     PanelSign sign{*this, 12};
 
     // The panel's state lives for the run.
@@ -114,6 +121,9 @@ class Form_C final : public ProgramForm {
     void layOutDigits();
     void layOutResets();
     void bindReadings();
+    void layOutSound();
+    void bindSound();
+    void showSound();
     void reset(int code);
     void readFrozen();
     void showRds();

@@ -21,6 +21,7 @@ void Form_C::layOut() {
     layOutColumns();
     layOutDigits();
     layOutResets();
+    layOutSound();
     placeSign(sign, 60,
               {&Error19Well, &Error19Digits, &PilotWell, &PilotDigits, &NoiseWell, &NoiseDigits,
                &DistortionWell, &DistortionDigits, &SeparationWell, &SeparationDigits, &Error57Well,
@@ -74,7 +75,7 @@ void Form_C::layOutResets() {
           {"Borrar el resultado de distorsión", "Clear the distortion result"});
     reset(Image3, SeparationWell,
           {"Borrar el resultado de separación", "Clear the separation result"});
-    tabOrder(Image_Reset1, Image2, Image3);
+    tabOrder(Image_Reset1, Image2, Image3, SoundDown, SoundUp, SoundMute);
 }
 
 void Form_C::layOutDigits() {

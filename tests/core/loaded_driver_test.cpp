@@ -147,6 +147,34 @@ TEST_F(LoadedDriverTest, LevelsAndVersionsComeBackInTheirOutputs) {
     EXPECT_EQ(level, 4.2f);
 }
 
+/// Loudspeakers that keep what they are told.
+HM16_ListenState loudspeakers{sizeof(HM16_ListenState), 1, 40, 0};
+const HM16_ListenV1 kListen{sizeof(HM16_ListenV1),
+                            [](int32_t volume, int32_t muted) {
+                                loudspeakers.volume = volume;
+                                loudspeakers.muted = muted;
+                                return 0;
+                            },
+                            [](HM16_ListenState* state) {
+                                *state = loudspeakers;
+                                return 0;
+                            }};
+
+TEST_F(LoadedDriverTest, TheLoudspeakersAreThoseOfTheExtension) {
+    const auto extension = [](const char* id) -> const void* {
+        return std::string(id) == HM16_LISTEN ? &kListen : nullptr;
+    };
+    LoadedDriver playing(functions, extension);
+    EXPECT_EQ(playing.sound(), (Sound{true, 40, false}));
+    playing.setSound(65, true);
+    EXPECT_EQ(playing.sound(), (Sound{true, 65, true}));
+    EXPECT_EQ(driver.sound(), std::nullopt);
+    driver.setSound(1, false);
+    EXPECT_EQ(loudspeakers.volume, 65);
+    LoadedDriver other(functions, [](const char*) -> const void* { return nullptr; });
+    EXPECT_EQ(other.sound(), std::nullopt);
+}
+
 TEST(NoLibraryTest, EveryCallGivesZeroAndLeavesItsOutputsAlone) {
     NoLibrary none;
     Readings readings;

@@ -130,4 +130,9 @@ std::int32_t ScriptedDriver::HM_getDriverVersion(float& version) {
     return 0;
 }
 
+void ScriptedDriver::setSound(int volume, bool muted) {
+    note("setSound(" + text(volume) + ", " + text(muted ? 1 : 0) + ")");
+    if (loudspeakers) loudspeakers = Sound{loudspeakers->playing, volume, muted};
+}
+
 }  // namespace hmonitor::test

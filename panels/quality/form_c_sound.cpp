@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The keys of the loudspeakers: they stand there only while the driver library plays the station.
+#include <algorithm>
+
+#include "core/look.h"
+#include "core/numbers.h"
+#include "panels/quality/form_c.h"
+
+namespace hmonitor {
+
+namespace {
+
+constexpr int kVolumeStep = 5;
+constexpr float kTop = 880;
+constexpr float kHeight = 290;
+
+}  // namespace
+
+void Form_C::bindSound() {
+    const auto change = [this](int step) {
+        const auto sound = driver.sound();
+        if (!sound) return;
+        driver.setSound(std::clamp(sound->volume + step, 0, 100), false);
+        showSound();
+    };
+    SoundDown.onClick = [change] { change(-kVolumeStep); };
+    SoundUp.onClick = [change] { change(kVolumeStep); };
+    SoundMute.onClick = [this] {
+        const auto sound = driver.sound();
+        if (!sound) return;
+        driver.setSound(sound->volume, !sound->muted);
+        showSound();
+    };
+}
+
+void Form_C::layOutSound() {
+    const float from = Error57Well.left;
+    const float to = RdsWell.left + RdsWell.width;
+    constexpr float kWide = 540;
+    constexpr float kMuteWide = 760;
+    place(SoundDown, {from, kTop, kWide, kHeight}, "VOL -",
+          display::SaysAndTip{{"Volumen: más bajo (Ctrl+Abajo)", "Volume: lower (Ctrl+Down)"}})
+        .shortcut = "Ctrl+Down";
+    place(SoundWell, {from + 600, kTop, 500, kHeight}, display::Surface::Well);
+    place(SoundVolume, {20, 45, 460, 210}, &SoundWell, look::kSmallReadoutText.centred(),
+          display::Readout{{"Volumen de los altavoces", "Volume of the loudspeakers"}});
+    place(SoundUp, {from + 1160, kTop, kWide, kHeight}, "VOL +",
+          display::SaysAndTip{{"Volumen: más alto (Ctrl+Arriba)", "Volume: higher (Ctrl+Up)"}})
+        .shortcut = "Ctrl+Up";
+    place(SoundMute, {to - kMuteWide, kTop, kMuteWide, kHeight}, display::Words{"MUDO", "MUTE"},
+          display::SaysAndTip{{"Altavoces en silencio (Ctrl+M)", "Loudspeakers muted (Ctrl+M)"}})
+        .shortcut = "Ctrl+M";
+    showSound();
+}
+
+void Form_C::showSound() {
+    const auto sound = driver.sound();
+    const bool there = sound && sound->playing;
+    for (display::Control* control : std::initializer_list<display::Control*>{
+             &SoundDown, &SoundWell, &SoundVolume, &SoundUp, &SoundMute})
+        control->visible = there;
+    if (!there) return;
+    SoundVolume.caption = sound->muted ? "--" : wholeText(sound->volume);
+    SoundMute.lit = sound->muted;
+}
+
+}  // namespace hmonitor
