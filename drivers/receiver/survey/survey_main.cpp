@@ -13,6 +13,7 @@
 #include "drivers/receiver/library/receiver_options.h"
 #include "drivers/receiver/radio/radio_list.h"
 #include "drivers/receiver/survey/presets.h"
+#include "drivers/receiver/survey/rate_check.h"
 #include "drivers/receiver/survey/survey.h"
 #include "drivers/unit/number_text.h"
 #include "drivers/unit/replace_file.h"
@@ -84,6 +85,20 @@ std::string coverage(const SampleSource& source) {
            hm16::decimalText((source.centreHz() + half) / 1e6, 2) + " MHz";
 }
 
+// A recording that was given a wrong rate plays, but too fast or too slow.
+void sayRateFault(const ReceiverOptions& options, const FoundStation& station) {
+    if (options.source != SourceKind::Recording) return;
+    const auto source = openSource(options);
+    const double hz = 1e6 * station.mhz;
+    source->retune(hz);
+    std::vector<Sample> samples(static_cast<std::size_t>(source->rateHz() / 2));
+    samples.resize(source->read(samples));
+    const auto pilot = seemingPilotHz(samples, source->rateHz(), hz - source->centreHz());
+    if (!pilot) return;
+    const std::string fault = rateFault(nameOf(options), source->rateHz(), *pilot);
+    if (!fault.empty()) std::cerr << fault << '\n';
+}
+
 int survey(const Options& asked) {
     hm16::Settings settings = hm16::Settings::read(asked.ini);
     ReceiverOptions options = readOptions(settings, asked.ini.parent_path());
@@ -104,6 +119,7 @@ int survey(const Options& asked) {
         stations = surveyBand(unit, kPresets);
     }
     if (stations.empty()) return fail("No station is heard in " + name + where + ".");
+    sayRateFault(options, stations.front());
     std::cout << "mhz,level_dbuv,name\n";
     for (const FoundStation& station : stations)
         std::cout << hm16::decimalText(station.mhz, 2) << ','

@@ -7,6 +7,7 @@
 
 #include "drivers/receiver/library/scenes.h"
 #include "drivers/receiver/survey/presets.h"
+#include "drivers/receiver/survey/rate_check.h"
 #include "drivers/receiver/synth/band_generator.h"
 #include "tests/support/temp_folder.h"
 
@@ -86,6 +87,49 @@ TEST(Presets, TakeTheStationsAndEmptyTheRest) {
     EXPECT_EQ(block.substr(256, 16), "-         -     ");
     EXPECT_EQ(block.substr(272), std::string(48, 'x'));
     EXPECT_EQ(withPresets("", {}).size(), 300u);
+}
+
+// A station 100 kHz above the centre, as a file with a rate of its own would have it.
+std::vector<Sample> stationAt(double rateHz, double pilotHz, double seconds) {
+    BandPlan band;
+    band.rateHz = rateHz;
+    band.carrierToNoiseDb = 50;
+    StationPlan station;
+    station.offsetHz = 100e3;
+    station.amplitude = 0.5;
+    station.pilotDeviationHz = pilotHz;
+    station.programme.level = 0.8;
+    band.stations = {station};
+    std::vector<Sample> samples(static_cast<std::size_t>(seconds * rateHz));
+    BandGenerator(band).read(samples);
+    return samples;
+}
+
+TEST(RateCheck, ThePilotOfARightRateStandsAt19Khz) {
+    const auto samples = stationAt(1.2e6, 6750, 1);
+    const auto pilot = seemingPilotHz(samples, 1.2e6, 100e3);
+    ASSERT_TRUE(pilot);
+    EXPECT_NEAR(*pilot, 19e3, 20);
+    EXPECT_EQ(rateFault("a.cu8", 1.2e6, *pilot), "");
+}
+
+TEST(RateCheck, AWrongRateIsToldByThePilotThatStandsElsewhere) {
+    const auto samples = stationAt(1.2e6, 6750, 1);
+    for (const double told : {1e6, 2.4e6}) {
+        const auto pilot = seemingPilotHz(samples, told, 100e3 * told / 1.2e6);
+        ASSERT_TRUE(pilot) << told;
+        EXPECT_NEAR(*pilot, 19e3 * told / 1.2e6, 40);
+        EXPECT_THAT(rateFault("a.cu8", told, *pilot),
+                    testing::HasSubstr("at 1200000 it would stand at 19 kHz."));
+    }
+}
+
+TEST(RateCheck, WithoutAPilotNothingIsSaid) {
+    const auto samples = stationAt(1.2e6, 0, 1);
+    EXPECT_EQ(seemingPilotHz(samples, 1.2e6, 100e3), std::nullopt);
+    EXPECT_EQ(seemingPilotHz(std::span(samples).first(1000), 1.2e6, 100e3), std::nullopt);
+    // A steady tone is no pilot of any rate that there is.
+    EXPECT_EQ(rateFault("a.cu8", 2.4e6, 10e3), "");
 }
 
 }  // namespace
