@@ -206,7 +206,11 @@ void RadioLoop::forget() {
 
 // What nobody fetches goes; that is a loss only for somebody who reads.
 void RadioLoop::put(std::span<const Sample> samples) {
-    for (const Sample& sample : samples) ring_[written_++ % ring_.size()] = sample;
+    const std::size_t at = static_cast<std::size_t>(written_ % ring_.size());
+    const std::size_t first = std::min(samples.size(), ring_.size() - at);
+    std::copy_n(samples.begin(), first, ring_.begin() + static_cast<std::ptrdiff_t>(at));
+    std::copy(samples.begin() + static_cast<std::ptrdiff_t>(first), samples.end(), ring_.begin());
+    written_ += samples.size();
     if (waiting() <= ring_.size()) return;
     read_ = written_ - ring_.size();
     while (!lostAt_.empty() && lostAt_.front() <= read_) lostAt_.pop_front();
@@ -216,7 +220,13 @@ void RadioLoop::put(std::span<const Sample> samples) {
 void RadioLoop::take(std::span<Sample> into, std::size_t done,
                      std::vector<SampleSource::Loss>& losses) {
     const std::uint64_t first = read_;
-    for (Sample& sample : into) sample = ring_[read_++ % ring_.size()];
+    const std::size_t at = static_cast<std::size_t>(read_ % ring_.size());
+    const std::size_t straight = std::min(into.size(), ring_.size() - at);
+    const auto from = ring_.begin() + static_cast<std::ptrdiff_t>(at);
+    std::copy_n(from, straight, into.begin());
+    std::copy_n(ring_.begin(), into.size() - straight,
+                into.begin() + static_cast<std::ptrdiff_t>(straight));
+    read_ += into.size();
     for (; !lostAt_.empty() && lostAt_.front() < read_; lostAt_.pop_front())
         losses.push_back({done + static_cast<std::size_t>(lostAt_.front() - first), 0});
 }
