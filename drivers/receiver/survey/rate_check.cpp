@@ -41,6 +41,9 @@ constexpr std::array kUsualKhz{
     6000., 6400., 7680., 8000., 9600., 10000., 12000., 12500., 15360., 16000., 20000.};
 constexpr double kClose = 0.004;
 
+// Half the width of a line in bins.
+constexpr double kLobe = 4;
+
 std::vector<float> discriminated(std::span<const Sample> samples, double rateHz, double offsetHz,
                                  double& outRateHz) {
     const auto step = std::max<std::size_t>(1, static_cast<std::size_t>(rateHz / kChannelRateHz));
@@ -76,6 +79,32 @@ double sumOver(const std::vector<double>& power, double from, double to) {
     return sum;
 }
 
+// Where between two bins the line of a peak is: where its power is.
+double placeOf(const std::vector<double>& power, std::size_t k) {
+    const double left = power[k - 1], right = power[k + 1];
+    return static_cast<double>(k) + (right - left) / std::max(left + power[k] + right, 1e-30);
+}
+
+// By how much a line stands above all that a pilot has beside it; 0 where there is no line.
+double isolation(const std::vector<double>& power, std::size_t k) {
+    if (power[k] < power[k - 1] || power[k] < power[k + 1]) return 0;
+    const auto bin = static_cast<double>(k);
+    const double line = sumOver(power, bin - kLobe, bin + kLobe);
+    const double beside = sumOver(power, bin - 4 * kLobe, bin - 2 * kLobe) +
+                          sumOver(power, bin + 2 * kLobe, bin + 4 * kLobe);
+    if (line < kAboveNeighbours * beside) return 0;
+    const double below = sumOver(power, bin * (1 - kNothingTo), bin * (1 - kNothingFrom));
+    const double above = sumOver(power, bin * (1 + kNothingFrom), bin * (1 + kNothingTo));
+    return line / std::max(below + above, 1e-30);
+}
+
+std::optional<double> usualRateNear(double hz) {
+    const auto found = std::find_if(kUsualKhz.begin(), kUsualKhz.end(), [&](double khz) {
+        return std::fabs(hz / (1e3 * khz) - 1) < kClose;
+    });
+    return found == kUsualKhz.end() ? std::nullopt : std::optional(1e3 * *found);
+}
+
 }  // namespace
 
 std::optional<double> seemingPilotHz(std::span<const Sample> samples, double rateHz,
@@ -85,39 +114,30 @@ std::optional<double> seemingPilotHz(std::span<const Sample> samples, double rat
     if (angle.size() < 2 * kLength) return std::nullopt;
     const auto power = spectrumOf(angle);
     const double binHz = angleRateHz / static_cast<double>(kLength);
-    double bestRatio = kAboveNothing;
     std::optional<double> best;
-    const double lobe = 4;
+    double bestRatio = kAboveNothing;
     for (auto k = static_cast<std::size_t>(kLowestHz / binHz);
-         k < power.size() && static_cast<double>(k) * binHz < kHighestHz; ++k) {
-        if (power[k] < power[k - 1] || power[k] < power[k + 1]) continue;
-        const auto bin = static_cast<double>(k);
-        const double line = sumOver(power, bin - lobe, bin + lobe);
-        const double below = sumOver(power, bin * (1 - kNothingTo), bin * (1 - kNothingFrom));
-        const double above = sumOver(power, bin * (1 + kNothingFrom), bin * (1 + kNothingTo));
-        const double beside = sumOver(power, bin - 4 * lobe, bin - 2 * lobe) +
-                              sumOver(power, bin + 2 * lobe, bin + 4 * lobe);
-        const double ratio = line / std::max(below + above, 1e-30);
-        if (ratio <= bestRatio || line < kAboveNeighbours * beside) continue;
+         k + 1 < power.size() && static_cast<double>(k) * binHz < kHighestHz; ++k) {
+        const double hz = placeOf(power, k) * binHz;
+        // Tones of a programme stand alone as well: only what would be a pilot counts.
+        const bool inPlace = std::fabs(hz / kPilotHz - 1) < kClose;
+        if (!inPlace && !usualRateNear(rateHz * kPilotHz / hz)) continue;
+        const double ratio = isolation(power, k);
+        if (inPlace && ratio > kAboveNothing) return hz;
+        if (ratio <= bestRatio) continue;
         bestRatio = ratio;
-        // Between two bins the line is where its power is.
-        const double left = power[k - 1], right = power[k + 1];
-        const double shift = (right - left) / (left + power[k] + right);
-        best = (bin + shift) * binHz;
+        best = hz;
     }
     return best;
 }
 
 std::string rateFault(const std::string& name, double rateHz, double pilotHz) {
-    const double seeming = rateHz * kPilotHz / pilotHz;
-    if (std::fabs(seeming / rateHz - 1) < 2 * kClose) return "";
-    const auto usual = std::find_if(kUsualKhz.begin(), kUsualKhz.end(), [&](double khz) {
-        return std::fabs(seeming / (1e3 * khz) - 1) < kClose;
-    });
-    if (usual == kUsualKhz.end()) return "";
+    if (std::fabs(pilotHz / kPilotHz - 1) < 2 * kClose) return "";
+    const auto usual = usualRateNear(rateHz * kPilotHz / pilotHz);
+    if (!usual) return "";
     return name + " is played at " + decimalText(rateHz, 0) +
            " samples a second, but the pilot of its strongest station then stands at " +
-           decimalText(pilotHz / 1e3, 2) + " kHz: at " + decimalText(*usual * 1e3, 0) +
+           decimalText(pilotHz / 1e3, 2) + " kHz: at " + decimalText(*usual, 0) +
            " it would stand at 19 kHz.";
 }
 

@@ -8,6 +8,7 @@
 namespace hmonitor::test {
 namespace {
 
+using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
