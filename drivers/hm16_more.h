@@ -103,7 +103,7 @@ typedef struct HM16_ListenV1 {
     uint32_t size; /* bytes of this struct */
 
     /* Sets the volume, 0 to 100, and whether it is muted. Result 0: done; 1: out of range, or
-     * nothing plays. */
+     * switched off. */
     int32_t(HM16_CALL* set)(int32_t volume, int32_t muted);
 
     /* How it stands. Result 0: told; 1: no room. */

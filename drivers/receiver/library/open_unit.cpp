@@ -3,27 +3,67 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <optional>
 
+#include "drivers/hm16_more.h"
 #include "drivers/hm16_report.h"
 #include "drivers/receiver/library/open_source.h"
 #include "drivers/receiver/library/receiver_options.h"
 #include "drivers/receiver/library/receiver_unit.h"
+#include "drivers/receiver/sound/loudspeaker.h"
 #include "drivers/unit/settings.h"
 #include "drivers/unit/unit.h"
 
 namespace hm16 {
 namespace {
 
+class OpenedUnit;
+
 // The unit that is open, for the functions beside the nineteen. Those are called from the same
 // thread as the nineteen, which own the unit.
-receiver::ReceiverUnit* openedUnit = nullptr;
+OpenedUnit* openedUnit = nullptr;
 
 // Forgets itself when it goes.
 class OpenedUnit : public receiver::ReceiverUnit {
  public:
-    using ReceiverUnit::ReceiverUnit;
+    OpenedUnit(const receiver::ReceiverOptions& options,
+               std::unique_ptr<receiver::SampleSource> source, PublishedReadings& readings)
+        // The program may change its folder later; the files stay where it was at the start.
+        : ReceiverUnit(options, std::move(source), readings, std::filesystem::current_path()) {
+        if (options.listen && options.pace == receiver::Pace::Real) speaker_.emplace(sound());
+        openedUnit = this;
+    }
     ~OpenedUnit() override { openedUnit = nullptr; }
+
+    // Null unless the settings ask for it.
+    receiver::Loudspeaker* speaker() { return speaker_ ? &*speaker_ : nullptr; }
+
+ private:
+    std::optional<receiver::Loudspeaker> speaker_;
 };
+
+std::int32_t HM16_CALL setListening(std::int32_t volume, std::int32_t muted) {
+    receiver::Loudspeaker* const speaker = openedUnit ? openedUnit->speaker() : nullptr;
+    if (!speaker || volume < 0 || volume > 100) return 1;
+    speaker->set(volume, muted != 0);
+    return 0;
+}
+
+std::int32_t HM16_CALL listening(HM16_ListenState* told) {
+    if (!told || told->size < sizeof told->size) return 1;
+    HM16_ListenState state{};
+    state.size = std::min<std::uint32_t>(told->size, sizeof state);
+    if (const auto* speaker = openedUnit ? openedUnit->speaker() : nullptr) {
+        const auto now = speaker->state();
+        state.playing = now.playing ? 1 : 0;
+        state.volume = now.volume;
+        state.muted = now.muted ? 1 : 0;
+    }
+    std::memcpy(told, &state, state.size);
+    return 0;
+}
+
+constexpr HM16_ListenV1 kListen{sizeof(HM16_ListenV1), setListening, listening};
 
 }  // namespace
 
@@ -35,11 +75,7 @@ std::unique_ptr<Unit> openUnit(const std::filesystem::path& folder, PublishedRea
     if (!faults.empty() || options.version <= 0) return nullptr;
     try {
         auto source = receiver::openSource(options);
-        // The program may change its folder later; the files stay where it was at the start.
-        auto unit = std::make_unique<OpenedUnit>(options, std::move(source), readings,
-                                                 std::filesystem::current_path());
-        openedUnit = unit.get();
-        return unit;
+        return std::make_unique<OpenedUnit>(options, std::move(source), readings);
     } catch (const receiver::SourceError& error) {
         const char* key = options.source == receiver::SourceKind::Recording ? "file" : "source";
         settings.addFault(key, std::string("cannot be used: ") + error.what());
@@ -52,8 +88,8 @@ float libraryVersion() {
     return 1.0F;
 }
 
-const void* libraryExtension(std::string_view) {
-    return nullptr;
+const void* libraryExtension(std::string_view id) {
+    return id == HM16_LISTEN ? &kListen : nullptr;
 }
 
 }  // namespace hm16

@@ -90,6 +90,7 @@ ReceiverOptions readOptions(Settings& settings, const std::filesystem::path& fol
     options.deemphasisUs = settings.number("deemphasis_us", 50, 0, 100);
     options.peakEdge = static_cast<PeakEdge>(settings.choice("composite_khz", {"80", "100"}, 0));
     options.levelStepDb = settings.number("level_step_db", 1, 0, 10);
+    options.listen = settings.choice("listen", {"no", "yes"}, 0) == 1;
     options.scene = static_cast<Scene>(
         settings.choice("scene", {"station", "band", "rays", "tones", "silence"}, 0));
     if (options.source == SourceKind::Soapy && options.pace == Pace::Fast)

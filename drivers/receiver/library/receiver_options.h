@@ -34,7 +34,8 @@ struct ReceiverOptions {
     double levelStepDb = 1;
     double compositeHzAtFullScale = 100e3;
     Scene scene = Scene::Station;
-    SoapyRequest radio;  // rate and centre stand above
+    bool listen = false;  // the tuned station on the machine's loudspeakers
+    SoapyRequest radio;   // rate and centre stand above
 };
 
 // Takes the options out of a settings file that lies in `folder`; file names in it count from
