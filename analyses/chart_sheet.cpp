@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analyses/chart_sheet.h"
 
-#include "core/look.h"
+#include "program/look.h"
 
 namespace hmonitor {
 

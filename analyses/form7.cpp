@@ -3,9 +3,9 @@
 
 #include "analyses/form_dd3.h"
 #include "analyses/response_curve.h"
-#include "core/language.h"
-#include "core/look.h"
 #include "core/numbers.h"
+#include "program/language.h"
+#include "program/look.h"
 
 namespace hmonitor {
 

@@ -2,13 +2,13 @@
 #include "analyses/form_band_scanner.h"
 
 #include "analyses/form_print_band_scan.h"
-#include "core/language.h"
-#include "core/long_date.h"
 #include "core/numbers.h"
-#include "core/refused_run.h"
-#include "core/taken_for_granted.h"
+#include "program/language.h"
+#include "program/long_date.h"
 #include "program/rack_place.h"
+#include "program/refused_run.h"
 #include "program/station_line.h"
+#include "program/taken_for_granted.h"
 #include "program/tuner.h"
 #include "program/unit_generation.h"
 

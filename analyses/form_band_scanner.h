@@ -7,12 +7,12 @@
 #include "analyses/scan_file.h"
 #include "analyses/scan_legend.h"
 #include "analyses/scanned_channels.h"
-#include "core/program_form.h"
 #include "display/chart.h"
 #include "display/family.h"
 #include "display/number_table.h"
 #include "program/frame_run.h"
 #include "program/point_run.h"
+#include "program/program_form.h"
 
 namespace hmonitor {
 

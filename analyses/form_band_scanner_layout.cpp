@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analyses/form_band_scanner.h"
-#include "core/look.h"
 #include "core/numbers.h"
+#include "program/look.h"
 
 namespace hmonitor {
 

@@ -4,7 +4,7 @@
 #include "analyses/form_band_scanner.h"
 #include "core/numbers.h"
 #include "core/panel_settings.h"
-#include "core/taken_for_granted.h"
+#include "program/taken_for_granted.h"
 #include "program/tuner.h"
 #include "program/unit_generation.h"
 

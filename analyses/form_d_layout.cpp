@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analyses/form_d.h"
-#include "core/look.h"
+#include "program/look.h"
 
 namespace hmonitor {
 

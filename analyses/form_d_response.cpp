@@ -5,7 +5,7 @@
 #include "analyses/response_readout.h"
 #include "core/panel_settings.h"
 #include "core/response_switch.h"
-#include "core/taken_for_granted.h"
+#include "program/taken_for_granted.h"
 #include "program/tuner.h"
 
 namespace hmonitor {

@@ -3,9 +3,9 @@
 
 #include "analyses/form7.h"
 #include "analyses/response_curve.h"
-#include "core/language.h"
-#include "core/long_date.h"
 #include "core/numbers.h"
+#include "program/language.h"
+#include "program/long_date.h"
 #include "program/rack_place.h"
 
 namespace hmonitor {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analyses/form_dd3.h"
 #include "analyses/response_curve.h"
-#include "core/look.h"
 #include "core/numbers.h"
+#include "program/look.h"
 
 namespace hmonitor {
 

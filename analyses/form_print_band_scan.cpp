@@ -2,8 +2,8 @@
 #include "analyses/form_print_band_scan.h"
 
 #include "analyses/form_band_scanner.h"
-#include "core/language.h"
 #include "core/numbers.h"
+#include "program/language.h"
 
 namespace hmonitor {
 

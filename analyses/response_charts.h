@@ -2,7 +2,7 @@
 #pragma once
 
 #include "analyses/response_curve.h"
-#include "core/program.h"
+#include "program/program.h"
 
 namespace hmonitor {
 

@@ -3,9 +3,9 @@
 
 #include <array>
 
-#include "core/language.h"
 #include "core/numbers.h"
 #include "display/chart.h"
+#include "program/language.h"
 #include "program/station_line.h"
 
 namespace hmonitor {

@@ -5,10 +5,10 @@
 #include <string_view>
 #include <vector>
 
-#include "core/driver.h"
-#include "core/program.h"
 #include "core/small_text.h"
 #include "display/number_table.h"
+#include "program/driver.h"
+#include "program/program.h"
 
 namespace display {
 class Chart;

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "core/driver.h"
 #include "core/files.h"
+#include "program/driver.h"
 
 namespace hmonitor {
 

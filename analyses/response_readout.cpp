@@ -3,7 +3,7 @@
 
 #include "analyses/response_charts.h"
 #include "analyses/response_file.h"
-#include "core/taken_for_granted.h"
+#include "program/taken_for_granted.h"
 #include "program/tuner.h"
 
 namespace hmonitor {

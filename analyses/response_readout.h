@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "core/program.h"
+#include "program/program.h"
 
 namespace hmonitor {
 

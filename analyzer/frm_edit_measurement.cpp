@@ -8,9 +8,9 @@
 #include "analyzer/session_date.h"
 #include "analyzer/session_names.h"
 #include "core/code_page.h"
-#include "core/language.h"
 #include "core/numbers.h"
-#include "core/taken_for_granted.h"
+#include "program/language.h"
+#include "program/taken_for_granted.h"
 
 namespace hmonitor {
 

@@ -3,7 +3,7 @@
 
 #include "analyzer/session_info.h"
 #include "core/int16.h"
-#include "core/program_form.h"
+#include "program/program_form.h"
 
 namespace hmonitor {
 

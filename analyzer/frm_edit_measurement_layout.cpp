@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analyzer/frm_edit_measurement.h"
-#include "core/language.h"
-#include "core/look.h"
+#include "program/language.h"
+#include "program/look.h"
 
 namespace hmonitor {
 

@@ -6,10 +6,10 @@
 #include "analyzer/place_text.h"
 #include "analyzer/session_date.h"
 #include "analyzer/session_names.h"
-#include "core/language.h"
 #include "core/numbers.h"
-#include "core/taken_for_granted.h"
+#include "program/language.h"
 #include "program/rack_place.h"
+#include "program/taken_for_granted.h"
 #include "program/unit_generation.h"
 #include "spectrum/class1.h"
 

@@ -9,11 +9,11 @@
 #include "analyzer/measurement.h"
 #include "analyzer/sparse_labels.h"
 #include "core/int16.h"
-#include "core/program_form.h"
 #include "display/family.h"
 #include "display/number_table.h"
 #include "program/frame_run.h"
 #include "program/point_run.h"
+#include "program/program_form.h"
 
 namespace hmonitor {
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analyzer/frm_spectrum_analizer.h"
-#include "core/language.h"
-#include "core/look.h"
 #include "core/numbers.h"
+#include "program/language.h"
+#include "program/look.h"
 
 namespace hmonitor {
 

@@ -2,8 +2,8 @@
 #include "analyzer/analyzer_graphs.h"
 #include "analyzer/frm_spectrum_analizer.h"
 #include "analyzer/session_names.h"
-#include "core/language.h"
 #include "core/numbers.h"
+#include "program/language.h"
 #include "program/station_line.h"
 
 namespace hmonitor {

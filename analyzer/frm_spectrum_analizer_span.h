@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "core/program_form.h"
+#include "program/program_form.h"
 #include "program/unit_lease.h"
 
 namespace hmonitor {

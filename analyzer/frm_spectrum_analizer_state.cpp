@@ -2,8 +2,8 @@
 // What the analyzer's window shows of its scan, and how it closes.
 #include "analyzer/analyzer_graphs.h"
 #include "analyzer/frm_spectrum_analizer.h"
-#include "core/language.h"
 #include "core/numbers.h"
+#include "program/language.h"
 #include "program/unit_generation.h"
 #include "spectrum/class1.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "core/program_words.h"
 #include "drivers/loader/library.h"
+#include "program/program_words.h"
 
 namespace hmonitor {
 

@@ -8,10 +8,10 @@
 #include "app/library_fault.h"
 #include "core/files.h"
 #include "core/folder_lock.h"
-#include "core/language.h"
-#include "core/loaded_driver.h"
 #include "display/qt/qt_desktop.h"
 #include "drivers/loader/library.h"
+#include "program/language.h"
+#include "program/loaded_driver.h"
 
 namespace {
 

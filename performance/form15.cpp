@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "performance/form15.h"
 
-#include "core/language.h"
 #include "performance/day_lists.h"
 #include "performance/day_report.h"
 #include "performance/form_d4a.h"
 #include "performance/report_page.h"
 #include "performance/station_of_log.h"
+#include "program/language.h"
 #include "program/page_file.h"
 #include "program/rack_place.h"
 

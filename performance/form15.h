@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "core/program_form.h"
 #include "display/family.h"
 #include "display/page.h"
 #include "performance/day_tables.h"
+#include "program/program_form.h"
 
 namespace hmonitor {
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/look.h"
-#include "core/window_look.h"
 #include "performance/form15.h"
+#include "program/look.h"
 #include "program/page_file.h"
 
 namespace hmonitor {

@@ -3,11 +3,11 @@
 
 #include <algorithm>
 
-#include "core/language.h"
-#include "core/look.h"
 #include "core/numbers.h"
 #include "performance/form_d4a.h"
 #include "performance/station_of_log.h"
+#include "program/language.h"
+#include "program/look.h"
 #include "program/page_file.h"
 #include "program/rack_place.h"
 

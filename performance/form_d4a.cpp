@@ -3,7 +3,6 @@
 
 #include <array>
 
-#include "core/language.h"
 #include "core/numbers.h"
 #include "performance/day_lists.h"
 #include "performance/day_page.h"
@@ -13,6 +12,7 @@
 #include "performance/hour_marks.h"
 #include "performance/log_files.h"
 #include "performance/station_of_log.h"
+#include "program/language.h"
 #include "program/rack_place.h"
 
 namespace hmonitor {

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "core/program_form.h"
 #include "display/chart.h"
 #include "display/family.h"
 #include "display/number_table.h"
 #include "performance/day_tables.h"
+#include "program/program_form.h"
 
 namespace hmonitor {
 

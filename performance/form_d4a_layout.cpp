@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/look.h"
 #include "core/numbers.h"
-#include "core/window_look.h"
 #include "performance/form_d4a.h"
 #include "performance/hour_marks.h"
+#include "program/look.h"
 
 namespace hmonitor {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "core/program.h"
 #include "display/timer.h"
 #include "program/level_sink.h"
+#include "program/program.h"
 
 namespace hmonitor {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "program/page_file.h"
 
-#include "core/language.h"
 #include "display/number_table.h"
 #include "display/save_question.h"
+#include "program/language.h"
 
 namespace hmonitor {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "core/program.h"
 #include "display/form.h"
+#include "program/program.h"
 
 namespace hmonitor {
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "core/program.h"
 #include "display/form.h"
+#include "program/program.h"
 
 namespace hmonitor {
 

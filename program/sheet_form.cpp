@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "program/sheet_form.h"
 
-#include "core/language.h"
+#include "program/language.h"
 #include "program/page_file.h"
 #include "program/rack_place.h"
 #include "program/station_line.h"

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "core/program_form.h"
+#include "program/program_form.h"
 
 namespace hmonitor {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/look.h"
+#include "program/look.h"
 #include "program/page_file.h"
 #include "program/sheet_form.h"
 

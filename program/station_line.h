@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "core/program.h"
 #include "display/number_table.h"
+#include "program/program.h"
 
 namespace hmonitor {
 

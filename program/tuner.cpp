@@ -5,7 +5,7 @@
 #include "core/panel_settings.h"
 #include "core/response_switch.h"
 #include "core/results_file.h"
-#include "core/taken_for_granted.h"
+#include "program/taken_for_granted.h"
 
 namespace hmonitor {
 

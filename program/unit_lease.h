@@ -4,7 +4,7 @@
 #include <array>
 #include <vector>
 
-#include "core/program.h"
+#include "program/program.h"
 #include "program/tuning_panels.h"
 
 namespace hmonitor {

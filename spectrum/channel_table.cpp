@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "spectrum/channel_table.h"
 
-#include "core/language.h"
 #include "core/numbers.h"
+#include "program/language.h"
 #include "program/station_line.h"
 
 namespace hmonitor {

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "core/program.h"
 #include "display/form.h"
 #include "display/number_table.h"
+#include "program/program.h"
 
 namespace hmonitor {
 

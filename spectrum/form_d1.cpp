@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "spectrum/form_d1.h"
 
-#include "core/language.h"
 #include "core/numbers.h"
-#include "core/refused_run.h"
-#include "core/taken_for_granted.h"
+#include "program/language.h"
 #include "program/rack_place.h"
+#include "program/refused_run.h"
+#include "program/taken_for_granted.h"
 #include "program/tuner.h"
 #include "spectrum/channel_graph.h"
 #include "spectrum/channel_spectrum_file.h"

@@ -3,10 +3,10 @@
 
 #include <algorithm>
 
-#include "core/language.h"
 #include "core/numbers.h"
-#include "core/refused_run.h"
+#include "program/language.h"
 #include "program/rack_place.h"
+#include "program/refused_run.h"
 #include "program/tuner.h"
 #include "program/unit_generation.h"
 #include "spectrum/form_d1ap.h"

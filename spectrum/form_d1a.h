@@ -5,10 +5,10 @@
 #include <vector>
 
 #include "core/int16.h"
-#include "core/program_form.h"
 #include "display/number_table.h"
 #include "program/frame_run.h"
 #include "program/point_run.h"
+#include "program/program_form.h"
 #include "spectrum/bandwidth_curve.h"
 
 namespace hmonitor {

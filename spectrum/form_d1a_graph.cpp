@@ -2,8 +2,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/language.h"
 #include "core/numbers.h"
+#include "program/language.h"
 #include "program/station_line.h"
 #include "spectrum/form_d1a.h"
 

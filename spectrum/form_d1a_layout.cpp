@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/look.h"
+#include "program/look.h"
 #include "spectrum/form_d1a.h"
 
 namespace hmonitor {

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "spectrum/form_new_spectro.h"
 
-#include "core/language.h"
 #include "core/numbers.h"
-#include "core/taken_for_granted.h"
+#include "program/language.h"
 #include "program/point_run.h"
 #include "program/rack_place.h"
+#include "program/taken_for_granted.h"
 #include "spectrum/channel_graph.h"
 #include "spectrum/form_d1.h"
 #include "spectrum/span_choice.h"

@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "core/long_date.h"
 #include "core/station_state.h"
+#include "program/long_date.h"
 
 namespace hmonitor {
 

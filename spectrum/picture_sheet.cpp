@@ -3,7 +3,7 @@
 
 #include "spectrum/channel_table.h"
 
-#include "core/language.h"
+#include "program/language.h"
 
 namespace hmonitor {
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "core/look.h"
 #include "display/form.h"
+#include "program/look.h"
 
 namespace hmonitor {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "startup/form3.h"
 
-#include "core/look.h"
+#include "program/look.h"
 
 namespace hmonitor {
 

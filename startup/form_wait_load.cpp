@@ -4,9 +4,9 @@
 #include <cmath>
 #include <numbers>
 
-#include "core/language.h"
-#include "core/look.h"
 #include "panels/modulation/form1.h"
+#include "program/language.h"
+#include "program/look.h"
 
 namespace hmonitor {
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "core/program_form.h"
 #include "display/family.h"
+#include "program/program_form.h"
 
 namespace hmonitor {
 

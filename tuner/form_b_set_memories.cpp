@@ -5,8 +5,8 @@
 #include <string>
 
 #include "core/numbers.h"
-#include "core/taken_for_granted.h"
 #include "panels/audio/form_b.h"
+#include "program/taken_for_granted.h"
 #include "tuner/memory_entry.h"
 #include "tuner/preset_look.h"
 

@@ -4,8 +4,8 @@
 #include <optional>
 
 #include "core/memory_block.h"
-#include "core/program_form.h"
 #include "display/family.h"
+#include "program/program_form.h"
 
 namespace hmonitor {
 

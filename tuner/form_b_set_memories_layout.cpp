@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/look.h"
 #include "core/numbers.h"
+#include "program/look.h"
 #include "tuner/form_b_set_memories.h"
 #include "tuner/preset_look.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/look.h"
 #include "core/numbers.h"
+#include "program/look.h"
 #include "tuner/form_b_tuner.h"
 
 namespace hmonitor {
@@ -12,8 +12,8 @@ namespace {
 constexpr float kWidth = 2900;
 constexpr float kKeypadLeft = 240;
 constexpr float kKeypadGap = 110;
-constexpr float kInner = kWidth - 2 * kKeypadLeft;
-constexpr float kKeyWidth = (kInner - 2 * kKeypadGap) / 3;
+constexpr float kKeypadInner = kWidth - 2 * kKeypadLeft;
+constexpr float kKeyWidth = (kKeypadInner - 2 * kKeypadGap) / 3;
 constexpr float kKeypadKeyHeight = 460;
 
 /// What the screen reader says of the digit keys.
@@ -34,16 +34,16 @@ void Form_bTuner::layOut() {
     constexpr TextStyle kEntry{look::kReadout, kRed, Align::Right};
     constexpr TextStyle kHint{look::kScale, look::kCaptionColour, Align::Centre};
     layWindow(kWidth, 4360, "Remote Control", Faceplate);
-    place(Label1, {kKeypadLeft, 200, kInner, 200}, look::kDialogText.in(look::kCaptionColour),
+    place(Label1, {kKeypadLeft, 200, kKeypadInner, 200}, look::kDialogText.in(look::kCaptionColour),
           "Remote Control");
-    place(EntryWell, {kKeypadLeft, 500, kInner, 620}, Surface::Well);
-    place(Text1, {100, 90, kInner - 200, 440}, &EntryWell, kEntry,
+    place(EntryWell, {kKeypadLeft, 500, kKeypadInner, 620}, Surface::Well);
+    place(Text1, {100, 90, kKeypadInner - 200, 440}, &EntryWell, kEntry,
           Says{"Frecuencia sin punto, en décimas de MHz", "Frequency without point, tenths of MHz"},
           Tip{"981 es 98.1 MHz, 9815 es 98.15 MHz. Enter sintoniza",
               "981 is 98.1 MHz, 9815 is 98.15 MHz. Enter tunes"});
-    place(Ring, {kKeypadLeft - 30, 470, kInner + 60, 680}, "AmberRing", Hidden{},
+    place(Ring, {kKeypadLeft - 30, 470, kKeypadInner + 60, 680}, "AmberRing", Hidden{},
           SaysAndTip{"Estos dígitos no se pueden sintonizar", "These digits cannot be tuned"});
-    place(Hint, {kKeypadLeft, 1155, kInner, 130}, kHint, "875 ... 1080, 8755 = 87.55");
+    place(Hint, {kKeypadLeft, 1155, kKeypadInner, 130}, kHint, "875 ... 1080, 8755 = 87.55");
 
     for (int digit = 1; digit <= 9; ++digit) {
         place(digits[digit], padBox((digit - 1) / 3, (digit - 1) % 3), wholeText(digit), kDigitTip,
@@ -54,7 +54,7 @@ void Form_bTuner::layOut() {
     place(SSCommand13, padBox(3, 1), "0", Says{"0", "0"}, kDigitTip);
     place(SSCommand10, padBox(3, 2), "Enter", Role::Default, Says{"Sintonizar", "Tune"},
           Tip{"Sintoniza la frecuencia", "Tunes the frequency"});
-    place(SSCommand12, {kKeypadLeft, 3660, kInner, kKeypadKeyHeight}, "Close", Role::Cancel,
+    place(SSCommand12, {kKeypadLeft, 3660, kKeypadInner, kKeypadKeyHeight}, "Close", Role::Cancel,
           Says{"Cerrar", "Close"}, Tip{"Cierra el teclado", "Closes the keypad"});
     tabOrder(Text1, digits, SSCommand11, SSCommand13, SSCommand10, SSCommand12);
     // Clicked digits and typed ones may follow each other.

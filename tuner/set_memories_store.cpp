@@ -4,7 +4,7 @@
 
 #include "core/numbers.h"
 #include "core/panel_settings.h"
-#include "core/taken_for_granted.h"
+#include "program/taken_for_granted.h"
 #include "tuner/form_b_set_memories.h"
 #include "tuner/key_filters.h"
 #include "tuner/memory_entry.h"

@@ -93,11 +93,11 @@ double Settings::scaled(std::string_view key, double fallback, double low, doubl
     return within(key, scaledNumberIn, fallback, low, high);
 }
 
-double Settings::within(std::string_view key, std::optional<double> (*read)(std::string_view),
+double Settings::within(std::string_view key, std::optional<double> (*numberOf)(std::string_view),
                         double fallback, double low, double high) {
     const Entry* entry = find(key);
     if (entry == nullptr) return fallback;
-    const auto value = read(entry->value);
+    const auto value = numberOf(entry->value);
     if (value && *value >= low && *value <= high) return *value;
     addFault(key, "is " + inQuotes(entry->value) + ", but must be a number from " +
                       decimalText(low, 6) + " to " + decimalText(high, 6) + ".");

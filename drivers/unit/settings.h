@@ -55,7 +55,7 @@ class Settings {
     };
 
     Entry* find(std::string_view key);
-    double within(std::string_view key, std::optional<double> (*read)(std::string_view),
+    double within(std::string_view key, std::optional<double> (*numberOf)(std::string_view),
                   double fallback, double low, double high);
     void takeLine(std::string_view line, int number, std::string& section);
 

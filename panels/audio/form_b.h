@@ -4,11 +4,11 @@
 #include <memory>
 
 #include "core/int16.h"
-#include "core/program_form.h"
 #include "display/family.h"
 #include "panels/audio/held_figures.h"
 #include "panels/audio/level_bar.h"
 #include "panels/audio/phase_vector.h"
+#include "program/program_form.h"
 #include "program/tuner.h"
 
 namespace hmonitor {

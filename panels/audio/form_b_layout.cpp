@@ -2,10 +2,10 @@
 #include <cmath>
 #include <numbers>
 
-#include "core/figure_tips.h"
-#include "core/look.h"
 #include "core/numbers.h"
 #include "panels/audio/form_b.h"
+#include "program/figure_tips.h"
+#include "program/look.h"
 
 namespace hmonitor {
 

@@ -4,10 +4,10 @@
 #include "analyses/form_d.h"
 #include "core/memory_block.h"
 #include "core/numbers.h"
-#include "core/taken_for_granted.h"
 #include "panels/audio/form_b.h"
 #include "panels/modulation/form1.h"
 #include "panels/quality/form_c.h"
+#include "program/taken_for_granted.h"
 #include "startup/form3.h"
 
 namespace hmonitor {

@@ -2,11 +2,11 @@
 #pragma once
 
 #include "core/int16.h"
-#include "core/program_form.h"
 #include "display/family.h"
 #include "panels/modulation/carrier_deviation.h"
 #include "panels/modulation/modulation_hold.h"
 #include "panels/modulation/multipath_meter.h"
+#include "program/program_form.h"
 
 namespace hmonitor {
 

@@ -2,12 +2,12 @@
 #include "analyses/form_d.h"
 #include "core/numbers.h"
 #include "core/panel_settings.h"
-#include "core/taken_for_granted.h"
 #include "panels/audio/form_b.h"
 #include "panels/modulation/form1.h"
 #include "panels/quality/form_c.h"
 #include "program/page_file.h"
 #include "program/station_line.h"
+#include "program/taken_for_granted.h"
 
 namespace hmonitor {
 

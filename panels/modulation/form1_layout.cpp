@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/figure_tips.h"
-#include "core/look.h"
 #include "core/numbers.h"
 #include "panels/modulation/form1.h"
+#include "program/figure_tips.h"
+#include "program/look.h"
 #include "program/page_file.h"
 
 namespace hmonitor {

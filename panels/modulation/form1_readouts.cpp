@@ -3,11 +3,11 @@
 #include <cstdlib>
 
 #include "analyses/form_d.h"
-#include "core/language.h"
 #include "core/numbers.h"
 #include "panels/audio/form_b.h"
 #include "panels/modulation/form1.h"
 #include "panels/quality/form_c.h"
+#include "program/language.h"
 
 namespace hmonitor {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "panels/quality/form_c.h"
 
-#include "core/look.h"
 #include "core/response_switch.h"
-#include "core/taken_for_granted.h"
 #include "panels/audio/form_b.h"
+#include "program/look.h"
+#include "program/taken_for_granted.h"
 
 namespace hmonitor {
 

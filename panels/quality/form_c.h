@@ -3,8 +3,8 @@
 
 #include <array>
 
-#include "core/program_form.h"
 #include "panels/quality/quality_figures.h"
+#include "program/program_form.h"
 
 namespace hmonitor {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/figure_tips.h"
-#include "core/look.h"
 #include "panels/quality/form_c.h"
+#include "program/figure_tips.h"
+#include "program/look.h"
 
 namespace hmonitor {
 

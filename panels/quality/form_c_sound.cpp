@@ -2,17 +2,17 @@
 // The keys of the loudspeakers: they stand there only while the driver library plays the station.
 #include <algorithm>
 
-#include "core/look.h"
 #include "core/numbers.h"
 #include "panels/quality/form_c.h"
+#include "program/look.h"
 
 namespace hmonitor {
 
 namespace {
 
 constexpr int kVolumeStep = 5;
-constexpr float kTop = 880;
-constexpr float kHeight = 290;
+constexpr float kSoundKeyTop = 880;
+constexpr float kSoundKeyHeight = 290;
 
 }  // namespace
 
@@ -38,16 +38,17 @@ void Form_C::layOutSound() {
     const float to = RdsWell.left + RdsWell.width;
     constexpr float kWide = 540;
     constexpr float kMuteWide = 760;
-    place(SoundDown, {from, kTop, kWide, kHeight}, "VOL -",
+    place(SoundDown, {from, kSoundKeyTop, kWide, kSoundKeyHeight}, "VOL -",
           display::SaysAndTip{{"Volumen: más bajo (Ctrl+Abajo)", "Volume: lower (Ctrl+Down)"}})
         .shortcut = "Ctrl+Down";
-    place(SoundWell, {from + 600, kTop, 500, kHeight}, display::Surface::Well);
+    place(SoundWell, {from + 600, kSoundKeyTop, 500, kSoundKeyHeight}, display::Surface::Well);
     place(SoundVolume, {20, 45, 460, 210}, &SoundWell, look::kSmallReadoutText.centred(),
           display::Readout{{"Volumen de los altavoces", "Volume of the loudspeakers"}});
-    place(SoundUp, {from + 1160, kTop, kWide, kHeight}, "VOL +",
+    place(SoundUp, {from + 1160, kSoundKeyTop, kWide, kSoundKeyHeight}, "VOL +",
           display::SaysAndTip{{"Volumen: más alto (Ctrl+Arriba)", "Volume: higher (Ctrl+Up)"}})
         .shortcut = "Ctrl+Up";
-    place(SoundMute, {to - kMuteWide, kTop, kMuteWide, kHeight}, display::Words{"MUDO", "MUTE"},
+    place(SoundMute, {to - kMuteWide, kSoundKeyTop, kMuteWide, kSoundKeyHeight},
+          display::Words{"MUDO", "MUTE"},
           display::SaysAndTip{{"Altavoces en silencio (Ctrl+M)", "Loudspeakers muted (Ctrl+M)"}})
         .shortcut = "Ctrl+M";
     showSound();

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "core/segment_digit.h"
+#include "program/segment_digit.h"
 
 namespace hmonitor {
 

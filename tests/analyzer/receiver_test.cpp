@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "app/forms.h"
-#include "core/loaded_driver.h"
 #include "display/headless/headless_desktop.h"
+#include "program/loaded_driver.h"
 #include "tests/drivers/receiver/playback.h"
 #include "tests/support/rack_bench.h"
 

@@ -30,7 +30,7 @@ inline std::vector<SourceFile> readSourceFiles() {
     std::vector<SourceFile> files;
     for (const char* folder :
          {"app", "startup", "base", "core", "program", "panels", "tuner", "analyses", "performance",
-          "spectrum", "display", "drivers", "tests", "bench"}) {
+          "spectrum", "analyzer", "display", "drivers", "tests", "bench"}) {
         for (const auto& entry : fs::recursive_directory_iterator(top / folder)) {
             const std::string ending = entry.path().extension().string();
             if (ending != ".h" && ending != ".cpp" && ending != ".c") continue;

@@ -3,9 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "core/look.h"
 #include "core/numbers.h"
-#include "core/program_form.h"
+#include "program/look.h"
+#include "program/program_form.h"
 #include "tests/architecture/form_walk.h"
 #include "tests/support/rack_bench.h"
 

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "core/numbers.h"
-#include "core/program_words.h"
+#include "program/program_words.h"
 
 namespace hmonitor {
 namespace {

@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "core/files.h"
-#include "core/program.h"
-#include "core/program_form.h"
 #include "display/headless/headless_desktop.h"
+#include "program/program.h"
+#include "program/program_form.h"
 #include "program/tuner.h"
 #include "tests/support/scripted_driver.h"
 #include "tests/support/temp_folder.h"

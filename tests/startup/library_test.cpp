@@ -12,10 +12,10 @@
 #include "app/forms.h"
 #include "app/library_fault.h"
 #include "core/files.h"
-#include "core/loaded_driver.h"
 #include "core/numbers.h"
 #include "display/headless/headless_desktop.h"
 #include "drivers/loader/library.h"
+#include "program/loaded_driver.h"
 #include "tests/support/temp_folder.h"
 
 namespace hmonitor::test {

@@ -3,9 +3,9 @@
 // that has stopped.
 #include <gtest/gtest.h>
 
-#include "core/still_readings.h"
 #include "drivers/simulated/figures.h"
 #include "drivers/simulated/station.h"
+#include "program/still_readings.h"
 #ifdef HM16_RECEIVER
 #include "tests/drivers/receiver/receiver_library.h"
 #endif

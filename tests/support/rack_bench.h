@@ -10,8 +10,8 @@
 
 #include "app/forms.h"
 #include "core/files.h"
-#include "core/program.h"
 #include "display/headless/headless_desktop.h"
+#include "program/program.h"
 #include "tests/support/scripted_driver.h"
 #include "tests/support/temp_folder.h"
 

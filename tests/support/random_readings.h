@@ -3,7 +3,7 @@
 
 #include <random>
 
-#include "core/driver.h"
+#include "program/driver.h"
 
 namespace hmonitor::test {
 

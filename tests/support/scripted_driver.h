@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "core/driver.h"
+#include "program/driver.h"
 
 namespace hmonitor::test {
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drivers/receiver/survey/rate_check.h"
+#include "drivers/receiver/chain/rates.h"
 
 #include <algorithm>
 #include <array>
@@ -15,8 +16,6 @@
 
 namespace hm16::receiver {
 namespace {
-
-constexpr double kPilotHz = 19e3;
 
 // Wide, since a station that is played too fast is as much wider.
 constexpr double kChannelRateHz = 500e3;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
-#include "core/look.h"
 #include "display/controls.h"
 #include "display/qt/palette.h"
+#include "program/look.h"
 
 namespace display::qt {
 namespace {

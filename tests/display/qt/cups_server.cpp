@@ -120,8 +120,10 @@ CupsServer::CupsServer(Queue queue) {
     process_.start(cupsd(), {QStringLiteral("-f"), QStringLiteral("-c"),
                              folder_.filePath(QStringLiteral("cupsd.conf")), QStringLiteral("-s"),
                              folder_.filePath(QStringLiteral("cups-files.conf"))});
-    QTest::qWaitFor([this] { return QFile::exists(folder_.filePath(QStringLiteral("sock"))); },
-                    10000);
+    const auto listens = [this] { return QFile::exists(folder_.filePath(QStringLiteral("sock"))); };
+    if (!QTest::qWaitFor(listens, 10000)) {
+        qWarning("cupsd does not listen: %s", process_.readAll().constData());
+    }
     qputenv("HOME", folder_.path().toLocal8Bit());
     printThrough(folder_.filePath(QStringLiteral("sock")).toLocal8Bit());
 }

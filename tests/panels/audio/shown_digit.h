@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "core/segment_digit.h"
+#include "program/segment_digit.h"
 
 namespace hmonitor::test {
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "base/figures.h"
-#include "core/figure_tips.h"
+#include "program/figure_tips.h"
 #include "tests/support/rack_bench.h"
 
 namespace hmonitor::test {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "core/driver.h"
 #include "drivers/hm16.h"
 #include "drivers/hm16_more.h"
+#include "program/driver.h"
 
 namespace hmonitor {
 

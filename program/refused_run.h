@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "core/language.h"
 #include "core/numbers.h"
+#include "program/language.h"
 
 namespace hmonitor {
 

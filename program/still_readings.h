@@ -4,8 +4,8 @@
 #include <bit>
 #include <cstdint>
 
-#include "core/driver.h"
 #include "display/timer.h"
+#include "program/driver.h"
 
 namespace hmonitor {
 

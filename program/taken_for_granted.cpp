@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/taken_for_granted.h"
+#include "program/taken_for_granted.h"
 
 namespace hmonitor {
 

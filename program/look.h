@@ -36,6 +36,11 @@ inline constexpr display::Colour kNoticeColour{0x0aa5f5};
 /// The dark of unlit segments and needles' wells.
 inline constexpr display::Colour kUnlit{0x1d1c20};
 
+/// The title in the strip of a window of that width.
+constexpr display::Box titleBox(float windowWidth) {
+    return {240, 120, windowWidth - 480, 260};
+}
+
 // What stands in rows of layouts.
 inline constexpr display::TextStyle kCaptionText{kCaption, kCaptionColour};
 /// Words beside a control.

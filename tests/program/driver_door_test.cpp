@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/driver_door.h"
+#include "program/driver_door.h"
 
 #include <gtest/gtest.h>
 

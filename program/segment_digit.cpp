@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/segment_digit.h"
+#include "program/segment_digit.h"
 
 #include <utility>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/still_readings.h"
+#include "program/still_readings.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "core/panel_sign.h"
-#include "core/program.h"
-#include "core/segment_digit.h"
 #include "display/form.h"
+#include "program/panel_sign.h"
+#include "program/program.h"
+#include "program/segment_digit.h"
 
 namespace hmonitor {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Each call of the program reaches its own function of a library, with its arguments in their
 // places.
-#include "core/loaded_driver.h"
+#include "program/loaded_driver.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

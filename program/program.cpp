@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/program.h"
+#include "program/program.h"
 
 #include "display/form.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/figure_tips.h"
+#include "program/figure_tips.h"
 
 #include <cmath>
 #include <map>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/panel_sign.h"
+#include "program/panel_sign.h"
 
 #include "core/numbers.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/program_form.h"
+#include "program/program_form.h"
 
-#include "core/language.h"
-#include "core/window_look.h"
+#include "program/language.h"
+#include "program/look.h"
 
 namespace hmonitor {
 

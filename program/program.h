@@ -3,12 +3,12 @@
 
 #include <array>
 
-#include "core/driver_door.h"
-#include "core/program_words.h"
-#include "core/slot.h"
 #include "core/station_state.h"
-#include "core/unit_in_use.h"
 #include "display/desktop.h"
+#include "program/driver_door.h"
+#include "program/program_words.h"
+#include "program/slot.h"
+#include "program/unit_in_use.h"
 
 namespace hmonitor {
 

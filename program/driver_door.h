@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "core/driver.h"
-#include "core/still_readings.h"
 #include "display/desktop.h"
+#include "program/driver.h"
+#include "program/still_readings.h"
 
 namespace hmonitor {
 
