@@ -43,7 +43,9 @@ void Form_C::layOutSound() {
         .shortcut = "Ctrl+Down";
     place(SoundWell, {from + 600, kSoundKeyTop, 500, kSoundKeyHeight}, display::Surface::Well);
     place(SoundVolume, {20, 45, 460, 210}, &SoundWell, look::kSmallReadoutText.centred(),
-          display::Readout{{"Volumen de los altavoces", "Volume of the loudspeakers"}});
+          display::Readout{{"Volumen de los altavoces", "Volume of the loudspeakers"}},
+          display::Tip{{"Volumen de los altavoces, de 0 a 100; -- sin sonido",
+                        "Volume of the loudspeakers, 0 to 100; -- muted"}});
     place(SoundUp, {from + 1160, kSoundKeyTop, kWide, kSoundKeyHeight}, "VOL +",
           display::SaysAndTip{{"Volumen: más alto (Ctrl+Arriba)", "Volume: higher (Ctrl+Up)"}})
         .shortcut = "Ctrl+Up";

@@ -122,6 +122,8 @@ def tab_goes_from_panel_to_panel(rack, album):
         rack.screen.type("Tab")
     rack.wait_focus("Form1", "Image_Power")
     rack.screen.type("Tab")
+    rack.wait_focus("Form1", "KeyPdf")
+    rack.screen.type("Tab")
     assert any_focus(rack, "Form_B"), "Tab left the first panel for another than the second"
     album.take(rack.screen, "ring")
 

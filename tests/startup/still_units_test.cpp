@@ -53,19 +53,17 @@ TEST(StillUnits, TheReceiverNeverOnAnEmptyFrequencyForAMinute) {
     receiver.tune(985);
     StillReadings still;
     still.begin(0s);
-    display::Time unchanged = 0s;
-    hm16::Readings before;
+    hm16::Readings now;
     for (display::Time at = 0s; at <= 60s; at += 50ms) {
         ASSERT_TRUE(receiver.step(1));
-        const hm16::Readings now = receiver.readings();
-        unchanged = now == before ? unchanged + 50ms : 0s;
-        before = now;
+        now = receiver.readings();
         lookAt(still, now, at);
         ASSERT_EQ(still.staleSeconds(at), 0);
     }
-    // It has a field, and says the same for long: that alone is no fault.
-    EXPECT_GT(before.field, 0);
-    EXPECT_GT(unchanged, 3s);
+    // The noise has a field; nothing else is there.
+    EXPECT_GT(now.field, 0);
+    EXPECT_EQ(now.pilotLevel, 0);
+    EXPECT_EQ(now.peakModulation, 0);
 }
 #endif
 

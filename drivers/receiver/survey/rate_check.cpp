@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drivers/receiver/survey/rate_check.h"
-#include "drivers/receiver/chain/rates.h"
 
 #include <algorithm>
 #include <array>
@@ -8,6 +7,7 @@
 #include <complex>
 #include <vector>
 
+#include "drivers/receiver/chain/rates.h"
 #include "drivers/receiver/dsp/decimator.h"
 #include "drivers/receiver/dsp/filter_design.h"
 #include "drivers/receiver/dsp/mixer.h"

@@ -45,6 +45,7 @@ class SoundFile {
         if (!std::filesystem::exists(folder_.path() / "played", none)) return {};
         const std::string bytes = folder_.read("played");
         std::vector<StereoSample> sound(bytes.size() / sizeof(StereoSample));
+        if (sound.empty()) return {};
         std::memcpy(static_cast<void*>(sound.data()), bytes.data(),
                     sound.size() * sizeof(StereoSample));
         return sound;

@@ -23,6 +23,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::HasSubstr;
+using testing::Not;
 
 // The first `length` samples of a band, then nothing.
 class Excerpt : public SampleSource {
@@ -123,6 +124,46 @@ TEST_F(ReceiverUnitTest, MeasuresTheTunedStationStepByStep) {
         EXPECT_LT(groups.at(n).endSeconds, 1.5);
     }
     EXPECT_THAT(unit->report(), HasSubstr("gaps: 0 with 0 samples lost, bursts: 0\n"));
+}
+
+TEST_F(ReceiverUnitTest, TellsWhatItTakesOutOfTheSamples) {
+    BandPlan band = bandWith(
+        [](StationPlan& station) {
+            station.offsetHz = 90e3;
+            station.pilotDeviationHz = 6750;
+            station.tones = {{1000, 0.4, 0.1}};
+        },
+        400e3);
+    band.centreHz = 98.4e6;
+    const auto reportOf = [&](const BandPlan& plan) {
+        const auto unit = this->unit(std::make_unique<BandGenerator>(plan));
+        unit->measure({.frequency = 985});
+        EXPECT_TRUE(unit->step(75));
+        return unit->report();
+    };
+    EXPECT_THAT(reportOf(band), Not(HasSubstr("corrected in the samples")));
+    band.gainError = 0.122;  // 1 dB
+    band.phaseErrorDegrees = 3;
+    band.offsetI = 0.02;
+    band.offsetQ = -0.01;
+    // A constant of 0.0224 is 33 dB below full scale.
+    EXPECT_THAT(reportOf(band), testing::ContainsRegex(
+                                    "corrected in the samples: Q by (1|0\\.9[0-9]|1\\.0[0-9]) dB "
+                                    "and (3|2\\.[89][0-9]?|3\\.[01][0-9]?) degrees, a constant "
+                                    "(33|3[23]\\.[0-9]) dB below full scale"));
+}
+
+TEST(ReceiverOptions, TakeTheEdgeOfTheMultiplexForPeaksFromTheSettings) {
+    const auto edgeOf = [](const std::string& text) {
+        Settings settings = Settings::parse(text, "hm-16.ini");
+        const PeakEdge edge = readOptions(settings, ".").peakEdge;
+        EXPECT_EQ(settings.faults().empty(), text.find("90") == std::string::npos) << text;
+        return edge;
+    };
+    EXPECT_EQ(edgeOf(""), PeakEdge::At80);
+    EXPECT_EQ(edgeOf("composite_khz = 80\n"), PeakEdge::At80);
+    EXPECT_EQ(edgeOf("composite_khz = 100\n"), PeakEdge::At100);
+    EXPECT_EQ(edgeOf("composite_khz = 90\n"), PeakEdge::At80);
 }
 
 // A radio that loses a buffer in each half second.
