@@ -51,11 +51,8 @@ void Form_D::arm(const Readings& atArming) {
     Image5.picture = "OffA";
     StationState.ResponseAuto = "si";
     StationState.ResponseState = "si";
-    constexpr int kPilotError = 6;
-    constexpr int kPilotLevel = 7;
     tellFault(desktop(),
-              ResponseSwitch::armed(atArming.output(kPilotError), atArming.output(kPilotLevel))
-                  .write(program.files));
+              ResponseSwitch::armed(atArming.pilotError, atArming.pilotLevel).write(program.files));
 }
 
 }  // namespace hmonitor

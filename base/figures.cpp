@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/figures.h"
 
+#include <iterator>
+
 namespace figures {
 
 namespace {
@@ -70,7 +72,7 @@ constexpr Figure kFigures[] = {
      {0, 250},
      0.01f,
      Kind::Peak,
-     {1, kHzOfPercent},
+     {&Readings::peakModulation, kHzOfPercent},
      Known::NotZero,
      upTo(75),
      {"75 kHz son el 100 %", "75 kHz are 100 %"},
@@ -83,7 +85,7 @@ constexpr Figure kFigures[] = {
      {-64, 20},
      0.01f,
      Kind::Level,
-     {2, 1, Mode::LeftRight},
+     {&Readings::levelFirst, 1, Mode::LeftRight},
      Known::Always,
      upTo(0),
      {kLevelRemark[0], kLevelRemark[1]},
@@ -96,7 +98,7 @@ constexpr Figure kFigures[] = {
      {-64, 20},
      0.01f,
      Kind::Level,
-     {3, 1, Mode::LeftRight},
+     {&Readings::levelSecond, 1, Mode::LeftRight},
      Known::Always,
      upTo(0),
      {kLevelRemark[0], kLevelRemark[1]},
@@ -109,7 +111,7 @@ constexpr Figure kFigures[] = {
      {-64, 20},
      0.01f,
      Kind::Level,
-     {2, 1, Mode::SumDifference},
+     {&Readings::levelFirst, 1, Mode::SumDifference},
      Known::Always,
      upTo(0),
      {},
@@ -122,7 +124,7 @@ constexpr Figure kFigures[] = {
      {-64, 20},
      0.01f,
      Kind::Level,
-     {3, 1, Mode::SumDifference},
+     {&Readings::levelSecond, 1, Mode::SumDifference},
      Known::Always,
      upTo(0),
      {},
@@ -136,7 +138,7 @@ constexpr Figure kFigures[] = {
      {0, 180},
      0.01f,
      Kind::Angle,
-     {4},
+     {&Readings::stereoPhase},
      Known::Always,
      {0, 90},
      {"por encima de 90 los canales están en contrafase", "over 90 the channels are out of phase"},
@@ -150,7 +152,7 @@ constexpr Figure kFigures[] = {
      {0, 200},
      0.01f,
      Kind::Mean,
-     {5, 10},
+     {&Readings::relativePower, 10},
      Known::NotZero,
      {},
      {"donde rige un límite de 0 dBr, hasta 6.4", "where a limit of 0 dBr is in force, up to 6.4"},
@@ -163,7 +165,7 @@ constexpr Figure kFigures[] = {
      {-200, 200},
      0.001f,
      Kind::Mean,
-     {6},
+     {&Readings::pilotError},
      Known::WithPilot,
      {-2, 2},
      {"sin piloto, ----", "without a pilot, ----"},
@@ -176,7 +178,7 @@ constexpr Figure kFigures[] = {
      {0, 20},
      0.001f,
      Kind::Mean,
-     {7},
+     {&Readings::pilotLevel},
      Known::Always,
      {8, 10},
      {},
@@ -189,7 +191,7 @@ constexpr Figure kFigures[] = {
      {-110, 0},
      0.01f,
      Kind::Level,
-     {8},
+     {&Readings::noiseLeft},
      Known::NotZero,
      upTo(-60),
      kStoredNoise,
@@ -202,7 +204,7 @@ constexpr Figure kFigures[] = {
      {-110, 0},
      0.01f,
      Kind::Level,
-     {9},
+     {&Readings::noiseRight},
      Known::NotZero,
      upTo(-60),
      kStoredNoise,
@@ -215,7 +217,7 @@ constexpr Figure kFigures[] = {
      {0, 110},
      0.01f,
      Kind::Level,
-     {10},
+     {&Readings::separationLeft},
      Known::NotZero,
      from(40),
      kStored,
@@ -228,7 +230,7 @@ constexpr Figure kFigures[] = {
      {0, 110},
      0.01f,
      Kind::Level,
-     {11},
+     {&Readings::separationRight},
      Known::NotZero,
      from(40),
      kStored,
@@ -241,7 +243,7 @@ constexpr Figure kFigures[] = {
      {0, 100},
      0.001f,
      Kind::Mean,
-     {12},
+     {&Readings::distortion},
      Known::NotZero,
      upTo(1),
      kStored,
@@ -255,7 +257,7 @@ constexpr Figure kFigures[] = {
      {-10000, 10000},
      1,
      Kind::Mean,
-     {13, 100},
+     {&Readings::carrierDeviation, 100},
      Known::Always,
      {-2000, 2000},
      {"en rojo desde 10 kHz", "red from 10 kHz on"},
@@ -269,7 +271,7 @@ constexpr Figure kFigures[] = {
      {-20, 140},
      0.01f,
      Kind::Level,
-     {14},
+     {&Readings::field},
      Known::NotZero,
      from(45),
      {"con menos no se juzga el multitrayecto", "below that multipath is not judged"},
@@ -283,7 +285,7 @@ constexpr Figure kFigures[] = {
      {0, 100},
      0.01f,
      Kind::Mean,
-     {15},
+     {&Readings::multipath},
      Known::Always,
      upTo(15),
      {"desde 28 es malo; los cinco elementos se encienden por debajo de 28, 21, 16, 11 y 6",
@@ -298,7 +300,7 @@ constexpr Figure kFigures[] = {
      {0, 10000},
      1,
      Kind::Count,
-     {16},
+     {&Readings::peaksPerMinute},
      Known::Always,
      {},
      {"cuantos menos, mejor", "the fewer the better"},
@@ -311,7 +313,7 @@ constexpr Figure kFigures[] = {
      {-600, 600},
      0.001f,
      Kind::Mean,
-     {Source::kRdsError},
+     {&Readings::rdsError},
      Known::WithRds,
      {-6, 6},
      {"sin RDS, ----", "without RDS, ----"},
@@ -324,16 +326,17 @@ constexpr Figure kFigures[] = {
      {0, 20},
      0.001f,
      Kind::Mean,
-     {Source::kRdsLevel},
+     {&Readings::rdsLevel},
      Known::Always,
      {1.3f, 10},
      {"lo habitual es 2.7", "2.7 is usual"},
      kRdsLevel},
 };
+static_assert(std::size(kFigures) == kCount);
 
 }  // namespace
 
-std::span<const Figure> all() {
+std::span<const Figure, kCount> all() {
     return kFigures;
 }
 
@@ -342,6 +345,35 @@ const Figure* find(std::string_view key) {
         if (figure.key == key) return &figure;
     }
     return nullptr;
+}
+
+float valueOf(const Figure& figure, const Readings& readings) {
+    return readings.*figure.source.output * figure.source.factor;
+}
+
+State knownWhen(const Figure& figure, const Readings& readings) {
+    constexpr float kLeastPercent = 0.3f;
+    switch (figure.known) {
+        case Known::Always:
+            break;
+        case Known::NotZero:
+            return readings.*figure.source.output == 0 ? State::NotMeasured : State::Known;
+        case Known::WithPilot:
+            return readings.pilotLevel > kLeastPercent ? State::Known : State::NoPilot;
+        case Known::WithRds:
+            return readings.rdsLevel > kLeastPercent ? State::Known : State::NoCarrier;
+    }
+    return State::Known;
+}
+
+State stateOf(const Figure& figure, const Readings& readings, Mode mode) {
+    if (figure.source.mode != Mode::Any && figure.source.mode != mode) return State::NotMeasured;
+    const bool ofPilot = figure.source.output == &Readings::pilotError ||
+                         figure.source.output == &Readings::pilotLevel;
+    if (ofPilot && showsEndMark(readings)) return State::NotMeasured;
+    const float value = valueOf(figure, readings);
+    if (!(value >= figure.range.lowest && value <= figure.range.highest)) return State::OutOfRange;
+    return knownWhen(figure, readings);
 }
 
 }  // namespace figures

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstdint>
 #include <limits>
 #include <span>
 #include <string_view>
+
+#include "base/readings.h"
 
 // Every figure that the instrument measures, in one table: what it is called, its unit and range,
 // what is good, where it comes from and where the rack shows it. There is no second list.
@@ -37,14 +40,29 @@ enum class Known {
 /// In which audio mode an output is this figure.
 enum class Mode { Any, LeftRight, SumDifference };
 
-/// Where a value comes from: output 1 to 16 of HM_Data, or one of the two of HM_DataRDS.
+/// What becomes of a figure at a moment. The numbers stand in files for ever, and are those of the
+/// C interface (drivers/hm16_more.h).
+enum class State : std::uint8_t {
+    Known = 0,
+    Settling = 1,      ///< behind a tuning or a gap, not long enough measured
+    NoCarrier = 2,     ///< no station, or not the subcarrier that the figure is about
+    TooNoisy = 3,      ///< the noise hides it
+    Multipath = 4,     ///< echoes hide it
+    NoPilot = 5,       ///< a figure of stereo, on a station without a pilot
+    Overload = 6,      ///< the unit's input is driven too hard
+    Gap = 7,           ///< samples were lost or spoilt
+    UnitAway = 8,      ///< the unit has something else to do
+    Stale = 9,         ///< nothing new came
+    NotMeasured = 10,  ///< not by this unit, or not on this programme
+    OutOfRange = 11,   ///< came, but cannot be
+    TooSlow = 12       ///< the machine did not keep up
+};
+
+/// Where a value comes from.
 struct Source {
-    int output = 0;    ///< 1 to 16; kRdsError, kRdsLevel
+    Output output = nullptr;
     float factor = 1;  ///< the output times this is the figure in its own unit
     Mode mode = Mode::Any;
-
-    static constexpr int kRdsError = 17;
-    static constexpr int kRdsLevel = 18;
 };
 
 /// Bounds in the figure's own unit; an infinite one is none.
@@ -77,10 +95,22 @@ struct Figure {
     std::span<const Place> shown;
 };
 
+inline constexpr std::size_t kCount = 20;
+
 /// All of them, in the order of the outputs.
-std::span<const Figure> all();
+std::span<const Figure, kCount> all();
 
 /// The figure of that key, or null.
 const Figure* find(std::string_view key);
+
+/// The figure in its own unit.
+float valueOf(const Figure& figure, const Readings& readings);
+
+/// Whether the figure is known by its rule for libraries that tell no states, and why it is not.
+State knownWhen(const Figure& figure, const Readings& readings);
+
+/// What becomes of the figure when such a library says these readings in that audio mode: its rule,
+/// its range, and the end mark of a response run, which is no pilot.
+State stateOf(const Figure& figure, const Readings& readings, Mode mode);
 
 }  // namespace figures

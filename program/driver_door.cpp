@@ -1,64 +1,144 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "program/driver_door.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace hmonitor {
 
 namespace {
 
+using figures::State;
+
 constexpr float kOtherLimit = 10000.f;
+
+bool canBe(float said, float limit) {
+    return std::isfinite(said) && std::fabs(said) <= limit;
+}
 
 /// What the unit said if it can be a reading, the last good value otherwise.
 float checked(float said, float lastGood, float limit) {
-    return std::isfinite(said) && std::fabs(said) <= limit ? said : lastGood;
+    return canBe(said, limit) ? said : lastGood;
 }
 
 }  // namespace
 
-float DriverDoor::limitOf(int output) {
-    // The pilot error also carries the end mark of a response run, 11583.
-    if (output == 1) return 1000.f;
-    return output == 6 ? 20000.f : kOtherLimit;
+float DriverDoor::limitOf(figures::Output output) {
+    if (output == &Readings::peakModulation) return 1000.f;
+    // It also carries the end mark of a response run, 11583.
+    return output == &Readings::pilotError ? 20000.f : kOtherLimit;
+}
+
+std::int32_t DriverDoor::HM_Normal(float frequency, std::int32_t average, std::int32_t audioMode,
+                                   std::int32_t response, std::int32_t logFiles) {
+    still_.begin(desktop_.now());
+    const std::int32_t result =
+        library_.HM_Normal(frequency, average, audioMode, response, logFiles);
+    doing_ = Doing::Measuring;
+    tuned_ = {frequency, average != 0 ? Detector::Average : Detector::Peak,
+              audioMode != 0 ? AudioMode::SumDifference : AudioMode::LeftRight, desktop_.now()};
+    if (listener_) listener_->tuned(tuned_);
+    return result;
+}
+
+std::int32_t DriverDoor::HM_Parar() {
+    still_.end();
+    const std::int32_t result = library_.HM_Parar();
+    if (doing_ == Doing::Measuring) doing_ = Doing::SomethingElse;
+    if (listener_) listener_->halted(desktop_.now());
+    return result;
+}
+
+void DriverDoor::take(std::size_t output, float said) {
+    const figures::Output reading = figures::kOutputs[output];
+    dropped_[output] = !canBe(said, limitOf(reading));
+    if (!dropped_[output]) good_.*reading = said;
 }
 
 Readings DriverDoor::HM_Data() {
     Readings said = good_;
     library_.HM_Data(said);
-    for (int output = 1; output <= 16; ++output) {
-        good_.output(output) = checked(said.output(output), good_.output(output), limitOf(output));
-    }
-    still_.take(good_, desktop_.now());
+    for (std::size_t i = 0; i < figures::kDataOutputs; ++i) take(i, said.*figures::kOutputs[i]);
+    tellMeasured();
     return good_;
 }
 
 std::int32_t DriverDoor::HM_DataRDS(float& error, float& level) {
-    float saidError = goodRdsError_;
-    float saidLevel = level;
-    const std::int32_t result = library_.HM_DataRDS(saidError, saidLevel);
-    error = goodRdsError_ = checked(saidError, goodRdsError_, kOtherLimit);
-    level = goodRdsLevel_ = checked(saidLevel, goodRdsLevel_, kOtherLimit);
-    still_.takeRds(goodRdsError_, goodRdsLevel_, desktop_.now());
+    Readings said = good_;
+    said.rdsLevel = level;
+    const std::int32_t result = library_.HM_DataRDS(said.rdsError, said.rdsLevel);
+    for (std::size_t i = figures::kDataOutputs; i < figures::kOutputs.size(); ++i) {
+        take(i, said.*figures::kOutputs[i]);
+    }
+    error = good_.rdsError;
+    level = good_.rdsLevel;
+    tellMeasured();
     return result;
+}
+
+void DriverDoor::tellMeasured() {
+    still_.take(good_, desktop_.now());
+    if (listener_) listener_->measured(measured());
+}
+
+State DriverDoor::stateOf(const figures::Figure& figure) const {
+    const auto place = std::ranges::find(figures::kOutputs, figure.source.output);
+    if (dropped_[static_cast<std::size_t>(place - figures::kOutputs.begin())]) {
+        return State::OutOfRange;
+    }
+    return figures::stateOf(figure, good_,
+                            tuned_.mode == AudioMode::SumDifference ? figures::Mode::SumDifference
+                                                                    : figures::Mode::LeftRight);
+}
+
+Measured DriverDoor::measured() const {
+    Measured now{good_, {}, desktop_.now()};
+    if (doing_ != Doing::Measuring) {
+        now.states.fill(doing_ == Doing::Nothing ? State::NotMeasured : State::UnitAway);
+        return now;
+    }
+    const bool stale = staleSeconds() > 0;
+    for (std::size_t i = 0; i < figures::kCount; ++i) {
+        const State state = stateOf(figures::all()[i]);
+        now.states[i] = stale && state == State::Known ? State::Stale : state;
+    }
+    return now;
 }
 
 std::int32_t DriverDoor::HM_Super(float frequency, float& level) {
     float said = level;
     const std::int32_t result = library_.HM_Super(frequency, said);
     level = checked(said, level, kOtherLimit);
+    if (result == 0) tellLevel(frequency, said, MeasuredLevel::From::Point);
     desktop_.letEventsThrough();
     return result;
+}
+
+std::int32_t DriverDoor::HM_StartEspectro(float start, float stop, std::int32_t stepKhz) {
+    sweep_ = {start, stop, stepKhz, {}};
+    return library_.HM_StartEspectro(start, stop, stepKhz);
+}
+
+std::int32_t DriverDoor::HM_TramaEspectroRecibida() {
+    const std::int32_t came = library_.HM_TramaEspectroRecibida();
+    if (came != 0 && listener_) {
+        sweep_.at = desktop_.now();
+        listener_->frameCame(sweep_);
+    }
+    return came;
 }
 
 std::int32_t DriverDoor::HM_GetEspectro(float frequency, float& level) {
     float said = level;
     const std::int32_t result = library_.HM_GetEspectro(frequency, said);
     level = checked(said, level, kOtherLimit);
+    tellLevel(frequency, said, MeasuredLevel::From::Frame);
     return result;
 }
 
-std::int32_t DriverDoor::HM_RespFrecuencia(ResponsePairs& pairs) {
-    return library_.HM_RespFrecuencia(pairs);
+void DriverDoor::tellLevel(float frequency, float level, MeasuredLevel::From from) {
+    if (!listener_ || !canBe(level, kOtherLimit)) return;
+    listener_->levelRead({frequency, level, from, desktop_.now()});
 }
 
 std::int32_t DriverDoor::HM_getHardwareVersion(float& version) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "display/desktop.h"
+#include "program/door_listener.h"
 #include "program/driver.h"
 #include "program/still_readings.h"
 
@@ -10,7 +11,7 @@ namespace hmonitor {
 /// The program's side of the driver: what a reading may be is checked here, once. Not-a-number,
 /// infinities and values beyond the table of limits are dropped and the last good value stands.
 /// After each HM_Super waiting events are let through once, which is where a long point-by-point
-/// run hears its stop key.
+/// run hears its stop key. One listener is told what passes; that makes no call of the library.
 class DriverDoor {
  public:
     DriverDoor(DriverLibrary& library, display::Desktop& desktop)
@@ -20,28 +21,22 @@ class DriverDoor {
     std::int32_t HM_Terminate() { return library_.HM_Terminate(); }
     std::int32_t HM_DemoMode() { return library_.HM_DemoMode(); }
     std::int32_t HM_Normal(float frequency, std::int32_t average, std::int32_t audioMode,
-                           std::int32_t response, std::int32_t logFiles) {
-        still_.begin(desktop_.now());
-        return library_.HM_Normal(frequency, average, audioMode, response, logFiles);
-    }
-    std::int32_t HM_Parar() {
-        still_.end();
-        return library_.HM_Parar();
-    }
+                           std::int32_t response, std::int32_t logFiles);
+    std::int32_t HM_Parar();
     std::int32_t HM_Reset(std::int32_t what) { return library_.HM_Reset(what); }
-    std::int32_t HM_StartEspectro(float start, float stop, std::int32_t stepKhz) {
-        return library_.HM_StartEspectro(start, stop, stepKhz);
-    }
-    std::int32_t HM_TramaEspectroRecibida() { return library_.HM_TramaEspectroRecibida(); }
+    std::int32_t HM_StartEspectro(float start, float stop, std::int32_t stepKhz);
+    std::int32_t HM_TramaEspectroRecibida();
     std::int32_t HM_setSintoMode(std::int32_t mode) { return library_.HM_setSintoMode(mode); }
 
-    /// The latest readings, checked.
+    /// The latest readings, checked; those of RDS are of the last HM_DataRDS.
     Readings HM_Data();
     /// level is loaded with the last level by the caller.
     std::int32_t HM_DataRDS(float& error, float& level);
     std::int32_t HM_Super(float frequency, float& level);
     std::int32_t HM_GetEspectro(float frequency, float& level);
-    std::int32_t HM_RespFrecuencia(ResponsePairs& pairs);
+    std::int32_t HM_RespFrecuencia(ResponsePairs& pairs) {
+        return library_.HM_RespFrecuencia(pairs);
+    }
     /// 0 when no unit answers, or when what it answers is no version.
     std::int32_t HM_getHardwareVersion(float& version);
     std::int32_t HM_getDriverVersion(float& version);
@@ -54,16 +49,34 @@ class DriverDoor {
     /// measuring any more; 0 while they live, on an empty channel, and while the unit is away.
     int staleSeconds() const { return still_.staleSeconds(desktop_.now()); }
 
-    /// Largest size of a reading, either sign, for outputs 1 to 16.
-    static float limitOf(int output);
+    /// What the unit says now, as it was last asked, and what becomes of each figure.
+    Measured measured() const;
+
+    /// Who hears what passes from here on; null for nobody. It outlives the door, or leaves.
+    void listener(DoorListener* its) { listener_ = its; }
+
+    /// Largest size of a reading, either sign.
+    static float limitOf(figures::Output output);
 
  private:
+    /// What the unit does, as far as readings go.
+    enum class Doing { Nothing, Measuring, SomethingElse };
+
+    void take(std::size_t output, float said);
+    void tellMeasured();
+    void tellLevel(float frequency, float level, MeasuredLevel::From from);
+    figures::State stateOf(const figures::Figure& figure) const;
+
     DriverLibrary& library_;
     display::Desktop& desktop_;
+    DoorListener* listener_ = nullptr;
     StillReadings still_;
     Readings good_;
-    float goodRdsError_ = 0;
-    float goodRdsLevel_ = 0;
+    /// Which of them the unit last said something for that is no reading.
+    std::array<bool, figures::kOutputs.size()> dropped_{};
+    Doing doing_ = Doing::Nothing;
+    Tuned tuned_;
+    SweepFrame sweep_;
 };
 
 }  // namespace hmonitor

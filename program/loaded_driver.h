@@ -3,6 +3,7 @@
 
 #include "drivers/hm16.h"
 #include "drivers/hm16_more.h"
+#include "drivers/loader/read_data.h"
 #include "program/driver.h"
 
 namespace hmonitor {
@@ -26,11 +27,7 @@ class LoadedDriver final : public DriverLibrary {
     }
     std::int32_t HM_Parar() override { return call_.parar(); }
     std::int32_t HM_Reset(std::int32_t what) override { return call_.reset(what); }
-    std::int32_t HM_Data(Readings& r) override {
-        auto& o = r.outputs;
-        return call_.data(&o[0], &o[1], &o[2], &o[3], &o[4], &o[5], &o[6], &o[7], &o[8], &o[9],
-                          &o[10], &o[11], &o[12], &o[13], &o[14], &o[15]);
-    }
+    std::int32_t HM_Data(Readings& readings) override { return hm16::readData(call_, readings); }
     std::int32_t HM_DataRDS(float& error, float& level) override {
         return call_.dataRds(&error, &level);
     }

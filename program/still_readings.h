@@ -9,8 +9,8 @@
 
 namespace hmonitor {
 
-/// Tells when a unit that measures has stopped saying anything new: all sixteen outputs and both of
-/// RDS have stood still to the bit for three seconds while they said that there is a carrier.
+/// Tells when a unit that measures has stopped saying anything new: all its readings have
+/// stood still to the bit for three seconds while they said that there is a carrier.
 class StillReadings {
  public:
     static constexpr display::Time kStale = std::chrono::seconds(3);
@@ -24,13 +24,9 @@ class StillReadings {
     void end() { measuring_ = false; }
 
     void take(const Readings& readings, display::Time now) {
-        for (std::size_t i = 0; i < last_.outputs.size(); ++i) {
-            note(last_.outputs[i], readings.outputs[i], now);
+        for (const figures::Output output : figures::kOutputs) {
+            note(last_.*output, readings.*output, now);
         }
-    }
-    void takeRds(float error, float level, display::Time now) {
-        note(rdsError_, error, now);
-        note(rdsLevel_, level, now);
     }
 
     /// Whole seconds since the last change once the readings are stale, 0 while they are not.
@@ -42,11 +38,14 @@ class StillReadings {
 
     /// A field, and something that was heard on it: an empty channel may stand still for ever.
     static bool saysCarrier(const Readings& readings) {
-        constexpr int kField = 14;
-        constexpr int kHeard[] = {1, 5, 6, 7, 8, 9, 10, 11, 12, 13, 15, 16};
-        if (!(readings.output(kField) > 0)) return false;
-        for (const int output : kHeard) {
-            if (readings.output(output) != 0) return true;
+        if (!(readings.field > 0)) return false;
+        constexpr figures::Output kHeard[] = {
+            &Readings::peakModulation,   &Readings::relativePower,   &Readings::pilotError,
+            &Readings::pilotLevel,       &Readings::noiseLeft,       &Readings::noiseRight,
+            &Readings::separationLeft,   &Readings::separationRight, &Readings::distortion,
+            &Readings::carrierDeviation, &Readings::multipath,       &Readings::peaksPerMinute};
+        for (const figures::Output output : kHeard) {
+            if (readings.*output != 0) return true;
         }
         return false;
     }
@@ -60,8 +59,6 @@ class StillReadings {
     }
 
     Readings last_;
-    float rdsError_ = 0;
-    float rdsLevel_ = 0;
     display::Time changed_{0};
     bool measuring_ = false;
 };

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-namespace hmonitor {
+#include "program/audio_mode.h"
 
-/// The two channels that the audio bars show.
-enum class AudioMode { LeftRight, SumDifference };
+namespace hmonitor {
 
 /// What a tuning asks of the panels, in the order in which it asks. The tuner knows no form.
 class TuningPanels {

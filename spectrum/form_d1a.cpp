@@ -89,7 +89,7 @@ void FormD1a::closeRequested() {
 
 void FormD1a::runOrStop() {
     if (inDemoMode()) return;
-    const float carrier = driver.HM_Data().output(14);
+    const float carrier = driver.HM_Data().field;
     driver.HM_Parar();
     if (run_ == Run::Going) {
         stop();

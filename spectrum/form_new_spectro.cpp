@@ -72,7 +72,7 @@ void Form_NewSpectro::run() {
     if (inDemoMode()) return;
     UnitLease& lease = program.Form_D1.peek().lease;
     if (!lease.take()) return;
-    const float carrier = driver.HM_Data().output(14);
+    const float carrier = driver.HM_Data().field;
     driver.HM_Parar();
     driver.HM_getHardwareVersion(program.words.gHardwareVersion);
     lease.tuneFor(AudioMode::LeftRight);

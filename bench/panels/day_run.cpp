@@ -52,8 +52,8 @@ class Day {
     void minute(int number) {
         for (int beat = 0; beat < 2000; ++beat) {
             random_.put(bench_.driver.readings);
-            bench_.driver.rdsError = bench_.output(6) / 10;
-            bench_.driver.rdsLevel = bench_.output(7) / 10;
+            bench_.readings.rdsError = bench_.readings.pilotError / 10;
+            bench_.readings.rdsLevel = bench_.readings.pilotLevel / 10;
             bench_.beat();
         }
         pressKey(number);

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <thread>
 
+#include "drivers/loader/read_data.h"
 #include "drivers/unit/slot_ring.h"
 
 namespace hm16::probe {
@@ -32,12 +33,11 @@ double RunClock::seconds() const {
     return step_ == nullptr ? secondsSince(start_) : static_cast<double>(slots_) * kUnitSlotSeconds;
 }
 
-std::array<float, 18> readAll(const HM16_Functions& driver) {
-    std::array<float, 18> r{};
-    driver.data(&r[0], &r[1], &r[2], &r[3], &r[4], &r[5], &r[6], &r[7], &r[8], &r[9], &r[10],
-                &r[11], &r[12], &r[13], &r[14], &r[15]);
-    driver.dataRds(&r[16], &r[17]);
-    return r;
+Readings readAll(const HM16_Functions& driver) {
+    Readings all;
+    readData(driver, all);
+    driver.dataRds(&all.rdsError, &all.rdsLevel);
+    return all;
 }
 
 void tune(const HM16_Functions& driver, const Options& options, ResponseRun response) {

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <array>
 #include <chrono>
 
 #include "drivers/hm16.h"
 #include "drivers/hm16_report.h"
 #include "drivers/probe/probe_options.h"
+#include "drivers/unit/readings.h"
 #include "drivers/unit/unit.h"
 
 // What every run of the probe does with a library.
@@ -32,8 +32,8 @@ class RunClock {
     long slots_ = 0;
 };
 
-// The sixteen readings, then both of RDS.
-std::array<float, 18> readAll(const HM16_Functions& driver);
+// The sixteen readings and both of RDS.
+Readings readAll(const HM16_Functions& driver);
 
 void tune(const HM16_Functions& driver, const Options& options, ResponseRun response);
 

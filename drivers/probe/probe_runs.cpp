@@ -29,9 +29,9 @@ std::string runReadings(const HM16_Functions& driver, HM16_StepFunction step,
     RunClock clock(step);
     for (long look = 0; look * options.every <= options.seconds; ++look) {
         if (!clock.passUntil(look * options.every)) break;
-        const auto readings = readAll(driver);
+        const Readings readings = readAll(driver);
         std::vector<double> line{look * options.every};
-        line.insert(line.end(), readings.begin(), readings.end());
+        for (const figures::Output output : figures::kOutputs) line.push_back(readings.*output);
         csv.line(line);
     }
     driver.parar();
@@ -98,10 +98,6 @@ std::string runSweep(const HM16_Functions& driver, HM16_StepFunction step, const
     return frames > 0 ? "" : "No frame came within " + decimalText(options.seconds, 3) + " s.";
 }
 
-bool endMark(const std::array<float, 18>& readings) {
-    return std::trunc(readings[5]) == kEndMarkError && std::trunc(readings[6]) == kEndMarkLevel;
-}
-
 std::string runResponse(const HM16_Functions& driver, HM16_StepFunction step,
                         const Options& options, Csv& csv) {
     tune(driver, options, ResponseRun::Armed);
@@ -109,7 +105,7 @@ std::string runResponse(const HM16_Functions& driver, HM16_StepFunction step,
     bool ended = false;
     for (long look = 1; !ended && clock.seconds() < options.seconds; ++look) {
         if (!clock.passUntil(look * options.every)) break;
-        ended = endMark(readAll(driver));
+        ended = figures::showsEndMark(readAll(driver));
     }
     driver.parar();
     std::array<std::int32_t, 16> r{};

@@ -193,22 +193,12 @@ int32_t HM16_CALL HM_Data(float* peakModulation, float* levelFirst, float* level
                           float* carrierDeviation, float* field, float* multipath,
                           float* peaksPerMinute) {
     const hm16::Readings now = hm16::session().readings.latest();
-    *peakModulation = now.peakModulation;
-    *levelFirst = now.levelFirst;
-    *levelSecond = now.levelSecond;
-    *stereoPhase = now.stereoPhase;
-    *relativePower = now.relativePower;
-    *pilotError = now.pilotError;
-    *pilotLevel = now.pilotLevel;
-    *noiseLeft = now.noiseLeft;
-    *noiseRight = now.noiseRight;
-    *separationLeft = now.separationLeft;
-    *separationRight = now.separationRight;
-    *distortion = now.distortion;
-    *carrierDeviation = now.carrierDeviation;
-    *field = now.field;
-    *multipath = now.multipath;
-    *peaksPerMinute = now.peaksPerMinute;
+    float* const outputs[] = {peakModulation,   levelFirst,     levelSecond,     stereoPhase,
+                              relativePower,    pilotError,     pilotLevel,      noiseLeft,
+                              noiseRight,       separationLeft, separationRight, distortion,
+                              carrierDeviation, field,          multipath,       peaksPerMinute};
+    static_assert(std::size(outputs) == figures::kDataOutputs);
+    for (std::size_t i = 0; i < figures::kDataOutputs; ++i) *outputs[i] = now.*figures::kOutputs[i];
     return hm16::kDone;
 }
 

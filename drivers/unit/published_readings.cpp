@@ -2,7 +2,6 @@
 #include "drivers/unit/published_readings.h"
 
 #include <bit>
-#include <cmath>
 
 namespace hm16 {
 
@@ -14,10 +13,7 @@ static_assert(sizeof(Fields) == sizeof(Readings), "readings are floats and nothi
 }  // namespace
 
 void PublishedReadings::publish(Readings readings) {
-    if (std::trunc(readings.pilotError) == kEndMarkError &&
-        std::trunc(readings.pilotLevel) == kEndMarkLevel) {
-        readings.pilotError -= 1;
-    }
+    if (figures::showsEndMark(readings)) readings.pilotError -= 1;
     show(readings);
 }
 

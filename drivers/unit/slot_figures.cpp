@@ -2,8 +2,6 @@
 #include "drivers/unit/slot_figures.h"
 
 #include <algorithm>
-#include <array>
-#include <bit>
 #include <cstring>
 #include <vector>
 
@@ -13,8 +11,22 @@ namespace hm16 {
 
 namespace {
 
-using Outputs = std::array<float, sizeof(Readings) / sizeof(float)>;
-static_assert(Outputs().size() == figures::Source::kRdsLevel, "outputs in their order, then RDS");
+constexpr bool saysTheSame(figures::State state, int number) {
+    return static_cast<int>(state) == number;
+}
+static_assert(saysTheSame(figures::State::Known, HM16_KNOWN));
+static_assert(saysTheSame(figures::State::Settling, HM16_SETTLING));
+static_assert(saysTheSame(figures::State::NoCarrier, HM16_NO_CARRIER));
+static_assert(saysTheSame(figures::State::TooNoisy, HM16_TOO_NOISY));
+static_assert(saysTheSame(figures::State::Multipath, HM16_MULTIPATH));
+static_assert(saysTheSame(figures::State::NoPilot, HM16_NO_PILOT));
+static_assert(saysTheSame(figures::State::Overload, HM16_OVERLOAD));
+static_assert(saysTheSame(figures::State::Gap, HM16_GAP));
+static_assert(saysTheSame(figures::State::UnitAway, HM16_UNIT_AWAY));
+static_assert(saysTheSame(figures::State::Stale, HM16_STALE));
+static_assert(saysTheSame(figures::State::NotMeasured, HM16_NOT_MEASURED));
+static_assert(saysTheSame(figures::State::OutOfRange, HM16_OUT_OF_RANGE));
+static_assert(saysTheSame(figures::State::TooSlow, HM16_TOO_SLOW));
 
 template <std::size_t Room>
 void putText(char (&place)[Room], const char* text) {
@@ -51,15 +63,12 @@ int placeOfFigure(std::string_view key) {
 }
 
 void putReadings(HM16_Slot& slot, const Readings& leftRight, const Readings& sumDifference) {
-    const auto plain = std::bit_cast<Outputs>(leftRight);
-    const auto halves = std::bit_cast<Outputs>(sumDifference);
     std::size_t place = 0;
     for (const figures::Figure& figure : figures::all()) {
-        const auto output = static_cast<std::size_t>(figure.source.output - 1);
         const bool ofHalves = figure.source.mode == figures::Mode::SumDifference;
-        slot.value[place] = (ofHalves ? halves : plain)[output] * figure.source.factor;
-        const bool nothing = figure.known == figures::Known::NotZero && slot.value[place] == 0;
-        slot.state[place] = nothing ? HM16_NOT_MEASURED : HM16_KNOWN;
+        const Readings& readings = ofHalves ? sumDifference : leftRight;
+        slot.value[place] = figures::valueOf(figure, readings);
+        slot.state[place] = static_cast<std::uint8_t>(figures::knownWhen(figure, readings));
         ++place;
     }
 }

@@ -15,8 +15,8 @@ std::span<const HM16_FigureInfo> registeredFigures();
 // Place of a figure in a slot, by its key; -1 when the registry has none of that name.
 int placeOfFigure(std::string_view key);
 
-// Fills a slot's values from two sets of readings of the same 50 ms, one in each audio mode, and
-// marks as not measured what is 0 for "nothing measured". All else is marked as known.
+// Fills a slot's values from two sets of readings of the same 50 ms, one in each audio mode, each
+// with the state that the registry's rule gives it.
 void putReadings(HM16_Slot& slot, const Readings& leftRight, const Readings& sumDifference);
 
 // Marks a figure that the registry has; where it is marked as unknown already, that stands.

@@ -42,11 +42,11 @@ void Form_B::heartbeat() {
         DemoTick = DemoTick == 1 ? 0 : 1;
         if (DemoTick == 0) return;
     }
-    takeLevel({WindowMaxL, BarL, LineAudL, PromL}, readings.output(2));
-    takeLevel({WindowMaxR, BarR, LineAudR, PromR}, readings.output(3));
+    takeLevel({WindowMaxL, BarL, LineAudL, PromL}, readings.levelFirst);
+    takeLevel({WindowMaxR, BarR, LineAudR, PromR}, readings.levelSecond);
     WindowTicks = WindowTicks == 5 ? Int16(0) : Int16(WindowTicks + 1);
-    handOffModulation(readings.output(1));
-    showPhase(readings.output(4));
+    handOffModulation(readings.peakModulation);
+    showPhase(readings.stereoPhase);
     RefrescoFase();
     program.Form1->DrawMultyPath();
 }

@@ -147,7 +147,7 @@ void Form1::tickPeak() {
 
 void Form1::showRelativePower() {
     const Readings readings = driver.HM_Data();
-    const float power = readings.output(5) * 10;
+    const float power = readings.relativePower * 10;
     const double candidate = 115 - wholeTowardZero(power);
     if (PowerHold > candidate) PowerHold = candidate;
     program.Form_B->DibujoPotencia(PowerHold);
@@ -175,11 +175,7 @@ void Form1::tickReadouts() {
     if (FirstTick != "1") takeSettings();
     if (StationState.ResponseState == "sisi") {
         // The tone sequence of a frequency response run has ended.
-        const Readings readings = driver.HM_Data();
-        if (wholeTowardZero(readings.output(6)) == 11583 &&
-            wholeTowardZero(readings.output(7)) == 18) {
-            respolee();
-        }
+        if (figures::showsEndMark(driver.HM_Data())) respolee();
     }
     RefrescoIntensidadDeCampo();
     ActualizarModulacion_Displays();

@@ -63,16 +63,16 @@ float Form1::correctedField(float field) const {
 
 void Form1::ActualizarModulacion_Displays() {
     const Readings readings = driver.HM_Data();
-    const float live = inDemoMode() ? StationState.DemoPeak : readings.output(1);
+    const float live = inDemoMode() ? StationState.DemoPeak : readings.peakModulation;
     if (held.take(live)) {
         Label_FMod_Porcentaje.caption = mask("0.0", held.PeakHoldValue);
         Label_FMod.caption = mask("0.0", held.PeakHoldKHz);
     }
-    Label_PicosPorMinuto.caption = shortText(readings.output(16));
+    Label_PicosPorMinuto.caption = shortText(readings.peaksPerMinute);
     // Without a unit the field shows the simulated value.
     Label_FieldIntensity.caption =
-        mask("0.0", inDemoMode() ? 69.5f : correctedField(readings.output(14)));
-    showCarrierDeviation(readings.output(13));
+        mask("0.0", inDemoMode() ? 69.5f : correctedField(readings.field));
+    showCarrierDeviation(readings.carrierDeviation);
 }
 
 void Form1::showCarrierDeviation(float sample) {
@@ -105,13 +105,13 @@ void Form1::showSigns() {
 
 void Form1::carrier1() {
     const Readings readings = driver.HM_Data();
-    Label_OVER.visible = over.take(inDemoMode() ? 3.f : readings.output(13));
+    Label_OVER.visible = over.take(inDemoMode() ? 3.f : readings.carrierDeviation);
 }
 
 void Form1::RefrescoIntensidadDeCampo() {
     const Readings readings = driver.HM_Data();
     FieldTenths = inDemoMode() ? 695.f
-                               : readings.output(14) * 10 +
+                               : readings.field * 10 +
                                      static_cast<float>(valueOf(StationState.DbCorrection10));
     if (FieldTenths > 999) FieldTenths = 999;
     const int tenths = std::max(0, floorWhole(FieldTenths));
@@ -122,8 +122,8 @@ void Form1::RefrescoIntensidadDeCampo() {
 void Form1::DrawMultyPath() {
     const Readings readings = driver.HM_Data();
     if (inDemoMode()) return;
-    const int sample = std::abs(floorWhole(readings.output(15)));
-    switch (meter.take(sample, correctedField(readings.output(14)))) {
+    const int sample = std::abs(floorWhole(readings.multipath));
+    switch (meter.take(sample, correctedField(readings.field))) {
         case MultipathMeter::Draw::Nothing:
             return;
         case MultipathMeter::Draw::Bad:

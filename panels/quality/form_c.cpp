@@ -87,13 +87,13 @@ void Form_C::Command1() {
 
     // Without a pilot its error means nothing.
     Label_19K_FrecError.caption =
-        readings.output(7) > kLeastLevel ? signedTenths(readings.output(6)).view() : kMeaningless;
-    Label_PilotLevel.caption = mask("0.0", readings.output(7));
-    Label_LeftNoise.caption = mask("0.0", readings.output(8));
-    Label_RightNoise.caption = mask("0.0", readings.output(9));
-    Label_HarmonicDistortion.caption = mask("0.00", readings.output(12));
-    Label_ChannelSep_Left.caption = mask("0.0", readings.output(10));
-    Label_ChannelSep_Right.caption = mask("0.0", readings.output(11));
+        readings.pilotLevel > kLeastLevel ? signedTenths(readings.pilotError).view() : kMeaningless;
+    Label_PilotLevel.caption = mask("0.0", readings.pilotLevel);
+    Label_LeftNoise.caption = mask("0.0", readings.noiseLeft);
+    Label_RightNoise.caption = mask("0.0", readings.noiseRight);
+    Label_HarmonicDistortion.caption = mask("0.00", readings.distortion);
+    Label_ChannelSep_Left.caption = mask("0.0", readings.separationLeft);
+    Label_ChannelSep_Right.caption = mask("0.0", readings.separationRight);
     showRds();
     showSeparation(readings);
     showSound();
@@ -107,9 +107,9 @@ void Form_C::showRds() {
 
 void Form_C::showSeparation(const Readings& readings) {
     const int leftFigure =
-        inDemoMode() ? 45 : separationFigure(readings.output(10), StationState.FloorSepL);
+        inDemoMode() ? 45 : separationFigure(readings.separationLeft, StationState.FloorSepL);
     const int rightFigure =
-        inDemoMode() ? 45 : separationFigure(readings.output(11), StationState.FloorSepR);
+        inDemoMode() ? 45 : separationFigure(readings.separationRight, StationState.FloorSepR);
     Command2(1, leftFigure / 10);
     Command2(2, leftFigure % 10);
     Command2(3, rightFigure / 10);
@@ -125,7 +125,7 @@ void Form_C::readFrozen() {
 }
 
 void Form_C::Command4() {
-    float error = driver.HM_Data().output(6);
+    float error = driver.HM_Data().pilotError;
     if (inDemoMode()) {
         error = 0.5f;
     } else {
@@ -159,7 +159,7 @@ void Form_C::Command4() {
 }
 
 void Form_C::Command6() {
-    float level = driver.HM_Data().output(7);
+    float level = driver.HM_Data().pilotLevel;
     if (inDemoMode()) level = 10;
     if (StationState.ResponseAuto == "si") {
         level = FrozenPilot;
@@ -183,9 +183,9 @@ void Form_C::Command6() {
 void Form_C::Command11() {
     const Readings readings = driver.HM_Data();
     const int leftFigure =
-        noiseFigure(inDemoMode() ? 70.f : readings.output(8), StationState.FloorNoiseL);
+        noiseFigure(inDemoMode() ? 70.f : readings.noiseLeft, StationState.FloorNoiseL);
     const int rightFigure =
-        noiseFigure(inDemoMode() ? 72.f : readings.output(9), StationState.FloorNoiseR);
+        noiseFigure(inDemoMode() ? 72.f : readings.noiseRight, StationState.FloorNoiseR);
     Command10(1, leftFigure / 10);
     Command10(2, leftFigure % 10);
     Command10(3, rightFigure / 10);
@@ -195,7 +195,7 @@ void Form_C::Command11() {
 void Form_C::Command13() {
     const Readings readings = driver.HM_Data();
     const double figure =
-        inDemoMode() ? 127 : distortionFigure(readings.output(12), StationState.FloorThd);
+        inDemoMode() ? 127 : distortionFigure(readings.distortion, StationState.FloorThd);
     const ThreePlaces digits = distortionDigits(figure);
     for (int place = 1; place <= 3; ++place) {
         Command12(place, digits.places[static_cast<std::size_t>(place - 1)]);

@@ -18,7 +18,7 @@ using testing::StartsWith;
 class Analyses {
  public:
     explicit Analyses(float version) {
-        bench.output(14) = 70;
+        bench.readings.field = 70;
         bench.driver.superLevel = 55;
         bench.start();
         // From here on: at the start version 0 would bring the demo offer.

@@ -138,7 +138,7 @@ TEST(AnalysesPanel, TheZoomKeySaysItsTip) {
 
 TEST(AnalysesPanel, ADoubleClickOnTheThumbnailOpensTheChannelSpectrum) {
     RackBench bench;
-    bench.output(14) = 70;
+    bench.readings.field = 70;
     bench.start();
     bench.forms.formD1.closeRequested();
     EXPECT_FALSE(bench.forms.formD1.visible);
@@ -152,7 +152,7 @@ TEST(AnalysesPanel, ADoorClosesWhatTheStartLeftOpenOfTheSpectrum) {
     display::Picture Form_D::*const doors[] = {&Form_D::Image1, &Form_D::Image2, &Form_D::Image3};
     for (const auto door : doors) {
         RackBench bench;
-        bench.output(14) = 70;
+        bench.readings.field = 70;
         bench.start();
         ASSERT_TRUE(bench.forms.formD1.visible);
         bench.hand.click(bench.formD.*door);
@@ -164,7 +164,7 @@ TEST(AnalysesPanel, ADoorClosesWhatTheStartLeftOpenOfTheSpectrum) {
 
 TEST(AnalysesPanel, ADoorClosesTheQuestionForANewSpectrumToo) {
     RackBench bench;
-    bench.output(14) = 70;
+    bench.readings.field = 70;
     bench.start();
     bench.hand.click(bench.forms.formD1.Command3D1);
     bench.desktop.settle();
@@ -179,7 +179,7 @@ TEST(AnalysesPanel, ADoorClosesTheQuestionForANewSpectrumToo) {
 
 TEST(AnalysesPanel, WaitsWhileTheBandwidthThatTheSpectrumOpenedHasTheUnit) {
     RackBench bench;
-    bench.output(14) = 70;
+    bench.readings.field = 70;
     bench.start();
     EXPECT_THAT(enabledPanels(bench), Each(true));
     bench.hand.click(bench.forms.formD1.SSCommand2);
@@ -203,7 +203,7 @@ std::vector<std::string> valuesShown(RackBench& bench) {
 
 TEST(AnalysesPanel, TheThumbnailOpensTheStationThatIsTunedNow) {
     RackBench bench;
-    bench.output(14) = 70;
+    bench.readings.field = 70;
     bench.start();
     bench.write("0981.spc", lines({"3", "25", "98.0", "40", "0", "33", ""}));
     // Still open from the start, and hidden behind the bandwidth that was closed since.

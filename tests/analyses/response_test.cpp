@@ -84,8 +84,8 @@ TEST_F(Response, AFileCutAtAnyLineShowsThePairsThatAreWhole) {
 }
 
 TEST_F(Response, ArmingStoresThePilotOfThatMomentAndRetunes) {
-    bench.output(6) = 1.5f;
-    bench.output(7) = 9.2f;
+    bench.readings.pilotError = 1.5f;
+    bench.readings.pilotLevel = 9.2f;
     release(bench.formD.Image5);
     EXPECT_EQ(bench.formD.Image5.picture, "OffA");
     EXPECT_EQ(bench.state.ResponseAuto, "si");
@@ -125,8 +125,8 @@ TEST_F(Response, TheEndMarkEndsTheRun) {
     bench.advance(100ms);
     EXPECT_EQ(bench.state.ResponseState, "sisi");
     measured();
-    bench.output(6) = 11583.4f;
-    bench.output(7) = 18.9f;
+    bench.readings.pilotError = 11583.4f;
+    bench.readings.pilotLevel = 18.9f;
     bench.takeCalls();
     bench.advance(100ms);
     EXPECT_THAT(bench.takeCalls(), Contains("HM_RespFrecuencia"));
@@ -143,8 +143,8 @@ TEST_F(Response, ARunThatEndsWhileThePresetEditorIsOpenBelongsToItsStation) {
     bench.desktop.settle();
     ASSERT_TRUE(bench.forms.formSetMemories.visible);
     measured();
-    bench.output(6) = 11583;
-    bench.output(7) = 18;
+    bench.readings.pilotError = 11583;
+    bench.readings.pilotLevel = 18;
     bench.advance(100ms);
     EXPECT_EQ(bench.read("0981.res"), kStoredRun);
     EXPECT_FALSE(bench.exists("01.res"));

@@ -20,11 +20,11 @@ namespace {
 TEST(WrittenForm, CountsEachTickOver100Percent) {
     RackBench bench;
     FormOvers form(bench.program);
-    bench.output(1) = 101;
+    bench.readings.peakModulation = 101;
     form.show();
     bench.advance(std::chrono::milliseconds(250));
     EXPECT_EQ(form.Label_Overs.caption, "2");
-    bench.output(1) = 100;
+    bench.readings.peakModulation = 100;
     bench.advance(std::chrono::milliseconds(250));
     EXPECT_EQ(form.Label_Overs.caption, "2");
 }

@@ -7,8 +7,8 @@
 #include <algorithm>
 #include <cctype>
 #include <cmath>
-#include <set>
 #include <string>
+#include <vector>
 
 namespace figures {
 namespace {
@@ -62,16 +62,16 @@ TEST(Figures, SayWhatIsGoodOfEach) {
 
 TEST(Figures, TakeEachOutputOfTheUnitOnceInEachAudioMode) {
     for (const Mode mode : {Mode::LeftRight, Mode::SumDifference}) {
-        std::multiset<int> outputs;
+        std::vector<Output> outputs;
         for (const Figure& figure : all()) {
             if (figure.source.mode == Mode::Any || figure.source.mode == mode) {
-                outputs.insert(figure.source.output);
+                outputs.push_back(figure.source.output);
             }
         }
-        for (int output = 1; output <= Source::kRdsLevel; ++output) {
-            EXPECT_EQ(outputs.count(output), 1u) << output;
+        for (const Output output : kOutputs) {
+            EXPECT_EQ(std::ranges::count(outputs, output), 1);
         }
-        EXPECT_EQ(outputs.size(), 18u);
+        EXPECT_EQ(outputs.size(), kOutputs.size());
     }
 }
 
@@ -87,6 +87,69 @@ TEST(Figures, FollowFromTheOutputByTheirFactor) {
         EXPECT_EQ(find(key)->known, Known::NotZero) << key;
     }
     EXPECT_EQ(find("pilot_error")->known, Known::WithPilot);
+}
+
+State stateOfKey(const char* key, const Readings& readings, Mode mode = Mode::LeftRight) {
+    return stateOf(*find(key), readings, mode);
+}
+
+TEST(FigureState, OfNoiseSeparationAndDistortionIsNotMeasuredAt0) {
+    Readings readings;
+    readings.noiseLeft = -61;
+    readings.separationRight = 40;
+    readings.distortion = 0.5f;
+    EXPECT_EQ(stateOfKey("noise_left", readings), State::Known);
+    EXPECT_EQ(stateOfKey("noise_right", readings), State::NotMeasured);
+    EXPECT_EQ(stateOfKey("separation_left", readings), State::NotMeasured);
+    EXPECT_EQ(stateOfKey("separation_right", readings), State::Known);
+    EXPECT_EQ(stateOfKey("distortion", readings), State::Known);
+    EXPECT_EQ(stateOfKey("distortion", Readings{}), State::NotMeasured);
+}
+
+TEST(FigureState, OfSubcarriersNeedsMoreThanThreeTenthsOfAPercent) {
+    Readings readings;
+    readings.pilotLevel = readings.rdsLevel = 0.3f;
+    EXPECT_EQ(stateOfKey("pilot_error", readings), State::NoPilot);
+    EXPECT_EQ(stateOfKey("rds_error", readings), State::NoCarrier);
+    readings.pilotLevel = readings.rdsLevel = 0.31f;
+    EXPECT_EQ(stateOfKey("pilot_error", readings), State::Known);
+    EXPECT_EQ(stateOfKey("rds_error", readings), State::Known);
+    EXPECT_EQ(stateOfKey("pilot_level", Readings{}), State::Known);
+    EXPECT_EQ(stateOfKey("rds_level", Readings{}), State::Known);
+}
+
+TEST(FigureState, OfLevelsFollowsTheAudioMode) {
+    for (const char* key : {"level_left", "level_right"}) {
+        EXPECT_EQ(stateOfKey(key, {}, Mode::LeftRight), State::Known);
+        EXPECT_EQ(stateOfKey(key, {}, Mode::SumDifference), State::NotMeasured);
+    }
+    for (const char* key : {"level_sum", "level_difference"}) {
+        EXPECT_EQ(stateOfKey(key, {}, Mode::LeftRight), State::NotMeasured);
+        EXPECT_EQ(stateOfKey(key, {}, Mode::SumDifference), State::Known);
+    }
+}
+
+TEST(FigureState, BeyondTheRangeOfTheFigureIsOutOfRange) {
+    Readings readings;
+    readings.peakModulation = 333;  // 249.75 kHz
+    EXPECT_EQ(stateOfKey("deviation_peak", readings), State::Known);
+    readings.peakModulation = 334;
+    EXPECT_EQ(stateOfKey("deviation_peak", readings), State::OutOfRange);
+    readings.carrierDeviation = -101;  // -10.1 kHz
+    EXPECT_EQ(stateOfKey("carrier_error", readings), State::OutOfRange);
+    EXPECT_FLOAT_EQ(valueOf(*find("carrier_error"), readings), -10100);
+}
+
+TEST(FigureState, OfThePilotIsNotMeasuredWhileTheEndMarkStands) {
+    Readings readings;
+    readings.pilotError = 11583.4f;
+    readings.pilotLevel = 18.9f;
+    EXPECT_TRUE(showsEndMark(readings));
+    EXPECT_EQ(stateOfKey("pilot_error", readings), State::NotMeasured);
+    EXPECT_EQ(stateOfKey("pilot_level", readings), State::NotMeasured);
+    readings.pilotError = 1;
+    EXPECT_FALSE(showsEndMark(readings));
+    EXPECT_EQ(stateOfKey("pilot_level", readings), State::Known);
 }
 
 }  // namespace

@@ -269,10 +269,10 @@ TEST(LibraryStates, AResponseRunEndsWithItsMarkAndEightPairsInAnOrderOfTheirOwn)
     const SimulatedLibrary unit(kFast);
     unit->init();
     unit.tune(985, 0, 1);
-    EXPECT_FALSE(isEndMark(unit.readings()));
-    ASSERT_TRUE(SimulatedLibrary::eventually([&] { return isEndMark(unit.readings()); }));
+    EXPECT_FALSE(showsEndMark(unit.readings()));
+    ASSERT_TRUE(SimulatedLibrary::eventually([&] { return showsEndMark(unit.readings()); }));
     std::this_thread::sleep_for(std::chrono::milliseconds(30));
-    EXPECT_TRUE(isEndMark(unit.readings())) << "the mark stands until the unit is stopped";
+    EXPECT_TRUE(showsEndMark(unit.readings())) << "the mark stands until the unit is stopped";
     unit->parar();
     const auto pairs = unit.response();
     std::multiset<int> frequencies;
@@ -280,7 +280,7 @@ TEST(LibraryStates, AResponseRunEndsWithItsMarkAndEightPairsInAnOrderOfTheirOwn)
     EXPECT_EQ(frequencies, (std::multiset<int>{30, 125, 400, 1000, 4000, 8000, 12000, 15000}));
     EXPECT_EQ(pairs[0], 1000);
     unit.tune(985);
-    EXPECT_FALSE(isEndMark(unit.readings()));
+    EXPECT_FALSE(showsEndMark(unit.readings()));
 }
 
 TEST(LibraryStates, AResponseRunThatIsStoppedEarlyHasFewerResults) {
@@ -306,7 +306,7 @@ TEST(LibraryStates, TheEndMarkNeverComesWithoutAnArmedRun) {
     unit->init();
     unit.tune(985);
     for (int i = 0; i < 100; ++i) {
-        ASSERT_FALSE(isEndMark(unit.readings()));
+        ASSERT_FALSE(showsEndMark(unit.readings()));
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
 }

@@ -11,6 +11,7 @@
 #include <thread>
 
 #include "drivers/loader/library.h"
+#include "drivers/loader/read_data.h"
 #include "drivers/unit/readings.h"
 #include "tests/support/temp_folder.h"
 
@@ -53,10 +54,7 @@ class LoadedLibrary {
 
     hm16::Readings readings() const {
         hm16::Readings r;
-        (*this)->data(&r.peakModulation, &r.levelFirst, &r.levelSecond, &r.stereoPhase,
-                      &r.relativePower, &r.pilotError, &r.pilotLevel, &r.noiseLeft, &r.noiseRight,
-                      &r.separationLeft, &r.separationRight, &r.distortion, &r.carrierDeviation,
-                      &r.field, &r.multipath, &r.peaksPerMinute);
+        hm16::readData(library_->functions(), r);
         (*this)->dataRds(&r.rdsError, &r.rdsLevel);
         return r;
     }
@@ -95,10 +93,7 @@ class LoadedLibrary {
     std::unique_ptr<hm16::Library> library_;
 };
 
-inline bool isEndMark(const hm16::Readings& readings) {
-    return static_cast<int>(readings.pilotError) == 11583 &&
-           static_cast<int>(readings.pilotLevel) == 18;
-}
+using figures::showsEndMark;
 
 // Each of the nineteen functions is the one of that name in the library.
 inline void expectEachInItsPlace(const hm16::Library& library) {

@@ -239,7 +239,7 @@ TEST(UnitFaults, AResponseRunCanLackResults) {
     const SimulatedLibrary unit("pace = 200\nresponse_pairs = 7\n");
     unit->init();
     unit.tune(985, 0, 1);
-    ASSERT_TRUE(SimulatedLibrary::eventually([&] { return isEndMark(unit.readings()); }));
+    ASSERT_TRUE(SimulatedLibrary::eventually([&] { return showsEndMark(unit.readings()); }));
     unit->parar();
     const auto pairs = unit.response();
     EXPECT_NE(pairs[12], 0);

@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <limits>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -19,10 +20,12 @@ constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
 class Door : public testing::Test {
  protected:
-    float readBack(int output, float said) {
-        unit.readings.output(output) = said;
-        return door.HM_Data().output(output);
+    float readBack(figures::Output output, float said) {
+        unit.readings.*output = said;
+        return door.HM_Data().*output;
     }
+    /// All that HM_Data gives.
+    static constexpr std::span kOfData{figures::kOutputs.data(), figures::kDataOutputs};
 
     test::ScriptedDriver unit;
     display::HeadlessDesktop desktop;
@@ -30,53 +33,56 @@ class Door : public testing::Test {
 };
 
 TEST_F(Door, DropsWhatIsNoReadingAndTheLastGoodValueStands) {
-    for (int output = 1; output <= 16; ++output) {
-        const float good = 3.5f + static_cast<float>(output);
-        EXPECT_EQ(readBack(output, good), good) << output;
+    float good = 3.5f;
+    for (const figures::Output output : kOfData) {
+        ++good;
+        EXPECT_EQ(readBack(output, good), good);
         for (const float bad : {kNan, -kNan, kInfinity, -kInfinity, 1e38f, -1e38f}) {
-            EXPECT_EQ(readBack(output, bad), good) << output << " said " << bad;
+            EXPECT_EQ(readBack(output, bad), good) << bad;
         }
-        EXPECT_EQ(readBack(output, -good), -good) << output;
+        EXPECT_EQ(readBack(output, -good), -good);
     }
 }
 
 TEST_F(Door, GivesNothingWhereNoGoodValueCameYet) {
-    for (int output = 1; output <= 16; ++output) EXPECT_EQ(readBack(output, kNan), 0.f) << output;
+    for (const figures::Output output : kOfData) EXPECT_EQ(readBack(output, kNan), 0.f);
 }
 
 TEST_F(Door, OneBadReadingLeavesTheOthersFresh) {
-    readBack(7, 10);
-    unit.readings.output(7) = kNan;
-    unit.readings.output(8) = -61;
+    readBack(&Readings::pilotLevel, 10);
+    unit.readings.pilotLevel = kNan;
+    unit.readings.noiseLeft = -61;
     const Readings readings = door.HM_Data();
-    EXPECT_EQ(readings.output(7), 10.f);
-    EXPECT_EQ(readings.output(8), -61.f);
+    EXPECT_EQ(readings.pilotLevel, 10.f);
+    EXPECT_EQ(readings.noiseLeft, -61.f);
 }
 
 TEST_F(Door, EachOutputHasItsLimitOnEitherSide) {
-    for (int output = 1; output <= 16; ++output) {
-        const float limit = output == 1 ? 1000.f : output == 6 ? 20000.f : 10000.f;
-        EXPECT_EQ(DriverDoor::limitOf(output), limit) << output;
+    for (const figures::Output output : kOfData) {
+        const float limit = output == &Readings::peakModulation ? 1000.f
+                            : output == &Readings::pilotError   ? 20000.f
+                                                                : 10000.f;
+        EXPECT_EQ(DriverDoor::limitOf(output), limit);
         for (const float sign : {1.f, -1.f}) {
             const float beyond = sign * std::nextafter(limit, kInfinity);
             EXPECT_EQ(readBack(output, 7), 7.f);
-            EXPECT_EQ(readBack(output, beyond), 7.f) << output;
-            EXPECT_EQ(readBack(output, sign * limit), sign * limit) << output;
+            EXPECT_EQ(readBack(output, beyond), 7.f) << beyond;
+            EXPECT_EQ(readBack(output, sign * limit), sign * limit);
         }
     }
 }
 
 TEST_F(Door, LetsTheEndMarkOfAResponseRunPass) {
-    EXPECT_EQ(readBack(6, 11583), 11583.f);
-    EXPECT_EQ(readBack(7, 18), 18.f);
+    EXPECT_EQ(readBack(&Readings::pilotError, 11583), 11583.f);
+    EXPECT_EQ(readBack(&Readings::pilotLevel, 18), 18.f);
 }
 
 TEST_F(Door, RdsFiguresStandWhereTheUnitGivesNone) {
     float error = 0;
     float level = 0;
     const auto ask = [&](float saidError, float saidLevel) {
-        unit.rdsError = saidError;
-        unit.rdsLevel = saidLevel;
+        unit.readings.rdsError = saidError;
+        unit.readings.rdsLevel = saidLevel;
         door.HM_DataRDS(error, level);
         return std::pair(error, level);
     };

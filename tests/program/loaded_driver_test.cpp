@@ -6,7 +6,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <numeric>
 #include <string>
 #include <vector>
 
@@ -121,7 +120,13 @@ TEST_F(LoadedDriverTest, EachCallReachesItsOwnFunctionAndBringsItsAnswerBack) {
 TEST_F(LoadedDriverTest, TheSixteenOutputsKeepTheirOrder) {
     Readings readings;
     driver.HM_Data(readings);
-    for (int output = 1; output <= 16; ++output) EXPECT_EQ(readings.output(output), output);
+    float number = 0;
+    for (std::size_t i = 0; i < figures::kDataOutputs; ++i) {
+        EXPECT_EQ(readings.*figures::kOutputs[i], ++number);
+    }
+    EXPECT_EQ(readings.peakModulation, 1);
+    EXPECT_EQ(readings.peaksPerMinute, 16);
+    EXPECT_EQ(readings.rdsError, 0);
 }
 
 TEST_F(LoadedDriverTest, TheEightPairsAreAFrequencyAndItsLevelEach) {
@@ -178,7 +183,8 @@ TEST_F(LoadedDriverTest, TheLoudspeakersAreThoseOfTheExtension) {
 TEST(NoLibraryTest, EveryCallGivesZeroAndLeavesItsOutputsAlone) {
     NoLibrary none;
     Readings readings;
-    std::iota(readings.outputs.begin(), readings.outputs.end(), 1.f);
+    float own = 0;
+    for (const figures::Output output : figures::kOutputs) readings.*output = ++own;
     const Readings before = readings;
     ResponsePairs pairs;
     pairs.frequency[3] = 400;
@@ -201,7 +207,7 @@ TEST(NoLibraryTest, EveryCallGivesZeroAndLeavesItsOutputsAlone) {
                                                none.HM_getHardwareVersion(number),
                                                none.HM_getDriverVersion(other)};
     EXPECT_THAT(answers, testing::Each(0));
-    EXPECT_EQ(readings.outputs, before.outputs);
+    EXPECT_EQ(readings, before);
     EXPECT_EQ(pairs.frequency[3], 400);
     EXPECT_EQ(number, 5);
     EXPECT_EQ(other, 6);

@@ -11,8 +11,10 @@ using namespace std::chrono_literals;
 /// A station that is heard.
 Readings station() {
     Readings readings;
-    readings.output(1) = 80;
-    readings.output(14) = 60;
+    readings.rdsError = 1;
+    readings.rdsLevel = 4;
+    readings.peakModulation = 80;
+    readings.field = 60;
     return readings;
 }
 
@@ -20,7 +22,6 @@ struct Still : testing::Test {
     Still() {
         still.begin(0s);
         still.take(readings, 0s);
-        still.takeRds(1, 4, 0s);
     }
     Readings readings = station();
     StillReadings still;
@@ -33,28 +34,31 @@ TEST_F(Still, AreStaleFromThreeSecondsOnAndTellThem) {
 }
 
 TEST_F(Still, LiveAgainWithTheFirstChangeOfAnyOutput) {
-    for (int output = 1; output <= 16; ++output) {
-        const display::Time at = 10s * output;
-        readings.output(output) += 0.25f;
-        ASSERT_GT(still.staleSeconds(at), 0) << output;
+    display::Time at = 0s;
+    for (const figures::Output output : figures::kOutputs) {
+        at += 10s;
+        readings.*output += 0.25f;
+        ASSERT_GT(still.staleSeconds(at), 0) << at.count();
         still.take(readings, at);
-        EXPECT_EQ(still.staleSeconds(at), 0) << output;
-        EXPECT_EQ(still.staleSeconds(at + 2900ms), 0) << output;
+        EXPECT_EQ(still.staleSeconds(at), 0) << at.count();
+        EXPECT_EQ(still.staleSeconds(at + 2900ms), 0) << at.count();
     }
 }
 
 TEST_F(Still, LiveAgainWithAChangeOfRdsAlone) {
-    still.takeRds(1, 4.5f, 5s);
+    readings.rdsLevel = 4.5f;
+    still.take(readings, 5s);
     EXPECT_EQ(still.staleSeconds(7900ms), 0);
     EXPECT_EQ(still.staleSeconds(8s), 3);
-    still.takeRds(1.5f, 4.5f, 9s);
+    readings.rdsError = 1.5f;
+    still.take(readings, 9s);
     EXPECT_EQ(still.staleSeconds(9s), 0);
 }
 
 TEST_F(Still, AreComparedToTheBit) {
-    readings.output(13) = 0.f;
+    readings.carrierDeviation = 0.f;
     still.take(readings, 1s);
-    readings.output(13) = -0.f;
+    readings.carrierDeviation = -0.f;
     still.take(readings, 2s);
     EXPECT_EQ(still.staleSeconds(4500ms), 0);
 }
@@ -64,9 +68,9 @@ TEST_F(Still, AreNeverStaleOnAnEmptyChannel) {
     // middle.
     for (const float field : {0.f, 12.f}) {
         Readings empty;
-        empty.output(2) = empty.output(3) = -64;
-        empty.output(4) = 45;
-        empty.output(14) = field;
+        empty.levelFirst = empty.levelSecond = -64;
+        empty.stereoPhase = 45;
+        empty.field = field;
         still.take(empty, 1s);
         EXPECT_EQ(still.staleSeconds(3600s), 0) << field;
     }

@@ -23,7 +23,7 @@ using testing::StartsWith;
 TEST(ChannelRun, AtTheStartMeasures17PointsAround875AndLeavesTheRackUsable) {
     RackBench bench;
     bench.driver.noteData = true;
-    bench.output(14) = 60;
+    bench.readings.field = 60;
     bench.start();
     const auto calls = bench.takeCalls();
     const auto version = std::find(std::next(std::ranges::find(calls, "HM_getHardwareVersion")),
@@ -52,7 +52,7 @@ TEST(ChannelRun, AtTheStartMeasures17PointsAround875AndLeavesTheRackUsable) {
 
 TEST(ChannelRun, AtTheStartLeavesItsWindowBesideTheRack) {
     RackBench bench;
-    bench.output(14) = 70;
+    bench.readings.field = 70;
     bench.start();
     EXPECT_TRUE(bench.forms.formD1.visible);
     EXPECT_GE(bench.forms.formD1.left, bench.form1.left + bench.form1.width);
@@ -72,7 +72,7 @@ TEST(ChannelRun, OfAStartWithoutACarrierStaysHiddenUntilItsDoorOpens) {
 
 TEST(ChannelRun, OfTheStartNeverStandsBeforeTheRackHasItsPlace) {
     RackBench bench;
-    bench.output(14) = 70;
+    bench.readings.field = 70;
     bench.start();
     const auto& journal = bench.desktop.journal;
     EXPECT_GT(std::ranges::find(journal, "show Form_D1"),
@@ -82,13 +82,13 @@ TEST(ChannelRun, OfTheStartNeverStandsBeforeTheRackHasItsPlace) {
 
 TEST(ChannelRun, OfTheStartStaysHiddenWhereItWouldHideAPartOfTheRack) {
     RackBench roomy;
-    roomy.output(14) = 70;
+    roomy.readings.field = 70;
     roomy.start();
     const Form_D1& shown = roomy.forms.formD1;
     const float needed = shown.left + shown.width;
     for (const float lacking : {0.f, 1.f}) {
         RackBench bench;
-        bench.output(14) = 70;
+        bench.readings.field = 70;
         bench.desktop.screen = {0, 0, needed - lacking, 20000};
         bench.start();
         EXPECT_EQ(bench.forms.formD1.visible, lacking == 0);

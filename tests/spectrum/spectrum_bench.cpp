@@ -9,7 +9,7 @@ SpectrumBench::SpectrumBench(float hardwareVersion)
     : asks(forms.formNewSpectro), shows(forms.formD1), width(forms.formD1a) {
     write("halden.dat", memoryBlock({{1, "RADIO UNO", "979"}}));
     driver.hardwareVersion = hardwareVersion;
-    output(14) = 70;
+    readings.field = 70;
     start();
     takeCalls();
 }

@@ -35,8 +35,8 @@ void measureWell(RackBench& bench) {
     const float figures[16] = {80,  -6, -7, 45,   3.5f, 1.5f, 9.1f, -61,
                                -62, 40, 41, 0.3f, 0,    67,   5,    12};
     for (int output = 1; output <= 16; ++output) bench.output(output) = figures[output - 1];
-    bench.driver.rdsError = 1.2f;
-    bench.driver.rdsLevel = 3.1f;
+    bench.readings.rdsError = 1.2f;
+    bench.readings.rdsLevel = 3.1f;
 }
 
 TEST(BadUnit, WhatNoUnitCanMeasureNeverReachesThePanels) {
@@ -60,7 +60,7 @@ TEST(BadUnit, WhatNoUnitCanMeasureNeverReachesThePanels) {
     }
     for (const float bad : {kNan, kInfinity, 1e38f}) {
         measureWell(bench);
-        bench.driver.rdsError = bench.driver.rdsLevel = bad;
+        bench.readings.rdsError = bench.readings.rdsLevel = bad;
         bench.advance(200ms);
         EXPECT_EQ(texts(bench), before) << "RDS said " << bad;
     }
@@ -75,7 +75,7 @@ TEST(BadUnit, GarbageInEveryOutputLeavesNumbersOnThePanels) {
         for (int output = 1; output <= 16; ++output) {
             bench.output(output) = std::bit_cast<float>(static_cast<std::uint32_t>(random()));
         }
-        bench.driver.rdsLevel = std::bit_cast<float>(static_cast<std::uint32_t>(random()));
+        bench.readings.rdsLevel = std::bit_cast<float>(static_cast<std::uint32_t>(random()));
         bench.advance(100ms);
         for (const auto& [name, text] : texts(bench)) {
             for (const char* word : {"nan", "inf", "E+"}) {
@@ -100,7 +100,7 @@ TEST(BadUnit, AUnitThatFallsSilentLeavesTheReadoutsStandingWithoutAWord) {
     EXPECT_FALSE(bench.desktop.ended());
     // The rack goes on being used, and the readouts move again with the unit.
     bench.driver.silent = false;
-    bench.output(14) = 50;
+    bench.readings.field = 50;
     bench.advance(100ms);
     EXPECT_EQ(bench.form1.Label_FieldIntensity.caption, "50.0");
 }

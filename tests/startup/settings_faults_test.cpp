@@ -26,7 +26,7 @@ std::string startOn(const std::string& name, const std::string& content,
     RackBench bench;
     bench.write(name, content);
     bench.desktop.boxAnswers = {"ok"};
-    bench.output(14) = 60;
+    bench.readings.field = 60;
     bench.start();
     bench.advance(1000ms);
     EXPECT_EQ(bench.read(name), rewritten.empty() ? content : rewritten) << name;

@@ -279,7 +279,7 @@ TEST(Start, NoTimerTicksBeforeTheFirstTuningIsDone) {
         bench.desktop.letEventsThrough();
         beatsDuringStart = bench.state.DemoPeak > 0 ? 1 : 0;
     };
-    bench.output(1) = 80;
+    bench.readings.peakModulation = 80;
     bench.start();
     EXPECT_EQ(beatsDuringStart, 0);
     EXPECT_EQ(bench.formB.PanelStarted, 1);

@@ -15,17 +15,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// One look at the unit, as the rack takes it.
-void lookAt(StillReadings& still, const hm16::Readings& now, display::Time at) {
-    const Readings readings{{now.peakModulation, now.levelFirst, now.levelSecond, now.stereoPhase,
-                             now.relativePower, now.pilotError, now.pilotLevel, now.noiseLeft,
-                             now.noiseRight, now.separationLeft, now.separationRight,
-                             now.distortion, now.carrierDeviation, now.field, now.multipath,
-                             now.peaksPerMinute}};
-    still.take(readings, at);
-    still.takeRds(now.rdsError, now.rdsLevel, at);
-}
-
 TEST(StillUnits, TheSimulatedOneNeverOnAnEmptyFrequencyForAMinute) {
     int empty = 0;
     for (const double frequency : {876.0, 901.5, 965.0, 1003.0, 1080.0}) {
@@ -37,7 +26,7 @@ TEST(StillUnits, TheSimulatedOneNeverOnAnEmptyFrequencyForAMinute) {
         tuning.frequency = frequency;
         for (display::Time at = 0s; at <= 60s; at += 30ms) {
             const double seconds = std::chrono::duration<double>(at).count();
-            lookAt(still, hm16::simulated::figuresAt(16, tuning, seconds, 1), at);
+            still.take(hm16::simulated::figuresAt(16, tuning, seconds, 1), at);
             ASSERT_EQ(still.staleSeconds(at), 0) << frequency << " after " << seconds;
         }
     }
@@ -53,11 +42,11 @@ TEST(StillUnits, TheReceiverNeverOnAnEmptyFrequencyForAMinute) {
     receiver.tune(985);
     StillReadings still;
     still.begin(0s);
-    hm16::Readings now;
+    Readings now;
     for (display::Time at = 0s; at <= 60s; at += 50ms) {
         ASSERT_TRUE(receiver.step(1));
         now = receiver.readings();
-        lookAt(still, now, at);
+        still.take(now, at);
         ASSERT_EQ(still.staleSeconds(at), 0);
     }
     // The noise has a field; nothing else is there.

@@ -75,8 +75,10 @@ class RackBench {
     }
     void set(display::ScrollBar& bar, int value) { hand.set(bar, value), settle(); }
 
-    /// The unit's output 1 to 16.
-    float& output(int number) { return driver.readings.output(number); }
+    /// What the unit says, by its number: 1 to 16 of HM_Data, 17 and 18 of HM_DataRDS.
+    float& output(int number) {
+        return readings.*figures::kOutputs.at(static_cast<std::size_t>(number - 1));
+    }
 
     /// The calls since the last time they were taken.
     std::vector<std::string> takeCalls();
@@ -85,6 +87,7 @@ class RackBench {
     display::HeadlessDesktop desktop;
     std::unique_ptr<ScriptedDriver> unit;
     ScriptedDriver& driver;
+    Readings& readings;  ///< what the unit says
     Files files;
     Program program;
     Forms forms;

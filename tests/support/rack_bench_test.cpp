@@ -10,7 +10,7 @@ namespace {
 /// Hums: each reading is one dB stronger than the last.
 struct GrowingUnit final : ScriptedDriver {
     std::int32_t HM_Data(Readings& out) override {
-        readings.output(14) += 1;
+        readings.field += 1;
         return ScriptedDriver::HM_Data(out);
     }
 };
@@ -18,9 +18,9 @@ struct GrowingUnit final : ScriptedDriver {
 TEST(RackBench, RunsOnAUnitWithAWillOfItsOwn) {
     RackBench bench(std::make_unique<GrowingUnit>());
     bench.start();
-    const float before = bench.output(14);
+    const float before = bench.readings.field;
     bench.beat();
-    EXPECT_GT(bench.output(14), before);
+    EXPECT_GT(bench.readings.field, before);
     EXPECT_THAT(bench.takeCalls(), testing::Contains("HM_Normal(981, 0, 0, 0, 0)"));
 }
 

@@ -11,12 +11,14 @@ namespace hmonitor::test {
 class RandomReadings {
  public:
     void put(Readings& readings) {
-        for (int output = 1; output <= 16; ++output) readings.output(output) = between(0, 100);
-        readings.output(4) = between(-10, 100);
-        readings.output(6) = between(-99, 99);
-        readings.output(8) = between(-90, 0);
-        readings.output(9) = between(-90, 0);
-        readings.output(12) = between(0, 10);
+        for (std::size_t i = 0; i < figures::kDataOutputs; ++i) {
+            readings.*figures::kOutputs[i] = between(0, 100);
+        }
+        readings.stereoPhase = between(-10, 100);
+        readings.pilotError = between(-99, 99);
+        readings.noiseLeft = between(-90, 0);
+        readings.noiseRight = between(-90, 0);
+        readings.distortion = between(0, 10);
     }
 
  private:

@@ -75,8 +75,8 @@ std::int32_t ScriptedDriver::HM_DataRDS(float& error, float& level) {
     ++rdsCalls;
     if (noteData) note("HM_DataRDS(" + text(level) + ")");
     if (silent) return 0;
-    error = rdsError;
-    level = rdsLevel;
+    error = readings.rdsError;
+    level = readings.rdsLevel;
     return 0;
 }
 

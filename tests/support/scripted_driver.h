@@ -20,8 +20,6 @@ struct ScriptedDriver : DriverLibrary {
     std::int32_t initResult = 0;
     bool silent = false;  ///< HM_Data and HM_DataRDS leave their outputs alone
     Readings readings;
-    float rdsError = 0;
-    float rdsLevel = 0;
     float hardwareVersion = 1.8f;
     float driverVersion = 4.2f;
     ResponsePairs response;

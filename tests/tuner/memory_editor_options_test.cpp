@@ -141,8 +141,8 @@ TEST_F(EditorOptions, TheCorrectionBeepsAtLettersAndTakesSignsDigitsAndPoint) {
 }
 
 TEST_F(EditorOptions, TheCorrectionReachesTheFieldReadoutsAndTheMultipathRow) {
-    bench.output(14) = 50;
-    bench.output(15) = 5;
+    bench.readings.field = 50;
+    bench.readings.multipath = 5;
     bench.start();
     bench.advance(std::chrono::milliseconds(1000));
     EXPECT_EQ(bench.form1.Label_FieldIntensity.caption, "50.0");

@@ -248,7 +248,7 @@ TEST_F(TunerWindows, EscapeAndTheWindowsCloseCloseTheKeypad) {
 }
 
 TEST_F(TunerWindows, OpeningThemClosesWhatTheStartLeftOpenOfTheSpectrum) {
-    bench.output(14) = 70;
+    bench.readings.field = 70;
     bench.start();
     ASSERT_TRUE(bench.forms.formD1.visible);
     bench.openEditor();
@@ -270,7 +270,7 @@ TEST_F(TunerWindows, OpeningThemClosesWhatTheStartLeftOpenOfTheSpectrum) {
 }
 
 TEST_F(TunerWindows, TheEditorOpensOnTheMemoryAlsoWhereClosingTheSpectrumRetunes) {
-    bench.output(14) = 70;
+    bench.readings.field = 70;
     bench.start();
     // A run that failed leaves the unit to the close of its window.
     bench.driver.superResults = {1};

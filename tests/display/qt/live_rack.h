@@ -38,9 +38,11 @@ class LiveRack {
         folder_.write("halden.dat", memoryBlock({{1, "RADIO UNO", "981"}, {3, "TRES", "10255"}}));
         const float ordinary[] = {80,  -10, -12, 45,   2.5f, 1.5f, 9.5f, -60,
                                   -61, 40,  41,  0.5f, 12,   60,   12,   7};
-        for (int i = 1; i <= 16; ++i) driver.readings.output(i) = ordinary[i - 1];
-        driver.rdsError = -0.75f;
-        driver.rdsLevel = 4.2f;
+        for (std::size_t i = 0; i < figures::kDataOutputs; ++i) {
+            driver.readings.*figures::kOutputs[i] = ordinary[i];
+        }
+        driver.readings.rdsError = -0.75f;
+        driver.readings.rdsLevel = 4.2f;
         desktop_ = std::make_unique<display::qt::QtDesktop>(noArguments_, nullptr);
         program_ = std::make_unique<Program>(*desktop_, driver, files_);
         forms_ = std::make_unique<Forms>(*program_);

@@ -102,7 +102,7 @@ TEST_F(ShownAudio, ThePhaseNeedlePointsAtItsFigureOnTheDial) {
         trail->visible = false;
     const QPointF pivot = picture->pointIn(panel.PhaseDial, kPhaseCentre.x, kPhaseCentre.y);
     for (int i = 0; i < 7; ++i) {
-        bench.output(4) = static_cast<float>(15 * i);
+        bench.readings.stereoPhase = static_cast<float>(15 * i);
         bench.beat();
         const double figure =
             degreesOf(pivot, picture->middleOf(panel.PhaseNumber[static_cast<std::size_t>(i)]));
@@ -160,8 +160,8 @@ class ShownLevels : public ShownAudio {
 };
 
 TEST_F(ShownLevels, TheHeadOfEachBarStandsAtItsLevelOnTheScale) {
-    bench.output(2) = -10;
-    bench.output(3) = -20;
+    bench.readings.levelFirst = -10;
+    bench.readings.levelSecond = -20;
     bench.beat(2);
     constexpr double kElement = 0.5;  // dB
     EXPECT_NEAR(headOf(seen(panel.LineAudL)), -10, 0.6);
@@ -174,7 +174,7 @@ TEST_F(ShownLevels, TheHeadOfEachBarStandsAtItsLevelOnTheScale) {
 }
 
 TEST_F(ShownLevels, ABarAboveZeroIsRedFromThereOn) {
-    bench.output(2) = 3;
+    bench.readings.levelFirst = 3;
     bench.beat(2);
     for (const Element& element : seen(panel.LineAudL)) {
         EXPECT_EQ(element.lit, element.db < 0.25) << element.db;
@@ -183,9 +183,9 @@ TEST_F(ShownLevels, ABarAboveZeroIsRedFromThereOn) {
 }
 
 TEST_F(ShownLevels, TheMarkStaysWhereTheBarHasBeenAndFallsHalfADbEach300ms) {
-    bench.output(2) = 0;
+    bench.readings.levelFirst = 0;
     bench.beat(2);
-    bench.output(2) = -25;
+    bench.readings.levelFirst = -25;
     bench.beat(2);
     const double before = markOf(seen(panel.LineAudL));
     EXPECT_NEAR(before, 0.5, 1.1);

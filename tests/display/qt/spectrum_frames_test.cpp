@@ -26,7 +26,7 @@ class ScreenBench {
         scratch.write("scan.dat", "");
         scratch.write("halden.dat", memoryBlock({{1, "RADIO UNO", "979"}}));
         driver.hardwareVersion = 1.5f;
-        driver.readings.output(14) = 70;
+        driver.readings.field = 70;
     }
 
     /// From the splash to the measuring rack.

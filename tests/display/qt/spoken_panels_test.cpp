@@ -94,7 +94,7 @@ TEST_P(SpokenRack, LampsThatAreHiddenAreNotSpokenOf) {
         rack.child(rack.forms().form1, in({"Multitrayecto malo", "Multipath bad"}));
     ASSERT_NE(bad, nullptr);
     EXPECT_TRUE(bad->state().invisible);
-    rack.driver.readings.output(15) = 40;
+    rack.driver.readings.multipath = 40;
     EXPECT_TRUE(QTest::qWaitFor([&] { return !bad->state().invisible; }, 5000));
 }
 

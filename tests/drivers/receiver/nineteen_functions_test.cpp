@@ -155,8 +155,8 @@ TEST(NineteenFunctions, AResponseRunFindsItsTones) {
     receiver.step(0);
     receiver.tune(985, 0, 1);
     int slots = 0;
-    while (!isEndMark(receiver.readings()) && slots < 150 && receiver.step(1)) ++slots;
-    EXPECT_TRUE(isEndMark(receiver.readings()));
+    while (!showsEndMark(receiver.readings()) && slots < 150 && receiver.step(1)) ++slots;
+    EXPECT_TRUE(showsEndMark(receiver.readings()));
     EXPECT_LT(slots, 142);                            // with the last of the eight it is over
     EXPECT_NE(receiver->normal(985, 0, 0, 0, 0), 0);  // it is measuring still
     receiver->parar();

@@ -77,19 +77,19 @@ class Level : public testing::Test {
 
 TEST_F(Level, FigureComesEverySixthBeatAndTheSixthReadingDoesNotCount) {
     for (const float level : {-20.f, -10.f, -12.5f, -30.f, -10.5f}) {
-        bench.output(2) = level;
-        bench.output(3) = level + 13;
+        bench.readings.levelFirst = level;
+        bench.readings.levelSecond = level + 13;
         bench.beat();
         EXPECT_NE(bench.formB.PromL.caption, "-10");
     }
-    bench.output(2) = bench.output(3) = 5;
+    bench.readings.levelFirst = bench.readings.levelSecond = 5;
     bench.beat();
     EXPECT_EQ(bench.formB.PromL.caption, "-10");
     EXPECT_EQ(bench.formB.PromL.colour, Colour{0x000000});
     EXPECT_EQ(bench.formB.PromR.caption, "3");
     EXPECT_EQ(bench.formB.PromR.colour, Colour{0x0000ff});
 
-    bench.output(2) = bench.output(3) = 0;
+    bench.readings.levelFirst = bench.readings.levelSecond = 0;
     bench.beat(5);
     EXPECT_EQ(bench.formB.PromL.caption, "-10");
     bench.beat();
@@ -99,8 +99,8 @@ TEST_F(Level, FigureComesEverySixthBeatAndTheSixthReadingDoesNotCount) {
 }
 
 TEST_F(Level, ReadingIsTheFloorOfTheLevel) {
-    bench.output(2) = -0.1f;
-    bench.output(3) = -24.5f;
+    bench.readings.levelFirst = -0.1f;
+    bench.readings.levelSecond = -24.5f;
     bench.beat();
     EXPECT_EQ(bench.formB.BarL.bar, 48);
     EXPECT_EQ(bench.formB.BarR.bar, 0);
@@ -110,8 +110,8 @@ TEST_F(Level, ReadingIsTheFloorOfTheLevel) {
 }
 
 TEST_F(Level, BarIsYellowUpToZeroDecibelsAndRedAbove) {
-    bench.output(2) = 3;
-    bench.output(3) = -15;
+    bench.readings.levelFirst = 3;
+    bench.readings.levelSecond = -15;
     bench.beat();
     for (std::size_t i = 0; i < 62; ++i) {
         EXPECT_EQ(left(i), i <= 50 ? kLitBar : i <= 57 ? kHigh : kDarkBar) << i;
@@ -120,19 +120,19 @@ TEST_F(Level, BarIsYellowUpToZeroDecibelsAndRedAbove) {
 }
 
 TEST_F(Level, SilenceLeavesTheFirstElementLit) {
-    bench.output(2) = bench.output(3) = -64;
+    bench.readings.levelFirst = bench.readings.levelSecond = -64;
     bench.beat();
     EXPECT_EQ(left(0), kLitBar);
     EXPECT_EQ(left(1), kHigh);
     EXPECT_EQ(left(2), kDarkBar);
-    bench.output(2) = -90;
+    bench.readings.levelFirst = -90;
     bench.beat();
     EXPECT_EQ(left(0), kLitBar);
 }
 
 TEST_F(Level, FiveDecibelsAndMoreReachTheLastElement) {
-    bench.output(2) = 5;
-    bench.output(3) = 20;
+    bench.readings.levelFirst = 5;
+    bench.readings.levelSecond = 20;
     bench.beat();
     EXPECT_EQ(left(60), kHigh);
     EXPECT_EQ(left(61), kHigh);
@@ -141,18 +141,18 @@ TEST_F(Level, FiveDecibelsAndMoreReachTheLastElement) {
 }
 
 TEST_F(Level, MarkStaysWhereTheBarWas) {
-    bench.output(2) = 5;
+    bench.readings.levelFirst = 5;
     bench.beat();
-    bench.output(2) = -64;
+    bench.readings.levelFirst = -64;
     bench.beat();
     EXPECT_EQ(left(60), kDarkBar);
     EXPECT_EQ(left(61), kHigh);
 }
 
 TEST_F(Level, ElementThatTheMarkLeavesGoesDarkOnTheNextBeat) {
-    bench.output(2) = 5;
+    bench.readings.levelFirst = 5;
     bench.beat();
-    bench.output(2) = -64;
+    bench.readings.levelFirst = -64;
     bench.beat();
     bench.formB.Timer3.onTick();
     EXPECT_EQ(bench.formB.BarL.peak, 60);
@@ -164,9 +164,9 @@ TEST_F(Level, ElementThatTheMarkLeavesGoesDarkOnTheNextBeat) {
 }
 
 TEST_F(Level, MarksFallOneElementEvery300Milliseconds) {
-    bench.output(2) = bench.output(3) = 5;
+    bench.readings.levelFirst = bench.readings.levelSecond = 5;
     bench.beat();
-    bench.output(2) = bench.output(3) = -64;
+    bench.readings.levelFirst = bench.readings.levelSecond = -64;
     bench.advance(std::chrono::milliseconds(269));
     EXPECT_EQ(bench.formB.BarL.peak, 61);
     bench.advance(std::chrono::milliseconds(1));
@@ -179,8 +179,8 @@ TEST_F(Level, MarksFallOneElementEvery300Milliseconds) {
 }
 
 TEST_F(Level, ChannelsAreTheirOwn) {
-    bench.output(2) = -10;
-    bench.output(3) = -20;
+    bench.readings.levelFirst = -10;
+    bench.readings.levelSecond = -20;
     bench.beat();
     EXPECT_EQ(bench.formB.BarL.bar, 30);
     EXPECT_EQ(bench.formB.BarR.bar, 10);

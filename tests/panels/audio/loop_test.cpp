@@ -27,11 +27,11 @@ TEST(Loop, HandsTheWholePartOfTheModulationOn) {
     RackBench bench;
     bench.start();
     bench.beat();  // the first after a tuning starts the held peak anew
-    bench.output(1) = 93.9f;
+    bench.readings.peakModulation = 93.9f;
     bench.beat();
     EXPECT_EQ(bench.state.DemoPeak, 93);
     EXPECT_EQ(bench.state.ModBar, 93);
-    bench.output(1) = 40;
+    bench.readings.peakModulation = 40;
     bench.beat();
     EXPECT_EQ(bench.state.DemoPeak, 40);
     EXPECT_EQ(bench.state.ModBar, 93) << "a lower peak leaves the bar";
@@ -41,7 +41,7 @@ TEST(Loop, ModulationAbove160Is160) {
     RackBench bench;
     bench.start();
     bench.beat();  // the first after a tuning starts the held peak anew
-    bench.output(1) = 161;
+    bench.readings.peakModulation = 161;
     bench.beat();
     EXPECT_EQ(bench.state.DemoPeak, 160);
     EXPECT_EQ(bench.state.ModBar, 160);
@@ -51,13 +51,13 @@ TEST(Loop, AHigherPeakStartsTheFallOfTheModulationBar) {
     RackBench bench;
     bench.start();
     bench.beat();  // the first after a tuning starts the held peak anew
-    bench.output(1) = 80;
+    bench.readings.peakModulation = 80;
     bench.beat();
     bench.form1.Timer1.enabled = false;
-    bench.output(1) = 79;
+    bench.readings.peakModulation = 79;
     bench.beat();
     EXPECT_FALSE(bench.form1.Timer1.enabled);
-    bench.output(1) = 81;
+    bench.readings.peakModulation = 81;
     bench.beat();
     EXPECT_TRUE(bench.form1.Timer1.enabled);
 }
@@ -113,8 +113,8 @@ TEST_F(DemoLoop, EveryOtherBeatReadsTheUnitAndDoesNothingElse) {
 }
 
 TEST_F(DemoLoop, WhatTheDriverSaysDoesNotCount) {
-    bench.output(1) = 155;
-    bench.output(4) = 88;
+    bench.readings.peakModulation = 155;
+    bench.readings.stereoPhase = 88;
     bench.desktop.randoms = {0, 0, 0, 0};
     bench.beat();
     EXPECT_LT(bench.state.DemoPeak, 100);

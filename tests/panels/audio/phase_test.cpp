@@ -48,7 +48,7 @@ class Phase : public testing::Test {
  protected:
     void SetUp() override { bench.start(); }
     void beat(float phase) {
-        bench.output(4) = phase;
+        bench.readings.stereoPhase = phase;
         bench.beat();
     }
     void expectNeedle(const display::Line& needle, double phase) {

@@ -90,10 +90,10 @@ class Power : public testing::Test {
 };
 
 TEST_F(Power, NeedleStandsAtRestForZeroAndUpFor25) {
-    bench.output(5) = 0;
+    bench.readings.relativePower = 0;
     bench.advance(100ms);
     EXPECT_NEAR(needle(), -25, 0.001);
-    bench.output(5) = 2.5f;
+    bench.readings.relativePower = 2.5f;
     bench.advance(100ms);
     EXPECT_NEAR(needle(), 0, 0.001);
     EXPECT_EQ(tens(), "2");
@@ -110,10 +110,10 @@ TEST_F(Power, AtRestTheHoldRisesByThreeQuartersAndReturns) {
 }
 
 TEST_F(Power, NeedleJumpsUpAndFallsThreeQuartersOfADegreeAnUpdate) {
-    bench.output(5) = 5;
+    bench.readings.relativePower = 5;
     bench.advance(100ms);
     EXPECT_NEAR(needle(), 25, 0.001);
-    bench.output(5) = 0;
+    bench.readings.relativePower = 0;
     bench.advance(100ms);
     EXPECT_NEAR(needle(), 24.25, 0.001);
     bench.advance(900ms);
@@ -121,7 +121,7 @@ TEST_F(Power, NeedleJumpsUpAndFallsThreeQuartersOfADegreeAnUpdate) {
 }
 
 TEST_F(Power, NeedleTakesTheWholePartAndTheDigitsTheRoundedFigure) {
-    bench.output(5) = 3.17f;
+    bench.readings.relativePower = 3.17f;
     bench.advance(100ms);
     EXPECT_NEAR(needle(), 6, 0.001);
     EXPECT_EQ(tens(), "3");
@@ -131,7 +131,7 @@ TEST_F(Power, NeedleTakesTheWholePartAndTheDigitsTheRoundedFigure) {
 TEST_F(Power, DigitsRoundHalvesToTheEvenFigure) {
     const std::pair<float, const char*> cases[] = {{2.25f, "22"}, {2.75f, "28"}, {3.25f, "32"}};
     for (const auto& [said, digits] : cases) {
-        bench.output(5) = said;
+        bench.readings.relativePower = said;
         bench.advance(100ms);
         EXPECT_EQ(tens() + units(), digits) << said;
     }
@@ -139,7 +139,7 @@ TEST_F(Power, DigitsRoundHalvesToTheEvenFigure) {
 }
 
 TEST_F(Power, NeedleCutsTowardsZeroBelowNothingToo) {
-    bench.output(5) = -0.09f;
+    bench.readings.relativePower = -0.09f;
     bench.advance(100ms);
     EXPECT_NEAR(needle(), -25, 0.001);
     EXPECT_EQ(bench.state.PowerText, "-0.9");
@@ -147,17 +147,17 @@ TEST_F(Power, NeedleCutsTowardsZeroBelowNothingToo) {
 }
 
 TEST_F(Power, FigureStopsAtTheEndOf16Bits) {
-    bench.output(5) = 9000;
+    bench.readings.relativePower = 9000;
     bench.advance(100ms);
     EXPECT_EQ(bench.formB.power.PowerShown, 32767);
 }
 
 TEST_F(Power, HundredLeavesTheTensPlaceAsItWas) {
-    bench.output(5) = 7.3f;
+    bench.readings.relativePower = 7.3f;
     bench.advance(100ms);
     EXPECT_EQ(tens(), "7");
     EXPECT_EQ(units(), "3");
-    bench.output(5) = 10.4f;
+    bench.readings.relativePower = 10.4f;
     bench.advance(100ms);
     EXPECT_EQ(tens(), "7");
     EXPECT_EQ(units(), "4");
@@ -166,7 +166,7 @@ TEST_F(Power, HundredLeavesTheTensPlaceAsItWas) {
 }
 
 TEST_F(Power, OtherPlacesDrawNothing) {
-    bench.output(5) = 7.3f;
+    bench.readings.relativePower = 7.3f;
     bench.advance(100ms);
     for (const int place : {0, 3, -1}) {
         bench.formB.PowerDigit = 8;

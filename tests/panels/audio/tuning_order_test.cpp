@@ -30,9 +30,9 @@ TEST_F(TuningOrder, ReadsTheUnitForFieldPilotErrorPilotLevelAndMultipath) {
 TEST_F(TuningOrder, BringsFieldAndPilotUpToDateWithoutWaitingForATimer) {
     constexpr display::Colour kGreen{0x00ff00};
     constexpr display::Colour kDarkPicture{0x1d1c20};
-    bench.output(14) = 52;
-    bench.output(6) = 1.26f;
-    bench.output(7) = 9.5f;
+    bench.readings.field = 52;
+    bench.readings.pilotError = 1.26f;
+    bench.readings.pilotLevel = 9.5f;
     const int samples = bench.form1.meter.MultipathCount;
     bench.formB.cambfre();
     EXPECT_EQ(bench.form1.FieldTenths, 520);

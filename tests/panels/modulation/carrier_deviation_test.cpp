@@ -61,7 +61,7 @@ TEST(CarrierOver, MeansExactlyAHundredEitherSide) {
 
 TEST(CarrierReadout, GrowsFromNothingAndTurnsRedAtTenKHz) {
     RackBench bench;
-    bench.output(13) = 100;
+    bench.readings.carrierDeviation = 100;
     bench.start();
     EXPECT_EQ(bench.form1.Label_CarrierDeviation.colour, kReadoutCyan);
     bench.advance(100ms);
@@ -74,7 +74,7 @@ TEST(CarrierReadout, GrowsFromNothingAndTurnsRedAtTenKHz) {
     EXPECT_EQ(bench.form1.Label_CarrierDeviation.caption, "10.0");
     EXPECT_EQ(bench.form1.Label_CarrierDeviation.colour, kReadoutRed);
     EXPECT_TRUE(bench.form1.Label_Bad_CarrierDev.visible);
-    bench.output(13) = 0;
+    bench.readings.carrierDeviation = 0;
     bench.advance(100ms);
     EXPECT_EQ(bench.form1.Label_CarrierDeviation.caption, "9.9");
     EXPECT_EQ(bench.form1.Label_CarrierDeviation.colour, kReadoutCyan);
@@ -83,7 +83,7 @@ TEST(CarrierReadout, GrowsFromNothingAndTurnsRedAtTenKHz) {
 
 TEST(CarrierReadout, TurnsRedAtMinusTenKHz) {
     RackBench bench;
-    bench.output(13) = -100;
+    bench.readings.carrierDeviation = -100;
     bench.start();
     bench.advance(9900ms);
     EXPECT_EQ(bench.form1.Label_CarrierDeviation.caption, "-9.9");
@@ -96,20 +96,20 @@ TEST(CarrierReadout, TurnsRedAtMinusTenKHz) {
 
 TEST(OverLamp, LightsAfterFourTicksAtAHundredAndDarkensBeyond) {
     RackBench bench;
-    bench.output(13) = 100;
+    bench.readings.carrierDeviation = 100;
     bench.start();
     bench.advance(300ms);
     EXPECT_FALSE(bench.form1.Label_OVER.visible);
     bench.advance(100ms);
     EXPECT_TRUE(bench.form1.Label_OVER.visible);
-    bench.output(13) = 104;
+    bench.readings.carrierDeviation = 104;
     bench.advance(100ms);
     EXPECT_FALSE(bench.form1.Label_OVER.visible);
 }
 
 TEST(OverLamp, StaysDarkInDemoMode) {
     RackBench bench;
-    bench.output(13) = 100;
+    bench.readings.carrierDeviation = 100;
     startInDemoMode(bench);
     for (int tick = 0; tick < 6; ++tick) {
         bench.advance(100ms);

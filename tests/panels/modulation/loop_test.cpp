@@ -16,8 +16,8 @@ constexpr const char* kResponse = "HM_RespFrecuencia";
 TEST(Loop, NoReadoutMovesBeforeTheFirstTuning) {
     RackBench bench;
     bool looked = false;
-    bench.output(1) = 80;
-    bench.output(14) = 60;
+    bench.readings.peakModulation = 80;
+    bench.readings.field = 60;
     bench.driver.duringNormal = [&] {
         if (bench.formB.PanelStarted != 0 || !bench.form1.visible) return;
         looked = true;
@@ -71,10 +71,10 @@ TEST(Loop, TimersHaveTheirPaces) {
 TEST(Loop, ModulationIsCutTowardsZero) {
     RackBench bench;
     bench.start();
-    bench.output(1) = 80.9f;
+    bench.readings.peakModulation = 80.9f;
     bench.beat();
     EXPECT_EQ(bench.state.DemoPeak, 80);
-    bench.output(1) = -0.9f;
+    bench.readings.peakModulation = -0.9f;
     bench.beat();
     EXPECT_EQ(bench.state.DemoPeak, 0);
 }
@@ -82,12 +82,12 @@ TEST(Loop, ModulationIsCutTowardsZero) {
 TEST(Loop, ModulationIsAtMost160) {
     RackBench bench;
     bench.start();
-    bench.output(1) = 161;
+    bench.readings.peakModulation = 161;
     bench.beat(2);
     EXPECT_EQ(bench.state.DemoPeak, 160);
     EXPECT_EQ(bench.state.ModBar, 160);
     EXPECT_EQ(bench.form1.bar.ModBarValue, 160);
-    bench.output(1) = 160;
+    bench.readings.peakModulation = 160;
     bench.beat();
     EXPECT_EQ(bench.state.DemoPeak, 160);
 }
@@ -97,7 +97,7 @@ TEST(Loop, ThePeakRisesAtOnceAndFallsByOneInHalfASecond) {
     bench.start();
     bench.advance(100ms);
     bench.form1.DecayTick = 0;
-    bench.output(1) = 50;
+    bench.readings.peakModulation = 50;
     bench.state.ModBar = 100;
     bench.advance(400ms);
     EXPECT_EQ(bench.state.ModBar, 100);
@@ -107,7 +107,7 @@ TEST(Loop, ThePeakRisesAtOnceAndFallsByOneInHalfASecond) {
     EXPECT_EQ(bench.state.ModBar, 99);
     bench.advance(100ms);
     EXPECT_EQ(bench.state.ModBar, 98);
-    bench.output(1) = 130;
+    bench.readings.peakModulation = 130;
     bench.beat();
     EXPECT_EQ(bench.state.ModBar, 130);
 }
@@ -117,7 +117,7 @@ TEST(Loop, APeakAboveTheHeldOneSwitchesItsFallOn) {
     bench.start();
     bench.beat();
     bench.form1.Timer1.enabled = false;
-    bench.output(1) = 40;
+    bench.readings.peakModulation = 40;
     bench.beat();
     EXPECT_TRUE(bench.form1.Timer1.enabled);
 }
@@ -152,7 +152,7 @@ TEST(Loop, TheSlowTickDrawsOneNumberWithAUnit) {
 
 TEST(Loop, RelativePowerIsKeptAsText) {
     RackBench bench;
-    bench.output(5) = 3.5f;
+    bench.readings.relativePower = 3.5f;
     bench.start();
     bench.advance(100ms);
     EXPECT_EQ(bench.state.PowerText, "35");
@@ -188,7 +188,7 @@ TEST(DemoLoop, RunsAtHalfRateAndFeedsItsPeakBack) {
 
 TEST(DemoLoop, TheUnitsModulationIsNotLookedAt) {
     RackBench bench;
-    bench.output(1) = 150;
+    bench.readings.peakModulation = 150;
     startInDemoMode(bench);
     bench.desktop.randoms = {0, 0, 0, 0};
     bench.beat();
@@ -203,8 +203,8 @@ TEST(EndMark, CountsOnlyWhileAResponseIsArmed) {
         bench.start();
         bench.takeCalls();
         bench.state.ResponseState = state;
-        bench.output(6) = 11583;
-        bench.output(7) = 18;
+        bench.readings.pilotError = 11583;
+        bench.readings.pilotLevel = 18;
         bench.advance(100ms);
         EXPECT_EQ(std::ranges::count(bench.driver.calls, kResponse), 0) << state;
     }
@@ -222,8 +222,8 @@ TEST(EndMark, ReadsTheResponseWhenBothWholePartsMatch) {
         bench.start();
         bench.takeCalls();
         bench.state.ResponseState = "sisi";
-        bench.output(6) = at.error;
-        bench.output(7) = at.level;
+        bench.readings.pilotError = at.error;
+        bench.readings.pilotLevel = at.level;
         bench.advance(100ms);
         EXPECT_EQ(std::ranges::count(bench.driver.calls, kResponse), at.reads)
             << at.error << " " << at.level;

@@ -85,13 +85,13 @@ class MultipathRow : public testing::Test {
  protected:
     void begin(float field, std::string correction = "0") {
         bench.write("hm-16.dat", lines({"1", correction, "0", "1", "0", "0", "0", "0"}));
-        bench.output(14) = field;
+        bench.readings.field = field;
         bench.start();
         bench.form1.meter = {};
         bench.form1.multybad.visible = false;
     }
     void window(float figure) {
-        bench.output(15) = figure;
+        bench.readings.multipath = figure;
         bench.beat(11);
     }
     int row() {
@@ -112,7 +112,7 @@ class MultipathRow : public testing::Test {
 
 TEST_F(MultipathRow, DrawsTheFigureWithTheEleventhHeartbeat) {
     begin(60);
-    bench.output(15) = 5;
+    bench.readings.multipath = 5;
     for (display::Picture& element : bench.form1.multypath) element.picture = "multyoff";
     bench.beat(10);
     EXPECT_EQ(row(), 0);
@@ -178,7 +178,7 @@ TEST_F(MultipathRow, ComesBackWithTheFieldWithinOneHeartbeat) {
     window(5);
     EXPECT_TRUE(bench.form1.multybad.visible);
     bench.beat(7);
-    bench.output(14) = 45;
+    bench.readings.field = 45;
     bench.beat();
     EXPECT_FALSE(bench.form1.multybad.visible);
     EXPECT_EQ(row(), 5);
@@ -204,8 +204,8 @@ TEST_F(MultipathRow, ATuningIsOneMoreSample) {
 }
 
 TEST_F(MultipathRow, StandsAsItIsInDemoMode) {
-    bench.output(14) = 60;
-    bench.output(15) = 5;
+    bench.readings.field = 60;
+    bench.readings.multipath = 5;
     startInDemoMode(bench);
     bench.beat(60);
     EXPECT_EQ(bench.form1.meter.MultipathCount, 0);

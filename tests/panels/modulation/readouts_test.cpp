@@ -22,7 +22,7 @@ TEST(Bar, StandsAt48UnitsAPercent) {
     RackBench bench;
     bench.start();
     for (const float percent : {1.f, 80.f, 100.f, 160.f}) {
-        bench.output(1) = percent;
+        bench.readings.peakModulation = percent;
         bench.beat();
         expectBarAt(bench, percent);
     }
@@ -33,9 +33,9 @@ TEST(Bar, StandsAt48UnitsAPercent) {
 TEST(Bar, From100To50Takes25Heartbeats) {
     RackBench bench;
     bench.start();
-    bench.output(1) = 100;
+    bench.readings.peakModulation = 100;
     bench.beat();
-    bench.output(1) = 50;
+    bench.readings.peakModulation = 50;
     bench.beat();
     expectBarAt(bench, 98);
     bench.beat(23);
@@ -49,11 +49,11 @@ TEST(Bar, From100To50Takes25Heartbeats) {
 TEST(Bar, JumpsOnTheFirstHeartbeatAfterATuning) {
     RackBench bench;
     bench.start();
-    bench.output(1) = 100;
+    bench.readings.peakModulation = 100;
     bench.beat(2);
     EXPECT_EQ(bench.state.ModBar, 100);
     EXPECT_EQ(bench.state.ModSettle, "5");
-    bench.output(1) = 50;
+    bench.readings.peakModulation = 50;
     bench.formB.cambfre();
     EXPECT_EQ(bench.state.ModSettle, "0");
     expectBarAt(bench, 100);
@@ -66,9 +66,9 @@ TEST(Bar, JumpsOnTheFirstHeartbeatAfterATuning) {
 TEST(Bar, AnEmptySettleWordRefillsAtOnce) {
     RackBench bench;
     bench.start();
-    bench.output(1) = 100;
+    bench.readings.peakModulation = 100;
     bench.beat();
-    bench.output(1) = 10;
+    bench.readings.peakModulation = 10;
     bench.state.ModSettle = "";
     bench.beat();
     expectBarAt(bench, 10);
@@ -77,7 +77,7 @@ TEST(Bar, AnEmptySettleWordRefillsAtOnce) {
 
 TEST(HeldReadouts, Steady80Shows80And60) {
     RackBench bench;
-    bench.output(1) = 80;
+    bench.readings.peakModulation = 80;
     bench.start();
     bench.advance(100ms);
     EXPECT_EQ(bench.form1.Label_FMod_Porcentaje.caption, "80.0");
@@ -86,12 +86,12 @@ TEST(HeldReadouts, Steady80Shows80And60) {
 
 TEST(HeldReadouts, APeakOf120Stays2100MsThenFallsByFiveEvery300Ms) {
     RackBench bench;
-    bench.output(1) = 80;
+    bench.readings.peakModulation = 80;
     bench.start();
     bench.advance(100ms);
-    bench.output(1) = 120;
+    bench.readings.peakModulation = 120;
     bench.advance(100ms);
-    bench.output(1) = 80;
+    bench.readings.peakModulation = 80;
     bench.advance(2000ms);
     EXPECT_EQ(bench.form1.Label_FMod_Porcentaje.caption, "120.0");
     EXPECT_EQ(bench.form1.Label_FMod.caption, "90.0");
@@ -113,10 +113,10 @@ TEST(HeldReadouts, APeakOf120Stays2100MsThenFallsByFiveEvery300Ms) {
 
 TEST(HeldReadouts, KeepRunningOverATuning) {
     RackBench bench;
-    bench.output(1) = 120;
+    bench.readings.peakModulation = 120;
     bench.start();
     bench.advance(100ms);
-    bench.output(1) = 30;
+    bench.readings.peakModulation = 30;
     bench.formB.cambfre();
     bench.advance(100ms);
     EXPECT_EQ(bench.form1.Label_FMod_Porcentaje.caption, "120.0");
@@ -125,10 +125,10 @@ TEST(HeldReadouts, KeepRunningOverATuning) {
 
 TEST(HeldReadouts, AreNotWrittenBelowTheHold) {
     RackBench bench;
-    bench.output(1) = 120;
+    bench.readings.peakModulation = 120;
     bench.start();
     bench.advance(100ms);
-    bench.output(1) = 80;
+    bench.readings.peakModulation = 80;
     bench.form1.Label_FMod.caption = "untouched";
     bench.advance(2000ms);
     EXPECT_EQ(bench.form1.Label_FMod.caption, "untouched");
@@ -138,7 +138,7 @@ TEST(HeldReadouts, AreNotWrittenBelowTheHold) {
 
 TEST(HeldReadouts, AreOfTheSimulatedModulationInDemoMode) {
     RackBench bench;
-    bench.output(1) = 150;
+    bench.readings.peakModulation = 150;
     startInDemoMode(bench);
     bench.desktop.randoms = {0, 0, 0.5, 0, 0, 0, 0, 0};
     bench.advance(100ms);
@@ -149,11 +149,11 @@ TEST(HeldReadouts, AreOfTheSimulatedModulationInDemoMode) {
 
 TEST(PeaksPerMinute, HaveNoLeadingBlank) {
     RackBench bench;
-    bench.output(16) = 12;
+    bench.readings.peaksPerMinute = 12;
     bench.start();
     bench.advance(100ms);
     EXPECT_EQ(bench.form1.Label_PicosPorMinuto.caption, "12");
-    bench.output(16) = 0;
+    bench.readings.peaksPerMinute = 0;
     bench.advance(100ms);
     EXPECT_EQ(bench.form1.Label_PicosPorMinuto.caption, "0");
 }
@@ -161,13 +161,13 @@ TEST(PeaksPerMinute, HaveNoLeadingBlank) {
 TEST(Field, ShowsTheCorrectedLevel) {
     RackBench bench;
     bench.write("hm-16.dat", lines({"1", "-3.5", "0", "1", "0", "0", "0", "0"}));
-    bench.output(14) = 60;
+    bench.readings.field = 60;
     bench.start();
     bench.advance(100ms);
     EXPECT_EQ(bench.form1.Label_FieldIntensity.caption, "56.5");
     EXPECT_EQ(bench.form1.FieldTenths, 565);
     EXPECT_THAT(bench.form1.FieldDigits, ElementsAre(5, 6, 5));
-    bench.output(14) = 61;
+    bench.readings.field = 61;
     bench.advance(100ms);
     EXPECT_EQ(bench.form1.Label_FieldIntensity.caption, "57.5");
 }
@@ -175,17 +175,17 @@ TEST(Field, ShowsTheCorrectedLevel) {
 TEST(Field, TenthsAreAtMost999AndLeadingPlacesClear) {
     RackBench bench;
     bench.start();
-    bench.output(14) = 120;
+    bench.readings.field = 120;
     bench.form1.RefrescoIntensidadDeCampo();
     EXPECT_EQ(bench.form1.FieldTenths, 999);
     EXPECT_THAT(bench.form1.FieldDigits, ElementsAre(9, 9, 9));
-    bench.output(14) = 4.5f;
+    bench.readings.field = 4.5f;
     bench.form1.RefrescoIntensidadDeCampo();
     EXPECT_THAT(bench.form1.FieldDigits, ElementsAre(-1, 4, 5));
-    bench.output(14) = 0.7f;
+    bench.readings.field = 0.7f;
     bench.form1.RefrescoIntensidadDeCampo();
     EXPECT_THAT(bench.form1.FieldDigits, ElementsAre(-1, -1, 7));
-    bench.output(14) = 10;
+    bench.readings.field = 10;
     bench.form1.RefrescoIntensidadDeCampo();
     EXPECT_THAT(bench.form1.FieldDigits, ElementsAre(1, 0, 0));
 }
@@ -193,14 +193,14 @@ TEST(Field, TenthsAreAtMost999AndLeadingPlacesClear) {
 TEST(Field, IsReadAfterATuning) {
     RackBench bench;
     bench.start();
-    bench.output(14) = 52;
+    bench.readings.field = 52;
     bench.formB.cambfre();
     EXPECT_EQ(bench.form1.FieldTenths, 520);
 }
 
 TEST(Field, Is695InDemoMode) {
     RackBench bench;
-    bench.output(14) = 30;
+    bench.readings.field = 30;
     startInDemoMode(bench);
     bench.advance(100ms);
     EXPECT_EQ(bench.form1.Label_FieldIntensity.caption, "69.5");

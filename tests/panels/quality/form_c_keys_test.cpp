@@ -87,7 +87,7 @@ TEST_F(ResetKeys, ClearTheirOwnFieldsBeforeTheTuning) {
 }
 
 TEST_F(ResetKeys, AfterANoiseResetTheDigitsShowThePlainReadingUntilAFloorIsStored) {
-    bench.output(8) = bench.output(9) = -72.4f;
+    bench.readings.noiseLeft = bench.readings.noiseRight = -72.4f;
     bench.state.FloorNoiseL = bench.state.FloorNoiseR = "-60";
     bench.formC.Command11();
     EXPECT_EQ(noise(), "6060");

@@ -7,10 +7,10 @@ namespace hmonitor::test {
 namespace {
 
 TEST_F(Quality, RefreshesTenTimesASecondWithFiveReadingsOfItsOwn) {
-    bench.output(6) = -0.55f;
-    bench.output(7) = 10;
-    bench.output(8) = -61;
-    bench.output(9) = -61;
+    bench.readings.pilotError = -0.55f;
+    bench.readings.pilotLevel = 10;
+    bench.readings.noiseLeft = -61;
+    bench.readings.noiseRight = -61;
     const int before = bench.driver.dataCalls;
     const int rdsBefore = bench.driver.rdsCalls;
     bench.formC.Command4();
@@ -21,7 +21,7 @@ TEST_F(Quality, RefreshesTenTimesASecondWithFiveReadingsOfItsOwn) {
     EXPECT_EQ(bench.driver.dataCalls - before, 5);
     EXPECT_EQ(bench.driver.rdsCalls - rdsBefore, 1);
 
-    bench.output(8) = -52;
+    bench.readings.noiseLeft = -52;
     bench.advance(std::chrono::milliseconds(100));
     EXPECT_EQ(noise(), "5261");
     // The labels come last: the one that the error's digit borrows is written again.
@@ -29,15 +29,15 @@ TEST_F(Quality, RefreshesTenTimesASecondWithFiveReadingsOfItsOwn) {
 }
 
 TEST_F(Quality, LabelsShowTheReadingsAsTheyAre) {
-    bench.output(6) = 1.26f;
-    bench.output(7) = 9.55f;
-    bench.output(8) = -72.44f;
-    bench.output(9) = -71.46f;
-    bench.output(10) = 60;
-    bench.output(11) = 41.25f;
-    bench.output(12) = 0.056f;
-    bench.driver.rdsError = -0.75f;
-    bench.driver.rdsLevel = 4.44f;
+    bench.readings.pilotError = 1.26f;
+    bench.readings.pilotLevel = 9.55f;
+    bench.readings.noiseLeft = -72.44f;
+    bench.readings.noiseRight = -71.46f;
+    bench.readings.separationLeft = 60;
+    bench.readings.separationRight = 41.25f;
+    bench.readings.distortion = 0.056f;
+    bench.readings.rdsError = -0.75f;
+    bench.readings.rdsLevel = 4.44f;
     bench.state.FloorNoiseL = "-70";
     bench.state.FloorSepL = "65";
     bench.state.FloorThd = "40";
@@ -54,24 +54,24 @@ TEST_F(Quality, LabelsShowTheReadingsAsTheyAre) {
 }
 
 TEST_F(Quality, WithoutAPilotItsErrorMeansNothing) {
-    bench.output(6) = 1.5f;
+    bench.readings.pilotError = 1.5f;
     for (const float none : {0.3f, 0.f, -5.f}) {
-        bench.output(7) = none;
+        bench.readings.pilotLevel = none;
         bench.formC.Command1();
         EXPECT_EQ(bench.formC.Label_19K_FrecError.caption, "----") << none;
     }
-    bench.output(7) = 0.31f;
+    bench.readings.pilotLevel = 0.31f;
     bench.formC.Command1();
     EXPECT_EQ(bench.formC.Label_19K_FrecError.caption, "+1.5");
 }
 
 TEST_F(Quality, WithoutRdsItsErrorMeansNothing) {
-    bench.driver.rdsError = 2.5f;
-    bench.driver.rdsLevel = 0.3f;
+    bench.readings.rdsError = 2.5f;
+    bench.readings.rdsLevel = 0.3f;
     bench.formC.Command1();
     EXPECT_EQ(bench.formC.Label_57K_FrecError.caption, "----");
     EXPECT_EQ(bench.formC.Label_RDSLevel.caption, "0.3");
-    bench.driver.rdsLevel = 0.31f;
+    bench.readings.rdsLevel = 0.31f;
     bench.formC.Command1();
     EXPECT_EQ(bench.formC.Label_57K_FrecError.caption, "+2.5");
     EXPECT_EQ(bench.formC.RdsLevel, 0.31f);
@@ -79,8 +79,8 @@ TEST_F(Quality, WithoutRdsItsErrorMeansNothing) {
 }
 
 TEST_F(Quality, SeparationDigitsStandOnTheStoredResult) {
-    bench.output(10) = 60;
-    bench.output(11) = 48.9f;
+    bench.readings.separationLeft = 60;
+    bench.readings.separationRight = 48.9f;
     bench.state.FloorSepL = "65";
     bench.state.FloorSepR = "0";
     bench.formC.Command1();
@@ -89,8 +89,8 @@ TEST_F(Quality, SeparationDigitsStandOnTheStoredResult) {
 }
 
 TEST_F(Quality, NoiseDigitsStandOnTheStoredFloor) {
-    bench.output(8) = -72.4f;
-    bench.output(9) = -72.4f;
+    bench.readings.noiseLeft = -72.4f;
+    bench.readings.noiseRight = -72.4f;
     bench.state.FloorNoiseL = "-70";
     bench.state.FloorNoiseR = "xx";
     bench.formC.Command11();
@@ -98,7 +98,7 @@ TEST_F(Quality, NoiseDigitsStandOnTheStoredFloor) {
 }
 
 TEST_F(Quality, DistortionAlwaysHasThreeDigits) {
-    bench.output(12) = 0.05f;
+    bench.readings.distortion = 0.05f;
     bench.formC.Command13();
     EXPECT_EQ(distortion(), "005");
     bench.state.FloorThd = "230";
@@ -107,35 +107,35 @@ TEST_F(Quality, DistortionAlwaysHasThreeDigits) {
 }
 
 TEST_F(Quality, PilotErrorShowsItsSignAndDarkensUnusedPlaces) {
-    bench.output(6) = -12.34f;
+    bench.readings.pilotError = -12.34f;
     bench.formC.Command4();
     EXPECT_EQ(error19(), "-123");
-    bench.output(6) = 1.26f;
+    bench.readings.pilotError = 1.26f;
     bench.formC.Command4();
     EXPECT_EQ(error19(), "+ 12");
-    bench.output(6) = 0;
+    bench.readings.pilotError = 0;
     bench.formC.Command4();
     EXPECT_EQ(error19(), "+  0");
 }
 
 TEST_F(Quality, PilotErrorOfOneDigitStandsInTheLabelUntilItIsWrittenAgain) {
-    bench.output(6) = -0.55f;
-    bench.output(7) = 10;
+    bench.readings.pilotError = -0.55f;
+    bench.readings.pilotLevel = 10;
     bench.formC.Command1();
     EXPECT_EQ(bench.formC.Label_19K_FrecError.caption, "-0.6");
     bench.formC.Command4();
     EXPECT_EQ(bench.formC.Label_19K_FrecError.caption, "5");
     bench.formC.Command1();
     EXPECT_EQ(bench.formC.Label_19K_FrecError.caption, "-0.6");
-    bench.output(6) = 1.5f;
+    bench.readings.pilotError = 1.5f;
     bench.formC.Command4();
     EXPECT_EQ(bench.formC.Label_19K_FrecError.caption, "-0.6");
 }
 
 TEST_F(Quality, PilotErrorFarBelowChangesTheSignAlone) {
-    bench.output(6) = 45.6f;
+    bench.readings.pilotError = 45.6f;
     bench.formC.Command4();
-    bench.output(6) = -100;
+    bench.readings.pilotError = -100;
     bench.formC.Command4();
     EXPECT_EQ(error19(), "-456");
 }
@@ -143,7 +143,7 @@ TEST_F(Quality, PilotErrorFarBelowChangesTheSignAlone) {
 TEST_F(Quality, PilotLevelDarkensUnusedPlaces) {
     for (const auto& [level, digits] :
          {std::pair{12.39f, "123"}, {9.99f, " 99"}, {0.75f, "  7"}, {10.f, "100"}}) {
-        bench.output(7) = level;
+        bench.readings.pilotLevel = level;
         bench.formC.Command6();
         EXPECT_EQ(pilot(), digits) << level;
     }
@@ -151,8 +151,8 @@ TEST_F(Quality, PilotLevelDarkensUnusedPlaces) {
 
 TEST_F(Quality, WhileArmedTheDigitsStandOnTheValuesOfTheMomentOfArming) {
     bench.write("Hm-res.dat", lines({"1", "1.26", " 9.5 "}));
-    bench.output(6) = 50;
-    bench.output(7) = 70;
+    bench.readings.pilotError = 50;
+    bench.readings.pilotLevel = 70;
     bench.state.ResponseState = "si";
     bench.state.ResponseAuto = "si";
     bench.formC.Command4();

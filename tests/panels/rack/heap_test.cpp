@@ -20,8 +20,8 @@ long takenBy(RackBench& bench, const std::function<void()>& tick) {
     long taken = 0;
     for (int i = 0; i < kTicks; ++i) {
         random.put(bench.driver.readings);
-        bench.driver.rdsError = bench.output(6);
-        bench.driver.rdsLevel = bench.output(7);
+        bench.readings.rdsError = bench.readings.pilotError;
+        bench.readings.rdsLevel = bench.readings.pilotLevel;
         const long before = CountedHeap::now().taken;
         tick();
         taken += CountedHeap::now().taken - before;
@@ -72,7 +72,7 @@ TEST_F(Heap, IsNotTouchedByReadingsOutOfEveryRange) {
     long taken = 0;
     for (const float said : {1e4f, -1e4f, 1000.f, -999.9f, 1e38f}) {
         for (int output = 1; output <= 16; ++output) bench.output(output) = said;
-        bench.driver.rdsError = bench.driver.rdsLevel = said;
+        bench.readings.rdsError = bench.readings.rdsLevel = said;
         for (int i = 0; i < 100; ++i) {
             const long before = CountedHeap::now().taken;
             bench.formB.Timer2.onTick();

@@ -20,8 +20,8 @@ class OddReadings : public testing::Test {
         const float ordinary[] = {80,  -10, -12, 45,   2.5f, 1.5f, 9.5f, -60,
                                   -61, 40,  41,  0.5f, 12,   60,   5,    7};
         for (int i = 1; i <= 16; ++i) bench.output(i) = ordinary[i - 1];
-        bench.driver.rdsError = 0.4f;
-        bench.driver.rdsLevel = 4.2f;
+        bench.readings.rdsError = 0.4f;
+        bench.readings.rdsLevel = 4.2f;
         bench.start();
         // All timers of the panels meet every 300 ms.
         bench.advance(milliseconds(12000 + 30));
@@ -62,12 +62,12 @@ TEST_F(OddReadings, OfOneOutputLeaveTheRackAsItWas) {
 TEST_F(OddReadings, OfRdsLeaveTheRackAsItWas) {
     const auto before = view.all();
     for (const float said : kNoReadings) {
-        bench.driver.rdsError = said;
+        bench.readings.rdsError = said;
         expectNothingMoved(before, said);
-        bench.driver.rdsError = 0.4f;
-        bench.driver.rdsLevel = said;
+        bench.readings.rdsError = 0.4f;
+        bench.readings.rdsLevel = said;
         expectNothingMoved(before, said);
-        bench.driver.rdsLevel = 4.2f;
+        bench.readings.rdsLevel = 4.2f;
     }
 }
 
@@ -75,7 +75,7 @@ TEST_F(OddReadings, OfAllOutputsAtOnceLeaveTheRackAsItWas) {
     const auto before = view.all();
     for (const float said : kNoReadings) {
         for (int output = 1; output <= 16; ++output) bench.output(output) = said;
-        bench.driver.rdsError = bench.driver.rdsLevel = said;
+        bench.readings.rdsError = bench.readings.rdsLevel = said;
         expectNothingMoved(before, said);
     }
 }
@@ -83,7 +83,7 @@ TEST_F(OddReadings, OfAllOutputsAtOnceLeaveTheRackAsItWas) {
 TEST_F(OddReadings, LargestOnesThatPassDrawNothingThatIsNoFigure) {
     for (const float said : {10000.f, -10000.f, 1000.f, -1000.f, 999.9f, -0.f, -0.001f, 1e-38f}) {
         for (int output = 1; output <= 16; ++output) bench.output(output) = said;
-        bench.driver.rdsError = bench.driver.rdsLevel = said;
+        bench.readings.rdsError = bench.readings.rdsLevel = said;
         bench.advance(milliseconds(12000));
         for (const auto& [place, shown] : view.all()) {
             EXPECT_EQ(shown.find('?'), std::string::npos) << place << " " << said << " " << shown;

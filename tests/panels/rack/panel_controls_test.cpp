@@ -228,9 +228,9 @@ TEST(PanelReadings, SayWhatIsPainted) {
     EXPECT_EQ(bench.formC.NoiseDigits.reading(), "60 / 61");
     EXPECT_EQ(bench.formC.DistortionDigits.reading(), "1.27");
     EXPECT_EQ(bench.formC.SeparationDigits.reading(), "40 / 41");
-    bench.output(15) = 20;
-    bench.output(6) = 1.26f;
-    bench.output(5) = 10.4f;
+    bench.readings.multipath = 20;
+    bench.readings.pilotError = 1.26f;
+    bench.readings.relativePower = 10.4f;
     bench.hand.scroll(bench.formB.HScroll1, 1);
     bench.advance(std::chrono::milliseconds(700));
     EXPECT_EQ(bench.form1.multygood.reading(), "dark");

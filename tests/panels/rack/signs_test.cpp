@@ -19,7 +19,7 @@ class Signs : public testing::TestWithParam<int> {
         const float ordinary[] = {80,  -10, -12, 45,   2.5f, 1.5f, 9.5f, -60,
                                   -61, 40,  41,  0.5f, 12,   60,   12,   7};
         for (int i = 1; i <= 16; ++i) bench.output(i) = ordinary[i - 1];
-        bench.driver.rdsLevel = 4.2f;
+        bench.readings.rdsLevel = 4.2f;
     }
     bool spanish() const { return GetParam() == RackBench::kSpanish; }
     std::string noData(int seconds) const {
@@ -73,24 +73,24 @@ TEST_P(Signs, GoWithTheFirstChange) {
     bench.start();
     bench.advance(5s);
     ASSERT_EQ(sign(), noData(4));
-    bench.output(9) -= 0.1f;
+    bench.readings.noiseRight -= 0.1f;
     bench.advance(200ms);
     EXPECT_EQ(sign(), "");
     EXPECT_FALSE(dimmed());
     bench.advance(5s);
-    bench.driver.rdsError += 0.1f;
+    bench.readings.rdsError += 0.1f;
     bench.advance(200ms);
     EXPECT_EQ(sign(), "");
 }
 
 TEST_P(Signs, NeverComeOnAnEmptyChannel) {
     for (int i = 1; i <= 16; ++i) bench.output(i) = 0;
-    bench.output(2) = bench.output(3) = -64;
-    bench.output(4) = 45;
-    bench.driver.rdsLevel = 0;
+    bench.readings.levelFirst = bench.readings.levelSecond = -64;
+    bench.readings.stereoPhase = 45;
+    bench.readings.rdsLevel = 0;
     bench.start();
     for (const float field : {0.f, 11.f}) {
-        bench.output(14) = field;
+        bench.readings.field = field;
         for (int second = 0; second < 60; ++second) {
             bench.advance(1s);
             ASSERT_EQ(sign(), "") << field;
@@ -116,7 +116,7 @@ TEST_P(Signs, StartAnewWithATuningAndStayAwayWhileTheUnitDoesSomethingElse) {
 TEST_P(Signs, TouchNoControlThatTheInstrumentHas) {
     bench.start();
     bench.advance(12s);  // the mean of the carrier has settled
-    bench.driver.rdsError += 0.1f;
+    bench.readings.rdsError += 0.1f;
     bench.advance(200ms);
     ASSERT_EQ(sign(), "");
     const auto captions = [this] {

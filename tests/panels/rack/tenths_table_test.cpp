@@ -41,7 +41,7 @@ class Table : public testing::Test {
  protected:
     void SetUp() override {
         bench.start();
-        bench.driver.rdsLevel = 5;
+        bench.readings.rdsLevel = 5;
     }
     std::string see(const char* place) {
         std::string shown = view.see(place);
@@ -67,8 +67,8 @@ TEST_F(Table, EveryTenthOnTheTenthsDisplays) {
         SCOPED_TRACE(row.reading);
         ASSERT_EQ(row.shown.size(), 6u);
         for (const int output : {6, 8, 9, 10, 11, 14}) bench.output(output) = row.reading;
-        bench.output(7) = 10;  // a pilot
-        bench.driver.rdsError = row.reading;
+        bench.readings.pilotLevel = 10;  // a pilot
+        bench.readings.rdsError = row.reading;
         refresh();
         bench.form1.ActualizarModulacion_Displays();
         for (const char* label :
@@ -80,14 +80,14 @@ TEST_F(Table, EveryTenthOnTheTenthsDisplays) {
         EXPECT_EQ(see("noise digits"), row.shown[4] + row.shown[4]);
         EXPECT_EQ(see("separation digits"), row.shown[5] + row.shown[5]);
 
-        bench.output(7) = row.reading;
-        bench.driver.rdsLevel = row.reading;
+        bench.readings.pilotLevel = row.reading;
+        bench.readings.rdsLevel = row.reading;
         refresh();
         for (const char* label : {"pilot", "RDS"}) EXPECT_EQ(see(label), row.shown[0]) << label;
         EXPECT_EQ(see("pilot digits"), row.shown[3]);
         const std::string error = row.reading > 0.3f ? row.shown[1] : "----";
         for (const char* label : {"19 kHz", "57 kHz"}) EXPECT_EQ(see(label), error) << label;
-        bench.driver.rdsLevel = 5;
+        bench.readings.rdsLevel = 5;
         if (HasFailure()) break;
     }
 }
@@ -97,7 +97,7 @@ TEST_F(Table, EveryHundredthOfTheDistortion) {
     ASSERT_EQ(all.size(), 1000u);
     for (const Row& row : all) {
         SCOPED_TRACE(row.reading);
-        bench.output(12) = row.reading;
+        bench.readings.distortion = row.reading;
         refresh();
         EXPECT_EQ(see("distortion"), row.shown[0]);
         EXPECT_EQ(see("distortion digits"), row.shown[1]);

@@ -47,25 +47,15 @@ const Sights kOrdinarySights = {{"percent", "80.0"},
                                 {"57 kHz", "+0.4"},
                                 {"RDS", "4.2"}};
 
-void say(RackBench& bench, int output, float said) {
-    if (output == kRdsError) {
-        bench.driver.rdsError = said;
-    } else if (output == kRdsLevel) {
-        bench.driver.rdsLevel = said;
-    } else {
-        bench.output(output) = said;
-    }
-}
-
 }  // namespace
 
 void visit(int output, std::initializer_list<Stop> stops) {
     for (const Stop& stop : stops) {
         RackBench bench;
-        for (int i = 1; i <= kRdsLevel; ++i) say(bench, i, kOrdinary[i - 1]);
+        for (int i = 1; i <= kRdsLevel; ++i) bench.output(i) = kOrdinary[i - 1];
         bench.start();
         bench.advance(std::chrono::milliseconds(1000));
-        say(bench, output, stop.said);
+        bench.output(output) = stop.said;
         bench.advance(std::chrono::milliseconds(13000));
         const RackView view(bench);
         Sights expected = kOrdinarySights;

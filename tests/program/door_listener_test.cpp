@@ -1,0 +1,268 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the driver door tells its listener: each thing once, in its order, and no call more of the
+// library.
+#include "program/door_listener.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "core/numbers.h"
+#include "program/frame_run.h"
+#include "program/point_run.h"
+#include "tests/program/program_bench.h"
+#include "tests/support/rack_bench.h"
+
+namespace hmonitor::test {
+namespace {
+
+using namespace std::chrono_literals;
+using figures::State;
+using testing::Contains;
+using testing::Each;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// Writes down what it hears, among the driver's calls where it is given their journal.
+struct NotedDoor final : DoorListener {
+    explicit NotedDoor(std::vector<std::string>* journal = nullptr)
+        : noted(journal ? *journal : own) {}
+    void tuned(const Tuned& to) override {
+        last = to;
+        noted.push_back("tuned " + shortText(to.frequency).str() +
+                        (to.detector == Detector::Peak ? " peak" : " average") +
+                        (to.mode == AudioMode::LeftRight ? " L R" : " L+R L-R"));
+    }
+    void measured(const Measured& now) override {
+        measurements.push_back(now);
+        noted.push_back("measured");
+    }
+    void halted(display::Time) override { noted.push_back("halted"); }
+    void frameCame(const SweepFrame& frame) override {
+        noted.push_back("frame " + shortText(frame.start).str() + " to " +
+                        shortText(frame.stop).str() + " by " + wholeText(frame.stepKhz).str());
+    }
+    void levelRead(const MeasuredLevel& level) override {
+        noted.push_back((level.from == MeasuredLevel::From::Point ? "point " : "swept ") +
+                        shortText(level.frequency).str() + ": " + shortText(level.level).str());
+    }
+
+    std::vector<std::string> own;
+    std::vector<std::string>& noted;
+    std::vector<Measured> measurements;
+    Tuned last;
+};
+
+State stateIn(const Measured& measured, const char* key) {
+    return measured.states[static_cast<std::size_t>(figures::find(key) - figures::all().data())];
+}
+
+class ListenedDoor : public testing::Test {
+ protected:
+    ListenedDoor() { door.listener(&heard); }
+    Measured ask() {
+        door.HM_Data();
+        return heard.measurements.back();
+    }
+    State stateOf(const char* key) { return stateIn(ask(), key); }
+
+    ScriptedDriver unit;
+    display::HeadlessDesktop desktop;
+    DriverDoor door{unit, desktop};
+    NotedDoor heard;
+};
+
+TEST_F(ListenedDoor, TellsATuningWithDetectorModeAndTime) {
+    desktop.advance(40ms);
+    door.HM_Normal(1025.5f, 1, 0, 0, 1);
+    EXPECT_EQ(heard.last, (Tuned{1025.5f, Detector::Average, AudioMode::LeftRight, 40ms}));
+    door.HM_Normal(875, 0, 1, 1, 0);
+    EXPECT_EQ(heard.last, (Tuned{875, Detector::Peak, AudioMode::SumDifference, 40ms}));
+    EXPECT_THAT(heard.noted, ElementsAre("tuned 1025.5 average L R", "tuned 875 peak L+R L-R"));
+}
+
+TEST_F(ListenedDoor, TellsEachAskingOnceWithAllThatIsKnownOfTheUnit) {
+    door.HM_Normal(981, 0, 0, 0, 0);
+    unit.readings.field = 61;
+    unit.readings.rdsLevel = 4;
+    float error = 0;
+    float level = 0;
+    desktop.advance(30ms);
+    door.HM_Data();
+    desktop.advance(30ms);
+    door.HM_DataRDS(error, level);
+    EXPECT_THAT(heard.noted, ElementsAre("tuned 981 peak L R", "measured", "measured"));
+    EXPECT_EQ(heard.measurements[0].readings.field, 61);
+    EXPECT_EQ(heard.measurements[0].readings.rdsLevel, 0) << "not asked yet";
+    EXPECT_EQ(heard.measurements[0].at, 30ms);
+    EXPECT_EQ(heard.measurements[1].readings, unit.readings);
+    EXPECT_EQ(heard.measurements[1].at, 60ms);
+}
+
+TEST_F(ListenedDoor, TellsFramesAndLevelsThatWereMeasuredAlone) {
+    float level = 0;
+    unit.superLevels = {41, std::numeric_limits<float>::quiet_NaN(), 43};
+    unit.superResults = {0, 0, 5};
+    for (const float frequency : {900.f, 901.f, 902.f}) door.HM_Super(frequency, level);
+    door.HM_StartEspectro(880, 1080, 25);
+    unit.frames = {0, 1};
+    door.HM_TramaEspectroRecibida();
+    door.HM_TramaEspectroRecibida();
+    unit.spectrum[901] = 52;
+    unit.spectrum[902] = std::numeric_limits<float>::infinity();
+    door.HM_GetEspectro(901, level);
+    door.HM_GetEspectro(902, level);
+    door.HM_Parar();
+    EXPECT_THAT(heard.noted,
+                ElementsAre("point 900: 41", "frame 880 to 1080 by 25", "swept 901: 52", "halted"));
+}
+
+TEST_F(ListenedDoor, TellsAPointBeforeWhatComesThroughBehindIt) {
+    desktop.onPass = [this] { door.HM_Data(); };
+    float level = 0;
+    door.HM_Super(900, level);
+    EXPECT_THAT(heard.noted, ElementsAre("point 900: 30", "measured"));
+}
+
+TEST_F(ListenedDoor, TellsNobodyOnceItsListenerHasLeft) {
+    door.listener(nullptr);
+    float level = 0;
+    door.HM_Normal(981, 0, 0, 0, 0);
+    door.HM_Data();
+    door.HM_Super(900, level);
+    door.HM_Parar();
+    EXPECT_THAT(heard.noted, IsEmpty());
+}
+
+TEST_F(ListenedDoor, NothingIsMeasuredBeforeTheFirstTuningAndTheUnitIsAwayOnceItHalts) {
+    EXPECT_THAT(ask().states, Each(State::NotMeasured));
+    door.HM_Parar();
+    EXPECT_THAT(ask().states, Each(State::NotMeasured));
+    door.HM_Normal(981, 0, 0, 0, 0);
+    EXPECT_THAT(ask().states, Contains(State::Known));
+    door.HM_Parar();
+    EXPECT_THAT(ask().states, Each(State::UnitAway));
+    door.HM_Normal(981, 0, 0, 0, 0);
+    EXPECT_THAT(ask().states, Contains(State::Known));
+}
+
+TEST_F(ListenedDoor, ALevelBelongsToTheFigureOfItsAudioMode) {
+    door.HM_Normal(981, 0, 0, 0, 0);
+    EXPECT_EQ(stateOf("level_left"), State::Known);
+    EXPECT_EQ(stateOf("level_sum"), State::NotMeasured);
+    door.HM_Normal(981, 0, 1, 0, 0);
+    EXPECT_EQ(stateOf("level_left"), State::NotMeasured);
+    EXPECT_EQ(stateOf("level_sum"), State::Known);
+    EXPECT_EQ(stateOf("field"), State::NotMeasured) << "0: nothing measured";
+}
+
+TEST_F(ListenedDoor, WhatTheDoorDropsIsOutOfRangeUntilAReadingComes) {
+    door.HM_Normal(981, 0, 0, 0, 0);
+    unit.readings.field = 61;
+    EXPECT_EQ(stateOf("field"), State::Known);
+    unit.readings.field = std::numeric_limits<float>::quiet_NaN();
+    const Measured dropped = ask();
+    EXPECT_EQ(stateIn(dropped, "field"), State::OutOfRange);
+    EXPECT_EQ(dropped.readings.field, 61);
+    EXPECT_EQ(stateIn(dropped, "stereo_phase"), State::Known);
+    unit.readings.field = 62;
+    EXPECT_EQ(stateOf("field"), State::Known);
+}
+
+TEST_F(ListenedDoor, ReadingsThatStandStillAreStaleByTheRuleOfTheSign) {
+    door.HM_Normal(981, 0, 0, 0, 0);
+    unit.readings.field = 61;
+    unit.readings.peakModulation = 80;
+    ask();
+    desktop.advance(2999ms);
+    EXPECT_EQ(stateOf("field"), State::Known);
+    desktop.advance(1ms);
+    EXPECT_EQ(door.staleSeconds(), 3);
+    EXPECT_EQ(stateOf("field"), State::Stale);
+    EXPECT_EQ(stateOf("pilot_error"), State::NoPilot) << "why it was not known before";
+    unit.readings.field = 61.5f;
+    EXPECT_EQ(stateOf("field"), State::Known);
+}
+
+class ListenedRun : public testing::Test {
+ protected:
+    ListenedRun() {
+        bench.tuner.tuneByBar();
+        EXPECT_TRUE(lease.take());
+        bench.program.driver.listener(&heard);
+        bench.take();
+    }
+    ProgramBench bench;
+    NotedDoor heard{&bench.desktop.journal};
+    UnitLease lease{bench.program, bench.window};
+};
+
+/// Two points or two frequencies.
+struct TwoLevels final : LevelSink {
+    int first() const override { return 0; }
+    int last() const override { return 1; }
+    float frequency(int index) const override { return 900 + static_cast<float>(index); }
+    void take(int, float) override {}
+};
+
+TEST_F(ListenedRun, OfALentUnitIsToldStepByStep) {
+    TwoLevels sink;
+    PointRun run(bench.program, lease, {});
+    bench.driver.superLevels = {50, 51};
+    lease.tuneFor(AudioMode::SumDifference);
+    bench.program.driver.HM_Parar();
+    run.measure(sink);
+    lease.giveBack(UnitLease::Back::LeftRight);
+    EXPECT_THAT(bench.take(),
+                ElementsAre("mode L+R and L-R", "clocks stand", "driver HM_Parar", "halted",
+                            "driver HM_Normal(981, 0, 1, 0, 0)", "tuned 981 peak L+R L-R",
+                            "clocks run", "show tuned", "show figures", "driver HM_Parar", "halted",
+                            "driver HM_Super(900)", "point 900: 50", "driver HM_Super(901)",
+                            "point 901: 51", "mode L and R", "clocks stand", "driver HM_Parar",
+                            "halted", "driver HM_Normal(981, 0, 0, 0, 0)", "tuned 981 peak L R",
+                            "clocks run", "show tuned", "show figures"));
+}
+
+TEST_F(ListenedRun, ByFramesIsToldFrameByFrame) {
+    TwoLevels sink;
+    FrameRun run(bench.program, bench.window.Clock, sink);
+    bench.driver.frames = {0, 1};
+    bench.driver.spectrum = {{900, 60}, {901, 61}};
+    run.start(875, 1080, 100);
+    run.look();
+    run.look();
+    EXPECT_THAT(bench.take(),
+                ElementsAre("driver HM_StartEspectro(875, 1080, 100)", "frame 875 to 1080 by 100",
+                            "swept 900: 60", "swept 901: 61"));
+}
+
+TEST(ListenedRack, HearsTheTunedStationWithEveryHeartbeatAndChangesNoCall) {
+    RackBench silent;
+    silent.driver.noteData = true;
+    silent.start();
+    silent.advance(1000ms);
+
+    RackBench bench;
+    NotedDoor heard;
+    bench.driver.noteData = true;
+    bench.program.driver.listener(&heard);
+    bench.start();
+    bench.advance(1000ms);
+    EXPECT_EQ(bench.takeCalls(), silent.takeCalls());
+
+    const auto tunings = std::ranges::count(heard.noted, "tuned 981 peak L R");
+    EXPECT_GE(tunings, 1);
+    // Never longer without a word than a slot of the unit.
+    display::Time last = heard.measurements.front().at;
+    for (const Measured& measured : heard.measurements) {
+        EXPECT_LE(measured.at - last, 50ms);
+        last = measured.at;
+    }
+    EXPECT_EQ(static_cast<int>(heard.measurements.size()),
+              bench.driver.dataCalls + bench.driver.rdsCalls);
+}
+
+}  // namespace
+}  // namespace hmonitor::test
