@@ -27,7 +27,7 @@ std::set<std::string> foldedNames(const std::filesystem::path& folder) {
 
 }  // namespace
 
-SessionFolder::SessionFolder(const Files& working, RewriteWatcher* watcher)
+SessionFolder::SessionFolder(const Files& working, base::RewriteWatcher* watcher)
     : working_(&working), watcher_(watcher) {}
 
 std::string SessionFolder::folderName() const {

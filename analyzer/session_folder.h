@@ -15,7 +15,7 @@ namespace hmonitor {
 class SessionFolder {
  public:
     /// `working` must outlive this. The watcher looks on at rewrites.
-    explicit SessionFolder(const Files& working, RewriteWatcher* watcher = nullptr);
+    explicit SessionFolder(const Files& working, base::RewriteWatcher* watcher = nullptr);
 
     /// The sessions, in the byte order of their folded names; equal ones by their bytes.
     std::vector<std::string> list() const;
@@ -40,7 +40,7 @@ class SessionFolder {
     std::string folderName() const;
 
     const Files* working_;
-    RewriteWatcher* watcher_;
+    base::RewriteWatcher* watcher_;
 };
 
 }  // namespace hmonitor

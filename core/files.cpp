@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/files.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
 #include <system_error>
 
+#include "base/leftovers.h"
+#include "base/read_file.h"
+#include "base/rewrite_file.h"
 #include "core/code_page.h"
 #include "core/numbers.h"
-#include "core/rewrite_file.h"
 #include "core/text_lines.h"
 
 namespace hmonitor {
@@ -22,12 +21,9 @@ FileFault missing(std::string_view name) {
     return {FileFaultKind::Missing, "File not found: " + std::string(name)};
 }
 
-FileFault fault(FileFaultKind kind, std::string_view name, const char* what, int reason) {
-    return {kind, std::string(name) + what + std::generic_category().message(reason)};
-}
-
 FileFault unreadable(std::string_view name, int reason) {
-    return fault(FileFaultKind::Unreadable, name, " cannot be read: ", reason);
+    return {FileFaultKind::Unreadable,
+            std::string(name) + " cannot be read: " + std::generic_category().message(reason)};
 }
 
 bool isBareName(std::string_view name) {
@@ -35,28 +31,9 @@ bool isBareName(std::string_view name) {
            name.find_first_of(std::string_view("/\0", 2)) == std::string_view::npos;
 }
 
-// Gives 0 or what failed. Anything but a plain file is refused before it is read: a pipe by the
-// name of a settings file would hold the program for good.
-int readOpened(int fd, std::string& bytes) {
-    struct stat status = {};
-    if (::fstat(fd, &status) != 0) return errno;
-    if (S_ISDIR(status.st_mode)) return EISDIR;
-    if (!S_ISREG(status.st_mode)) return EINVAL;
-    std::array<char, 16384> piece;
-    for (;;) {
-        const ssize_t count = ::read(fd, piece.data(), piece.size());
-        if (count == 0) return 0;
-        if (count > 0) {
-            bytes.append(piece.data(), static_cast<std::size_t>(count));
-        } else if (errno != EINTR) {
-            return errno;
-        }
-    }
-}
-
 }  // namespace
 
-Files::Files(std::filesystem::path folder, RewriteWatcher* watcher)
+Files::Files(std::filesystem::path folder, base::RewriteWatcher* watcher)
     : folder_(std::move(folder)), watcher_(watcher) {}
 
 std::optional<std::string> Files::find(std::string_view name) const {
@@ -78,13 +55,10 @@ std::optional<std::string> Files::find(std::string_view name) const {
 FileResult<std::string> Files::read(std::string_view name) const {
     const auto found = find(name);
     if (!found) return missing(name);
-    const int fd = ::open((folder_ / *found).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    if (fd < 0) return errno == ENOENT ? missing(name) : unreadable(name, errno);
-    std::string bytes;
-    const int reason = readOpened(fd, bytes);
-    ::close(fd);
-    if (reason) return unreadable(name, reason);
-    return bytes;
+    auto read = base::readFile(folder_ / *found);
+    if (read.reason == ENOENT) return missing(name);
+    if (!read) return unreadable(name, read.reason);
+    return std::move(read.bytes);
 }
 
 FileResult<std::vector<std::string>> Files::readLines(std::string_view name, int count) const {
@@ -106,27 +80,22 @@ FileResult<std::vector<std::string>> Files::readLines(std::string_view name, int
 std::optional<FileFault> Files::rewrite(std::string_view name, std::string_view bytes) const {
     const int reason =
         isBareName(name)
-            ? rewriteFile(folder_ / find(name).value_or(std::string(name)), bytes, watcher_)
+            ? base::rewriteFile(folder_ / find(name).value_or(std::string(name)), bytes, watcher_)
             : EINVAL;
     if (!reason) return std::nullopt;
-    return fault(FileFaultKind::NotWritten, name, " cannot be written: ", reason);
+    return FileFault{FileFaultKind::NotWritten, base::notWritten(name, reason)};
 }
 
 std::optional<FileFault> Files::remove(std::string_view name) const {
     const auto found = find(name);
     if (!found) return std::nullopt;
     if (::unlink((folder_ / *found).c_str()) == 0 || errno == ENOENT) return std::nullopt;
-    return fault(FileFaultKind::NotWritten, name, " cannot be deleted: ", errno);
+    return FileFault{FileFaultKind::NotWritten, std::string(name) + " cannot be deleted: " +
+                                                    std::generic_category().message(errno)};
 }
 
 void Files::removeLeftovers() const {
-    std::error_code none;
-    std::vector<std::filesystem::path> leftovers;
-    for (std::filesystem::directory_iterator at(folder_, none), end; !none && at != end;
-         at.increment(none)) {
-        if (isRewriteLeftover(at->path().filename().string())) leftovers.push_back(at->path());
-    }
-    for (const auto& leftover : leftovers) std::filesystem::remove(leftover, none);
+    base::removeLeftovers(folder_);
 }
 
 }  // namespace hmonitor

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/rewrite_steps.h"
 #include "core/file_result.h"
-#include "core/rewrite_steps.h"
 
 namespace hmonitor {
 
@@ -17,7 +17,7 @@ namespace hmonitor {
 /// Contents are bytes.
 class Files {
  public:
-    explicit Files(std::filesystem::path folder, RewriteWatcher* watcher = nullptr);
+    explicit Files(std::filesystem::path folder, base::RewriteWatcher* watcher = nullptr);
 
     const std::filesystem::path& folder() const { return folder_; }
 
@@ -40,13 +40,12 @@ class Files {
     /// Deletes the file if it is there.
     std::optional<FileFault> remove(std::string_view name) const;
 
-    /// Deletes what a rewrite left beside its file when the program died in the middle. To be
-    /// called at start, while no other run of the program uses the folder.
+    /// Deletes what a rewrite left beside its file when a program died in the middle.
     void removeLeftovers() const;
 
  private:
     std::filesystem::path folder_;
-    RewriteWatcher* watcher_;
+    base::RewriteWatcher* watcher_;
 };
 
 }  // namespace hmonitor

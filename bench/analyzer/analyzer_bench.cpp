@@ -16,8 +16,8 @@ using namespace hmonitor::test;
 enum class View { Bars, Map };
 
 /// A disk that is never reached: the rewrite is refused before its first step.
-struct NoDisk : RewriteWatcher {
-    int at(RewriteStep, StepMoment) override { return 28; }
+struct NoDisk : base::RewriteWatcher {
+    int at(base::RewriteStep, base::StepMoment) override { return 28; }
 };
 
 /// The analyzer over a session of 500 sweeps in which levels spread as they do on the air.

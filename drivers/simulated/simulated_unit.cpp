@@ -9,12 +9,12 @@
 #include <limits>
 #include <utility>
 
+#include "base/leftovers.h"
 #include "drivers/simulated/band.h"
 #include "drivers/simulated/chance.h"
 #include "drivers/simulated/figures.h"
 #include "drivers/simulated/hour_of_air.h"
 #include "drivers/simulated/station_slot.h"
-#include "drivers/unit/replace_file.h"
 
 namespace hm16::simulated {
 
@@ -58,7 +58,7 @@ SimulatedUnit::SimulatedUnit(const Options& options, PublishedReadings& readings
       readings_(readings),
       frames_(kNoiseFloor),
       log_(files_) {
-    removeUnfinishedFiles(files_);
+    base::removeLeftovers(files_);
     thread_ = std::thread(&SimulatedUnit::run, this);
 }
 

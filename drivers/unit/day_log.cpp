@@ -4,6 +4,7 @@
 #include <map>
 #include <utility>
 
+#include "base/read_file.h"
 #include "drivers/unit/number_text.h"
 #include "drivers/unit/replace_file.h"
 
@@ -82,7 +83,7 @@ std::optional<std::string> DayLog::close() {
     const HourSummary summary = std::exchange(summary_, {});
     if (summary.seconds() < kLeastSeconds) return std::nullopt;
     const auto file = folder_ / (dayMark(hour_) + ".log");
-    return replaceFile(file, withHourLine(fileBytes(file).value_or(""), summary.line(hour_.hour)));
+    return replaceFile(file, withHourLine(base::readFile(file).bytes, summary.line(hour_.hour)));
 }
 
 }  // namespace hm16

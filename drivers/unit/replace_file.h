@@ -6,19 +6,17 @@
 #include <string>
 #include <string_view>
 
+#include "base/rewrite_file.h"
+
 namespace hm16 {
 
-// Replaces `file` by `bytes`: writes a new file beside it, flushes it to the disk and renames it
-// over the old one. Whatever cuts this short, a reader finds the old file or the new one, whole.
-// Gives nothing when done, else one sentence with the file and the system's reason; the old file
-// then stands.
-std::optional<std::string> replaceFile(const std::filesystem::path& file, std::string_view bytes);
-
-// Removes what replacements cut short have left in `folder`; those of a process that still runs
-// stay. Called at a library's start.
-void removeUnfinishedFiles(const std::filesystem::path& folder);
-
-// The whole of a file; nothing when it does not exist or cannot be read.
-std::optional<std::string> fileBytes(const std::filesystem::path& file);
+// Replaces `file` by `bytes`, whole or not at all. Gives nothing when done, else one sentence with
+// the file and the system's reason; the old file then stands.
+inline std::optional<std::string> replaceFile(const std::filesystem::path& file,
+                                              std::string_view bytes) {
+    const int reason = base::rewriteFile(file, bytes);
+    if (reason == 0) return std::nullopt;
+    return base::notWritten(file.string(), reason) + ".";
+}
 
 }  // namespace hm16

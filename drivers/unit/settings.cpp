@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/read_file.h"
 #include "drivers/unit/number_text.h"
-#include "drivers/unit/replace_file.h"
 
 namespace hm16 {
 
@@ -24,9 +24,9 @@ std::string lowered(std::string_view text) {
 Settings Settings::read(const std::filesystem::path& file) {
     std::error_code error;
     if (!std::filesystem::exists(file, error) && !error) return parse("", file.string());
-    const auto bytes = fileBytes(file);
-    Settings settings = parse(bytes.value_or(""), file.string());
-    if (!bytes) settings.faults_.push_back(file.string() + ": the settings file cannot be read.");
+    const auto read = base::readFile(file);
+    Settings settings = parse(read.bytes, file.string());
+    if (!read) settings.faults_.push_back(file.string() + ": the settings file cannot be read.");
     return settings;
 }
 

@@ -5,6 +5,7 @@
 #include <array>
 #include <cmath>
 
+#include "base/read_file.h"
 #include "drivers/unit/number_text.h"
 #include "drivers/unit/replace_file.h"
 
@@ -68,7 +69,7 @@ std::string frequencyKey(double frequency) {
 StationResults::StationResults(double frequency) : frequency_(frequency) {}
 
 StationResults StationResults::read(const std::filesystem::path& folder, double frequency) {
-    return parse(frequency, fileBytes(fileOf(folder, frequency)).value_or(""));
+    return parse(frequency, base::readFile(fileOf(folder, frequency)).bytes);
 }
 
 StationResults StationResults::parse(double frequency, std::string_view text) {

@@ -10,7 +10,7 @@
 #include <random>
 
 #include "tests/analyzer/analyzer_bench.h"
-#include "tests/core/as_nobody.h"
+#include "tests/support/as_nobody.h"
 
 namespace hmonitor::test {
 namespace {

@@ -8,7 +8,7 @@
 
 #include "analyzer/session_folder.h"
 #include "analyzer/session_names.h"
-#include "tests/core/as_nobody.h"
+#include "tests/support/as_nobody.h"
 #include "tests/support/temp_folder.h"
 
 namespace hmonitor::test {

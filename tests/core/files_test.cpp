@@ -4,8 +4,9 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include "base/leftovers.h"
 #include "core/text_lines.h"
-#include "tests/core/as_nobody.h"
+#include "tests/support/as_nobody.h"
 #include "tests/support/temp_folder.h"
 
 namespace hmonitor {
@@ -97,6 +98,20 @@ TEST_F(FilesTest, KeepsEveryByte) {
     ASSERT_FALSE(files.rewrite("a", large));
     EXPECT_EQ(*files.read("a"), large);
     EXPECT_EQ(temp.read("a"), large);
+}
+
+TEST_F(FilesTest, ARewriteKeepsTheNameThatWasFound) {
+    temp.write("HM-RES.DAT", "old");
+    EXPECT_FALSE(files.rewrite("Hm-res.dat", "new"));
+    EXPECT_EQ(temp.read("HM-RES.DAT"), "new");
+    EXPECT_EQ(temp.names().size(), 1u);
+}
+
+TEST_F(FilesTest, RemovesWhatRewritesHaveLeftBehind) {
+    temp.write(base::leftoverName(1, 0), "torn");
+    temp.write("hm-16.dat", "1");
+    files.removeLeftovers();
+    EXPECT_EQ(temp.names(), std::set<std::string>{"hm-16.dat"});
 }
 
 TEST_F(FilesTest, RemovesAFileByAnyCase) {

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "tests/core/as_nobody.h"
+#include "tests/support/as_nobody.h"
 #include "tests/support/temp_folder.h"
 
 namespace hmonitor {

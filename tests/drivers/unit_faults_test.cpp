@@ -200,9 +200,9 @@ TEST(UnitFaults, AFileThatCannotBeWrittenIsSaidOnceAndMeasuringGoesOn) {
 
 TEST(UnitFaults, LeftOversOfRewritesGoAtTheStart) {
     const SimulatedLibrary unit("");
-    unit.folder().write("~hm16-0985.dat.999999999.new", "torn");
+    unit.folder().write(".hmonitor-999999999-0.rewrite", "torn");
     unit->init();
-    EXPECT_FALSE(unit.folder().has("~hm16-0985.dat.999999999.new"));
+    EXPECT_FALSE(unit.folder().has(".hmonitor-999999999-0.rewrite"));
 }
 
 TEST(UnitFaults, AUnitThatFellSilentStandsStillAndFails) {

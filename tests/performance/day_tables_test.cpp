@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <string>
 
-#include "tests/core/as_nobody.h"
 #include "tests/performance/second_days.h"
+#include "tests/support/as_nobody.h"
 #include "tests/support/temp_folder.h"
 
 namespace hmonitor::test {

@@ -7,7 +7,7 @@
 
 #include <filesystem>
 
-#include "tests/core/as_nobody.h"
+#include "tests/support/as_nobody.h"
 #include "tests/support/rack_bench.h"
 
 namespace hmonitor::test {

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <functional>
 
-#include "tests/core/as_nobody.h"
+#include "tests/support/as_nobody.h"
 #include "tests/tuner/editor_bench.h"
 
 namespace hmonitor::test {

@@ -3,9 +3,9 @@
 
 #include <utility>
 
+#include "base/leftovers.h"
 #include "drivers/receiver/library/open_source.h"
 #include "drivers/receiver/library/unit_call.h"
-#include "drivers/unit/replace_file.h"
 
 namespace hm16::receiver {
 namespace {
@@ -24,7 +24,7 @@ ReceiverUnit::ReceiverUnit(const ReceiverOptions& options, std::unique_ptr<Sampl
       meter_(options, signal_),
       balance_(signal_.source().rateHz()),
       log_(files_) {
-    removeUnfinishedFiles(files_);
+    base::removeLeftovers(files_);
     signal_.onRead([this](std::span<const Sample> samples, std::span<const Loss> losses) {
         hear(samples, losses);
     });

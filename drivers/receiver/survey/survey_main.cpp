@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/read_file.h"
 #include "drivers/receiver/library/open_source.h"
 #include "drivers/receiver/library/receiver_options.h"
 #include "drivers/receiver/radio/radio_list.h"
@@ -125,7 +126,7 @@ int survey(const Options& asked) {
         std::cout << hm16::decimalText(station.mhz, 2) << ','
                   << hm16::decimalText(station.levelDbuv, 1) << ',' << station.name << '\n';
     if (asked.presets.empty()) return 0;
-    const auto block = hm16::fileBytes(asked.presets).value_or("");
+    const auto block = base::readFile(asked.presets).bytes;
     if (const auto fault = hm16::replaceFile(asked.presets, withPresets(block, stations)))
         return fail(*fault);
     return 0;

@@ -15,7 +15,6 @@
 #include "drivers/receiver/library/readings_of.h"
 #include "drivers/receiver/library/receiver_unit.h"
 #include "drivers/receiver/library/scenes.h"
-#include "drivers/unit/replace_file.h"
 #include "tests/drivers/receiver/signals.h"
 
 namespace hm16::receiver {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-namespace hmonitor {
+namespace base {
 
 /// What rewriting a file does to the disk, in order; `Write` may come several times.
 enum class RewriteStep { Open, Write, Flush, Close, Rename, FlushFolder };
@@ -14,4 +14,4 @@ struct RewriteWatcher {
     virtual int at(RewriteStep step, StepMoment moment) = 0;
 };
 
-}  // namespace hmonitor
+}  // namespace base

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/leftovers.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+
+#include <vector>
+
+#include "base/descriptor.h"
+
+namespace base {
+
+namespace {
+
+// Neither a link by such a name is followed nor a pipe waited for.
+void removeLeftover(const std::filesystem::path& path) {
+    const Descriptor file(::open(path.c_str(), O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    if (!file || !takeWritingLock(file.get()) || isDeleted(file.get())) return;
+    ::unlink(path.c_str());
+}
+
+}  // namespace
+
+bool takeWritingLock(int fd) {
+    return ::flock(fd, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+}
+
+bool isDeleted(int fd) {
+    struct stat status = {};
+    return ::fstat(fd, &status) == 0 && status.st_nlink == 0;
+}
+
+void removeLeftovers(const std::filesystem::path& folder) {
+    std::error_code none;
+    std::vector<std::filesystem::path> leftovers;
+    for (std::filesystem::directory_iterator at(folder, none), end; !none && at != end;
+         at.increment(none)) {
+        if (isLeftover(at->path().filename().string())) leftovers.push_back(at->path());
+    }
+    for (const auto& leftover : leftovers) removeLeftover(leftover);
+}
+
+}  // namespace base
