@@ -2,6 +2,7 @@
 #pragma once
 
 #include "display/chart.h"
+#include "display/controls/pictures.h"
 #include "program/sheet_form.h"
 
 namespace hmonitor {

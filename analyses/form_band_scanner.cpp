@@ -7,8 +7,8 @@
 #include "program/long_date.h"
 #include "program/rack_place.h"
 #include "program/refused_run.h"
+#include "program/report_fault.h"
 #include "program/station_line.h"
-#include "program/taken_for_granted.h"
 #include "program/tuner.h"
 #include "program/unit_generation.h"
 
@@ -42,7 +42,7 @@ void Form_BandSCanner::onLoad() {
     // The page may still hold an older scan under another choice of channels.
     twin().take(Graph1);
     program.Form_PrintBandScan->showOption(option());
-    const auto stored = takenForGranted(desktop(), ScanFile::read(program.files));
+    const auto stored = require(desktop(), ScanFile::read(program.files));
     showStored(stored);
     program.Form_PrintBandScan->legend.hideUpper();
     driver.HM_Parar();
@@ -80,7 +80,7 @@ void Form_BandSCanner::nameStored(const ScanFile& file) {
 }
 
 void Form_BandSCanner::store(const ScanFile& file, const ScanChannels& channels) {
-    tellFault(desktop(), file.write(program.files));
+    warn(desktop(), file.write(program.files));
     storedBytes_ = file.bytes();
     storedChannels_ = channels;
 }

@@ -8,6 +8,7 @@
 #include "analyses/scan_legend.h"
 #include "analyses/scanned_channels.h"
 #include "display/chart.h"
+#include "display/controls/scroll_bar.h"
 #include "display/family.h"
 #include "display/number_table.h"
 #include "program/frame_run.h"

@@ -4,7 +4,7 @@
 #include "analyses/form_band_scanner.h"
 #include "core/numbers.h"
 #include "core/panel_settings.h"
-#include "program/taken_for_granted.h"
+#include "program/report_fault.h"
 #include "program/tuner.h"
 #include "program/unit_generation.h"
 
@@ -47,7 +47,7 @@ void Form_BandSCanner::Command3D1_Click() {
     lease_.take();
     lease_.tuneFor(AudioMode::SumDifference);
     const auto settings =
-        takenForGranted(desktop(), PanelSettings::read(program.files, PanelLine::ScannerOffset));
+        require(desktop(), PanelSettings::read(program.files, PanelLine::ScannerOffset));
     levelOffset_ = settings.value(PanelLine::ScannerOffset);
     if (run_ == Run::Sweep) {
         // The key says "Stop" now.

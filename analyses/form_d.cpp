@@ -6,7 +6,7 @@
 #include "analyses/scan_file.h"
 #include "analyzer/frm_spectrum_analizer.h"
 #include "performance/form_d4a.h"
-#include "program/taken_for_granted.h"
+#include "program/report_fault.h"
 #include "spectrum/channel_table.h"
 #include "spectrum/class1.h"
 #include "spectrum/form_d1.h"
@@ -58,7 +58,7 @@ void Form_D::onLoad() {
 void Form_D::proveScanFile() {
     // Nothing is kept: the band scanner takes the file for granted, and without it the program
     // ends here, at its start, rather than in the middle of the work.
-    takenForGranted(desktop(), ScanFile::read(program.files));
+    require(desktop(), ScanFile::read(program.files));
 }
 
 }  // namespace hmonitor

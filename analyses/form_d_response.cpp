@@ -5,7 +5,7 @@
 #include "analyses/response_readout.h"
 #include "core/panel_settings.h"
 #include "core/response_switch.h"
-#include "program/taken_for_granted.h"
+#include "program/report_fault.h"
 #include "program/tuner.h"
 
 namespace hmonitor {
@@ -41,7 +41,7 @@ void Form_D::switchOff() {
 
 void Form_D::arm(const Readings& atArming) {
     const auto settings =
-        takenForGranted(desktop(), PanelSettings::read(program.files, PanelLine::ScannerOffset));
+        require(desktop(), PanelSettings::read(program.files, PanelLine::ScannerOffset));
     if (settings.line(PanelLine::AudioMode) != "0") {
         // The tones are measured left and right.
         program.tuner->storeMode(AudioMode::LeftRight);
@@ -51,8 +51,8 @@ void Form_D::arm(const Readings& atArming) {
     Image5.picture = "OffA";
     StationState.ResponseAuto = "si";
     StationState.ResponseState = "si";
-    tellFault(desktop(),
-              ResponseSwitch::armed(atArming.pilotError, atArming.pilotLevel).write(program.files));
+    warn(desktop(),
+         ResponseSwitch::armed(atArming.pilotError, atArming.pilotLevel).write(program.files));
 }
 
 }  // namespace hmonitor

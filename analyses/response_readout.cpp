@@ -3,7 +3,7 @@
 
 #include "analyses/response_charts.h"
 #include "analyses/response_file.h"
-#include "program/taken_for_granted.h"
+#include "program/report_fault.h"
 #include "program/tuner.h"
 
 namespace hmonitor {
@@ -22,7 +22,7 @@ void readResponse(Program& program) {
         return;
     }
     showResponse(program, ResponseCurve::of(pairs));
-    tellFault(program.desktop, file.write(program.files, pairs));
+    warn(program.desktop, file.write(program.files, pairs));
     program.tuner->disarmResponse();
     program.tuner->retune();
 }

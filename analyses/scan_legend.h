@@ -3,6 +3,8 @@
 
 #include "analyses/scan_option.h"
 #include "display/chart.h"
+#include "display/controls/labels.h"
+#include "display/controls/shapes.h"
 #include "display/family.h"
 
 namespace hmonitor {

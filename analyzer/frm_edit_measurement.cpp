@@ -10,7 +10,7 @@
 #include "core/code_page.h"
 #include "core/numbers.h"
 #include "program/language.h"
-#include "program/taken_for_granted.h"
+#include "program/report_fault.h"
 
 namespace hmonitor {
 
@@ -189,7 +189,7 @@ bool frmEditMeasurement::keepEdited(const std::string& title) {
     const std::string& after = measurement.CurrentSessionFile;
     // The new file stands before the old one goes: nothing is lost in between.
     const auto fault = measurement.SaveSession(its.folder, after);
-    tellFault(desktop(), fault);
+    warn(desktop(), fault);
     if (renamed && fault) {
         measurement.CurrentSessionFile = before;
     } else if (renamed) {
@@ -209,7 +209,7 @@ bool frmEditMeasurement::begin(const std::string& title) {
     measurement.SessionInfo.Created = serialDate(desktop().today());
     its.ClearDensity();
     measurement.CurrentSessionFile = its.UniqueSessionName(title);
-    tellFault(desktop(), measurement.SaveSession(its.folder, measurement.CurrentSessionFile));
+    warn(desktop(), measurement.SaveSession(its.folder, measurement.CurrentSessionFile));
     its.ListSessions();
     its.SelectCurrentSession();
     its.showCondition();

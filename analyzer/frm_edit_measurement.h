@@ -3,6 +3,8 @@
 
 #include "analyzer/session_info.h"
 #include "core/int16.h"
+#include "display/controls/lists.h"
+#include "display/controls/text_field.h"
 #include "program/program_form.h"
 
 namespace hmonitor {

@@ -9,7 +9,7 @@
 #include "core/numbers.h"
 #include "program/language.h"
 #include "program/rack_place.h"
-#include "program/taken_for_granted.h"
+#include "program/report_fault.h"
 #include "program/unit_generation.h"
 #include "spectrum/class1.h"
 
@@ -119,7 +119,7 @@ void frmSpectrumAnalizer::ClearDensity() {
 void frmSpectrumAnalizer::tellOnce(const std::optional<FileFault>& fault) {
     if (!fault || toldFault_) return;
     toldFault_ = measurement.ScanRunning != 0;
-    tellFault(desktop(), fault);
+    warn(desktop(), fault);
 }
 
 void frmSpectrumAnalizer::chooseSession() {

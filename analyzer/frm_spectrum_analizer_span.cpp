@@ -8,7 +8,7 @@
 #include "core/text_lines.h"
 #include "program/language.h"
 #include "program/point_run.h"
-#include "program/taken_for_granted.h"
+#include "program/report_fault.h"
 #include "program/tuner.h"
 #include "spectrum/class1.h"
 #include "spectrum/span_dialog.h"
@@ -71,7 +71,7 @@ void frmSpectrumAnalizerSpan::measure(double step) {
     if (levels.empty() || session.empty()) return;
     const std::string head =
         joinLines({wholeText(count).str(), Text2.text.get(), shortText(first / 10).str()});
-    tellFault(desktop(), its.folder.write(sweepFileName(session), head + levels + "\r\n"));
+    warn(desktop(), its.folder.write(sweepFileName(session), head + levels + "\r\n"));
 }
 
 /// The points of the run: drawn in the analyzer's picture, counted in its session.

@@ -5,7 +5,7 @@ namespace hmonitor {
 
 namespace {
 
-/// Widths of the face in its own heights.
+/// Widths of the font in its own heights.
 constexpr float kFigure = 0.64f;
 constexpr float kPoint = 0.3f;
 constexpr float kGap = 0.3f;

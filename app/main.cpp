@@ -8,7 +8,7 @@
 #include "app/library_fault.h"
 #include "core/files.h"
 #include "core/folder_lock.h"
-#include "display/qt/qt_desktop.h"
+#include "display/qt/windows/qt_desktop.h"
 #include "drivers/loader/library.h"
 #include "program/language.h"
 #include "program/loaded_driver.h"

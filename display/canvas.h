@@ -18,7 +18,7 @@ struct CellGrid {
 
 /// What drawing code asks of a surface: screen, paper and recorder are three canvases. Coordinates
 /// are floating units of the canvas's own scale, y downward. Boxes include both corners, so that a
-/// box of no width is one column of dots.
+/// box of no width is one column of pixels.
 class Canvas {
  public:
     virtual ~Canvas() = default;

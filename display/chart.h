@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "display/controls.h"
+#include "display/controls/control_kind.h"
 
 namespace display {
 

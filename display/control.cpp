@@ -47,7 +47,7 @@ void Control::takeFocus() {
     form_.desktop().giveFocus(*this);
 }
 
-std::string_view Control::spokenName() const {
+std::string_view Control::accessibleName() const {
     return wordsIn(form_.language, says);
 }
 

@@ -98,7 +98,7 @@ class Control : public Revised {
     void takeFocus();
 
     /// What the screen reader says and the tool tip shows, in the language of the form.
-    std::string_view spokenName() const;
+    std::string_view accessibleName() const;
 
     Property<float> left{*this}, top{*this}, width{*this}, height{*this};
     Property<bool> visible{*this, true};

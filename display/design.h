@@ -3,7 +3,11 @@
 
 #include <string_view>
 
-#include "display/controls.h"
+#include "display/controls/appearance.h"
+#include "display/controls/buttons.h"
+#include "display/controls/containers.h"
+#include "display/controls/labels.h"
+#include "display/controls/shapes.h"
 
 // A layout has one row for each control: place(control, box, what else it is given, in any order).
 // A control is given only what its kind has: anything else does not compile.

@@ -34,7 +34,7 @@ enum class BoxAnswer { Ok, Cancel };
 
 enum class PointerShape { Arrow, Hourglass };
 
-/// Dots or lines.
+/// Pixels or lines.
 enum class PictureFormat { Png, Svg };
 
 struct Date {

@@ -164,7 +164,7 @@ void Drawing::eraseCells(const Mark& box) {
 namespace {
 
 /// How far a text reaches at most, in its own heights. How wide it is exactly is the screen's to
-/// know; figures are narrower than letters in every face, so that a count that is wiped and
+/// know; figures are narrower than letters in every font, so that a count that is wiped and
 /// printed again is known to be gone.
 float reachOf(std::string_view text) {
     constexpr float kFigure = 0.72f;

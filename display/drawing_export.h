@@ -20,7 +20,7 @@ bool hasDrawings(const Form& form);
 void copyNumbers(Control& drawing);
 /// Its picture on the clipboard.
 void copyPicture(Control& drawing);
-/// Asks for a place and writes it there: a picture of dots (png), of lines (svg), or its numbers
+/// Asks for a place and writes it there: a picture of pixels (png), of lines (svg), or its numbers
 /// (csv), by the ending of the name. What goes wrong is told in a box, and no file is left behind.
 void saveDrawing(Control& drawing);
 

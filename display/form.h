@@ -5,7 +5,6 @@
 #include <string_view>
 #include <vector>
 
-#include "display/controls.h"
 #include "display/design.h"
 #include "display/desktop.h"
 #include "display/timer.h"

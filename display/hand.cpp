@@ -3,6 +3,10 @@
 
 #include <algorithm>
 
+#include "display/controls/lists.h"
+#include "display/controls/pictures.h"
+#include "display/controls/scroll_bar.h"
+#include "display/controls/text_field.h"
 #include "display/drawing_export.h"
 
 namespace display {

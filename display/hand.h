@@ -5,6 +5,10 @@
 #include <functional>
 #include <string_view>
 
+#include "display/controls/lists.h"
+#include "display/controls/pictures.h"
+#include "display/controls/scroll_bar.h"
+#include "display/controls/text_field.h"
 #include "display/form.h"
 
 namespace display {

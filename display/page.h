@@ -6,7 +6,10 @@
 #include <string_view>
 #include <vector>
 
-#include "display/controls.h"
+#include "display/controls/appearance.h"
+#include "display/controls/control_kind.h"
+#include "display/controls/pictures.h"
+#include "display/controls/shapes.h"
 
 namespace display {
 
@@ -59,7 +62,7 @@ struct PageFont {
 };
 
 /// How far one character of a text of fixed pitch advances, in page units. Part of the model: each
-/// surface draws its face as wide as this, so that a column stands at one place on any paper.
+/// surface draws its font as wide as this, so that a column stands at one place on any paper.
 constexpr float fixedAdvance(float points) {
     return 0.6f * points * kPageUnitsPerPoint;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "display/controls/lists.h"
 #include "display/family.h"
 #include "display/page.h"
 #include "performance/day_tables.h"

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "display/controls/pictures.h"
+#include "display/controls/scroll_bar.h"
+#include "display/controls/text_field.h"
 #include "display/page.h"
 #include "program/program_form.h"
 

@@ -2,6 +2,9 @@
 #pragma once
 
 #include "display/chart.h"
+#include "display/controls/lists.h"
+#include "display/controls/pictures.h"
+#include "display/controls/scroll_bar.h"
 #include "display/family.h"
 #include "display/number_table.h"
 #include "performance/day_tables.h"

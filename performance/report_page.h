@@ -8,7 +8,7 @@
 
 namespace hmonitor {
 
-/// Lines of text with tab characters on one page of a paper, in a face of fixed pitch: tab stops
+/// Lines of text with tab characters on one page of a paper, in a fixed-pitch font: tab stops
 /// stand every eight characters, and the size is the largest, up to `points`, at which the longest
 /// line fits between the margins. So it is the same on every printer.
 display::PageDocument composeReportPage(const std::vector<std::string>& lines,

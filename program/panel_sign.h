@@ -4,7 +4,8 @@
 #include <deque>
 #include <string_view>
 
-#include "display/controls.h"
+#include "display/controls/containers.h"
+#include "display/controls/pictures.h"
 
 namespace hmonitor {
 

@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "display/controls/pictures.h"
+#include "display/controls/text_field.h"
 #include "program/program_form.h"
 
 namespace hmonitor {

@@ -5,7 +5,7 @@
 #include "core/panel_settings.h"
 #include "core/response_switch.h"
 #include "core/results_file.h"
-#include "program/taken_for_granted.h"
+#include "program/report_fault.h"
 
 namespace hmonitor {
 
@@ -15,7 +15,7 @@ double Tuner::frequencyAt(int bar) const {
 }
 
 void Tuner::storeModeLine(AudioMode mode) {
-    settle(program_.desktop, rewritePanelLine(program_.files, PanelLine::AudioMode,
+    report(program_.desktop, rewritePanelLine(program_.files, PanelLine::AudioMode,
                                               mode == AudioMode::LeftRight ? "0" : "1"));
 }
 
@@ -28,16 +28,16 @@ void Tuner::disarmResponse() {
     panels_->showResponseArmed(false);
     program_.StationState.ResponseState = "no";
     program_.StationState.ResponseAuto = "";
-    tellFault(program_.desktop, ResponseSwitch::off().write(program_.files));
+    warn(program_.desktop, ResponseSwitch::off().write(program_.files));
 }
 
 void Tuner::tune(How how) {
     StationState& state = program_.StationState;
     const bool first = how == How::ByBar && PanelStarted == 0;
     TunedFreq = frequencyAt(panels_->bar());
-    int armed = toWhole(
-        takenForGranted(program_.desktop, ResponseSwitch::read(program_.files, SwitchLine::Armed))
-            .value(SwitchLine::Armed));
+    int armed =
+        toWhole(require(program_.desktop, ResponseSwitch::read(program_.files, SwitchLine::Armed))
+                    .value(SwitchLine::Armed));
     if (how == How::ByBar) armed = lookAtBar(armed);
     ResultsFile::read(program_.files, TunedFreq).putFloors(state);
     const Switches switches = readSwitches(armed, first);
@@ -75,8 +75,8 @@ int Tuner::lookAtBar(int armed) {
 }
 
 Tuner::Switches Tuner::readSwitches(int armed, bool first) {
-    const auto settings = takenForGranted(
-        program_.desktop, PanelSettings::read(program_.files, PanelLine::AudioMode));
+    const auto settings =
+        require(program_.desktop, PanelSettings::read(program_.files, PanelLine::AudioMode));
     int audioMode = toWhole(settings.value(PanelLine::AudioMode));
     if (first && settings.value(PanelLine::AudioMode) == 1) {
         // Every start of the program falls back to the mode L and R.

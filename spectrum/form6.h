@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "display/controls/pictures.h"
 #include "spectrum/picture_sheet.h"
 
 namespace hmonitor {

@@ -5,7 +5,7 @@
 #include "program/language.h"
 #include "program/rack_place.h"
 #include "program/refused_run.h"
-#include "program/taken_for_granted.h"
+#include "program/report_fault.h"
 #include "program/tuner.h"
 #include "spectrum/channel_graph.h"
 #include "spectrum/channel_spectrum_file.h"
@@ -46,7 +46,7 @@ void Form_D1::showStored() {
     if (!stored || stored->points == 0) {
         channelGraph(Picture1.drawing, kUsualColumns, kUsualStepKhz).GraphInit();
         if (!stored && stored.fault().kind != FileFaultKind::Missing) {
-            tellFault(program.desktop, stored.fault());
+            warn(program.desktop, stored.fault());
         }
         return;
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/int16.h"
+#include "display/controls/pictures.h"
 #include "program/program_form.h"
 #include "program/unit_lease.h"
 #include "spectrum/channel_table.h"

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/int16.h"
+#include "display/controls/pictures.h"
 #include "display/number_table.h"
 #include "program/frame_run.h"
 #include "program/point_run.h"

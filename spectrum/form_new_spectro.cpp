@@ -5,7 +5,7 @@
 #include "program/language.h"
 #include "program/point_run.h"
 #include "program/rack_place.h"
-#include "program/taken_for_granted.h"
+#include "program/report_fault.h"
 #include "spectrum/channel_graph.h"
 #include "spectrum/form_d1.h"
 #include "spectrum/span_choice.h"
@@ -105,7 +105,7 @@ void Form_NewSpectro::measure(const ChannelSweep& sweep, float carrier) {
     PointRun points(program, shown.lease, {&shown.Command3D2});
     // A unit that fails ends the run, and the spectrum that was stored stays.
     if (points.measure(levels, carrier) == PointRun::End::Done) {
-        tellFault(program.desktop, spectrum.write(program.files, sweep.carrier));
+        warn(program.desktop, spectrum.write(program.files, sweep.carrier));
         shown.lease.giveBack(UnitLease::Back::AsStored);
         shown.endRun(Form_D1::RunEnd::Whole);
     } else {

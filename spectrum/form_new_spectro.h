@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "display/controls/lists.h"
+#include "display/controls/text_field.h"
 #include "program/program_form.h"
 #include "spectrum/channel_spectrum_file.h"
 #include "spectrum/channel_sweep.h"

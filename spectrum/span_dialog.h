@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "display/controls/text_field.h"
 #include "display/form.h"
 #include "program/look.h"
 

@@ -6,7 +6,7 @@
 
 #include "core/numbers.h"
 #include "panels/audio/form_b.h"
-#include "program/taken_for_granted.h"
+#include "program/report_fault.h"
 #include "tuner/memory_entry.h"
 #include "tuner/preset_look.h"
 
@@ -86,7 +86,7 @@ bool Form_bSetMemories::presetSelected() const {
 }
 
 MemoryBlock Form_bSetMemories::readBlock() const {
-    return takenForGranted(desktop(), hmonitor::MemoryBlock::read(program.files));
+    return require(desktop(), hmonitor::MemoryBlock::read(program.files));
 }
 
 void Form_bSetMemories::offerTunedFrequency() {

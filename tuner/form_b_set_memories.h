@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "core/memory_block.h"
+#include "display/controls/text_field.h"
 #include "display/family.h"
 #include "program/program_form.h"
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the graphs cost on the Qt canvas: the drawing itself and one frame of it in dots.
+// What the graphs cost on the Qt canvas: the drawing itself and one frame of it in pixels.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
 #include <QImage>
 #include <QPainter>
 
-#include "display/qt/painted.h"
+#include "display/qt/painting/painted.h"
 #include "tests/spectrum/graphs.h"
 #include "tests/support/rack_bench.h"
 

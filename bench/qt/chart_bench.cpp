@@ -8,7 +8,7 @@
 
 #include "analyses/form_band_scanner.h"
 #include "core/numbers.h"
-#include "display/qt/chart_view.h"
+#include "display/qt/widgets/chart_view.h"
 #include "tests/support/rack_bench.h"
 
 namespace hmonitor::test {

@@ -8,7 +8,7 @@
 #include <QPainter>
 
 #include "analyzer/analyzer_graphs.h"
-#include "display/qt/painted.h"
+#include "display/qt/painting/painted.h"
 #include "spectrum/class1.h"
 #include "tests/support/rack_bench.h"
 

@@ -8,7 +8,7 @@
 #include <array>
 #include <memory>
 
-#include "display/qt/painted.h"
+#include "display/qt/painting/painted.h"
 #include "tests/support/rack_bench.h"
 
 namespace {

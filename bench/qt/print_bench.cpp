@@ -7,7 +7,7 @@
 #include <QTemporaryDir>
 
 #include "analyzer/session_bytes.h"
-#include "display/qt/qt_desktop.h"
+#include "display/qt/windows/qt_desktop.h"
 #include "tests/support/rack_bench.h"
 
 namespace {

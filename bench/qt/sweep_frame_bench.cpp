@@ -6,8 +6,8 @@
 #include <QApplication>
 #include <QEvent>
 
-#include "display/qt/form_view.h"
-#include "display/qt/qt_desktop.h"
+#include "display/qt/windows/form_view.h"
+#include "display/qt/windows/qt_desktop.h"
 #include "tests/support/rack_bench.h"
 
 namespace hmonitor::test {

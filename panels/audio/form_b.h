@@ -4,6 +4,8 @@
 #include <memory>
 
 #include "core/int16.h"
+#include "display/controls/pictures.h"
+#include "display/controls/scroll_bar.h"
 #include "display/family.h"
 #include "panels/audio/held_figures.h"
 #include "panels/audio/level_bar.h"

@@ -7,13 +7,13 @@
 #include "panels/audio/form_b.h"
 #include "panels/modulation/form1.h"
 #include "panels/quality/form_c.h"
-#include "program/taken_for_granted.h"
+#include "program/report_fault.h"
 #include "startup/form3.h"
 
 namespace hmonitor {
 
 bool Form_B::memoriesAllEmpty() const {
-    const auto block = takenForGranted(desktop(), MemoryBlock::read(program.files));
+    const auto block = require(desktop(), MemoryBlock::read(program.files));
     for (int memory = 1; memory <= MemoryBlock::kMemories; ++memory) {
         if (!block.isEmpty(memory)) return false;
     }
@@ -42,7 +42,7 @@ void Form_B::stepMemory(Step step) {
         if (MemoryNumber < 1) MemoryNumber = 16;
         StationState.MemoryNumber = wholeText(MemoryNumber);
     }
-    const auto block = takenForGranted(desktop(), MemoryBlock::read(program.files));
+    const auto block = require(desktop(), MemoryBlock::read(program.files));
     if (block.isEmpty(MemoryNumber)) {
         if (memoriesAllEmpty()) {
             // A full round ends where it began, on no memory.
@@ -65,7 +65,7 @@ void Form_B::tuneWhereTheBarStands() {
 }
 
 void Form_B::Command9() {
-    const auto block = takenForGranted(desktop(), MemoryBlock::read(program.files));
+    const auto block = require(desktop(), MemoryBlock::read(program.files));
     RadioName = block.name(MemoryNumber);
     const StoredFrequency stored = block.frequency(MemoryNumber);
     StationState.HalfStep = stored.half == hmonitor::HalfStep::Yes ? "5" : "0";

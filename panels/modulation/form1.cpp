@@ -9,7 +9,7 @@
 #include "core/station_defaults.h"
 #include "panels/audio/form_b.h"
 #include "panels/quality/form_c.h"
-#include "program/taken_for_granted.h"
+#include "program/report_fault.h"
 #include "spectrum/open_spectrum.h"
 #include "startup/form3.h"
 #include "startup/form_modo_demo.h"
@@ -44,7 +44,7 @@ void Form1::onLoad() {
     StationState.ModSettle = "5";
     RetuneOnMode = 1;
 
-    const auto defaults = takenForGranted(desktop(), StationDefaults::read(program.files));
+    const auto defaults = require(desktop(), StationDefaults::read(program.files));
     program.Form_D->Text2.text = defaults.Text2;
     program.Form_D->Text1.text = defaults.Text1;
     program.Form_D->Text3.text = defaults.Text3;
@@ -82,7 +82,7 @@ void Form1::offerDemoMode() {
 
 void Form1::readPresetAndCorrection() {
     const auto settings =
-        takenForGranted(desktop(), PanelSettings::read(program.files, PanelLine::DbCorrection));
+        require(desktop(), PanelSettings::read(program.files, PanelLine::DbCorrection));
     StationState.MemoryNumber = settings.line(PanelLine::MemoryPreset);
     if (valueOf(StationState.MemoryNumber) > 16) StationState.MemoryNumber = "1";
     takeCorrection(settings.value(PanelLine::DbCorrection));
@@ -158,7 +158,7 @@ void Form1::showRelativePower() {
 
 void Form1::takeSettings() {
     const auto settings =
-        takenForGranted(desktop(), PanelSettings::read(program.files, PanelLine::AudioMode));
+        require(desktop(), PanelSettings::read(program.files, PanelLine::AudioMode));
     StationState.MemoryNumber = settings.line(PanelLine::MemoryPreset);
     if (valueOf(StationState.MemoryNumber) > 16) StationState.MemoryNumber = "1";
     takeCorrection(settings.value(PanelLine::DbCorrection));

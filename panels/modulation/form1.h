@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/int16.h"
+#include "display/controls/pictures.h"
 #include "display/family.h"
 #include "panels/modulation/carrier_deviation.h"
 #include "panels/modulation/modulation_hold.h"

@@ -6,8 +6,8 @@
 #include "panels/modulation/form1.h"
 #include "panels/quality/form_c.h"
 #include "program/page_file.h"
+#include "program/report_fault.h"
 #include "program/station_line.h"
-#include "program/taken_for_granted.h"
 
 namespace hmonitor {
 
@@ -45,7 +45,7 @@ void Form1::bindKeys() {
 }
 
 void Form1::selectDetector(std::string_view line6) {
-    settle(desktop(), rewritePanelLine(program.files, PanelLine::Detector, line6));
+    report(desktop(), rewritePanelLine(program.files, PanelLine::Detector, line6));
 }
 
 void Form1::showVersion() {
@@ -78,8 +78,8 @@ void Form1::printRack() {
 void Form1::powerOff() {
     driver.HM_Parar();
     // Whatever becomes of the file, the power key ends the program.
-    tellFault(desktop(),
-              rewritePanelLine(program.files, PanelLine::MemoryPreset, StationState.MemoryNumber));
+    warn(desktop(),
+         rewritePanelLine(program.files, PanelLine::MemoryPreset, StationState.MemoryNumber));
     driver.HM_Terminate();
     desktop().end();
 }

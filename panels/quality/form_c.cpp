@@ -4,7 +4,7 @@
 #include "core/response_switch.h"
 #include "panels/audio/form_b.h"
 #include "program/look.h"
-#include "program/taken_for_granted.h"
+#include "program/report_fault.h"
 
 namespace hmonitor {
 
@@ -118,7 +118,7 @@ void Form_C::showSeparation(const Readings& readings) {
 
 void Form_C::readFrozen() {
     const auto stored =
-        takenForGranted(desktop(), ResponseSwitch::read(program.files, SwitchLine::PilotLevel));
+        require(desktop(), ResponseSwitch::read(program.files, SwitchLine::PilotLevel));
     FrozenError19 = static_cast<float>(stored.value(SwitchLine::PilotError));
     FrozenPilot = static_cast<float>(stored.value(SwitchLine::PilotLevel));
     StationState.ResponseState = "sisi";

@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "display/controls/pictures.h"
 #include "panels/quality/quality_figures.h"
 #include "program/program_form.h"
 

@@ -62,9 +62,9 @@ class AnalyzerMap : public AnalyzerBench {
     }
     std::optional<display::Colour> painted(int column, int row) const {
         const auto at = static_cast<std::size_t>(row * map()->grid.columns + column);
-        const std::uint32_t dot = map()->cells.at(at);
-        if (dot == 0) return std::nullopt;
-        return display::Colour{(dot & 0xff) << 16 | (dot & 0xff00) | (dot >> 16 & 0xff)};
+        const std::uint32_t pixel = map()->cells.at(at);
+        if (pixel == 0) return std::nullopt;
+        return display::Colour{(pixel & 0xff) << 16 | (pixel & 0xff00) | (pixel >> 16 & 0xff)};
     }
     /// The colour of column x + 1 at row 99 - level, none where nothing was painted.
     std::optional<display::Colour> shown(int x, int level) const {

@@ -6,7 +6,6 @@
 #include <exception>
 
 #include "display/chart.h"
-#include "display/controls.h"
 #include "tests/support/rack_bench.h"
 
 namespace {

@@ -60,8 +60,8 @@ def colour_of_key(rack, memory):
     """Of the figure on a preset key: its lightest pixel."""
     left, top, width, height = rack.box(EDITOR, key_of(memory))
     area = rack.screen.pixels.area(left + width // 3, top + height // 4, width // 3, height // 2)
-    dots = [tuple(area[at:at + 3]) for at in range(0, len(area), 4)]
-    return max(dots, key=sum)
+    pixels = [tuple(area[at:at + 3]) for at in range(0, len(area), 4)]
+    return max(pixels, key=sum)
 
 
 @case(units=({"pace": "20"},))

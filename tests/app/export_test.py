@@ -54,7 +54,7 @@ def numbers_and_pictures_of_a_chart(rack, album):
     assert png.startswith(b"\x89PNG"), "no PNG"
     wide = int.from_bytes(png[16:20], "big")
     _, _, width, _ = rack.box(SCANNER, "ChartWell")
-    assert wide > 3 * width, f"{wide} dots for a chart twice as wide as its well of {width}"
+    assert wide > 3 * width, f"{wide} pixels for a chart twice as wide as its well of {width}"
 
     rack.type(SCANNER, "ctrl+s")
     svg = xml.etree.ElementTree.fromstring(save_as(rack, album, title, "scan.svg").read_bytes())

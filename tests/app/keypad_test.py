@@ -27,9 +27,9 @@ def frequency(rack):
 
 
 def ink(rack):
-    """How many dots of the entry have the red of its digits."""
-    dots = rack.look(KEYPAD, "Text1")
-    return sum(1 for at in range(0, len(dots), 4) if dots[at + 2] > 200 and dots[at + 1] < 90)
+    """How many pixels of the entry have the red of its digits."""
+    pixels = rack.look(KEYPAD, "Text1")
+    return sum(1 for at in range(0, len(pixels), 4) if pixels[at + 2] > 200 and pixels[at + 1] < 90)
 
 
 def frequency_of_memory(rack, steps):

@@ -15,7 +15,7 @@ PRINT_MODE, TEXT_MODE, CANCEL = "SSCommand1", "SSCommand2", "SSCommand3"
 
 
 def colours(rack, form, control, wanted):
-    """How many dots of a control have a colour: red, green and blue, each near enough."""
+    """How many pixels of a control have a colour: red, green and blue, each near enough."""
     area = rack.look(form, control)
     red, green, blue = wanted
     return sum(1 for at in range(0, len(area), 4)

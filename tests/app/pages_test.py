@@ -13,7 +13,7 @@ COMMENT, PRINT, CANCEL = "Text1", "SSCommand2", "SSCommand1"
 
 
 def paper(rack, page, control="Sheet"):
-    """The share of white dots."""
+    """The share of white pixels."""
     area = rack.look(page, control)
     white = sum(1 for at in range(0, len(area), 4)
                 if min(area[at], area[at + 1], area[at + 2]) > 250)
@@ -21,14 +21,14 @@ def paper(rack, page, control="Sheet"):
 
 
 def ink(rack, page, control):
-    """How many dots are dark."""
+    """How many pixels are dark."""
     area = rack.look(page, control)
     return sum(1 for at in range(0, len(area), 4)
                if max(area[at], area[at + 1], area[at + 2]) < 110)
 
 
 def letters(rack, page):
-    """How many dots of the comment's field are light. A window that stands elsewhere rounds the
+    """How many pixels of the comment's field are light. A window that stands elsewhere rounds the
     edges of its letters in another way."""
     area = rack.look(page, COMMENT)
     return sum(1 for at in range(0, len(area), 4)

@@ -67,7 +67,7 @@ TEST(Calls, ThePanelSettingsAreWrittenByTheKeysThatStoreThemAlone) {
     // Power and detector keys; audio mode; the arming of a response; the options of the editor.
     EXPECT_THAT(filesWith({"rewritePanelLine(", ".with(PanelLine::"}),
                 ElementsAre("panels/modulation/form1_keys.cpp", "program/tuner.cpp",
-                            "tuner/set_memories_store.cpp"));
+                            "tuner/form_b_set_memories_store.cpp"));
 }
 
 }  // namespace

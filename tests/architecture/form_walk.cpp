@@ -5,7 +5,9 @@
 #include <set>
 
 #include "display/chart.h"
-#include "display/controls.h"
+#include "display/controls/buttons.h"
+#include "display/controls/containers.h"
+#include "display/controls/scroll_bar.h"
 
 namespace hmonitor::test {
 

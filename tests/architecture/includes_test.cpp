@@ -155,7 +155,7 @@ TEST(Includes, AreWrittenFromTheTopOfTheTree) {
 }
 
 TEST(Includes, TheRoomsAreToldApart) {
-    EXPECT_EQ(roomOf("display/qt/scale.h"), "display/qt");
+    EXPECT_EQ(roomOf("display/qt/painting/scale.h"), "display/qt");
     EXPECT_EQ(roomOf("display/form.h"), "display");
     EXPECT_EQ(roomOf("panels/audio/form_b.h"), "forms");
     EXPECT_TRUE(isQt("QWidget"));

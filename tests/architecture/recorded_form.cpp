@@ -4,6 +4,10 @@
 #include <sstream>
 
 #include "display/chart.h"
+#include "display/controls/control_visitor.h"
+#include "display/controls/lists.h"
+#include "display/controls/scroll_bar.h"
+#include "display/controls/text_field.h"
 #include "display/page.h"
 
 namespace hmonitor::test {

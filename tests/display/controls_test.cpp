@@ -1,5 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "display/controls.h"
+#include "display/controls/buttons.h"
+#include "display/controls/containers.h"
+#include "display/controls/control_visitor.h"
+#include "display/controls/labels.h"
+#include "display/controls/lists.h"
+#include "display/controls/pictures.h"
+#include "display/controls/scroll_bar.h"
+#include "display/controls/shapes.h"
+#include "display/controls/text_field.h"
 
 #include <gtest/gtest.h>
 
@@ -101,9 +109,9 @@ TEST_F(Controls, AreUsableOnlyWithAllThatTheyStandIn) {
 }
 
 TEST_F(Controls, SpeakTheLanguageOfTheForm) {
-    EXPECT_EQ(form.Key1.spokenName(), "Scan");
+    EXPECT_EQ(form.Key1.accessibleName(), "Scan");
     form.language = Language::Spanish;
-    EXPECT_EQ(form.Key1.spokenName(), "Barrido");
+    EXPECT_EQ(form.Key1.accessibleName(), "Barrido");
 }
 
 TEST_F(Controls, PressingAKeyInCodeRunsItsClick) {

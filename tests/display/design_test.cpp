@@ -53,7 +53,7 @@ TEST_F(Rows, SpeakTheLanguageOfTheForm) {
         EXPECT_EQ(form.KeyN.caption, spanish ? "Pausa" : "Pause");
         place(form.KeyN, {}, Caption{"AVG"}, SaysAndTip{"Media", "Average"});
         EXPECT_EQ(form.KeyN.caption, "AVG");
-        EXPECT_EQ(form.KeyN.spokenName(), spanish ? "Media" : "Average");
+        EXPECT_EQ(form.KeyN.accessibleName(), spanish ? "Media" : "Average");
         EXPECT_STREQ(form.KeyN.tip.english, "Average");
     }
 }

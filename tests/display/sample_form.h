@@ -6,7 +6,14 @@
 #include <vector>
 
 #include "display/chart.h"
-#include "display/controls.h"
+#include "display/controls/buttons.h"
+#include "display/controls/containers.h"
+#include "display/controls/labels.h"
+#include "display/controls/lists.h"
+#include "display/controls/pictures.h"
+#include "display/controls/scroll_bar.h"
+#include "display/controls/shapes.h"
+#include "display/controls/text_field.h"
 #include "display/family.h"
 #include "display/form.h"
 

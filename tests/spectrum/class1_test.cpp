@@ -197,7 +197,7 @@ TEST(BandTicks, DoNotFollowTheLeftMargin) {
     EXPECT_THAT(canvas.startingWith("box 808080 300.00 3330.00 314.00 3400.00"), SizeIs(1));
 }
 
-TEST(SmallBand, SetsItsOwnFaces) {
+TEST(SmallBand, SetsItsOwnFonts) {
     TextCanvas canvas(840, 240);
     canvas.fontName = "";
     Class1 graph = smallBandGraph(canvas);
@@ -206,7 +206,7 @@ TEST(SmallBand, SetsItsOwnFaces) {
     EXPECT_EQ(canvas.fontPoints, 7);
 }
 
-TEST(FineGraphs, LeaveTheFaceOfTheCanvas) {
+TEST(FineGraphs, LeaveTheFontOfTheCanvas) {
     TextCanvas canvas(kWidth, kHeight);
     canvas.fontName = "other";
     canvas.fontPoints = 5;
@@ -218,7 +218,7 @@ TEST(FineGraphs, LeaveTheFaceOfTheCanvas) {
     EXPECT_EQ(canvas.fontPoints, 5);
 }
 
-TEST(GraphPixel, IsOneColumnOfDotsAndLeavesItsColour) {
+TEST(GraphPixel, IsOneColumnOfPixelsAndLeavesItsColour) {
     TextCanvas canvas(kWidth, 4000);
     Class1 graph = bandGraph(canvas);
     graph.GraphInit();

@@ -64,12 +64,12 @@ void checkCaptions(Form& form) {
     }
 }
 
-void checkSpoken(Form& form) {
+void checkAccessible(Form& form) {
     for (display::Language language : {display::Language::Spanish, display::Language::English}) {
         form.language = language;
         for (Control* control : form.controls()) {
             if (!control->interactive()) continue;
-            EXPECT_FALSE(control->spokenName().empty()) << control->name();
+            EXPECT_FALSE(control->accessibleName().empty()) << control->name();
             const bool spanish = language == display::Language::Spanish;
             EXPECT_STRNE(spanish ? control->tip.spanish : control->tip.english, "")
                 << control->name();
@@ -135,9 +135,9 @@ TEST_F(TunerWindows, CaptionsFitTheirKeys) {
 
 TEST_F(TunerWindows, EveryControlHasANameAndATipInBothLanguages) {
     bench.startInEditor();
-    checkSpoken(editor);
+    checkAccessible(editor);
     keypad.load();
-    checkSpoken(keypad);
+    checkAccessible(keypad);
 }
 
 TEST_F(TunerWindows, EnterInAFieldSavesTheMemory) {
@@ -301,9 +301,9 @@ TEST(TunerWindowsInSpanish, SpeakSpanishAndLabelTheFieldsSo) {
     EXPECT_EQ(bench.editor.Label_Frequency.caption, "Frecuencia [MHz]");
     EXPECT_EQ(bench.editor.Label_Name.caption, "Nombre");
     EXPECT_EQ(bench.editor.Label_Selected.caption, "Memoria 1");
-    EXPECT_EQ(bench.editor.SSCommand20.spokenName(), "Guardar");
+    EXPECT_EQ(bench.editor.SSCommand20.accessibleName(), "Guardar");
     bench.keypad.load();
-    EXPECT_EQ(bench.keypad.SSCommand12.spokenName(), "Cerrar");
+    EXPECT_EQ(bench.keypad.SSCommand12.accessibleName(), "Cerrar");
 }
 
 TEST(TunerWindowsInEnglish, SpeakEnglishAndLabelTheFieldsSo) {
@@ -312,7 +312,7 @@ TEST(TunerWindowsInEnglish, SpeakEnglishAndLabelTheFieldsSo) {
         bench.startInEditor();
         EXPECT_EQ(bench.editor.language.get(), display::Language::English);
         EXPECT_EQ(bench.editor.Label_Name.caption, "Name");
-        EXPECT_EQ(bench.editor.SSCommand20.spokenName(), "Save");
+        EXPECT_EQ(bench.editor.SSCommand20.accessibleName(), "Save");
     }
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Every caption of every window fits its control, measured in the face that it is painted in.
+// Every caption of every window fits its control, measured in the font that it is painted in.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -11,10 +11,11 @@
 #include <algorithm>
 
 #include "display/chart.h"
-#include "display/qt/control_widget.h"
-#include "display/qt/faces.h"
-#include "display/qt/pictures.h"
-#include "display/qt/scale.h"
+#include "display/controls/control_visitor.h"
+#include "display/qt/painting/fonts.h"
+#include "display/qt/painting/key_cap.h"
+#include "display/qt/painting/scale.h"
+#include "display/qt/widgets/control_widget.h"
 #include "tests/support/rack_bench.h"
 
 namespace display::qt {
@@ -48,7 +49,7 @@ class Fit final : public ControlVisitor {
         if (text.isEmpty()) return;
         const Font& font = label.font;
         const QFontMetricsF metrics(
-            Faces::get().font(kScale.px(font.size), font.weight, font.spaced));
+            Fonts::get().font(kScale.px(font.size), font.weight, font.spaced));
         if (label.wraps || text.contains('\n')) {
             const int flags = Qt::AlignLeft | (label.wraps ? Qt::TextWordWrap : 0);
             const QRectF needed = metrics.boundingRect(QRectF(0, 0, width_, height_), flags, text);
@@ -60,7 +61,7 @@ class Fit final : public ControlVisitor {
     }
     void visit(Panel& panel) override {
         const QString text = qText(panel.caption);
-        const QFontMetricsF metrics(Faces::get().font(14, Weight::Bold));
+        const QFontMetricsF metrics(Fonts::get().font(14, Weight::Bold));
         if (!text.isEmpty()) expect(text, metrics.horizontalAdvance(text), width_ - 8, "wide");
     }
     void visit(Key& key) override { expectOnCap(qText(key.caption)); }
@@ -69,13 +70,13 @@ class Fit final : public ControlVisitor {
     void visit(Option& option) override { expectBeside<QRadioButton>(qText(option.caption)); }
     void visit(ComboBox& box) override {
         QComboBox shown;
-        shown.setFont(Faces::get().font(kScale.px(125), Weight::Normal));
+        shown.setFont(Fonts::get().font(kScale.px(125), Weight::Normal));
         for (const std::string& row : box.list.rows()) shown.addItem(QString::fromStdString(row));
         if (shown.count() > 0) expect("its rows", shown.sizeHint().width(), width_, "wide");
     }
     void visit(Tabs& tabs) override {
         constexpr qreal kPadding = 16;
-        const QFontMetricsF metrics(Faces::get().font(kScale.px(125), Weight::Normal));
+        const QFontMetricsF metrics(Fonts::get().font(kScale.px(125), Weight::Normal));
         const auto count = static_cast<qreal>(tabs.pages().size());
         for (const Tabs::Page& page : tabs.pages()) {
             const QString text = QString::fromStdString(page.caption);
@@ -85,7 +86,7 @@ class Fit final : public ControlVisitor {
     void visit(TextField& field) override {
         constexpr qreal kPadding = 8;
         const Font& font = field.font;
-        const QFontMetricsF metrics(Faces::get().font(kScale.px(font.size), font.weight));
+        const QFontMetricsF metrics(Fonts::get().font(kScale.px(font.size), font.weight));
         const QString text = qText(field.text.get());
         if (text.isEmpty()) return;
         expect(text, metrics.horizontalAdvance(text) + kPadding, width_, "wide");
@@ -117,7 +118,7 @@ class Fit final : public ControlVisitor {
     template <class Button>
     void expectBeside(const QString& text) {
         Button button;
-        button.setFont(Faces::get().font(kScale.px(120), Weight::Normal));
+        button.setFont(Fonts::get().font(kScale.px(120), Weight::Normal));
         button.setText(text);
         if (!text.isEmpty()) expect(text, button.sizeHint().width(), width_, "wide");
     }
@@ -134,7 +135,7 @@ class Measured : public testing::Test {
         static char name[] = "test_captions";
         static char* argv[] = {name, nullptr};
         qputenv("QT_QPA_PLATFORM", "offscreen");
-        // Faces and pictures outlive whatever could delete it.
+        // Fonts and pictures outlive whatever could delete it.
         [[maybe_unused]] static const auto* application = new QApplication(argc, argv);
     }
 };
@@ -143,7 +144,7 @@ class Measured : public testing::Test {
 class Captions : public Measured, public testing::WithParamInterface<int> {};
 
 TEST_P(Captions, FitTheirControlsInEveryWindow) {
-    ASSERT_TRUE(Faces::get().found());
+    ASSERT_TRUE(Fonts::get().found());
     hmonitor::test::RackBench bench(GetParam());
     bench.start();
     int captions = 0;

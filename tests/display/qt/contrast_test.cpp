@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
-#include "display/controls.h"
-#include "display/qt/palette.h"
+#include "display/qt/painting/palette.h"
 #include "program/look.h"
 
 namespace display::qt {

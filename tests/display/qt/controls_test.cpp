@@ -7,7 +7,7 @@
 #include <QMouseEvent>
 #include <QTabBar>
 
-#include "display/qt/scroll_bar_widget.h"
+#include "display/qt/widgets/scroll_bar_widget.h"
 #include "tests/display/qt/qt_bench.h"
 
 namespace display::qt {

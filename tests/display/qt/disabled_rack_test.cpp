@@ -2,7 +2,7 @@
 // A window that disables the rack: where it stands, how the rack looks, what a click on it does.
 #include <QWindow>
 
-#include "display/qt/palette.h"
+#include "display/qt/painting/palette.h"
 #include "tests/display/qt/rack_of_two.h"
 
 namespace display::qt {

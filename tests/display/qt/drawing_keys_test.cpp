@@ -195,7 +195,7 @@ TEST_F(DrawingPictures, OfAChartHaveItsBars) {
         sample->Chart1.data("80");
     }
     const std::string svg = desktop->pictureOf(sample->Chart1, PictureFormat::Svg);
-    EXPECT_EQ(svg.find("<image"), std::string::npos) << "bars are figures, no dots";
+    EXPECT_EQ(svg.find("<image"), std::string::npos) << "bars are figures, no pixels";
     const QImage image = QImage::fromData(
         QByteArray::fromStdString(desktop->pictureOf(sample->Chart1, PictureFormat::Png)), "PNG");
     int green = 0;

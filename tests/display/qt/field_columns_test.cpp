@@ -3,7 +3,7 @@
 #include <QImage>
 #include <cmath>
 
-#include "display/qt/field_columns.h"
+#include "display/qt/widgets/field_columns.h"
 #include "tests/display/qt/qt_bench.h"
 
 namespace display::qt {

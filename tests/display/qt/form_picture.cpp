@@ -49,27 +49,27 @@ QImage FormPicture::changedBy(const std::function<void()>& change,
     change();
     const QImage after = taken();
     undo();
-    QImage dots(before.size(), QImage::Format_Grayscale8);
-    dots.fill(0);
-    for (int y = 0; y < dots.height(); ++y) {
-        for (int x = 0; x < dots.width(); ++x) {
-            // A dot that an edge covers in small part is no ink.
+    QImage pixels(before.size(), QImage::Format_Grayscale8);
+    pixels.fill(0);
+    for (int y = 0; y < pixels.height(); ++y) {
+        for (int x = 0; x < pixels.width(); ++x) {
+            // A pixel that an edge covers in small part is no ink.
             constexpr int kFaint = 40;
             const QRgb a = before.pixel(x, y), b = after.pixel(x, y);
             const int away = std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
                                        std::abs(qBlue(a) - qBlue(b))});
-            if (away > kFaint) dots.scanLine(y)[x] = 255;
+            if (away > kFaint) pixels.scanLine(y)[x] = 255;
         }
     }
-    return dots;
+    return pixels;
 }
 
-QImage FormPicture::dotsOf(Control& control) {
+QImage FormPicture::pixelsOf(Control& control) {
     return changedBy([&] { control.visible = false; }, [&] { control.visible = true; });
 }
 
 QRect FormPicture::inkOf(Control& control) {
-    return inkBox(dotsOf(control));
+    return inkBox(pixelsOf(control));
 }
 
 QPointF FormPicture::middleOf(Control& control) {
@@ -89,11 +89,11 @@ QPointF FormPicture::pointIn(const Panel& panel, float x, float y) const {
            scale.deviceRatio();
 }
 
-QRect inkBox(const QImage& dots) {
+QRect inkBox(const QImage& pixels) {
     QRect box;
-    for (int y = 0; y < dots.height(); ++y) {
-        for (int x = 0; x < dots.width(); ++x) {
-            if (dots.constScanLine(y)[x] != 0) box |= QRect(x, y, 1, 1);
+    for (int y = 0; y < pixels.height(); ++y) {
+        for (int x = 0; x < pixels.width(); ++x) {
+            if (pixels.constScanLine(y)[x] != 0) box |= QRect(x, y, 1, 1);
         }
     }
     return box;

@@ -9,12 +9,12 @@
 #include <memory>
 
 #include "display/form.h"
-#include "display/qt/form_view.h"
-#include "display/qt/qt_desktop.h"
+#include "display/qt/windows/form_view.h"
+#include "display/qt/windows/qt_desktop.h"
 
 namespace display::qt {
 
-/// A form of the program as the screen shows it, to be read back dot by dot. The program itself
+/// A form of the program as the screen shows it, to be read back pixel by pixel. The program itself
 /// runs on the desktop without a screen. What a control paints is found by taking it away, so that
 /// no test has to know how anything is drawn. Places are device pixels of the form.
 class FormPicture {
@@ -25,10 +25,10 @@ class FormPicture {
     /// The form as it stands now.
     QImage taken();
 
-    /// The dots that differ while a change is in force; `undo` takes it back.
+    /// The pixels that differ while a change is in force; `undo` takes it back.
     QImage changedBy(const std::function<void()>& change, const std::function<void()>& undo);
-    /// What of a control is seen, as dots that are set; and the box around them.
-    QImage dotsOf(Control& control);
+    /// What of a control is seen, as pixels that are set; and the box around them.
+    QImage pixelsOf(Control& control);
     QRect inkOf(Control& control);
     /// The middle of the ink: of a figure of a scale, where its value stands.
     QPointF middleOf(Control& control);
@@ -43,9 +43,9 @@ class FormPicture {
     Form& form_;
 };
 
-/// The box around the dots that are set; empty where there are none.
-QRect inkBox(const QImage& dots);
-/// The same of the dots of about that colour within a place of a picture.
+/// The box around the pixels that are set; empty where there are none.
+QRect inkBox(const QImage& pixels);
+/// The same of the pixels of about that colour within a place of a picture.
 QRect inkBox(const QImage& picture, const QRect& within, const QColor& colour);
 bool isAbout(const QColor& one, const QColor& other);
 

@@ -2,8 +2,8 @@
 // Where the keyboard goes, and when a control shows that it has it.
 #include <QKeyEvent>
 
-#include "display/qt/fold_bar.h"
-#include "display/qt/palette.h"
+#include "display/qt/painting/palette.h"
+#include "display/qt/windows/fold_bar.h"
 #include "tests/display/qt/rack_of_two.h"
 
 namespace display::qt {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "display/qt/desktop_language.h"
+#include "display/qt/windows/desktop_language.h"
 
 #include "tests/display/qt/qt_bench.h"
 

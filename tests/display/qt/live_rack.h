@@ -9,8 +9,8 @@
 #include <memory>
 
 #include "app/forms.h"
-#include "display/qt/form_view.h"
-#include "display/qt/qt_desktop.h"
+#include "display/qt/windows/form_view.h"
+#include "display/qt/windows/qt_desktop.h"
 #include "tests/support/rack_bench.h"
 
 namespace hmonitor::test {
@@ -18,7 +18,7 @@ namespace hmonitor::test {
 /// One application for the whole run, without a screen unless the environment names one.
 inline void startApplication() {
     static int argc = 1;
-    static char name[] = "test_spoken";
+    static char name[] = "test_accessible";
     static char* argv[] = {name, nullptr};
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     static const auto* app = new QApplication(argc, argv);

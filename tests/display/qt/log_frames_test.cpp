@@ -8,9 +8,9 @@
 #include <QTest>
 
 #include "app/forms.h"
-#include "display/qt/form_view.h"
-#include "display/qt/page_painter.h"
-#include "display/qt/qt_desktop.h"
+#include "display/qt/painting/page_painter.h"
+#include "display/qt/windows/form_view.h"
+#include "display/qt/windows/qt_desktop.h"
 #include "performance/day_report.h"
 #include "performance/report_page.h"
 #include "tests/support/rack_bench.h"
@@ -59,7 +59,7 @@ class LogScreen : public testing::Test {
             static int argc = 1;
             static char name[] = "test_log_frames";
             static char* argv[] = {name, nullptr};
-            // The faces that were loaded go with it.
+            // The fonts that were loaded go with it.
             [[maybe_unused]] static const auto* application = new QApplication(argc, argv);
         }
     };
@@ -102,10 +102,10 @@ TEST_F(LogScreen, TheReportHasNoInkBeyondTheMargins) {
     constexpr qreal kDotsPerInch = 72;
     const auto report = dayReport(dayLog(100), "20260304", "Marvenia");
     for (const display::Paper& paper : {display::kA4, display::kLetter}) {
-        const auto dots = [](float units) {
+        const auto pixels = [](float units) {
             return static_cast<int>(units * kDotsPerInch / display::kPageUnitsPerInch);
         };
-        QImage image(dots(paper.width), dots(paper.height), QImage::Format_RGB32);
+        QImage image(pixels(paper.width), pixels(paper.height), QImage::Format_RGB32);
         image.fill(Qt::white);
         QPainter painter(&image);
         display::qt::paintPages(painter, composeReportPage(report, paper, 14), 1, 1, kDotsPerInch,

@@ -8,8 +8,8 @@
 #include <QScrollBar>
 #include <QTemporaryDir>
 
-#include "display/qt/page_painter.h"
-#include "display/qt/page_preview_widget.h"
+#include "display/qt/painting/page_painter.h"
+#include "display/qt/widgets/page_preview_widget.h"
 #include "tests/display/qt/paper_desktop.h"
 #include "tests/display/qt/qt_bench.h"
 
@@ -17,22 +17,22 @@ namespace display::qt {
 
 namespace {
 
-/// Ten page units a dot.
+/// Ten page units a pixel.
 constexpr qreal kDotsPerInch = 144;
 
-int dot(float units) {
+int pixel(float units) {
     return qRound(units * kDotsPerInch / kPageUnitsPerInch);
 }
 
 QImage pictureOf(const PageDocument& document, const Paper& paper) {
-    QImage image(dot(paper.width), dot(paper.height), QImage::Format_RGB32);
+    QImage image(pixel(paper.width), pixel(paper.height), QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);
     paintPages(painter, document, 1, 1, kDotsPerInch, [] {});
     return image;
 }
 
-/// The dots that are not white; red ones alone where asked for.
+/// The pixels that are not white; red ones alone where asked for.
 QRect inkOf(const QImage& image) {
     QRect ink;
     for (int y = 0; y < image.height(); ++y) {
@@ -78,11 +78,11 @@ TEST_F(PagePaint, LinesAndRectanglesStandAtTheirCoordinatesFromTheMarginsCorner)
     document.rectangle({1000, 2000}, {5000, 4000});
     const QImage image = pictureOf(document, kA4);
     const QRect ink = inkOf(image);
-    EXPECT_NEAR(ink.left(), dot(720 + 1000 - 20), 1);
-    EXPECT_NEAR(ink.top(), dot(720 + 2000 - 20), 1);
-    EXPECT_NEAR(ink.right(), dot(720 + 5000 + 20), 1);
-    EXPECT_NEAR(ink.bottom(), dot(720 + 4000 + 20), 1);
-    EXPECT_EQ(image.pixelColor(dot(720 + 3000), dot(720 + 3000)), QColor(Qt::white));
+    EXPECT_NEAR(ink.left(), pixel(720 + 1000 - 20), 1);
+    EXPECT_NEAR(ink.top(), pixel(720 + 2000 - 20), 1);
+    EXPECT_NEAR(ink.right(), pixel(720 + 5000 + 20), 1);
+    EXPECT_NEAR(ink.bottom(), pixel(720 + 4000 + 20), 1);
+    EXPECT_EQ(image.pixelColor(pixel(720 + 3000), pixel(720 + 3000)), QColor(Qt::white));
 }
 
 TEST_F(PagePaint, APolylineGoesThroughItsPointsInItsColourAndWidth) {
@@ -90,12 +90,12 @@ TEST_F(PagePaint, APolylineGoesThroughItsPointsInItsColourAndWidth) {
     document.pen = {kRed, 70, PenStyle::Solid};
     document.polyline("0 3000 3000 1000 6000 3000 ");
     const QImage image = pictureOf(document, kA4);
-    EXPECT_EQ(image.pixelColor(dot(720 + 1500), dot(720 + 2000)), QColor(Qt::red));
-    EXPECT_EQ(image.pixelColor(dot(720 + 4500), dot(720 + 2000)), QColor(Qt::red));
-    EXPECT_EQ(image.pixelColor(dot(720 + 3000), dot(720 + 3000)), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(pixel(720 + 1500), pixel(720 + 2000)), QColor(Qt::red));
+    EXPECT_EQ(image.pixelColor(pixel(720 + 4500), pixel(720 + 2000)), QColor(Qt::red));
+    EXPECT_EQ(image.pixelColor(pixel(720 + 3000), pixel(720 + 3000)), QColor(Qt::white));
     int wide = 0;
-    for (int y = dot(720 + 1000); y < dot(720 + 3000); ++y)
-        wide += image.pixelColor(dot(720 + 1500), y) == QColor(Qt::red);
+    for (int y = pixel(720 + 1000); y < pixel(720 + 3000); ++y)
+        wide += image.pixelColor(pixel(720 + 1500), y) == QColor(Qt::red);
     // The line slants: 70 units across it are 84 along y.
     EXPECT_NEAR(wide, 84 / 10.0, 2);
 }
@@ -105,20 +105,20 @@ TEST_F(PagePaint, AnUprightTextBeginsAtItsUpperLeftCornerAndATurnedOneGoesUp) {
     document.font.points = 24;
     document.text({2000, 3000}, "EEEEEEEE");
     const QRect upright = inkOf(pictureOf(document, kA4));
-    EXPECT_NEAR(upright.left(), dot(720 + 2000), 6);
-    EXPECT_GE(upright.top(), dot(720 + 3000));
-    EXPECT_LE(upright.bottom(), dot(720 + 3000 + lineHeight(24)));
+    EXPECT_NEAR(upright.left(), pixel(720 + 2000), 6);
+    EXPECT_GE(upright.top(), pixel(720 + 3000));
+    EXPECT_LE(upright.bottom(), pixel(720 + 3000 + lineHeight(24)));
     EXPECT_GT(upright.width(), 4 * upright.height());
 
     PageDocument turnedDocument = withMargins();
     turnedDocument.font.points = 24;
     turnedDocument.turnedText({2000, 6000}, 900, "EEEEEEEE");
     const QRect turned = inkOf(pictureOf(turnedDocument, kA4));
-    EXPECT_NEAR(turned.bottom(), dot(720 + 6000), 6);
+    EXPECT_NEAR(turned.bottom(), pixel(720 + 6000), 6);
     EXPECT_NEAR(turned.height(), upright.width(), 2);
     EXPECT_NEAR(turned.width(), upright.height(), 2);
-    EXPECT_GE(turned.left(), dot(720 + 2000));
-    EXPECT_LE(turned.right(), dot(720 + 2000 + lineHeight(24)));
+    EXPECT_GE(turned.left(), pixel(720 + 2000));
+    EXPECT_LE(turned.right(), pixel(720 + 2000 + lineHeight(24)));
 }
 
 TEST_F(PagePaint, ATextOfFixedPitchIsAsWideAsItsCharacters) {
@@ -128,11 +128,11 @@ TEST_F(PagePaint, ATextOfFixedPitchIsAsWideAsItsCharacters) {
     document.font.pitch = Pitch::Proportional;
     const QRect ink = inkOf(pictureOf(document, kA4));
     // From the middle of the first character to the middle of the last one.
-    EXPECT_NEAR(ink.left() + ink.width() / 2.0, dot(1000 + 25.5f * fixedAdvance(10)), 1.5);
-    EXPECT_NEAR(ink.width(), dot(50 * fixedAdvance(10)), 3);
+    EXPECT_NEAR(ink.left() + ink.width() / 2.0, pixel(1000 + 25.5f * fixedAdvance(10)), 1.5);
+    EXPECT_NEAR(ink.width(), pixel(50 * fixedAdvance(10)), 3);
 }
 
-TEST_F(PagePaint, TheFixedFaceIsFixed) {
+TEST_F(PagePaint, TheFixedFontIsFixed) {
     const auto widthOf = [](const std::string& text) {
         PageDocument document;
         document.font = {20, Weight::Normal, Pitch::Fixed, kBlack};
@@ -148,7 +148,7 @@ TEST_F(PagePaint, APictureFillsNoMoreThanItsPlace) {
         document.picture(name, {550, -360}, 2500, 400);
         const QRect ink = inkOf(pictureOf(document, kA4));
         ASSERT_FALSE(ink.isEmpty()) << name;
-        EXPECT_TRUE(QRect(dot(1270), dot(360), dot(2500), dot(400)).contains(ink)) << name;
+        EXPECT_TRUE(QRect(pixel(1270), pixel(360), pixel(2500), pixel(400)).contains(ink)) << name;
     }
 }
 
@@ -187,15 +187,15 @@ class Preview : public QtBench {
         QImage image = preview().grab().toImage().convertToFormat(QImage::Format_RGB32);
         return image;
     }
-    /// The dots of one colour.
-    static QRect dotsOf(const QImage& image, QRgb colour) {
-        QRect dots;
+    /// The pixels of one colour.
+    static QRect pixelsOf(const QImage& image, QRgb colour) {
+        QRect pixels;
         for (int y = 0; y < image.height(); ++y) {
             for (int x = 0; x < image.width(); ++x) {
-                if (image.pixel(x, y) == colour) dots |= QRect(x, y, 1, 1);
+                if (image.pixel(x, y) == colour) pixels |= QRect(x, y, 1, 1);
             }
         }
-        return dots;
+        return pixels;
     }
 
     PagePreviewForm form{*desktop};
@@ -215,19 +215,19 @@ TEST_F(Preview, ShowsTheSheetAtItsTrueProportionsWithItsMarks) {
     settle();
     QRect sheet;
     ASSERT_TRUE(until([&] {
-        sheet = dotsOf(picture(), qRgb(255, 255, 255));
+        sheet = pixelsOf(picture(), qRgb(255, 255, 255));
         return sheet.height() > 100;
     }));
     keep(form, "preview");
     EXPECT_NEAR(double(sheet.height()) / sheet.width(), paper.height / paper.width, 0.02);
-    const QRect cross = dotsOf(picture(), qRgb(255, 0, 0));
+    const QRect cross = pixelsOf(picture(), qRgb(255, 0, 0));
     EXPECT_NEAR(cross.center().x(), sheet.center().x(), 2);
     EXPECT_NEAR(cross.center().y(), sheet.center().y(), 2);
     EXPECT_NEAR(cross.width(), sheet.width() / 2.0, 4);
     EXPECT_NEAR(cross.height(), sheet.height() / 2.0, 4);
 }
 
-TEST_F(Preview, APictureFillsNoMoreThanItsPlaceWhateverTheDotsOfThePaper) {
+TEST_F(Preview, APictureFillsNoMoreThanItsPlaceWhateverThePixelsOfThePaper) {
     PageDocument document = withMargins();
     document.picture("InkMarvenia", {550, -360}, 2500, 400);
     form.ViewPro1.show(document);
@@ -235,7 +235,7 @@ TEST_F(Preview, APictureFillsNoMoreThanItsPlaceWhateverTheDotsOfThePaper) {
     settle();
     QRect sheet;
     ASSERT_TRUE(until([&] {
-        sheet = dotsOf(picture(), qRgb(255, 255, 255));
+        sheet = pixelsOf(picture(), qRgb(255, 255, 255));
         return sheet.height() > 100;
     }));
     const QImage seen = picture().copy(sheet.adjusted(2, 2, -2, -2));
@@ -281,11 +281,11 @@ TEST_F(Preview, AnotherDocumentTakesThePlaceOfTheFirst) {
     form.ViewPro1.zoom = 40;
     form.ViewPro1.show(red);
     settle();
-    ASSERT_TRUE(until([&] { return !dotsOf(picture(), qRgb(255, 0, 0)).isEmpty(); }));
+    ASSERT_TRUE(until([&] { return !pixelsOf(picture(), qRgb(255, 0, 0)).isEmpty(); }));
     form.ViewPro1.show(withMargins());
     settle();
-    EXPECT_TRUE(until([&] { return dotsOf(picture(), qRgb(255, 0, 0)).isEmpty(); }));
-    EXPECT_TRUE(until([&] { return !dotsOf(picture(), qRgb(255, 255, 255)).isEmpty(); }));
+    EXPECT_TRUE(until([&] { return pixelsOf(picture(), qRgb(255, 0, 0)).isEmpty(); }));
+    EXPECT_TRUE(until([&] { return !pixelsOf(picture(), qRgb(255, 255, 255)).isEmpty(); }));
 }
 
 TEST_F(Preview, TakesTheKeyboardAndLeavesEscapeToItsForm) {

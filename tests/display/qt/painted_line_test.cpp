@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "display/qt/painted.h"
+#include "display/qt/painting/painted.h"
 #include "tests/display/qt/qt_bench.h"
 
 namespace display::qt {
@@ -69,7 +69,7 @@ TEST_P(NeedleLook, RoundStroke_LooksAsThePainterRoundsIt) {
             }
         }
         EXPECT_GT(lit, 500);
-        // A few dots of the edge where the ends meet the stroke.
+        // A few pixels of the edge where the ends meet the stroke.
         EXPECT_LE(different, 12) << "to " << x;
     }
 }
@@ -89,7 +89,7 @@ TEST_P(NeedleLook, RoundStroke_TouchesNothingOutsideItsReach) {
     }
 }
 
-TEST_P(NeedleLook, RoundStrokeOnPaper_HasThePapersOwnDots) {
+TEST_P(NeedleLook, RoundStrokeOnPaper_HasThePapersOwnPixels) {
     needle.from(1500, 1800);
     needle.to(777, 333);
     const auto painted = paintedLine(needle);

@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "display/qt/scale.h"
+#include "display/qt/painting/scale.h"
 #include "tests/display/qt/qt_bench.h"
 
 namespace display::qt {
@@ -176,7 +176,7 @@ TEST_F(Painting, Child_IsCutAtTheEdgeOfItsContainer) {
     EXPECT_NE(colourAt(QPoint(static_cast<int>(well.right()) + 3, y)), QColor(Qt::cyan));
 }
 
-TEST_F(Painting, Drawing_BoxesTakeTheirLastDotsInAndClearTakesThemAway) {
+TEST_F(Painting, Drawing_BoxesTakeTheirLastPixelsInAndClearTakesThemAway) {
     sample->PictureBox1.drawing.foreground = kGreen;
     sample->PictureBox1.drawing.box(0, 0, 120, 100);
     desktop->frameSoon();
@@ -273,7 +273,7 @@ TEST(ScaleTest, RackStandsWholeOnSmallScreensAndGrowsOnLargeOnes) {
     EXPECT_DOUBLE_EQ(Scale::fitting(rack, {5120, 2880}), 0.145);
 }
 
-class Spoken : public Painting {
+class Accessible : public Painting {
  protected:
     QAccessibleInterface* child(const QString& name) {
         QAccessibleInterface* form = QAccessible::queryAccessibleInterface(&view(*sample));
@@ -287,7 +287,7 @@ class Spoken : public Painting {
     }
 };
 
-TEST_F(Spoken, Readout_HasNameAndValueInTheLanguageOfTheForm) {
+TEST_F(Accessible, Readout_HasNameAndValueInTheLanguageOfTheForm) {
     QAccessibleInterface* readout = child("Carrier deviation");
     ASSERT_NE(readout, nullptr);
     sample->Label1.caption = "other words";
@@ -299,16 +299,16 @@ TEST_F(Spoken, Readout_HasNameAndValueInTheLanguageOfTheForm) {
     EXPECT_NE(child("other words"), nullptr);
 }
 
-TEST_F(Spoken, EveryInteractiveControl_IsThereByItsName) {
+TEST_F(Accessible, EveryInteractiveControl_IsThereByItsName) {
     for (const char* name : {"Peak", "Scan", "OK", "Exit", "Name", "Stereo", "50 microseconds",
                              "Mode", "Sessions", "Frequency", "One", "Spectrum"}) {
         EXPECT_NE(child(name), nullptr) << name;
     }
 }
 
-TEST_F(Spoken, ChangingReadout_IsToldAtMostTwiceASecond) {
+TEST_F(Accessible, ChangingReadout_IsToldAtMostTwiceASecond) {
     ASSERT_NE(child("Carrier deviation"), nullptr);
-    const int before = view(*sample).spoken().tellings();
+    const int before = view(*sample).accessible().announcements();
     QElapsedTimer passed;
     passed.start();
     for (int i = 0; i < 40; ++i) {
@@ -317,7 +317,7 @@ TEST_F(Spoken, ChangingReadout_IsToldAtMostTwiceASecond) {
         QTest::qWait(30);
     }
     QTest::qWait(600);
-    const int told = view(*sample).spoken().tellings() - before;
+    const int told = view(*sample).accessible().announcements() - before;
     EXPECT_GE(told, 1);
     EXPECT_LE(told, passed.elapsed() / 500 + 1);
 }

@@ -4,7 +4,7 @@
 #include <QPrinter>
 #include <memory>
 
-#include "display/qt/qt_desktop.h"
+#include "display/qt/windows/qt_desktop.h"
 
 namespace display::qt {
 

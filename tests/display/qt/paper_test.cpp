@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Forms and sheets on paper, read back from their dots.
+// Forms and sheets on paper, read back from their pixels.
 #include <QFile>
 #include <QPainter>
 #include <QPdfWriter>
@@ -7,9 +7,9 @@
 #include <QTemporaryDir>
 
 #include "display/chart.h"
-#include "display/qt/chart_painter.h"
-#include "display/qt/form_painter.h"
-#include "display/qt/page_writer.h"
+#include "display/qt/painting/chart_painter.h"
+#include "display/qt/painting/form_painter.h"
+#include "display/qt/painting/page_writer.h"
 #include "tests/display/qt/qt_bench.h"
 
 namespace display::qt {
@@ -61,26 +61,26 @@ class SheetPaint : public QtBench {
  protected:
     SheetPaint() { form.load(); }
 
-    static constexpr qreal kDot = 0.1;  ///< dots a twip
+    static constexpr qreal kPixel = 0.1;  ///< pixels a twip
 
-    static int dot(float twips) { return qRound(twips * kDot); }
+    static int pixel(float twips) { return qRound(twips * kPixel); }
 
     QImage picture(QSizeF twips, const std::function<void(QPainter&)>& paint) {
-        QImage image((twips * kDot).toSize(), QImage::Format_RGB32);
+        QImage image((twips * kPixel).toSize(), QImage::Format_RGB32);
         image.fill(Qt::magenta);
         QPainter painter(&image);
-        painter.scale(kDot, kDot);
+        painter.scale(kPixel, kPixel);
         paint(painter);
         return image;
     }
     QImage sheet() {
-        return picture({8000, 6000}, [&](QPainter& p) { paintSheet(p, form.Sheet, kDot); });
+        return picture({8000, 6000}, [&](QPainter& p) { paintSheet(p, form.Sheet, kPixel); });
     }
     QImage whole() {
-        return picture({9000, 7000}, [&](QPainter& p) { paintForm(p, form, kDot); });
+        return picture({9000, 7000}, [&](QPainter& p) { paintForm(p, form, kPixel); });
     }
-    static QRect dotsOf(const QImage& image, const QRect& within,
-                        const std::function<bool(QColor)>& wanted) {
+    static QRect pixelsOf(const QImage& image, const QRect& within,
+                          const std::function<bool(QColor)>& wanted) {
         QRect found;
         const QRect place = within & image.rect();
         for (int y = place.top(); y <= place.bottom(); ++y) {
@@ -92,10 +92,11 @@ class SheetPaint : public QtBench {
     }
     static bool dark(QColor colour) { return qGray(colour.rgb()) < 128; }
     static QRect boxOf(const Control& control) {
-        return {dot(control.left), dot(control.top), dot(control.width), dot(control.height)};
+        return {pixel(control.left), pixel(control.top), pixel(control.width),
+                pixel(control.height)};
     }
     QRect inkOf(const QImage& image, const Control& control) {
-        return dotsOf(image, boxOf(control), dark);
+        return pixelsOf(image, boxOf(control), dark);
     }
 
     PaperForm form{*desktop};
@@ -106,15 +107,15 @@ TEST_F(SheetPaint, ASheetStandsAloneWithWhatLiesOnIt) {
     EXPECT_EQ(image.pixelColor(1, 1), QColor(Qt::white));
     EXPECT_EQ(image.pixelColor(798, 598), QColor(Qt::white));
     const QRect heading = inkOf(image, form.Heading);
-    EXPECT_NEAR(heading.left(), dot(400), 4);
+    EXPECT_NEAR(heading.left(), pixel(400), 4);
     EXPECT_GT(heading.width(), 80);
-    EXPECT_EQ(image.pixelColor(dot(4000), dot(700)), QColor(Qt::red));
+    EXPECT_EQ(image.pixelColor(pixel(4000), pixel(700)), QColor(Qt::red));
     // The same on the whole form, beside the rest of it.
     const QImage all = whole();
-    EXPECT_EQ(all.pixelColor(dot(4000 + PaperForm::kLeft), dot(700 + PaperForm::kTop)),
+    EXPECT_EQ(all.pixelColor(pixel(4000 + PaperForm::kLeft), pixel(700 + PaperForm::kTop)),
               QColor(Qt::red));
-    EXPECT_NE(all.pixelColor(dot(100), dot(3000)), QColor(Qt::magenta));
-    EXPECT_NE(all.pixelColor(dot(100), dot(3000)), QColor(Qt::white));
+    EXPECT_NE(all.pixelColor(pixel(100), pixel(3000)), QColor(Qt::magenta));
+    EXPECT_NE(all.pixelColor(pixel(100), pixel(3000)), QColor(Qt::white));
 }
 
 TEST_F(SheetPaint, NoWindowHasToStand) {
@@ -128,12 +129,12 @@ TEST_F(SheetPaint, WhatIsHiddenIsNotThere) {
     form.Heading.visible = false;
     EXPECT_TRUE(inkOf(sheet(), form.Heading).isEmpty());
     form.Sheet.visible = false;
-    EXPECT_NE(whole().pixelColor(dot(2000), dot(2000)), QColor(Qt::white));
+    EXPECT_NE(whole().pixelColor(pixel(2000), pixel(2000)), QColor(Qt::white));
 }
 
 TEST_F(SheetPaint, ABorderIsALineAroundItsPicture) {
     const auto line = [&] {
-        return dotsOf(sheet(), boxOf(form.Logo), [](QColor c) { return qGray(c.rgb()) < 230; });
+        return pixelsOf(sheet(), boxOf(form.Logo), [](QColor c) { return qGray(c.rgb()) < 230; });
     };
     EXPECT_EQ(line(), boxOf(form.Logo));
     form.Logo.border = Border::None;
@@ -151,13 +152,13 @@ TEST_F(SheetPaint, ADrawingIsItsMarksCutAtItsBox) {
     drawing.box(20, 50, 20, 150);
     const QImage image = sheet();
     const QRect green =
-        dotsOf(image, image.rect(), [](QColor c) { return c == QColor(0, 255, 0); });
-    EXPECT_EQ(green.left(), dot(400 + 1000));
-    EXPECT_EQ(green.right(), dot(400 + 3000) - 1);
-    EXPECT_EQ(green.top(), dot(1000 + 500));
-    EXPECT_EQ(green.bottom(), dot(1000 + 1500));
-    // A box of no width is one dot of the screen wide, however fine the paper.
-    EXPECT_EQ(image.pixelColor(dot(400 + 200), dot(1000 + 1000)), QColor(Qt::red));
+        pixelsOf(image, image.rect(), [](QColor c) { return c == QColor(0, 255, 0); });
+    EXPECT_EQ(green.left(), pixel(400 + 1000));
+    EXPECT_EQ(green.right(), pixel(400 + 3000) - 1);
+    EXPECT_EQ(green.top(), pixel(1000 + 500));
+    EXPECT_EQ(green.bottom(), pixel(1000 + 1500));
+    // A box of no width is one pixel of the screen wide, however fine the paper.
+    EXPECT_EQ(image.pixelColor(pixel(400 + 200), pixel(1000 + 1000)), QColor(Qt::red));
     const qreal fine = 1;
     QImage finer(3000, 2000, QImage::Format_RGB32);
     finer.fill(Qt::white);
@@ -192,15 +193,15 @@ TEST_F(SheetPaint, AFieldOnPaperIsItsTextWithinItsBoxHoweverLong) {
     form.Comment.text = "short";
     const QRect line = inkOf(sheet(), form.Comment);
     EXPECT_FALSE(line.isEmpty());
-    EXPECT_LT(line.height(), dot(300));
+    EXPECT_LT(line.height(), pixel(300));
     std::string text;
     for (int i = 0; i < 24; ++i) text += "a longer comment ";
     form.Comment.text = text + "W";
     const QImage image = sheet();
     const QRect ink = inkOf(image, form.Comment);
-    EXPECT_GT(ink.height(), dot(300));
+    EXPECT_GT(ink.height(), pixel(300));
     const QRect around = boxOf(form.Comment).adjusted(-20, -20, 20, 20);
-    EXPECT_EQ(dotsOf(image, around, dark), ink);
+    EXPECT_EQ(pixelsOf(image, around, dark), ink);
     // The last letter is there too: without it the picture is another.
     form.Comment.text = text;
     EXPECT_NE(sheet(), image);
@@ -209,13 +210,13 @@ TEST_F(SheetPaint, AFieldOnPaperIsItsTextWithinItsBoxHoweverLong) {
 TEST_F(SheetPaint, AKeyAndABarOnPaperAreWhatTheScreenShows) {
     const QImage image = sheet();
     EXPECT_FALSE(inkOf(image, form.Key1).isEmpty());
-    const QRect thumb = dotsOf(image, boxOf(form.HScroll1),
-                               [](QColor c) { return c.red() > 0x3a && c.red() < 0x70; });
-    EXPECT_NEAR(thumb.left(), dot(2000), 6);
+    const QRect thumb = pixelsOf(image, boxOf(form.HScroll1),
+                                 [](QColor c) { return c.red() > 0x3a && c.red() < 0x70; });
+    EXPECT_NEAR(thumb.left(), pixel(2000), 6);
     form.HScroll1.value = 10;
-    const QRect moved = dotsOf(sheet(), boxOf(form.HScroll1),
-                               [](QColor c) { return c.red() > 0x3a && c.red() < 0x70; });
-    EXPECT_NEAR(moved.right(), dot(4000), 6);
+    const QRect moved = pixelsOf(sheet(), boxOf(form.HScroll1),
+                                 [](QColor c) { return c.red() > 0x3a && c.red() < 0x70; });
+    EXPECT_NEAR(moved.right(), pixel(4000), 6);
 }
 
 // Charts.
@@ -244,35 +245,35 @@ class ChartOnPaperTest : public SheetPaint {
     }
     // The plot on the sheet: x 4100 to 7500, y 1200 to 2700.
     QRect of(const QImage& image, QColor colour) {
-        return dotsOf(image, boxOf(form.Bars), [colour](QColor c) { return c == colour; });
+        return pixelsOf(image, boxOf(form.Bars), [colour](QColor c) { return c == colour; });
     }
 };
 
 TEST_F(ChartOnPaperTest, BarsStandAtTheirValuesAndOthersAreNone) {
     const QImage image = sheet();
     const QRect red = of(image, Qt::red), green = of(image, QColor(0, 255, 0));
-    EXPECT_NEAR(red.top(), dot(1200 + 750), 1);
-    EXPECT_NEAR(red.bottom(), dot(2700), 2);
-    EXPECT_NEAR(green.top(), dot(1200), 1);
+    EXPECT_NEAR(red.top(), pixel(1200 + 750), 1);
+    EXPECT_NEAR(red.bottom(), pixel(2700), 2);
+    EXPECT_NEAR(green.top(), pixel(1200), 1);
     // Of a row of 1700, a bar has 0.42, and fills 0.88 of it.
-    EXPECT_NEAR(red.width(), dot(1700 * 0.42f * 0.88f), 1);
-    EXPECT_NEAR(red.center().x(), dot(4100 + 850 - 1700 * 0.21f), 1);
-    EXPECT_NEAR(green.center().x(), dot(4100 + 850 + 1700 * 0.21f), 1);
+    EXPECT_NEAR(red.width(), pixel(1700 * 0.42f * 0.88f), 1);
+    EXPECT_NEAR(red.center().x(), pixel(4100 + 850 - 1700 * 0.21f), 1);
+    EXPECT_NEAR(green.center().x(), pixel(4100 + 850 + 1700 * 0.21f), 1);
 }
 
 TEST_F(ChartOnPaperTest, TheGroundIsWhiteOnASheetAndDarkInAWindow) {
-    EXPECT_EQ(sheet().pixelColor(dot(4020), dot(1020)), QColor(Qt::white));
+    EXPECT_EQ(sheet().pixelColor(pixel(4020), pixel(1020)), QColor(Qt::white));
     form.Sheet.surface = Surface::Well;
-    EXPECT_TRUE(dark(sheet().pixelColor(dot(4020), dot(1020))));
+    EXPECT_TRUE(dark(sheet().pixelColor(pixel(4020), pixel(1020))));
 }
 
 TEST_F(ChartOnPaperTest, LabelsStandUnderTheirRowsOrBars) {
     form.Bars.row = 2;
     form.Bars.rowLabel("   88.0");
-    const QRect below(dot(4000), dot(2710), dot(3600), dot(290));
-    EXPECT_NEAR(dotsOf(sheet(), below, dark).center().x(), dot(4100 + 1.5f * 1700), 3);
+    const QRect below(pixel(4000), pixel(2710), pixel(3600), pixel(290));
+    EXPECT_NEAR(pixelsOf(sheet(), below, dark).center().x(), pixel(4100 + 1.5f * 1700), 3);
     form.Bars.rowLabelColumn(1);
-    EXPECT_NEAR(dotsOf(sheet(), below, dark).center().x(), dot(4100 + 1.5f * 1700 - 357), 3);
+    EXPECT_NEAR(pixelsOf(sheet(), below, dark).center().x(), pixel(4100 + 1.5f * 1700 - 357), 3);
 }
 
 TEST_F(ChartOnPaperTest, ACurveGoesThroughTheMiddleOfItsRows) {
@@ -281,22 +282,22 @@ TEST_F(ChartOnPaperTest, ACurveGoesThroughTheMiddleOfItsRows) {
     put(2, 1, "30");
     const QImage image = sheet();
     const QRect red = of(image, Qt::red);
-    EXPECT_NEAR(red.left(), dot(4100 + 850 - 30), 2);
-    EXPECT_NEAR(red.top(), dot(1200 + 750 - 30), 2);
-    EXPECT_NEAR(red.right(), dot(4100 + 2550 + 30), 2);
+    EXPECT_NEAR(red.left(), pixel(4100 + 850 - 30), 2);
+    EXPECT_NEAR(red.top(), pixel(1200 + 750 - 30), 2);
+    EXPECT_NEAR(red.right(), pixel(4100 + 2550 + 30), 2);
     // Half way between the two points, half way between their values.
-    const QRect column(dot(4100 + 1700), dot(1200), 1, dot(1500));
-    EXPECT_NEAR(dotsOf(image, column, [](QColor c) { return c.red() > 200 && c.green() < 120; })
+    const QRect column(pixel(4100 + 1700), pixel(1200), 1, pixel(1500));
+    EXPECT_NEAR(pixelsOf(image, column, [](QColor c) { return c.red() > 200 && c.green() < 120; })
                     .center()
                     .y(),
-                dot(1200 + 1125), 2);
+                pixel(1200 + 1125), 2);
 }
 
 TEST_F(ChartOnPaperTest, PaperAndScreenShowTheSameBars) {
     form.show();
     settle();
     ASSERT_TRUE(until([&] {
-        return !dotsOf(view(form).grab().toImage(), QRect(0, 0, 9999, 9999), [](QColor c) {
+        return !pixelsOf(view(form).grab().toImage(), QRect(0, 0, 9999, 9999), [](QColor c) {
                     return c == QColor(Qt::red);
                 }).isEmpty();
     }));
@@ -305,12 +306,13 @@ TEST_F(ChartOnPaperTest, PaperAndScreenShowTheSameBars) {
     const QImage paper = sheet();
     for (const QColor colour : {QColor(Qt::red), QColor(0, 255, 0)}) {
         const QRectF at = scale.snapped(form.Bars.boxOnForm());
-        const QRect seen = dotsOf(screen, at.toRect(), [colour](QColor c) { return c == colour; });
+        const QRect seen =
+            pixelsOf(screen, at.toRect(), [colour](QColor c) { return c == colour; });
         const QRect printed = of(paper, colour);
         // Both in twips of the form.
-        EXPECT_NEAR(seen.left() / scale.px(1), printed.left() / kDot + PaperForm::kLeft, 25);
-        EXPECT_NEAR(seen.right() / scale.px(1), printed.right() / kDot + PaperForm::kLeft, 25);
-        EXPECT_NEAR(seen.top() / scale.px(1), printed.top() / kDot + PaperForm::kTop, 25);
+        EXPECT_NEAR(seen.left() / scale.px(1), printed.left() / kPixel + PaperForm::kLeft, 25);
+        EXPECT_NEAR(seen.right() / scale.px(1), printed.right() / kPixel + PaperForm::kLeft, 25);
+        EXPECT_NEAR(seen.top() / scale.px(1), printed.top() / kPixel + PaperForm::kTop, 25);
     }
 }
 
@@ -366,11 +368,11 @@ TEST_F(PageWriter, FormsStandAsTheirModelPlacesThem) {
     below.top = 200.f + form.height;
     const PageContent content = pageOfForms({&form, &below});
     EXPECT_EQ(content.size, QSizeF(9000, form.height + below.height));
-    const QImage image = picture(content.size, [&](QPainter& p) { content.paint(p, kDot); });
-    EXPECT_EQ(image.pixelColor(dot(4000 + PaperForm::kLeft), dot(700 + PaperForm::kTop)),
+    const QImage image = picture(content.size, [&](QPainter& p) { content.paint(p, kPixel); });
+    EXPECT_EQ(image.pixelColor(pixel(4000 + PaperForm::kLeft), pixel(700 + PaperForm::kTop)),
               QColor(Qt::red));
-    const QImage alone = picture({9000, 6000}, [&](QPainter& p) { paintForm(p, below, kDot); });
-    const QImage part = image.copy(0, dot(form.height), alone.width(), alone.height());
+    const QImage alone = picture({9000, 6000}, [&](QPainter& p) { paintForm(p, below, kPixel); });
+    const QImage part = image.copy(0, pixel(form.height), alone.width(), alone.height());
     // Edges of curves are rounded in their own way; what is missing or in a wrong place is more.
     int different = 0;
     for (int y = 0; y < alone.height(); ++y) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "display/qt/pictures.h"
+#include "display/qt/painting/pictures.h"
 
 #include <QImage>
 #include <algorithm>

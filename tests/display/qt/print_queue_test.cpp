@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Pages on a real queue: a print server of the test's own.
-#include "display/qt/print_queue.h"
+#include "display/qt/painting/print_queue.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,7 +12,7 @@
 #include <QTest>
 
 #include "display/page.h"
-#include "display/qt/qt_desktop.h"
+#include "display/qt/windows/qt_desktop.h"
 #include "tests/display/qt/cups_server.h"
 #include "tests/display/qt/live_rack.h"
 

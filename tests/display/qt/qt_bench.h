@@ -7,8 +7,8 @@
 #include <functional>
 #include <memory>
 
-#include "display/qt/form_view.h"
-#include "display/qt/qt_desktop.h"
+#include "display/qt/windows/form_view.h"
+#include "display/qt/windows/qt_desktop.h"
 #include "tests/display/sample_form.h"
 
 namespace display::qt {

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "display/qt/rack_window.h"
+#include "display/controls/pictures.h"
+#include "display/controls/text_field.h"
+#include "display/qt/windows/rack_window.h"
 #include "tests/display/qt/qt_bench.h"
 
 namespace display::qt {

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the charts and graphs show, read back from their dots against the figures of the scale that
-// is painted beside them.
+// What the charts and graphs show, read back from their pixels against the figures of the scale
+// that is painted beside them.
 #include <gtest/gtest.h>
 
 #include <cmath>
 
 #include "analyses/response_curve.h"
 #include "core/numbers.h"
-#include "display/qt/palette.h"
+#include "display/qt/painting/palette.h"
 #include "tests/display/qt/form_picture.h"
 #include "tests/support/rack_bench.h"
 
@@ -20,8 +20,8 @@ using display::qt::isAbout;
 using display::qt::onScale;
 using display::qt::qColour;
 
-/// The edges of a grabbed picture lie up to a dot beside the scale's figures.
-constexpr double kDots = 1.5;
+/// The edges of a grabbed picture lie up to a pixel beside the scale's figures.
+constexpr double kPixels = 1.5;
 
 class ShownScan : public testing::Test {
  protected:
@@ -38,14 +38,14 @@ class ShownScan : public testing::Test {
         scanner.Graph1.column = column;
         scanner.Graph1.data(level);
     }
-    /// The dots of the bar in a cell that are in view.
+    /// The pixels of the bar in a cell that are in view.
     QRect barOf(int row, int column) {
         const std::string level(scanner.Graph1.dataAt(row, column));
         return inkBox(
             picture->changedBy([&] { put(row, column, ""); }, [&] { put(row, column, level); }));
     }
     double dbOf(double y) const { return onScale(y, top, 100, foot, 30); }
-    double dbOfDots() const { return kDots * 70 / (foot - top); }
+    double dbOfPixels() const { return kPixels * 70 / (foot - top); }
 
     RackBench bench;
     Form_BandSCanner& scanner = bench.forms.formBandSCanner;
@@ -60,8 +60,8 @@ TEST_F(ShownScan, ABarReachesItsLevelOnTheScaleBesideIt) {
         put(row, 3, shortText(level));
         const QRect bar = barOf(row, 3);
         ASSERT_FALSE(bar.isEmpty()) << level;
-        EXPECT_NEAR(dbOf(bar.top()), level, dbOfDots()) << level;
-        EXPECT_NEAR(dbOf(bar.bottom()), 30, dbOfDots()) << level;
+        EXPECT_NEAR(dbOf(bar.top()), level, dbOfPixels()) << level;
+        EXPECT_NEAR(dbOf(bar.bottom()), 30, dbOfPixels()) << level;
         ++row;
     }
 }
@@ -72,7 +72,7 @@ TEST_F(ShownScan, ALevelAtTheFootOrBelowIsNoBarAndOneAboveIsCutAtTheTop) {
     put(4, 1, "130");
     EXPECT_TRUE(barOf(2, 1).isEmpty());
     EXPECT_TRUE(barOf(3, 1).isEmpty());
-    EXPECT_NEAR(dbOf(barOf(4, 1).top()), 100, dbOfDots());
+    EXPECT_NEAR(dbOf(barOf(4, 1).top()), 100, dbOfPixels());
 }
 
 TEST_F(ShownScan, BarsOfARowStandSideBySideInTheColoursOfTheLegend) {
@@ -147,7 +147,7 @@ TEST_F(ShownResponse, EachPointStandsAtItsLevelOnTheScaleBesideIt) {
     measured(pairs);
     for (int row = 1; row <= 8; ++row) {
         const double wanted = pairs.level[static_cast<std::size_t>(row - 1)] / 10.0;
-        EXPECT_NEAR(dbAt(row), wanted, kDots * 30 / (foot - top)) << "row " << row;
+        EXPECT_NEAR(dbAt(row), wanted, kPixels * 30 / (foot - top)) << "row " << row;
     }
 }
 
@@ -174,7 +174,7 @@ TEST_F(ShownResponse, NothingMeasuredIsADashedLineAndSaidInTheChart) {
     EXPECT_GT(gapsOf(picture->taken(), chart, colour, 8), 10);
     const QRect line = inkBox(picture->taken(), chart, colour);
     EXPECT_NEAR(onScale(QRectF(line).center().y(), top, 15, foot, -15), -5,
-                kDots * 30 / (foot - top));
+                kPixels * 30 / (foot - top));
     const QRect note = inkBox(picture->changedBy([&] { window.Graph1.note = ""; },
                                                  [&] { window.Graph1.note = "not measured"; }));
     ASSERT_FALSE(note.isEmpty());
@@ -235,7 +235,8 @@ TEST(ShownSpectrum, ABarBeginsAtItsLevelOnTheScaleBesideIt) {
         const QColor colour = i == 9 ? QColor(255, 0, 0) : QColor(0, 192, 0);
         const QRect bar = inkBox(image, strip, colour);
         ASSERT_FALSE(bar.isEmpty()) << i;
-        EXPECT_NEAR(onScale(bar.top(), first, 0, last, 50), below, 2 * kDots * 50 / (last - first))
+        EXPECT_NEAR(onScale(bar.top(), first, 0, last, 50), below,
+                    2 * kPixels * 50 / (last - first))
             << "bar " << i;
     }
 }
@@ -271,7 +272,8 @@ class ShownBandwidth : public testing::Test {
         const QRect ink = inkBox(image, strip, QColor(255, 255, 16));
         return ink.isEmpty() ? -1 : onScale(QRectF(ink).center().y(), top, 100, foot, 0);
     }
-    /// Dots of the fill that stand above the yellow line, and dots below it that are not filled.
+    /// Pixels of the fill that stand above the yellow line, and pixels below it that are not
+    /// filled.
     struct Stray {
         int above = 0, below = 0;
     };
@@ -304,7 +306,7 @@ class ShownBandwidth : public testing::Test {
 TEST_F(ShownBandwidth, TheTestPatternPassesItsCornersOnTheScaleBesideIt) {
     window.Command1.press();
     look();
-    const double slack = 2 * kDots * 100 / (foot - top);
+    const double slack = 2 * kPixels * 100 / (foot - top);
     // Between the lines of the grid, which lie over the level stretches.
     EXPECT_NEAR(percentAt(12.5), 89.5, slack) << "it begins at 99";
     EXPECT_NEAR(percentAt(62.5), 60, slack);
@@ -339,7 +341,7 @@ TEST_F(ShownBandwidth, ASecondRedrawShowsTheSameCurve) {
     redraw();
     look();
     const QImage first = image;
-    const double slack = 2 * kDots * 100 / (foot - top);
+    const double slack = 2 * kPixels * 100 / (foot - top);
     EXPECT_NEAR(percentAt(5), 89, slack) << "a straight line up to 15 kHz";
     EXPECT_NEAR(percentAt(12), 73.6, slack);
     redraw();

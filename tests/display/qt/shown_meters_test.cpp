@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the rack's meters show, read back from their dots against the figures of the scale that is
+// What the rack's meters show, read back from their pixels against the figures of the scale that is
 // painted beside them.
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <map>
 #include <numbers>
 
-#include "display/qt/palette.h"
+#include "display/qt/painting/palette.h"
 #include "panels/audio/level_bar.h"
 #include "panels/audio/phase_vector.h"
 #include "tests/display/qt/form_picture.h"
@@ -22,7 +22,7 @@ using display::qt::inkBox;
 using display::qt::isAbout;
 using display::qt::onScale;
 
-constexpr double kNearDots = 1.5;
+constexpr double kNearPixels = 1.5;
 
 const QColor kLit(0, 255, 255);
 const QColor kLitHigh(0xfd, 0x17, 0x23);
@@ -51,7 +51,7 @@ TEST_F(ShownModulation, MarkFillAndHeadOfTheBarStandAtTheFigureOnTheScale) {
     Form1& panel = bench.form1;
     for (const float percent : {10.f, 37.f, 75.f, 100.f, 133.f, 160.f}) {
         stand(percent);
-        const double slack = kNearDots * 160 / (last - first);
+        const double slack = kNearPixels * 160 / (last - first);
         EXPECT_NEAR(percentOf(picture->middleOf(panel.Line1).x()), percent, slack);
         EXPECT_NEAR(percentOf(picture->middleOf(panel.Picture1).x()), percent, slack);
         EXPECT_NEAR(percentOf(picture->middleOf(panel.Picture2).x()), percent, slack);
@@ -74,14 +74,14 @@ class ShownAudio : public testing::Test {
     static double degreesOf(QPointF from, QPointF to) {
         return std::atan2(to.x() - from.x(), from.y() - to.y()) * 180 / std::numbers::pi;
     }
-    /// The dot of the needle that lies farthest from its pivot.
+    /// The pixel of the needle that lies farthest from its pivot.
     QPointF tipOf(display::Line& needle, QPointF pivot) {
-        const QImage dots = picture->dotsOf(needle);
+        const QImage pixels = picture->pixelsOf(needle);
         QPointF tip = pivot;
         double farthest = 0;
-        for (int y = 0; y < dots.height(); ++y) {
-            for (int x = 0; x < dots.width(); ++x) {
-                if (dots.constScanLine(y)[x] == 0) continue;
+        for (int y = 0; y < pixels.height(); ++y) {
+            for (int x = 0; x < pixels.width(); ++x) {
+                if (pixels.constScanLine(y)[x] == 0) continue;
                 const QPointF at(x + 0.5, y + 0.5);
                 const double far = std::hypot(at.x() - pivot.x(), at.y() - pivot.y());
                 if (far > farthest) farthest = far, tip = at;
@@ -135,7 +135,7 @@ class ShownLevels : public ShownAudio {
         for (std::size_t i = 0; i < elements.size(); ++i) {
             const display::Line& line = elements[i];
             const QPointF at = picture->pointIn(panel.LevelBars, line.x1, (line.y1 + line.y2) / 2);
-            // An element may be drawn a dot beside its place.
+            // An element may be drawn a pixel beside its place.
             const QRect place = QRect(at.toPoint() - QPoint(1, 0), QSize(2, 1));
             bar.push_back({onScale(at.x(), first, -25, last, 5),
                            !inkBox(image, place, kLit).isEmpty(),

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The pages that look like a sheet of paper, read back from their dots: on the screen and as they
+// The pages that look like a sheet of paper, read back from their pixels: on the screen and as they
 // go to the printer.
 #include <gtest/gtest.h>
 
@@ -8,8 +8,8 @@
 #include <functional>
 
 #include "core/numbers.h"
-#include "display/qt/form_painter.h"
-#include "display/qt/palette.h"
+#include "display/qt/painting/form_painter.h"
+#include "display/qt/painting/palette.h"
 #include "program/sheet_form.h"
 #include "tests/display/qt/form_picture.h"
 #include "tests/support/rack_bench.h"
@@ -23,20 +23,20 @@ using display::qt::isAbout;
 using display::qt::onScale;
 using display::qt::qColour;
 
-/// A sheet as it is printed, three dots for each of the screen's.
+/// A sheet as it is printed, three pixels for each of the screen's.
 class PaperSheet {
  public:
     explicit PaperSheet(SheetForm& form) : form_(form) {}
 
-    static constexpr qreal kDots = 0.3;  ///< a twip
+    static constexpr qreal kPixels = 0.3;  ///< a twip
 
     QImage taken() {
-        QImage image(qRound(form_.Sheet.width * kDots), qRound(form_.Sheet.height * kDots),
+        QImage image(qRound(form_.Sheet.width * kPixels), qRound(form_.Sheet.height * kPixels),
                      QImage::Format_RGB32);
         image.fill(Qt::magenta);
         QPainter painter(&image);
-        painter.scale(kDots, kDots);
-        display::qt::paintSheet(painter, form_.Sheet, kDots);
+        painter.scale(kPixels, kPixels);
+        display::qt::paintSheet(painter, form_.Sheet, kPixels);
         return image;
     }
     QRect changedBy(const std::function<void()>& change, const std::function<void()>& undo) {
@@ -57,8 +57,9 @@ class PaperSheet {
         return changedBy([&] { control.visible = false; }, [&] { control.visible = true; });
     }
     QRect boxOf(const display::Control& control) const {
-        const auto dot = [](float twips) { return qRound(twips * kDots); };
-        return {dot(control.left), dot(control.top), dot(control.width), dot(control.height)};
+        const auto pixel = [](float twips) { return qRound(twips * kPixels); };
+        return {pixel(control.left), pixel(control.top), pixel(control.width),
+                pixel(control.height)};
     }
 
  private:

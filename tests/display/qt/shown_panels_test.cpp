@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Points of digits, the power needle in its well, marks of lit keys and the signs of the rack, read
-// back from their dots.
+// back from their pixels.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
 #include "core/numbers.h"
-#include "display/qt/palette.h"
+#include "display/qt/painting/palette.h"
 #include "tests/display/qt/form_picture.h"
 #include "tests/support/rack_bench.h"
 
@@ -19,20 +19,20 @@ using display::qt::inkBox;
 /// The box of what is amber in a part of a picture: also where its edge blends with what lies
 /// behind.
 QRect amberIn(const QImage& image, const QRect& where) {
-    QImage dots(image.size(), QImage::Format_Grayscale8);
-    dots.fill(0);
+    QImage pixels(image.size(), QImage::Format_Grayscale8);
+    pixels.fill(0);
     for (int y = where.top(); y <= where.bottom(); ++y) {
         for (int x = where.left(); x <= where.right(); ++x) {
-            const QRgb dot = image.pixel(x, y);
-            const bool amber =
-                qRed(dot) > 150 && qRed(dot) > qGreen(dot) + 30 && qGreen(dot) > qBlue(dot) + 30;
-            if (amber) dots.scanLine(y)[x] = 255;
+            const QRgb pixel = image.pixel(x, y);
+            const bool amber = qRed(pixel) > 150 && qRed(pixel) > qGreen(pixel) + 30 &&
+                               qGreen(pixel) > qBlue(pixel) + 30;
+            if (amber) pixels.scanLine(y)[x] = 255;
         }
     }
-    return inkBox(dots);
+    return inkBox(pixels);
 }
 
-/// The brightest dot, of 255.
+/// The brightest pixel, of 255.
 int brightest(const QImage& image, const QRect& where) {
     int most = 0;
     for (int y = where.top(); y <= where.bottom(); ++y) {
@@ -74,7 +74,7 @@ TEST_F(ShownPanels, TheDecimalPointsAreWiderThanASegmentInTheColourOfTheirDigits
         // All its strokes, so that unlit ones count too.
         row.before.show(8, display::kWhite, display::kBlack);
         const QRect foot = picture.inkOf(row.before.segment(2));
-        // The picture is smaller than life, where a dot more or less counts.
+        // The picture is smaller than life, where a pixel more or less counts.
         EXPECT_GE(ink.width(), foot.height()) << row.point.name();
         EXPECT_GE(ink.height(), foot.height()) << row.point.name();
         EXPECT_GE(row.point.width, 1.5f * 15 * row.before.segment(2).thickness);
@@ -114,7 +114,7 @@ TEST_F(ShownPanels, NoNumberOfThePowerScaleIsUnderTheNeedle) {
     }
 }
 
-/// The amber on a key, as a box of dots.
+/// The amber on a key, as a box of pixels.
 QRect markOn(FormPicture& picture, const display::Control& key) {
     return amberIn(picture.taken(), picture.boxOf(key));
 }

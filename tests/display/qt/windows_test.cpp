@@ -5,8 +5,8 @@
 #include <QMouseEvent>
 #include <QTimer>
 
-#include "display/qt/form_window.h"
-#include "display/qt/rack_window.h"
+#include "display/qt/windows/form_window.h"
+#include "display/qt/windows/rack_window.h"
 #include "tests/display/qt/rack_of_two.h"
 
 namespace display::qt {

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "display/control.h"
+
+namespace display {
+
+/// A value of a control that is assigned as a hand sets it: the control decides what becomes of it
+/// and fires its event.
+template <class Owner, class T>
+class Firing {
+ public:
+    explicit Firing(Owner& owner) : owner_(owner), value_(owner) {}
+    Firing(const Firing&) = delete;
+    Firing& operator=(const Firing&) = delete;
+    Firing& operator=(T wanted) {
+        owner_.take(wanted);
+        return *this;
+    }
+    operator T() const { return value_; }
+    /// Fires nothing.
+    void reset() { value_.reset(); }
+
+ private:
+    friend Owner;
+    Owner& owner_;
+    Property<T> value_;
+};
+
+/// Each kind of control is one of these. It lists each of its own properties once, in
+/// forEachProperty: by that list it is put back at a load, and tests read it.
+template <class Kind>
+class KindOf : public Control {
+ public:
+    using Control::Control;
+    void accept(ControlVisitor& visitor) final;
+
+ protected:
+    void resetKind() override;
+};
+
+}  // namespace display

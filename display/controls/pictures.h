@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "display/controls/control_kind.h"
+#include "display/drawing.h"
+
+namespace display {
+
+/// A plain line around a picture.
+enum class Border { None, Plain };
+
+/// A control that shows one of the program's own drawings by name, "" for none. With events bound
+/// it is a key: a press, then a release on it, or a cancel when the button comes up elsewhere.
+class Picture final : public KindOf<Picture> {
+ public:
+    using KindOf::KindOf;
+    bool interactive() const override;
+
+    Text picture{*this};
+    /// Words on the key, where its drawing has room for them.
+    Text caption{*this};
+    Property<Border> border{*this, Border::None};
+
+    Event onPress, onRelease, onCancel, onClick;
+    /// Between a press and what ends it.
+    bool held = false;
+    /// Pointer events of a handle; a handle takes no focus.
+    MouseEvent onMouseDown, onMouseMove, onMouseUp;
+    Event onDoubleClick;
+
+    template <class Each>
+    void forEachProperty(Each each) {
+        each("picture", picture), each("caption", caption), each("border", border);
+        each("held", held);
+    }
+};
+
+/// A picture box: a control that carries a drawing (see Drawing) in its own scale.
+class PictureBox final : public KindOf<PictureBox> {
+ public:
+    using KindOf::KindOf;
+    bool interactive() const override;
+
+    Drawing drawing{*this};
+    Event onDoubleClick;
+
+    template <class Each>
+    void forEachProperty(Each each) {
+        each("drawing", drawing);
+    }
+};
+
+}  // namespace display

@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/qt/accessibility/accessible_labels.h"
+
+#include <QAccessibleWidget>
+#include <QPointer>
+#include <algorithm>
+
+#include "display/qt/widgets/control_widget.h"
+#include "display/qt/windows/form_view.h"
+
+namespace display::qt {
+
+namespace {
+
+constexpr int kPause = 500;
+
+const Label* asLabel(const Control& control) {
+    return dynamic_cast<const Label*>(&control);
+}
+
+bool isAccessible(const Control& control) {
+    return asLabel(control) || (control.reading && !control.interactive());
+}
+
+bool isMeasured(const Control& control) {
+    const Label* label = asLabel(control);
+    return control.reading || (label && label->readout);
+}
+
+/// One painted label, or another painted control with a reading.
+class AccessibleLabel final : public QAccessibleInterface {
+ public:
+    AccessibleLabel(FormView& view, const Control& control) : view_(&view), control_(control) {}
+
+    bool isValid() const override { return !view_.isNull(); }
+    QObject* object() const override { return nullptr; }
+    QWindow* window() const override { return view_ ? view_->window()->windowHandle() : nullptr; }
+    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+    QAccessibleInterface* parent() const override {
+        return view_ ? QAccessible::queryAccessibleInterface(view_) : nullptr;
+    }
+    QAccessibleInterface* child(int) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+    void setText(QAccessible::Text, const QString&) override {}
+    QAccessible::Role role() const override { return QAccessible::StaticText; }
+
+    QString text(QAccessible::Text kind) const override {
+        if (!view_) return {};
+        if (kind == QAccessible::Name) {
+            const std::string_view name = control_.accessibleName();
+            return name.empty() ? caption() : qText(name);
+        }
+        if (kind == QAccessible::Description) {
+            return qText(control_.form().language == Language::Spanish ? control_.tip.spanish
+                                                                       : control_.tip.english);
+        }
+        if (kind != QAccessible::Value || !isMeasured(control_)) return {};
+        return control_.reading ? QString::fromStdString(control_.reading()) : caption();
+    }
+
+    QRect rect() const override {
+        if (!view_) return {};
+        const QRect box = view_->scale().whole(control_.boxOnForm());
+        return {view_->mapToGlobal(box.topLeft()), box.size()};
+    }
+
+    QAccessible::State state() const override {
+        QAccessible::State state;
+        state.readOnly = true;
+        state.invisible = !view_ || !control_.shown();
+        return state;
+    }
+
+ private:
+    QString caption() const {
+        const Label* label = asLabel(control_);
+        return label ? qText(label->caption.get()) : QString();
+    }
+
+    QPointer<FormView> view_;
+    const Control& control_;
+};
+
+/// A form: its widgets, then its painted labels.
+class AccessibleForm final : public QAccessibleWidget {
+ public:
+    explicit AccessibleForm(FormView& view) : QAccessibleWidget(&view, QAccessible::Grouping) {}
+
+    FormView& view() const { return static_cast<FormView&>(*widget()); }
+
+    QString text(QAccessible::Text kind) const override {
+        if (kind != QAccessible::Name) return QAccessibleWidget::text(kind);
+        const Form& form = view().form();
+        return qText(form.caption.empty() ? std::string_view(form.name())
+                                          : std::string_view(form.caption.get()));
+    }
+    int childCount() const override {
+        return QAccessibleWidget::childCount() + view().accessible().count();
+    }
+    QAccessibleInterface* child(int index) const override {
+        const int widgets = QAccessibleWidget::childCount();
+        return index < widgets ? QAccessibleWidget::child(index)
+                               : view().accessible().at(index - widgets);
+    }
+    int indexOfChild(const QAccessibleInterface* child) const override {
+        const int label = view().accessible().indexOf(child);
+        return label < 0 ? QAccessibleWidget::indexOfChild(child)
+                         : QAccessibleWidget::childCount() + label;
+    }
+    QAccessibleInterface* childAt(int x, int y) const override {
+        for (int i = 0; i < view().accessible().count(); ++i) {
+            QAccessibleInterface* label = view().accessible().at(i);
+            if (!label->state().invisible && label->rect().contains(x, y)) return label;
+        }
+        return QAccessibleWidget::childAt(x, y);
+    }
+};
+
+QAccessibleInterface* makeAccessibleForm(const QString&, QObject* object) {
+    auto* view = dynamic_cast<FormView*>(object);
+    return view ? new AccessibleForm(*view) : nullptr;
+}
+
+}  // namespace
+
+void AccessibleLabels::install() {
+    QAccessible::installFactory(makeAccessibleForm);
+}
+
+AccessibleLabels::AccessibleLabels(FormView& view) {
+    for (const Control* control : view.form().controls()) {
+        if (!isAccessible(*control)) continue;
+        controls_.push_back(control);
+        // What is registered belongs to Qt until it is deleted by its number.
+        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
+        ids_.push_back(
+            QAccessible::registerAccessibleInterface(new AccessibleLabel(view, *control)));
+    }
+    timer_.setSingleShot(true);
+    timer_.setInterval(kPause);
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { announce(); });
+}
+
+AccessibleLabels::~AccessibleLabels() {
+    for (const QAccessible::Id id : ids_) QAccessible::deleteAccessibleInterface(id);
+}
+
+QAccessibleInterface* AccessibleLabels::at(int index) const {
+    return index < 0 || index >= count()
+               ? nullptr
+               : QAccessible::accessibleInterface(ids_[static_cast<std::size_t>(index)]);
+}
+
+int AccessibleLabels::indexOf(const QAccessibleInterface* child) const {
+    for (int i = 0; i < count(); ++i) {
+        if (at(i) == child) return i;
+    }
+    return -1;
+}
+
+void AccessibleLabels::changed(const Control& control) {
+    auto found = std::ranges::find(controls_, &control);
+    // The lines of a digit are read by the panel that they stand in.
+    if (found == controls_.end()) found = std::ranges::find(controls_, control.container.get());
+    if (found == controls_.end()) return;
+    toAnnounce_.insert(static_cast<int>(found - controls_.begin()));
+    if (!timer_.isActive()) timer_.start();
+}
+
+void AccessibleLabels::announce() {
+    ++announcements_;
+    for (const int index : toAnnounce_) {
+        QAccessibleInterface* label = at(index);
+        if (!label || label->state().invisible) continue;
+        if (isMeasured(*controls_[static_cast<std::size_t>(index)])) {
+            QAccessibleValueChangeEvent event(label, label->text(QAccessible::Value));
+            QAccessible::updateAccessibility(&event);
+        } else {
+            QAccessibleEvent event(label, QAccessible::NameChanged);
+            QAccessible::updateAccessibility(&event);
+        }
+    }
+    toAnnounce_.clear();
+}
+
+}  // namespace display::qt

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <vector>
+
+#include "display/qt/painting/pictures.h"
+
+namespace display::qt {
+
+/// The lamps, word marks and arrows.
+const std::vector<NamedPicture>& markPictures();
+
+}  // namespace display::qt

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QWidget>
+
+#include "display/chart.h"
+#include "display/qt/widgets/control_widget.h"
+
+class QCustomPlot;
+class QMouseEvent;
+
+namespace display::qt {
+
+/// A chart by row and column: columns of bars beside one another for each row, or a curve for each
+/// column. The window draws scale and legend; the plot stands in the chart's insets so that they
+/// meet. The value under the pointer is told in a tool tip.
+class ChartView final : public QWidget, public ControlWidget {
+ public:
+    ChartView(Chart& chart, QWidget* parent);
+    QWidget& widget() override { return *this; }
+    void sync() override;
+
+ protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    bool event(QEvent* event) override;
+
+ private:
+    void dress();
+    void ink();
+    void drawBars();
+    void drawCurves();
+    void layOut();
+    void labelRows();
+    void writeNote();
+    void tellValue(QMouseEvent* event);
+    void showRing();
+    QColor colourOf(int column) const;
+    /// Pixels for a unit of the chart's box.
+    double scale() const;
+
+    Chart& chart_;
+    QCustomPlot* plot_;
+    QWidget* ring_;  ///< over the plot, while it has the keyboard
+};
+
+}  // namespace display::qt

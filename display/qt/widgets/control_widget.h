@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+#include "display/control.h"
+
+namespace display::qt {
+
+class QtDesktop;
+
+/// The real widget of an interactive control: it takes pointer, keyboard and focus.
+class ControlWidget {
+ public:
+    virtual ~ControlWidget() = default;
+    virtual QWidget& widget() = 0;
+    /// Takes over the control's state after a change.
+    virtual void sync() = 0;
+    /// The part of the control's box that the widget covers.
+    virtual QRect within(const QRect& box) const { return box; }
+};
+
+/// UTF-8 to Qt's text and back.
+inline QString qText(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+/// Words for a widget that would take an ampersand for the mark of a letter.
+inline QString plainWords(std::string_view text) {
+    return qText(text).replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+inline std::string utf8(const QString& text) {
+    const QByteArray bytes = text.toUtf8();
+    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+}
+
+}  // namespace display::qt

@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/qt/widgets/list_widgets.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+#include "display/controls/lists.h"
+#include "display/qt/painting/fonts.h"
+#include "display/qt/widgets/key_widgets.h"
+#include "display/qt/windows/qt_desktop.h"
+
+namespace display::qt {
+
+namespace {
+
+QStringList rowsOf(const ListModel& list) {
+    QStringList rows;
+    for (const std::string& row : list.rows()) rows << QString::fromStdString(row);
+    return rows;
+}
+
+bool leavesToForm(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Escape || event.key() == Qt::Key_F1;
+}
+
+}  // namespace
+
+ComboBoxWidget::ComboBoxWidget(QtDesktop& desktop, ComboBox& box, QWidget* parent)
+    : QComboBox(parent), desktop_(desktop), box_(box) {
+    connect(this, &QComboBox::activated, this,
+            [this](int row) { desktop_.hand().select(box_, row); });
+}
+
+void ComboBoxWidget::sync() {
+    setFocusPolicy(focusPolicyOf(box_, Qt::ClickFocus));
+    setFont(Fonts::get().font(desktop_.scale().px(125), Weight::Normal));
+    const QStringList rows = rowsOf(box_.list);
+    QStringList shown;
+    for (int i = 0; i < count(); ++i) shown << itemText(i);
+    if (rows != shown) {
+        clear();
+        addItems(rows);
+    }
+    setCurrentIndex(box_.list.selected());
+}
+
+void ComboBoxWidget::keyPressEvent(QKeyEvent* event) {
+    if (leavesToForm(*event) || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        event->ignore();
+    } else {
+        QComboBox::keyPressEvent(event);
+    }
+}
+
+void ComboBoxWidget::paintEvent(QPaintEvent* event) {
+    QComboBox::paintEvent(event);
+    if (!hasFocus() || !desktop_.keyboardUsed()) return;
+    QPainter painter(this);
+    paintFocusRing(painter, rect());
+}
+
+ListBoxWidget::ListBoxWidget(QtDesktop& desktop, ListBox& box, QWidget* parent)
+    : QListWidget(parent), desktop_(desktop), box_(box) {
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    connect(this, &QListWidget::currentRowChanged, this, [this](int row) {
+        if (!syncing_) desktop_.hand().select(box_, row);
+    });
+    connect(this, &QListWidget::itemDoubleClicked, this,
+            [this] { desktop_.hand().doubleClick(box_); });
+}
+
+void ListBoxWidget::sync() {
+    syncing_ = true;
+    setFocusPolicy(focusPolicyOf(box_, Qt::ClickFocus));
+    const qreal height = desktop_.scale().px(125);
+    setFont(box_.fixedPitch ? Fonts::get().fixedFont(height)
+                            : Fonts::get().font(height, Weight::Normal));
+    const QStringList rows = rowsOf(box_.list);
+    QStringList shown;
+    for (int i = 0; i < count(); ++i) shown << item(i)->text();
+    if (rows != shown) {
+        clear();
+        addItems(rows);
+    }
+    setCurrentRow(box_.list.selected());
+    syncing_ = false;
+}
+
+void ListBoxWidget::keyPressEvent(QKeyEvent* event) {
+    if (leavesToForm(*event)) {
+        event->ignore();
+    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        if (box_.onDoubleClick) {
+            desktop_.hand().doubleClick(box_);
+        } else {
+            event->ignore();
+        }
+    } else {
+        QListWidget::keyPressEvent(event);
+    }
+}
+
+TabsWidget::TabsWidget(QtDesktop& desktop, Tabs& tabs, QWidget* parent)
+    : QTabBar(parent), desktop_(desktop), tabs_(tabs) {
+    setExpanding(true);
+    setDrawBase(false);
+    connect(this, &QTabBar::currentChanged, this, [this](int tab) {
+        if (!syncing_) desktop_.hand().choose(tabs_, tab);
+    });
+}
+
+void TabsWidget::sync() {
+    syncing_ = true;
+    setFocusPolicy(focusPolicyOf(tabs_, Qt::ClickFocus));
+    setFont(Fonts::get().font(desktop_.scale().px(125), Weight::Normal));
+    const auto& pages = tabs_.pages();
+    while (count() > static_cast<int>(pages.size())) removeTab(count() - 1);
+    for (int i = 0; i < static_cast<int>(pages.size()); ++i) {
+        const QString caption = plainWords(pages[static_cast<std::size_t>(i)].caption);
+        if (i >= count()) {
+            addTab(caption);
+        } else if (tabText(i) != caption) {
+            setTabText(i, caption);
+        }
+    }
+    setCurrentIndex(tabs_.current);
+    syncing_ = false;
+}
+
+QRect TabsWidget::within(const QRect& box) const {
+    const int strip = static_cast<int>(desktop_.scale().px(340));
+    return {box.left(), box.top(), box.width(), std::min(box.height(), strip)};
+}
+
+}  // namespace display::qt

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAbstractSlider>
+
+#include "display/controls/scroll_bar.h"
+#include "display/qt/widgets/control_widget.h"
+
+namespace display::qt {
+
+/// Where the thumb of a bar of that size stands, in pixels.
+QRectF thumbOf(const ScrollBar& bar, QSizeF size);
+/// The bar with its upper left corner at the painter's origin, in pixels; unit is a natural one.
+enum class Thumb { Free, Gripped, Unusable };
+void paintScrollBar(QPainter& painter, const ScrollBar& bar, QSizeF size, qreal unit, Thumb thumb);
+
+/// A scroll bar in the look of the rack. The thumb shows where it is dragged and acts at its
+/// release; arrows, page keys, wheel and clicks beside the thumb act at once.
+class ScrollBarWidget final : public QAbstractSlider, public ControlWidget {
+ public:
+    ScrollBarWidget(QtDesktop& desktop, ScrollBar& bar, QWidget* parent);
+    QWidget& widget() override { return *this; }
+    void sync() override;
+
+    /// Where the thumb stands, in the widget's pixels.
+    QRectF thumb() const { return thumbOf(bar_, size()); }
+
+ protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+ private:
+    void loseThumb();
+    qreal along(QPointF at) const;
+    int positionAt(qreal thumbStart) const;
+
+    QtDesktop& desktop_;
+    ScrollBar& bar_;
+    bool syncing_ = false;
+    bool gripped_ = false;
+    qreal gripAt_ = 0;
+    int wheelRest_ = 0;
+};
+
+}  // namespace display::qt

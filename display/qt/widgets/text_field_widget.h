@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QLineEdit>
+
+#include "display/controls/text_field.h"
+#include "display/qt/widgets/control_widget.h"
+
+namespace display::qt {
+
+/// One line of text. Whatever the line edit lets a person do (type, paste, cut, compose) reaches
+/// the model as characters put in place of others, each through the field's own filter; what the
+/// model made of it is what stands in the line.
+class TextFieldWidget final : public QLineEdit, public ControlWidget {
+ public:
+    TextFieldWidget(QtDesktop& desktop, TextField& field, QWidget* parent);
+    QWidget& widget() override { return *this; }
+    void sync() override;
+
+ protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+ private:
+    void edited(const QString& text);
+    void showModel();
+
+    QtDesktop& desktop_;
+    TextField& field_;
+    QString shown_;
+    int selections_ = 0;
+};
+
+}  // namespace display::qt

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/qt/windows/form_window.h"
+
+#include <QCloseEvent>
+#include <QScreen>
+#include <QWindow>
+
+#include "display/qt/windows/qt_desktop.h"
+
+namespace display::qt {
+
+namespace {
+
+/// While a window manager puts its frame around a new window, the place that it reports wavers by
+/// the frame's width; a person takes longer to drag it anywhere.
+constexpr qint64 kFraming = 400;
+
+}  // namespace
+
+FormWindow::FormWindow(QtDesktop& desktop, Form& form)
+    : QWidget(nullptr), desktop_(desktop), form_(form), view_(desktop, form, this) {
+    setObjectName(QString::fromStdString(form.name()) + "Window");
+    setWindowFlags(wantedFlags());
+}
+
+Qt::WindowFlags FormWindow::wantedFlags() const {
+    // X is told of the window that a dialog belongs to, of no other kind's.
+    Qt::WindowFlags flags = Qt::Dialog | Qt::CustomizeWindowHint;
+    if (form_.caption.empty()) {
+        flags |= Qt::FramelessWindowHint;
+    } else {
+        flags |= Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+    }
+    if (form_.topmost) flags |= Qt::WindowStaysOnTopHint;
+    return flags;
+}
+
+void FormWindow::placeFirst(const QWidget* over) {
+    const QRect room = desktop_.roomFor(form_);
+    QRect box(pos(), size());
+    if (form_.left == 0.f && form_.top == 0.f) {
+        box.moveCenter(over ? over->geometry().center() : room.center());
+    } else {
+        box.moveTopLeft(desktop_.screenPoint(form_.left, form_.top));
+    }
+    // Whole on the screen as far as it fits, its upper left corner in any case.
+    box.moveRight(std::min(box.right(), room.right()));
+    box.moveBottom(std::min(box.bottom(), room.bottom()));
+    box.moveLeft(std::max(box.left(), room.left()));
+    box.moveTop(std::max(box.top(), room.top()));
+    move(box.topLeft());
+    form_.left = desktop_.modelX(box.left());
+    form_.top = desktop_.modelY(box.top());
+}
+
+void FormWindow::appear(const QWidget* over, const QWidget* above) {
+    placing_ = true;
+    sync();
+    placeFirst(over);
+    if (above && !windowHandle()) winId();
+    if (above && above->windowHandle()) windowHandle()->setTransientParent(above->windowHandle());
+    placing_ = false;
+    shownSince_.start();
+    show();
+    raise();
+    activateWindow();
+    // Each time anew, wherever the keyboard was when the window closed.
+    view_.focusFirst();
+}
+
+void FormWindow::sync() {
+    if (windowFlags() != wantedFlags()) {
+        const bool shown = isVisible();
+        setWindowFlags(wantedFlags());
+        if (shown) show();
+    }
+    const QString title = qText(form_.caption.get());
+    if (windowTitle() != title) setWindowTitle(title);
+    const QSize size = view_.wantedScale().whole(Box{0, 0, form_.width, form_.height}).size();
+    if (view_.size() != size) view_.resize(size);
+    if (this->size() != size || minimumSize() != size) setFixedSize(size);
+    if (isVisible() && !placing_ && shownSince_.elapsed() >= kFraming) {
+        const QPoint wanted = desktop_.screenPoint(form_.left, form_.top);
+        if (wanted != pos()) move(wanted);
+    }
+    view_.sync();
+}
+
+void FormWindow::moveEvent(QMoveEvent* event) {
+    QWidget::moveEvent(event);
+    if (placing_ || !isVisible() || shownSince_.elapsed() < kFraming) return;
+    // Rounding alone is no move of the window manager's.
+    if (desktop_.screenPoint(form_.left, form_.top) == pos()) return;
+    form_.left = desktop_.modelX(pos().x());
+    form_.top = desktop_.modelY(pos().y());
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+    // The form itself decides what its close does.
+    event->ignore();
+    desktop_.hand().close(form_);
+}
+
+}  // namespace display::qt

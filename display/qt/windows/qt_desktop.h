@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QPointF>
+#include <QTimer>
+#include <functional>
+#include <map>
+#include <memory>
+#include <random>
+
+#include "display/desktop.h"
+#include "display/form.h"
+#include "display/hand.h"
+#include "display/page.h"
+#include "display/qt/accessibility/focus_keeper.h"
+#include "display/qt/accessibility/keyboard_watch.h"
+#include "display/qt/painting/scale.h"
+
+class QEventLoop;
+class QPrinter;
+
+namespace display::qt {
+
+class FormView;
+class FormWindow;
+class HelpWindow;
+class RackWindow;
+struct PageContent;
+
+/// The desktop on Qt 6 Widgets. One wake-up timer feeds the queue; raw input becomes calls of a
+/// Hand; once a frame the windows take over what is newer than what they drew.
+class QtDesktop : public Desktop {
+ public:
+    /// Uses the application object if there is one, else owns it.
+    QtDesktop(int& argc, char** argv);
+    ~QtDesktop() override;
+
+    /// The forms that stand together in one window, the one that leads first. Before their show.
+    void rack(std::vector<Form*> forms);
+
+    /// Runs the start inside the desktop, then its events until the program ends or, without a
+    /// rack, the last window closes. Answers the exit status.
+    int run(const std::function<void()>& start = {});
+
+    // What forms ask; see Desktop.
+    Time now() const override;
+    Date today() const override;
+    std::string monthName(int month) const override;
+    std::string shortMonthName(int month) const override;
+    std::string weekdayName(int weekday) const override;
+    int userLanguageId() const override { return languageId_; }
+    double random() override;
+    void messageBox(const MessageBox& box) override;
+    BoxAnswer ask(const MessageBox& box) override;
+    void letEventsThrough() override;
+    Box room(const Form& form) const override;
+    void pointer(PointerShape shape) override;
+    void beep() override;
+    void giveFocus(Control& control) override;
+    void setClipboardText(std::string_view text) override;
+    void setClipboardPicture(Control& drawing) override;
+    std::string pictureOf(Control& drawing, PictureFormat format) override;
+    std::optional<std::string> askWhereToSave(const SaveQuestion& question) override;
+    std::string writeFile(std::string_view path, std::string_view bytes) override;
+    std::string printImage(const std::vector<const Form*>& forms) override;
+    std::string printSheet(const Panel& sheet) override;
+    std::string printPages(const PageDocument& document, int first, int last) override;
+    std::string pdfOfImage(const std::vector<const Form*>& forms) override;
+    std::string pdfOfSheet(const Panel& sheet) override;
+    std::string pdfOfPages(const PageDocument& document, int first, int last) override;
+    Paper paper() const override;
+    void showHelp(std::string_view fileName) override;
+    void formLoaded(Form& form) override;
+    void formShown(Form& form) override;
+    void formHidden(Form& form) override;
+    void formDestroyed(Form& form) override;
+    void runModal(Form& form) override;
+    void formMinimised(Form& form) override;
+
+    // What the windows and widgets ask.
+
+    /// The person before the screen. What is posted is handled as soon as the event that brought
+    /// it has returned.
+    Hand& hand();
+    /// Handles posted input now, unless a handler runs.
+    void runInputNow();
+    /// One look at all windows, soon.
+    void frameSoon();
+
+    /// One factor for all windows, at the first screen's device pixel ratio.
+    const Scale& scale() const { return scale_; }
+    QSize rackSize() const;
+    /// The screen less task bars, in logical pixels.
+    QRect availableRoom() const;
+    /// The same less what the frame of the form's window takes.
+    QRect roomFor(const Form& form) const;
+    QPoint screenPoint(float leftTwips, float topTwips) const;
+    float modelX(int px) const { return static_cast<float>(scale_.twips(px)); }
+    float modelY(int px) const { return static_cast<float>(scale_.twips(px)); }
+    /// True where a program may not place windows: then a handle starts the system's own move.
+    bool systemMovesWindows() const { return systemMoves_; }
+
+    /// A place on the screen as one on a form, in twips from where the model says that it stands.
+    QPointF pointOnForm(const Form& form, QPointF global) const;
+
+    /// True while keys show where the keyboard is.
+    bool keyboardUsed() const { return keyboard_->used(); }
+
+    /// A hand reaches for a form that waits for another window: that one comes up, and flashes.
+    void recallOpenWindow();
+
+    /// The view of a form, or null when it was never shown; for tests and the printer.
+    FormView* viewOf(const Form& form) const;
+    RackWindow* rackWindow() const { return rack_.get(); }
+
+ protected:
+    void ending() override;
+    /// The desktop's default printer, made ready; null where there is none, with what is wrong.
+    virtual std::unique_ptr<QPrinter> readyPrinter(std::string& wrong) const;
+
+ private:
+    std::string printContent(const PageContent& content) const;
+    static std::vector<const Form*> shownOf(const std::vector<const Form*>& forms);
+
+    /// What stands on the stack of the one thread.
+    enum class Phase { Idle, Handling, Modal, Box };
+    enum class BoxKeys { Ok, OkAndCancel };
+    /// What runs now, and before: put back on every way out.
+    class PhaseScope {
+     public:
+        PhaseScope(QtDesktop& desktop, Phase phase) : desktop_(desktop), before_(desktop.phase_) {
+            desktop.phase_ = phase;
+        }
+        ~PhaseScope() { desktop_.phase_ = before_; }
+        PhaseScope(const PhaseScope&) = delete;
+        PhaseScope& operator=(const PhaseScope&) = delete;
+
+     private:
+        QtDesktop& desktop_;
+        Phase before_;
+    };
+
+    void wake();
+    void runQueue();
+    void arm();
+    void frameIfDue();
+    void frame();
+    bool anythingStale() const;
+    void paintNow(const Form& form);
+    void enableViews();
+    void settleFocus();
+    FormWindow& windowOf(Form& form);
+    const QWidget* opener() const;
+    bool spanish() const;
+    /// What is said of a page that the printer refused, and whether it did so behind Qt's back:
+    /// empty when the page is on its way.
+    std::string notTaken() const;
+    std::string takenBy(const QPrinter& printer) const;
+    BoxAnswer standBox(const MessageBox& box, BoxKeys keys);
+    std::optional<std::string> standSaveDialog(const SaveQuestion& question);
+
+    std::unique_ptr<QApplication> own_;
+    Hand hand_{*this};
+    Scale scale_{0.1, 1};
+    QElapsedTimer clock_;
+    QTimer wakeTimer_;
+    Phase phase_ = Phase::Idle;
+    std::unique_ptr<RackWindow> rack_;
+    std::map<const Form*, std::unique_ptr<FormWindow>> windows_;
+    std::unique_ptr<HelpWindow> help_;
+    std::vector<Form*> modals_;
+    FocusKeeper focus_;
+    std::unique_ptr<KeyboardWatch> keyboard_;
+    Time lastFrame_{-1000000};
+    bool frameWanted_ = false;
+    bool hourglass_ = false;
+    bool systemMoves_ = false;
+    int languageId_ = 0x0409;
+    std::mt19937 generator_;
+    QString saveFolder_;  ///< where a file was written last
+};
+
+}  // namespace display::qt

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+#include "display/qt/widgets/control_widget.h"
+#include "display/qt/windows/qt_desktop.h"
+#include "display/save_question.h"
+
+namespace display::qt {
+
+namespace {
+
+QString filterOf(const SaveQuestion::Kind& kind) {
+    return qText(kind.words) + QStringLiteral(" (*.") + qText(kind.ending) + QStringLiteral(")");
+}
+
+QString firstFolder() {
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo(documents).isDir() ? documents : QDir::homePath();
+}
+
+/// What Qt's own dialog says in English.
+void sayInSpanish(QFileDialog& dialog) {
+    dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Buscar en:"));
+    dialog.setLabelText(QFileDialog::FileName, QStringLiteral("&Nombre:"));
+    dialog.setLabelText(QFileDialog::FileType, QStringLiteral("Tipo:"));
+    dialog.setLabelText(QFileDialog::Accept, QStringLiteral("&Guardar"));
+    dialog.setLabelText(QFileDialog::Reject, QStringLiteral("&Cancelar"));
+}
+
+const SaveQuestion::Kind& chosenKind(const SaveQuestion& question, const QFileDialog& dialog) {
+    for (const SaveQuestion::Kind& kind : question.kinds) {
+        if (filterOf(kind) == dialog.selectedNameFilter()) return kind;
+    }
+    return question.kinds.front();
+}
+
+}  // namespace
+
+/// The dialog answers with an ending that it was not asked for when one is typed; the name that
+/// becomes of it may be there already, which the dialog has not looked at.
+std::optional<std::string> QtDesktop::standSaveDialog(const SaveQuestion& question) {
+    QFileDialog dialog(const_cast<QWidget*>(opener()), qText(question.title), saveFolder_);
+    dialog.setObjectName(QStringLiteral("SaveDialog"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    if (spanish()) sayInSpanish(dialog);
+    QStringList filters;
+    for (const SaveQuestion::Kind& kind : question.kinds) filters << filterOf(kind);
+    dialog.setNameFilters(filters);
+    dialog.setDefaultSuffix(qText(question.kinds.front().ending));
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
+                     [&] { dialog.setDefaultSuffix(qText(chosenKind(question, dialog).ending)); });
+    QString name = qText(question.stem + "." + question.kinds.front().ending);
+    for (;;) {
+        dialog.selectFile(name);
+        if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+            return std::nullopt;
+        const std::string chosen = utf8(dialog.selectedFiles().constFirst());
+        const std::string path = withEnding(chosen, question.kinds, chosenKind(question, dialog));
+        saveFolder_ = QFileInfo(qText(path)).absolutePath();
+        if (path == chosen || !QFileInfo::exists(qText(path))) return path;
+        name = QFileInfo(qText(path)).fileName();
+    }
+}
+
+std::optional<std::string> QtDesktop::askWhereToSave(const SaveQuestion& question) {
+    if (ended()) throw ProgramEnded{};
+    if (saveFolder_.isEmpty()) saveFolder_ = firstFolder();
+    frame();
+    std::optional<std::string> path;
+    {
+        PhaseScope standing(*this, Phase::Box);
+        arm();
+        path = standSaveDialog(question);
+    }
+    if (ended()) throw ProgramEnded{};
+    wakeTimer_.start(0);
+    return path;
+}
+
+std::string QtDesktop::writeFile(std::string_view path, std::string_view bytes) {
+    // Written beside the old file and put in its place when all of it has reached the disk.
+    QSaveFile file(qText(path));
+    const auto size = static_cast<qint64>(bytes.size());
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes.data(), size) == size && file.commit())
+        return {};
+    const std::string name = utf8(QFileInfo(qText(path)).fileName());
+    return name + (spanish() ? " no se puede escribir: " : " cannot be written: ") +
+           utf8(file.errorString());
+}
+
+}  // namespace display::qt

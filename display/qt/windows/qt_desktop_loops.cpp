@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QEventLoop>
+#include <QMessageBox>
+#include <QPushButton>
+#include <algorithm>
+
+#include "display/qt/widgets/control_widget.h"
+#include "display/qt/windows/form_window.h"
+#include "display/qt/windows/help_window.h"
+#include "display/qt/windows/qt_desktop.h"
+#include "display/qt/windows/rack_window.h"
+
+namespace display::qt {
+
+namespace {
+
+/// One frame for each heartbeat of 30 ms, with room for a late wake-up.
+constexpr Time kFrame = std::chrono::milliseconds(28);
+
+int wholeMilliseconds(Time time) {
+    const auto up = std::chrono::ceil<std::chrono::milliseconds>(time).count();
+    return static_cast<int>(std::clamp<long long>(up, 0, 24 * 3600 * 1000));
+}
+
+}  // namespace
+
+int QtDesktop::run(const std::function<void()>& start) {
+    try {
+        PhaseScope handling(*this, Phase::Handling);
+        if (start) start();
+    } catch (const ProgramEnded&) {
+        return 0;
+    }
+    if (ended()) return 0;
+    frame();
+    arm();
+    return QApplication::exec();
+}
+
+void QtDesktop::runQueue() {
+    const Phase phase = phase_;
+    PhaseScope handling(*this, Phase::Handling);
+    switch (phase) {
+        case Phase::Idle:
+            queue().runDue();
+            break;
+        case Phase::Modal:
+            queue().runModalPass();
+            break;
+        case Phase::Box:
+            queue().runBoxPass();
+            break;
+        case Phase::Handling:
+            break;
+    }
+}
+
+void QtDesktop::wake() {
+    // Inside a handler the queue lets through what it will when it is asked.
+    if (phase_ == Phase::Handling || ended()) return;
+    try {
+        runQueue();
+    } catch (const ProgramEnded&) {
+        return;
+    }
+    if (ended()) return;
+    frameIfDue();
+    arm();
+}
+
+void QtDesktop::runInputNow() {
+    if (ended() || (phase_ != Phase::Idle && phase_ != Phase::Modal)) return;
+    try {
+        PhaseScope handling(*this, Phase::Handling);
+        queue().runInputs();
+    } catch (const ProgramEnded&) {
+        return;
+    }
+    if (!ended()) frameSoon();
+}
+
+void QtDesktop::arm() {
+    std::optional<Time> next = phase_ == Phase::Box && queue().inputWaits()
+                                   ? std::optional<Time>(now() + kFrame)
+                                   : queue().nextDue();
+    if (frameWanted_) next = std::min(next.value_or(lastFrame_ + kFrame), lastFrame_ + kFrame);
+    if (next) wakeTimer_.start(wholeMilliseconds(*next - now()));
+}
+
+void QtDesktop::frameSoon() {
+    frameWanted_ = true;
+    if (!wakeTimer_.isActive() || wakeTimer_.remainingTime() > 1) wakeTimer_.start(0);
+}
+
+bool QtDesktop::anythingStale() const {
+    return std::ranges::any_of(forms(), [this](const Form* form) {
+        const FormView* view = viewOf(*form);
+        return view && view->stale();
+    });
+}
+
+void QtDesktop::frameIfDue() {
+    frameWanted_ = frameWanted_ || anythingStale();
+    if (frameWanted_ && now() - lastFrame_ >= kFrame) frame();
+}
+
+void QtDesktop::frame() {
+    frameWanted_ = false;
+    lastFrame_ = now();
+    if (rack_) rack_->sync();
+    for (const auto& [form, window] : windows_) {
+        if (form->visible) window->sync();
+    }
+    settleFocus();
+}
+
+void QtDesktop::letEventsThrough() {
+    if (ended()) throw ProgramEnded{};
+    {
+        PhaseScope handling(*this, Phase::Handling);
+        frameIfDue();
+        // Before the rack measures, what a hand does waits; painting does not.
+        QApplication::processEvents(queue().gateOpen() ? QEventLoop::AllEvents
+                                                       : QEventLoop::ExcludeUserInputEvents);
+    }
+    queue().letThrough();
+    if (ended()) throw ProgramEnded{};
+    // A wake-up that came meanwhile did nothing.
+    wakeTimer_.start(0);
+}
+
+void QtDesktop::runModal(Form& form) {
+    queue().pushModal(form);
+    modals_.push_back(&form);
+    enableViews();
+    {
+        PhaseScope modal(*this, Phase::Modal);
+        QEventLoop loop;
+        frame();
+        arm();
+        while (form.visible && !ended()) loop.processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    modals_.pop_back();
+    queue().popModal();
+    enableViews();
+    wakeTimer_.start(0);
+}
+
+void QtDesktop::messageBox(const MessageBox& box) {
+    (void)standBox(box, BoxKeys::Ok);
+}
+
+BoxAnswer QtDesktop::ask(const MessageBox& box) {
+    return standBox(box, BoxKeys::OkAndCancel);
+}
+
+BoxAnswer QtDesktop::standBox(const MessageBox& box, BoxKeys keys) {
+    if (ended()) throw ProgramEnded{};
+    frame();
+    BoxAnswer answer = BoxAnswer::Ok;
+    {
+        PhaseScope standing(*this, Phase::Box);
+        QMessageBox shown(const_cast<QWidget*>(opener()));
+        shown.setWindowTitle(qText(box.title));
+        shown.setTextFormat(Qt::PlainText);
+        shown.setText(qText(box.text));
+        shown.setIcon(box.icon == BoxIcon::Critical      ? QMessageBox::Critical
+                      : box.icon == BoxIcon::Information ? QMessageBox::Information
+                                                         : QMessageBox::NoIcon);
+        const QPushButton* ok = shown.addButton(
+            spanish() ? QStringLiteral("Aceptar") : QStringLiteral("OK"), QMessageBox::AcceptRole);
+        if (keys == BoxKeys::OkAndCancel) {
+            shown.setEscapeButton(
+                shown.addButton(spanish() ? QStringLiteral("Cancelar") : QStringLiteral("Cancel"),
+                                QMessageBox::RejectRole));
+        }
+        arm();
+        shown.exec();
+        if (keys == BoxKeys::OkAndCancel && shown.clickedButton() != ok) answer = BoxAnswer::Cancel;
+    }
+    if (ended()) throw ProgramEnded{};
+    wakeTimer_.start(0);
+    return answer;
+}
+
+void QtDesktop::ending() {
+    wakeTimer_.stop();
+    if (hourglass_) QApplication::restoreOverrideCursor();
+    if (rack_) rack_->putAway();
+    for (const auto& [form, window] : windows_) window->hide();
+    help_.reset();
+    QApplication::exit(0);
+}
+
+}  // namespace display::qt

@@ -1,0 +1,263 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/qt/windows/rack_window.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QWindow>
+#include <algorithm>
+
+#include "display/qt/painting/palette.h"
+#include "display/qt/windows/qt_desktop.h"
+
+namespace display::qt {
+
+namespace {
+
+/// Longer than any window manager takes to fold a window.
+constexpr int kFoldLimitMs = 1500;
+/// On X a window manager's word comes at once; if it is late all the same, no harm is done.
+constexpr int kFoldLimitOnXMs = 500;
+
+}  // namespace
+
+RackWindow::RackWindow(QtDesktop& desktop, std::vector<Form*> forms)
+    : QWidget(nullptr), desktop_(desktop), forms_(std::move(forms)), views_(forms_.size()) {
+    setObjectName("Rack");
+    setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowMinimizeButtonHint |
+                   Qt::WindowCloseButtonHint | Qt::WindowSystemMenuHint);
+    foldLimit_.setSingleShot(true);
+    connect(&foldLimit_, &QTimer::timeout, this, [this] { comeBackIfNeverGone(); });
+}
+
+bool RackWindow::holds(const Form& form) const {
+    return std::ranges::find(forms_, &form) != forms_.end();
+}
+
+FormView* RackWindow::viewOf(const Form& form) const {
+    const auto found = std::ranges::find(forms_, &form);
+    return found == forms_.end() ? nullptr
+                                 : views_[static_cast<std::size_t>(found - forms_.begin())];
+}
+
+void RackWindow::forget(const Form& form) {
+    const auto found = std::ranges::find(forms_, &form);
+    if (found == forms_.end()) return;
+    const auto index = found - forms_.begin();
+    delete views_[static_cast<std::size_t>(index)];
+    views_.erase(views_.begin() + index);
+    forms_.erase(found);
+    if (forms_.empty()) hide();
+}
+
+FormView& RackWindow::makeView(Form& form) {
+    FormView*& view =
+        views_[static_cast<std::size_t>(std::ranges::find(forms_, &form) - forms_.begin())];
+    if (!view) {
+        view = new FormView(desktop_, form, this);
+        newView_ = true;
+    }
+    return *view;
+}
+
+void RackWindow::placeFirst() {
+    placed_ = true;
+    Form& first = lead();
+    const QRect room = desktop_.availableRoom();
+    // The whole rack will stand below its first panel: leave room for it.
+    const QSize rack = desktop_.rackSize();
+    QPoint at = desktop_.screenPoint(first.left, first.top);
+    if (first.left == 0.f && first.top == 0.f) {
+        at = QPoint(room.center().x() - rack.width() / 2, room.center().y() - rack.height() / 2);
+    }
+    at.setX(std::max(std::min(at.x(), room.right() + 1 - rack.width()), room.left()));
+    at.setY(std::max(std::min(at.y(), room.bottom() + 1 - rack.height()), room.top()));
+    layoutLeft_ = first.left;
+    layoutTop_ = first.top;
+    first.left = desktop_.modelX(at.x());
+    first.top = desktop_.modelY(at.y());
+    for (Form* form : forms_) {
+        if (form != &first && form->loaded()) joined(*form);
+    }
+}
+
+void RackWindow::joined(Form& form) {
+    if (!placed_ || &form == &lead()) return;
+    form.left = form.left + (lead().left - layoutLeft_);
+    form.top = form.top + (lead().top - layoutTop_);
+}
+
+void RackWindow::placeViews() {
+    const Scale& scale = makeView(lead()).scale();
+    QRect all;
+    for (std::size_t i = 0; i < forms_.size(); ++i) {
+        Form& form = *forms_[i];
+        if (!form.visible) {
+            if (views_[i] && !views_[i]->isHidden()) views_[i]->hide();
+            continue;
+        }
+        FormView& view = makeView(form);
+        const QRect box = scale.whole(
+            Box{form.left - lead().left, form.top - lead().top, form.width, form.height});
+        if (view.geometry() != box) view.setGeometry(box);
+        view.sync();
+        if (view.isHidden()) {
+            view.show();
+            view.raise();
+        }
+        all |= box;
+    }
+    if (newView_) orderTabs();
+    newView_ = false;
+    if (all.isEmpty()) return;
+    // Where the system alone places windows it has to know from the first how large this one gets,
+    // or the panels that come later hang over the edge of the screen.
+    const QSize wanted =
+        desktop_.systemMovesWindows() ? all.size().expandedTo(desktop_.rackSize()) : all.size();
+    if (size() != wanted || minimumSize() != wanted) setFixedSize(wanted);
+}
+
+/// From the top of the rack to its foot, in whatever order the panels came up.
+void RackWindow::orderTabs() {
+    QWidget* before = nullptr;
+    for (const FormView* view : views_) {
+        if (!view) continue;
+        for (QWidget* next : view->tabOrder()) {
+            if (before) setTabOrder(before, next);
+            before = next;
+        }
+    }
+}
+
+void RackWindow::placeWindow() {
+    const QPoint wanted = desktop_.screenPoint(lead().left, lead().top);
+    if (wanted != pos()) move(wanted);
+}
+
+void RackWindow::sync() {
+    if (forms_.empty()) return;
+    if (!lead().visible) {
+        if (isVisible()) hide();
+        return;
+    }
+    if (!placed_) placeFirst();
+    placeViews();
+    const bool folded = lead().windowState == WindowState::Minimised;
+    if (fold_ == Fold::Bar && folded) return;
+    if (bar_ && !folded) {
+        fold_ = Fold::None;
+        bar_.reset();
+    }
+    if (isMinimized() && folded) return;
+    if (!isMinimized()) placeWindow();
+    const QString title = qText(lead().caption.get());
+    if (windowTitle() != title) setWindowTitle(title);
+    if (!isVisible()) {
+        show();
+        raise();
+        activateWindow();
+    }
+}
+
+void RackWindow::fold() {
+    sync();
+    fold_ = Fold::Asked;
+    if (windowHandle()) windowHandle()->installEventFilter(this);
+    showMinimized();
+    const bool onX = QGuiApplication::platformName() == QLatin1String("xcb");
+    foldLimit_.start(onX ? kFoldLimitOnXMs : kFoldLimitMs);
+}
+
+void RackWindow::away() {
+    if (fold_ == Fold::Asked) fold_ = Fold::Away;
+}
+
+void RackWindow::back() {
+    if (fold_ != Fold::Away) return;
+    fold_ = Fold::None;
+    if (forms_.empty() || lead().windowState != WindowState::Minimised) return;
+    if (isMinimized()) setWindowState(windowState() & ~Qt::WindowMinimized);
+    desktop_.hand().unfold(lead());
+}
+
+/// Where nothing folds windows the rack must not stay a strip of one panel.
+void RackWindow::comeBackIfNeverGone() {
+    if (fold_ != Fold::Asked) return;
+    // X says what becomes of a window: this one stands on a screen without a window manager.
+    if (QGuiApplication::platformName() == QLatin1String("xcb")) {
+        leaveBar();
+    } else if (isActiveWindow()) {
+        fold_ = Fold::Away;
+        back();
+    }
+}
+
+void RackWindow::leaveBar() {
+    fold_ = Fold::Bar;
+    bar_ = std::make_unique<FoldBar>(windowTitle(), lead().language == Language::Spanish,
+                                     desktop_.scale().px(10));
+    connect(bar_.get(), &QAbstractButton::clicked, this,
+            [this] { desktop_.hand().unfold(lead()); });
+    bar_->move(pos());
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    hide();
+    bar_->show();
+    bar_->raise();
+    bar_->activateWindow();
+}
+
+void RackWindow::putAway() {
+    bar_.reset();
+    hide();
+}
+
+bool RackWindow::event(QEvent* event) {
+    if (event->type() == QEvent::WindowDeactivate) away();
+    if (event->type() == QEvent::WindowActivate) back();
+    return QWidget::event(event);
+}
+
+bool RackWindow::eventFilter(QObject* native, QEvent* event) {
+    if (native == windowHandle() && event->type() == QEvent::Expose) {
+        if (windowHandle()->isExposed()) {
+            back();
+        } else {
+            away();
+        }
+    }
+    return QWidget::eventFilter(native, event);
+}
+
+void RackWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange && !isMinimized() && !forms_.empty() &&
+        fold_ != Fold::Bar) {
+        fold_ = Fold::None;
+        desktop_.hand().unfold(lead());
+    }
+}
+
+void RackWindow::moveEvent(QMoveEvent* event) {
+    QWidget::moveEvent(event);
+    if (!isVisible() || isMinimized() || forms_.empty()) return;
+    if (desktop_.screenPoint(lead().left, lead().top) == pos()) return;
+    // The window manager moved the window: all its panels moved with it.
+    const float across = desktop_.modelX(pos().x()) - lead().left;
+    const float down = desktop_.modelY(pos().y()) - lead().top;
+    for (Form* form : forms_) {
+        form->left = form->left + across;
+        form->top = form->top + down;
+    }
+}
+
+void RackWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    if (!forms_.empty()) desktop_.hand().close(lead());
+}
+
+void RackWindow::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), QColor(kFaceplateShade));
+}
+
+}  // namespace display::qt

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/qt/windows/window_flash.h"
+
+#include <QPainter>
+
+#include "display/qt/painting/palette.h"
+
+namespace display::qt {
+
+namespace {
+
+/// Long enough to be seen, too short to be waited for.
+constexpr int kFlashMs = 350;
+constexpr int kFrameWidth = 4;
+
+}  // namespace
+
+WindowFlash::WindowFlash(QWidget& window) : QWidget(&window) {
+    setObjectName("Flash");
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setFocusPolicy(Qt::NoFocus);
+    over_.setSingleShot(true);
+    connect(&over_, &QTimer::timeout, this, &QWidget::hide);
+    hide();
+}
+
+void WindowFlash::flash() {
+    setGeometry(parentWidget()->rect());
+    show();
+    raise();
+    over_.start(kFlashMs);
+}
+
+void WindowFlash::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    QPen frame{QColor(kAmber)};
+    frame.setWidth(kFrameWidth);
+    frame.setJoinStyle(Qt::MiterJoin);
+    painter.setPen(frame);
+    constexpr int kInside = kFrameWidth / 2;
+    painter.drawRect(rect().adjusted(kInside, kInside, -kInside, -kInside));
+}
+
+}  // namespace display::qt

@@ -1,0 +1,188 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the marks of a drawing look like as pixels.
+#include <QImage>
+#include <QPainter>
+#include <algorithm>
+#include <cstdlib>
+
+#include "display/qt/painting/fonts.h"
+#include "display/qt/painting/painted.h"
+#include "tests/display/qt/qt_bench.h"
+
+namespace display::qt {
+namespace {
+
+constexpr qreal kPixelsPerTwip = 0.1;
+
+/// The largest difference of a channel.
+int largestPixelDifference(const QImage& a, const QImage& b) {
+    int largest = a.size() == b.size() ? 0 : 255;
+    for (int y = 0; y < a.height() && largest < 255; ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            const QRgb p = a.pixel(x, y), q = b.pixel(x, y);
+            largest = std::max({largest, std::abs(qRed(p) - qRed(q)),
+                                std::abs(qGreen(p) - qGreen(q)), std::abs(qBlue(p) - qBlue(q))});
+        }
+    }
+    return largest;
+}
+
+class DrawingPixels : public QtBench, public testing::WithParamInterface<double> {
+ protected:
+    DrawingPixels() {
+        sample->load();
+        box.left = 0.f;
+        box.top = 0.f;
+        box.width = 4000.f;
+        box.height = 3000.f;
+        box.drawing.clear();
+        box.drawing.scale(1, 0);
+    }
+
+    QImage shown(Painted& painted) const {
+        const Scale scale(kPixelsPerTwip, GetParam());
+        painted.prepare(scale);
+        QImage image((QSizeF(400, 300) * GetParam()).toSize(), QImage::Format_RGB32);
+        image.setDevicePixelRatio(GetParam());
+        image.fill(Qt::darkCyan);
+        QPainter painter(&image);
+        painted.paint(painter);
+        return image;
+    }
+
+    PictureBox& box = sample->PictureBox1;
+};
+
+/// Boxes, strokes and texts, each over some of those before it; nothing covers the upper rows.
+template <class After>
+void drawManyOverEachOther(Drawing& drawing, After after) {
+    auto pen = [&](Colour colour, int width) {
+        drawing.foreground = colour;
+        drawing.lineWidth = width;
+    };
+    pen(kWhite, 1);
+    drawing.box(0, 300, 4000, 3000);
+    after();
+    for (int i = 0; i < 30; ++i) {
+        const auto x = static_cast<float>(130 * i), y = static_cast<float>(i * 977 % 2600);
+        pen(i % 2 ? kGreen : kRed, 1);
+        drawing.box(x, y, x + 90, 2900);
+        after();
+        pen(kBlack, 1 + i % 3);
+        drawing.line(x, y, x + 700, y - 400);
+        after();
+        drawing.line(x, y, x + 700, y);
+        after();
+        drawing.textX = x;
+        drawing.textY = y - 100;
+        drawing.print("10.7");
+        after();
+    }
+}
+
+TEST_P(DrawingPixels, MarksThatComeTogether_LieOverEachOtherAsMarksThatComeOneByOne) {
+    const auto growing = paintedDrawing(box);
+    QImage oneByOne;
+    drawManyOverEachOther(box.drawing, [&] { oneByOne = shown(*growing); });
+    const auto atOnce = paintedDrawing(box);
+    EXPECT_EQ(shown(*atOnce), oneByOne);
+}
+
+TEST_P(DrawingPixels, Text_LooksAsThePainterSetsIt) {
+    box.drawing.foreground = kWhite;
+    box.drawing.box(0, 0, 4000, 3000);
+    box.drawing.foreground = kBlack;
+    box.drawing.fontPoints = 8;
+    box.drawing.textX = 500;
+    box.drawing.textY = 700;
+    box.drawing.print("%Mod 102.5 \xc3\x81g");
+    const auto painted = paintedDrawing(box);
+    const QImage ours = shown(*painted);
+    QImage wanted(ours.size(), QImage::Format_ARGB32_Premultiplied);
+    wanted.setDevicePixelRatio(GetParam());
+    wanted.fill(Qt::white);
+    const Scale scale(kPixelsPerTwip, GetParam());
+    const QFont font = Fonts::get().font(scale.px(160), Weight::Normal);
+    QPainter painter(&wanted);
+    painter.setFont(font);
+    painter.setPen(Qt::black);
+    painter.drawText(QPointF(scale.snapped(50), scale.snapped(70) + QFontMetricsF(font).ascent()),
+                     QString::fromUtf8("%Mod 102.5 \xc3\x81g"));
+    painter.end();
+    EXPECT_LE(largestPixelDifference(ours, wanted.convertToFormat(QImage::Format_RGB32)), 2);
+    QImage empty(ours.size(), QImage::Format_RGB32);
+    empty.fill(Qt::white);
+    EXPECT_GT(largestPixelDifference(ours, empty), 200);
+}
+
+TEST_P(DrawingPixels, TextOutsideEveryBox_LetsThroughWhatLiesBehind) {
+    box.drawing.foreground = kBlack;
+    box.drawing.textX = 500;
+    box.drawing.textY = 700;
+    box.drawing.print("8");
+    const auto painted = paintedDrawing(box);
+    const QImage image = shown(*painted);
+    int untouched = 0, black = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            untouched += image.pixelColor(x, y) == QColor(Qt::darkCyan);
+            black += qGray(image.pixel(x, y)) < 30;
+        }
+    }
+    EXPECT_GT(black, 5);
+    EXPECT_GT(untouched, image.width() * image.height() - 400 * GetParam() * GetParam());
+}
+
+Colour ofCell(int column, int row) {
+    return Colour{static_cast<std::uint32_t>(0x400000 + 0x0400 * column + row)};
+}
+
+TEST_P(DrawingPixels, EachCellOfAMapStandsInItsPlaceInItsColour) {
+    constexpr CellGrid kGrid{400, 300, 50, 40, 60, 50};
+    const auto painted = paintedDrawing(box);
+    for (int row = 0; row < kGrid.rows; ++row) {
+        for (int column = 0; column < kGrid.columns; ++column) {
+            // A hole in the map lets through what lies behind.
+            if (column % 7 == 3) continue;
+            box.drawing.foreground = ofCell(column, row);
+            box.drawing.cell(kGrid, column, row);
+        }
+        if (row == 20) shown(*painted);
+    }
+    const QImage image = shown(*painted);
+    for (int row = 0; row < kGrid.rows; ++row) {
+        for (int column = 0; column < kGrid.columns; ++column) {
+            const double pixel = kPixelsPerTwip * GetParam();
+            const int x = static_cast<int>((kGrid.left + kGrid.pitchX * (column + 0.5)) * pixel);
+            const int y = static_cast<int>((kGrid.top + kGrid.pitchY * (row + 0.5)) * pixel);
+            const Colour colour = ofCell(column, row);
+            ASSERT_EQ(image.pixelColor(x, y),
+                      column % 7 == 3 ? QColor(Qt::darkCyan)
+                                      : QColor(colour.red(), colour.green(), colour.blue()))
+                << column << ", " << row;
+        }
+    }
+}
+
+TEST_P(DrawingPixels, ACellBelowALaterMarkChangesOnTheScreenToo) {
+    constexpr CellGrid kGrid{400, 300, 100, 100, 10, 10};
+    const auto painted = paintedDrawing(box);
+    box.drawing.foreground = kRed;
+    box.drawing.cell(kGrid, 1, 1);
+    box.drawing.foreground = kWhite;
+    box.drawing.box(900, 900, 1100, 1100);
+    shown(*painted);
+    box.drawing.foreground = kGreen;
+    box.drawing.cell(kGrid, 1, 1);
+    const QImage image = shown(*painted);
+    const double pixel = kPixelsPerTwip * GetParam();
+    EXPECT_EQ(image.pixelColor(static_cast<int>(550 * pixel), static_cast<int>(450 * pixel)),
+              QColor(Qt::green));
+    EXPECT_EQ(image.pixelColor(static_cast<int>(1000 * pixel), static_cast<int>(1000 * pixel)),
+              QColor(Qt::white));
+}
+
+INSTANTIATE_TEST_SUITE_P(AtEachRatio, DrawingPixels, testing::Values(1, 1.25, 1.5, 2));
+
+}  // namespace
+}  // namespace display::qt
