@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <regex>
@@ -6,60 +7,13 @@
 #include <string>
 #include <string_view>
 
+#include "tests/architecture/house_picture.h"
 #include "tests/architecture/source_tree.h"
 
 namespace hmonitor::test {
 namespace {
 
-constexpr std::string_view kForms[] = {"startup",     "panels",   "tuner",   "analyses",
-                                       "performance", "spectrum", "analyzer"};
-
-/// The room of the house that a path stands in: the forms are one.
-std::string roomOf(std::string_view path) {
-    if (path.starts_with("display/qt/")) return "display/qt";
-    const std::string_view folder = path.substr(0, path.find('/'));
-    for (const std::string_view form : kForms) {
-        if (folder == form) return "forms";
-    }
-    return std::string(folder);
-}
-
-/// The rooms that a file of a room may include from. Headers of forms know no other form, so that
-/// headers make no circle.
-std::set<std::string> allowed(const SourceFile& file) {
-    const std::string room = roomOf(file.path);
-    if (room == "display") return {"display"};
-    if (room == "display/qt") return {"display", "display/qt"};
-    // The driver's C interface is all that the program knows of a library.
-    if (room == "base") return {"base"};
-    // Rules and files, without a display.
-    if (room == "core") return {"core", "base"};
-    // What every form shares knows no form.
-    if (room == "program") return {"program", "core", "base", "display", "drivers"};
-    if (room == "forms") return {"forms", "program", "core", "base", "display"};
-    if (room == "drivers") return {"drivers", "base"};
-    return {"app",     "forms",      "program", "core",  "base",
-            "display", "display/qt", "drivers", "tests", "bench"};
-}
-
-struct Include {
-    std::size_t line;
-    std::string target;
-    bool quoted;
-};
-
-std::vector<Include> includesOf(const SourceFile& file) {
-    static const std::regex kInclude(R"(^\s*#\s*include\s*([<"])([^>"]+)[>"])");
-    std::vector<Include> found;
-    for (std::size_t i = 0; i < file.lines.size(); ++i) {
-        if (file.lines[i].find("include") == std::string::npos) continue;
-        std::smatch match;
-        if (std::regex_search(file.lines[i], match, kInclude)) {
-            found.push_back({i, match[2], match[1] == "\""});
-        }
-    }
-    return found;
-}
+using testing::IsEmpty;
 
 bool isQt(const std::string& target) {
     static const std::regex kQt(R"(^(Q[A-Z]\w*|Qt\w*/.*|q[a-z]+\.h|qcustomplot\.h)$)");
@@ -73,34 +27,71 @@ bool mayIncludeQt(const SourceFile& file) {
     return false;
 }
 
-TEST(Includes, FollowTheArrows) {
-    std::size_t seen = 0;
-    for (const SourceFile& file : sourceFiles()) {
-        const std::set<std::string> rooms = allowed(file);
-        for (const Include& include : includesOf(file)) {
-            if (!include.quoted || include.target.find('/') == std::string::npos) continue;
-            ++seen;
-            EXPECT_TRUE(rooms.contains(roomOf(include.target)))
-                << file.at(include.line) << ": " << roomOf(file.path) << " must not include "
-                << include.target;
-        }
-    }
-    EXPECT_GT(seen, 300u) << "the tree's include lines were not found";
+/// Tests and benchmarks may include whatever they test.
+bool isOfTheProgram(const SourceFile& file) {
+    return !file.isUnder("tests") && !file.isUnder("bench");
 }
 
-TEST(Includes, OfDriversFromTheProgramAreTheCInterfaceAlone) {
-    for (const SourceFile& file : sourceFiles()) {
-        const std::string room = roomOf(file.path);
-        if (room != "core" && room != "program" && room != "forms" && room != "display") continue;
-        for (const Include& include : includesOf(file)) {
-            if (!include.target.starts_with("drivers/")) continue;
-            // The loader belongs to the program's side of that interface.
-            const bool cInterface = include.target == "drivers/hm16.h" ||
-                                    include.target == "drivers/hm16_more.h" ||
-                                    include.target.starts_with("drivers/loader/");
-            EXPECT_TRUE(cInterface) << file.at(include.line) << ": " << include.target;
+/// The arrows that the include lines of the program make, and what no box of the picture holds.
+struct IncludeArrows {
+    std::set<Arrow> arrows;
+    std::set<std::string> outside;
+
+    explicit IncludeArrows(const HousePicture& picture) {
+        for (const SourceFile& file : sourceFiles()) {
+            if (!isOfTheProgram(file)) continue;
+            const std::string from = picture.boxOf(file.path);
+            if (from.empty()) outside.insert(file.path);
+            for (const Include& include : includesOf(file)) {
+                if (!include.quoted || include.target.find('/') == std::string::npos) continue;
+                const std::string to = picture.boxOf(include.target);
+                if (to.empty()) outside.insert(include.target);
+                if (from != to) arrows.insert({from, to});
+            }
         }
     }
+};
+
+TEST(Picture, HasAnArrowForEachIncludeAndNoOther) {
+    const HousePicture& picture = HousePicture::ofArchitecturePage();
+    const IncludeArrows includes(picture);
+    EXPECT_THAT(includes.outside, IsEmpty()) << "no box of the picture holds these";
+    EXPECT_GT(includes.arrows.size(), 10u) << "the tree's include lines were not found";
+    EXPECT_EQ(picture.arrows(), includes.arrows);
+}
+
+TEST(Picture, ArrowsPointOneWay) {
+    const HousePicture& picture = HousePicture::ofArchitecturePage();
+    for (const Arrow& arrow : picture.arrows()) {
+        EXPECT_FALSE(picture.reachedFrom(arrow.to).contains(arrow.from))
+            << arrow.from << " and " << arrow.to << " include each other";
+    }
+}
+
+TEST(Picture, WhatStandsAloneReachesNothingElse) {
+    const HousePicture& picture = HousePicture::ofArchitecturePage();
+    for (const char* alone : {"display/form.h", "base/figures.h", "drivers/hm16.h"}) {
+        EXPECT_THAT(picture.reachedFrom(picture.boxOf(alone)), IsEmpty()) << alone;
+    }
+    const std::string display = picture.boxOf("display/form.h");
+    const std::string forms = picture.boxOf("panels/audio/form_b.h");
+    const std::string core = picture.boxOf("core/files.h");
+    EXPECT_FALSE(picture.reachedFrom(core).contains(display)) << "rules and files have no display";
+    EXPECT_FALSE(picture.reachedFrom(picture.boxOf("program/tuner.h")).contains(forms));
+    EXPECT_FALSE(picture.reachedFrom(picture.boxOf("drivers/unit/unit.h")).contains(core));
+}
+
+TEST(Picture, IsReadAsItIsDrawn) {
+    const HousePicture picture(
+        "text\n```mermaid\nflowchart TD\n    a[\"app<br>start/up\"]\n    q[\"display/qt\"]\n"
+        "    d[\"display\"]\n    a --> q & d\n    q --> d\n```\n    d --> a\n");
+    EXPECT_EQ(picture.boxOf("app/main.cpp"), "a");
+    EXPECT_EQ(picture.boxOf("start/up/form.h"), "a");
+    EXPECT_EQ(picture.boxOf("start/other.h"), "");
+    EXPECT_EQ(picture.boxOf("display/form.h"), "d");
+    EXPECT_EQ(picture.boxOf("display/qt/painting/scale.h"), "q");
+    EXPECT_EQ(picture.arrows(), (std::set<Arrow>{{"a", "d"}, {"a", "q"}, {"q", "d"}}));
+    EXPECT_EQ(picture.reachedFrom("a"), (std::set<std::string>{"d", "q"}));
 }
 
 TEST(Includes, OfQtStandInTheAppAndTheQtDesktopOnly) {
@@ -116,11 +107,13 @@ TEST(Includes, OfQtStandInTheAppAndTheQtDesktopOnly) {
 }
 
 TEST(Includes, OfFormHeadersReachOwnFolderCoreAndDisplayOnly) {
+    const HousePicture& picture = HousePicture::ofArchitecturePage();
+    const std::string forms = picture.boxOf("panels/audio/form_b.h");
     for (const SourceFile& file : sourceFiles()) {
-        if (!file.isHeader() || roomOf(file.path) != "forms") continue;
+        if (!file.isHeader() || picture.boxOf(file.path) != forms) continue;
         const std::string own = file.path.substr(0, file.path.rfind('/') + 1);
         for (const Include& include : includesOf(file)) {
-            if (roomOf(include.target) != "forms") continue;
+            if (picture.boxOf(include.target) != forms) continue;
             EXPECT_TRUE(include.target.starts_with(own))
                 << file.at(include.line)
                 << ": a form's header knows no other form: " << include.target
@@ -154,22 +147,10 @@ TEST(Includes, AreWrittenFromTheTopOfTheTree) {
     }
 }
 
-TEST(Includes, TheRoomsAreToldApart) {
-    EXPECT_EQ(roomOf("display/qt/painting/scale.h"), "display/qt");
-    EXPECT_EQ(roomOf("display/form.h"), "display");
-    EXPECT_EQ(roomOf("panels/audio/form_b.h"), "forms");
+TEST(Includes, OfQtAreToldFromOthers) {
     EXPECT_TRUE(isQt("QWidget"));
     EXPECT_TRUE(isQt("QtWidgets/QWidget"));
     EXPECT_FALSE(isQt("queue"));
-    EXPECT_FALSE(allowed({"display/form.h", {}}).contains("core"));
-    EXPECT_FALSE(allowed({"core/files.cpp", {}}).contains("forms"));
-    EXPECT_FALSE(allowed({"core/files.cpp", {}}).contains("program"));
-    EXPECT_FALSE(allowed({"core/files.cpp", {}}).contains("display"));
-    EXPECT_FALSE(allowed({"program/tuner.cpp", {}}).contains("forms"));
-    EXPECT_FALSE(allowed({"drivers/unit/unit.h", {}}).contains("core"));
-    EXPECT_TRUE(allowed({"drivers/unit/slot_figures.cpp", {}}).contains("base"));
-    EXPECT_TRUE(allowed({"program/figure_tips.cpp", {}}).contains("base"));
-    EXPECT_EQ(allowed({"base/figures.cpp", {}}), std::set<std::string>{"base"});
 }
 
 }  // namespace

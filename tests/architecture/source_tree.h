@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <regex>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -48,6 +49,26 @@ inline std::vector<SourceFile> readSourceFiles() {
 inline const std::vector<SourceFile>& sourceFiles() {
     static const std::vector<SourceFile> files = readSourceFiles();
     return files;
+}
+
+/// One #include line.
+struct Include {
+    std::size_t line;
+    std::string target;
+    bool quoted;
+};
+
+inline std::vector<Include> includesOf(const SourceFile& file) {
+    static const std::regex kInclude(R"(^\s*#\s*include\s*([<"])([^>"]+)[>"])");
+    std::vector<Include> found;
+    for (std::size_t i = 0; i < file.lines.size(); ++i) {
+        if (file.lines[i].find("include") == std::string::npos) continue;
+        std::smatch match;
+        if (std::regex_search(file.lines[i], match, kInclude)) {
+            found.push_back({i, match[2], match[1] == "\""});
+        }
+    }
+    return found;
 }
 
 }  // namespace hmonitor::test

@@ -36,6 +36,36 @@ TEST(Sources, AreNamedForWhatTheyHold) {
     }
 }
 
+/// Whether a header beside the file has its name, or the part of it before an underscore: the parts
+/// of a large class are "form_b_layout.cpp", "form_b_tuning.cpp".
+bool hasItsHeader(const SourceFile& file, const std::set<std::string>& headers) {
+    std::string name = file.path.substr(0, file.path.rfind('.'));
+    while (true) {
+        if (headers.contains(name + ".h")) return true;
+        const std::size_t underscore = name.find_last_of("_/");
+        if (underscore == std::string::npos || name[underscore] == '/') return false;
+        name.resize(underscore);
+    }
+}
+
+TEST(Sources, HaveAHeaderOfTheirName) {
+    // What starts a program, what every driver library has of its own for drivers/unit, and what a
+    // system needs in one piece.
+    static const std::regex kEntry(
+        R"((^|/)(main|probe|synth|survey_main|exports|open_unit|files_windows|number_text|value_of|whole_numbers)\.cpp$)");
+    std::set<std::string> headers;
+    for (const SourceFile& file : sourceFiles()) {
+        if (file.isHeader()) headers.insert(file.path);
+    }
+    for (const SourceFile& file : sourceFiles()) {
+        const bool apart = file.isHeader() || file.isUnder("tests") || file.isUnder("bench") ||
+                           std::regex_search(file.path, kEntry);
+        if (!apart) EXPECT_TRUE(hasItsHeader(file, headers)) << file.path;
+    }
+    EXPECT_TRUE(hasItsHeader({"a/form_b_layout.cpp", {}}, {"a/form_b.h"}));
+    EXPECT_FALSE(hasItsHeader({"a/form_b.cpp", {}}, {"b/form_b.h", "a/form_b_layout.h"}));
+}
+
 TEST(Headers, AreReadOnce) {
     for (const SourceFile& file : sourceFiles()) {
         if (!file.isHeader()) continue;
