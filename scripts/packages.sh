@@ -10,7 +10,7 @@ picture_packages=(xvfb xauth imagemagick x11-utils)
 # What the tests need besides.
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev openbox xdotool dbus-x11 at-spi2-core
   libasound2-dev libsoapysdr-dev soapysdr-module-remote soapyremote-server cups-daemon poppler-utils locales
-  python3 python3-xlib git clang-format clang-tidy)
+  python3 python3-xlib git clang libclang-rt-dev clang-format clang-tidy)
 
 say() { printf '%s\n' "$*" >&2; }
 

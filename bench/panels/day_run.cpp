@@ -25,7 +25,7 @@ constexpr double kMostGrowth = 0.01;
 // The queue of a hand's input holds a node of this size or not, as the count of keys falls.
 constexpr long kQueueNode = 520;
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(HMONITOR_SANITIZED_ADDRESS)
 // The sanitizer keeps what was given back.
 constexpr bool kResidentCounts = false;
 #else

@@ -13,7 +13,8 @@ double Chance::even(std::int64_t number) const {
 double Chance::wander(double time, double period) const {
     const double place = time / period;
     const double whole = std::floor(place);
-    const auto number = static_cast<std::int64_t>(whole);
+    // A driver's caller may ask for any number; what no whole number holds has one place for all.
+    const auto number = std::fabs(whole) < 0x1p62 ? static_cast<std::int64_t>(whole) : 0;
     const double part = place - whole;
     const double ease = part * part * (3 - 2 * part);
     const double from = even(number);

@@ -32,7 +32,8 @@ TEST(GraphLine, NegativeRowDrawsAsItsSizeAndRewritesTheCallersVariable) {
     Int16 y = -35;
     graph.GraphLine(3, y);
     EXPECT_EQ(y, 35);
-    EXPECT_EQ(canvas.marks.back(), barsOf(graph, canvas, 3, 35).back());
+    const std::string drawn = canvas.marks.back();
+    EXPECT_EQ(drawn, barsOf(graph, canvas, 3, 35).back());
 }
 
 TEST(GraphLine, RowBeyondTheLastDrawsAtTheLastAndTheCallerHoldsIt) {

@@ -12,7 +12,7 @@ namespace hm16::receiver {
 
 // Sanitizers slow the chain down twenty-fold: with them each figure is checked once, not in every
 // kind of samples.
-#if defined(__SANITIZE_THREAD__) || defined(__SANITIZE_ADDRESS__)
+#if defined(HMONITOR_SANITIZED_THREAD) || defined(HMONITOR_SANITIZED_ADDRESS)
 inline constexpr bool kReduced = true;
 #else
 inline constexpr bool kReduced = false;

@@ -283,7 +283,7 @@ TEST_F(ReceiverUnitTest, ResultsAreKeptInTheStationsFileAndCleared) {
 }
 
 // More than a minute of signal, which takes longer than that under the thread sanitizer.
-#if !defined(__SANITIZE_THREAD__)
+#if !defined(HMONITOR_SANITIZED_THREAD)
 TEST_F(ReceiverUnitTest, TheDaysLogGetsItsLine) {
     {
         const auto unit = this->unit(std::make_unique<Hum>());

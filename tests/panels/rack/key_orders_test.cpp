@@ -171,7 +171,7 @@ TEST_F(KeyOrders, KeysWithoutAPauseLeaveTheLastOnesTuning) {
     std::vector<int> order(kKeys);
     std::iota(order.begin(), order.end(), 0);
     for (int turn = 0; turn < 10 && !HasFailure(); ++turn) {
-        std::ranges::rotate(order, order.begin() + 1);
+        std::rotate(order.begin(), order.begin() + 1, order.end());
         for (const int key : order) {
             press(key);
             bench.desktop.settle();
