@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <cstdlib>
 #include <memory>
@@ -168,20 +170,24 @@ TEST(OnALibrary, AUnitThatFallsSilentAfterFiveSecondsIsToldOfAtEight) {
     rack.start();
     // The rack's clock goes as the unit's does.
     display::Time passed = 100ms;
+    display::Time longestStep = 0ms;
     const auto runTo = [&](display::Time time) {
         while (passed < time) {
             std::this_thread::sleep_for(1ms);
             const auto real = std::chrono::steady_clock::now() - opened;
             const auto unit = std::chrono::duration_cast<display::Time>(real * kPace) - passed;
             if (unit <= display::Time(0)) continue;
-            rack.desktop.advance(unit);
-            passed += unit;
+            longestStep = std::max(longestStep, unit);
+            const display::Time step = std::min(unit, time - passed);
+            rack.desktop.advance(step);
+            passed += step;
         }
     };
     const display::Picture& sign = rack.forms->form1.sign.words;
     runTo(7s);
     EXPECT_EQ(sign.caption, "");
-    runTo(8300ms);
+    // A busy computer makes the rack look late at the last thing that the unit said.
+    runTo(8300ms + longestStep);
     EXPECT_THAT(std::string(sign.caption.get()), testing::StartsWith("NO DATA "));
 }
 
