@@ -4,12 +4,12 @@
 # What the program is built from and runs with.
 build_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev
   libqcustomplot-dev libgl1-mesa-dev libfftw3-dev libsndfile1-dev
-  nlohmann-json3-dev fonts-b612 qt6-qpa-plugins)
+  nlohmann-json3-dev libsoapysdr-dev fonts-b612 qt6-qpa-plugins)
 # A display where there is none, and the picture of it.
 picture_packages=(xvfb xauth imagemagick x11-utils)
 # What the tests need besides.
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev openbox xdotool dbus-x11 at-spi2-core
-  libasound2-dev libsoapysdr-dev soapysdr-module-remote soapyremote-server cups-daemon poppler-utils locales
+  libasound2-dev soapysdr-module-remote soapyremote-server cups-daemon poppler-utils locales
   python3 python3-xlib git clang libclang-rt-dev clang-format clang-tidy)
 
 say() { printf '%s\n' "$*" >&2; }

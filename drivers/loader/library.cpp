@@ -17,7 +17,8 @@ std::filesystem::path libraryName() {
 #endif
 }
 
-Library::Library(SharedObject object, const HM16_Functions& functions, std::filesystem::path file)
+Library::Library(base::SharedObject object, const HM16_Functions& functions,
+                 std::filesystem::path file)
     : object_(std::move(object)), functions_(functions), file_(std::move(file)) {}
 
 LoadResult Library::load(const std::filesystem::path& folder) {
@@ -29,7 +30,7 @@ LoadResult Library::load(const std::filesystem::path& folder) {
             {}};
     }
     std::string reason;
-    SharedObject object = SharedObject::open(file, reason);
+    base::SharedObject object = base::SharedObject::open(file, reason);
     if (!object) {
         return {nullptr,
                 file.string() + " cannot be loaded as a driver library: " + reason + ".",

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "base/shared_object.h"
 #include "drivers/hm16.h"
-#include "drivers/loader/shared_object.h"
 
 namespace hm16 {
 
@@ -27,9 +27,9 @@ class Library {
     void* extra(const char* name) const { return object_.function(name); }
 
  private:
-    Library(SharedObject object, const HM16_Functions& functions, std::filesystem::path file);
+    Library(base::SharedObject object, const HM16_Functions& functions, std::filesystem::path file);
 
-    SharedObject object_;
+    base::SharedObject object_;
     HM16_Functions functions_;
     std::filesystem::path file_;
 };

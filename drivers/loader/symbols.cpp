@@ -44,7 +44,7 @@ static_assert(sizeof(HM16_Functions) == std::size(kSymbols) * sizeof(void*),
 
 }  // namespace
 
-SymbolTable readSymbols(const SharedObject& object) {
+SymbolTable readSymbols(const base::SharedObject& object) {
     SymbolTable table;
     auto* const bytes = reinterpret_cast<unsigned char*>(&table.functions);
     for (const Symbol& symbol : kSymbols) {

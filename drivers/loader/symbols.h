@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "base/shared_object.h"
 #include "drivers/hm16.h"
-#include "drivers/loader/shared_object.h"
 
 namespace hm16 {
 
@@ -16,6 +16,6 @@ struct SymbolTable {
     std::vector<std::string> missing;
 };
 
-SymbolTable readSymbols(const SharedObject& object);
+SymbolTable readSymbols(const base::SharedObject& object);
 
 }  // namespace hm16

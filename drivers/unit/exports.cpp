@@ -4,11 +4,12 @@
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <filesystem>
 #include <utility>
 
+#include "base/shared_object.h"
 #include "drivers/hm16.h"
 #include "drivers/hm16_more.h"
-#include "drivers/unit/library_folder.h"
 #include "drivers/unit/unit.h"
 
 namespace hm16 {
@@ -54,6 +55,14 @@ bool makesSense(float frequency) {
 bool deliversFrames(const Unit& unit) {
     const float version = unit.hardwareVersion();
     return version >= 1.7f && version < 2.0f;
+}
+
+// The folder of the library itself, where its settings file is looked for.
+std::filesystem::path libraryFolder() {
+    static const char here = 0;
+    std::error_code error;
+    const auto file = std::filesystem::absolute(base::fileOfCode(&here), error);
+    return error || !file.has_parent_path() ? std::filesystem::path(".") : file.parent_path();
 }
 
 std::int32_t init(Session& s) {

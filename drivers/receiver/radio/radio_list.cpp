@@ -6,13 +6,13 @@
 namespace hm16::receiver {
 namespace {
 
-std::string valueOf(const SoapyArguments& arguments, const std::string& key) {
+std::string valueOf(const SoapySDRKwargs& arguments, const std::string& key) {
     for (std::size_t n = 0; n < arguments.size; ++n)
-        if (key == arguments.keys[n]) return arguments.values[n];
+        if (key == arguments.keys[n]) return arguments.vals[n];
     return "";
 }
 
-ListedRadio radioOf(const SoapyArguments& arguments) {
+ListedRadio radioOf(const SoapySDRKwargs& arguments) {
     ListedRadio radio;
     radio.driver = valueOf(arguments, "driver");
     radio.device = "driver=" + radio.driver;
@@ -27,7 +27,7 @@ ListedRadio radioOf(const SoapyArguments& arguments) {
 std::vector<ListedRadio> listRadios(const std::string& library, const std::string& driver) {
     const SoapyLibrary soapy(library);
     std::size_t count = 0;
-    SoapyArguments* const found = soapy.enumerate(nullptr, &count);
+    SoapySDRKwargs* const found = soapy.enumerate(nullptr, &count);
     std::vector<ListedRadio> radios;
     for (std::size_t n = 0; n < count; ++n) {
         const ListedRadio radio = radioOf(found[n]);

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drivers/receiver/radio/soapy_radio.h"
 
+#include <SoapySDR/Constants.h>
+#include <SoapySDR/Errors.h>
+#include <SoapySDR/Formats.h>
+
 #include <array>
 
 namespace hm16::receiver {
@@ -59,35 +63,35 @@ void SoapyRadio::require(int result, const char* what) const {
 }
 
 void SoapyRadio::set(const SoapyRequest& request) {
-    require(library_.setSampleRate(device_, kSoapyReceive, 0, request.rateHz), "the sample rate");
+    require(library_.setSampleRate(device_, SOAPY_SDR_RX, 0, request.rateHz), "the sample rate");
     // A radio takes the nearest rate that it has.
-    rateHz_ = library_.getSampleRate(device_, kSoapyReceive, 0);
+    rateHz_ = library_.getSampleRate(device_, SOAPY_SDR_RX, 0);
     if (!(rateHz_ > 0)) throw SourceError(name_ + " does not tell its sample rate.");
     if (request.bandwidthHz > 0)
-        require(library_.setBandwidth(device_, kSoapyReceive, 0, request.bandwidthHz),
+        require(library_.setBandwidth(device_, SOAPY_SDR_RX, 0, request.bandwidthHz),
                 "the bandwidth");
     if (request.correctionPpm) {
-        if (!library_.hasCorrection(device_, kSoapyReceive, 0))
+        if (!library_.hasCorrection(device_, SOAPY_SDR_RX, 0))
             throw SourceError(name_ +
                               " has no correction of its own; \"clock_ppm\" corrects the figures.");
-        require(library_.setCorrection(device_, kSoapyReceive, 0, *request.correctionPpm),
+        require(library_.setCorrection(device_, SOAPY_SDR_RX, 0, *request.correctionPpm),
                 "the correction");
     }
     if (request.automaticGain) {
         // Not every radio has it; one that has not keeps its own gain.
-        library_.setGainMode(device_, kSoapyReceive, 0, true);
+        library_.setGainMode(device_, SOAPY_SDR_RX, 0, true);
     } else {
-        library_.setGainMode(device_, kSoapyReceive, 0, false);
-        require(library_.setGain(device_, kSoapyReceive, 0, request.gainDb), "the gain");
+        library_.setGainMode(device_, SOAPY_SDR_RX, 0, false);
+        require(library_.setGain(device_, SOAPY_SDR_RX, 0, request.gainDb), "the gain");
     }
 }
 
 // Drivers pass over names that they do not know without a word, so what was set is read back.
 void SoapyRadio::setNamed(const SoapyRequest& request) {
     if (!request.antenna.empty()) {
-        require(library_.setAntenna(device_, kSoapyReceive, 0, request.antenna.c_str()),
+        require(library_.setAntenna(device_, SOAPY_SDR_RX, 0, request.antenna.c_str()),
                 "the antenna");
-        if (taken(library_, library_.getAntenna(device_, kSoapyReceive, 0)) != request.antenna)
+        if (taken(library_, library_.getAntenna(device_, SOAPY_SDR_RX, 0)) != request.antenna)
             throw SourceError(name_ + " has no antenna \"" + request.antenna + "\".");
     }
     if (!request.clockSource.empty()) {
@@ -115,15 +119,15 @@ bool SoapyRadio::takes(const char* key, const std::string& value) {
 
 void SoapyRadio::startStream() {
     const std::size_t channel = 0;
-    stream_ = library_.setupStream(device_, kSoapyReceive, "CF32", &channel, 1, nullptr);
+    stream_ = library_.setupStream(device_, SOAPY_SDR_RX, SOAPY_SDR_CF32, &channel, 1, nullptr);
     if (!stream_) throw SourceError(name_ + " gives no samples: " + library_.lastError() + ".");
     require(library_.activateStream(device_, stream_, 0, 0, 0), "its stream");
 }
 
 bool SoapyRadio::tune(double centreHz) {
-    if (library_.setFrequency(device_, kSoapyReceive, 0, centreHz, nullptr) != 0) return false;
+    if (library_.setFrequency(device_, SOAPY_SDR_RX, 0, centreHz, nullptr) != 0) return false;
     // A tuner takes the nearest frequency that it has.
-    const double told = library_.getFrequency(device_, kSoapyReceive, 0);
+    const double told = library_.getFrequency(device_, SOAPY_SDR_RX, 0);
     centreHz_ = told > 0 ? told : centreHz;
     return true;
 }
@@ -136,8 +140,8 @@ SoapyRadio::Outcome SoapyRadio::read(std::span<Sample> into, std::size_t& count)
                                         &nanoseconds, kTimeoutMicroseconds);
     count = got > 0 ? static_cast<std::size_t>(got) : 0;
     if (got > 0) return Outcome::Samples;
-    if (got == kSoapyOverflow) return Outcome::Lost;
-    if (got == 0 || got == kSoapyTimeout) return Outcome::Nothing;
+    if (got == SOAPY_SDR_OVERFLOW) return Outcome::Lost;
+    if (got == 0 || got == SOAPY_SDR_TIMEOUT) return Outcome::Nothing;
     throw SourceError(name_ + " has failed: " + library_.errorText(got) + ".");
 }
 

@@ -61,8 +61,8 @@ class SoapyRadio {
 
     const SoapyLibrary& library_;
     std::string name_;
-    SoapyDevice* device_ = nullptr;
-    SoapyStream* stream_ = nullptr;
+    SoapySDRDevice* device_ = nullptr;
+    SoapySDRStream* stream_ = nullptr;
     double rateHz_ = 0;
     double centreHz_ = 0;
 };

@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-#include "drivers/receiver/radio/stay_loaded.h"
+#include "base/shared_object.h"
 
 namespace hm16::receiver {
 
@@ -24,7 +24,8 @@ void SoapySource::close() {
         thread_.join();
         return;
     }
-    stayLoaded();
+    static const char here = 0;
+    base::keepLoaded(&here);
     thread_.detach();
 }
 

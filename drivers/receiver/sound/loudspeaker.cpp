@@ -6,7 +6,7 @@
 #include <cmath>
 #include <vector>
 
-#include "drivers/receiver/radio/stay_loaded.h"
+#include "base/shared_object.h"
 
 namespace hm16::receiver {
 namespace {
@@ -140,7 +140,8 @@ Loudspeaker::~Loudspeaker() {
         thread_.join();
         return;
     }
-    stayLoaded();
+    static const char here = 0;
+    base::keepLoaded(&here);
     thread_.detach();
 }
 

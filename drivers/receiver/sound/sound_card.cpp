@@ -6,7 +6,7 @@
 #include <utility>
 
 #if defined(__linux__)
-#include <dlfcn.h>
+#include "base/shared_object.h"
 #endif
 
 namespace hm16::receiver {
@@ -30,8 +30,11 @@ void sayNothing(const char*, int, const char*, int, const char*, ...) {}
 // The functions that are needed, found in the library.
 class AlsaLibrary {
  public:
-    AlsaLibrary() : handle_(dlopen("libasound.so.2", RTLD_NOW | RTLD_LOCAL)) {
-        isWhole_ = handle_ && take("snd_pcm_open", open) && take("snd_pcm_nonblock", nonblock) &&
+    AlsaLibrary() {
+        const auto take = [this](const char* name, auto& function) {
+            return object_.take(name, function);
+        };
+        isWhole_ = take("snd_pcm_open", open) && take("snd_pcm_nonblock", nonblock) &&
                    take("snd_pcm_set_params", setParams) && take("snd_pcm_writei", write) &&
                    take("snd_pcm_recover", recover) && take("snd_pcm_delay", delay) &&
                    take("snd_pcm_drop", drop) && take("snd_pcm_close", close) &&
@@ -40,7 +43,6 @@ class AlsaLibrary {
     }
     ~AlsaLibrary() {
         if (isWhole_) setErrorHandler(nullptr);
-        if (handle_) dlclose(handle_);
     }
     AlsaLibrary(const AlsaLibrary&) = delete;
     AlsaLibrary& operator=(const AlsaLibrary&) = delete;
@@ -57,15 +59,10 @@ class AlsaLibrary {
     int (*close)(AlsaPcm*) = nullptr;
 
  private:
-    template <typename Function>
-    bool take(const char* name, Function& function) {
-        function = reinterpret_cast<Function>(dlsym(handle_, name));
-        return function != nullptr;
-    }
-
     using ErrorHandler = void (*)(const char*, int, const char*, int, const char*, ...);
     int (*setErrorHandler)(ErrorHandler) = nullptr;
-    void* handle_;
+    std::string reason_;
+    base::SharedObject object_ = base::SharedObject::open("libasound.so.2", reason_);
     bool isWhole_ = false;
 };
 

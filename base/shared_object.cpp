@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "drivers/loader/shared_object.h"
+#include "base/shared_object.h"
 
 #include <utility>
 
@@ -14,7 +14,7 @@
 #endif
 #endif
 
-namespace hm16 {
+namespace base {
 
 namespace {
 
@@ -34,6 +34,13 @@ void closeObject(void* handle) {
 
 void* findFunction(void* handle, const char* name) {
     return reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(handle), name));
+}
+
+HMODULE moduleOf(const void* address, DWORD how) {
+    HMODULE module = nullptr;
+    GetModuleHandleExW(how | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                       static_cast<const wchar_t*>(address), &module);
+    return module;
 }
 
 #else
@@ -94,4 +101,24 @@ void* SharedObject::function(const char* name) const {
     return handle_ != nullptr ? findFunction(handle_, name) : nullptr;
 }
 
-}  // namespace hm16
+std::filesystem::path fileOfCode(const void* address) {
+#if defined(_WIN32)
+    wchar_t name[MAX_PATH] = {};
+    HMODULE module = moduleOf(address, GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT);
+    return module != nullptr && GetModuleFileNameW(module, name, MAX_PATH) > 0 ? name : L"";
+#else
+    Dl_info info{};
+    return dladdr(address, &info) != 0 && info.dli_fname != nullptr ? info.dli_fname : "";
+#endif
+}
+
+void keepLoaded(const void* address) {
+#if defined(_WIN32)
+    moduleOf(address, GET_MODULE_HANDLE_EX_FLAG_PIN);
+#else
+    const auto file = fileOfCode(address);
+    if (!file.empty()) dlopen(file.c_str(), RTLD_NOW | RTLD_NOLOAD | RTLD_NODELETE);
+#endif
+}
+
+}  // namespace base
