@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <array>
-#include <charconv>
-
 #include "base/leftovers.h"
+#include "base/number_text.h"
 
 namespace base {
 
@@ -11,19 +9,13 @@ namespace {
 constexpr std::string_view kStart = ".hmonitor-";
 constexpr std::string_view kEnd = ".rewrite";
 
-void append(std::string& text, long number) {
-    std::array<char, 20> digits;
-    text.append(digits.data(),
-                std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr);
-}
-
 }  // namespace
 
 std::string leftoverName(long process, int number) {
     std::string name(kStart);
-    append(name, process);
+    name += wholeText(process).view();
     name += '-';
-    append(name, number);
+    name += wholeText(number).view();
     name += kEnd;
     return name;
 }

@@ -5,8 +5,8 @@
 #include <charconv>
 #include <vector>
 
+#include "base/number_text.h"
 #include "drivers/probe/driving.h"
-#include "drivers/unit/number_text.h"
 
 namespace hm16::probe {
 
@@ -43,8 +43,8 @@ void printGap(std::uint64_t expected, std::uint64_t number, std::ostream& out) {
 }
 
 void printSlot(const HM16_Slot& slot, std::size_t figures, std::ostream& out) {
-    out << slot.number << ',' << decimalText(static_cast<double>(slot.utcNs) / 1e9, 3) << ','
-        << decimalText(static_cast<double>(slot.signalNs) / 1e9, 3);
+    out << slot.number << ',' << base::decimalText(static_cast<double>(slot.utcNs) / 1e9, 3) << ','
+        << base::decimalText(static_cast<double>(slot.signalNs) / 1e9, 3);
     for (std::size_t n = 0; n < figures; ++n) {
         out << ',';
         if (slot.state[n] == HM16_KNOWN) {
@@ -111,7 +111,7 @@ std::string printSlots(const HM16_Functions& driver, HM16_ExtensionFunction exte
         if (!more) break;
     }
     driver.parar();
-    return next > 0 ? "" : "No slot came within " + decimalText(options.seconds, 3) + " s.";
+    return next > 0 ? "" : "No slot came within " + base::decimalText(options.seconds, 3) + " s.";
 }
 
 }  // namespace hm16::probe

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drivers/probe/probe_options.h"
 
-#include <cmath>
+#include "base/number_in_text.h"
+#include "base/number_text.h"
+#include "base/plain_text.h"
 
-#include "drivers/unit/number_text.h"
+#include <cmath>
 
 namespace hm16::probe {
 
@@ -38,10 +40,10 @@ class Reader {
     }
     double number(std::string_view option, Range range) {
         const std::string_view word = value(option);
-        const auto read = numberIn(word);
+        const auto read = base::numberIn(word);
         if (read && *read >= range.low && *read <= range.high) return *read;
-        fail(std::string(option) + " is " + inQuotes(word) + ", but must be a number from " +
-             decimalText(range.low, 3) + " to " + decimalText(range.high, 3) + ".");
+        fail(std::string(option) + " is " + base::inQuotes(word) + ", but must be a number from " +
+             base::decimalText(range.low, 3) + " to " + base::decimalText(range.high, 3) + ".");
         return range.low;
     }
     void fail(std::string sentence) {
@@ -114,11 +116,11 @@ Parsed parseArguments(std::span<const std::string_view> arguments) {
         } else if (words == 2 && what) {
             options.what = *what;
         } else if (words == 2) {
-            reader.fail(inQuotes(word) +
+            reader.fail(base::inQuotes(word) +
                         " is none of readings, levels, sweep, response, "
                         "figures and slots.");
         } else {
-            reader.fail(inQuotes(word) + " is one word too many.");
+            reader.fail(base::inQuotes(word) + " is one word too many.");
         }
     }
     if (words == 0) reader.fail("Name the folder of the driver library; --help tells more.");

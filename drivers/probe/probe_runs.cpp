@@ -5,9 +5,9 @@
 #include <cmath>
 #include <vector>
 
+#include "base/number_text.h"
 #include "drivers/probe/csv.h"
 #include "drivers/probe/driving.h"
-#include "drivers/unit/number_text.h"
 #include "drivers/unit/readings.h"
 #include "drivers/unit/sweep_store.h"
 #include "drivers/unit/unit.h"
@@ -52,7 +52,7 @@ std::string runLevels(const HM16_Functions& driver, const Options& options, Csv&
             float level = 0;
             const double frequency = range.frequency(i);
             if (driver.super(static_cast<float>(frequency), &level) != 0) {
-                return "The unit failed at " + decimalText(frequency / 10, 3) + " MHz.";
+                return "The unit failed at " + base::decimalText(frequency / 10, 3) + " MHz.";
             }
             csv.line(
                 std::array{static_cast<double>(round), frequency / 10, static_cast<double>(level)});
@@ -76,7 +76,7 @@ std::string runSweep(const HM16_Functions& driver, HM16_StepFunction step, const
     float version = 0;
     driver.getHardwareVersion(&version);
     if (!(version >= 1.7f && version < 2)) {
-        return "A unit of version " + decimalText(version, 2) + " delivers no sweep frames.";
+        return "A unit of version " + base::decimalText(version, 2) + " delivers no sweep frames.";
     }
     driver.parar();
     driver.startEspectro(static_cast<float>(range.start), static_cast<float>(range.stop),
@@ -95,7 +95,8 @@ std::string runSweep(const HM16_Functions& driver, HM16_StepFunction step, const
         waitFor(options.every);
     }
     driver.parar();
-    return frames > 0 ? "" : "No frame came within " + decimalText(options.seconds, 3) + " s.";
+    return frames > 0 ? ""
+                      : "No frame came within " + base::decimalText(options.seconds, 3) + " s.";
 }
 
 std::string runResponse(const HM16_Functions& driver, HM16_StepFunction step,
@@ -117,7 +118,8 @@ std::string runResponse(const HM16_Functions& driver, HM16_StepFunction step,
         csv.line(std::array{static_cast<double>(r[i]), r[i + 1] / 10.0});
     }
     if (ended) return "";
-    return "The end of the tones was not seen within " + decimalText(options.seconds, 3) + " s.";
+    return "The end of the tones was not seen within " + base::decimalText(options.seconds, 3) +
+           " s.";
 }
 
 }  // namespace

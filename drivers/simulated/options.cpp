@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drivers/simulated/options.h"
 
+#include "base/plain_text.h"
+
 #include <string>
 #include <string_view>
-
-#include "drivers/unit/number_text.h"
 
 namespace hm16::simulated {
 
@@ -53,7 +53,7 @@ Options readOptions(Settings& settings) {
     if (clock != "now") {
         options.clock = timeIn(clock);
         if (!options.clock) {
-            settings.addFault("clock", "is " + inQuotes(clock) +
+            settings.addFault("clock", "is " + base::inQuotes(clock) +
                                            ", but must be now or a time such as "
                                            "2026-03-04 22:59:50.");
         }

@@ -4,8 +4,8 @@
 #include <map>
 #include <utility>
 
+#include "base/number_in_text.h"
 #include "base/read_file.h"
-#include "drivers/unit/number_text.h"
 #include "drivers/unit/replace_file.h"
 
 namespace hm16 {
@@ -23,14 +23,14 @@ struct HourLine {
 // The hour in front and the sixth field behind it; hour -1 when this is no line of an hour.
 HourLine readHourLine(std::string_view line) {
     const auto blank = line.find(' ');
-    const auto hour = numberIn(line.substr(0, blank));
+    const auto hour = base::numberIn(line.substr(0, blank));
     if (blank > 2 || !hour || *hour < 0 || *hour > 23) return {};  // none is far beyond
     for (int field = 1; field <= 6; ++field) {
         const auto next = line.find(' ');
         if (next == std::string_view::npos) break;
         line.remove_prefix(next + 1);
     }
-    return {static_cast<int>(*hour), numberIn(line.substr(0, line.find(' '))).value_or(0)};
+    return {static_cast<int>(*hour), base::numberIn(line.substr(0, line.find(' '))).value_or(0)};
 }
 
 }  // namespace

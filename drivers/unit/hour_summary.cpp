@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drivers/unit/hour_summary.h"
 
+#include "base/number_text.h"
+
 #include <algorithm>
 #include <cmath>
-
-#include "drivers/unit/number_text.h"
 
 namespace hm16 {
 
@@ -21,7 +21,7 @@ double powerOf(float level) {
 }
 
 std::string levelText(double power) {
-    return power > 0 ? decimalText(10 * std::log10(power), 1) : "A";
+    return power > 0 ? base::decimalText(10 * std::log10(power), 1) : "A";
 }
 
 }  // namespace
@@ -48,13 +48,13 @@ void HourSummary::add(const Readings& readings, double radiatedPower, double sec
 std::string HourSummary::line(int hour) const {
     std::string line = std::to_string(hour) + " ";
     if (!(seconds_ > 0)) return line + "A A A A A 0 A A A ";
-    line += decimalText(highestModulation_, 1) + " ";
+    line += base::decimalText(highestModulation_, 1) + " ";
     line += levelText(powerFirst_ / seconds_) + " ";
     line += levelText(powerSecond_ / seconds_) + " ";
-    line += decimalText(phase_ / seconds_, 1) + " ";
-    line += decimalText(radiated_ / seconds_, 3) + " ";
-    line += decimalText(minutes(), 1) + " ";
-    line += decimalText(peaks_ / seconds_, 1) + " ";
+    line += base::decimalText(phase_ / seconds_, 1) + " ";
+    line += base::decimalText(radiated_ / seconds_, 3) + " ";
+    line += base::decimalText(minutes(), 1) + " ";
+    line += base::decimalText(peaks_ / seconds_, 1) + " ";
     line += std::to_string(silences_.count()) + " ";
     line += std::to_string(inversions_.count()) + " ";
     return line;

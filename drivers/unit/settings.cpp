@@ -4,8 +4,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/number_in_text.h"
+#include "base/number_text.h"
+#include "base/plain_text.h"
 #include "base/read_file.h"
-#include "drivers/unit/number_text.h"
 
 namespace hm16 {
 
@@ -38,7 +40,7 @@ Settings Settings::parse(std::string_view text, std::string name) {
     std::string section;
     for (int number = 1; !text.empty(); ++number) {
         const auto end = text.find('\n');
-        settings.takeLine(trimmed(text.substr(0, end)), number, section);
+        settings.takeLine(base::trimmed(text.substr(0, end)), number, section);
         text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
     }
     return settings;
@@ -49,19 +51,19 @@ void Settings::takeLine(std::string_view line, int number, std::string& section)
     const std::string where = name_ + ", line " + std::to_string(number) + ": ";
     if (line.front() == '[') {
         if (line.back() != ']') {
-            faults_.push_back(where + inQuotes(line) + " lacks its closing bracket.");
+            faults_.push_back(where + base::inQuotes(line) + " lacks its closing bracket.");
         }
-        const std::string word = lowered(trimmed(line.substr(1, line.find(']') - 1)));
+        const std::string word = lowered(base::trimmed(line.substr(1, line.find(']') - 1)));
         section = word.empty() ? "" : word + ".";
         return;
     }
     const auto equals = line.find('=');
-    const std::string key = lowered(trimmed(line.substr(0, equals)));
+    const std::string key = lowered(base::trimmed(line.substr(0, equals)));
     if (equals == std::string_view::npos || key.empty()) {
-        faults_.push_back(where + inQuotes(line) + " is no setting; write key = value.");
+        faults_.push_back(where + base::inQuotes(line) + " is no setting; write key = value.");
         return;
     }
-    const Entry entry{std::string(trimmed(line.substr(equals + 1))), number, false};
+    const Entry entry{std::string(base::trimmed(line.substr(equals + 1))), number, false};
     if (!entries_.emplace(section + key, entry).second) {
         faults_.push_back(where + section + key + " is set a second time.");
     }
@@ -86,11 +88,11 @@ void Settings::addFault(std::string_view key, std::string_view wrong) {
 }
 
 double Settings::number(std::string_view key, double fallback, double low, double high) {
-    return within(key, numberIn, fallback, low, high);
+    return within(key, base::numberIn, fallback, low, high);
 }
 
 double Settings::scaled(std::string_view key, double fallback, double low, double high) {
-    return within(key, scaledNumberIn, fallback, low, high);
+    return within(key, base::scaledNumberIn, fallback, low, high);
 }
 
 double Settings::within(std::string_view key, std::optional<double> (*numberOf)(std::string_view),
@@ -99,20 +101,20 @@ double Settings::within(std::string_view key, std::optional<double> (*numberOf)(
     if (entry == nullptr) return fallback;
     const auto value = numberOf(entry->value);
     if (value && *value >= low && *value <= high) return *value;
-    addFault(key, "is " + inQuotes(entry->value) + ", but must be a number from " +
-                      decimalText(low, 6) + " to " + decimalText(high, 6) + ".");
+    addFault(key, "is " + base::inQuotes(entry->value) + ", but must be a number from " +
+                      base::decimalText(low, 6) + " to " + base::decimalText(high, 6) + ".");
     return fallback;
 }
 
 long Settings::whole(std::string_view key, long fallback, long low, long high) {
     const Entry* entry = find(key);
     if (entry == nullptr) return fallback;
-    const auto value = numberIn(entry->value);
+    const auto value = base::numberIn(entry->value);
     if (value && *value == std::floor(*value) && *value >= static_cast<double>(low) &&
         *value <= static_cast<double>(high)) {
         return static_cast<long>(*value);
     }
-    addFault(key, "is " + inQuotes(entry->value) + ", but must be a whole number from " +
+    addFault(key, "is " + base::inQuotes(entry->value) + ", but must be a whole number from " +
                       std::to_string(low) + " to " + std::to_string(high) + ".");
     return fallback;
 }
@@ -130,7 +132,7 @@ std::size_t Settings::choice(std::string_view key, std::initializer_list<std::st
     if (found != words.end()) return static_cast<std::size_t>(found - words.begin());
     std::string list;
     for (const auto word : words) list += (list.empty() ? "" : ", ") + std::string(word);
-    addFault(key, "is " + inQuotes(entry->value) + ", but must be one of: " + list + ".");
+    addFault(key, "is " + base::inQuotes(entry->value) + ", but must be one of: " + list + ".");
     return fallback;
 }
 

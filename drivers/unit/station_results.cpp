@@ -5,8 +5,10 @@
 #include <array>
 #include <cmath>
 
+#include "base/number_in_text.h"
+#include "base/number_text.h"
+#include "base/plain_text.h"
 #include "base/read_file.h"
-#include "drivers/unit/number_text.h"
 #include "drivers/unit/replace_file.h"
 
 namespace hm16 {
@@ -24,7 +26,7 @@ Lines linesOf(std::string_view text) {
     Lines lines;
     for (auto& line : lines) {
         const auto end = text.find('\n');
-        line = trimmed(text.substr(0, end));
+        line = base::trimmed(text.substr(0, end));
         if (end == std::string_view::npos) break;
         text.remove_prefix(end + 1);
     }
@@ -32,7 +34,7 @@ Lines linesOf(std::string_view text) {
 }
 
 float valueOf(const std::string& line) {
-    const double value = numberIn(line).value_or(0);
+    const double value = base::numberIn(line).value_or(0);
     return std::abs(value) <= 1e6 ? static_cast<float>(value) : 0.0f;
 }
 
@@ -51,7 +53,7 @@ void keepBest(std::optional<float>& stored, float reading, Best best) {
 }
 
 std::string resultText(const std::optional<float>& stored, int decimals, const char* none) {
-    return stored ? decimalText(*stored, decimals) : none;
+    return stored ? base::decimalText(*stored, decimals) : none;
 }
 
 std::string twoDigits(int number) {
@@ -63,7 +65,7 @@ std::string twoDigits(int number) {
 
 std::string frequencyKey(double frequency) {
     std::string key(frequency < 1000 ? 1 : 0, '0');
-    return key += decimalText(frequency, 2);
+    return key += base::decimalText(frequency, 2);
 }
 
 StationResults::StationResults(double frequency) : frequency_(frequency) {}
@@ -130,30 +132,30 @@ void StationResults::clear(StoredResult what) {
 
 std::string StationResults::text(const LocalTime& now) const {
     const Lines lines = {
-        decimalText(frequency_, 2),
+        base::decimalText(frequency_, 2),
         dayMark(now),
         twoDigits(now.hour) + ":" + twoDigits(now.minute),
-        decimalText(std::floor(seconds_), 0),
-        decimalText(highestModulation_, 1),
-        decimalText(last_.peakModulation, 1),
-        decimalText(last_.levelFirst, 1),
-        decimalText(last_.levelSecond, 1),
-        decimalText(last_.stereoPhase, 1),
-        decimalText(last_.relativePower, 2),
-        decimalText(worstMultipath_, 1),
-        decimalText(last_.multipath, 1),
-        decimalText(mostPeaks_, 0),
-        decimalText(last_.rdsError, 2),
-        decimalText(last_.rdsLevel, 2),
-        decimalText(last_.pilotError, 2),
-        decimalText(last_.pilotLevel, 2),
+        base::decimalText(std::floor(seconds_), 0),
+        base::decimalText(highestModulation_, 1),
+        base::decimalText(last_.peakModulation, 1),
+        base::decimalText(last_.levelFirst, 1),
+        base::decimalText(last_.levelSecond, 1),
+        base::decimalText(last_.stereoPhase, 1),
+        base::decimalText(last_.relativePower, 2),
+        base::decimalText(worstMultipath_, 1),
+        base::decimalText(last_.multipath, 1),
+        base::decimalText(mostPeaks_, 0),
+        base::decimalText(last_.rdsError, 2),
+        base::decimalText(last_.rdsLevel, 2),
+        base::decimalText(last_.pilotError, 2),
+        base::decimalText(last_.pilotLevel, 2),
         resultText(noiseLeft_, 1, "xx"),
         resultText(noiseRight_, 1, "xx"),
         resultText(separationLeft_, 1, "0"),
         resultText(separationRight_, 1, "0"),
         resultText(distortion_, 2, "0"),
-        decimalText(last_.carrierDeviation / 10, 2),
-        decimalText(last_.field, 1),
+        base::decimalText(last_.carrierDeviation / 10, 2),
+        base::decimalText(last_.field, 1),
     };
     std::string text;
     for (const auto& line : lines) text += line + "\r\n";

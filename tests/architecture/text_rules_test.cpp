@@ -78,7 +78,7 @@ TEST(Headers, AreReadOnce) {
     }
 }
 
-/// Folders whose numbers reach a person or a file by the rules of core/numbers.h.
+/// Folders whose numbers reach a person or a file by the number rules of base/.
 bool isProgram(const SourceFile& file) {
     for (const char* apart : {"tests", "bench", "drivers", "display/qt"}) {
         if (file.isUnder(apart)) return false;

@@ -12,10 +12,11 @@
 #include <sstream>
 #include <vector>
 
+#include "base/number_in_text.h"
+#include "base/plain_text.h"
 #include "drivers/simulated/band.h"
 #include "drivers/simulated/options.h"
 #include "drivers/simulated/station.h"
-#include "drivers/unit/number_text.h"
 
 namespace {
 
@@ -55,7 +56,7 @@ Memory memory(const std::string& block, int number) {
 
 // 10255 is the half step 1025.5.
 double frequencyOf(const Memory& memory) {
-    const double value = hm16::numberIn(memory.frequency).value_or(0);
+    const double value = base::numberIn(memory.frequency).value_or(0);
     return value >= 8755 ? std::floor(value / 10) + 0.5 : value;
 }
 
@@ -79,7 +80,7 @@ TEST(Install, SettingsOfThePanelsAreTheirFirstOnes) {
     EXPECT_EQ(normal[4], "1.000");
     EXPECT_EQ(normal[7], "2");
     EXPECT_EQ(normal[8], "90");
-    for (const auto& line : normal) EXPECT_TRUE(hm16::numberIn(line)) << line;
+    for (const auto& line : normal) EXPECT_TRUE(base::numberIn(line)) << line;
 }
 
 TEST(Install, EveryMemoryIsEmptyOrAStationOfTheBandByItsName) {
@@ -88,10 +89,10 @@ TEST(Install, EveryMemoryIsEmptyOrAStationOfTheBandByItsName) {
     int filled = 0, half = 0, empty = 0;
     for (int number = 1; number <= 16; ++number) {
         const Memory m = memory(block, number);
-        if (hm16::trimmed(m.frequency).empty()) {
+        if (base::trimmed(m.frequency).empty()) {
             ++empty;
             EXPECT_EQ(m.frequency, "     ");
-            EXPECT_TRUE(hm16::trimmed(m.name).empty());
+            EXPECT_TRUE(base::trimmed(m.name).empty());
             continue;
         }
         ++filled;
@@ -99,7 +100,7 @@ TEST(Install, EveryMemoryIsEmptyOrAStationOfTheBandByItsName) {
         const Station* const station = hm16::simulated::stationAt(frequency);
         ASSERT_NE(station, nullptr) << m.name;
         EXPECT_EQ(station->frequency, frequency) << m.name;
-        EXPECT_EQ(station->name, hm16::trimmed(m.name));
+        EXPECT_EQ(station->name, base::trimmed(m.name));
         half += frequency != std::floor(frequency) ? 1 : 0;
     }
     EXPECT_GE(filled, 9);
@@ -109,7 +110,7 @@ TEST(Install, EveryMemoryIsEmptyOrAStationOfTheBandByItsName) {
 
 TEST(Install, EmptyMemoriesLieBetweenFilledOnes) {
     const std::string block = installed("halden.dat");
-    const auto filled = [&](int n) { return !hm16::trimmed(memory(block, n).frequency).empty(); };
+    const auto filled = [&](int n) { return !base::trimmed(memory(block, n).frequency).empty(); };
     int between = 0;
     for (int n = 2; n <= 15; ++n) between += !filled(n) && filled(n - 1) && filled(n + 1) ? 1 : 0;
     EXPECT_GE(between, 2);
@@ -130,7 +131,7 @@ TEST(Install, TheFirstBandScanShowsTheSimulatedBand) {
     const auto levels = lines("scan.dat");
     ASSERT_EQ(levels.size(), 103u);
     for (std::size_t i = 0; i < levels.size(); ++i) {
-        const auto level = hm16::numberIn(levels[i]);
+        const auto level = base::numberIn(levels[i]);
         ASSERT_TRUE(level) << i;
         EXPECT_EQ(*level, std::floor(*level));
         double low = 1000, high = -1000;

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drivers/receiver/library/receiver_options.h"
 
-#include <array>
+#include "base/number_text.h"
+#include "base/plain_text.h"
 
-#include "drivers/unit/number_text.h"
+#include <array>
 
 namespace hm16::receiver {
 namespace {
@@ -41,13 +42,13 @@ void readDriverSettings(Settings& settings, SoapyRequest& radio) {
         const auto pair = rest.substr(0, end);
         rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
         const auto equals = pair.find('=');
-        const auto key = trimmed(pair.substr(0, equals));
+        const auto key = base::trimmed(pair.substr(0, equals));
         if (equals == std::string_view::npos || key.empty()) {
-            settings.addFault("soapy_settings",
-                              "is " + inQuotes(text) + ", but must be name=value, name=value.");
+            settings.addFault("soapy_settings", "is " + base::inQuotes(text) +
+                                                    ", but must be name=value, name=value.");
             return;
         }
-        radio.settings.emplace_back(key, trimmed(pair.substr(equals + 1)));
+        radio.settings.emplace_back(key, base::trimmed(pair.substr(equals + 1)));
     }
 }
 
@@ -78,9 +79,10 @@ ReceiverOptions readOptions(Settings& settings, const std::filesystem::path& fol
     // Of a recording the source itself says so: it may have a rate of its own.
     if (options.source != SourceKind::Recording && options.rateHz > 0 &&
         options.rateHz < kLowestBandRateHz) {
-        settings.addFault("rate_hz", "is " + decimalText(options.rateHz, 3) +
+        settings.addFault("rate_hz", "is " + base::decimalText(options.rateHz, 3) +
                                          ", but a band needs at least " +
-                                         decimalText(kLowestBandRateHz, 0) + " samples a second.");
+                                         base::decimalText(kLowestBandRateHz, 0) +
+                                         " samples a second.");
     }
     options.centreHz = readCentre(settings);
     readRecording(settings, folder, options);

@@ -4,24 +4,24 @@
 #include <cstdio>
 #include <numbers>
 
+#include "base/number_text.h"
 #include "drivers/receiver/library/open_source.h"
 #include "drivers/receiver/library/unit_call.h"
-#include "drivers/unit/number_text.h"
 
 namespace hm16::receiver {
 namespace {
 
 std::string inMhz(double hz) {
-    return decimalText(hz / 1e6, 6) + " MHz";
+    return base::decimalText(hz / 1e6, 6) + " MHz";
 }
 
 // What is taken out of the samples, in dB and degrees.
 std::string balanceText(const SampleFault& fault) {
     const double constant = std::abs(fault.constant);
-    return "corrected in the samples: Q by " + decimalText(20 * std::log10(fault.gain), 2) +
-           " dB and " + decimalText(std::asin(fault.skew) * 180 / std::numbers::pi, 2) +
+    return "corrected in the samples: Q by " + base::decimalText(20 * std::log10(fault.gain), 2) +
+           " dB and " + base::decimalText(std::asin(fault.skew) * 180 / std::numbers::pi, 2) +
            " degrees, a constant " +
-           (constant > 0 ? decimalText(-20 * std::log10(constant), 1) + " dB below full scale"
+           (constant > 0 ? base::decimalText(-20 * std::log10(constant), 1) + " dB below full scale"
                          : std::string("of none")) +
            "\n";
 }
@@ -46,9 +46,9 @@ std::string ReceiverUnit::report() const {
     const Call call(*this);
     const SampleSource& source = signal_.source();
     std::string text = "source: " + nameOf(options_) + "\n";
-    text += "sample rate: " + decimalText(source.rateHz(), 1) + " Hz\n";
+    text += "sample rate: " + base::decimalText(source.rateHz(), 1) + " Hz\n";
     if (source.domain() == Domain::Band) text += "centre: " + inMhz(source.centreHz()) + "\n";
-    text += "signal read: " + decimalText(signal_.clock().seconds(), 2) + " s" +
+    text += "signal read: " + base::decimalText(signal_.clock().seconds(), 2) + " s" +
             (signal_.ended() ? ", ended" : "") + "\n";
     if (source.badSamples() > 0)
         text += "samples that were no numbers: " + std::to_string(source.badSamples()) + "\n";

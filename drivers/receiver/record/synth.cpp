@@ -8,10 +8,11 @@
 #include <string_view>
 #include <vector>
 
+#include "base/number_in_text.h"
+#include "base/plain_text.h"
 #include "drivers/receiver/library/scenes.h"
 #include "drivers/receiver/record/recording_writer.h"
 #include "drivers/receiver/synth/band_generator.h"
-#include "drivers/unit/number_text.h"
 
 namespace {
 
@@ -52,7 +53,7 @@ std::optional<Scene> sceneNamed(std::string_view word) {
 
 // Takes a value in; the sentence says what is wrong with it.
 std::string takeOption(std::string_view name, std::string_view value, Options& options) {
-    const auto number = hm16::numberIn(value);
+    const auto number = base::numberIn(value);
     const auto between = [&](double low, double high) {
         return number && *number >= low && *number <= high;
     };
@@ -65,7 +66,7 @@ std::string takeOption(std::string_view name, std::string_view value, Options& o
     } else if (name == "--format" && rawFormat(value)) {
         options.plan.format = *rawFormat(value);
     } else {
-        return std::string(name) + " cannot be " + hm16::inQuotes(value) +
+        return std::string(name) + " cannot be " + base::inQuotes(value) +
                "; --help lists what can be.";
     }
     return "";
@@ -85,7 +86,7 @@ std::string parse(const std::vector<std::string_view>& words, Options& options) 
     }
     if (plain.size() != 2) return "Name a scene and a file; --help tells more.";
     const auto scene = sceneNamed(plain[0]);
-    if (!scene) return hm16::inQuotes(plain[0]) + " is no scene; --help lists them.";
+    if (!scene) return base::inQuotes(plain[0]) + " is no scene; --help lists them.";
     options.scene = *scene;
     options.plan.file = plain[1];
     return "";

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drivers/receiver/survey/presets.h"
 
+#include "base/number_text.h"
+
 #include <algorithm>
 #include <cmath>
-
-#include "drivers/unit/number_text.h"
 
 namespace hm16::receiver {
 namespace {
@@ -22,7 +22,8 @@ std::string field(std::string text, std::size_t size) {
 
 // What is no plain letter has no place in the memories' code for certain.
 std::string nameOf(const FoundStation& station) {
-    std::string name = station.name.empty() ? decimalText(station.mhz, 2) + " MHz" : station.name;
+    std::string name =
+        station.name.empty() ? base::decimalText(station.mhz, 2) + " MHz" : station.name;
     for (char& c : name)
         if (c < ' ' || c > '~') c = '.';
     return name;

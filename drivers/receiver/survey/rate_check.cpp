@@ -7,12 +7,12 @@
 #include <complex>
 #include <vector>
 
+#include "base/number_text.h"
 #include "drivers/receiver/chain/rates.h"
 #include "drivers/receiver/dsp/decimator.h"
 #include "drivers/receiver/dsp/filter_design.h"
 #include "drivers/receiver/dsp/mixer.h"
 #include "drivers/receiver/figures/spectrum.h"
-#include "drivers/unit/number_text.h"
 
 namespace hm16::receiver {
 namespace {
@@ -134,9 +134,9 @@ std::string rateFault(const std::string& name, double rateHz, double pilotHz) {
     if (std::fabs(pilotHz / kPilotHz - 1) < 2 * kClose) return "";
     const auto usual = usualRateNear(rateHz * kPilotHz / pilotHz);
     if (!usual) return "";
-    return name + " is played at " + decimalText(rateHz, 0) +
+    return name + " is played at " + base::decimalText(rateHz, 0) +
            " samples a second, but the pilot of its strongest station then stands at " +
-           decimalText(pilotHz / 1e3, 2) + " kHz: at " + decimalText(*usual, 0) +
+           base::decimalText(pilotHz / 1e3, 2) + " kHz: at " + base::decimalText(*usual, 0) +
            " it would stand at 19 kHz.";
 }
 

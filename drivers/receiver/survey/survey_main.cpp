@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/number_text.h"
 #include "base/read_file.h"
 #include "drivers/receiver/library/open_source.h"
 #include "drivers/receiver/library/receiver_options.h"
@@ -16,7 +17,6 @@
 #include "drivers/receiver/survey/presets.h"
 #include "drivers/receiver/survey/rate_check.h"
 #include "drivers/receiver/survey/survey.h"
-#include "drivers/unit/number_text.h"
 #include "drivers/unit/replace_file.h"
 
 namespace {
@@ -82,8 +82,8 @@ struct Options {
 std::string coverage(const SampleSource& source) {
     if (source.live() || source.domain() != Domain::Band) return "";
     const double half = source.rateHz() / 2;
-    return " between " + hm16::decimalText((source.centreHz() - half) / 1e6, 2) + " and " +
-           hm16::decimalText((source.centreHz() + half) / 1e6, 2) + " MHz";
+    return " between " + base::decimalText((source.centreHz() - half) / 1e6, 2) + " and " +
+           base::decimalText((source.centreHz() + half) / 1e6, 2) + " MHz";
 }
 
 // A recording that was given a wrong rate plays, but too fast or too slow.
@@ -123,8 +123,8 @@ int survey(const Options& asked) {
     sayRateFault(options, stations.front());
     std::cout << "mhz,level_dbuv,name\n";
     for (const FoundStation& station : stations)
-        std::cout << hm16::decimalText(station.mhz, 2) << ','
-                  << hm16::decimalText(station.levelDbuv, 1) << ',' << station.name << '\n';
+        std::cout << base::decimalText(station.mhz, 2) << ','
+                  << base::decimalText(station.levelDbuv, 1) << ',' << station.name << '\n';
     if (asked.presets.empty()) return 0;
     const auto block = base::readFile(asked.presets).bytes;
     if (const auto fault = hm16::replaceFile(asked.presets, withPresets(block, stations)))

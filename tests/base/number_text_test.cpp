@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "drivers/unit/number_text.h"
+#include "base/number_text.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,9 @@
 #include <cmath>
 #include <limits>
 
-namespace hm16 {
+#include "base/number_in_text.h"
+
+namespace base {
 namespace {
 
 TEST(DecimalText, CutsTrailingZerosAndNeverGivesMinusZero) {
@@ -65,4 +67,4 @@ TEST(ScaledNumber, AnythingElseIsNone) {
 }
 
 }  // namespace
-}  // namespace hm16
+}  // namespace base

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/number_text.h"
+
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 
-#include "core/decimal.h"
-#include "core/numbers.h"
+#include "base/decimal.h"
 
-namespace hmonitor {
+namespace base {
 
 namespace {
 
@@ -120,13 +122,17 @@ SmallText mask(std::string_view pattern, double value) {
     return masked(pattern, value, kDoubleDigits);
 }
 
-SmallText frequencyKey(double frequency) {
-    SmallText text = shortText(frequency);
-    return frequency < 1000 ? SmallText("0").append(text) : text;
+std::string decimalText(double value, int decimals) {
+    if (!std::isfinite(value)) return "0";
+    std::array<char, 400> buffer;
+    const auto done = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                    std::chars_format::fixed, decimals);
+    std::string text(buffer.data(), done.ptr);
+    if (text.find('.') != std::string::npos) {
+        text.erase(text.find_last_not_of('0') + 1);
+        if (text.back() == '.') text.pop_back();
+    }
+    return text == "-0" ? "0" : text;
 }
 
-SmallText frequencyFileName(double frequency, std::string_view ending) {
-    return frequencyKey(frequency).append(ending);
-}
-
-}  // namespace hmonitor
+}  // namespace base

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-namespace hmonitor {
+namespace base {
 
 /// A finite number as a person reads it: `mantissa` times ten to the minus `scale`. The mantissa
 /// has no trailing zero, unless it is 0 itself.
@@ -30,4 +30,4 @@ std::uint64_t powerOfTen(int exponent);
 /// How many digits stand before the point: 12.5 has 2, 0.05 has -1.
 int wholeDigits(const Decimal& number);
 
-}  // namespace hmonitor
+}  // namespace base

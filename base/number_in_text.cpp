@@ -1,23 +1,49 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "drivers/unit/number_text.h"
+#include "base/number_in_text.h"
 
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <limits>
 
-namespace hm16 {
+#include "base/plain_text.h"
 
-std::string decimalText(double value, int decimals) {
-    if (!std::isfinite(value)) return "0";
-    std::array<char, 400> buffer;
-    const auto done = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
-                                    std::chars_format::fixed, decimals);
-    std::string text(buffer.data(), done.ptr);
-    if (text.find('.') != std::string::npos) {
-        text.erase(text.find_last_not_of('0') + 1);
-        if (text.back() == '.') text.pop_back();
+namespace base {
+
+namespace {
+
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+std::size_t digitsFrom(std::string_view text, std::size_t at) {
+    while (at < text.size() && isDigit(text[at])) ++at;
+    return at;
+}
+
+}  // namespace
+
+double valueOf(std::string_view text) {
+    std::size_t at = 0;
+    while (at < text.size() && text[at] == ' ') ++at;
+    bool negative = false;
+    if (at < text.size() && (text[at] == '+' || text[at] == '-')) negative = text[at++] == '-';
+
+    const std::size_t start = at;
+    const std::size_t point = digitsFrom(text, start);
+    std::size_t end = point;
+    if (point < text.size() && text[point] == '.') end = digitsFrom(text, point + 1);
+
+    double value = 0;
+    const auto result =
+        std::from_chars(text.data() + start, text.data() + end, value, std::chars_format::fixed);
+    if (result.ec == std::errc::invalid_argument) return 0;  // no digit, or a point alone
+    if (result.ec == std::errc::result_out_of_range || std::isinf(value)) {
+        const bool large =
+            text.substr(start, point - start).find_first_not_of('0') != std::string_view::npos;
+        value = large ? std::numeric_limits<double>::max() : 0;
     }
-    return text == "-0" ? "0" : text;
+    return negative && value != 0 ? -value : value;
 }
 
 std::optional<double> numberIn(std::string_view text) {
@@ -55,18 +81,4 @@ std::optional<double> scaledNumberIn(std::string_view text) {
     return number ? std::optional(*number * scale) : std::nullopt;
 }
 
-std::string inQuotes(std::string_view text) {
-    std::string quoted(1, '"');
-    quoted += text;
-    quoted += '"';
-    return quoted;
-}
-
-std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view kBlank = " \t\r\n";
-    const auto first = text.find_first_not_of(kBlank);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(kBlank) - first + 1);
-}
-
-}  // namespace hm16
+}  // namespace base

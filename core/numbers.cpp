@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/numbers.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
-
-#include "core/numbers.h"
 
 namespace hmonitor {
 
@@ -46,6 +46,15 @@ float demoPhase(double random, float last) {
     constexpr double kShareDegrees = 90;
     constexpr float kOffsetDegrees = 5;
     return (static_cast<float>(std::floor(random * kShareDegrees)) + last + kOffsetDegrees) / 2;
+}
+
+SmallText frequencyKey(double frequency) {
+    SmallText text = shortText(frequency);
+    return frequency < 1000 ? SmallText("0").append(text) : text;
+}
+
+SmallText frequencyFileName(double frequency, std::string_view ending) {
+    return frequencyKey(frequency).append(ending);
 }
 
 }  // namespace hmonitor

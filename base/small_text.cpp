@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/small_text.h"
+#include "base/small_text.h"
 
 #include <ostream>
 
-namespace hmonitor {
+namespace base {
 
 std::ostream& operator<<(std::ostream& out, const SmallText& text) {
     return out << text.view();
 }
 
-}  // namespace hmonitor
+}  // namespace base

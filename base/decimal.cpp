@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/decimal.h"
+#include "base/decimal.h"
 
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <optional>
 
-namespace hmonitor {
+namespace base {
 
 namespace {
 
@@ -119,4 +119,4 @@ int wholeDigits(const Decimal& number) {
     return digitsOf(number.mantissa) - number.scale;
 }
 
-}  // namespace hmonitor
+}  // namespace base
