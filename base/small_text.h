@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/utf8.h"
+
 namespace base {
 
 /// A short text that never touches the heap: the live panels make dozens of them thirty times a
@@ -31,7 +33,7 @@ class SmallText {
     constexpr SmallText& append(std::string_view text) {
         std::size_t room = kCapacity - size_;
         if (text.size() > room) {
-            while (room > 0 && isContinuation(text[room])) --room;
+            while (room > 0 && continuesCharacter(text[room])) --room;
             text = text.substr(0, room);
         }
         for (char c : text) bytes_[size_++] = c;
@@ -49,10 +51,6 @@ class SmallText {
     friend bool operator==(const SmallText& a, const std::string& b) { return a.view() == b; }
 
  private:
-    static constexpr bool isContinuation(char c) {
-        return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
-    }
-
     std::array<char, kCapacity> bytes_{};
     std::uint8_t size_ = 0;
 };

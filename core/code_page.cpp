@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <optional>
 
+#include "base/utf8.h"
+
 namespace hmonitor {
 
 namespace {
@@ -28,42 +30,6 @@ std::optional<char> byteOf(char32_t letter) {
     return isSame ? std::optional(static_cast<char>(letter)) : std::nullopt;
 }
 
-void appendUtf8(std::string& text, char32_t letter) {
-    const auto put = [&](char32_t bits) { text += static_cast<char>(bits); };
-    if (letter < 0x80) {
-        put(letter);
-    } else if (letter < 0x800) {
-        put(0xC0 | letter >> 6);
-        put(0x80 | (letter & 0x3F));
-    } else {
-        put(0xE0 | letter >> 12);
-        put(0x80 | (letter >> 6 & 0x3F));
-        put(0x80 | (letter & 0x3F));
-    }
-}
-
-struct Letter {
-    std::optional<char32_t> number;  // none: a byte that is no UTF-8
-    std::size_t size = 1;
-};
-
-Letter letterAt(std::string_view text, std::size_t at) {
-    constexpr std::array<char32_t, 5> kSmallest = {0, 0, 0x80, 0x800, 0x10000};
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const unsigned first = byte(at);
-    if (first < 0x80) return {first, 1};
-    const std::size_t size = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
-    if (first < 0xC2 || first > 0xF4 || at + size > text.size()) return {};
-    char32_t number = first & (0x7Fu >> size);
-    for (std::size_t i = 1; i < size; ++i) {
-        if ((byte(at + i) & 0xC0) != 0x80) return {};
-        number = number << 6 | (byte(at + i) & 0x3Fu);
-    }
-    const bool isSurrogate = number >= 0xD800 && number <= 0xDFFF;
-    if (number < kSmallest[size] || number > 0x10FFFF || isSurrogate) return {};
-    return {number, size};
-}
-
 char32_t lowerCase(char32_t letter) {
     const bool isPlain = letter >= 'A' && letter <= 'Z';
     const bool isAccented = letter >= 0xC0 && letter <= 0xDE && letter != 0xD7;
@@ -78,7 +44,7 @@ char32_t lowerCase(char32_t letter) {
 std::string utf8FromCodePage(std::string_view bytes) {
     std::string text;
     text.reserve(bytes.size());
-    for (char byte : bytes) appendUtf8(text, letterOf(static_cast<unsigned char>(byte)));
+    for (char byte : bytes) base::appendCharacter(text, letterOf(static_cast<unsigned char>(byte)));
     return text;
 }
 
@@ -86,7 +52,7 @@ std::string codePageFromUtf8(std::string_view text) {
     std::string bytes;
     bytes.reserve(text.size());
     for (std::size_t at = 0; at < text.size();) {
-        const Letter letter = letterAt(text, at);
+        const base::Character letter = base::firstCharacter(text.substr(at));
         bytes += letter.number ? byteOf(*letter.number).value_or('?') : '?';
         at += letter.size;
     }
@@ -97,10 +63,10 @@ std::string foldedCase(std::string_view utf8) {
     std::string folded;
     folded.reserve(utf8.size());
     for (std::size_t at = 0; at < utf8.size();) {
-        const Letter letter = letterAt(utf8, at);
+        const base::Character letter = base::firstCharacter(utf8.substr(at));
         const bool isInPage = letter.number && *letter.number < 0x800;
         if (isInPage) {
-            appendUtf8(folded, lowerCase(*letter.number));
+            base::appendCharacter(folded, lowerCase(*letter.number));
         } else {
             folded += utf8.substr(at, letter.size);
         }

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/hand.h"
 
+#include <utf8.h>
+
 #include <algorithm>
+#include <iterator>
 
 #include "display/controls/lists.h"
 #include "display/controls/pictures.h"
@@ -151,62 +154,37 @@ void Hand::select(ListBox& box, int row) {
 
 namespace {
 
-std::size_t characterLength(unsigned char lead) {
-    if (lead < 0x80) return 1;
-    if (lead < 0xe0) return 2;
-    return lead < 0xf0 ? 3 : 4;
+/// With a mark in place of each byte that is no UTF-8: what follows trusts the text.
+std::string whole(std::string_view text) {
+    std::string valid;
+    utf8::replace_invalid(text.begin(), text.end(), std::back_inserter(valid));
+    return valid;
 }
 
-std::size_t characters(std::string_view text) {
-    std::size_t count = 0;
-    for (const char byte : text) count += (static_cast<unsigned char>(byte) & 0xc0) != 0x80;
-    return count;
+std::u32string typedCharacters(std::string_view text) {
+    const std::string valid = whole(text);
+    std::u32string characters;
+    utf8::utf8to32(valid.begin(), valid.end(), std::back_inserter(characters));
+    return characters;
 }
 
-char32_t decode(std::string_view bytes) {
-    const auto lead = static_cast<unsigned char>(bytes[0]);
-    if (bytes.size() == 1) return lead;
-    char32_t value = lead & (0xff >> (bytes.size() + 1));
-    for (std::size_t i = 1; i < bytes.size(); ++i) {
-        value = value << 6 | (static_cast<unsigned char>(bytes[i]) & 0x3f);
-    }
-    return value;
-}
-
-void encode(char32_t character, std::string& out) {
-    if (character < 0x80) {
-        out += static_cast<char>(character);
-    } else if (character < 0x800) {
-        out += static_cast<char>(0xc0 | character >> 6);
-        out += static_cast<char>(0x80 | (character & 0x3f));
-    } else if (character < 0x10000) {
-        out += static_cast<char>(0xe0 | character >> 12);
-        out += static_cast<char>(0x80 | (character >> 6 & 0x3f));
-        out += static_cast<char>(0x80 | (character & 0x3f));
-    } else {
-        out += static_cast<char>(0xf0 | character >> 18);
-        out += static_cast<char>(0x80 | (character >> 12 & 0x3f));
-        out += static_cast<char>(0x80 | (character >> 6 & 0x3f));
-        out += static_cast<char>(0x80 | (character & 0x3f));
-    }
+std::size_t characters(const std::string& text) {
+    return static_cast<std::size_t>(utf8::unchecked::distance(text.begin(), text.end()));
 }
 
 /// Where that character starts in the bytes; their end beyond the last one.
-std::size_t byteOf(std::string_view text, std::size_t character) {
-    std::size_t at = 0;
-    for (; character > 0 && at < text.size(); --character) {
-        at += characterLength(static_cast<unsigned char>(text[at]));
-    }
-    return std::min(at, text.size());
+std::size_t byteOf(const std::string& text, std::size_t character) {
+    auto at = text.begin();
+    utf8::unchecked::advance(at, std::min(character, characters(text)));
+    return static_cast<std::size_t>(at - text.begin());
 }
 
 /// Puts one typed character in place of the span; answers how many came in: 1, or 0 when the
 /// field's filter or its length refuses it.
-std::size_t typeOne(TextField& field, std::string_view bytes, Span replaced) {
-    char32_t character = decode(bytes);
+std::size_t typeOne(TextField& field, char32_t character, Span replaced) {
     if (field.onTyped) character = field.onTyped(character);
     if (character == 0) return 0;
-    std::string text = field.text.get();
+    std::string text = whole(field.text.get());
     const std::size_t from = byteOf(text, replaced.from);
     text.erase(from, byteOf(text, replaced.to) - from);
     if (field.maxLength > 0 &&
@@ -214,50 +192,44 @@ std::size_t typeOne(TextField& field, std::string_view bytes, Span replaced) {
         return 0;
     }
     std::string encoded;
-    encode(character, encoded);
+    utf8::unchecked::append(character, std::back_inserter(encoded));
     text.insert(from, encoded);
     field.edit(text);
     return 1;
 }
 
 void cut(TextField& field, Span span) {
-    std::string text = field.text.get();
+    std::string text = whole(field.text.get());
     const std::size_t from = byteOf(text, span.from);
     text.erase(from, byteOf(text, span.to) - from);
     field.edit(text);
 }
 
 /// One after the other, from the span's start on.
-void typeAll(TextField& field, std::string_view text, Span replaced) {
+void typeAll(TextField& field, std::u32string_view typed, Span replaced) {
     if (field.locked) return;
-    if (text.empty()) cut(field, replaced);
-    while (!text.empty()) {
-        const std::size_t length =
-            std::min(characterLength(static_cast<unsigned char>(text[0])), text.size());
-        if (typeOne(field, text.substr(0, length), replaced) == 1) {
-            ++replaced.from;
-            replaced.to = replaced.from;
-        }
-        text.remove_prefix(length);
+    if (typed.empty()) cut(field, replaced);
+    for (const char32_t character : typed) {
+        if (typeOne(field, character, replaced) == 0) continue;
+        ++replaced.from;
+        replaced.to = replaced.from;
     }
 }
 
 }  // namespace
 
 void Hand::type(TextField& field, std::string_view text) {
-    while (!text.empty()) {
-        const std::size_t length =
-            std::min(characterLength(static_cast<unsigned char>(text[0])), text.size());
-        post(field, [&field, bytes = std::string(text.substr(0, length))] {
-            const std::size_t end = characters(field.text.get());
-            typeAll(field, bytes, {field.allSelected() ? 0 : end, end});
+    for (const char32_t character : typedCharacters(text)) {
+        post(field, [&field, character] {
+            const std::size_t end = characters(whole(field.text.get()));
+            typeAll(field, {&character, 1}, {field.allSelected() ? 0 : end, end});
         });
-        text.remove_prefix(length);
     }
 }
 
 void Hand::type(TextField& field, std::string_view text, Span replaced) {
-    post(field, [&field, replaced, typed = std::string(text)] { typeAll(field, typed, replaced); });
+    post(field,
+         [&field, replaced, typed = typedCharacters(text)] { typeAll(field, typed, replaced); });
 }
 
 void Hand::edit(TextField& field, std::string_view text) {

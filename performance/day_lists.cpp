@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "performance/day_lists.h"
 
+#include "base/utf8.h"
 #include "core/numbers.h"
-#include "performance/characters.h"
 
 namespace hmonitor {
 
@@ -23,7 +23,7 @@ std::string listLine(const DayTables& tables, const DayList& list, int hour) {
     const std::string label = hourLabel(hour);
     std::string line = label + std::string(gap, ' ') + first;
     if (list.second == 0) return line;
-    const std::size_t used = label.size() + gap + characters(first);
+    const std::size_t used = label.size() + gap + base::characters(first);
     if (used < kSecondColumn) line.append(kSecondColumn - used, ' ');
     return line + tables.field(hour, list.second);
 }

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "performance/characters.h"
+#include "base/utf8.h"
 
 namespace hmonitor {
 
@@ -24,7 +24,7 @@ std::string tabsExpanded(std::string_view line) {
             column += blanks;
         } else {
             text += c;
-            column += (c & 0xC0) != 0x80;
+            column += !base::continuesCharacter(c);
         }
     }
     return text;
@@ -36,7 +36,7 @@ display::PageDocument composeReportPage(const std::vector<std::string>& lines,
     std::size_t longest = 1;
     for (const std::string& line : lines) {
         texts.push_back(tabsExpanded(line));
-        longest = std::max(longest, characters(texts.back()));
+        longest = std::max(longest, base::characters(texts.back()));
     }
     const float across = paper.width - 2 * kReportMargin;
     const float fitting = across / (static_cast<float>(longest) * display::fixedAdvance(1));
