@@ -38,6 +38,4 @@ struct Parsed {
 // Reads the arguments behind the program's name.
 Parsed parseArguments(std::span<const std::string_view> arguments);
 
-std::string helpText();
-
 }  // namespace hm16::probe

@@ -53,16 +53,30 @@ TEST(ProbeOptions, TakesEveryOption) {
 }
 
 TEST(ProbeOptions, SaysWhatIsWrong) {
-    EXPECT_EQ(parseWords({}).message, "Name the folder of the driver library; --help tells more.");
+    const std::string more = "; --help tells more.";
+    EXPECT_EQ(parseWords({}).message, "FOLDER is required" + more);
     EXPECT_EQ(parseWords({"lib", "noise"}).message,
-              "\"noise\" is none of readings, levels, sweep, response, figures and slots.");
-    EXPECT_EQ(parseWords({"lib", "--frequency"}).message, "--frequency needs a value behind it.");
+              "WHAT: noise not in {readings,levels,sweep,response,figures,slots}" + more);
+    EXPECT_THAT(parseWords({"lib", "--frequency"}).message, StartsWith("--frequency: 1 required"));
     EXPECT_EQ(parseWords({"lib", "--frequency", "5"}).message,
-              "--frequency is \"5\", but must be a number from 60 to 130.");
-    EXPECT_EQ(parseWords({"lib", "--quick"}).message, "--quick is no option; --help lists them.");
-    EXPECT_EQ(parseWords({"lib", "sweep", "x"}).message, "\"x\" is one word too many.");
+              "--frequency: \"5\" is no number from 60 to 130" + more);
+    for (const char* odd : {"nan", "inf", "0x60", "9e1", "98,5", "-98"}) {
+        EXPECT_EQ(parseWords({"lib", "--frequency", odd}).message,
+                  "--frequency: \"" + std::string(odd) + "\" is no number from 60 to 130" + more);
+    }
+    EXPECT_EQ(parseWords({"lib", "--quick"}).message,
+              "The following argument was not expected: --quick" + more);
+    EXPECT_EQ(parseWords({"lib", "sweep", "x"}).message,
+              "The following argument was not expected: x" + more);
     EXPECT_EQ(parseWords({"lib", "--from", "90", "--to", "89"}).message, "--to lies below --from.");
     EXPECT_FALSE(parseWords({"lib", "--quick"}).options);
+}
+
+TEST(ProbeOptions, OfAnOptionGivenTwiceTheLastCounts) {
+    const auto parsed = parseWords({"lib", "--from", "88", "--log", "--from", "89", "--log"});
+    ASSERT_TRUE(parsed.options) << parsed.message;
+    EXPECT_EQ(parsed.options->from, 89);
+    EXPECT_TRUE(parsed.options->log);
 }
 
 TEST(ProbeOptions, HelpNamesEveryOption) {

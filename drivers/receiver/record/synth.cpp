@@ -1,36 +1,30 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Writes a recording of the band whose every figure is known: to try the receiver without a radio.
 #include <algorithm>
-#include <array>
 #include <iostream>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "base/number_in_text.h"
-#include "base/plain_text.h"
 #include "drivers/receiver/library/scenes.h"
 #include "drivers/receiver/record/recording_writer.h"
 #include "drivers/receiver/synth/band_generator.h"
+#include "drivers/unit/command_line.h"
 
 namespace {
 
 using namespace hm16::receiver;
 
-constexpr const char* kHelp = R"(hm16-synth SCENE FILE [options]
-
-Writes a recording of a synthetic band. SCENE is station, band, rays, tones or
-silence; the ending of FILE tells its form: .cu8, .cs8, .cs16 or .cf32 for bare
-samples, .wav or .flac for a sound file with I and Q, .sigmf-meta for a SigMF
-pair, which alone tells rate, centre and format by itself.
-
-  --seconds S     length (10)
-  --rate HZ       samples a second (1200000)
-  --centre MHZ    frequency in the middle (98.2)
-  --format F      samples of a SigMF pair: cu8, cs8, cs16 or cf32 (cs16)
-  --help          this text
+constexpr const char* kAbout =
+    R"(Writes a recording of a synthetic band. The ending of FILE tells its form: .cu8,
+.cs8, .cs16 or .cf32 for bare samples, .wav or .flac for a sound file with I and
+Q, .sigmf-meta for a SigMF pair, which alone tells rate, centre and format by
+itself.
 )";
+
+const std::vector<std::string> kScenes{"station", "band", "rays", "tones", "silence"};
 
 struct Options {
     Scene scene = Scene::Station;
@@ -44,52 +38,29 @@ int fail(const std::string& sentence) {
     return 1;
 }
 
-std::optional<Scene> sceneNamed(std::string_view word) {
-    constexpr std::array kWords{"station", "band", "rays", "tones", "silence"};
-    const auto found = std::find(kWords.begin(), kWords.end(), word);
-    if (found == kWords.end()) return std::nullopt;
-    return static_cast<Scene>(found - kWords.begin());
-}
-
-// Takes a value in; the sentence says what is wrong with it.
-std::string takeOption(std::string_view name, std::string_view value, Options& options) {
-    const auto number = base::numberIn(value);
-    const auto between = [&](double low, double high) {
-        return number && *number >= low && *number <= high;
-    };
-    if (name == "--seconds" && between(0.1, 3600)) {
-        options.seconds = *number;
-    } else if (name == "--rate" && between(kLowestBandRateHz, kHighestRateHz)) {
-        options.plan.rateHz = *number;
-    } else if (name == "--centre" && between(1, 6000)) {
-        options.centreMhz = *number;
-    } else if (name == "--format" && rawFormat(value)) {
-        options.plan.format = *rawFormat(value);
-    } else {
-        return std::string(name) + " cannot be " + base::inQuotes(value) +
-               "; --help lists what can be.";
-    }
-    return "";
-}
-
-std::string parse(const std::vector<std::string_view>& words, Options& options) {
-    std::vector<std::string_view> plain;
-    for (std::size_t n = 0; n < words.size(); ++n) {
-        if (!words[n].starts_with("--")) {
-            plain.push_back(words[n]);
-            continue;
-        }
-        if (n + 1 == words.size()) return std::string(words[n]) + " lacks its value.";
-        const std::string fault = takeOption(words[n], words[n + 1], options);
-        if (!fault.empty()) return fault;
-        ++n;
-    }
-    if (plain.size() != 2) return "Name a scene and a file; --help tells more.";
-    const auto scene = sceneNamed(plain[0]);
-    if (!scene) return base::inQuotes(plain[0]) + " is no scene; --help lists them.";
-    options.scene = *scene;
-    options.plan.file = plain[1];
-    return "";
+// What the command line asks for, or why the program ends at once.
+std::optional<hm16::CommandLineEnd> read(std::span<const std::string_view> words,
+                                         Options& options) {
+    std::string scene;
+    std::string format;
+    CLI::App app(kAbout, "hm16-synth");
+    app.add_option("SCENE", scene)->required()->check(CLI::IsMember(kScenes));
+    app.add_option("FILE", options.plan.file)->required();
+    app.add_option("--seconds", options.seconds, "length")
+        ->check(hm16::numberWithin(0.1, 3600))
+        ->capture_default_str();
+    app.add_option("--rate", options.plan.rateHz, "samples a second")
+        ->check(hm16::numberWithin(kLowestBandRateHz, kHighestRateHz))
+        ->capture_default_str();
+    app.add_option("--centre", options.centreMhz, "frequency in the middle, MHz (98.2)")
+        ->check(hm16::numberWithin(1, 6000));
+    app.add_option("--format", format, "samples of a SigMF pair (cs16)")
+        ->check(CLI::IsMember({"cu8", "cs8", "cs16", "cf32"}));
+    const auto end = hm16::readCommandLine(app, words);
+    if (end) return end;
+    options.scene = static_cast<Scene>(std::ranges::find(kScenes, scene) - kScenes.begin());
+    if (!format.empty()) options.plan.format = *rawFormat(format);
+    return std::nullopt;
 }
 
 void writeRecording(Options options) {
@@ -113,13 +84,12 @@ void writeRecording(Options options) {
 
 int main(int count, char** arguments) {
     const std::vector<std::string_view> words(arguments + 1, arguments + count);
-    if (std::find(words.begin(), words.end(), "--help") != words.end()) {
-        std::cout << kHelp;
+    Options options;
+    if (const auto end = read(words, options)) {
+        if (!end->help) return fail(end->text);
+        std::cout << end->text;
         return 0;
     }
-    Options options;
-    const std::string fault = parse(words, options);
-    if (!fault.empty()) return fail(fault);
     try {
         writeRecording(options);
     } catch (const SourceError& error) {

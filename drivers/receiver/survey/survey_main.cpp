@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <filesystem>
 #include <iostream>
-#include <optional>
 #include <random>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,25 +17,18 @@
 #include "drivers/receiver/survey/presets.h"
 #include "drivers/receiver/survey/rate_check.h"
 #include "drivers/receiver/survey/survey.h"
+#include "drivers/unit/command_line.h"
 #include "drivers/unit/replace_file.h"
 
 namespace {
 
 using namespace hm16::receiver;
 
-constexpr const char* kHelp = R"(hm16-survey INI [--check] [--presets FILE]
-hm16-survey --radios [DRIVER]
-
-Opens the receiver that the settings file INI describes, goes over the band once
+constexpr const char* kAbout =
+    R"(Opens the receiver that the settings file INI describes, goes over the band once
 and lists its stations as CSV, strongest first. Ends with 0 when there is one,
 else with 1 and one sentence on standard error; with 3 where the file does not
 tell its format, its sample rate or its centre frequency.
-
-  --check          opens the receiver and no more
-  --presets FILE   writes the sixteen strongest stations into a rack's memories
-  --radios         lists the radios that SoapySDR finds, as a device and its
-                   label with a tab between them; 1 where there is none
-  --help           this text
 )";
 
 constexpr int kFailed = 1;
@@ -132,36 +125,37 @@ int survey(const Options& asked) {
     return 0;
 }
 
-std::optional<Options> parse(const std::vector<std::string_view>& words) {
+int answer(std::span<const std::string_view> words) {
     Options options;
-    for (std::size_t n = 0; n < words.size(); ++n) {
-        if (words[n] == "--check") {
-            options.checkOnly = true;
-        } else if (words[n] == "--presets" && n + 1 < words.size()) {
-            options.presets = words[++n];
-        } else if (options.ini.empty() && !words[n].starts_with("--")) {
-            options.ini = std::filesystem::absolute(words[n]);
-        } else {
-            return std::nullopt;
-        }
+    std::string driver;
+    CLI::App app(kAbout, "hm16-survey");
+    app.add_option("INI", options.ini, "the settings file of a receiver");
+    app.add_flag("--check", options.checkOnly, "opens the receiver and no more");
+    app.add_option("--presets", options.presets,
+                   "writes the sixteen strongest stations into this rack's memories");
+    const CLI::Option* radios =
+        app.add_option("--radios", driver,
+                       "lists the radios that SoapySDR finds, of this driver alone when one is "
+                       "named, as a device and its label with a tab between them; 1 where there is "
+                       "none")
+            ->expected(0, 1);
+    if (const auto end = hm16::readCommandLine(app, words)) {
+        if (!end->help) return fail(end->text);
+        std::cout << end->text;
+        return 0;
     }
-    if (options.ini.empty()) return std::nullopt;
-    return options;
+    if (radios->count() > 0) return listThem(driver);
+    if (options.ini.empty()) return fail("Name a settings file; --help tells more.");
+    options.ini = std::filesystem::absolute(options.ini);
+    return survey(options);
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
     const std::vector<std::string_view> words(arguments + 1, arguments + count);
-    if (std::find(words.begin(), words.end(), "--help") != words.end()) {
-        std::cout << kHelp;
-        return 0;
-    }
     try {
-        if (!words.empty() && words[0] == "--radios")
-            return listThem(words.size() > 1 ? std::string(words[1]) : "");
-        const auto options = parse(words);
-        return options ? survey(*options) : fail("hm16-survey --help tells how it is called.");
+        return answer(words);
     } catch (const MissingSetting& error) {
         return fail(error.what(), kNotTold);
     } catch (const SourceError& error) {
