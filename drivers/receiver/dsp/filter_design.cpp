@@ -9,17 +9,6 @@
 namespace hm16::receiver {
 namespace {
 
-// Modified Bessel function of the first kind, order 0.
-double bessel0(double x) {
-    double term = 1;
-    double sum = 1;
-    for (int k = 1; k < 60; ++k) {
-        term *= (x / (2 * k)) * (x / (2 * k));
-        sum += term;
-    }
-    return sum;
-}
-
 double kaiserBeta(double stopbandDb) {
     if (stopbandDb > 50) return 0.1102 * (stopbandDb - 8.7);
     if (stopbandDb > 21)
@@ -61,7 +50,8 @@ std::vector<double> designFilter(double rateHz, std::size_t taps,
     for (std::size_t n = 0; n <= half; ++n) {
         const double place = half == 0 ? 0 : static_cast<double>(n) / static_cast<double>(half);
         const double window =
-            bessel0(beta * std::sqrt(std::max(0.0, 1 - place * place))) / bessel0(beta);
+            std::cyl_bessel_i(0.0, beta * std::sqrt(std::max(0.0, 1 - place * place))) /
+            std::cyl_bessel_i(0.0, beta);
         result[half + n] = side[n] * window;
         result[half - n] = side[n] * window;
     }
