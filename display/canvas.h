@@ -16,14 +16,14 @@ struct CellGrid {
     friend bool operator==(const CellGrid&, const CellGrid&) = default;
 };
 
-/// What drawing code asks of a surface: screen, paper and recorder are three canvases. Coordinates
-/// are floating units of the canvas's own scale, y downward. Boxes include both corners, so that a
-/// box of no width is one column of pixels.
+/// The drawing operations that a surface offers; the screen, paper and the test recorder each
+/// implement them. Coordinates are floating-point units of the canvas's own scale, y downward.
+/// Boxes include both corners, so that a box of no width is one column of pixels.
 class Canvas {
  public:
     virtual ~Canvas() = default;
 
-    /// The size with the frame, and the inner size, in units of the scale.
+    /// The outer size with the frame, and the inner size without it, in units of the scale.
     virtual float outerWidth() const = 0;
     virtual float outerHeight() const = 0;
     virtual float scaleWidth() const = 0;
@@ -31,9 +31,9 @@ class Canvas {
 
     virtual void box(float x1, float y1, float x2, float y2) = 0;
     virtual void line(float x1, float y1, float x2, float y2) = 0;
-    /// One cell of a map in the foreground colour: a box of no width and four fifths of the pitch.
-    /// A surface that keeps its marks may keep all cells of a grid as one picture, in which they
-    /// touch each other.
+    /// Draws one cell of a map in the foreground colour. The default draws a box of no width and
+    /// four fifths of the pitch high; a canvas that keeps its marks may instead store all cells of
+    /// a grid as one picture, in which the cells touch each other.
     virtual void cell(const CellGrid& grid, int column, int row) {
         constexpr float kShare = 0.8f;
         const float x = grid.left + grid.pitchX * static_cast<float>(column);

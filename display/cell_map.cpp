@@ -16,7 +16,8 @@ void CellMap::draw(int column, int row, Colour colour) {
 }
 
 bool CellMap::eraseWithin(float x1, float y1, float x2, float y2) {
-    // The first cell that begins within, and the one behind the last that ends within.
+    // The first cell that begins inside the box, and the one after the last cell that ends inside
+    // it.
     const auto first = [](float from, float start, float pitch, int count) {
         return std::clamp(static_cast<int>(std::ceil((from - start) / pitch)), 0, count);
     };

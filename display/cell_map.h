@@ -14,7 +14,7 @@ struct CellMap {
         : grid(its), cells(static_cast<std::size_t>(its.columns * its.rows)) {}
 
     void draw(int column, int row, Colour colour);
-    /// Takes away what lies wholly within a box; answers whether any cell is left.
+    /// Removes the cells that lie wholly inside a box; returns whether any cell is left.
     bool eraseWithin(float x1, float y1, float x2, float y2);
 
     CellGrid grid;

@@ -83,7 +83,7 @@ std::optional<double> Chart::valueAt(int r, int c) const {
     const auto end = text.data() + text.size();
     if (std::from_chars(text.data(), end, value, std::chars_format::fixed).ec != std::errc{})
         return std::nullopt;
-    // Words that a number parser knows ("inf", "nan") are no values of a chart.
+    // A number parser accepts "inf" and "nan", but they are no values of a chart.
     return std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
 

@@ -11,8 +11,8 @@
 
 namespace display {
 
-/// A chart that is addressed by row and column. Data are text as the program wrote them; cells out
-/// of the shown range are kept and not shown.
+/// A chart that is addressed by row and column. Data are text as the program wrote them; cells
+/// outside the shown range are kept but not drawn.
 ///
 /// The rows share the width between the insets evenly, row r from left + (r - 1) * width / rows on;
 /// bars of one row stand side by side in it, one for each column, a curve passes through the middle
@@ -38,20 +38,19 @@ class Chart final : public KindOf<Chart> {
     std::string_view dataAt(int row, int column) const;
     std::string_view rowLabelAt(int row) const;
     int rowLabelColumnAt(int row) const;
-    /// The number that a cell's data begins with; none for an empty cell or a text that is no
-    /// number, which is drawn as nothing.
+    /// The number at the beginning of a cell's data; none for an empty cell or a text that is no
+    /// number. A cell without a number is not drawn.
     std::optional<double> valueAt(int row, int column) const;
 
-    /// Takes over rows, columns, data and labels of another chart, as its twin.
+    /// Copies rows, columns, data and labels of another chart.
     void take(const Chart& other);
 
     enum class Style { Bars, Curve };
     Property<Style> style{*this, Style::Bars};
-    /// A curve that stands for no measurement is dashed and has no points, and a word in the chart
-    /// says so.
+    /// A curve that was not measured is dashed and has no points, and a word in the chart says so.
     Property<bool> dashed{*this, false};
     Text note{*this};
-    /// The shown range of values, and the distance of the lines across it (0 for none).
+    /// The shown range of values, and the distance between grid lines (0 for none).
     Property<float> lowest{*this, 0}, highest{*this, 100}, gridStep{*this, 10};
 
     /// Room between the control's edges and the plot, in the units of its container.
@@ -65,19 +64,19 @@ class Chart final : public KindOf<Chart> {
     Property<Insets> insets{*this};
 
     static constexpr int kSeries = 10;
-    /// The colours of columns 1 to 10; columns behind them begin anew.
+    /// The colours of columns 1 to 10; later columns use them again from the first.
     void seriesColour(int column, Colour colour);
     Colour seriesColourAt(int column) const;
 
-    /// The share of a row that its bars fill, and of its place that a bar does; the rest parts it
-    /// from its neighbours.
+    /// How much of a row its bars fill together, and how much of its place in the row each bar
+    /// fills; the rest is the gap to its neighbours.
     static constexpr double kRowFill = 0.84;
     static constexpr double kBarFill = 0.88;
-    /// The place of a bar and where the middle of one stands, in rows: row 3 has its middle at 3.
+    /// Where a bar begins and where its middle is, in rows: row 3 has its middle at 3.
     double barWidth() const;
     double barMiddle(int row, int column) const;
 
-    /// What the pointer over a cell is told, in the language of the form; without it, the data.
+    /// The tool tip of a cell, in the language of the form; without it, the tip is the data.
     std::function<std::string(int row, int column)> tellCell;
 
     template <class Each>

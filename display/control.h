@@ -16,7 +16,8 @@ enum class Language { Spanish, English };
 class Panel;
 struct NumberTable;
 
-/// Where a control stands, in the units of its container (twips unless the container says else).
+/// The place of a control, in the units of its container (twips unless the container says
+/// otherwise).
 struct Box {
     float left = 0;
     float top = 0;
@@ -45,7 +46,7 @@ struct Mouse {
     bool left = false;
 };
 
-/// A property, or a plain value in a list of properties, back to what it was made with.
+/// Sets a property, or a plain value in a list of properties, back to its initial value.
 template <class Listed>
 void resetProperty(Listed& listed) {
     if constexpr (requires { listed.reset(); }) {
@@ -67,10 +68,11 @@ class Control : public Revised {
 
     virtual void accept(ControlVisitor& visitor) = 0;
 
-    /// Back to the state before any design value was laid.
+    /// Sets everything back to the state before the layout was applied.
     void reset();
 
-    /// Names each property that all kinds have. What a kind has of its own it lists itself.
+    /// Calls each(name, property) for the properties that all kinds have. The properties of one
+    /// kind are listed by the kind itself.
     template <class Each>
     void forEachCommonProperty(Each each) {
         each("left", left), each("top", top), each("width", width), each("height", height);
@@ -90,11 +92,12 @@ class Control : public Revised {
     /// Its box in twips from the form's upper left corner, all containers resolved.
     Box boxOnForm() const;
 
-    /// Shown and usable, its containers and its form included.
+    /// Whether it is visible and whether it is enabled, its containers and its form taken into
+    /// account.
     bool shown() const;
     bool usable() const;
 
-    /// Gives it the keyboard; later, where it cannot take it yet.
+    /// Gives it the keyboard focus; where it cannot take it yet, as soon as it can.
     void takeFocus();
 
     /// What the screen reader says and the tool tip shows, in the language of the form.
@@ -107,24 +110,26 @@ class Control : public Revised {
     /// The panel that it stands in, or null for the form itself.
     Property<Panel*> container{*this, nullptr};
 
-    /// Accessible name; readouts that have a caption leave it to the caption.
+    /// Accessible name. A readout with a caption needs none: the caption is its name.
     Words says;
-    /// What it reads to the screen reader, where what it paints is no text of its own: the digits
-    /// in a panel, a lamp. Asked for when somebody listens, so it costs the live panels nothing.
+    /// The value for the screen reader where the control paints something other than text: the
+    /// digits in a panel, a lamp. Called only when an assistive tool asks, so it costs the live
+    /// panels nothing.
     std::function<std::string()> reading;
-    /// What a drawing shows in numbers. A control that tells them can be copied and saved.
+    /// The numbers that a drawing shows. A control that has them can be copied and saved.
     std::function<NumberTable()> numbers;
-    /// Where the picture of a drawing lies on its form, in twips, with the scales and the legend
-    /// that stand around it; of no size: the drawing alone.
+    /// The part of the form, in twips, that a picture of this drawing shows: the drawing with its
+    /// scales and its legend. Of no size: the drawing alone.
     Box pictureBox;
     /// Tool tip; empty for none.
     Words tip;
-    /// Place in the Tab order; 0 keeps it out of it.
+    /// Place in the Tab order; 0 leaves it out.
     int tabIndex = 0;
-    /// A click leaves the keyboard where it was.
+    /// A click does not take the keyboard focus.
     bool leavesFocus = false;
 
-    /// How often a layout placed it since the last load: exactly once, or the form is wrong.
+    /// How often the layout placed it since the last load. Anything but once is a fault, which a
+    /// test reports.
     int timesPlaced = 0;
 
  protected:

@@ -13,7 +13,7 @@
 // A control is given only what its kind has: anything else does not compile.
 namespace display {
 
-/// How all texts of one sort look. A layout gives it a name.
+/// The look of all texts of one sort. A layout gives the style a name.
 struct TextStyle {
     Font font;
     Colour colour = kWhite;
@@ -25,14 +25,14 @@ struct TextStyle {
     constexpr TextStyle right() const { return {font, colour, Align::Right, surface}; }
 };
 
-/// How all lines of one sort look.
+/// The look of all lines of one sort.
 struct LineStyle {
     Colour colour = kWhite;
     float thickness = 1;  ///< in units of 15 twips
     Stroke stroke = Stroke::Plain;
 };
 
-/// How a figure looks; one colour for a flat one.
+/// The fill of a shape; with one colour it is plain.
 struct Fill {
     Colour colour;
     Colour fadesFrom = colour;
@@ -49,7 +49,8 @@ struct Tip {
 struct SaysAndTip {
     Words words;
 };
-/// A label that shows a measured value, with its accessible name where its caption is none.
+/// Makes a label show a measured value. The words are its accessible name, where its caption is
+/// none.
 struct Readout {
     Words words{};
 };
@@ -66,13 +67,13 @@ struct Caption {
 /// Enter presses the default key of a form, Escape the cancel key.
 enum class Role { Default, Cancel };
 
-/// Not to be seen at first.
+/// Hidden when the form is loaded.
 struct Hidden {};
 
 inline void give(Control& control, Panel* in) {
     control.container = in;
 }
-/// What it shows: the name of its picture, or its caption.
+/// Sets the name of a picture, or the caption of any other control.
 template <class C>
 void give(C& control, std::string_view shown) {
     if constexpr (requires { control.picture; }) {
@@ -132,7 +133,7 @@ inline void give(Control& control, Hidden) {
     control.visible = false;
 }
 
-/// The row of a control: its place in the units of its container, and what else it is given.
+/// Lays out one control: its place in the units of its container, and its other design values.
 template <class C, class... Given>
 C& place(C& control, const Box& box, const Given&... given) {
     control.left = box.left;
@@ -143,7 +144,7 @@ C& place(C& control, const Box& box, const Given&... given) {
     (give(control, given), ...);
     return control;
 }
-/// The row of a line, by its two ends.
+/// Lays out one line by its two ends.
 template <class... Given>
 Line& place(Line& line, float x1, float y1, float x2, float y2, const Given&... given) {
     line.from(x1, y1);
@@ -163,7 +164,7 @@ requires requires(Elements& elements) {
 void tabAfter(int& last, Elements& elements) {
     for (Control& element : elements) tabAfter(last, element);
 }
-/// The Tab order of a form from its first control on; a family stands there with all its elements.
+/// The Tab order of a form, from the first control on; a family stands for all its elements.
 template <class... Controls>
 void tabOrder(Controls&... controls) {
     int last = 0;

@@ -29,12 +29,12 @@ struct MessageBox {
     BoxIcon icon = BoxIcon::None;
 };
 
-/// The key by which a question was answered.
+/// The button that answered a question.
 enum class BoxAnswer { Ok, Cancel };
 
 enum class PointerShape { Arrow, Hourglass };
 
-/// Pixels or lines.
+/// A raster image or a vector drawing.
 enum class PictureFormat { Png, Svg };
 
 struct Date {
@@ -47,15 +47,15 @@ struct Date {
     int second = 0;
 };
 
-/// Leaves whatever handler runs when the program ends: nothing of it runs on. Caught by the
-/// desktop alone.
+/// Thrown when the program ends, so that the running handler is left at once. Only the desktop
+/// catches it.
 class ProgramEnded : public std::exception {
  public:
     const char* what() const noexcept override { return "the program has ended"; }
 };
 
-/// The only door from the panels to the outside of their windows. The Qt desktop is the real
-/// thing, the headless one runs the same program without a screen.
+/// All that the panels know of the world outside their windows. The Qt desktop shows the program on
+/// a screen; the headless desktop runs the same program in tests.
 class Desktop {
  public:
     Desktop();
@@ -69,7 +69,7 @@ class Desktop {
     virtual Time now() const = 0;
     /// Local date and time of day.
     virtual Date today() const = 0;
-    /// Month and weekday words (0 is January, Sunday) in the user's language.
+    /// Month and weekday names (0 is January, 0 is Sunday) in the user's language.
     virtual std::string monthName(int month) const = 0;
     virtual std::string shortMonthName(int month) const = 0;
     virtual std::string weekdayName(int weekday) const = 0;
@@ -78,56 +78,56 @@ class Desktop {
     /// Portuguese, 9 English).
     virtual int userLanguageId() const = 0;
 
-    /// Uniform from 0 up to but not including 1.
+    /// A random number, uniform from 0 up to but not including 1.
     virtual double random() = 0;
 
-    /// Shows the box and returns when the user has answered it.
+    /// Shows the box and returns when the user has closed it.
     virtual void messageBox(const MessageBox& box) = 0;
-    /// The same with a second key; closing the box is "Cancel".
+    /// The same with a second button, "Cancel", which closing the box means too.
     virtual BoxAnswer ask(const MessageBox& box) = 0;
 
-    /// One pass of waiting events inside a handler; what comes through, the queue decides.
+    /// Handles the waiting events once, inside a handler. The queue decides which events it lets
+    /// through.
     virtual void letEventsThrough() = 0;
 
-    /// The part of the screen that the form's window may stand in with its frame, in twips as forms
-    /// are placed; empty where the system alone places windows.
+    /// The part of the screen that is free for the form's window with its frame, in twips; empty
+    /// where the window system places windows by itself.
     virtual Box room(const Form& form) const = 0;
 
     virtual void pointer(PointerShape shape) = 0;
     virtual void beep() = 0;
-    /// The keyboard goes to the control of a shown form.
+    /// Gives the keyboard focus to the control of a shown form.
     virtual void giveFocus(Control& control) = 0;
     virtual void setClipboardText(std::string_view text) = 0;
-    /// The picture of a drawing of a loaded form.
+    /// Copies the picture of a drawing of a loaded form.
     virtual void setClipboardPicture(Control& drawing) = 0;
-    /// The same as the bytes of a file.
+    /// The same picture as the bytes of a file.
     virtual std::string pictureOf(Control& drawing, PictureFormat format) = 0;
 
-    /// Asks where a file is to be written. The path (UTF-8) ends with the ending of one of the
-    /// kinds; that a file there is replaced, the user has agreed. None when nothing is to be
-    /// written.
+    /// Asks where to write a file. The path (UTF-8) ends with the ending of one of the kinds; if a
+    /// file stands there, the user has agreed to replace it. None when the user cancelled.
     virtual std::optional<std::string> askWhereToSave(const SaveQuestion& question) = 0;
-    /// Puts the bytes in the place of a file, whole or not at all. Answers what went wrong as a
-    /// sentence, empty when they are written.
+    /// Replaces the contents of a file, completely or not at all. Returns a sentence that says what
+    /// went wrong, empty on success.
     virtual std::string writeFile(std::string_view path, std::string_view bytes) = 0;
 
-    /// Prints the image of these windows, one under the other as they stand, on one page of the
-    /// desktop's printer. Answers what went wrong, empty when it was printed.
+    /// Prints the image of these windows, one below the other, on one page of the default printer.
+    /// Returns what went wrong, empty on success.
     virtual std::string printImage(const std::vector<const Form*>& forms) = 0;
 
-    /// Prints a panel with what stands on it, whether its form is shown or hidden, on one page of
-    /// the desktop's printer. Answers what went wrong, empty when it was printed.
+    /// Prints a panel with its contents, whether its form is shown or hidden, on one page of the
+    /// default printer. Returns what went wrong, empty on success.
     virtual std::string printSheet(const Panel& sheet) = 0;
 
-    /// Prints these pages of a document, counted from 1, on the desktop's printer. Answers what
-    /// went wrong, empty when they were printed.
+    /// Prints these pages of a document, counted from 1, on the default printer. Returns what went
+    /// wrong, empty on success.
     virtual std::string printPages(const PageDocument& document, int first, int last) = 0;
 
     /// What printImage(), printSheet() and printPages() put on paper, as the bytes of a PDF.
     virtual std::string pdfOfImage(const std::vector<const Form*>& forms) = 0;
     virtual std::string pdfOfSheet(const Panel& sheet) = 0;
     virtual std::string pdfOfPages(const PageDocument& document, int first, int last) = 0;
-    /// The sheet that the desktop's printer takes; the system's usual one where there is none.
+    /// The paper of the default printer; without a printer, the usual paper of the user's country.
     virtual Paper paper() const = 0;
 
     /// The help text of the program, in a window of its own.
@@ -141,7 +141,7 @@ class Desktop {
 
     // What forms tell the desktop.
     virtual void formLoaded(Form&) {}
-    /// The object goes away; nothing of it may be called any more.
+    /// The form is being destroyed: none of its members may be called any more.
     virtual void formDestroyed(Form&) {}
     virtual void formShown(Form& form) = 0;
     virtual void formHidden(Form& form) = 0;
@@ -154,7 +154,7 @@ class Desktop {
     Form* find(std::string_view formName) const;
 
  protected:
-    /// Called once when the program ends, before the handlers unwind.
+    /// Called once when the program ends, before ProgramEnded is thrown.
     virtual void ending() {}
 
  private:

@@ -7,8 +7,8 @@ namespace display {
 
 namespace {
 
-/// Marks of one run: bars and ticks come from left to right, so that a bar passes by nearly all
-/// others a whole run at a time.
+/// How many marks one run holds. Bars and ticks are drawn from left to right, so a box can skip
+/// nearly all other marks a whole run at a time.
 constexpr std::size_t kRun = 16;
 
 }  // namespace
@@ -46,8 +46,9 @@ void Drawing::dropFrom(std::size_t first, Gone gone) {
 }
 
 void Drawing::dropCovered(const Mark& box) {
-    // What reaches beyond the canvas is cut at its edge, and so is what a box has to cover: else a
-    // text near the right edge, whose end is a guess, would outlive every wipe.
+    // Marks are clipped at the edge of the canvas, and so is the area that a box must cover to drop
+    // them: otherwise a text near the right edge, whose width is only estimated, would survive
+    // every wipe.
     const float right = outerWidth();
     const float bottom = outerHeight();
     auto covered = [&](const Mark& mark) {
@@ -127,7 +128,7 @@ void Drawing::cell(const CellGrid& grid, int column, int row) {
         ++maps_;
         map = &marks_.back();
     }
-    // The screen looks for what is new at the end alone.
+    // The screen looks for new marks only at the end of the list.
     if (map != &marks_.back()) ++rebuilt_;
     map->map->draw(column, row, foreground);
     map->number = next_++;
@@ -135,7 +136,7 @@ void Drawing::cell(const CellGrid& grid, int column, int row) {
 }
 
 Mark* Drawing::openMap(const CellGrid& grid, int column, int row) {
-    // So many are looked at for each cell; a map that lies deeper is begun anew.
+    // How many later marks are checked for each cell; below more than that, a new map is begun.
     constexpr std::size_t kDepth = 64;
     const float left = grid.left + grid.pitchX * static_cast<float>(column);
     const float top = grid.top + grid.pitchY * static_cast<float>(row);
@@ -163,9 +164,9 @@ void Drawing::eraseCells(const Mark& box) {
 
 namespace {
 
-/// How far a text reaches at most, in its own heights. How wide it is exactly is the screen's to
-/// know; figures are narrower than letters in every font, so that a count that is wiped and
-/// printed again is known to be gone.
+/// The greatest possible width of a text, in multiples of its height. Only the screen knows the
+/// exact width; digits are narrower than letters in every font, so a count that is wiped and
+/// printed again is known to be covered.
 float reachOf(std::string_view text) {
     constexpr float kFigure = 0.72f;
     constexpr float kLetter = 1.f;
@@ -223,7 +224,8 @@ void Drawing::take(const Drawing& other) {
     unit_ = other.unit_;
     frame_ = other.frame_;
     marks_ = other.marks_;
-    // The cells of a map go on changing in the drawing that they come from.
+    // The original drawing goes on changing the cells of its map, so the copy gets a map of its
+    // own.
     for (Mark& mark : marks_) {
         if (mark.map) mark.map = std::make_shared<CellMap>(*mark.map);
     }

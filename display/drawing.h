@@ -23,13 +23,14 @@ struct Mark {
     float points = 0;
     std::string text;
     std::shared_ptr<CellMap> map;
-    /// Counts up over the life of the drawing; that of a map also with each of its cells.
+    /// Increases over the life of the drawing; the number of a map also increases with each of its
+    /// cells.
     std::uint64_t number = 0;
 };
 
-/// The canvas of a picture box: it keeps what it shows, in order, and no more. A box drops every
-/// mark that it covers whole, a stroke or a text the same one before it, and the cells of a map are
-/// one mark, so that an hour of redraws, whole or small, does not grow.
+/// The canvas of a picture box. It keeps the marks that are visible, in order: a box drops every
+/// mark that it covers wholly, a stroke or a text replaces the same one before it, and the cells of
+/// a map are one mark. So an hour of redraws, whole or small, does not make it grow.
 class Drawing final : public Canvas {
  public:
     explicit Drawing(Control& owner) : owner_(owner) {}
@@ -48,18 +49,18 @@ class Drawing final : public Canvas {
     void scale(float unit, float frame);
     float unit() const { return unit_; }
     void clear();
-    /// Clears it and puts the pens back, as before the first mark; the scale stays.
+    /// Clears it and resets the pens, but keeps the scale.
     void reset();
 
-    /// Takes over scale and marks of another drawing, as a picture of it that stays as it is.
+    /// Copies scale and marks of another drawing; later changes of that one do not show here.
     void take(const Drawing& other);
 
     const std::vector<Mark>& marks() const { return marks_; }
-    /// Counts up whenever marks were dropped, so that a screen knows to paint anew.
+    /// Increases whenever marks were dropped: the screen then has to paint the whole drawing again.
     std::uint64_t rebuilt() const { return rebuilt_; }
 
  private:
-    /// Marks that follow each other, as far as a box has to know that it covers none of them.
+    /// The common bounds of consecutive marks, by which a box sees that it covers none of them.
     struct Run {
         float latestLeft = 0;
         float earliestRight = 0;
@@ -68,11 +69,12 @@ class Drawing final : public Canvas {
     void add(Mark mark);
     void noteInRun(std::size_t index);
     void dropCovered(const Mark& box);
-    /// A text or a stroke that is drawn over itself stands there once.
+    /// Drops an equal text or stroke that is already there.
     void dropSame(const Mark& drawn);
     bool coversAll(const Mark& box) const;
     void wipe();
-    /// The map of that grid in which a cell may be drawn now: nothing that came later overlaps it.
+    /// The map of that grid to which a cell may be added: no later mark overlaps the cell. Null if
+    /// there is none.
     Mark* openMap(const CellGrid& grid, int column, int row);
     void eraseCells(const Mark& box);
     template <class Gone>

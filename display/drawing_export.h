@@ -6,22 +6,23 @@ namespace display {
 class Control;
 class Form;
 
-/// A drawing is a control that tells its numbers (`Control::numbers`): it can be copied as a
-/// picture, its numbers as comma-separated values, and both saved to a file.
+/// A drawing is a control that has numbers (`Control::numbers`): it can be copied as a picture or
+/// as comma-separated values, and saved to a file as either.
 
-/// The drawing that a person means who asks a form for it: the one that has the keyboard, else the
-/// first that is shown; null where the form shows none.
+/// The drawing that is meant by a copy or save key: the one with the keyboard focus, else the first
+/// that is visible; null where the form shows none.
 Control* drawingMeant(const Form& form, const Control* focused);
 
-/// True when any control of the form can be copied and saved, shown or not.
+/// True when any control of the form can be copied and saved, visible or not.
 bool hasDrawings(const Form& form);
 
-/// Its numbers on the clipboard, as text.
+/// Copies its numbers to the clipboard, as text.
 void copyNumbers(Control& drawing);
-/// Its picture on the clipboard.
+/// Copies its picture to the clipboard.
 void copyPicture(Control& drawing);
-/// Asks for a place and writes it there: a picture of pixels (png), of lines (svg), or its numbers
-/// (csv), by the ending of the name. What goes wrong is told in a box, and no file is left behind.
+/// Asks for a file name and saves the drawing: as a raster image (png), a vector drawing (svg) or
+/// its numbers (csv), by the ending of the name. A fault is shown in a message box, and no file is
+/// left behind.
 void saveDrawing(Control& drawing);
 
 }  // namespace display

@@ -43,7 +43,7 @@ void EventQueue::forget(const display::Form& form) {
 Timer* EventQueue::nextTimer() const {
     Timer* next = nullptr;
     for (Timer* timer : timers_) {
-        // An interval of 0 never ticks.
+        // A timer with an interval of 0 never ticks.
         if (!timer->enabled || timer->inHandler_ || timer->interval.interval_.count() <= 0)
             continue;
         if (!next || timer->due_ < next->due_ ||
@@ -101,7 +101,7 @@ bool EventQueue::passes(const Input& input) const {
 }
 
 const EventQueue::RunFilter* EventQueue::filter() const {
-    // What a run asks or reports in a modal form has to be answered, or the run never ends.
+    // A modal form that a run opened must get its input, or the run would never end.
     const std::size_t unfiltered = modals_.empty() ? 0 : modals_.back().runsBefore;
     return filters_.size() > unfiltered ? &filters_.back() : nullptr;
 }
@@ -120,7 +120,7 @@ void EventQueue::runInput(Input input) {
 }
 
 void EventQueue::runTimers(Time until) {
-    // Each timer ticks at most once a pass: what it missed has merged into this tick.
+    // Each timer ticks at most once in a pass: missed ticks have merged into this one.
     while (Timer* timer = nextTimer()) {
         if (timer->due_ > until) return;
         const Time interval = timer->interval.interval_;
@@ -159,7 +159,7 @@ void EventQueue::letThrough() {
     if (!gateOpen_ || inPass_) return;
     Scope inPass(inPass_);
     const Time until = now();
-    // What comes in while the pass runs waits for the next one.
+    // Input that arrives during the pass waits for the next one.
     for (std::size_t left = inputs_.size(); left > 0 && !inputs_.empty(); --left) {
         Input input = std::move(inputs_.front());
         inputs_.pop_front();

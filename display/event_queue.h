@@ -14,28 +14,28 @@ namespace display {
 class Control;
 class Form;
 
-/// What a person did, as it reaches the queue.
+/// One action of the user.
 struct Input {
     enum class Kind {
         Control,     ///< acted on a control
-        MoveWindow,  ///< dragged a window by a handle: passes during a run
+        MoveWindow,  ///< dragged a window by a handle: let through during a run
         Form,        ///< closed, folded or unfolded a window, asked for help
-        FormKey      ///< Enter or Escape: it acts if the key that it presses is heard (see hears)
+        FormKey      ///< Enter or Escape: let through if the key that it presses is (see hears)
     };
     Kind kind = Kind::Control;
     display::Form* form = nullptr;
     display::Control* control = nullptr;
     std::function<void()> act;
-    /// What a run or a modal form keeps out is not lost: it comes when they are over.
+    /// Input that a run or a modal form holds back is not lost: it is delivered when they are over.
     bool waits = false;
 };
 
-/// The queue of timers and input, one for every desktop: input in the order of its coming, then
-/// timers by due time and by order of switching on. A desktop gives it the time, wakes it when the
-/// next timer is due, and posts raw input.
+/// The queue of timers and input, the same for every desktop. Input comes in the order of its
+/// arrival, then timers by due time and by the order in which they were enabled. A desktop gives
+/// the queue the time, wakes it when the next timer is due, and posts the user's input.
 class EventQueue {
  public:
-    /// What a long run lets through while it holds the thread.
+    /// The controls that a long run listens to while it holds the thread.
     struct RunFilter {
         std::vector<const display::Control*> controls;
         std::vector<const display::Form*> closable;
@@ -47,40 +47,41 @@ class EventQueue {
 
     void post(Input input);
 
-    /// Runs everything that is due now. Not for use inside a handler.
+    /// Delivers everything that is due now. Must not be called inside a handler.
     void runDue();
 
-    /// One pass inside a handler: due timers, and input that the running filter lets by. Does
-    /// nothing before the gate is open, nor inside another pass.
+    /// One pass inside a handler: delivers due timers and the input that the current run lets
+    /// through. Does nothing while the gate is closed, nor inside another pass.
     void letThrough();
 
-    /// When the next timer is due; nothing if none runs. Due at once if input waits.
+    /// When the next timer is due; none if no timer is enabled; now if input is waiting.
     std::optional<Time> nextDue() const;
     bool inputWaits() const { return !inputs_.empty(); }
 
-    /// Until the rack measures, letting events through delivers paint only.
+    /// The gate opens when the rack measures. Until then letEventsThrough() delivers paint only.
     void openGate() { gateOpen_ = true; }
     bool gateOpen() const { return gateOpen_; }
 
-    /// A modal form or box stands: input passes as ever, to what is enabled, in a loop of its own.
+    /// A modal form or box is open, in an event loop of its own: input goes to every enabled
+    /// control as usual.
     void runModalPass();
-    /// A message box stands: time goes on, what a hand did before waits until it is answered.
+    /// A message box is open: timers go on, earlier input waits until the box is answered.
     void runBoxPass();
-    /// Input alone, for a widget that must show at once what became of it. Not for use inside a
-    /// handler.
+    /// Delivers input alone, for a widget that must show the result at once. Must not be called
+    /// inside a handler.
     void runInputs();
 
-    /// While a modal form stands, the others hear nothing.
+    /// While a modal form is open, other forms get no input.
     void pushModal(const display::Form& form) { modals_.push_back({&form, filters_.size()}); }
     void popModal();
 
     void pushFilter(RunFilter filter) { filters_.push_back(std::move(filter)); }
     void popFilter();
     bool running() const { return !filters_.empty(); }
-    /// True unless a run stands that does not list the control.
+    /// False if the current run does not listen to the control.
     bool hears(const display::Control& control) const;
 
-    /// Forgets what waits for a form that goes away.
+    /// Drops the waiting input of a form that is being destroyed.
     void forget(const display::Form& form);
 
  private:
@@ -99,11 +100,11 @@ class EventQueue {
 
     std::function<Time()> clock_;
     std::deque<Input> inputs_;
-    /// Kept out, to come back later.
+    /// Held back until the run or the modal form is over.
     std::deque<Input> waiting_;
     std::vector<Timer*> timers_;
     std::vector<RunFilter> filters_;
-    /// A modal form, and how many runs stood when it opened: those do not filter it.
+    /// A modal form, and how many runs were going on when it opened: those do not filter its input.
     struct Modal {
         const display::Form* form;
         std::size_t runsBefore;

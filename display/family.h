@@ -11,7 +11,8 @@
 
 namespace display {
 
-/// The name of an element: # stands for its number, which without one stands in brackets behind.
+/// The name of an element: # in the family's name is replaced by its number; without a # the number
+/// follows in brackets.
 inline std::string elementName(std::string_view pattern, std::size_t number) {
     const std::size_t mark = pattern.find('#');
     const std::string digits = std::to_string(number);
@@ -23,8 +24,8 @@ inline std::string elementName(std::string_view pattern, std::size_t number) {
 template <class Kind, std::size_t Count, std::size_t First = 0>
 class Family {
  public:
-    /// Family("LineAudL")[3] is named "LineAudL(3)", Family("Graph#", 1)[3] is named "Graph4":
-    /// its first element has that number.
+    /// Family("LineAudL")[3] is named "LineAudL(3)". Family("Graph#", 1)[3] is named "Graph4",
+    /// since its first element has the number 1.
     Family(Form& form, std::string_view pattern, std::size_t firstNumber = First)
         : Family(form, std::make_index_sequence<Count>{},
                  [&](std::size_t i) { return elementName(pattern, firstNumber + i); }) {}
@@ -48,7 +49,7 @@ class Family {
     Family(Form& form, std::index_sequence<I...>, const NameOf& nameOf)
         : elements_{element(form, nameOf(I))...} {}
 
-    // Inlined once for each element, construction took compilers a quarter of a minute.
+    // Not inlined: inlining it for each element made one file compile for a quarter of a minute.
     [[gnu::noinline]] static Kind element(Form& form, std::string name) {
         return Kind(form, std::move(name));
     }

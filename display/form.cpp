@@ -28,7 +28,8 @@ void Form::resetToLayout() {
 
 void Form::load() {
     if (loaded_) return;
-    // Loaded from here on: what its own load calls may call it back.
+    // The form counts as loaded before onLoad() runs, since what that calls may refer to this form
+    // again.
     loaded_ = true;
     resetToLayout();
     desktop_.formLoaded(*this);

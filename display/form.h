@@ -13,7 +13,7 @@ namespace display {
 
 enum class WindowState { Normal, Minimised };
 
-/// Stands before all that counts with it.
+/// Initialised first: the properties of the form and its controls count with it.
 struct FormClock {
     std::uint64_t ticks_ = 0;
 };
@@ -39,19 +39,20 @@ class Form : private FormClock, public Revised {
     Property<bool> enabled{*this, true};
     Property<bool> topmost{*this, false};
     Property<WindowState> windowState{*this, WindowState::Normal};
-    /// Decides spoken names and tool tips.
+    /// The language of accessible names and tool tips.
     Property<Language> language{*this, Language::English};
 
-    /// Folds the window; the desktop raises the resize.
+    /// Minimises the window; the desktop then calls resized().
     void minimise();
 
-    /// The close of the window manager: does what the form's own close key does.
+    /// The user closed the window by the window manager: does what the form's own close key does.
     virtual void closeRequested() {}
-    /// Raised by the desktop: the first show of the rack, its fold, its unfold.
+    /// Called by the desktop: at the first show of the rack, when it is minimised and when it is
+    /// restored.
     virtual void resized() {}
-    /// True while the next show raises a resize: the rack's first show alone.
+    /// True while the next show calls resized(): before the rack's first show only.
     virtual bool raisesResizeAtShow() const { return false; }
-    /// After each show of a form that was not visible.
+    /// Called after each show of a form that was hidden.
     virtual void activated() {}
 
     const std::string& name() const { return name_; }
@@ -62,12 +63,12 @@ class Form : private FormClock, public Revised {
     Control* find(std::string_view name) const;
     Timer* findTimer(std::string_view name) const;
 
-    /// Newer than any control or property that changed before it.
+    /// The newest revision of the form or one of its controls.
     std::uint64_t clock() const { return ticks_; }
-    /// True while the layout is being laid: then no event fires.
+    /// True inside layOut(): assignments fire no event then.
     bool layingOut() const { return layingOut_; }
 
-    /// Enter and Escape, where no control takes them for itself.
+    /// The keys that Enter and Escape press where the focused control does not use them.
     Key* defaultKey() const;
     Key* cancelKey() const;
 

@@ -32,7 +32,7 @@ void Hand::post(Form& form, std::function<void()> act) {
 
 namespace {
 
-/// Enter and Escape reach a key as a click on it does: not past a run that does not list it.
+/// Enter and Escape press a key only if a click on it would be let through by the current run.
 void pressIfHeard(Key* key) {
     if (key && key->form().desktop().queue().hears(*key)) key->press();
 }
@@ -48,7 +48,7 @@ void Hand::press(Picture& key) {
 
 void Hand::release(Picture& key) {
     post(key, [&key] {
-        // A release whose press did not come through is none.
+        // A release is ignored if its press was held back.
         if (!key.held) return;
         key.held = false;
         run(key.onRelease);
@@ -172,14 +172,14 @@ std::size_t characters(const std::string& text) {
     return static_cast<std::size_t>(utf8::unchecked::distance(text.begin(), text.end()));
 }
 
-/// Where that character starts in the bytes; their end beyond the last one.
+/// The byte offset of that character; the length in bytes for one beyond the last.
 std::size_t byteOf(const std::string& text, std::size_t character) {
     auto at = text.begin();
     utf8::unchecked::advance(at, std::min(character, characters(text)));
     return static_cast<std::size_t>(at - text.begin());
 }
 
-/// Puts one typed character in place of the span; answers how many came in: 1, or 0 when the
+/// Replaces the span by one typed character; returns how many were inserted: 1, or 0 when the
 /// field's filter or its length refuses it.
 std::size_t typeOne(TextField& field, char32_t character, Span replaced) {
     if (field.onTyped) character = field.onTyped(character);
@@ -205,7 +205,7 @@ void cut(TextField& field, Span span) {
     field.edit(text);
 }
 
-/// One after the other, from the span's start on.
+/// Each character goes where the one before it ended.
 void typeAll(TextField& field, std::u32string_view typed, Span replaced) {
     if (field.locked) return;
     if (typed.empty()) cut(field, replaced);
@@ -292,7 +292,7 @@ void Hand::close(Form& form) {
 }
 
 void Hand::unfold(Form& form) {
-    // The window stands open already: its panels come back as soon as they can.
+    // The window is already restored: its panels come back as soon as they can.
     desktop_.queue().post({Input::Kind::Form, &form, nullptr,
                            [&form] {
                                if (form.windowState == WindowState::Normal) return;

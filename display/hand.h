@@ -13,32 +13,32 @@
 
 namespace display {
 
-/// Characters of a text, counted from 0: from the first to just before the second.
+/// A range of characters of a text, counted from 0: from the first to just before the second.
 struct Span {
     std::size_t from = 0;
     std::size_t to = 0;
 };
 
-/// What a person does with pointer and keyboard, for whoever stands before the screen: the Qt
-/// desktop translates raw input into these calls, tests make them directly. Each posts one input;
-/// the queue decides whether it comes through.
+/// The user's input: what is done with pointer and keyboard. The Qt desktop translates raw events
+/// into these calls, tests make them directly. Each call posts one input; the queue decides when it
+/// is delivered.
 class Hand {
  public:
     explicit Hand(Desktop& desktop) : desktop_(desktop) {}
 
-    // Keys made of pictures.
+    // Buttons that are pictures.
     void press(Picture& key);
     void release(Picture& key);
     void cancel(Picture& key);
     void click(Picture& key);
     void doubleClick(Control& control);
 
-    // Handles: panels and pictures that a window is moved by.
+    // Handles: panels and pictures by which a window is moved.
     void mouseDown(Control& handle, Mouse at);
     void mouseMove(Control& handle, Mouse at);
     void mouseUp(Control& handle, Mouse at);
-    /// The same, the place asked for when the input comes through: until then the handle may have
-    /// moved with its window.
+    /// The same with the position computed at delivery: until then the handle may have moved with
+    /// its window.
     using Pointer = std::function<Mouse()>;
     void mouseDown(Control& handle, Pointer at);
     void mouseMove(Control& handle, Pointer at);
@@ -51,11 +51,11 @@ class Hand {
     void select(ComboBox& box, int row);
     void select(ListBox& box, int row);
 
-    /// Types characters one by one at the end, or in place of a text that is selected whole, each
-    /// through the field's own filter.
+    /// Types characters one by one at the end, or in place of a wholly selected text, each through
+    /// the field's filter.
     void type(TextField& field, std::string_view characters);
-    /// Types or pastes characters in place of those of the span, each through the field's filter;
-    /// none just cuts the span out.
+    /// Replaces the span by typed or pasted characters, each through the field's filter; an empty
+    /// text just deletes the span.
     void type(TextField& field, std::string_view characters, Span replaced);
     /// Replaces the text of the field, as an edit does.
     void edit(TextField& field, std::string_view text);
@@ -67,9 +67,9 @@ class Hand {
     void drag(ScrollBar& bar, int position);
     void drop(ScrollBar& bar);
 
-    // The window itself.
+    // Actions on the window itself.
     void enter(Form& form);
-    /// Presses the key of that shortcut.
+    /// Presses the button that has this shortcut.
     void shortcut(Form& form, std::string_view keys);
     void escape(Form& form);
     void close(Form& form);

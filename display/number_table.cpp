@@ -62,7 +62,8 @@ std::string fileStem(std::string_view station, std::string_view title) {
             return code < ' ' || std::string_view("/\\:*?\"<>|").find(c) != std::string_view::npos;
         },
         '_');
-    // A name that begins with a point is hidden, one that ends with a point or a blank is cut.
+    // A file name that begins with a point is hidden; some systems cut a point or a blank at its
+    // end.
     while (!stem.empty() && (stem.back() == '.' || stem.back() == ' ')) stem.pop_back();
     const std::size_t first = std::min(stem.find_first_not_of(". "), stem.size());
     stem.erase(0, first);

@@ -50,7 +50,7 @@ void PageDocument::polyline(std::string_view coordinates) {
 
 namespace {
 
-/// Takes the number at the head of the text, blanks before it included; false where none stands.
+/// Removes a number, and blanks before it, from the start of the text; false if there is none.
 bool takeNumber(std::string_view& text, float& number) {
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
     const char* const end = text.data() + text.size();

@@ -13,12 +13,12 @@
 
 namespace display {
 
-// Paper is measured in page units: 1,440 to the inch, 20 to the point. y grows downward, and the
-// origin is the corner of the margins, so that small negative coordinates lie in the margin.
+// Paper is measured in page units: 1,440 to the inch, 20 to the point. y grows downward; the origin
+// is the corner of the margins, so that small negative coordinates lie in the margin.
 inline constexpr int kPageUnitsPerInch = 1440;
 inline constexpr float kPageUnitsPerPoint = 20;
 
-/// A sheet, upright.
+/// A sheet of paper, upright.
 struct Paper {
     float width = 0;
     float height = 0;
@@ -50,7 +50,7 @@ struct PagePen {
     bool operator==(const PagePen&) const = default;
 };
 
-/// Whether each letter has its own width or all have one.
+/// Whether letters have widths of their own, or all the same width.
 enum class Pitch : std::uint8_t { Proportional, Fixed };
 
 struct PageFont {
@@ -61,12 +61,13 @@ struct PageFont {
     bool operator==(const PageFont&) const = default;
 };
 
-/// How far one character of a text of fixed pitch advances, in page units. Part of the model: each
-/// surface draws its font as wide as this, so that a column stands at one place on any paper.
+/// The width of one character of a fixed-pitch text, in page units. It is part of the model: each
+/// display stretches its font to this width, so that a column stands at the same place on any
+/// paper.
 constexpr float fixedAdvance(float points) {
     return 0.6f * points * kPageUnitsPerPoint;
 }
-/// From one line of text to the next.
+/// The distance from one line of text to the next.
 constexpr float lineHeight(float points) {
     return 1.25f * points * kPageUnitsPerPoint;
 }
@@ -89,9 +90,9 @@ struct Page {
     std::vector<PageMark> marks;
 };
 
-/// What is to be printed: composed once, then shown by a preview, printed, or read back by a test.
-/// Pen, font and margins are plain members; each mark takes them as they stand, each page its
-/// margins when it begins.
+/// A document: composed once, then shown in a preview, printed, or read by a test. Pen, font and
+/// margins are plain members: a mark uses the pen and the font of its moment, a page the margins of
+/// the moment when it begins.
 class PageDocument {
  public:
     PageMargins margins;
@@ -116,10 +117,10 @@ class PageDocument {
     std::vector<Page> pages_;
 };
 
-/// The points of a text of coordinates, as far as it has pairs of numbers.
+/// The points in a text of coordinates; a last number without a partner is ignored.
 std::vector<PagePoint> pagePoints(std::string_view coordinates);
 
-/// A control that shows a document as it will lie on paper.
+/// A control that shows a preview of a document.
 class PagePreview final : public KindOf<PagePreview> {
  public:
     using KindOf::KindOf;
@@ -128,7 +129,7 @@ class PagePreview final : public KindOf<PagePreview> {
     /// Shows the first page of another document.
     void show(PageDocument document);
     const PageDocument& document() const { return document_; }
-    /// Counts the documents that were shown.
+    /// Counts the calls of show().
     int shownDocuments() const { return shownDocuments_; }
 
     /// Percent of the paper's true size.

@@ -7,8 +7,9 @@
 
 namespace display {
 
-/// What a screen asks once a frame: is this newer than what I drew? Controls and forms share the
-/// clock of their form, so one comparison tells whether anything of a form moved at all.
+/// Something that counts its changes. Once a frame a display asks whether the revision is newer
+/// than what it drew. Controls and forms share the clock of their form, so one comparison tells
+/// whether anything of a form changed at all.
 class Revised {
  public:
     explicit Revised(std::uint64_t& clock) : clock_(&clock), revision_(++clock) {}
@@ -47,7 +48,7 @@ class Property {
     operator const T&() const { return value_; }
     const T& get() const { return value_; }
 
-    /// Back to what it was made with.
+    /// Sets it back to its initial value.
     void reset() { *this = atRest_; }
 
  private:
@@ -56,7 +57,7 @@ class Property {
     T atRest_;
 };
 
-/// The same for text. Short texts are stored in place, so that readouts never allocate.
+/// The same for text. Short texts are stored in place, so that readouts do not allocate.
 template <>
 class Property<std::string> {
  public:

@@ -17,7 +17,7 @@ const SaveQuestion::Kind* kindOf(std::string_view path,
                                  const std::vector<SaveQuestion::Kind>& kinds) {
     const std::string_view name = path.substr(path.find_last_of('/') + 1);
     const std::size_t point = name.find_last_of('.');
-    // A name that is an ending alone has none.
+    // In a name like ".png" the ending is the name: it has no ending.
     if (point == std::string_view::npos || point == 0) return nullptr;
     const auto found = std::ranges::find_if(kinds, [&](const SaveQuestion::Kind& kind) {
         return std::ranges::equal(name.substr(point + 1), kind.ending, {}, lower, lower);

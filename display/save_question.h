@@ -7,8 +7,8 @@
 
 namespace display {
 
-/// What the user is asked before a file is written: its place, its name and, by the ending, what is
-/// written there.
+/// The question where to save a file: it proposes a name and the kinds of file that can be written;
+/// the ending of the name decides the kind.
 struct SaveQuestion {
     /// One kind of file that can be written.
     struct Kind {
@@ -20,11 +20,10 @@ struct SaveQuestion {
     std::vector<Kind> kinds;  ///< at least one; the first is the proposed one
 };
 
-/// Which of the kinds a path ends with, whatever the case; null for none of them.
+/// The kind whose ending the path has, whatever the case; null for none of them.
 const SaveQuestion::Kind* kindOf(std::string_view path,
                                  const std::vector<SaveQuestion::Kind>& kinds);
-/// The path itself where its ending is one of the kinds, else with the ending of `chosen` behind
-/// it.
+/// The path, with the ending of `chosen` appended if it has none of the kinds' endings.
 std::string withEnding(std::string_view path, const std::vector<SaveQuestion::Kind>& kinds,
                        const SaveQuestion::Kind& chosen);
 

@@ -14,9 +14,9 @@ class Form;
 /// Time since the program's start; virtual on the headless desktop.
 using Time = std::chrono::microseconds;
 
-/// A timer of a form. Switching it on when it is off starts a full interval; changing the interval
-/// of a running one starts anew; switching on a running one changes nothing. Ticks that were
-/// missed merge into one, and a handler is never entered twice.
+/// A timer of a form. Enabling it starts a full interval; changing the interval of a running timer
+/// starts anew; enabling a running timer changes nothing. Missed ticks merge into one, and a
+/// handler is never entered twice.
 class Timer {
  public:
     Timer(Form& form, std::string name);
@@ -58,7 +58,7 @@ class Timer {
 
     const std::string& name() const { return name_; }
     Form& form() const { return form_; }
-    /// Off and without an interval, as before the form's layout.
+    /// Disables it and clears the interval, as before the form's layout.
     void reset();
 
  private:

@@ -6,7 +6,7 @@ namespace display {
 enum class Align { Left, Centre, Right };
 enum class Weight { Normal, Bold };
 
-/// A typeface at a height. The size is in twips whatever the container's unit is.
+/// Height, weight and spacing of a text. The size is in twips, whatever the container's unit is.
 struct Font {
     float size = 180;
     Weight weight = Weight::Normal;
@@ -14,14 +14,14 @@ struct Font {
     bool operator==(const Font&) const = default;
 };
 
-/// What a panel looks like. The screen draws each in its own way; the model only names it.
+/// What a panel looks like. The model only names the look; each display draws it in its own way.
 enum class Surface {
     None,       ///< nothing of its own
     Faceplate,  ///< the metal of a rack unit
     Well,       ///< a dark display set into the faceplate
     Plate,      ///< a light plate for black figures
     Sheet,      ///< white paper
-    Glow,       ///< light that grows to the right: the head of a moving bar
+    Glow,       ///< light that grows to the right: the leading end of a moving bar
     Veil        ///< dims what lies under it
 };
 

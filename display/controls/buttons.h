@@ -5,7 +5,7 @@
 
 namespace display {
 
-/// A push key with a caption; & marks its letter. press() runs its click as a program does it.
+/// A push button with a caption; & marks its access key. press() clicks it from code.
 class Key final : public KindOf<Key> {
  public:
     using KindOf::KindOf;
@@ -17,10 +17,11 @@ class Key final : public KindOf<Key> {
     Text caption{*this};
     Property<Colour> colour{*this, kWhite};
     Property<bool> lit{*this, false};
-    /// Enter presses the default key of a form, Escape the one that loses least.
+    /// Enter presses the default key of a form; Escape presses the cancel key, the one that loses
+    /// least.
     bool isDefault = false;
     bool isCancel = false;
-    /// Keys that press it wherever the keyboard is in its window, such as "Ctrl+X".
+    /// Keyboard shortcut that presses it wherever the focus is in its window, such as "Ctrl+X".
     std::string_view shortcut;
 
     Event onClick;
@@ -32,7 +33,7 @@ class Key final : public KindOf<Key> {
     }
 };
 
-/// A box that is checked or not. Assigning another value fires onClick, as a hand does.
+/// A box that is checked or not. Assigning another value fires onClick, just as a click does.
 class CheckBox final : public KindOf<CheckBox> {
  public:
     using KindOf::KindOf;
@@ -53,13 +54,13 @@ class CheckBox final : public KindOf<CheckBox> {
     void take(bool on);
 };
 
-/// One of a group (the options of one container): choosing it clears the others.
+/// A radio button. The options in one container are a group: choosing one clears the others.
 class Option final : public KindOf<Option> {
  public:
     using KindOf::KindOf;
     bool interactive() const override { return true; }
 
-    /// Chooses it, by hand or by code; fires onClick if it was not chosen.
+    /// Chooses it, for a click as for code; fires onClick if it was not chosen.
     void choose();
 
     Property<bool> chosen{*this, false};

@@ -9,7 +9,7 @@
 
 namespace display {
 
-/// A container with a surface. Its children stand in its units and are cut at its edge.
+/// A container with a surface. Its children are placed in its units and clipped at its edge.
 class Panel final : public KindOf<Panel> {
  public:
     using KindOf::KindOf;

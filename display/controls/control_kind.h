@@ -5,7 +5,7 @@
 
 namespace display {
 
-/// A value of a control that is assigned as a hand sets it: the control decides what becomes of it
+/// A value whose assignment acts like the user's own input: the control decides what to make of it
 /// and fires its event.
 template <class Owner, class T>
 class Firing {
@@ -27,8 +27,8 @@ class Firing {
     Property<T> value_;
 };
 
-/// Each kind of control is one of these. It lists each of its own properties once, in
-/// forEachProperty: by that list it is put back at a load, and tests read it.
+/// Base of each kind of control. A kind lists its own properties once, in forEachProperty; loading
+/// a form resets them by that list, and tests read it.
 template <class Kind>
 class KindOf : public Control {
  public:

@@ -6,7 +6,7 @@
 
 namespace display {
 
-/// A text. Painted; never takes the focus.
+/// A text. It is painted and never takes the focus.
 class Label final : public KindOf<Label> {
  public:
     using KindOf::KindOf;
@@ -15,10 +15,10 @@ class Label final : public KindOf<Label> {
     Property<Colour> colour{*this, kWhite};
     Property<Font> font{*this};
     Property<Align> align{*this, Align::Left};
-    /// Filled behind the text.
+    /// Painted behind the text.
     Property<Surface> surface{*this, Surface::None};
     Property<bool> wraps{*this, false};
-    /// A measured value: exposed to the screen reader with its value at a bounded rate.
+    /// Shows a measured value: a screen reader gets the value, too, at most twice a second.
     bool readout = false;
 
     template <class Each>

@@ -26,7 +26,7 @@ class ListModel {
     int selected_ = -1;
 };
 
-/// A closed list that opens; select() by hand or code fires onClick.
+/// A list that opens when clicked; select() fires onClick, for a click as for code.
 class ComboBox final : public KindOf<ComboBox> {
  public:
     using KindOf::KindOf;
@@ -34,7 +34,7 @@ class ComboBox final : public KindOf<ComboBox> {
     void select(int row);
 
     ListModel list{*this};
-    /// Choosing the row that is chosen already fires onClick too.
+    /// Choosing the row that is already chosen fires onClick too.
     bool firesAgain = false;
     Event onClick;
 
@@ -44,7 +44,7 @@ class ComboBox final : public KindOf<ComboBox> {
     }
 };
 
-/// An open list.
+/// A list that is always open.
 class ListBox final : public KindOf<ListBox> {
  public:
     using KindOf::KindOf;
@@ -52,7 +52,7 @@ class ListBox final : public KindOf<ListBox> {
     void select(int row);
 
     ListModel list{*this};
-    /// Columns that are parted by blanks stand under each other.
+    /// Uses a fixed-pitch font, so that columns separated by blanks line up.
     Property<bool> fixedPitch{*this, false};
     Event onClick, onDoubleClick;
 

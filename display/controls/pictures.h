@@ -10,21 +10,22 @@ namespace display {
 enum class Border { None, Plain };
 
 /// A control that shows one of the program's own drawings by name, "" for none. With events bound
-/// it is a key: a press, then a release on it, or a cancel when the button comes up elsewhere.
+/// it is a button: a press is followed by a release on it, or by a cancel when the pointer's button
+/// comes up elsewhere.
 class Picture final : public KindOf<Picture> {
  public:
     using KindOf::KindOf;
     bool interactive() const override;
 
     Text picture{*this};
-    /// Words on the key, where its drawing has room for them.
+    /// Words on the button, where its drawing has room for them.
     Text caption{*this};
     Property<Border> border{*this, Border::None};
 
     Event onPress, onRelease, onCancel, onClick;
-    /// Between a press and what ends it.
+    /// True from a press until its release or cancel.
     bool held = false;
-    /// Pointer events of a handle; a handle takes no focus.
+    /// Pointer events of a handle, by which a window is moved; a handle takes no focus.
     MouseEvent onMouseDown, onMouseMove, onMouseUp;
     Event onDoubleClick;
 
@@ -35,7 +36,7 @@ class Picture final : public KindOf<Picture> {
     }
 };
 
-/// A picture box: a control that carries a drawing (see Drawing) in its own scale.
+/// A control that holds a Drawing in its own scale.
 class PictureBox final : public KindOf<PictureBox> {
  public:
     using KindOf::KindOf;

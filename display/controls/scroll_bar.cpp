@@ -13,7 +13,7 @@ int ScrollBar::clamped(int wanted) const {
 
 void ScrollBar::take(int wanted) {
     const int taken = clamped(wanted);
-    // No hand holds on to a thumb that it may not move any more.
+    // A bar that was disabled during a drag ends the drag.
     if (!usable()) dragging = false;
     if (!dragging) thumb = taken;
     if (value == taken) return;
@@ -25,7 +25,7 @@ void ScrollBar::range(int lowest, int highest, int page) {
     minimum = lowest;
     maximum = highest;
     pageStep = page;
-    // A range that leaves the value outside moves it to the nearer end.
+    // A value outside the new range moves to the nearer end.
     value = value.value_.get();
 }
 

@@ -6,7 +6,8 @@
 namespace display {
 
 /// A scroll bar. The value is clamped to its range; assigning another value fires onChange. While
-/// a hand drags the thumb, thumb moves and onScroll fires; the value follows at the release.
+/// the user drags the thumb, `thumb` moves and onScroll fires; the value follows when the thumb is
+/// released.
 class ScrollBar final : public KindOf<ScrollBar> {
  public:
     using KindOf::KindOf;
@@ -15,10 +16,10 @@ class ScrollBar final : public KindOf<ScrollBar> {
     Firing<ScrollBar, int> value{*this};
 
     void range(int lowest, int highest, int page);
-    /// A hand on the thumb.
+    /// The user drags the thumb to a position, or lets it go.
     void drag(int position);
     void dropThumb();
-    /// The hand lost the thumb, which goes back to the value.
+    /// Ends a drag without taking its position: the thumb goes back to the value.
     void loseThumb();
 
     Property<int> minimum{*this, 0}, maximum{*this, 100};

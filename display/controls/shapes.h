@@ -13,7 +13,7 @@ class Line final : public KindOf<Line> {
  public:
     using KindOf::KindOf;
 
-    /// What lies between its ends.
+    /// The smallest box around both ends.
     Box boxInContainer() const override;
 
     void from(float x, float y) { x1 = x, y1 = y; }
@@ -34,14 +34,14 @@ class Line final : public KindOf<Line> {
 
 enum class Outline { Rectangle, Rounded, Oval };
 
-/// A filled figure in its box.
+/// A filled rectangle or oval in its box.
 class Shape final : public KindOf<Shape> {
  public:
     using KindOf::KindOf;
 
     Property<Outline> outline{*this, Outline::Rectangle};
     Property<Colour> colour{*this, kBlack};
-    /// The colour at the left edge; equal to colour for a flat figure.
+    /// The colour at the left edge; equal to `colour` for a plain fill.
     Property<Colour> fadesFrom{*this, kBlack};
 
     template <class Each>

@@ -14,7 +14,7 @@ class TextField final : public KindOf<TextField> {
     using KindOf::KindOf;
     bool interactive() const override { return true; }
 
-    /// A hand's edit: takes the text, fires onChange if it differs.
+    /// Sets the text as typing does: fires onChange if it differs.
     void edit(std::string_view text);
 
     /// Selects the whole text, so that the next typed character takes its place.
@@ -22,7 +22,7 @@ class TextField final : public KindOf<TextField> {
     /// True from selectAll() until the text changes.
     bool allSelected() const { return allSelected_; }
 
-    /// Assigned by code; fires onChange like a hand when it differs.
+    /// Assigned by code; fires onChange when it differs, as typing does.
     class Value {
      public:
         explicit Value(TextField& field) : field_(field), text_(field) {}
@@ -45,7 +45,7 @@ class TextField final : public KindOf<TextField> {
         Text text_;
     } text{*this};
 
-    /// How often selectAll() was called: a screen that has seen fewer selects the text anew.
+    /// Counts the calls of selectAll(): a display that has seen fewer selects the text again.
     Property<int> selections{*this, 0};
     Property<bool> locked{*this, false};
     Property<int> maxLength{*this, 0};  ///< characters; 0 for no limit
@@ -54,7 +54,7 @@ class TextField final : public KindOf<TextField> {
     Property<Font> font{*this};
 
     Event onChange;
-    /// Each typed character; answers the character to take, 0 to swallow it.
+    /// Filters each typed character: returns the character to insert, 0 to drop it.
     std::function<char32_t(char32_t)> onTyped;
     Event onEnter;
 

@@ -17,59 +17,60 @@
 
 namespace display {
 
-/// A question that no script answers: the test that runs into it is wrong.
+/// Thrown for a question that the test's script does not answer: the test is wrong.
 class Unscripted : public std::logic_error {
  public:
     using std::logic_error::logic_error;
 };
 
-/// The desktop without a screen: virtual clock, scripted answers, a journal of what was shown. A
-/// whole day of measuring runs in seconds.
+/// The desktop without a screen: a virtual clock, scripted answers, and a journal of what was
+/// shown. A whole day of measuring runs in seconds.
 class HeadlessDesktop final : public Desktop {
  public:
     explicit HeadlessDesktop(int userLanguageId = 0x0409) : languageId(userLanguageId) {}
 
-    // What the script says.
+    // The script: set by the test.
     int languageId;
     Date date{2026, 5, 4, 1, 12, 0, 0};
-    std::deque<double> randoms;  ///< the next draws
-    /// One for each message box; the text is free, but for "Cancel" as the answer to a question.
+    std::deque<double> randoms;  ///< the next random numbers
+    /// One answer for each message box. For a question "Cancel" means cancel; any other text means
+    /// OK.
     std::deque<std::string> boxAnswers;
-    /// What happens while a box stands.
+    /// Called while a box is open.
     std::function<void()> duringBox;
     bool answerEveryBox = false;
     std::string printerFault;
-    /// One for each question where a file is to be written: the path, empty for "Cancel", which
-    /// is also the answer where `answerEveryBox` answers.
+    /// One path for each question where to write a file, empty for "Cancel"; `answerEveryBox`
+    /// answers "Cancel", too.
     std::deque<std::string> saveAnswers;
     std::string writeFault;
     Paper paperSize = kA4;
-    /// What the user does when a form of that name is shown modally.
+    /// The user's actions when a form of that name is shown modally.
     std::map<std::string, std::function<void(Form&)>> modalScripts;
-    /// Called at each pass of waiting events, before the queue's own.
+    /// Called at each letEventsThrough(), before the queue.
     std::function<void()> onPass;
 
-    /// From here on draws come from a generator of this seed once the script is used up.
+    /// After the scripted random numbers, a generator with this seed is used.
     void seedRandom(unsigned seed);
 
-    /// Twice a usual screen, so that windows stand side by side.
+    /// Twice the size of a usual screen, so that windows fit side by side.
     Box screen{0, 0, 40000, 20000};
 
-    // What was seen.
+    // What happened: read by the test.
     std::vector<std::string> journal;
     std::vector<MessageBox> boxes;
     std::string clipboard;
-    /// The drawings whose pictures went to the clipboard.
+    /// The drawings whose pictures were copied to the clipboard.
     std::vector<const Control*> copiedPictures;
     std::vector<SaveQuestion> saveQuestions;
     std::map<std::string, std::string> writtenFiles;
     PointerShape pointerShape = PointerShape::Arrow;
     int beeps = 0;
-    /// Where the keyboard was last given to; null when that form went away.
+    /// The last control that was given the focus; null when its form was destroyed.
     Control* focus = nullptr;
     int passes = 0;
     std::vector<std::vector<const Form*>> printed;
-    /// The sheets that were printed, and what happens while one is.
+    /// The panels that were printed, and a function that is called while one is.
     std::vector<const Panel*> printedSheets;
     std::function<void(const Panel&)> duringSheet;
     struct PrintedPages {
@@ -78,15 +79,15 @@ class HeadlessDesktop final : public Desktop {
         int last = 0;
     };
     std::vector<PrintedPages> printedPages;
-    /// The same of what became a file.
+    /// The same for those that became a PDF.
     std::vector<PrintedPages> pdfPages;
     std::string helpShown;
 
-    /// Lets time pass: every timer and all input that falls due.
+    /// Lets time pass and delivers every timer and all input that become due.
     void advance(Time time);
-    /// Handles what waits, without letting time pass.
+    /// Delivers what is due now, without letting time pass.
     void settle() { advance(Time{0}); }
-    /// Time that passes inside a handler, as a slow driver call takes it.
+    /// Lets time pass inside a handler, as a slow driver call does.
     void elapse(Time time) { now_ += time; }
 
     void note(std::string line) { journal.push_back(std::move(line)); }
