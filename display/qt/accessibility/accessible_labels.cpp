@@ -132,7 +132,7 @@ AccessibleLabels::AccessibleLabels(FormView& view) {
     for (const Control* control : view.form().controls()) {
         if (!isAccessible(*control)) continue;
         controls_.push_back(control);
-        // What is registered belongs to Qt until it is deleted by its number.
+        // Qt owns a registered interface until it is deleted by its id.
         // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
         ids_.push_back(
             QAccessible::registerAccessibleInterface(new AccessibleLabel(view, *control)));
@@ -161,7 +161,7 @@ int AccessibleLabels::indexOf(const QAccessibleInterface* child) const {
 
 void AccessibleLabels::changed(const Control& control) {
     auto found = std::ranges::find(controls_, &control);
-    // The lines of a digit are read by the panel that they stand in.
+    // The lines of a segment digit have no reading; the panel around them has.
     if (found == controls_.end()) found = std::ranges::find(controls_, control.container.get());
     if (found == controls_.end()) return;
     toAnnounce_.insert(static_cast<int>(found - controls_.begin()));

@@ -13,8 +13,8 @@ namespace display::qt {
 
 class FormView;
 
-/// What a screen reader finds of what a form's surface paints: each label, and each other control
-/// that has a reading, with its name; the measured ones with their value too. Changes are told at
+/// Exposes the painted controls of a form to assistive tools: each label, and each other control
+/// that has a reading, with its name; measured ones also with their value. Changes are announced at
 /// most twice a second.
 class AccessibleLabels {
  public:
@@ -27,13 +27,13 @@ class AccessibleLabels {
     QAccessibleInterface* at(int index) const;
     int indexOf(const QAccessibleInterface* child) const;
 
-    /// A control of the form shows something else than before.
+    /// Notes that a control of the form changed; the change is announced soon.
     void changed(const Control& control);
 
-    /// How often changes were told.
+    /// How often changes were announced.
     int announcements() const { return announcements_; }
 
-    /// Makes forms findable for assistive tools; once, when the desktop starts.
+    /// Registers the interfaces of forms with Qt. Called once, when the desktop starts.
     static void install();
 
  private:

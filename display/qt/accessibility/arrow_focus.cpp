@@ -5,8 +5,8 @@ namespace display::qt {
 
 namespace {
 
-/// How far a box lies from another in the direction of an arrow, -1 when it does not: behind the
-/// edge, and in line with it.
+/// The distance from one box to another in the direction of an arrow; -1 if the other is not beyond
+/// the edge in that direction, or not in line.
 int wayTo(const QRect& box, const QRect& from, int arrow) {
     const bool across = arrow == Qt::Key_Left || arrow == Qt::Key_Right;
     const bool inLine = across ? box.top() <= from.bottom() && box.bottom() >= from.top()
@@ -43,7 +43,7 @@ bool moveFocusByArrow(const QWidget& from, int key) {
         const QRect box = widget->geometry();
         const int itsWay = wayTo(box, from.geometry(), key);
         if (itsWay < 0) continue;
-        // Of two that are as near, the one that stands straighter.
+        // Of two at the same distance, the one that is better in line.
         const int itsAside = (box.center() - from.geometry().center()).manhattanLength();
         if (nearest && (itsWay > way || (itsWay == way && itsAside >= aside))) continue;
         nearest = widget;

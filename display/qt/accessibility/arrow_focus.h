@@ -5,9 +5,9 @@
 
 namespace display::qt {
 
-/// An arrow key gives the keyboard to the nearest control that stands in line with this one, as
-/// the eye goes over a grid of keys: down is one row down. Where none stands there it stays. False
-/// when the key is no arrow.
+/// Moves the focus to the nearest control in the direction of an arrow key and in line with this
+/// one: down is one row down. Where there is none, the focus stays. Returns false when the key is
+/// no arrow.
 bool moveFocusByArrow(const QWidget& from, int key);
 
 }  // namespace display::qt

@@ -21,7 +21,7 @@ void FocusKeeper::closed(const Form& form) {
 void FocusKeeper::arrive(QWidget* widget) {
     if (!widget || !widget->isEnabled() || !widget->isVisible()) return;
     wanted_ = nullptr;
-    // Where another window is the active one it comes with the next activation.
+    // While another window is active, the focus moves when this window is activated.
     widget->setFocus(Qt::OtherFocusReason);
 }
 

@@ -9,18 +9,19 @@
 
 namespace display::qt {
 
-/// Remembers which key opened a window, and gives the focus back to it when the window has gone
-/// and the key can take it again. Brings the focus where a form gave it.
+/// Remembers which widget opened a window, and gives the focus back to it when the window is closed
+/// and the widget can take it again. Also moves the focus to the control that a form asked for.
 class FocusKeeper {
  public:
     void opened(const Form& form);
     void closed(const Form& form);
-    /// The form's wish, kept until its widget can take the focus or the form goes away.
+    /// Keeps the form's request until the control's widget can take the focus or the form is
+    /// hidden.
     void give(const Control& control) { wanted_ = &control; }
     const Control* wanted() const { return wanted_; }
-    /// Where the wish is to be met, or null as long as the control has no widget.
+    /// The widget of the requested control, or null while it has none.
     void arrive(QWidget* widget);
-    /// Called once a frame: the key may have been disabled while the window stood.
+    /// Called once a frame: the widget may have been disabled while the window was open.
     void settle();
 
  private:

@@ -5,8 +5,8 @@
 
 namespace display::qt {
 
-/// Knows whether a person uses the keyboard: keys wear the focus ring from the first key typed on,
-/// until the pointer is pressed again.
+/// Knows whether the user works with the keyboard: focus rings are shown from the first key press
+/// until the next press of the pointer.
 class KeyboardWatch final : public QObject {
  public:
     KeyboardWatch();

@@ -12,10 +12,10 @@ namespace display::qt {
 
 namespace {
 
-// A pixel of the screen is ten twips.
+// At the natural size a pixel is ten twips.
 constexpr qreal kHair = 10;
 constexpr qreal kCurve = 18;
-constexpr qreal kPoint = 30;  ///< half a curve's point
+constexpr qreal kPoint = 30;  ///< half the width of a curve's point
 constexpr qreal kLabelGap = 50;
 
 class ChartPaint {
@@ -46,7 +46,7 @@ class ChartPaint {
     }
 
  private:
-    /// Places of rows and values in the plot.
+    /// Positions of rows and values in the plot.
     qreal x(double row) const {
         return plot_.left() + plot_.width() * (row - 0.5) / std::max(chart_.rowCount(), 1);
     }
@@ -69,7 +69,7 @@ class ChartPaint {
                 hairline({plot_.left(), at}, {plot_.right(), at});
             }
         }
-        // A line through the middle of a row would stand among its bars.
+        // A grid line through the middle of a row would lie among its bars.
         if (chart_.style == Chart::Style::Bars) return;
         for (int row = 1; row <= chart_.rowCount(); ++row)
             hairline({x(row), plot_.top()}, {x(row), plot_.bottom()});
@@ -85,7 +85,7 @@ class ChartPaint {
             plot_.width() / std::max(chart_.rowCount(), 1) * chart_.barWidth() * Chart::kBarFill;
         for (int row = 1; row <= chart_.rowCount(); ++row) {
             const auto value = chart_.valueAt(row, column);
-            // A value under the scale is no bar, rather than one that hangs below it.
+            // A value below the scale gets no bar, rather than one that hangs down from it.
             if (!value || *value <= chart_.lowest) continue;
             const qreal middle = x(chart_.barMiddle(row, column));
             painter_.fillRect(QRectF(QPointF(middle - width / 2, y(*value)),

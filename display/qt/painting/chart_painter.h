@@ -9,19 +9,18 @@
 
 namespace display::qt {
 
-/// What a chart is drawn with, by the ground that it stands on: the dark well of a window, or white
-/// paper.
+/// The colours of a chart: on the dark well of a window, or on white paper.
 struct ChartInk {
     QColor ground, line, words;
     static ChartInk of(const Chart& chart);
 };
 
-/// Heights and widths in a chart, in twips at its natural size.
+/// Sizes in a chart, in twips.
 inline constexpr double kChartLabelTwips = 110;
 inline constexpr double kChartNoteTwips = 200;
 
-/// Paints a chart in a box as the screen shows it, on any painter, without a window. `unit` is a
-/// twip of the chart in the painter's units.
+/// Paints a chart in a box as the screen shows it, on any painter. `unit` is a twip of the chart in
+/// the painter's units.
 void paintChart(QPainter& painter, const Chart& chart, const QRectF& box, qreal unit);
 
 }  // namespace display::qt

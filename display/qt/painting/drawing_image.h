@@ -9,15 +9,15 @@
 
 namespace display::qt {
 
-/// The marks of a drawing as a picture, kept from frame to frame: a graph grows mark by mark, and
-/// only what is new is painted. The cells of a map are painted as one picture.
+/// Keeps the marks of a drawing as an image from frame to frame, so that only new marks have to be
+/// painted. The cells of a map are painted as one image.
 class DrawingImage {
  public:
-    /// Empty, of that size in device pixels, one drawing unit being `unit` twips.
+    /// Starts an empty image of that size in device pixels; one drawing unit is `unit` twips.
     void begin(QSize pixels, const Scale& scale, float unit);
     /// Draws the marks from `first` on, in order.
     void add(const std::vector<Mark>& marks, std::size_t first);
-    /// With its upper left corner there, in logical pixels.
+    /// Paints the image with its upper left corner at that point, in logical pixels.
     void paint(QPainter& painter, QPointF at) const;
 
  private:

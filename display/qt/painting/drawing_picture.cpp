@@ -22,7 +22,7 @@ bool visibleThere(const Control& control) {
     return true;
 }
 
-/// Words and lines: scales and legends are made of them.
+/// Labels and lines, of which scales and legends consist.
 bool isWordOrLine(const Control& control) {
     return dynamic_cast<const Label*>(&control) || dynamic_cast<const Line*>(&control) ||
            dynamic_cast<const Shape*>(&control);
@@ -33,7 +33,7 @@ QColor groundOf(const Control& drawing) {
     return chart ? ChartInk::of(*chart).ground : QColor(Qt::white);
 }
 
-/// What it covers; a line has no box of its own.
+/// The box that the control covers; that of a line lies around its ends.
 Box boxOf(const Control& control) {
     const auto* line = dynamic_cast<const Line*>(&control);
     if (!line) return control.boxOnForm();
@@ -55,7 +55,7 @@ DrawingPicture::DrawingPicture(Control& drawing, qreal pixelsPerTwip)
     if (named_ && chart) measureChart(*chart);
 }
 
-/// A chart that is scrolled behind its panel: as it stands at rest, and as wide as its plot.
+/// A chart that is scrolled inside a panel: unscrolled, and as wide as its plot.
 void DrawingPicture::measureChart(const Chart& chart) {
     const Panel* view = chart.container;
     if (!view || chart.width <= view->width) return;
@@ -88,7 +88,7 @@ void DrawingPicture::paint(QPainter& painter, qreal devicePixelRatio) const {
     painter.scale(devicePixelsPerTwip, devicePixelsPerTwip);
     if (named_)
         painter.fillRect(QRectF(0, 0, place_.width + wider_, place_.height), groundOf(drawing_));
-    // The drawing first: its ground reaches under the scale beside it.
+    // The drawing comes first, since its background reaches below the scale beside it.
     paintOne(painter, drawing_, devicePixelsPerTwip);
     for (Control* control : drawing_.form().controls()) {
         if (control != &drawing_ && belongs(*control))

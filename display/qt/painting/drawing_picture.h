@@ -12,18 +12,16 @@ class Chart;
 
 namespace display::qt {
 
-/// The picture of a drawing as it is copied and saved: the drawing whole, also where a window shows
-/// a part of it, with the words and lines that stand around it in the place that it names. Painted
-/// from the model: no window has to be on the screen. Nothing of it needs a clip, which a picture
-/// of lines does not have.
+/// The picture of a drawing that is copied or saved: the whole drawing, also where a window shows
+/// only a part of it, with the labels and lines inside its picture box. It is painted from the
+/// model, so no window has to be on the screen, and without clipping, which vector files lack.
 class DrawingPicture {
  public:
     DrawingPicture(Control& drawing, qreal pixelsPerTwip);
 
-    /// As large as it stands on the screen, in logical pixels.
+    /// Its size on the screen, in logical pixels.
     QSizeF size() const;
-    /// From the painter's origin on, on a device with that many pixels for each logical pixel, in
-    /// each direction.
+    /// Paints it at the painter's origin, on a device with that many pixels for each logical pixel.
     void paint(QPainter& painter, qreal devicePixelRatio) const;
 
  private:
@@ -34,10 +32,10 @@ class DrawingPicture {
 
     Control& drawing_;
     qreal pixelsPerTwip_;
-    bool named_ = false;  ///< it names a place
-    Box place_;           ///< on its form
-    float wider_ = 0;     ///< what the whole drawing takes more than what is seen of it
-    float shift_ = 0;     ///< from where the drawing is scrolled to, to where it is whole
+    bool named_ = false;  ///< the drawing has a picture box
+    Box place_;           ///< that box, on the form
+    float wider_ = 0;     ///< by how much the whole drawing is wider than its visible part
+    float shift_ = 0;     ///< from the scrolled position to the unscrolled one
 };
 
 }  // namespace display::qt

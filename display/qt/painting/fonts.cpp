@@ -14,9 +14,9 @@ namespace display::qt {
 
 namespace {
 
-/// A system may file its fixed-pitch B612 under the same family and style as this one, and take
-/// that. Under a family name of our own there is nothing to confuse: the name records of the
-/// loaded bytes get one, of the same length.
+/// Some systems register the fixed-pitch B612 under the family and style of this font and then
+/// choose that one. So the font is loaded under a family name of our own: the name records of the
+/// loaded bytes are replaced by a name of the same length.
 constexpr char16_t kFiledAs[] = u"B612";
 constexpr char16_t kOurs[] = u"HM61";
 constexpr char16_t kOursFixed[] = u"HM6F";
@@ -30,7 +30,7 @@ QByteArray utf16(const char16_t* text) {
     return bytes;
 }
 
-/// The name table of an OpenType file: where it starts and how long it is, or nothing.
+/// The position and the length of the name table in an OpenType file, or none.
 std::pair<qsizetype, qsizetype> nameTable(const QByteArray& file) {
     if (file.size() < 12) return {0, 0};
     const char* data = file.constData();
@@ -62,7 +62,7 @@ QStringList folders() {
     return all;
 }
 
-/// The family under which the file was taken in, or empty.
+/// The family under which the font file was loaded, or empty.
 QString takeIn(const QString& name, const char16_t* ours) {
     for (const QString& folder : folders()) {
         for (const char* ending : {".otf", ".ttf"}) {
@@ -102,8 +102,9 @@ const Fonts& Fonts::get() {
 
 namespace {
 
-/// Letters as high as paper has them, whose pixels are a tenth of the screen's. A point is another
-/// number of pixels on a printer; a whole pixel is what it is, and costs no letter its shape.
+/// From this height on, letters are those of paper, whose pixels are a tenth of the screen's. A
+/// point size would depend on the printer's resolution; at this size a whole number of pixels is
+/// exact enough.
 constexpr qreal kPaperPixels = 48;
 
 QFont ofHeight(const QString& family, qreal pixels) {

@@ -8,17 +8,17 @@
 
 namespace display::qt {
 
-/// The typeface of the panels, loaded from its files. Needs a QGuiApplication.
+/// The fonts of the panels, loaded from their files. Needs a QGuiApplication.
 class Fonts {
  public:
-    /// Looks for the files of B612 beside the program and where systems keep fonts. Without them
-    /// the system's sans serif stands in, and one sentence on standard error says so.
+    /// Looks for the B612 files beside the program and in the system's font folders. Without them
+    /// it uses the system's sans serif and writes one sentence to standard error.
     static const Fonts& get();
 
     /// A font of that height in logical pixels.
     QFont font(qreal pixels, Weight weight, bool spaced = false) const;
 
-    /// The same letters, each as wide as the others.
+    /// The fixed-pitch font of that height.
     QFont fixedFont(qreal pixels) const;
 
     const QString& family() const { return family_; }

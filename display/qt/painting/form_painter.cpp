@@ -8,8 +8,8 @@ namespace display::qt {
 
 namespace {
 
-/// Visible as far as its containers go: a form that is hidden while it is printed shows all the
-/// same what stands on it.
+/// Whether the control and its containers are visible. The form itself may be hidden while it is
+/// printed.
 bool standsThere(const Control& control) {
     for (const Control* at = &control; at; at = at->container.get()) {
         if (!at->visible) return false;
@@ -24,7 +24,7 @@ bool standsOn(const Control& control, const Panel& sheet) {
     return false;
 }
 
-/// Cut at the edges of all its containers.
+/// Clips to all its containers.
 void paintCut(QPainter& painter, Control& control, const Scale& scale) {
     const std::unique_ptr<Painted> painted = paintedOnPaper(control);
     if (!painted) return;

@@ -7,18 +7,19 @@
 
 namespace display::qt {
 
-// Forms and their parts as their model stands, on any painter: a printer, a file, a picture. No
+// Paints forms and their parts from the model, on any painter: a printer, a file, an image. No
 // window has to be on the screen. Text stays text and lines stay lines; a unit of the painter is a
-// twip. `devicePixelsPerTwip` says how fine the device is there: edges are put on its whole pixels.
+// twip. `devicePixelsPerTwip` is the resolution of the device: edges are put on whole device
+// pixels.
 
-/// All that a loaded form shows, its upper left corner at the painter's origin.
+/// Paints a loaded form, its upper left corner at the painter's origin.
 void paintForm(QPainter& painter, const Form& form, qreal devicePixelsPerTwip);
 
-/// A panel with what stands on it, its upper left corner at the painter's origin: a sheet of a
-/// page without the keys beside it.
+/// Paints a panel with its contents, its upper left corner at the painter's origin: the sheet of a
+/// page, without the keys beside it.
 void paintSheet(QPainter& painter, const Panel& sheet, qreal devicePixelsPerTwip);
 
-/// One control alone, a chart or a picture box, its upper left corner at the painter's origin.
+/// Paints one control, a chart or a picture box, its upper left corner at the painter's origin.
 void paintControl(QPainter& painter, Control& control, qreal devicePixelsPerTwip);
 
 }  // namespace display::qt

@@ -14,7 +14,7 @@ void paintCap(QPainter& painter, const QRectF& box, qreal unit, Cap cap) {
     const bool lit = cap == Cap::Lit;
     const qreal radius = 4 * unit;
     painter.setRenderHint(QPainter::Antialiasing, true);
-    // The seat that the key stands in.
+    // The dark rim around the key.
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(kKeyEdge));
     painter.drawRoundedRect(box, radius + unit, radius + unit);
@@ -29,7 +29,7 @@ void paintCap(QPainter& painter, const QRectF& box, qreal unit, Cap cap) {
                      face.topRight() + QPointF(-radius, unit * 0.4));
     if (!lit) return;
     const qreal width = std::min(18 * unit, face.width() * 0.4);
-    // A low cap keeps it clear of the words.
+    // On a low key the mark stays clear of the words.
     const qreal down = std::min(3 * unit, face.height() * 0.07);
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(kAmber));
@@ -47,7 +47,7 @@ void paintDimCap(QPainter& painter, const QRectF& box, qreal unit, Cap cap) {
 
 namespace {
 
-/// Arrows are drawn: typefaces give those that they have in sizes of their own.
+/// Arrows are drawn as polygons: fonts have them in different sizes, or not at all.
 bool paintArrow(QPainter& painter, const QRectF& box, qreal unit, QColor colour,
                 const QString& text) {
     static const QString arrows = QString::fromUtf8("\u25b6\u25bc\u25c0\u25b2");

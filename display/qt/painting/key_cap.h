@@ -8,14 +8,15 @@
 
 namespace display::qt {
 
-/// A key cap; a lit one is light and carries an amber mark.
+/// The top of a key; a lit one is light and has an amber mark.
 enum class Cap { Dark, Lit };
 void paintCap(QPainter& painter, const QRectF& box, qreal unit, Cap cap);
-/// The same, half faded into what lies behind: a key that nothing comes of now.
+/// The same, half transparent: a key that does nothing now.
 void paintDimCap(QPainter& painter, const QRectF& box, qreal unit, Cap cap);
-/// How high the words on a cap are set: words that are too wide for it get smaller, never cut.
+/// The text height on a key cap: smaller than usual for words that are too wide, which are never
+/// cut.
 qreal capTextHeight(QSizeF box, qreal unit, const QString& text);
-/// The words on a cap, set smaller where they would not fit.
+/// Paints the words on a key cap, at that height.
 void paintCapText(QPainter& painter, const QRectF& box, qreal unit, QColor colour,
                   const QString& text);
 

@@ -32,7 +32,7 @@ void key(QPainter& painter, const QRectF& box, const PictureLook& look) {
 
 enum class RunMark { Play, Pause };
 
-/// A key that runs or stops: its mark, green while the key is lit, and its words beside it.
+/// A key that starts or pauses a run: its symbol, green while the key is lit, and words beside it.
 template <RunMark Mark, Cap Face>
 void runKey(QPainter& painter, const QRectF& box, const PictureLook& look) {
     paintCap(painter, box, look.unit, Face);

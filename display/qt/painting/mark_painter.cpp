@@ -25,7 +25,7 @@ qreal MarkPainter::at(float units) const {
 }
 
 QRectF MarkPainter::box(const Mark& mark) const {
-    // A box takes its last column and row of pixels in.
+    // A box includes its last column and row of pixels.
     const qreal left = at(mark.x1), top = at(mark.y1);
     return {left, top, std::max(std::max(at(mark.x2) - left, 0.) + 1 / ratio_, thinnest_),
             std::max(std::max(at(mark.y2) - top, 0.) + 1 / ratio_, thinnest_)};
@@ -52,7 +52,7 @@ void MarkPainter::stroke(QPainter& painter, const Mark& mark) const {
     const QPointF from(at(mark.x1), at(mark.y1)), to(at(mark.x2), at(mark.y2));
     const qreal width = std::max(std::round(mark.lineWidth * pxPerWidth_ * ratio_), 1.) / ratio_;
     if (from.x() == to.x() || from.y() == to.y()) {
-        // Level and upright lines are bars of whole pixels.
+        // Horizontal and vertical lines are bars of whole pixels.
         const QPointF far = to - from;
         painter.fillRect(
             QRectF(std::min(from.x(), to.x()), std::min(from.y(), to.y()),

@@ -12,14 +12,15 @@
 
 namespace display::qt {
 
-/// Paints the marks of a drawing, its upper left corner at the painter's origin: on the picture
-/// that a screen keeps of it as on paper. Edges are put on whole device pixels.
+/// Paints the marks of a drawing, its upper left corner at the painter's origin, on an image or on
+/// paper. Edges are put on whole device pixels.
 class MarkPainter {
  public:
-    /// One drawing unit is `unit` twips. No box is thinner than a device pixel, or than that many
-    /// twips where device pixels are finer than the eye.
+    /// One drawing unit is `unit` twips. No box is thinner than a device pixel, nor than `thinnest`
+    /// twips, for devices with pixels too small to see.
     void scale(const Scale& scale, float unit, float thinnest = 0);
-    /// Level lines, boxes and cells are left as they are; whatever slants is smoothed.
+    /// Slanting lines and texts are antialiased; boxes, cells, horizontal and vertical lines are
+    /// not.
     void paint(QPainter& painter, const Mark& mark);
 
  private:
@@ -28,7 +29,7 @@ class MarkPainter {
         qreal ascent = 0;
     };
 
-    /// Whole device pixels, in logical ones.
+    /// Rounds to whole device pixels; in logical pixels.
     qreal at(float units) const;
     QRectF box(const Mark& mark) const;
     void stroke(QPainter& painter, const Mark& mark) const;

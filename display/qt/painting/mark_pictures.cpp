@@ -32,11 +32,11 @@ void lampOff(QPainter& painter, const QRectF& box, const PictureLook& look) {
     paintLamp(painter, box, look.unit, QColor(0x2a, 0x54, 0x2f), QColor(0x20, 0x42, 0x25));
 }
 
-/// Letters of a word mark, that high on the painter's own scale.
+/// The font of a logo, of that height in the painter's units.
 QFont wordMarkFont(const QPainter& painter, qreal height) {
     QFont font = Fonts::get().font(height, Weight::Bold);
     const QScreen* screen = QGuiApplication::primaryScreen();
-    // Elsewhere than on the screen a point is another number of pixels.
+    // On other devices than the screen a point has another number of pixels.
     if (!screen || painter.device()->logicalDpiY() != qRound(screen->logicalDotsPerInchY()))
         font.setPixelSize(std::max(qRound(height), 1));
     font.setLetterSpacing(QFont::PercentageSpacing, 112);
@@ -53,7 +53,7 @@ void paintWordMark(QPainter& painter, const QRectF& box, const QString& word, QC
     painter.drawText(box, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, word);
 }
 
-/// The two brands' word marks.
+/// The logos of the two brands.
 void teskel(QPainter& painter, const QRectF& box, const PictureLook&) {
     paintWordMark(painter, box, QStringLiteral("TESKEL"), QColor(0x9f, 0xc4, 0xff));
 }
@@ -62,7 +62,7 @@ void marvenia(QPainter& painter, const QRectF& box, const PictureLook&) {
     paintWordMark(painter, box, QStringLiteral("MARVENIA"), QColor(0xdd, 0xe2, 0xe9));
 }
 
-/// The same in ink, for paper.
+/// The same in the colours for paper.
 void teskelInk(QPainter& painter, const QRectF& box, const PictureLook&) {
     paintWordMark(painter, box, QStringLiteral("TESKEL"), QColor(0x1d, 0x4f, 0x91));
 }
@@ -71,7 +71,7 @@ void marveniaInk(QPainter& painter, const QRectF& box, const PictureLook&) {
     paintWordMark(painter, box, QStringLiteral("MARVENIA"), QColor(0x26, 0x2c, 0x34));
 }
 
-/// Paper with a grid of lines, faint on a dark ground.
+/// Graph paper: a grid of faint lines on a dark background.
 void graphPaper(QPainter& painter, const QRectF& box, const PictureLook& look) {
     const qreal step = 12 * look.unit;
     painter.setPen(QPen(QColor(0x1b, 0x22, 0x2a), look.unit));
@@ -81,7 +81,7 @@ void graphPaper(QPainter& painter, const QRectF& box, const PictureLook& look) {
         painter.drawLine(QPointF(box.left(), y), QPointF(box.right(), y));
 }
 
-/// The heads of the bar's mark, above and below the scale.
+/// The arrow heads of the bar's marker, above and below the scale.
 void markTop(QPainter& painter, const QRectF& box, const PictureLook&) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(Qt::white);
@@ -96,7 +96,7 @@ void markBottom(QPainter& painter, const QRectF& box, const PictureLook&) {
         QPolygonF({box.bottomLeft(), box.bottomRight(), QPointF(box.center().x(), box.top())}));
 }
 
-/// Around what a person should look at again.
+/// A ring around what the user should look at again.
 void amberRing(QPainter& painter, const QRectF& box, const PictureLook& look) {
     const qreal width = 2.5 * look.unit;
     const qreal half = width / 2;
@@ -105,7 +105,7 @@ void amberRing(QPainter& painter, const QRectF& box, const PictureLook& look) {
     painter.drawRoundedRect(box.adjusted(half, half, -half, -half), 5 * look.unit, 5 * look.unit);
 }
 
-/// Words that a person should notice, in the head of a panel.
+/// A warning in the head of a panel.
 void sign(QPainter& painter, const QRectF& box, const PictureLook& look) {
     painter.setFont(Fonts::get().font(box.height() * 0.78, Weight::Bold));
     painter.setPen(QColor(kAmber));

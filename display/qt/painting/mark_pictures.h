@@ -7,7 +7,7 @@
 
 namespace display::qt {
 
-/// The lamps, word marks and arrows.
+/// The lamps, logos, markers and signs.
 const std::vector<NamedPicture>& markPictures();
 
 }  // namespace display::qt

@@ -13,10 +13,10 @@ namespace display::qt {
 
 namespace {
 
-/// Scales on pages are single texts of numbers and blanks, laid out for a font whose digits are
-/// this wide, in sizes of the font.
+/// The width of a digit, in font sizes, for which the scales on pages are laid out: each is one
+/// text of numbers and blanks.
 constexpr qreal kDigitWidth = 0.546;
-/// A natural pixel of the program's drawings.
+/// A pixel of the program's drawings at their natural size.
 constexpr qreal kPictureUnit = 10;
 
 QPen qPen(const PagePen& pen) {
@@ -26,7 +26,7 @@ QPen qPen(const PagePen& pen) {
     return made;
 }
 
-/// The font in page units, and what its letters' widths are taken times.
+/// A font in page units, and the factor by which its letters are stretched.
 struct SizedFont {
     QFont font;
     qreal across = 1;
@@ -38,7 +38,7 @@ SizedFont sizedFont(const PageFont& wanted) {
     const bool fixed = wanted.pitch == Pitch::Fixed;
     const qreal size = wanted.points * kPageUnitsPerPoint;
     SizedFont sized{fixed ? fonts.fixedFont(1) : fonts.font(1, wanted.weight), 1, 0};
-    // Pixels of a device that has one for each page unit, whatever the screen is.
+    // The painter has one pixel for each page unit, whatever the resolution of the screen.
     sized.font.setPixelSize(qRound(size));
     sized.font.setHintingPreference(QFont::PreferNoHinting);
     const QFontMetricsF metrics(sized.font);

@@ -8,11 +8,11 @@
 namespace display::qt {
 
 /// Paints a page on a painter whose unit is a page unit and whose origin is the sheet's corner.
-/// Preview, printer and picture are painted by this alone.
+/// Preview, printer and tests all use this.
 void paintPage(QPainter& painter, const Page& page);
 
-/// Paints pages of a document, counted from 1, one a sheet, on a device of this resolution whose
-/// origin is the sheet's corner; newSheet() is called between two.
+/// Paints pages of a document, counted from 1, one on each sheet, on a device of this resolution
+/// whose origin is the sheet's corner; newSheet() is called between two pages.
 template <class NewSheet>
 void paintPages(QPainter& painter, const PageDocument& document, int first, int last,
                 qreal dotsPerInch, NewSheet newSheet) {

@@ -33,7 +33,7 @@ bool writePage(QPagedPaintDevice& device, const PageContent& content) {
                                                                            : QPageLayout::Portrait);
     QPainter painter;
     if (!painter.begin(&device)) return false;
-    // A map's colours are figures: no pixel of it may be smeared over its neighbours.
+    // The colours of a map are data: they must not be blended with their neighbours.
     painter.setRenderHint(QPainter::LosslessImageRendering, true);
     const qreal dotsPerInch = device.logicalDpiY();
     const QSizeF room = device.pageLayout().paintRectPixels(qRound(dotsPerInch)).size();

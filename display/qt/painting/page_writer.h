@@ -11,20 +11,20 @@
 
 namespace display::qt {
 
-/// What fills one page, measured in twips and painted with a unit of a twip, its upper left corner
-/// at the painter's origin.
+/// The content of one page: its size in twips, and a function that paints it at the painter's
+/// origin with a unit of a twip.
 struct PageContent {
     QSizeF size;
     std::function<void(QPainter& painter, qreal devicePixelsPerTwip)> paint;
 };
 
-/// The windows of these forms as their model places them, one under the other.
+/// The windows of these forms, one below the other.
 PageContent pageOfForms(const std::vector<const Form*>& forms);
-/// A sheet with what stands on it.
+/// A sheet panel with its contents.
 PageContent pageOfSheet(const Panel& sheet);
 
-/// Writes it on one page of a printer or a file: upright, or lying where it is wider than high, as
-/// large as the margins leave room for, at the top. False when the device does not take it.
+/// Writes the content on one page of a printer or a file, at the top and as large as the margins
+/// allow; in landscape where it is wider than high. False when the device refuses it.
 [[nodiscard]] bool writePage(QPagedPaintDevice& device, const PageContent& content);
 
 }  // namespace display::qt

@@ -86,7 +86,7 @@ class PaintedPicture final : public Painted {
         if (picture_.picture.empty()) return;
         painter.save();
         painter.setRenderHint(QPainter::Antialiasing, true);
-        // Clear of its border.
+        // The picture keeps clear of the border.
         const qreal aside = bordered ? 8 * look_.unit : 0;
         paintPicture(painter, picture_.picture, box_.adjusted(aside, 0, -aside, 0), look_);
         painter.restore();

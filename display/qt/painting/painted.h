@@ -13,14 +13,14 @@
 
 namespace display::qt {
 
-/// What the surface of a form paints for one control. prepare() takes over the control's state
-/// after each change; paint() only draws what was prepared.
+/// Paints one control on the surface of a form. prepare() reads the control's state after each
+/// change; paint() only draws what was prepared.
 class Painted {
  public:
     virtual ~Painted() = default;
     virtual void prepare(const Scale& scale) = 0;
     virtual void paint(QPainter& painter) = 0;
-    /// Everything that paint() may touch, in pixels from the form's corner.
+    /// The bounds of everything that paint() may touch, in pixels from the form's corner.
     virtual QRectF reach() const = 0;
 };
 
@@ -31,7 +31,7 @@ std::unique_ptr<Painted> paintedPicture(Picture& picture);
 std::unique_ptr<Painted> paintedPanel(Panel& panel);
 std::unique_ptr<Painted> paintedDrawing(PictureBox& box);
 
-/// A point in the units of the control's container, in twips from the form's corner.
+/// Converts a point from the units of the control's container to twips from the form's corner.
 QPointF onForm(const Control& control, float x, float y);
 
 }  // namespace display::qt

@@ -6,8 +6,8 @@ namespace display::qt {
 
 namespace {
 
-/// The marks of a picture box, kept as a picture: only marks that came since the last look are
-/// added, unless marks were dropped.
+/// Keeps the marks of a picture box as an image: only marks that are new since the last frame are
+/// painted, unless marks were dropped.
 class PaintedDrawing final : public Painted {
  public:
     explicit PaintedDrawing(PictureBox& box) : box_(box) {}
@@ -36,7 +36,7 @@ class PaintedDrawing final : public Painted {
     void addMarks() {
         const std::vector<Mark>& marks = box_.drawing.marks();
         if (marks.empty() || marks.back().number <= newest_) return;
-        // The new marks stand at the end: find the first from behind.
+        // The new marks are at the end of the list: search it backwards for the first.
         std::size_t first = marks.size();
         while (first > 0 && marks[first - 1].number > newest_) --first;
         image_.add(marks, first);

@@ -65,15 +65,15 @@ class PaintedLabel final : public Painted {
         if (flowing_) {
             const QFontMetricsF metrics(font_);
             const QRectF needed = metrics.boundingRect(box_, flags(), textOf_);
-            // Text that is higher than its box starts at the box's top.
+            // A text that is higher than its box begins at the box's top.
             textBox_ = needed.height() > box_.height()
                            ? QRectF(box_.left(), box_.top(), box_.width(), needed.height() + 1)
                            : box_.united(needed);
             return;
         }
         const QFontMetricsF metrics(font_);
-        // On a plate of its own the text keeps clear of the edge, and what a user wrote may be
-        // longer than the plate.
+        // On a plate the text keeps clear of the edge; a text that the user wrote may be wider than
+        // the plate.
         const bool plated = label_.surface != Surface::None;
         const qreal edge = plated ? scale.px(kPlateEdge) : 0;
         QSizeF size(metrics.horizontalAdvance(textOf_), line_);
@@ -84,7 +84,8 @@ class PaintedLabel final : public Painted {
         qreal x = box_.left() + edge;
         if (label_.align == Align::Right) x = box_.right() - edge - size.width();
         if (label_.align == Align::Centre) x = box_.center().x() - size.width() / 2;
-        // Labels of one height have their text equally far down, wherever their edges fall.
+        // Labels of equal height get their baselines equally far down, wherever their edges are
+        // rounded to.
         const qreal y = box_.top() + (scale.px(label_.boxOnForm().height) - size.height()) / 2;
         textBox_ = QRectF(QPointF(scale.snapped(x), scale.snapped(y)), size);
     }

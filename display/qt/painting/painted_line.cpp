@@ -11,7 +11,7 @@ namespace display::qt {
 
 namespace {
 
-/// The element of a segment digit between two points: a bar with pointed ends.
+/// A segment of a digit between two points: a bar with pointed ends.
 QPolygonF segmentOutline(QPointF from, QPointF to, qreal width) {
     const QLineF line(from, to);
     const qreal half = width / 2;
@@ -24,17 +24,18 @@ QPolygonF segmentOutline(QPointF from, QPointF to, qreal width) {
                            from + step - across}};
 }
 
-/// Paper has pixels of its own, finer than those that were made for the screen.
+/// Paper has a resolution of its own, finer than that of the images made for the screen.
 bool onPaper(const QPainter& painter, qreal ratio) {
     return painter.worldTransform().type() > QTransform::TxTranslate ||
            painter.device()->devicePixelRatio() != ratio;
 }
 
-/// The round end of a stroke as pixels: a painter rounds ends only at ten times the price of the
-/// whole stroke, and needles move in every frame.
+/// The round end of a stroke as an image: QPainter takes ten times as long for round ends as for
+/// the whole stroke, and needles move in every frame.
 class RoundEnd {
  public:
-    /// Around that point in logical pixels; the stroke lies behind it, away from `outward`.
+    /// Draws it around a point in logical pixels; the stroke ends there, coming from the side
+    /// opposite to `outward`.
     void shape(QPointF at, QPointF outward, qreal width, const QColor& colour, qreal ratio) {
         const QPointF middle = at * ratio;
         const qreal radius = width * ratio / 2;
@@ -60,7 +61,7 @@ class RoundEnd {
     void paint(QPainter& painter) const { painter.drawImage(corner_, pixels_); }
 
  private:
-    /// Pixels, so that no seam is left between the end and the stroke.
+    /// In pixels; so much overlap that no seam is left between end and stroke.
     static constexpr qreal kOverlap = 0.7;
 
     static QRgb shade(const QColor& colour, qreal cover) {
@@ -128,7 +129,7 @@ class PaintedLine final : public Painted {
         ends_[1].shape(to_, along, width_, colour_, ratio);
     }
 
-    /// A level or upright line is a bar of whole device pixels.
+    /// A horizontal or vertical line is a bar of whole device pixels.
     void makeBar(const Scale& scale) {
         const qreal width = std::max(scale.snapped(width_), 1 / scale.deviceRatio());
         const QRectF between = QRectF(from_, to_).normalized();

@@ -23,9 +23,9 @@ namespace display::qt {
 
 namespace {
 
-constexpr float kPixel = 10;  ///< twips of a natural pixel
+constexpr float kPixel = 10;  ///< twips of a pixel at the natural size
 
-/// What all of these are: a control, its box and the units of the paper.
+/// The base of all controls on paper: the control, its box and the units of the paper.
 template <class C>
 class OnPaper : public Painted {
  public:
@@ -74,8 +74,9 @@ class ScrollBarOnPaper final : public OnPaper<ScrollBar> {
     }
 };
 
-/// A field on white paper is what is written in it, on as many lines as it takes and smaller where
-/// its box has no room for them; elsewhere its ground stands around it, and it has one line.
+/// A text field. On white paper only its text is printed, in as many lines as needed, and smaller
+/// where the box has no room; elsewhere the field's background is printed too, with one line of
+/// text.
 class FieldOnPaper final : public OnPaper<TextField> {
  public:
     using OnPaper::OnPaper;
@@ -124,7 +125,7 @@ class DrawingOnPaper final : public OnPaper<PictureBox> {
     using OnPaper::OnPaper;
     void prepare(const Scale& scale) override {
         OnPaper::prepare(scale);
-        // A box of no width is a pixel wide, and a pixel of paper is too fine to be seen.
+        // A box of no width is one pixel wide, and a pixel of paper is too small to see.
         marks_.scale(scale, control_.drawing.unit(), kPixel);
     }
     void paint(QPainter& painter) override {

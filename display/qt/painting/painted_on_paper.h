@@ -7,8 +7,8 @@
 
 namespace display::qt {
 
-/// What paper shows of a control; null for what only a hand on a screen is there for. Lists,
-/// tabs, choices and previews stand on nothing that is printed, and are left out.
+/// How a control is painted on paper; null for controls that are not printed: lists, tabs, options
+/// and previews, which no printed sheet contains.
 std::unique_ptr<Painted> paintedOnPaper(Control& control);
 
 }  // namespace display::qt

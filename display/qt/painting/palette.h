@@ -12,7 +12,7 @@ inline QColor qColour(Colour colour) {
     return {colour.red(), colour.green(), colour.blue()};
 }
 
-// The colours of the house, beside those that the panels' logic decides.
+// The colours of the program, except those that the panels' logic sets.
 inline constexpr QRgb kFaceplateTop = 0xff252a32;
 inline constexpr QRgb kFaceplateBottom = 0xff181b20;
 inline constexpr QRgb kFaceplateEdge = 0xff3d444e;
@@ -34,21 +34,21 @@ inline constexpr QRgb kLitTop = 0xffeff2f6;
 inline constexpr QRgb kLitBottom = 0xffb7c0cb;
 inline constexpr QRgb kLitText = 0xff171a1f;
 inline constexpr QRgb kAmber = 0xfff5a50a;
-/// The mark on a lit key that runs or stops.
+/// The symbol on a lit start or pause key.
 inline constexpr QRgb kRunMark = 0xff0a7a24;
 inline constexpr QRgb kFocus = 0xffffc24a;
 inline constexpr QRgb kText = 0xffe4e8ee;
 inline constexpr QRgb kField = 0xff0e1216;
 inline constexpr QRgb kAccent = 0xff2f7fb8;
 
-/// How much a colour stands out from another: 1 not at all, 21 black from white (WCAG 2).
+/// The contrast ratio of two colours: 1 for equal ones, 21 for black and white (WCAG 2).
 double contrastOf(const QColor& one, const QColor& other);
-/// What words need to be read with ease.
+/// The contrast that text needs to be easily readable.
 inline constexpr double kLegible = 4.5;
-/// The colour, lightened as far as words in it need on that dark ground.
+/// The colour, lightened until text in it has that contrast on the dark background.
 QColor legibleOn(const QColor& ground, QColor colour);
 
-/// The palette that ordinary widgets of dialogs take.
+/// The palette of ordinary widgets in dialogs.
 QPalette housePalette();
 
 }  // namespace display::qt

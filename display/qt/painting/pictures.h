@@ -10,22 +10,22 @@
 namespace display::qt {
 
 struct PictureLook {
-    QString caption;     ///< words on a key instead of the drawing's own
-    qreal unit = 1;      ///< one natural pixel on this canvas
-    bool usable = true;  ///< a key that nothing comes of is dim
+    QString caption;     ///< text on a key in place of the drawing's own
+    qreal unit = 1;      ///< one pixel at the natural size, in the painter's units
+    bool usable = true;  ///< a key that does nothing is dim
 };
 
 using PicturePainter = void (*)(QPainter&, const QRectF&, const PictureLook&);
 
-/// Paints one of the program's own drawings by its name. False, and nothing painted, when no
-/// drawing has that name.
+/// Paints one of the program's own drawings by its name. Returns false and paints nothing when
+/// there is none of that name.
 bool paintPicture(QPainter& painter, std::string_view name, const QRectF& box,
                   const PictureLook& look);
 
 /// All names that paintPicture() knows.
 std::vector<std::string_view> pictureNames();
 
-/// One name and how it is drawn.
+/// A name and the function that paints it.
 struct NamedPicture {
     std::string_view name;
     PicturePainter paint;

@@ -10,12 +10,12 @@ class QPrinter;
 
 namespace display::qt {
 
-/// Upright sheets of that size, whose origin is the sheet's corner.
+/// Sets the device to upright sheets of that size, with the origin at the sheet's corner.
 void layOutSheet(QPrinter& printer, const Paper& paper);
 void layOutSheet(QPdfWriter& pdf, const Paper& paper);
 
-/// What stays free around a window or a sheet that fills a page, in millimetres: a file has no
-/// printer that says what it cannot reach.
+/// The margins around a window or a sheet that fills a page, in millimetres, for a file: a printer
+/// states its own.
 inline constexpr QMarginsF kContentMargins{10, 10, 10, 10};
 
 }  // namespace display::qt

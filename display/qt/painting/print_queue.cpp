@@ -11,9 +11,9 @@ namespace {
 
 #ifdef Q_OS_UNIX
 
-/// The client library of CUPS, which Qt's own plugin for printing uses: what it keeps of a request
-/// (its last error) is found through the same copy. Taken at run time, so that the program also
-/// runs where it is not installed.
+/// The CUPS client library. Qt's print plugin uses the same loaded copy, so that the last error of
+/// a request is found in it. It is loaded at run time, so that the program also runs where it is
+/// not installed.
 class CupsLibrary {
  public:
     static const CupsLibrary& get() {
@@ -60,7 +60,7 @@ class CupsLibrary {
     QLibrary library_{QStringLiteral("cups"), 2};
 };
 
-/// How long a hand at a key waits, once for the connection and once for the answer.
+/// How long the user waits at most, once for the connection and once for the answer.
 constexpr int kPatience = 1000;
 
 #endif
@@ -84,7 +84,7 @@ PrintSystem ask(const CupsLibrary& cups) {
     return cups.wait(http.get(), kPatience) > 0 ? PrintSystem::Answers : PrintSystem::Silent;
 }
 
-/// Where nobody listens, so that a request fails at once.
+/// A socket on which nobody listens, so that requests fail at once.
 constexpr const char* kNobody = "/nobody/listens";
 
 }  // namespace
@@ -94,14 +94,14 @@ PrintSystem askPrintSystem() {
     if (!cups.there()) return PrintSystem::Absent;
     if (cups.server() == std::string_view(kNobody)) cups.setServer(nullptr);
     const PrintSystem answer = ask(cups);
-    // Whatever Qt asks on this thread from now on would wait for it.
+    // All requests by Qt on this thread would wait for the silent server from now on.
     if (answer == PrintSystem::Silent) cups.setServer(kNobody);
     return answer;
 }
 
 std::string lastQueueFault() {
     const CupsLibrary& cups = CupsLibrary::get();
-    // Below this number stand the ways in which a request succeeds.
+    // Status codes below this one mean success.
     constexpr int kFirstFault = 0x0100;
     if (!cups.lastError || !cups.lastErrorString || cups.lastError() < kFirstFault) return {};
     const char* words = cups.lastErrorString();

@@ -5,21 +5,21 @@
 
 namespace display::qt {
 
-// What the desktop's print system says of itself. Qt hands a page over without telling whether the
-// queue took it, and waits for a server that does not answer as long as the server likes.
+// The state of the print system. Qt hands a page over without telling whether the queue took it,
+// and waits without limit for a server that does not answer.
 
 enum class PrintSystem {
     Answers,
     Absent,  ///< there is none
-    Silent   ///< it is there and says nothing
+    Silent   ///< it is there but does not answer
 };
 
-/// Asks it, and waits no longer than a hand at a key does; while it is silent, nothing else on this
-/// thread waits for it either. To be asked before Qt is asked for a printer. Where the system has
-/// no CUPS, Qt alone knows, and it counts as answering.
+/// Asks the print server, with a short time limit. If it is silent, later requests on this thread
+/// fail at once instead of waiting. Must be called before Qt is asked for a printer. Where the
+/// system has no CUPS this returns Answers: only Qt can tell.
 PrintSystem askPrintSystem();
 
-/// What the queue said to the page that this thread handed over last, in its own words; empty when
+/// The queue's error for the page that this thread sent last, in the queue's own words; empty when
 /// it took the page.
 std::string lastQueueFault();
 

@@ -11,7 +11,7 @@ namespace {
 constexpr qreal kNatural = 0.1;
 constexpr qreal kLargest = 1.45 * kNatural;
 constexpr qreal kSmallest = 0.5 * kNatural;
-/// What stays free beside the rack.
+/// The part of the screen that stays free beside the rack.
 constexpr qreal kRoom = 0.99;
 
 int gridFor(qreal ratio) {

@@ -9,15 +9,14 @@
 
 namespace display::qt {
 
-/// From twips to the screen's logical pixels, one factor for every window. Edges are put on whole
-/// device pixels, so that they are sharp at every device pixel ratio.
+/// Converts twips to logical pixels, by one factor for every window. Edges are put on whole device
+/// pixels, so that they are sharp at every device pixel ratio.
 class Scale {
  public:
     Scale(qreal pixelsPerTwip, qreal deviceRatio);
 
-    /// The factor at which a rack of `rackTwips` stands whole on a screen of `available` logical
-    /// pixels with a little room around it; never more than 1.45 times the natural size, which is
-    /// ten twips a pixel.
+    /// The factor at which a rack of `rackTwips` fits a screen of `available` logical pixels with a
+    /// little room around it; at most 1.45 times the natural size, which is ten twips a pixel.
     static qreal fitting(QSizeF rackTwips, QSizeF available);
 
     qreal px(qreal twips) const { return twips * pixelsPerTwip_; }
@@ -27,7 +26,8 @@ class Scale {
     qreal snapped(qreal px) const;
     QRectF snapped(const Box& twips) const;
 
-    /// Whole logical pixels that are whole device pixels too: where native children may stand.
+    /// Rounds to logical pixels that are also whole device pixels, where child widgets may be
+    /// placed.
     int whole(qreal px) const;
     QRect whole(const Box& twips) const;
     /// The smallest such rectangle around one.

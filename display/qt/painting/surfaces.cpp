@@ -34,8 +34,8 @@ void paintScrew(QPainter& painter, QPointF centre, qreal radius, qreal angle) {
     painter.restore();
 }
 
-/// Fine horizontal strokes, as a brush leaves them in metal. The pattern is fixed, so that a panel
-/// looks the same at every start.
+/// Fine horizontal strokes of brushed metal. The pattern is fixed, so that a panel looks the same
+/// at every start.
 void paintBrushing(QPainter& painter, const QRectF& box, qreal unit) {
     std::uint32_t noise = 0x9e3779b9u;
     painter.setPen(Qt::NoPen);
@@ -55,7 +55,7 @@ void paintFaceplate(QPainter& painter, const QRectF& box, qreal unit) {
     painter.fillRect(QRectF(box.left(), box.top(), box.width(), unit), QColor(kFaceplateEdge));
     painter.fillRect(QRectF(box.left(), box.bottom() - unit, box.width(), unit),
                      QColor(kFaceplateShade));
-    // Small plates, as dialogs have them behind a strip, are glued, not screwed.
+    // Only large plates have screws; the small ones below the strip of a dialog have none.
     if (box.height() < 60 * unit || box.width() < 200 * unit) return;
     painter.setRenderHint(QPainter::Antialiasing, true);
     const qreal inset = 14 * unit;
@@ -72,7 +72,7 @@ void paintWell(QPainter& painter, const QRectF& box, qreal unit) {
     painter.setRenderHint(QPainter::Antialiasing, true);
     const qreal radius = 4 * unit;
     const qreal half = unit / 2;
-    // The rim catches light below and lies in shade above.
+    // The rim is light at the bottom and dark at the top.
     QPainterPath rim;
     rim.addRoundedRect(box.adjusted(half, half, -half, -half), radius, radius);
     painter.setPen(QPen(QBrush(downward(box, QColor(0x0a, 0x0c, 0x0f), QColor(kWellRim))), unit));

@@ -9,14 +9,14 @@
 
 namespace display::qt {
 
-/// Paints what a surface looks like in its box; unit is one natural pixel (ten twips) on this
-/// canvas.
+/// Paints a surface in its box; `unit` is one pixel at the natural size (ten twips) in the
+/// painter's units.
 void paintSurface(QPainter& painter, Surface surface, const QRectF& box, qreal unit);
 
-/// Whether a control stands on white or nearly so, where words are dark.
+/// Whether a control stands on a white or nearly white background, where text is dark.
 bool standsOnLight(const Control& control);
 
-/// What lies behind a form that brings no panel of its own.
+/// Paints the background of a form that has no panel of its own.
 void paintFormGround(QPainter& painter, const QRectF& box);
 
 }  // namespace display::qt

@@ -18,7 +18,7 @@ namespace display::qt {
 
 namespace {
 
-/// Where the keyboard is, over a widget that paints itself.
+/// The focus ring over a widget that paints itself.
 class FocusRing final : public QWidget {
  public:
     explicit FocusRing(QWidget* over) : QWidget(over) {
@@ -45,7 +45,7 @@ ChartView::ChartView(Chart& chart, QWidget* parent)
 
 void ChartView::dress() {
     plot_->axisRect()->setBackground(Qt::NoBrush);
-    // The insets of the chart alone say where the plot lies.
+    // Only the chart's insets decide where the plot lies.
     plot_->axisRect()->setAutoMargins(QCP::msNone);
     plot_->plotLayout()->setMargins(QMargins(0, 0, 0, 0));
     plot_->yAxis->setTickLabels(false);
@@ -80,8 +80,8 @@ void ChartView::resizeEvent(QResizeEvent*) {
     showRing();
 }
 
-/// Around what is seen of a chart that is wider than its window. A click shows it too: it says
-/// which chart is copied.
+/// The visible part of a chart that is wider than its window. The ring is shown after a click too,
+/// since it marks the chart that is copied.
 void ChartView::showRing() {
     ring_->setGeometry(mask().isEmpty() ? rect() : mask().boundingRect());
     ring_->setVisible(hasFocus());
@@ -98,7 +98,7 @@ void ChartView::focusOutEvent(QFocusEvent* event) {
 }
 
 bool ChartView::event(QEvent* event) {
-    // The arrows of the window's keys leave a chart as Tab does.
+    // Arrow keys move the focus out of a chart, as Tab does.
     if (event->type() == QEvent::KeyPress &&
         moveFocusByArrow(*this, static_cast<QKeyEvent*>(event)->key()))
         return true;
@@ -122,7 +122,7 @@ void ChartView::labelRows() {
                         qText(chart_.rowLabelAt(row)).trimmed());
     }
     plot_->xAxis->setTicker(ticker);
-    // A line through the middle of a row would stand among its bars.
+    // A grid line through the middle of a row would lie among its bars.
     plot_->xAxis->grid()->setVisible(chart_.style == Chart::Style::Curve);
     plot_->xAxis->setRange(0.5, rows + 0.5);
     plot_->yAxis->setRange(chart_.lowest, chart_.highest);
@@ -145,9 +145,9 @@ void ChartView::drawBars() {
         bars->setBrush(colourOf(column));
         for (int row = 1; row <= chart_.rowCount(); ++row) {
             const auto value = chart_.valueAt(row, column);
-            // A value under the scale is no bar, rather than one that hangs below it.
+            // A value below the scale gets no bar, rather than one that hangs down from it.
             if (!value || *value <= chart_.lowest) continue;
-            // A bar is given by its height above its base.
+            // QCustomPlot takes a bar's height above its base.
             bars->addData(chart_.barMiddle(row, column), *value - chart_.lowest);
         }
     }
@@ -169,7 +169,7 @@ void ChartView::drawCurves() {
     }
 }
 
-/// In the upper part of the plot, where no flat curve runs.
+/// In the upper part of the plot, where a flat curve does not run.
 void ChartView::writeNote() {
     plot_->clearItems();
     if (chart_.note.empty()) return;
@@ -182,7 +182,7 @@ void ChartView::writeNote() {
 }
 
 void ChartView::sync() {
-    // One that can be copied is meant by a click on it.
+    // A click chooses the chart that is copied.
     setFocusPolicy(focusPolicyOf(chart_, chart_.numbers ? Qt::ClickFocus : Qt::NoFocus));
     showRing();
     plot_->clearPlottables();
@@ -191,7 +191,7 @@ void ChartView::sync() {
     layOut();
     labelRows();
     if (chart_.style == Chart::Style::Bars) {
-        // Bars and lines stand upright: smoothing costs time and blurs their edges.
+        // Bars and grid lines are not antialiased: that costs time and blurs their edges.
         plot_->setNotAntialiasedElements(QCP::aeAll);
         drawBars();
     } else {

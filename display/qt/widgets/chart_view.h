@@ -11,9 +11,9 @@ class QMouseEvent;
 
 namespace display::qt {
 
-/// A chart by row and column: columns of bars beside one another for each row, or a curve for each
-/// column. The window draws scale and legend; the plot stands in the chart's insets so that they
-/// meet. The value under the pointer is told in a tool tip.
+/// A chart by row and column: bars side by side for each row, or a curve for each column. The form
+/// draws scale and legend; the plot fits the chart's insets, so that they meet. A tool tip shows
+/// the value under the pointer.
 class ChartView final : public QWidget, public ControlWidget {
  public:
     ChartView(Chart& chart, QWidget* parent);
@@ -37,12 +37,12 @@ class ChartView final : public QWidget, public ControlWidget {
     void tellValue(QMouseEvent* event);
     void showRing();
     QColor colourOf(int column) const;
-    /// Pixels for a unit of the chart's box.
+    /// Logical pixels for a unit of the chart's box.
     double scale() const;
 
     Chart& chart_;
     QCustomPlot* plot_;
-    QWidget* ring_;  ///< over the plot, while it has the keyboard
+    QWidget* ring_;  ///< over the plot, while it has the focus
 };
 
 }  // namespace display::qt

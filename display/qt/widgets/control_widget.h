@@ -10,22 +10,22 @@ namespace display::qt {
 
 class QtDesktop;
 
-/// The real widget of an interactive control: it takes pointer, keyboard and focus.
+/// The Qt widget of an interactive control: it gets the pointer, the keyboard and the focus.
 class ControlWidget {
  public:
     virtual ~ControlWidget() = default;
     virtual QWidget& widget() = 0;
-    /// Takes over the control's state after a change.
+    /// Copies the control's state into the widget after a change.
     virtual void sync() = 0;
     /// The part of the control's box that the widget covers.
     virtual QRect within(const QRect& box) const { return box; }
 };
 
-/// UTF-8 to Qt's text and back.
+/// Converts between UTF-8 and QString.
 inline QString qText(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
-/// Words for a widget that would take an ampersand for the mark of a letter.
+/// Escapes ampersands for widgets that take one for the mark of an access key.
 inline QString plainWords(std::string_view text) {
     return qText(text).replace(QLatin1Char('&'), QLatin1String("&&"));
 }

@@ -11,7 +11,7 @@ namespace display::qt {
 namespace {
 
 constexpr std::size_t kFewest = 3;
-/// Twips that two steps may differ by and still be the same.
+/// Steps that differ by no more than this many twips count as equal.
 constexpr float kSame = 0.5f;
 
 bool goesOn(const std::vector<const Control*>& column, const Control& next) {
@@ -25,7 +25,7 @@ bool goesOn(const std::vector<const Control*>& column, const Control& next) {
     return std::fabs(next.top - last.top - step) < kSame;
 }
 
-/// In front of the field, in its row.
+/// Whether the label stands in front of the field, in its row.
 bool standsBefore(const Control& label, const Control& field) {
     const Box text = label.boxOnForm(), box = field.boxOnForm();
     const float gap = box.left - text.right();
@@ -58,7 +58,8 @@ void FieldColumns::align(const Column& column, const Scale& scale) {
     const qreal exact = scale.px(last.top - first.top) / steps;
     const int step = scale.whole(exact);
     const qreal away = (exact - step) * steps / 2;
-    // A long column would get too far from what stands around it.
+    // In a long column the rounded steps would add up to a visible distance from the controls
+    // around it.
     if (std::abs(away) > scale.grid()) return;
     const int top = scale.whole(scale.px(first.top) + away);
     const int height = std::min(scale.whole(scale.px(first.height)), step);
@@ -75,7 +76,7 @@ void FieldColumns::alignLabels(const Form& form, const Scale& scale) {
         for (const auto& [field, box] : boxes_) {
             if (!standsBefore(*control, *field)) continue;
             const Box text = control->boxOnForm();
-            // Middle to middle, whatever the field's height was rounded to.
+            // Aligned by their middles, whatever the field's height was rounded to.
             const qreal before = scale.px(text.top + text.height / 2 - field->boxOnForm().top -
                                           field->boxOnForm().height / 2);
             const qreal top =

@@ -10,18 +10,19 @@
 
 namespace display::qt {
 
-/// Text fields that stand below each other at even steps stay even on the screen: each edge
-/// rounded on its own, one would stand closer to the next than its neighbours, by four pixels where
-/// only each fourth is a whole device pixel. So the step is rounded, about the column's middle, and
-/// the label in front of a field keeps to it.
+/// Keeps text fields evenly spaced that stand below each other at equal steps. With each edge
+/// rounded on its own, gaps would differ by up to four pixels at device pixel ratios where only
+/// every fourth logical pixel is a whole device pixel. So the step is rounded, about the column's
+/// middle, and the label in front of a field moves with it.
 class FieldColumns {
  public:
-    /// Looks for the columns of three or more that the form's layout has.
+    /// Finds the columns of three or more fields in the form's layout.
     void find(const Form& form, const Scale& scale);
 
-    /// Where that field of a column stands, or null.
+    /// The box of a field in a column, or null.
     const QRect* boxOf(const Control& field) const;
-    /// How far down a label goes to keep to its field, in logical pixels; 0 for all others.
+    /// By how much a label is moved down to stay beside its field, in logical pixels; 0 for all
+    /// others.
     qreal shiftOf(const Control& label) const;
 
  private:

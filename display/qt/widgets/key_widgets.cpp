@@ -39,7 +39,7 @@ bool pressesKey(const QKeyEvent& event) {
 PictureKeyWidget::PictureKeyWidget(QtDesktop& desktop, Picture& key, QWidget* parent)
     : QAbstractButton(parent), desktop_(desktop), key_(key) {
     setMouseTracking(true);
-    // Mouse and keyboard go their own way: this comes from assistive tools alone.
+    // Only assistive tools come here; mouse and keyboard have handlers of their own.
     connect(this, &QAbstractButton::clicked, this, [this] { desktop_.hand().click(key_); });
 }
 
@@ -74,7 +74,7 @@ void PictureKeyWidget::mousePressEvent(QMouseEvent* event) {
 }
 
 void PictureKeyWidget::mouseMoveEvent(QMouseEvent* event) {
-    // A key that is a handle too hears the pointer as well.
+    // A key that is also a handle gets the pointer's moves as well.
     if (!key_.onMouseMove) return;
     const Scale scale = desktop_.scale();
     const Mouse at{static_cast<float>(scale.twips(event->position().x())),
@@ -117,7 +117,7 @@ void PictureKeyWidget::focusOutEvent(QFocusEvent* event) {
 }
 
 void PictureKeyWidget::changeEvent(QEvent* event) {
-    // A disabled widget hears no release any more.
+    // A disabled widget gets no release event.
     if (event->type() == QEvent::EnabledChange && !isEnabled()) letGo(false);
     QAbstractButton::changeEvent(event);
 }
@@ -160,7 +160,7 @@ void KeyWidget::takeShortcut() {
     delete shortcut_;
     shortcut_ = nullptr;
     if (key_.shortcut.empty()) return;
-    // Heard wherever the keyboard is in the window; held down it presses again and again.
+    // Works wherever the focus is in the window; holding it down presses the key repeatedly.
     shortcut_ = new QShortcut(QKeySequence(qText(key_.shortcut)), this);
     shortcut_->setContext(Qt::WindowShortcut);
     connect(shortcut_, &QShortcut::activated, this, [this] { desktop_.hand().click(key_); });
@@ -202,12 +202,12 @@ void KeyWidget::keyPressEvent(QKeyEvent* event) {
 
 namespace {
 
-/// The words beside a check mark: dark on a light plate.
+/// The text beside a check box is dark on a light plate.
 void dressWords(QWidget& widget, const Control& control, const QtDesktop& desktop) {
     widget.setFocusPolicy(focusPolicyOf(control));
     widget.setFont(Fonts::get().font(desktop.scale().px(120), Weight::Normal));
     QPalette colours = housePalette();
-    // The style draws the mark's edge from this colour, darker: an empty box must be seen.
+    // The style derives the edge of the box from this colour, darker: an empty box must be visible.
     colours.setColor(QPalette::Window, QColor(0xb0, 0xb8, 0xc2));
     if (standsOnLight(control)) {
         colours.setColor(QPalette::Active, QPalette::WindowText, QColor(kLitText));

@@ -14,8 +14,9 @@ class QShortcut;
 
 namespace display::qt {
 
-/// Takes the input of a key whose pictures the form's surface paints: a press, then a release on
-/// it or a cancel. Space and Enter press it as long as they are held. Shows the focus alone.
+/// The input of a key whose pictures the form's surface paints: a press, then a release on it or a
+/// cancel. Space and Enter press it while they are held. The widget itself paints only the focus
+/// ring.
 class PictureKeyWidget final : public QAbstractButton, public ControlWidget {
  public:
     PictureKeyWidget(QtDesktop& desktop, Picture& key, QWidget* parent);
@@ -44,7 +45,7 @@ class PictureKeyWidget final : public QAbstractButton, public ControlWidget {
     HeldBy held_ = HeldBy::Nothing;
 };
 
-/// Takes the double click, or Enter, on a picture box.
+/// The input of a picture box: a double click, or Enter.
 class PictureBoxWidget final : public QWidget, public ControlWidget {
  public:
     PictureBoxWidget(QtDesktop& desktop, PictureBox& box, QWidget* parent);
@@ -62,7 +63,7 @@ class PictureBoxWidget final : public QWidget, public ControlWidget {
     PictureBox& box_;
 };
 
-/// A push key with a caption.
+/// A push button with a caption.
 class KeyWidget final : public QAbstractButton, public ControlWidget {
  public:
     KeyWidget(QtDesktop& desktop, Key& key, QWidget* parent);
@@ -103,7 +104,8 @@ class OptionWidget final : public QRadioButton, public ControlWidget {
     Option& option_;
 };
 
-/// A push key as it stands on the screen and on paper. unit is a natural pixel (ten twips) there.
+/// Paints a push button, for the screen and for paper. `unit` is one pixel at the natural size (ten
+/// twips) in the painter's units.
 struct PushKeyLook {
     QString words;
     Colour colour = kWhite;
@@ -113,9 +115,9 @@ struct PushKeyLook {
 };
 void paintPushKey(QPainter& painter, const QRectF& box, const PushKeyLook& look);
 
-/// Where the keyboard is: a ring inside the edge of a widget.
+/// Paints the focus ring inside the edge of a widget.
 void paintFocusRing(QPainter& painter, const QRectF& box);
-/// In the Tab order or not, as the control says.
+/// Puts the widget into the Tab order or takes it out, as the control says.
 Qt::FocusPolicy focusPolicyOf(const Control& control, Qt::FocusPolicy outside = Qt::NoFocus);
 
 }  // namespace display::qt

@@ -41,7 +41,7 @@ class ListBoxWidget final : public QListWidget, public ControlWidget {
     bool syncing_ = false;
 };
 
-/// The row of tabs; the pages are panels that the form's surface paints below it.
+/// The row of tabs. The pages are panels, which the form's surface paints below it.
 class TabsWidget final : public QTabBar, public ControlWidget {
  public:
     TabsWidget(QtDesktop& desktop, Tabs& tabs, QWidget* parent);

@@ -16,7 +16,7 @@ namespace display::qt {
 
 namespace {
 
-/// Qt looks for a printer as soon as a page is made, and would wait for a server that is silent.
+/// Qt looks for a printer as soon as a page is created, and would wait for a silent server.
 QPrinter::PrinterMode modeOnceAsked() {
     (void)askPrintSystem();
     return QPrinter::HighResolution;
@@ -30,7 +30,7 @@ PagePreviewWidget::PagePreviewWidget(QtDesktop& desktop, PagePreview& preview, Q
       preview_(preview),
       printer_(modeOnceAsked()),
       view_(new QPrintPreviewWidget(&printer_, this)) {
-    // A page for its own sake: no print server is asked for it.
+    // A page that belongs to no printer: no print server is asked for it.
     printer_.setOutputFormat(QPrinter::PdfFormat);
     connect(view_, &QPrintPreviewWidget::paintRequested, this,
             [this](QPrinter* sheets) { paint(*sheets); });
@@ -57,7 +57,7 @@ void PagePreviewWidget::sync() {
         view_->setCurrentPage(1);
     }
     view_->setZoomFactor(preview_.zoom / 100.0);
-    // A page that is drawn again stays where it was looked at.
+    // Keeps the scroll position when the page is drawn again.
     const bool empty = preview_.document().pages().empty();
     if (another && empty_ && sheets_)
         sheets_->verticalScrollBar()->setValue(sheets_->verticalScrollBar()->minimum());

@@ -11,8 +11,7 @@ class QGraphicsView;
 
 namespace display::qt {
 
-/// Qt's print preview of a document, on the sheet that the desktop's printer takes. It prints
-/// nothing itself.
+/// Qt's print preview of a document, on the paper of the default printer. It prints nothing itself.
 class PagePreviewWidget final : public QWidget, public ControlWidget {
  public:
     PagePreviewWidget(QtDesktop& desktop, PagePreview& preview, QWidget* parent);
@@ -32,7 +31,7 @@ class PagePreviewWidget final : public QWidget, public ControlWidget {
     QPrinter printer_;
     QPrintPreviewWidget* view_;
     QGraphicsView* sheets_ = nullptr;
-    int drawn_ = -1;     ///< the document that stands there
+    int drawn_ = -1;     ///< the document that is shown
     bool empty_ = true;  ///< it has no page
 };
 

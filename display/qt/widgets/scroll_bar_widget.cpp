@@ -61,7 +61,7 @@ void paintScrollBar(QPainter& painter, const ScrollBar& bar, QSizeF size, qreal 
 
 ScrollBarWidget::ScrollBarWidget(QtDesktop& desktop, ScrollBar& bar, QWidget* parent)
     : QAbstractSlider(parent), desktop_(desktop), bar_(bar) {
-    // What an assistive tool sets arrives as a change of the value.
+    // A value set by an assistive tool arrives as a change of Qt's value.
     connect(this, &QAbstractSlider::valueChanged, this, [this](int value) {
         if (!syncing_) desktop_.hand().set(bar_, value);
     });
@@ -129,7 +129,7 @@ void ScrollBarWidget::loseThumb() {
 }
 
 void ScrollBarWidget::changeEvent(QEvent* event) {
-    // A disabled widget hears no release any more.
+    // A disabled widget gets no release event.
     if (event->type() == QEvent::EnabledChange && !isEnabled()) loseThumb();
     QAbstractSlider::changeEvent(event);
 }
@@ -140,7 +140,8 @@ void ScrollBarWidget::hideEvent(QHideEvent* event) {
 }
 
 void ScrollBarWidget::wheelEvent(QWheelEvent* event) {
-    // Up on an upright bar is towards its start; on a level one, towards higher values.
+    // On a vertical bar the Up key goes towards the start; on a horizontal one, towards higher
+    // values.
     const QPoint turned = event->angleDelta();
     wheelRest_ += turned.y() != 0 ? turned.y() : -turned.x();
     const int notches = wheelRest_ / kWheelNotch;

@@ -8,21 +8,22 @@
 
 namespace display::qt {
 
-/// Where the thumb of a bar of that size stands, in pixels.
+/// The thumb of a bar of that size, in pixels.
 QRectF thumbOf(const ScrollBar& bar, QSizeF size);
-/// The bar with its upper left corner at the painter's origin, in pixels; unit is a natural one.
+/// Paints the bar with its upper left corner at the painter's origin; `unit` is one pixel at the
+/// natural size.
 enum class Thumb { Free, Gripped, Unusable };
 void paintScrollBar(QPainter& painter, const ScrollBar& bar, QSizeF size, qreal unit, Thumb thumb);
 
-/// A scroll bar in the look of the rack. The thumb shows where it is dragged and acts at its
-/// release; arrows, page keys, wheel and clicks beside the thumb act at once.
+/// A scroll bar in the style of the rack. Dragging the thumb takes effect when it is released;
+/// arrow and page keys, the wheel and clicks beside the thumb take effect at once.
 class ScrollBarWidget final : public QAbstractSlider, public ControlWidget {
  public:
     ScrollBarWidget(QtDesktop& desktop, ScrollBar& bar, QWidget* parent);
     QWidget& widget() override { return *this; }
     void sync() override;
 
-    /// Where the thumb stands, in the widget's pixels.
+    /// The thumb, in the widget's pixels.
     QRectF thumb() const { return thumbOf(bar_, size()); }
 
  protected:

@@ -34,7 +34,7 @@ void TextFieldWidget::sync() {
     colours.setColor(QPalette::Active, QPalette::Text, qColour(field_.colour));
     colours.setColor(QPalette::Inactive, QPalette::Text, qColour(field_.colour));
     setPalette(colours);
-    // Clear of the edge, as readouts stand in their wells.
+    // The text keeps clear of the edge, as in readouts.
     const int margin = desktop_.scale().whole(desktop_.scale().px(50));
     setTextMargins(margin, 0, margin, 0);
     showModel();
@@ -47,14 +47,14 @@ void TextFieldWidget::showModel() {
     const QString model = qText(field_.text.get());
     shown_ = model;
     if (text() == model) return;
-    // What stands behind the caret stays behind it.
+    // The text after the caret stays after it.
     const auto behind = text().size() - cursorPosition();
     setText(model);
     setCursorPosition(static_cast<int>(std::max<qsizetype>(model.size() - behind, 0)));
 }
 
 void TextFieldWidget::edited(const QString& now) {
-    // What was put in place of what, in the text that the model knows.
+    // The part of the old text that was replaced, and the characters that replaced it.
     const qsizetype common = std::min(now.size(), shown_.size());
     qsizetype front = 0;
     while (front < common && now[front] == shown_[front]) ++front;
@@ -76,7 +76,7 @@ void TextFieldWidget::edited(const QString& now) {
 }
 
 bool TextFieldWidget::event(QEvent* event) {
-    // Without a selection there is nothing to copy here: the keys are the window's.
+    // Without a selection there is nothing to copy here: the window handles the keys.
     if (event->type() == QEvent::ShortcutOverride && !hasSelectedText() &&
         static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy))
         return false;

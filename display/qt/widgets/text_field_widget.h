@@ -8,9 +8,9 @@
 
 namespace display::qt {
 
-/// One line of text. Whatever the line edit lets a person do (type, paste, cut, compose) reaches
-/// the model as characters put in place of others, each through the field's own filter; what the
-/// model made of it is what stands in the line.
+/// One line of text. Every edit in the QLineEdit (typing, pasting, cutting, composing) is sent to
+/// the model as a replacement of characters, each through the field's filter; then the line shows
+/// the text of the model.
 class TextFieldWidget final : public QLineEdit, public ControlWidget {
  public:
     TextFieldWidget(QtDesktop& desktop, TextField& field, QWidget* parent);

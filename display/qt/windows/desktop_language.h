@@ -10,12 +10,12 @@ namespace display::qt {
 /// none does.
 QString localeOfUser();
 
-/// The language identifier for a locale: primary language in the low ten bits, sublanguage 1
-/// above. English for one that is not known.
+/// The language identifier of a locale: the primary language in the low ten bits, sublanguage 1
+/// above them. English for an unknown locale.
 int languageIdFor(const QString& locale);
 
 int languageIdOfUser();
-/// For words of dates.
+/// The locale for the names of months and weekdays.
 QLocale wordsFor(const QString& locale);
 
 }  // namespace display::qt

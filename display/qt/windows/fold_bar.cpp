@@ -11,7 +11,7 @@ namespace display::qt {
 
 namespace {
 
-/// In natural pixels.
+/// In pixels at the natural size.
 constexpr QSizeF kBar(190, 34);
 
 }  // namespace

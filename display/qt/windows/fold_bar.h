@@ -7,11 +7,11 @@
 
 namespace display::qt {
 
-/// What a folded rack leaves on a screen on which nothing folds windows and no task bar brings them
-/// back: a small bar with the rack's name. A click, Enter or Space on it unfolds the rack.
+/// Stands in for a minimised rack where there is no window manager and no task bar to bring it
+/// back: a small bar with the rack's name. A click, Enter or Space on it restores the rack.
 class FoldBar final : public QAbstractButton {
  public:
-    /// unit: a natural pixel on this screen.
+    /// unit: one pixel at the natural size, on this screen.
     FoldBar(const QString& title, bool spanish, qreal unit);
 
  protected:

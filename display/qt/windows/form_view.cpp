@@ -15,7 +15,7 @@ FormView::FormView(QtDesktop& desktop, Form& form, QWidget* parent)
     : QWidget(parent), desktop_(desktop), form_(form), scale_(desktop.scale()) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
-    // A click beside the controls leaves the keyboard where it is.
+    // A click beside the controls does not move the focus.
     setFocusPolicy(Qt::NoFocus);
     setObjectName(QString::fromStdString(form.name()));
     build();
@@ -90,7 +90,8 @@ bool FormView::insideChanged(const Control& control) const {
 
 namespace {
 
-/// Rectangles that lie close together are repainted as one: less overhead than pixels saved.
+/// Merges rectangles that are close together: the overhead of another one costs more than the
+/// pixels it saves.
 void merge(std::vector<QRect>& rects) {
     constexpr int kWorth = 1500;
     auto area = [](const QRect& rect) { return rect.width() * rect.height(); };
@@ -143,7 +144,7 @@ void FormView::sync() {
     for (Item& item : items_) {
         const bool changed = item.control->revision() > drawn_ || rescaled ||
                              (containers && insideChanged(*item.control)) ||
-                             // A picture that is a key looks as usable as it is.
+                             // A picture key is drawn dim while it is disabled.
                              (turned && item.widget && item.painted);
         if (changed) refresh(item, dirty);
         if (changed && accessible_) accessible_->changed(*item.control);
@@ -229,7 +230,8 @@ void FormView::refreshWidget(Item& item) {
     const QString name = qText(accessible.empty() ? std::string_view(control.name()) : accessible);
     if (widget.accessibleName() != name) {
         widget.setAccessibleName(name);
-        // Lists and tabs tell what is selected as their name; the description says whose it is.
+        // The name of a list or a row of tabs is its selected item; the description gives its own
+        // name.
         widget.setAccessibleDescription(name);
     }
     const char* tip = language_ == Language::Spanish ? control.tip.spanish : control.tip.english;

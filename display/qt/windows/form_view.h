@@ -17,11 +17,11 @@
 
 namespace display::qt {
 
-/// One form on the screen: a surface that paints what no hand touches, and the widgets of what it
-/// does. It looks at the form once a frame and paints what is newer than what it drew.
+/// One form on the screen: a surface that paints the controls that only show something, and widgets
+/// for those that the user can act on. Once a frame it checks the form and repaints what changed.
 ///
-/// What has not changed since the form came up lies in a background picture; only what has ever
-/// changed, and what stands above that, is painted anew.
+/// Controls that have not changed since the form was shown are kept in a background image; only
+/// those that have changed at least once, and those above them, are painted each time.
 class FormView final : public QWidget {
  public:
     FormView(QtDesktop& desktop, Form& form, QWidget* parent);
@@ -29,37 +29,38 @@ class FormView final : public QWidget {
 
     Form& form() const { return form_; }
 
-    /// True when the form is newer than what was drawn.
+    /// True when the form changed since it was last drawn.
     bool stale() const { return form_.clock() > drawn_; }
-    /// Takes over what changed and asks for the repaint of just that. Nothing is painted before.
+    /// Reads what changed and requests a repaint of just that. Before the first call nothing is
+    /// painted.
     void sync();
 
-    /// The focus goes to the first control of the Tab order that can take it.
+    /// Gives the focus to the first control of the Tab order that can take it.
     void focusFirst();
 
-    /// The widgets of the Tab order, the first one first; none before the first sync().
+    /// The widgets in Tab order; empty before the first sync().
     const std::vector<QWidget*>& tabOrder() const { return tabOrder_; }
 
-    /// A widget of the form that stands for that control, or null.
+    /// The widget of a control of the form, or null.
     QWidget* widgetOf(const Control& control) const;
     const Scale& scale() const { return scale_; }
-    /// The scale at which the form is to stand now: the rack's, or where the screen is too small
-    /// for the form at that, the largest at which it stands whole.
+    /// The scale that the form should have now: the rack's, or the largest one at which the form
+    /// fits the screen, where that is smaller.
     Scale wantedScale() const;
 
     /// The tool tip of what is painted there, in the language of the form; empty for none.
     QString tipAt(QPoint px) const;
 
-    /// What assistive tools find of the painted labels; made when the first one asks.
+    /// The accessible painted labels; created when an assistive tool first asks.
     AccessibleLabels& accessible();
 
-    /// How often it painted, and how many pixels were asked for at the last sync().
+    /// The number of paint events, and the area requested at the last sync().
     int paints() const { return paints_; }
     const QRegion& lastDirty() const { return lastDirty_; }
 
  protected:
     void paintEvent(QPaintEvent* event) override;
-    /// Nobody sees the background: it is rendered again when the form comes back.
+    /// A hidden form needs no background image: it is rendered again at the next show.
     void hideEvent(QHideEvent*) override { background_ = QPixmap(); }
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -74,10 +75,10 @@ class FormView final : public QWidget {
         Control* control = nullptr;
         std::unique_ptr<Painted> painted;
         ControlWidget* widget = nullptr;
-        qreal down = 0;      ///< from its own place, so that it keeps to its field
-        QRectF clip;         ///< of the containers; null when nothing is cut
-        QRect reach;         ///< what it touches on the surface, whole pixels
-        bool shown = false;  ///< painted, and to be seen
+        qreal down = 0;      ///< how far it is moved to stay beside its field
+        QRectF clip;         ///< of its containers; null when nothing is clipped
+        QRect reach;         ///< its bounds on the surface, in whole pixels
+        bool shown = false;  ///< painted and visible
         bool live = false;   ///< painted each time; not in the background
     };
 

@@ -41,8 +41,8 @@ Control* FormView::handleAt(QPointF px) const {
 }
 
 Mouse FormView::pointOn(const Control& control, QPointF global, bool left) const {
-    // From the pointer's place on the screen and the model's own position: a window that follows
-    // a frame behind never makes the pointer seem to move.
+    // Computed from the pointer's position on the screen and the form's position in the model:
+    // while the window lags a frame behind, the pointer must not seem to move.
     const QPointF at = desktop_.pointOnForm(form_, global);
     const Box box = control.boxOnForm();
     return {static_cast<float>(at.x()) - box.left, static_cast<float>(at.y()) - box.top, left};
@@ -117,7 +117,7 @@ const Control* FormView::focused() const {
     return found == items_.end() ? nullptr : found->control;
 }
 
-/// Heard wherever the keyboard is in the window; a field with a selection keeps its own copy.
+/// Works wherever the focus is in the window; a text field with a selection copies its own text.
 void FormView::takeDrawingKeys() {
     if (!hasDrawings(form_)) return;
     const auto bind = [this](const char* keys, void (Hand::*act)(Control&)) {
@@ -134,7 +134,7 @@ void FormView::takeDrawingKeys() {
 }
 
 bool FormView::eventFilter(QObject* widget, QEvent* event) {
-    // A disabled button would keep the press to itself.
+    // A disabled button would swallow the press.
     if (event->type() != QEvent::MouseButtonPress || form_.enabled)
         return QWidget::eventFilter(widget, event);
     desktop_.recallOpenWindow();
@@ -163,7 +163,7 @@ bool FormView::showTip(const QHelpEvent& event) {
         QToolTip::hideText();
         return false;
     }
-    // It stands as long as the pointer stays on the control.
+    // The tip stays while the pointer is on the control.
     QToolTip::showText(event.globalPos(), tipAt(event.pos()), this,
                        scale_.whole(told->boxOnForm()));
     return true;
@@ -174,7 +174,7 @@ bool FormView::event(QEvent* event) {
         event->setAccepted(showTip(static_cast<QHelpEvent&>(*event)));
         return true;
     }
-    // Another screen, another device pixel ratio: what was drawn is stale.
+    // On a screen with another device pixel ratio everything is drawn anew.
     if (event->type() == QEvent::ScreenChangeInternal) desktop_.frameSoon();
     return QWidget::event(event);
 }

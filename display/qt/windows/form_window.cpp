@@ -11,8 +11,8 @@ namespace display::qt {
 
 namespace {
 
-/// While a window manager puts its frame around a new window, the place that it reports wavers by
-/// the frame's width; a person takes longer to drag it anywhere.
+/// While the window manager adds its frame to a new window, the reported position changes by the
+/// frame's size. No user drags a window that soon after it is shown.
 constexpr qint64 kFraming = 400;
 
 }  // namespace
@@ -24,7 +24,7 @@ FormWindow::FormWindow(QtDesktop& desktop, Form& form)
 }
 
 Qt::WindowFlags FormWindow::wantedFlags() const {
-    // X is told of the window that a dialog belongs to, of no other kind's.
+    // On X only a dialog is tied to the window that it belongs to.
     Qt::WindowFlags flags = Qt::Dialog | Qt::CustomizeWindowHint;
     if (form_.caption.empty()) {
         flags |= Qt::FramelessWindowHint;
@@ -43,7 +43,7 @@ void FormWindow::placeFirst(const QWidget* over) {
     } else {
         box.moveTopLeft(desktop_.screenPoint(form_.left, form_.top));
     }
-    // Whole on the screen as far as it fits, its upper left corner in any case.
+    // The whole window is on the screen if it fits, its upper left corner in any case.
     box.moveRight(std::min(box.right(), room.right()));
     box.moveBottom(std::min(box.bottom(), room.bottom()));
     box.moveLeft(std::max(box.left(), room.left()));
@@ -64,7 +64,7 @@ void FormWindow::appear(const QWidget* over, const QWidget* above) {
     show();
     raise();
     activateWindow();
-    // Each time anew, wherever the keyboard was when the window closed.
+    // At each show, whatever had the focus when the window was closed.
     view_.focusFirst();
 }
 
@@ -89,14 +89,14 @@ void FormWindow::sync() {
 void FormWindow::moveEvent(QMoveEvent* event) {
     QWidget::moveEvent(event);
     if (placing_ || !isVisible() || shownSince_.elapsed() < kFraming) return;
-    // Rounding alone is no move of the window manager's.
+    // A difference by rounding alone does not count as a move.
     if (desktop_.screenPoint(form_.left, form_.top) == pos()) return;
     form_.left = desktop_.modelX(pos().x());
     form_.top = desktop_.modelY(pos().y());
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
-    // The form itself decides what its close does.
+    // The form decides what closing means.
     event->ignore();
     desktop_.hand().close(form_);
 }

@@ -9,20 +9,20 @@
 
 namespace display::qt {
 
-/// A form of its own on the screen, with the window manager's frame; without one if the form has
-/// no caption, as a splash. Its place and the model's left and top follow one another.
+/// The window of a form, with the window manager's frame; without a frame if the form has no
+/// caption, as a splash screen. Its position and the form's left and top follow each other.
 class FormWindow final : public QWidget {
  public:
     FormWindow(QtDesktop& desktop, Form& form);
 
     FormView& view() { return view_; }
-    /// Puts it where the model says, over the other window (or the middle of the screen) when the
-    /// model says nothing, and shows it, always above a second one.
+    /// Shows it at the position in the model; where the model has none, over `opener` or in the
+    /// middle of the screen. It stays above `above`.
     void appear(const QWidget* over, const QWidget* above);
-    /// Milliseconds since it was shown the last time.
+    /// Milliseconds since it was last shown.
     qint64 shownFor() const { return shownSince_.elapsed(); }
     void flash() { flash_.flash(); }
-    /// Takes over caption, place and frame after a change.
+    /// Reads caption, position and frame from the form after a change.
     void sync();
 
  protected:

@@ -18,10 +18,10 @@ namespace display::qt {
 
 namespace {
 
-/// The rack at its natural size, in twips.
+/// The size of the rack, in twips.
 constexpr QSizeF kRack(12000, 7000);
 
-/// Task bars of a usual height, in logical pixels.
+/// The usual height of task bars, in logical pixels.
 constexpr int kUntoldBars = 48;
 
 }  // namespace
@@ -91,7 +91,8 @@ void QtDesktop::settleFocus() {
         focus_.arrive(view ? view->widgetOf(*wanted) : nullptr);
     }
     focus_.settle();
-    // Where no control can take the keyboard, Enter, Escape and the help key still reach the form.
+    // Where no control can take the focus, the form's view takes it, so that Enter, Escape and the
+    // help key still work.
     if (QApplication::focusWidget() || !QApplication::activeWindow()) return;
     for (const Form* form : forms()) {
         FormView* view = form->visible ? viewOf(*form) : nullptr;
@@ -106,7 +107,8 @@ void QtDesktop::setClipboardText(std::string_view text) {
 }
 
 bool QtDesktop::spanish() const {
-    // Boxes speak as the dialogs do: of the languages of Spanish panels, Portuguese is not one.
+    // Message boxes use the language of the dialogs: Portuguese users have Spanish panels but
+    // English dialogs.
     constexpr int kSpanish = 10;
     return (languageId_ & 0x3ff) == kSpanish;
 }
@@ -122,7 +124,7 @@ QSize QtDesktop::rackSize() const {
 
 QRect QtDesktop::availableRoom() const {
     QRect room = QGuiApplication::primaryScreen()->availableGeometry();
-    // Such a system does not tell what its bars take either.
+    // Wayland does not tell the size of its task bars.
     if (systemMoves_) room.setHeight(room.height() - kUntoldBars);
     return room;
 }

@@ -29,22 +29,23 @@ class HelpWindow;
 class RackWindow;
 struct PageContent;
 
-/// The desktop on Qt 6 Widgets. One wake-up timer feeds the queue; raw input becomes calls of a
-/// Hand; once a frame the windows take over what is newer than what they drew.
+/// The desktop on Qt 6 Widgets. One timer wakes the queue; raw events become calls of a Hand; once
+/// a frame the windows repaint what changed.
 class QtDesktop : public Desktop {
  public:
-    /// Uses the application object if there is one, else owns it.
+    /// Uses the existing QApplication, or else owns one.
     QtDesktop(int& argc, char** argv);
     ~QtDesktop() override;
 
-    /// The forms that stand together in one window, the one that leads first. Before their show.
+    /// The forms that share the rack's window, the leading one first. Must be called before they
+    /// are shown.
     void rack(std::vector<Form*> forms);
 
-    /// Runs the start inside the desktop, then its events until the program ends or, without a
-    /// rack, the last window closes. Answers the exit status.
+    /// Calls `start`, then handles events until the program ends or, without a rack, until the last
+    /// window is closed. Returns the exit status.
     int run(const std::function<void()>& start = {});
 
-    // What forms ask; see Desktop.
+    // The interface for forms: see Desktop.
     Time now() const override;
     Date today() const override;
     std::string monthName(int month) const override;
@@ -79,55 +80,57 @@ class QtDesktop : public Desktop {
     void runModal(Form& form) override;
     void formMinimised(Form& form) override;
 
-    // What the windows and widgets ask.
+    // The interface for windows and widgets.
 
-    /// The person before the screen. What is posted is handled as soon as the event that brought
-    /// it has returned.
+    /// The user's input. Posted input is handled as soon as the current Qt event has returned.
     Hand& hand();
-    /// Handles posted input now, unless a handler runs.
+    /// Handles posted input now, unless a handler is running.
     void runInputNow();
-    /// One look at all windows, soon.
+    /// Requests that all windows repaint their changes soon.
     void frameSoon();
 
     /// One factor for all windows, at the first screen's device pixel ratio.
     const Scale& scale() const { return scale_; }
     QSize rackSize() const;
-    /// The screen less task bars, in logical pixels.
+    /// The screen without task bars, in logical pixels.
     QRect availableRoom() const;
-    /// The same less what the frame of the form's window takes.
+    /// The same without the space for the frame of the form's window.
     QRect roomFor(const Form& form) const;
     QPoint screenPoint(float leftTwips, float topTwips) const;
     float modelX(int px) const { return static_cast<float>(scale_.twips(px)); }
     float modelY(int px) const { return static_cast<float>(scale_.twips(px)); }
-    /// True where a program may not place windows: then a handle starts the system's own move.
+    /// True where a program may not place its windows (Wayland): a handle then starts the window
+    /// system's own move.
     bool systemMovesWindows() const { return systemMoves_; }
 
-    /// A place on the screen as one on a form, in twips from where the model says that it stands.
+    /// Converts a position on the screen to twips from the form's corner, by the form's position in
+    /// the model.
     QPointF pointOnForm(const Form& form, QPointF global) const;
 
-    /// True while keys show where the keyboard is.
+    /// True while focus rings are shown.
     bool keyboardUsed() const { return keyboard_->used(); }
 
-    /// A hand reaches for a form that waits for another window: that one comes up, and flashes.
+    /// Called for a click on a form that waits for another window: raises that window and makes it
+    /// flash.
     void recallOpenWindow();
 
-    /// The view of a form, or null when it was never shown; for tests and the printer.
+    /// The view of a form, or null if it was never shown.
     FormView* viewOf(const Form& form) const;
     RackWindow* rackWindow() const { return rack_.get(); }
 
  protected:
     void ending() override;
-    /// The desktop's default printer, made ready; null where there is none, with what is wrong.
+    /// The default printer, ready to print; null if there is none, and then `wrong` says why.
     virtual std::unique_ptr<QPrinter> readyPrinter(std::string& wrong) const;
 
  private:
     std::string printContent(const PageContent& content) const;
     static std::vector<const Form*> shownOf(const std::vector<const Form*>& forms);
 
-    /// What stands on the stack of the one thread.
+    /// What the thread is doing.
     enum class Phase { Idle, Handling, Modal, Box };
     enum class BoxKeys { Ok, OkAndCancel };
-    /// What runs now, and before: put back on every way out.
+    /// Sets the phase for a scope, and restores it on every way out.
     class PhaseScope {
      public:
         PhaseScope(QtDesktop& desktop, Phase phase) : desktop_(desktop), before_(desktop.phase_) {
@@ -154,8 +157,8 @@ class QtDesktop : public Desktop {
     FormWindow& windowOf(Form& form);
     const QWidget* opener() const;
     bool spanish() const;
-    /// What is said of a page that the printer refused, and whether it did so behind Qt's back:
-    /// empty when the page is on its way.
+    /// The message for a page that the printer refused; takenBy() returns it for a page that the
+    /// queue refused without Qt's notice, and an empty text for one that is on its way.
     std::string notTaken() const;
     std::string takenBy(const QPrinter& printer) const;
     BoxAnswer standBox(const MessageBox& box, BoxKeys keys);
@@ -179,7 +182,7 @@ class QtDesktop : public Desktop {
     bool systemMoves_ = false;
     int languageId_ = 0x0409;
     std::mt19937 generator_;
-    QString saveFolder_;  ///< where a file was written last
+    QString saveFolder_;  ///< the folder of the last saved file
 };
 
 }  // namespace display::qt

@@ -9,8 +9,8 @@ namespace display::qt {
 
 namespace {
 
-/// The short month of some languages ends in a stop; the masks of the panels bring their own
-/// marks.
+/// Some languages end short months with a full stop; the date masks of the panels have punctuation
+/// of their own.
 QString bare(QString word) {
     while (word.endsWith('.')) word.chop(1);
     return word;

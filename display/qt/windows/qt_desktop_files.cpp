@@ -22,7 +22,7 @@ QString firstFolder() {
     return QFileInfo(documents).isDir() ? documents : QDir::homePath();
 }
 
-/// What Qt's own dialog says in English.
+/// Translates the texts that Qt's dialog has in English.
 void sayInSpanish(QFileDialog& dialog) {
     dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Buscar en:"));
     dialog.setLabelText(QFileDialog::FileName, QStringLiteral("&Nombre:"));
@@ -40,8 +40,8 @@ const SaveQuestion::Kind& chosenKind(const SaveQuestion& question, const QFileDi
 
 }  // namespace
 
-/// The dialog answers with an ending that it was not asked for when one is typed; the name that
-/// becomes of it may be there already, which the dialog has not looked at.
+/// If the user types an ending that is not among the kinds, another one is appended; a file of the
+/// resulting name may exist without the dialog having asked about it.
 std::optional<std::string> QtDesktop::standSaveDialog(const SaveQuestion& question) {
     QFileDialog dialog(const_cast<QWidget*>(opener()), qText(question.title), saveFolder_);
     dialog.setObjectName(QStringLiteral("SaveDialog"));
@@ -83,7 +83,7 @@ std::optional<std::string> QtDesktop::askWhereToSave(const SaveQuestion& questio
 }
 
 std::string QtDesktop::writeFile(std::string_view path, std::string_view bytes) {
-    // Written beside the old file and put in its place when all of it has reached the disk.
+    // Written to a temporary file, which replaces the old one when all of it has reached the disk.
     QSaveFile file(qText(path));
     const auto size = static_cast<qint64>(bytes.size());
     if (file.open(QIODevice::WriteOnly) && file.write(bytes.data(), size) == size && file.commit())

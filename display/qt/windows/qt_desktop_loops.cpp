@@ -14,7 +14,7 @@ namespace display::qt {
 
 namespace {
 
-/// One frame for each heartbeat of 30 ms, with room for a late wake-up.
+/// One frame for each 30 ms tick of the panels, with tolerance for a late wake-up.
 constexpr Time kFrame = std::chrono::milliseconds(28);
 
 int wholeMilliseconds(Time time) {
@@ -56,7 +56,7 @@ void QtDesktop::runQueue() {
 }
 
 void QtDesktop::wake() {
-    // Inside a handler the queue lets through what it will when it is asked.
+    // While a handler runs, the queue delivers only what letEventsThrough() asks for.
     if (phase_ == Phase::Handling || ended()) return;
     try {
         runQueue();
@@ -119,13 +119,13 @@ void QtDesktop::letEventsThrough() {
     {
         PhaseScope handling(*this, Phase::Handling);
         frameIfDue();
-        // Before the rack measures, what a hand does waits; painting does not.
+        // Before the rack measures, user input waits; painting does not.
         QApplication::processEvents(queue().gateOpen() ? QEventLoop::AllEvents
                                                        : QEventLoop::ExcludeUserInputEvents);
     }
     queue().letThrough();
     if (ended()) throw ProgramEnded{};
-    // A wake-up that came meanwhile did nothing.
+    // A wake-up during the handler was ignored: set the timer again.
     wakeTimer_.start(0);
 }
 

@@ -13,7 +13,7 @@ namespace display::qt {
 
 namespace {
 
-/// A picture of pixels is so many times as sharp as the screen, as a document wants it.
+/// Raster pictures have this many times the resolution of the screen, for use in documents.
 constexpr qreal kSharpness = 2;
 
 QImage pixelsOf(const DrawingPicture& picture) {
@@ -53,7 +53,7 @@ std::string QtDesktop::pictureOf(Control& drawing, PictureFormat format) {
 
 void QtDesktop::setClipboardPicture(Control& drawing) {
     const DrawingPicture picture(drawing, scale_.px(1));
-    // Whoever pastes takes what it can show best.
+    // Both formats: the program that pastes takes the one it handles best.
     auto* both = new QMimeData;
     both->setImageData(pixelsOf(picture));
     both->setData(QStringLiteral("image/svg+xml"), svgOf(picture));

@@ -13,7 +13,7 @@
 namespace display::qt {
 
 std::unique_ptr<QPrinter> QtDesktop::readyPrinter(std::string& wrong) const {
-    // Before anything of Qt's: it would wait for a server that does not answer.
+    // Before Qt is asked for a printer: it would wait for a server that does not answer.
     if (askPrintSystem() == PrintSystem::Silent) {
         wrong = spanish() ? "El sistema de impresión de este equipo no responde."
                           : "The print system of this computer does not answer.";
@@ -72,7 +72,7 @@ Paper QtDesktop::paper() const {
     const QPrinterInfo chosen =
         askPrintSystem() == PrintSystem::Answers ? QPrinterInfo::defaultPrinter() : QPrinterInfo();
     if (chosen.isNull()) {
-        // What the country's shops sell.
+        // The usual paper of the user's country.
         const bool inches = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
         return inches ? kLetter : kA4;
     }

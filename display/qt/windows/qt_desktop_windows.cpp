@@ -17,7 +17,7 @@ FormWindow& QtDesktop::windowOf(Form& form) {
 }
 
 QRect QtDesktop::roomFor(const Form& form) const {
-    // What the frame takes beside and below a window that has one, before it is known.
+    // The assumed size of a window's frame, before the real one is known.
     constexpr int kFrameAcross = 8;
     constexpr int kFrameDown = 36;
     const QRect room = availableRoom();
@@ -52,8 +52,8 @@ void QtDesktop::formShown(Form& form) {
         focus_.opened(form);
         FormWindow& window = windowOf(form);
         const QWidget* over = opener() == &window ? nullptr : opener();
-        // Above the rack whatever window asked for it: that one may hide, and a click on the rack
-        // would bury this one.
+        // Always tied to the rack, not to the window that opened it: that one may be hidden, and
+        // then a click on the rack would cover this one.
         const bool rackStands = rack_ && rack_->isVisible();
         window.appear(over, rackStands ? rack_.get() : over);
     }
@@ -113,7 +113,7 @@ void QtDesktop::paintNow(const Form& form) {
     FormView* view = viewOf(form);
     if (!view || !view->window()->isVisible()) return;
     PhaseScope handling(*this, Phase::Handling);
-    // A window's first picture needs the window system's word that it stands.
+    // A window can only be painted once the window system has exposed it.
     constexpr qint64 kPatience = 150;
     QElapsedTimer waited;
     waited.start();

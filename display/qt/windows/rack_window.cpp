@@ -14,9 +14,9 @@ namespace display::qt {
 
 namespace {
 
-/// Longer than any window manager takes to fold a window.
+/// Longer than any window manager takes to minimise a window.
 constexpr int kFoldLimitMs = 1500;
-/// On X a window manager's word comes at once; if it is late all the same, no harm is done.
+/// On X the window manager reports at once; a late report does no harm.
 constexpr int kFoldLimitOnXMs = 500;
 
 }  // namespace
@@ -110,14 +110,14 @@ void RackWindow::placeViews() {
     if (newView_) orderTabs();
     newView_ = false;
     if (all.isEmpty()) return;
-    // Where the system alone places windows it has to know from the first how large this one gets,
-    // or the panels that come later hang over the edge of the screen.
+    // Where the window system places windows by itself, it must know from the first show how large
+    // this one will get; otherwise panels that are shown later hang over the edge of the screen.
     const QSize wanted =
         desktop_.systemMovesWindows() ? all.size().expandedTo(desktop_.rackSize()) : all.size();
     if (size() != wanted || minimumSize() != wanted) setFixedSize(wanted);
 }
 
-/// From the top of the rack to its foot, in whatever order the panels came up.
+/// From the top of the rack to its bottom, in whatever order the panels were shown.
 void RackWindow::orderTabs() {
     QWidget* before = nullptr;
     for (const FormView* view : views_) {
@@ -180,10 +180,11 @@ void RackWindow::back() {
     desktop_.hand().unfold(lead());
 }
 
-/// Where nothing folds windows the rack must not stay a strip of one panel.
+/// Without a window manager the rack must not stay folded to a strip of one panel.
 void RackWindow::comeBackIfNeverGone() {
     if (fold_ != Fold::Asked) return;
-    // X says what becomes of a window: this one stands on a screen without a window manager.
+    // On X the window manager reports the state of each window; if it reports nothing, there is no
+    // window manager.
     if (QGuiApplication::platformName() == QLatin1String("xcb")) {
         leaveBar();
     } else if (isActiveWindow()) {

@@ -11,9 +11,9 @@
 
 namespace display::qt {
 
-/// The panels of the rack as one native window without a frame: it moves, folds and closes as one.
-/// Each panel stands in it where the model says, measured from the first; the window is as high
-/// and wide as the shown ones need.
+/// The panels of the rack as one native window without a frame: they are moved, minimised and
+/// closed together. Each panel is placed in it as the model says, relative to the first; the window
+/// is as large as the visible panels need.
 class RackWindow final : public QWidget {
  public:
     RackWindow(QtDesktop& desktop, std::vector<Form*> forms);
@@ -22,15 +22,16 @@ class RackWindow final : public QWidget {
     FormView* viewOf(const Form& form) const;
     Form& lead() const { return *forms_.front(); }
 
-    /// Shows or hides what the model shows; takes over places and all that changed.
+    /// Shows or hides panels as the model says, and reads positions and all that changed.
     void sync();
     void fold();
-    /// The program ends: nothing of the rack stays on the screen.
+    /// Hides the rack when the program ends.
     void putAway();
-    /// What stands for the folded rack where nothing folds windows, or null.
+    /// The bar that stands in for the minimised rack where there is no window manager, or null.
     FoldBar* bar() const { return bar_.get(); }
     void forget(const Form& form);
-    /// A form came from its layout: it takes part in how far the rack was moved since.
+    /// Called when a form was loaded, so with its position from the layout: adds how far the rack
+    /// has been moved since.
     void joined(Form& form);
 
  protected:
@@ -42,8 +43,8 @@ class RackWindow final : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
  private:
-    /// How far a fold has come on the screen. A hand that is quicker than the window manager's
-    /// word may have the window back before anyone heard that it went.
+    /// The progress of minimising. A fast user may restore the window before the window manager has
+    /// reported that it was minimised.
     enum class Fold { None, Asked, Away, Bar };
     void away();
     void back();

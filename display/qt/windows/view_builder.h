@@ -17,9 +17,9 @@
 
 namespace display::qt {
 
-/// How one control comes to the screen: painted by the form's surface, as a widget of its own, or
-/// both (a key made of a picture is painted and takes its input through a widget that shows
-/// nothing but the focus).
+/// Creates the screen's side of one control: something painted on the form's surface, a widget of
+/// its own, or both (a picture key is painted, and its input goes through a widget that paints only
+/// the focus ring).
 class ViewBuilder final : public ControlVisitor {
  public:
     ViewBuilder(QtDesktop& desktop, QWidget& parent) : desktop_(desktop), parent_(parent) {}

@@ -9,7 +9,7 @@ namespace display::qt {
 
 namespace {
 
-/// Long enough to be seen, too short to be waited for.
+/// Long enough to be noticed, short enough not to be in the way.
 constexpr int kFlashMs = 350;
 constexpr int kFrameWidth = 4;
 

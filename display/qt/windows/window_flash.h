@@ -6,7 +6,8 @@
 
 namespace display::qt {
 
-/// An amber frame inside the edge of a window, for a moment: this is what waits for an answer.
+/// Flashes an amber frame inside the edge of a window, to point the user to the one that waits for
+/// an answer.
 class WindowFlash final : public QWidget {
  public:
     explicit WindowFlash(QWidget& window);
