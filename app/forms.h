@@ -56,7 +56,7 @@ class Forms {
     hmonitor::Form7 form7;
     hmonitor::Form_BandSCanner formBandSCanner;
     hmonitor::Form_PrintBandScan formPrintBandScan;
-    DayTables dayTables;  ///< of the log; it outlives the windows that show it
+    DayTables dayTables;  ///< the log's data, which outlive the windows that show them
     hmonitor::Form_D4A formD4A;
     hmonitor::Form15 form15;
     hmonitor::Form4 form4;

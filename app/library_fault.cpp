@@ -7,13 +7,13 @@ namespace hmonitor {
 
 namespace {
 
-/// The system's reason often begins with the file that the sentence has named already.
+/// The system's reason often begins with the file name, which the sentence already has.
 std::string reasonOf(const hm16::LoadResult& loaded) {
     const std::string named = loaded.file.string() + ": ";
     return loaded.reason.starts_with(named) ? loaded.reason.substr(named.size()) : loaded.reason;
 }
 
-/// The first few of them, and how many more: the sentence stands in a small window.
+/// Names the first few and the number of the others: the sentence must fit a small window.
 std::string namesOf(const hm16::LoadResult& loaded, const char* and_, const char* more) {
     constexpr std::size_t kNamed = 3;
     std::string names;

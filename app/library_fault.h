@@ -6,8 +6,8 @@
 
 namespace hmonitor {
 
-/// What was wrong with the driver library, one sentence a language with the whole path of the file;
-/// empty when it was loaded.
+/// The reason why no driver library was loaded, as one sentence in each language, with the whole
+/// path of the file; empty when it was loaded.
 LibraryFault libraryFault(const hm16::LoadResult& loaded);
 
 }  // namespace hmonitor

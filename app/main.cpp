@@ -17,8 +17,9 @@ namespace {
 
 using hmonitor::DriverLibrary;
 
-/// The library of the program's folder, or one that answers nothing: then the program offers to go
-/// on without a unit, and what was wrong goes to standard error.
+/// Loads the driver library of the program's folder. If that fails, the reason goes to standard
+/// error and a driver takes its place that answers nothing, so that the program offers the demo
+/// mode.
 std::unique_ptr<DriverLibrary> openDriver(const hm16::LoadResult& loaded) {
     if (loaded.library) {
         return std::make_unique<hmonitor::LoadedDriver>(
@@ -43,7 +44,7 @@ void sayTaken(display::Desktop& desktop) {
 int main(int argc, char** argv) {
     display::qt::QtDesktop desktop(argc, argv);
 
-    // The settings lie beside the program, wherever it was started from.
+    // The settings lie beside the program, whatever folder it was started from.
     const std::filesystem::path folder = QCoreApplication::applicationDirPath().toStdString();
     std::error_code notThere;
     std::filesystem::current_path(folder, notThere);

@@ -7,7 +7,7 @@
 
 namespace base {
 
-/// An open file of a POSIX system; closed in the end.
+/// An open file descriptor of a POSIX system, closed by the destructor.
 class Descriptor {
  public:
     explicit Descriptor(int fd = -1) : fd_(fd) {}

@@ -8,8 +8,8 @@
 
 #include "base/readings.h"
 
-// Every figure that the instrument measures, in one table: what it is called, its unit and range,
-// what is good, where it comes from and where the rack shows it. There is no second list.
+// The one table of all figures that the instrument measures: name, unit and range, good values,
+// source, and the places where the rack shows it.
 namespace figures {
 
 /// A text in both languages of the program. UTF-8.
@@ -18,18 +18,20 @@ struct Words {
     const char* english = "";
 };
 
-/// What becomes of many values when a longer span is summed up.
+/// How the values of a longer span are combined.
 enum class Kind {
     Peak,   ///< the highest
     Level,  ///< dB: the mean of the powers
     Mean,
-    Angle,  ///< an axis of period 180 degrees: mean of unit vectors of the doubled angle, halved
+    Angle,  ///< the mean of axes with a period of 180 degrees: that of unit vectors of the doubled
+            ///< angle, halved
     Share,
     Count,  ///< the sum
-    State   ///< the one that held longest
+    State   ///< the value that held longest
 };
 
-/// When a value says something, for libraries that do not tell.
+/// The condition under which a value counts as measured, for libraries that do not say it
+/// themselves.
 enum class Known {
     Always,
     NotZero,    ///< 0 stands for "nothing measured"
@@ -37,35 +39,35 @@ enum class Known {
     WithRds     ///< while the RDS level is over 0.3 percent
 };
 
-/// In which audio mode an output is this figure.
+/// The audio mode in which an output is this figure.
 enum class Mode { Any, LeftRight, SumDifference };
 
-/// What becomes of a figure at a moment. The numbers stand in files for ever, and are those of the
-/// C interface (drivers/hm16_more.h).
+/// The state of a figure at a moment. The numbers are stored in files, so they never change; they
+/// are those of the C interface (drivers/hm16_more.h).
 enum class State : std::uint8_t {
     Known = 0,
-    Settling = 1,      ///< behind a tuning or a gap, not long enough measured
-    NoCarrier = 2,     ///< no station, or not the subcarrier that the figure is about
+    Settling = 1,      ///< not measured long enough since a tuning or a gap
+    NoCarrier = 2,     ///< no station, or a station without the figure's subcarrier
     TooNoisy = 3,      ///< the noise hides it
     Multipath = 4,     ///< echoes hide it
-    NoPilot = 5,       ///< a figure of stereo, on a station without a pilot
+    NoPilot = 5,       ///< a stereo figure, on a station without a pilot
     Overload = 6,      ///< the unit's input is driven too hard
     Gap = 7,           ///< samples were lost or spoilt
-    UnitAway = 8,      ///< the unit has something else to do
-    Stale = 9,         ///< nothing new came
-    NotMeasured = 10,  ///< not by this unit, or not on this programme
-    OutOfRange = 11,   ///< came, but cannot be
-    TooSlow = 12       ///< the machine did not keep up
+    UnitAway = 8,      ///< the unit is doing something else
+    Stale = 9,         ///< no new readings arrived
+    NotMeasured = 10,  ///< this unit does not measure it, or not on this programme
+    OutOfRange = 11,   ///< the value is impossible
+    TooSlow = 12       ///< the computer was too slow
 };
 
-/// Where a value comes from.
+/// The source of a value.
 struct Source {
     Output output = nullptr;
-    float factor = 1;  ///< the output times this is the figure in its own unit
+    float factor = 1;  ///< factor from the output to the figure in its own unit
     Mode mode = Mode::Any;
 };
 
-/// Bounds in the figure's own unit; an infinite one is none.
+/// Bounds in the figure's own unit; infinite for no bound.
 struct Bounds {
     float lowest = -std::numeric_limits<float>::infinity();
     float highest = std::numeric_limits<float>::infinity();
@@ -76,22 +78,22 @@ struct Place {
     const char* form;
     const char* control;
     const char* unit;
-    float factor;  ///< the source's output times this is what is shown there
+    float factor;  ///< factor from the output to what is shown there
 };
 
 struct Figure {
-    const char* key;  ///< stable, ASCII: it stands in files for ever
+    const char* key;  ///< ASCII; stored in files, so it never changes
     Words name;
     const char* unit;
     Words definition;
-    const char* standard;  ///< that the definition or the bounds come from; "" for none
+    const char* standard;  ///< the standard that defines the figure or its bounds; "" for none
     Bounds range;          ///< both ends are finite
-    float step;            ///< to which a value is stored, in its unit
+    float step;            ///< the step in which a value is stored, in its unit
     Kind kind;
     Source source;
     Known known;
     Bounds good;
-    Words remark;  ///< what the bounds alone do not say; "" for nothing
+    Words remark;  ///< a remark beyond the bounds; "" for none
     std::span<const Place> shown;
 };
 
@@ -106,11 +108,11 @@ const Figure* find(std::string_view key);
 /// The figure in its own unit.
 float valueOf(const Figure& figure, const Readings& readings);
 
-/// Whether the figure is known by its rule for libraries that tell no states, and why it is not.
+/// The figure's state by its rule alone, for libraries that give no states.
 State knownWhen(const Figure& figure, const Readings& readings);
 
-/// What becomes of the figure when such a library says these readings in that audio mode: its rule,
-/// its range, and the end mark of a response run, which is no pilot.
+/// The figure's state when such a library gives these readings in that audio mode: by its rule, its
+/// range, and the end mark of a response run, which is no pilot.
 State stateOf(const Figure& figure, const Readings& readings, Mode mode);
 
 }  // namespace figures

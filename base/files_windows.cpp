@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What leftovers.cpp, read_file.cpp and rewrite_file.cpp do, on Windows. A file that is being
-// written is shared with nobody, so the system itself keeps it from being removed.
+// The Windows versions of leftovers.cpp, read_file.cpp and rewrite_file.cpp. A file that is being
+// written is opened without sharing, so the system keeps it from being removed.
 #include <windows.h>
 
 #include <algorithm>

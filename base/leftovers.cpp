@@ -13,7 +13,7 @@ namespace base {
 
 namespace {
 
-// Neither a link by such a name is followed nor a pipe waited for.
+// Neither follows a link of that name nor waits for a pipe.
 void removeLeftover(const std::filesystem::path& path) {
     const Descriptor file(::open(path.c_str(), O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
     if (!file || !takeWritingLock(file.get()) || isDeleted(file.get())) return;

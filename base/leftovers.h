@@ -7,27 +7,27 @@
 
 namespace base {
 
-/// How many names of its own a process has for files that it is writing.
+/// The number of temporary names that a process has for files that it is writing.
 inline constexpr int kMostLeftovers = 1000;
 
 /// The name of a file while it is written, ".hmonitor-PROCESS-NUMBER.rewrite".
 std::string leftoverName(long process, int number);
 
-/// Whether a file name is such a one. No pattern of the program's own files (*.dat, *.res, *.spc,
-/// *.log, *.3Ds, *.hm) matches it.
+/// Whether a file name is such a temporary name. No pattern of the program's own files (*.dat,
+/// *.res, *.spc, *.log, *.3Ds, *.hm) matches it.
 bool isLeftover(std::string_view fileName);
 
-/// Deletes what rewrites cut short have left in `folder`. What somebody is writing just now stays,
-/// be it another program or another thread.
+/// Deletes temporary files left in `folder` by interrupted rewrites, but none that is being written
+/// now, by this or another program or thread.
 void removeLeftovers(const std::filesystem::path& folder);
 
 #if !defined(_WIN32)
 
-/// Takes the lock that says that a file is being written; false when another has it. The system
-/// gives it back when its holder dies, however he died. Where a disk knows no locks nobody has one.
+/// Takes the lock that marks a file as being written; false if another process has it. The system
+/// releases it when its holder dies. On a disk without locks nobody has one.
 bool takeWritingLock(int fd);
 
-/// Whether an open file has lost its name.
+/// Whether an open file was deleted.
 bool isDeleted(int fd);
 
 #endif

@@ -6,7 +6,7 @@
 
 namespace base {
 
-/// What reading a file gave.
+/// The result of reading a file.
 struct FileBytes {
     std::string bytes;  ///< the whole file; empty when it could not be read
     int reason = 0;     ///< 0, or the `errno` value of what failed
@@ -14,8 +14,8 @@ struct FileBytes {
     explicit operator bool() const { return reason == 0; }
 };
 
-/// The whole of a plain file. Anything else is refused before it is read (EISDIR, EINVAL): a pipe
-/// by the name of a settings file would hold the program for good.
+/// Reads a regular file. Anything else is refused before it is read (EISDIR, EINVAL): a pipe named
+/// like a settings file would block the program for ever.
 FileBytes readFile(const std::filesystem::path& file);
 
 }  // namespace base

@@ -7,8 +7,8 @@
 
 namespace figures {
 
-/// One set of what a unit says, in the order and units of HM_Data, then of HM_DataRDS
-/// (drivers/hm16.h). A figure that is not known is 0.
+/// One set of readings, in the order and units of HM_Data, then of HM_DataRDS (drivers/hm16.h). A
+/// figure that is not known is 0.
 struct Readings {
     float peakModulation = 0;
     float levelFirst = 0;
@@ -34,8 +34,8 @@ struct Readings {
 
 using Output = float Readings::*;
 
-/// All of them in their order, for whoever treats them alike: the sixteen of HM_Data, then the two
-/// of HM_DataRDS.
+/// All readings in their order, for code that treats them alike: the sixteen of HM_Data, then the
+/// two of HM_DataRDS.
 inline constexpr std::array<Output, 18> kOutputs{
     &Readings::peakModulation,   &Readings::levelFirst,      &Readings::levelSecond,
     &Readings::stereoPhase,      &Readings::relativePower,   &Readings::pilotError,
@@ -45,11 +45,11 @@ inline constexpr std::array<Output, 18> kOutputs{
     &Readings::peaksPerMinute,   &Readings::rdsError,        &Readings::rdsLevel};
 static_assert(sizeof(Readings) == kOutputs.size() * sizeof(float), "each reading is listed");
 
-/// How many of them HM_Data gives.
+/// The number of readings from HM_Data.
 inline constexpr std::size_t kDataOutputs = 16;
 
-/// What pilot error and pilot level show when the tones of an armed response run have ended; only
-/// whole parts count.
+/// The pilot error and pilot level that signal the end of the tones in an armed response run; only
+/// their whole parts count.
 inline constexpr float kEndMarkError = 11583;
 inline constexpr float kEndMarkLevel = 18;
 inline bool showsEndMark(const Readings& readings) {

@@ -29,7 +29,7 @@ int failure(int result) {
     return result < 0 ? errno : 0;
 }
 
-// The new file while it stands beside the old one.
+// The temporary file beside the old one.
 class FileBeside {
  public:
     explicit FileBeside(fs::path folder) : folder_(std::move(folder)) {}
@@ -39,7 +39,7 @@ class FileBeside {
         if (lock_ && !renamed_) ::unlink(path_.c_str());
     }
 
-    // Nothing that stands there is opened: neither what others left nor where a link leads.
+    // Creates a new file only: an existing one, or the target of a link, is never opened.
     int open() {
         for (int number = 0; number < kMostLeftovers; ++number) {
             path_ = folder_ / leftoverName(::getpid(), number);
@@ -47,14 +47,15 @@ class FileBeside {
             file_.reset(::open(path_.c_str(), kFlags, 0666));
             if (!file_ && errno == EEXIST) continue;
             if (!file_) return errno;
-            // Whoever removes left-overs may have come between the two calls.
+            // Another process that removes left-overs may have deleted the file between the two
+            // calls.
             if (takeWritingLock(file_.get()) && !isDeleted(file_.get())) return holdLock();
         }
         return EEXIST;
     }
 
-    // The owner is put back as far as the system lets us: a run as administrator must not lock the
-    // user out of a settings file.
+    // Keeps the owner, if the system allows it: a run as administrator must not lock the user out
+    // of a settings file.
     int copyPermissions(const struct stat& old) {
         if (::fchown(file_.get(), old.st_uid, old.st_gid) != 0 && errno != EPERM) return errno;
         return failure(::fchmod(file_.get(), old.st_mode & 07777));
@@ -84,7 +85,7 @@ class FileBeside {
     bool renamed() const { return renamed_; }
 
  private:
-    // A second descriptor keeps the lock over the close until the file has its name.
+    // A second descriptor keeps the lock while the file is closed and renamed.
     int holdLock() {
         lock_.reset(::fcntl(file_.get(), F_DUPFD_CLOEXEC, 0));
         if (lock_) return 0;
@@ -116,7 +117,7 @@ int fill(FileBeside& beside, std::string_view bytes, const struct stat* old,
 int checkReplaceable(const fs::path& path, const struct stat& old) {
     if (S_ISDIR(old.st_mode)) return EISDIR;
     if (!S_ISREG(old.st_mode)) return EINVAL;
-    // A rename would pass over a file that its owner has made read-only.
+    // A rename would replace even a file that its owner has made read-only.
     return failure(::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS));
 }
 
@@ -126,7 +127,7 @@ bool holds(const fs::path& file, const struct stat& status, std::string_view byt
     return read && read.bytes == bytes;
 }
 
-// A link stays a link: the file that it leads to is replaced.
+// A symbolic link is kept: its target is replaced.
 fs::path behindLinks(const fs::path& target) {
     std::error_code none;
     const auto real = fs::canonical(target, none);
@@ -141,8 +142,8 @@ int replace(const fs::path& real, std::string_view bytes, const struct stat* old
     const auto rename = [&] { return beside.renameOver(real); };
     const int fault = watched(watcher, RewriteStep::Rename, rename);
     if (!beside.renamed()) return fault;
-    // From here on the new file stands, so nothing counts as a failed rewrite any more: without
-    // this last flush a power cut brings back the old file, whole.
+    // The new file is in place, so an error from here on is no failed rewrite: without this last
+    // flush a power cut may bring back the old file, whole.
     const Descriptor folderFile(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     (void)watched(watcher, RewriteStep::FlushFolder,
                   [&] { return failure(::fsync(folderFile.get())); });

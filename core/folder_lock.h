@@ -5,17 +5,17 @@
 
 namespace hmonitor {
 
-/// Holds a working folder for one run of the program: two runs would overwrite each other's
-/// settings. The system lets go of it when the process ends, however it ends; no file is left.
+/// Locks a working folder for one run of the program: two runs would overwrite each other's
+/// settings. The system releases the lock when the process ends, however it ends; no file is left.
 class FolderLock {
  public:
-    /// Tries to take `folder`, without waiting.
+    /// Tries to lock `folder`, without waiting.
     explicit FolderLock(const std::filesystem::path& folder);
     ~FolderLock();
     FolderLock(const FolderLock&) = delete;
     FolderLock& operator=(const FolderLock&) = delete;
 
-    /// Whether another run holds the folder. A folder on a file system without locks counts as
+    /// Whether another run has locked the folder. A folder on a file system without locks counts as
     /// free.
     bool isTakenByAnother() const { return isTaken_; }
 

@@ -10,9 +10,9 @@
 
 namespace hmonitor {
 
-/// The store of the sixteen memory presets, `halden.dat`: a block of 300 bytes of the code page
-/// with a record of 16 bytes for each memory. A shorter file reads as if blank behind and is
-/// written with 300; what stands behind 300 is kept.
+/// The sixteen memory presets, `halden.dat`: a block of 300 bytes of the code page with a record of
+/// 16 bytes for each memory. A shorter file is read as if it were filled with blanks, and written
+/// with 300 bytes; bytes after the 300th are kept.
 class MemoryBlock {
  public:
     static constexpr std::string_view kFileName = "halden.dat";
@@ -45,7 +45,7 @@ class MemoryBlock {
     const std::string& fileBytes() const { return fileBytes_; }
 
     std::optional<FileFault> write(const Files& files) const;
-    /// Brings the file back to `fileBytes`.
+    /// Writes `fileBytes` back to the file.
     std::optional<FileFault> restore(const Files& files) const;
 
  private:

@@ -11,7 +11,7 @@ ResponseSwitch ResponseSwitch::off() {
 }
 
 ResponseSwitch ResponseSwitch::armed(float pilotErrorHz, float pilotLevel) {
-    // The two figures are written by different rules; readers take their numbers alike.
+    // The two figures are written in different formats; both are read alike.
     return ResponseSwitch({"1", shortText(pilotErrorHz).str(), printText(pilotLevel).str()});
 }
 

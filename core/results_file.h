@@ -12,16 +12,16 @@
 
 namespace hmonitor {
 
-/// The results file of one frequency (`0985.dat`), 24 lines that the driver library keeps and the
-/// program only reads. A file that is missing, that cannot be read or that is cut is a normal
-/// case: what it does not have counts as not measured, line by line.
+/// The results file of one frequency (`0985.dat`), 24 lines that the driver library writes and the
+/// program only reads. It is normal that the file is missing, unreadable or cut short: each line
+/// that it lacks counts as not measured.
 class ResultsFile {
  public:
     static constexpr int kLines = 24;
 
-    /// Of a frequency in units of 100 kHz.
+    /// Reads the file of a frequency in units of 100 kHz.
     static ResultsFile read(const Files& files, double frequency);
-    /// By its name.
+    /// Reads the file of that name.
     static ResultsFile readNamed(const Files& files, std::string_view name);
 
     bool isThere() const { return isThere_; }

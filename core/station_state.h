@@ -7,8 +7,8 @@
 
 namespace hmonitor {
 
-/// What the forms share about the tuned station and what the panels are doing. Nearly all of it
-/// is text, numbers included, because forms compare it with words such as "si", "sisi" and "xx";
+/// The state that the forms share: the tuned station and what the panels are doing. Nearly all of
+/// it is text, numbers included, because forms compare it with words such as "si", "sisi" and "xx";
 /// it becomes a number (`valueOf`) where it is used. It lives as long as the program.
 struct StationState {
     SmallText HalfStep;         ///< "5" when tuned to a 50 kHz half step, else "0"

@@ -9,9 +9,9 @@ namespace hmonitor {
 
 enum class HalfStep { No, Yes };
 
-/// A frequency as a memory record has it: 3 or 4 digits in units of 100 kHz ("875", "1025"), or
-/// with a further "5" for a step of 50 kHz more ("8755", "10255"). The two are told apart by
-/// size, since the band ends at 1080: from 8755 on the last digit is the half step.
+/// A frequency in the form of a memory record: 3 or 4 digits in units of 100 kHz ("875", "1025"),
+/// or with a further "5" for 50 kHz more ("8755", "10255"). The two are told apart by size: the
+/// band ends at 1080, so from 8755 on the last digit is the half step.
 struct StoredFrequency {
     double frequency = 0;  ///< 100 kHz units, without the half step
     HalfStep half = HalfStep::No;

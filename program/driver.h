@@ -26,9 +26,8 @@ struct Sound {
     bool operator==(const Sound&) const = default;
 };
 
-/// A driver library, as the program calls it (drivers/hm16.h tells each function's meaning, units
-/// and legal state). Behind it stands a loaded library or a script; what neither of them has
-/// returns 0 and leaves its outputs alone.
+/// A driver library as the program calls it (drivers/hm16.h states meaning, units and legal state
+/// of each function). It is a loaded library, or a script in tests.
 class DriverLibrary {
  public:
     virtual ~DriverLibrary() = default;
@@ -58,14 +57,13 @@ class DriverLibrary {
     virtual std::int32_t HM_getHardwareVersion(float& /*version*/) { return 0; }
     virtual std::int32_t HM_getDriverVersion(float& /*version*/) { return 0; }
 
-    /// Beyond the nineteen functions (drivers/hm16_more.h): nothing where a library does not have
-    /// it.
+    /// Functions beyond the nineteen (drivers/hm16_more.h); null in a library that lacks them.
     virtual std::optional<Sound> sound() { return std::nullopt; }
     virtual void setSound(int /*volume*/, bool /*muted*/) {}
 };
 
-/// Stands in where no library could be loaded: the hardware version stays 0, and the demo offer
-/// comes up.
+/// Takes the place of a library that could not be loaded: every call returns 0 and leaves its
+/// outputs alone, so that the hardware version stays 0 and the demo mode is offered.
 class NoLibrary final : public DriverLibrary {};
 
 }  // namespace hmonitor

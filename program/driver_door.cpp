@@ -16,7 +16,7 @@ bool canBe(float said, float limit) {
     return std::isfinite(said) && std::fabs(said) <= limit;
 }
 
-/// What the unit said if it can be a reading, the last good value otherwise.
+/// The unit's value if it is a possible reading, otherwise the last good one.
 float checked(float said, float lastGood, float limit) {
     return canBe(said, limit) ? said : lastGood;
 }

@@ -37,16 +37,17 @@ class DriverDoor {
     std::int32_t HM_RespFrecuencia(ResponsePairs& pairs) {
         return library_.HM_RespFrecuencia(pairs);
     }
-    /// 0 when no unit answers, or when what it answers is no version.
+    /// 0 when no unit answers, or when the answer is no version number.
     std::int32_t HM_getHardwareVersion(float& version);
     std::int32_t HM_getDriverVersion(float& version);
 
-    /// The tuned station's sound; nothing where the library does not play it.
+    /// The sound of the tuned station; null where the library does not play it.
     std::optional<Sound> sound() { return library_.sound(); }
     void setSound(int volume, bool muted) { library_.setSound(volume, muted); }
 
-    /// Seconds for which the readings of the tuned station have stood still, once that is no
-    /// measuring any more; 0 while they live, on an empty channel, and while the unit is away.
+    /// Seconds since the readings of the tuned station last changed, if that is so long that the
+    /// unit cannot be measuring; 0 while they change, on an empty channel, and while the unit does
+    /// something else.
     int staleSeconds() const { return still_.staleSeconds(desktop_.now()); }
 
     /// What the unit says now, as it was last asked, and what becomes of each figure.
@@ -55,7 +56,7 @@ class DriverDoor {
     /// Who hears what passes from here on; null for nobody. It outlives the door, or leaves.
     void listener(DoorListener* its) { listener_ = its; }
 
-    /// Largest size of a reading, either sign.
+    /// The largest possible magnitude of outputs 1 to 16.
     static float limitOf(figures::Output output);
 
  private:

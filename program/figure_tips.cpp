@@ -20,7 +20,7 @@ std::string_view wordOf(Language language, const figures::Words& words) {
     return language == Language::Spanish ? words.spanish : words.english;
 }
 
-/// A number of the table as it stands at a place, without the noise of the conversion.
+/// A number of the table in the unit of a place, without the rounding noise of the conversion.
 std::string numberAt(float value, float factor) {
     const double there = static_cast<double>(value) * factor;
     if (std::fabs(there) >= 100) return wholeText(toWhole(there)).str();
@@ -73,8 +73,8 @@ struct Shown {
     const Place* place;
 };
 
-/// Every text that was made, for the run: tool tips are kept as plain pointers. One text for each
-/// set of figures that stand together.
+/// All texts that were composed, kept for the whole run, since tool tips are plain pointers.
+/// Figures that are shown together share one text.
 display::Words tipOf(const std::vector<Shown>& together) {
     struct Tip {
         std::string spanish, english;

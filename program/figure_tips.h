@@ -8,13 +8,13 @@
 
 namespace hmonitor {
 
-/// What a tool tip says of a figure at one place of the rack: what it is, its unit and range there,
-/// and what is good.
+/// The tool tip of a figure at one place of the rack: what it is, its unit and range there, and
+/// which values are good.
 std::string figureTip(const figures::Figure& figure, const figures::Place& place,
                       display::Language language);
 
-/// Gives each control of the form that shows a figure its tool tip, and the well around it one of
-/// all that stands in it.
+/// Sets the tool tip of each control of the form that shows a figure, and of the well around it a
+/// tip with all figures in it.
 void tellFigures(display::Form& form);
 
 }  // namespace hmonitor

@@ -5,7 +5,7 @@ namespace hmonitor {
 
 namespace {
 
-/// However a frame's work ends, the next one is worked on.
+/// Also when the work on a frame ends by an exception, the next frame is processed.
 class InWork {
  public:
     explicit InWork(bool& flag) : flag_(flag) { flag_ = true; }

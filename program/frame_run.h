@@ -7,31 +7,31 @@
 
 namespace hmonitor {
 
-/// Hands the levels of a round out of what the unit has swept so far.
+/// Gives the sink the levels of a round, from what the unit has swept so far.
 void readSwept(DriverDoor& driver, LevelSink& sink);
 
-/// A run by sweep frames: the unit sweeps by itself, and at each tick of a clock the run looks
-/// whether a frame has come. It never holds the thread.
+/// A run on a unit that sweeps by itself: at each tick of a timer the run checks whether a new
+/// frame has arrived. It never holds the thread.
 class FrameRun {
  public:
     FrameRun(Program& program, display::Timer& clock, LevelSink& sink)
         : program_(program), clock_(clock), sink_(sink) {}
 
-    /// The unit sweeps from there up to there (100 kHz units) in steps (kHz, 0 for its own), and
-    /// frames are looked for.
+    /// Starts a sweep over a range (units of 100 kHz) in steps (kHz, 0 for the unit's own), and the
+    /// checks for frames.
     void start(float from, float to, int stepKhz);
-    /// The next part of the same run.
+    /// Starts the next part of the same run.
     void ask(float from, float to, int stepKhz);
-    /// Halts the unit in the middle of a frame. The run goes on: without a new word no frame would
-    /// ever come, so the next look asks for the same one again.
+    /// Stops the unit in the middle of a frame, but not the run. Since no frame would come then,
+    /// the next check starts the same sweep again.
     void halt();
-    /// No frame is looked for any more. The unit still sweeps.
+    /// Ends the checks for frames. The unit still sweeps.
     void stop() { clock_.enabled = false; }
 
     bool running() const { return clock_.enabled; }
-    /// A frame is being worked on.
+    /// True while a frame is being processed.
     bool inWork() const { return inWork_; }
-    /// What the clock's tick does.
+    /// Called at each tick of the timer.
     void look();
 
  private:

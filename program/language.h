@@ -10,7 +10,7 @@ namespace hmonitor {
 inline constexpr int kSpanishId = 10;
 inline constexpr int kPortugueseId = 22;
 
-/// The primary language of a language identifier: what remains of its whole 1024s.
+/// The primary language: the language identifier modulo 1024.
 constexpr int primaryLanguage(int languageId) {
     return languageId - languageId / 1024 * 1024;
 }
@@ -22,8 +22,8 @@ constexpr display::Language panelLanguage(int languageId) {
                                                              : display::Language::English;
 }
 
-/// The dialogs are Spanish on Spanish systems alone: a Portuguese one has Spanish panels and
-/// English dialogs, which is wanted.
+/// The dialogs are Spanish on Spanish systems alone. That a Portuguese system has Spanish panels
+/// and English dialogs is intended.
 constexpr display::Language dialogLanguage(int languageId) {
     return primaryLanguage(languageId) == kSpanishId ? display::Language::Spanish
                                                      : display::Language::English;

@@ -3,8 +3,8 @@
 
 namespace hmonitor {
 
-/// Where a run measures and where its levels go. One sink serves both kinds of unit: a round is
-/// measured point by point, or read out of a sweep's frame.
+/// Says at which frequencies a run measures, and receives the levels. The same sink serves both
+/// kinds of unit: a round is measured point by point, or read from a sweep's frame.
 class LevelSink {
  public:
     virtual ~LevelSink() = default;
@@ -12,19 +12,19 @@ class LevelSink {
     /// A round goes from the first index to the last, both included.
     virtual int first() const = 0;
     virtual int last() const = 0;
-    /// Of an index, 100 kHz units.
+    /// The frequency of an index, in units of 100 kHz.
     virtual float frequency(int index) const = 0;
 
-    /// A round begins: a frame has come, or the first point of many rounds is next.
+    /// A round begins: a frame has arrived, or the first point of the next round follows.
     virtual void roundBegins() {}
-    /// Before each level. Answers the level that stands if the unit gives none that can be one:
-    /// the last of the round, unless the sink knows better.
+    /// Called before each level. Returns the level to use if the unit gives no possible one: by
+    /// default the previous level of the round.
     virtual float before(int /*index*/, float lastLevel) { return lastLevel; }
     /// dB, as the unit gives it.
     virtual void take(int index, float level) = 0;
-    /// The unit refused to measure that point: the run ends with it.
+    /// The unit refused to measure that point, and the run ends.
     virtual void refused(int /*index*/) {}
-    /// All levels of the round were taken.
+    /// The round is complete.
     virtual void roundEnds() {}
 };
 

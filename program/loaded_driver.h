@@ -11,7 +11,7 @@ namespace hmonitor {
 /// A driver library that was loaded at run time. The functions must outlive it.
 class LoadedDriver final : public DriverLibrary {
  public:
-    /// With the library's HM16_Extension, null where it has none.
+    /// `extension` is the library's HM16_Extension, null where it has none.
     explicit LoadedDriver(const HM16_Functions& functions,
                           HM16_ExtensionFunction extension = nullptr)
         : call_(functions) {

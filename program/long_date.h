@@ -8,8 +8,8 @@
 
 namespace hmonitor {
 
-/// Today's date as pages head it, in the words of the user's language: weekday, day of the month,
-/// comma, month, year ("Monday 4, May 2026").
+/// Today's date for the head of pages, in the user's language: weekday, day of the month, comma,
+/// month, year ("Monday 4, May 2026").
 inline std::string longDate(const display::Desktop& desktop) {
     const display::Date today = desktop.today();
     return desktop.weekdayName(today.weekday) + " " + shortText(today.day).str() + ", " +

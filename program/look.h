@@ -9,11 +9,11 @@ namespace hmonitor::look {
 
 inline constexpr float kRackWidth = 12000;
 inline constexpr float kMargin = 360;
-/// The strip at the top of a window by which it is moved.
+/// The strip at the top of a window, by which it is moved.
 inline constexpr float kTitleStrip = 460;
 inline constexpr float kWindowMargin = 150;
 inline constexpr float kKeyHeight = 420;
-/// Where a title ends that leaves room for a note beside it.
+/// The right end of a title that leaves room for a note beside it.
 inline constexpr float kTitleWithNote = 3300;
 
 inline constexpr display::Font kCaption{120, display::Weight::Normal};
@@ -28,12 +28,12 @@ inline constexpr display::Font kDialog{140, display::Weight::Normal};
 inline constexpr display::Colour kCaptionColour{0xb8aca4};
 inline constexpr display::Colour kScaleColour{0xd8d0cc};
 inline constexpr display::Colour kUnitColour{0xa89c94};
-/// Bars of charts, and the words over them.
+/// The bars of charts, and the texts above them.
 inline constexpr display::Colour kSeriesRed{0x4444f4};
 inline constexpr display::Colour kSeriesBlue{0xe4b064};
-/// What a person should notice.
+/// The colour of warnings.
 inline constexpr display::Colour kNoticeColour{0x0aa5f5};
-/// The dark of unlit segments and needles' wells.
+/// The colour of unlit segments and of the wells of needles.
 inline constexpr display::Colour kUnlit{0x1d1c20};
 
 /// The title in the strip of a window of that width.
@@ -41,9 +41,9 @@ constexpr display::Box titleBox(float windowWidth) {
     return {240, 120, windowWidth - 480, 260};
 }
 
-// What stands in rows of layouts.
+// Names for what rows of layouts contain.
 inline constexpr display::TextStyle kCaptionText{kCaption, kCaptionColour};
-/// Words beside a control.
+/// The text beside a control.
 inline constexpr display::TextStyle kPlainText{kCaption, kScaleColour};
 inline constexpr display::TextStyle kHeadingText{
     {105, display::Weight::Normal, true}, kCaptionColour, display::Align::Right};
@@ -53,7 +53,7 @@ inline constexpr display::TextStyle kTitleText{kTitle, kScaleColour};
 inline constexpr display::TextStyle kDialogText{kDialog};
 inline constexpr display::TextStyle kReadoutText{kReadout, display::kCyan, display::Align::Right};
 inline constexpr display::TextStyle kSmallReadoutText{kSmallReadout, display::kCyan};
-/// What a window has to say of its run, beside its title.
+/// The note of a window about its run, beside the title.
 inline constexpr display::TextStyle kNoteText{kCaption, {0x4ac2ff}, display::Align::Right};
 
 }  // namespace hmonitor::look

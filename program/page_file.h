@@ -10,23 +10,23 @@
 
 namespace hmonitor {
 
-/// What the key beside Print is called and says.
+/// Caption and tool tip of the key beside Print.
 inline constexpr const char* kPdfCaption = "PDF";
 inline constexpr display::Words kPdfTip{"Guarda la misma página como archivo PDF",
                                         "Saves the same page as a PDF file"};
 
-/// How a page is named that goes to a file: whose it is (see stationLine), and its title.
+/// The proposed file name of a page: station and date (see stationLine), and the page's title.
 struct PageName {
     std::string station;
     std::string_view title;
 };
 
-/// A page as a file: asks for a place, proposing the name, and writes there what `pdf` gives, which
-/// is asked for then alone. Changes nothing of the program; what goes wrong is told in a box.
+/// Saves a page as a PDF: asks for the file name and then writes the bytes that `pdf` returns,
+/// which is called only now. A fault is shown in a message box.
 void savePageAsPdf(Program& program, display::Language language, const PageName& name,
                    const std::function<std::string()>& pdf);
 
-/// Dresses the key that does it.
+/// Sets the look of the key that does it.
 void likePdfKey(display::Key& key);
 
 }  // namespace hmonitor

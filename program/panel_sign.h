@@ -9,12 +9,13 @@
 
 namespace hmonitor {
 
-/// What the head of a rack panel says about the figures below it: nothing while they live, "DEMO"
-/// where they are made up, "NO DATA" with the seconds when the unit says nothing new. Then veils
-/// dim the wells that are measured.
+/// A sign in the head of a rack panel about the figures below it: nothing while they are live,
+/// "DEMO" where they are simulated, "NO DATA" with the seconds while the unit sends nothing new;
+/// veils then dim the wells of measured figures.
 class PanelSign {
  public:
-    /// With a veil for each of that many wells. Declared behind all other controls: it lies above.
+    /// With this number of veils. Must be declared after all other controls, since it lies above
+    /// them.
     PanelSign(display::Form& form, int wells);
 
     enum class Figures { Live, Stale };

@@ -8,8 +8,8 @@
 
 namespace hmonitor {
 
-/// A run that measures point by point: it holds the thread until its end. Each level lets events
-/// through once, and there the run hears the controls that it was given.
+/// A run that measures point by point and holds the thread until its end. Each measurement lets
+/// events through once; the controls given to the run get their input then.
 class PointRun {
  public:
     PointRun(Program& program, const UnitLease& lease, std::vector<const display::Control*> heard)
@@ -17,14 +17,15 @@ class PointRun {
 
     enum class End { Done, Stopped, UnitFailed };
 
-    /// One round, up to a stop, which is heard before each point. `standing` is the level that
-    /// stands before the first (see LevelSink::before). The sink's rounds are not announced.
+    /// Measures one round, until it is stopped; a stop is noticed before the next point. `standing`
+    /// is the level to use before the first one (see LevelSink::before). The sink is not told of
+    /// the round's begin.
     End measure(LevelSink& sink, float standing = 0);
-    /// Round after round, each announced, until it is stopped or the unit fails. A round in which
-    /// the stop came does not end.
+    /// Measures round after round, telling the sink of each, until it is stopped or the unit fails.
+    /// A stopped round does not end.
     End measureOnAndOn(LevelSink& sink);
 
-    /// For what the run hears while it measures; each start forgets it.
+    /// Called by the controls of the run; each start clears it.
     void stop() { stopped_ = true; }
     bool running() const { return running_; }
 

@@ -15,7 +15,7 @@ namespace hmonitor {
 class Files;
 class Tuner;
 
-// The forms of the program. Who calls one includes its header in a .cpp.
+// The forms of the program. A .cpp that calls one includes its header.
 class Form_WaitLoad;
 class FormModoDemo;
 class Form3;
@@ -56,7 +56,7 @@ struct Program {
     ProgramWords words;
     hmonitor::LibraryFault LibraryFault;
     UnitInUse unitInUse;
-    /// Every tuning goes through it.
+    /// Does every tuning.
     hmonitor::Tuner* tuner = nullptr;
 
     Slot<hmonitor::Form_WaitLoad> Form_WaitLoad;

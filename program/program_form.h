@@ -8,7 +8,7 @@
 
 namespace hmonitor {
 
-/// A form of the program: it reaches the others, the driver and the shared state.
+/// Base of the program's forms, with access to the other forms, the driver and the shared state.
 class ProgramForm : public display::Form {
  public:
     ProgramForm(Program& itsProgram, std::string itsName)
@@ -18,35 +18,36 @@ class ProgramForm : public display::Form {
           StationState(itsProgram.StationState) {}
 
  protected:
-    /// A window of that size in twips, with its caption and its faceplate.
+    /// Lays out a window of that size in twips, with its caption and its faceplate.
     void layWindow(float itsWidth, float itsHeight, std::string_view itsCaption,
                    display::Panel& faceplate);
-    /// The strip at its top by which it is moved.
+    /// Lays out the strip at its top, by which it is moved.
     void layStrip(display::Panel& strip);
-    /// The strip with its title, and the note of its run.
+    /// Lays out the strip with a title and, if given, a note about the window's run.
     void layTitle(display::Panel& strip, display::Label& title, std::string_view words,
                   display::Label* note = nullptr);
-    /// A panel of the rack, speaking the language of the panels, with its heading at the right.
+    /// Lays out a panel of the rack, in the language of the panels, with its heading at the right.
     void layPanel(float itsHeight, display::Panel& faceplate, display::Label& heading, float down,
                   const display::Words& words);
 
-    /// Places the seven lines of a digit in a box of the panel, all in the dark colour.
+    /// Lays out the seven lines of a digit in a box of the panel, all in the unlit colour.
     void placeDigit(SegmentDigit& digit, const display::Box& box, display::Panel* in,
                     display::Colour dark);
 
-    /// Places a panel's sign in its head, that far down, and its veils over the wells.
+    /// Lays out a panel's sign in its head, at that distance from the top, and its veils over the
+    /// wells.
     void placeSign(PanelSign& sign, float down, std::initializer_list<const display::Panel*> wells);
 
-    /// The tool tip of a key that does nothing without a unit says so.
+    /// Adds to the tool tip of a key that it does nothing in demo mode.
     void tellIdleInDemo(display::Control& key) const;
 
-    /// A key of two pictures: the pressed one while it is held, the other when it comes up; acts
-    /// when it comes up on the key.
+    /// Binds a key with two pictures: it shows `pressed` while it is held, and acts when it is
+    /// released on the key.
     static void bindKey(display::Picture& key, const char* atRest, const char* pressed,
                         display::Event act);
 
-    /// The handle by which a window is moved: while a button is down, the pointer's difference to
-    /// where it went down is added to each form's position.
+    /// Binds a handle: while the button is down, the forms move by the distance of the pointer from
+    /// where it was pressed.
     void bindHandle(display::MouseEvent& down, display::MouseEvent& move,
                     std::vector<display::Form*> moved);
     /// The same for the rack: its four panels move as one.

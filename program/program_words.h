@@ -17,7 +17,7 @@ struct ProgramWords {
     float gHardwareVersion = 0;  ///< 0 means that no unit answered
 };
 
-/// What was wrong with the driver library, in one sentence with its file; empty for nothing.
+/// Why no driver library was loaded, as one sentence with its file; empty if it was.
 struct LibraryFault {
     std::string spanish;
     std::string english;

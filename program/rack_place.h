@@ -6,14 +6,15 @@
 
 namespace hmonitor {
 
-/// Puts a window beside the rack, its top level with the rack's: it never covers the tuning keys.
+/// Places a window beside the rack, at the height of its top, so that it does not cover the tuning
+/// keys.
 void placeBesideRack(display::Form& window, const Program& program);
 
-/// True when the window, as it was put beside the rack, stands whole on the screen: what does not
-/// fit there is moved back over the rack. Where nobody tells of the screen nothing fits.
+/// True when a window placed beside the rack fits the screen there; otherwise the desktop moves it
+/// over the rack. False where the size of the screen is unknown.
 bool hidesNothingOfTheRack(const display::Form& window, const Program& program);
 
-/// Puts a window over the middle of the rack, which waits behind it.
+/// Places a window over the middle of the rack, for a dialog.
 void placeOverRack(display::Form& window, const Program& program);
 
 }  // namespace hmonitor

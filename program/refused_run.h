@@ -8,7 +8,7 @@
 
 namespace hmonitor {
 
-/// What a window says of a run that the unit refused to go on with, at that frequency in units of
+/// The note of a window that the unit refused to go on with a run, at that frequency in units of
 /// 100 kHz.
 inline std::string refusedRun(display::Language language, float tenths) {
     const std::string mhz = shortText(tenths / 10).str();

@@ -9,22 +9,23 @@
 
 namespace hmonitor {
 
-/// Says the fault in one message box and ends the program: nothing is overwritten, nothing is half
-/// done, and the driver is not called again.
+/// Shows the fault in a message box and ends the program: nothing is overwritten, nothing is left
+/// half done, and the driver is not called again.
 [[noreturn]] void endWithFault(display::Desktop& desktop, const FileFault& fault);
 
-/// What a file gave that the program takes for granted; without it the program ends.
+/// The content of a file that the program cannot do without; if it could not be read, the program
+/// ends.
 template <class T>
 T require(display::Desktop& desktop, FileResult<T> result) {
     if (!result) endWithFault(desktop, result.fault());
     return std::move(*result);
 }
 
-/// After a settings file was read and rewritten: a file that could not be read ends the program, a
-/// write that failed is told and the handler goes on.
+/// For a settings file that was read and rewritten: if it could not be read, the program ends; if
+/// it could not be written, a message box says so and the handler goes on.
 void report(display::Desktop& desktop, const std::optional<FileFault>& fault);
 
-/// A rewrite that failed is one sentence with the file and the reason; the handler goes on.
+/// Shows a failed rewrite in a message box; the handler goes on.
 void warn(display::Desktop& desktop, const std::optional<FileFault>& fault);
 
 }  // namespace hmonitor

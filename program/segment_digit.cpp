@@ -28,7 +28,7 @@ constexpr std::array<unsigned, 10> kLit = {
     bits({1, 3, 4, 5}),
     bits({1, 2, 3, 5, 6}),
     bits({0, 1, 2, 3, 5, 6}),
-    bits({1, 3, 4, 6}),  // with the upper left segment: the instrument's own 7
+    bits({1, 3, 4, 6}),  // a 7 with the upper left segment, as the instrument draws it
     bits({0, 1, 2, 3, 4, 5, 6}),
     bits({1, 2, 3, 4, 5, 6}),
 };
@@ -77,7 +77,7 @@ std::array<Box, 7> SegmentDigit::strokes(const Box& box) {
     const float top = box.top;
     const float middle = box.top + box.height / 2;
     const float bottom = box.bottom();
-    // Each box holds the two ends: (left, top) and (left + width, top + height).
+    // The two ends of each segment: (left, top) and (left + width, top + height).
     auto ends = [](float x1, float y1, float x2, float y2) {
         return Box{x1, y1, x2 - x1, y2 - y1};
     };

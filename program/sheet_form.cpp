@@ -24,11 +24,11 @@ void SheetForm::onLoad() {
 }
 
 void SheetForm::open() {
-    // It may be loaded by the first tuning, before the rack has its place; and it has to have its
-    // own before it is shown, so that the desktop can bring it whole onto the screen.
+    // The page may be loaded by the first tuning, before the rack has its position; and it needs a
+    // position before it is shown, so that the desktop can move it onto the screen.
     if (!placed_) placeOverRack(*this, program);
     placed_ = true;
-    // One that stands behind the window that asks for it comes up.
+    // A page that is covered by the window that asks for it is raised.
     hide();
     show();
 }
@@ -52,7 +52,7 @@ void SheetForm::print() {
     hide();
     Text2.text = Text1.text.get();
     dress(For::Paper);
-    // Without a printer there is no page and no message.
+    // Without a printer nothing is printed and nothing is said.
     const bool printed = desktop().printSheet(Sheet).empty();
     dress(For::Screen);
     if (!printed) unprintedComment_ = Text1.text.get();

@@ -9,14 +9,14 @@
 
 namespace hmonitor {
 
-/// A page that looks like a sheet of paper: head, date, what was measured, and a comment that the
-/// user types below it. "Print" prints the sheet without the window around it and unloads the
-/// form; "Cancel" hides it, and the comment stays.
+/// A window that looks like a sheet of paper: head, date, what was measured, and a comment that the
+/// user types below it. "Print" prints the sheet alone and unloads the form; "Cancel" hides the
+/// form and keeps the comment.
 class SheetForm : public ProgramForm {
  public:
     void closeRequested() override { SSCommand1.press(); }
 
-    /// Shows it, above the window that asks for it.
+    /// Shows it above the window that asks for it.
     void open();
 
     display::Panel Faceplate{*this, "Faceplate"};
@@ -41,32 +41,33 @@ class SheetForm : public ProgramForm {
     void onLoad() override;
 
     enum class For { Paper, Screen };
-    /// Makes the page ready for the paper, or puts it back as it stands on the screen.
+    /// Prepares the page for printing, or puts it back for the screen.
     virtual void dress(For what) = 0;
 
     bool firstBrand() const { return program.words.gBrand == "Marvenia"; }
 
-    /// Window, sheet and what all pages have, around a sheet of that size in twips.
+    /// Lays out the window, the sheet of that size in twips, and what all pages have.
     void layOutSheet(float sheetWidth, float sheetHeight, const char* title);
     /// The heading at the upper left of the sheet.
     void placeHeading(display::Label& heading, const char* words);
 
-    /// From the sheet's edge to what stands on it, and below the rule under its head.
+    /// The distance from the sheet's edge to its contents, and the gap below the rule under its
+    /// head.
     static constexpr float kSheetMargin = 360;
     static constexpr float kSheetBody = 1240;
-    /// What comment and foot line take at the sheet's foot.
+    /// The height of comment and foot line at the bottom of the sheet.
     static constexpr float kSheetFoot = 1120;
 
  private:
     void print();
     void savePdf();
-    /// The sheet as Print would print it now; nothing of the page is changed behind it.
+    /// The sheet as Print would print it now; the page itself is not changed.
     std::string pdf();
     void layOutFoot(float keyTop);
 
-    /// The comment of a page that did not reach the printer: it comes back with the next load.
+    /// The comment of a page that was not printed: the next load brings it back.
     std::string unprintedComment_;
-    bool placed_ = false;  ///< has stood on the screen; from then on its place is the user's
+    bool placed_ = false;  ///< was shown before; from then on the user decides its position
 };
 
 }  // namespace hmonitor

@@ -12,7 +12,7 @@ namespace {
 constexpr float kLogoWidth = 2500;
 constexpr float kLogoHeight = 420;
 constexpr float kFootStrip = look::kKeyHeight + 2 * look::kWindowMargin;
-/// A comment of so many characters has room on the paper.
+/// The longest comment that fits on the paper, in characters.
 constexpr int kLongestComment = 500;
 constexpr Colour kPencil{0x605850};
 
@@ -51,7 +51,7 @@ void SheetForm::placeHeading(Label& heading, const char* words) {
 
 void SheetForm::layOutFoot(float keyTop) {
     constexpr float kKeyWidth = 1250;
-    // Between the comment and the two keys stands a third, narrower one.
+    // Between the comment and the two keys is a third, narrower one.
     constexpr float kThirdKey = 950;
     const float cancelLeft = width - look::kWindowMargin - kKeyWidth;
     const float printLeft = cancelLeft - 110 - kKeyWidth;

@@ -3,9 +3,8 @@
 
 namespace hmonitor {
 
-/// Where a form of the program stands. The arrow loads the form if it is not loaded, as using a
-/// form does; peek() does not. The object exists for the whole run, so nobody ever holds a
-/// dangling form.
+/// The place of a form in the program. `->` loads the form if it is not loaded, peek() does not.
+/// The object exists for the whole run, so a pointer to it never dangles.
 template <class FormType>
 class Slot {
  public:

@@ -8,7 +8,7 @@ namespace hmonitor {
 
 namespace {
 
-/// Year first, so that names of files stand in the order of their days.
+/// The year first, so that file names sort by date.
 std::string isoDay(const display::Date& date) {
     return mask("0000", date.year).str() + "-" + mask("00", date.month).str() + "-" +
            mask("00", date.day).str();

@@ -9,13 +9,14 @@
 
 namespace hmonitor {
 
-/// Whose page or table it is, as files are headed and named: "RADIO UNO 98.1 MHz 2026-05-04". A
-/// name may be empty.
+/// Station, frequency and date for the head of a page and for file names: "RADIO UNO 98.1 MHz
+/// 2026-05-04". The name may be empty.
 std::string stationLine(std::string_view name, double mhz, std::string_view day);
-/// The same of the station in use, today. A frequency that no memory was loaded for has no name.
+/// The same for the tuned station and today. A frequency that was not loaded from a memory has no
+/// name.
 std::string stationLine(const Program& program);
 
-/// A table of the station in use, still without columns and rows.
+/// A table for the tuned station, without columns and rows yet.
 display::NumberTable tableOfStation(const Program& program, std::string_view title);
 
 }  // namespace hmonitor

@@ -9,18 +9,18 @@
 
 namespace hmonitor {
 
-/// Tells when a unit that measures has stopped saying anything new: all its readings have
-/// stood still to the bit for three seconds while they said that there is a carrier.
+/// Detects that the unit has stopped sending new readings: all sixteen outputs and both of RDS have
+/// been equal to the bit for three seconds although there is a carrier.
 class StillReadings {
  public:
     static constexpr display::Time kStale = std::chrono::seconds(3);
 
-    /// The unit measures a station from now on; what stood before counts no more.
+    /// The unit measures a station from now on; earlier readings do not count.
     void begin(display::Time now) {
         measuring_ = true;
         changed_ = now;
     }
-    /// The unit does something else: what it says last may stand.
+    /// The unit does something else now; its last readings may stay as they are.
     void end() { measuring_ = false; }
 
     void take(const Readings& readings, display::Time now) {
@@ -36,7 +36,8 @@ class StillReadings {
         return static_cast<int>(std::chrono::duration_cast<std::chrono::seconds>(still).count());
     }
 
-    /// A field, and something that was heard on it: an empty channel may stand still for ever.
+    /// True if there is a field and something is received; on an empty channel readings may stay
+    /// equal for ever.
     static bool saysCarrier(const Readings& readings) {
         if (!(readings.field > 0)) return false;
         constexpr figures::Output kHeard[] = {
@@ -52,7 +53,7 @@ class StillReadings {
 
  private:
     void note(float& last, float now, display::Time at) {
-        // Not by comparison: 0 and -0 differ to the bit.
+        // Compared as bits: 0 and -0 are different readings.
         if (std::bit_cast<std::uint32_t>(last) == std::bit_cast<std::uint32_t>(now)) return;
         last = now;
         changed_ = at;

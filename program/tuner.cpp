@@ -55,10 +55,10 @@ void Tuner::tune(How how) {
     program_.desktop.queue().openGate();
 }
 
-/// What a move of the bar does beside any tuning. Answers whether the response is armed then.
+/// What a move of the bar does besides tuning. Returns whether the response is armed then.
 int Tuner::lookAtBar(int armed) {
     if (ResponseSeen == 1) {
-        // A hand on the bar cancels an armed response.
+        // Moving the bar by hand cancels an armed response.
         disarmResponse();
         armed = 0;
     }
@@ -79,7 +79,7 @@ Tuner::Switches Tuner::readSwitches(int armed, bool first) {
         require(program_.desktop, PanelSettings::read(program_.files, PanelLine::AudioMode));
     int audioMode = toWhole(settings.value(PanelLine::AudioMode));
     if (first && settings.value(PanelLine::AudioMode) == 1) {
-        // Every start of the program falls back to the mode L and R.
+        // Every start of the program resets the mode to L and R.
         storeModeLine(AudioMode::LeftRight);
         audioMode = 0;
     }

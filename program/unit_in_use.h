@@ -5,10 +5,10 @@
 
 namespace hmonitor {
 
-/// Which window has the unit, so that it does not measure for the panels, and since when.
+/// Which window is using the unit, so that it does not measure for the panels, and since when.
 struct UnitInUse {
     const display::Form* window = nullptr;  ///< null while the unit measures for the panels
-    display::Time since{0};                 ///< of the desktop's clock
+    display::Time since{0};                 ///< by the desktop's clock
 };
 
 }  // namespace hmonitor

@@ -7,7 +7,7 @@
 namespace hmonitor {
 
 UnitLease::~UnitLease() {
-    // The program ends: the unit is told by who ends it.
+    // When the program ends, whoever ends it closes the unit.
     letGo();
 }
 
@@ -52,8 +52,8 @@ UnitLease::Hold::Hold(Program& program, std::vector<const display::Control*> hea
 
 UnitLease::Hold::~Hold() {
     program_.desktop.queue().popFilter();
-    // Only what it disabled itself: a window that closed inside the run has given the rack back
-    // already, and that stands.
+    // Enables only what it disabled itself: a window that was closed inside the run has enabled the
+    // rack already.
     for (std::size_t i = 0; i < wereEnabled_.size(); ++i) {
         if (wereEnabled_[i]) program_.rack[i]->enabled = true;
     }

@@ -9,10 +9,10 @@
 
 namespace hmonitor {
 
-/// The unit, lent to one window at a time. Who needs it for something else than the panels' normal
-/// measuring holds a lease from the call that halts the unit until it is tuned back; the program
-/// says who has it and since when (`Program::unitInUse`). A form owns its lease and closes it when
-/// it is unloaded, so that the unit comes back however the window went.
+/// The unit, lent to one window at a time. A window that needs it for something other than the
+/// panels' normal measuring holds a lease, from the call that stops the unit until it is tuned
+/// back; `Program::unitInUse` tells who holds it and since when. A form owns its lease and closes
+/// it when it is unloaded, so that the unit is returned however the window is closed.
 class UnitLease {
  public:
     UnitLease(Program& program, const display::Form& window) : program_(program), window_(window) {}
@@ -20,28 +20,29 @@ class UnitLease {
     UnitLease(const UnitLease&) = delete;
     UnitLease& operator=(const UnitLease&) = delete;
 
-    /// The window has the unit from here on. False, and nothing done, while another one has it.
+    /// Takes the unit. False, with no effect, while another window has it.
     bool take();
     bool held() const { return program_.unitInUse.window == &window_; }
 
-    /// Tunes for a run in that audio mode and takes the run's frequency: for its points and for
-    /// the name of its file.
+    /// Tunes for a run in that audio mode, and notes the frequency for the run's points and for the
+    /// name of its file.
     void tuneFor(AudioMode mode);
-    /// 100 kHz units, of the last tuneFor().
+    /// The frequency of the last tuneFor(), in units of 100 kHz.
     double frequency() const { return frequency_; }
 
-    /// How the unit goes back to normal measuring: in the mode that is stored, or in L and R.
+    /// The audio mode in which the unit returns to normal measuring: the stored one, or L and R.
     enum class Back { AsStored, LeftRight };
-    /// The unit measures for the panels again. Nothing where it is not held.
+    /// Returns the unit to the panels. Does nothing if the lease is not held.
     void giveBack(Back back);
-    /// Who takes the unit next returns it, or it measures for the panels already.
+    /// Gives up the lease without tuning: the next holder returns the unit, or it already measures
+    /// for the panels.
     void letGo();
-    /// The window closes: the unit goes back if it is held, and the rack takes keys again.
+    /// Called when the window is closed: returns the unit if it is held, and enables the rack.
     void close(Back back);
 
-    /// Stands while the thread is held by a measurement: the rack is disabled, and what comes
-    /// through inside the driver's calls is the controls that were named, the close of the lease's
-    /// window, moving windows, paint and timers. Enables again what it disabled.
+    /// Exists while a measurement holds the thread. The rack is disabled, and the driver's calls
+    /// let through only: the named controls, closing the lease's window, moving windows, paint and
+    /// timers. It enables again what it disabled.
     class Hold {
      public:
         ~Hold();

@@ -7,12 +7,13 @@ namespace hmonitor {
 
 namespace {
 
-/// Where the words stand, and the sentence about the driver library: four lines, for a long path.
+/// The boxes of the texts and of the sentence about the driver library, which has four lines for a
+/// long path.
 constexpr float kWordsTop = 240;
 constexpr float kReasonTop = 900;
 constexpr float kReasonHeight = 600;
 
-/// A path has no blanks to break a line at: each part of it may end one.
+/// A path has no blanks at which to break a line, so it may be broken after each of its parts.
 std::string breakable(const std::string& sentence) {
     constexpr const char* kMayBreak = "\u200b";
     std::string text;
@@ -46,7 +47,7 @@ void FormModoDemo::tellLibraryFault() {
     if (sentence.empty()) return;
     Reason.caption = breakable(sentence);
     Reason.visible = true;
-    // The words move up to give it room.
+    // The texts move up to make room for it.
     for (display::Label* words : {&Label1, &Label2}) {
         words->top = kWordsTop;
         words->height = kReasonTop - kWordsTop;

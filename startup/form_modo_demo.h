@@ -6,7 +6,7 @@
 
 namespace hmonitor {
 
-/// Offers to go on without a unit. Shown modally; the answer is read right after it closes.
+/// Offers to go on without a unit. Shown modally; the caller reads the answer when it is closed.
 class FormModoDemo final : public ProgramForm {
  public:
     static constexpr int kDemo = -1;
@@ -20,7 +20,7 @@ class FormModoDemo final : public ProgramForm {
     display::Panel Faceplate{*this, "Faceplate"};
     display::Label Label1{*this, "Label1"};    ///< the Spanish words
     display::Label Label2{*this, "Label2"};    ///< the English words
-    display::Label Reason{*this, "Reason"};    ///< what was wrong with the driver library
+    display::Label Reason{*this, "Reason"};    ///< why no driver library was loaded
     display::Key Command1{*this, "Command1"};  ///< demo mode
     display::Key Command2{*this, "Command2"};  ///< exit
 

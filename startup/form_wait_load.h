@@ -7,8 +7,8 @@
 
 namespace hmonitor {
 
-/// The splash, the first form of the program: fixes brand, language and model, opens the driver and
-/// shows the rack.
+/// The splash screen, the first form of the program: decides brand, language and model, opens the
+/// driver and shows the rack.
 class Form_WaitLoad final : public ProgramForm {
  public:
     /// The brand that the program was built for, stored in Check1.
