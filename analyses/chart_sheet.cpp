@@ -31,7 +31,7 @@ void ChartSheet::placeChart(const display::Box& box) {
           &Sheet)
         .border = display::Border::Plain;
     place(Graph1, box, &Sheet);
-    // What stands between head and comment: the chart with its scale and its legend.
+    // The part between head and comment: the chart with its scale and its legend.
     Graph1.pictureBox = {Sheet.left, Sheet.top + kSheetBody - kEdge, Sheet.width,
                          Sheet.height - kSheetBody - kSheetFoot + kEdge};
 }

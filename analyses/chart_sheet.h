@@ -7,7 +7,7 @@
 
 namespace hmonitor {
 
-/// A page whose picture is the twin of a window's chart, which that window fills.
+/// A page with a copy of a window's chart, which that window fills.
 class ChartSheet : public SheetForm {
  public:
     display::Picture Picture1{*this, "Picture1"};  ///< bordered on the screen, around the chart
@@ -17,11 +17,12 @@ class ChartSheet : public SheetForm {
     using SheetForm::SheetForm;
     void dress(For what) override;
 
-    /// The model's name behind the heading and, until the window that asks sets it, the date line.
+    /// Adds the model's name to the heading and shows today's date, until the window that opens the
+    /// page sets another.
     void nameModel(display::Label& heading);
-    /// The chart with its border around it.
+    /// Lays out the chart with its border.
     void placeChart(const display::Box& box);
-    /// A figure of the chart's scale, that far down in the sheet.
+    /// Lays out a figure of the chart's scale, at that distance from the top of the sheet.
     void placeScale(display::Label& figure, float y, std::string_view words);
 };
 

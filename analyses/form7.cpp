@@ -20,7 +20,7 @@ void Form7::onLoad() {
     nameModel(Label3);
     Label1.caption =
         wordsIn(language, {"Medición al aire de la emisora", "On-air measurement of the station"});
-    // A page that was unloaded comes back with the curve that its window shows.
+    // A page that was unloaded shows the curve of its window again.
     if (program.Form_Dd3.filled() && program.Form_Dd3.peek().loaded())
         Graph1.take(program.Form_Dd3.peek().Graph1);
 }
@@ -32,7 +32,7 @@ void Form7::layOut() {
     constexpr float kRowLabels = 300;
     constexpr float kSheetHeight =
         kSheetBody + kPlotTop + kPlotHeight + kRowLabels + 200 + kSheetFoot;
-    /// The chart's scale: 0 dB stands at 15 and a line every 5 dB.
+    /// The chart's scale: 0 dB has the value 15, and there is a line every 5 dB.
     constexpr int kHighest = 30;
     constexpr int kZeroDb = 15;
     constexpr int kLineStep = 5;

@@ -6,7 +6,7 @@
 
 namespace hmonitor {
 
-/// The page of the frequency response: the twin of the window's chart.
+/// The page of the frequency response, with a copy of the window's chart.
 class Form7 final : public ChartSheet {
  public:
     explicit Form7(Program& program);

@@ -39,7 +39,7 @@ void Form_BandSCanner::onLoad() {
     run_ = Run::None;
 
     placeOverRack(*this, program);
-    // The page may still hold an older scan under another choice of channels.
+    // The page may still show an older scan with another choice of channels.
     twin().take(Graph1);
     program.Form_PrintBandScan->showOption(option());
     const auto stored = require(desktop(), ScanFile::read(program.files));
@@ -56,7 +56,7 @@ void Form_BandSCanner::onUnload() {
 }
 
 void Form_BandSCanner::showStored(const ScanFile& file) {
-    // In the cells of the odd channels, whichever choice wrote the file.
+    // Stored levels go to the cells of the odd channels, whichever choice wrote the file.
     const ScanOption& odd = scanOption(ScanSpacing::Odd);
     Graph1.columnCount(odd.columns);
     twin().columnCount(odd.columns);
@@ -66,7 +66,7 @@ void Form_BandSCanner::showStored(const ScanFile& file) {
         write(walk.next(), level, {ScannedChannels::What::Level});
 }
 
-/// Which channels the stored levels belong to, where that can be known.
+/// The channels of the stored levels, where they can be known.
 void Form_BandSCanner::nameStored(const ScanFile& file) {
     std::optional<ScanChannels> channels =
         channelsOfLines(file.lineCount(), givesFrames(hardwareVersion_));
@@ -172,7 +172,7 @@ void Form_BandSCanner::showOption(const ScanOption& chosen) {
         Graph1.rowLabel(SmallText("         ").append(rowMhz(chosen, row)));
         Graph1.rowLabelColumn(1);
     }
-    // Row 1 alone: the band begins in the middle of it.
+    // Only in row 1: the band begins in the middle of it.
     Graph1.row = 1;
     Graph1.rowLabel(chosen.windowRow1);
     Graph1.rowLabelColumn(chosen.row1Column);
@@ -222,12 +222,12 @@ void Form_BandSCanner::CommandClose_Click() {
             points_.stop();
             break;
         case Run::Sweep:
-            // It goes on; its own key stops it.
+            // The run goes on; its own key stops it.
             frames_.halt();
             break;
         case Run::Fill:
         case Run::FillThenClose:
-            // The window goes when the measurement that holds the thread has come back.
+            // The window is closed when the measurement that holds the thread returns.
             run_ = Run::FillThenClose;
             points_.stop();
             break;

@@ -25,7 +25,7 @@ class Form_BandSCanner final : public ProgramForm, private LevelSink {
 
     void closeRequested() override;
 
-    /// The choice of channels that stands.
+    /// The current choice of channels.
     const ScanOption& option() const;
     /// The levels that the chart shows, of this window and of its page.
     display::NumberTable numbersShown() const;
@@ -59,8 +59,8 @@ class Form_BandSCanner final : public ProgramForm, private LevelSink {
     void onUnload() override;
 
  private:
-    /// What goes on: nothing, a run, the measuring of an option's channels, or the same with the
-    /// window to be closed behind it.
+    /// What the window is doing: nothing, a run, measuring the channels of an option, or that and
+    /// closing the window afterwards.
     enum class Run { None, Points, Sweep, Fill, FillThenClose };
     static constexpr display::Words kCloseTip{"Cierra la ventana", "Closes the window"};
 
@@ -81,7 +81,7 @@ class Form_BandSCanner final : public ProgramForm, private LevelSink {
     std::string tellStrongest() const;
     std::string channelText(const ScannedChannels::Cell& cell) const;
 
-    /// In one line: at which frequency, in units of 100 kHz, the unit refused to go on.
+    /// One line that says at which frequency, in units of 100 kHz, the unit refused to go on.
     void tellRefused(float tenths);
 
     void chooseOption();
@@ -97,7 +97,8 @@ class Form_BandSCanner final : public ProgramForm, private LevelSink {
     void CommandClose_Click();
     void openPage();
 
-    // The levels of a row of channels on their way to the cells of the chart and to the file.
+    // Receives the levels of a series of channels and puts them into the chart's cells and into the
+    // file.
     void beginRow(const ScanChannels& channels, int startColumn, int columns);
     int first() const override { return 0; }
     int last() const override { return channels_.count() - 1; }
@@ -122,8 +123,8 @@ class Form_BandSCanner final : public ProgramForm, private LevelSink {
     FrameRun frames_{program, Timer1, *this};
 
     ScannedChannels scanned_;
-    // What this program itself has stored last: its file cannot tell its channels. Outlives the
-    // window's loads.
+    // The channels of the file that this program stored last: the file itself does not tell them.
+    // Kept when the window is unloaded.
     std::string storedBytes_;
     ScanChannels storedChannels_;
 };

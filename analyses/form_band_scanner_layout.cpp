@@ -13,8 +13,8 @@ namespace {
 constexpr float kWidth = 11000;
 constexpr float kHeight = 7000;
 
-// The chart is 21 rows wide and shows ten of them; the bar moves it by a row. Its own margin is as
-// wide as the 280 twips that it stands out of view at the left.
+// The chart has 21 rows side by side, ten of which are visible; the scroll bar moves it by a row.
+// Its left margin is the 280 twips by which it begins outside the visible part.
 constexpr float kRowWidth = 920;
 constexpr float kMarginLeft = 280;
 constexpr float kChartWidth = kScanRows * kRowWidth + 2 * kMarginLeft;

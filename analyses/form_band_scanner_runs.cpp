@@ -12,11 +12,11 @@ namespace hmonitor {
 
 namespace {
 
-/// A run that is measured one by one wraps behind column 5 whatever the chart has: with all
-/// channels or 250 kHz its cells do not lie under their legend, and its levels are not stored.
+/// A run on a unit that is measured point by point wraps after column 5 whatever the chart has:
+/// with all channels or 250 kHz its cells do not match their legend, and its levels are not stored.
 constexpr int kOneByOneColumns = 5;
-/// Every run begins behind column 2, where the odd channels begin: 87.5 MHz of all channels lands
-/// under ".2".
+/// Every run begins after column 2, where the odd channels begin: with all channels 87.5 MHz is
+/// drawn under ".2".
 constexpr int kStartColumn = 2;
 
 constexpr int kFrameWidth = 200;  ///< hundredths of a MHz
@@ -94,7 +94,7 @@ float Form_BandSCanner::before(int, float lastLevel) {
 }
 
 void Form_BandSCanner::take(int index, float level) {
-    // The offset is meant for units that are measured one by one, in a run.
+    // The offset applies to runs on units that are measured point by point.
     const double offset = run_ == Run::Points ? levelOffset_ : 0;
     const std::int32_t shown = toWhole(shownLevel(level) + offset);
     write(cell_, shortText(shown), ScannedChannels::channel(channels_.at(index)));
@@ -107,7 +107,7 @@ void Form_BandSCanner::refused(int index) {
 
 void Form_BandSCanner::runOneByOne() {
     run_ = Run::Points;
-    // The keyboard stands on the key that ends the run, not on whatever comes next.
+    // Keeps the focus on the key that ends the run.
     CommandClose.takeFocus();
     Command3D1.enabled = false;
     beginRow(measuredChannels(spacing()), kStartColumn, kOneByOneColumns);
@@ -115,7 +115,7 @@ void Form_BandSCanner::runOneByOne() {
     Command3D1.enabled = true;
     Command3D1.takeFocus();
     const bool done = end == PointRun::End::Done;
-    // Of a run that broke off nothing is stored; the unit is returned when the window closes.
+    // A run that broke off is not stored; the unit is returned when the window is closed.
     if (done && !Option_250Khz.chosen && !Option_All.chosen) store(file_, channels_);
     driver.HM_Parar();
     if (done) lease_.giveBack(UnitLease::Back::LeftRight);
@@ -131,7 +131,7 @@ void Form_BandSCanner::startSweep() {
 }
 
 void Form_BandSCanner::roundBegins() {
-    // From the start of the band each time: the driver keeps all frames of the run.
+    // Each time from the start of the band: the driver keeps all frames of the run.
     beginRow(sweptChannels(spacing(), sweepLimit_), kStartColumn, Graph1.columnCount());
 }
 
@@ -143,7 +143,7 @@ void Form_BandSCanner::roundEnds() {
     }
     frames_.stop();
     endRun();
-    // Whatever the choice of channels, unlike a run that is measured one by one.
+    // For every choice of channels, unlike a run on a unit that is measured point by point.
     store(file_, channels_);
     lease_.giveBack(UnitLease::Back::LeftRight);
 }

@@ -18,8 +18,8 @@ namespace hmonitor {
 
 namespace {
 
-/// Shows an analysis beside the disabled rack; closing it enables the rack again. A window that
-/// the program does not have yet is not opened.
+/// Shows the window of an analysis beside the disabled rack; closing it enables the rack again.
+/// Does nothing for a window that does not exist.
 template <class FormType>
 display::Event door(Program& program, Slot<FormType>& target) {
     return [&program, &target] {
@@ -45,7 +45,7 @@ void Form_D::bindDoors() {
     bindKey(Image4, "LogN", "LogA", door(program, program.Form_D4A));
     Image5.onRelease = [this] { turnSwitch(); };
     Image6.onClick = door(program, program.frmSpectrumAnalizer);
-    // Once its window was closed, the channel spectrum has no other door.
+    // After its window was closed there is no other way to open the channel spectrum.
     PictureGraph1.onDoubleClick = door(program, program.Form_D1);
 }
 
@@ -56,8 +56,8 @@ void Form_D::onLoad() {
 }
 
 void Form_D::proveScanFile() {
-    // Nothing is kept: the band scanner takes the file for granted, and without it the program
-    // ends here, at its start, rather than in the middle of the work.
+    // The result is not used. The band scanner needs the file; without it the program ends here, at
+    // its start, rather than in the middle of the work.
     require(desktop(), ScanFile::read(program.files));
 }
 

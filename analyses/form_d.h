@@ -12,7 +12,7 @@ namespace hmonitor {
 class Class1;
 struct ShownSpectrum;
 
-/// The analyses panel of the rack: doors to the long analyses and four small things about the
+/// The analyses panel of the rack: keys that open the long analyses, and small displays of the
 /// tuned station.
 class Form_D final : public ProgramForm {
  public:
@@ -26,7 +26,7 @@ class Form_D final : public ProgramForm {
     display::Panel Faceplate{*this, "Faceplate"};
     display::Label Heading{*this, "Heading"};
 
-    // Doors to the analyses.
+    // Keys that open the analyses.
     display::Picture Image1{*this, "Image1"};  ///< spectrum analyzer
     display::Picture Image2{*this, "Image2"};  ///< band scanner
     display::Picture Image6{*this, "Image6"};  ///< 3D analyzer
@@ -40,7 +40,7 @@ class Form_D final : public ProgramForm {
     display::Label Label_FrequencyResponse{*this, "Label_FrequencyResponse"};
     display::Label Label_OnAirPerformance{*this, "Label_OnAirPerformance"};
 
-    // Last channel spectrum of the tuned frequency.
+    // The last channel spectrum of the tuned frequency.
     display::Panel GraphWell{*this, "GraphWell"};
     display::PictureBox PictureGraph1{*this, "PictureGraph1"};
 

@@ -8,7 +8,7 @@ using namespace display;
 
 namespace {
 
-/// Doors stand in two columns and three lines.
+/// The keys stand in two columns and three rows.
 constexpr float kColumns[] = {look::kMargin, 2950};
 constexpr Box keyAt(int column, int line) {
     return {kColumns[column], 200 + 345 * static_cast<float>(line), 640, 290};
@@ -23,7 +23,7 @@ constexpr Box besideKey(int column, int line) {
 void Form_D::layOut() {
     layPanel(1340, Faceplate, Heading, 55, {"ANALISIS", "ANALYSES"});
     layOutDoors();
-    // Fifty rows of twenty twips, and seventeen columns without a remainder.
+    // Fifty rows of twenty twips; the width divides evenly by seventeen columns.
     place(GraphWell, {6330, 150, 2590, 1080}, Surface::Well);
     place(PictureGraph1, {80, 40, 2430, 1000}, &GraphWell,
           SaysAndTip{"Espectro del canal sintonizado; doble clic para abrirlo",
@@ -40,13 +40,13 @@ void Form_D::layOutDoors() {
           SaysAndTip{"Abrir el analizador de espectro", "Open the spectrum analyzer"});
     place(Image2, keyAt(0, 1), "OpenN",
           SaysAndTip{"Abrir el scanner de banda", "Open the band scanner"});
-    // One tip in every language: the name of the analyzer.
+    // The tip is the same in every language: the name of the analyzer.
     place(Image6, keyAt(0, 2), "OpenN",
           Says{"Abrir el analizador 'Spectral Zoom'", "'Spectral Zoom' Analyzer"},
           Tip{"'Spectral Zoom' Analyzer", "'Spectral Zoom' Analyzer"});
     place(Image3, keyAt(1, 0), "OpenN",
           SaysAndTip{"Abrir la respuesta a frecuencia", "Open the frequency response"});
-    // The switch stands under the door of the analysis that it arms.
+    // The switch is below the key of the analysis that it arms.
     place(Image5, keyAt(1, 1), "OffN",
           SaysAndTip{"Armar la medición de respuesta a frecuencia",
                      "Arm the frequency response measurement"});

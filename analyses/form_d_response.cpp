@@ -35,7 +35,7 @@ void Form_D::turnSwitch() {
 
 void Form_D::switchOff() {
     program.tuner->disarmResponse();
-    // What the unit has measured so far is taken all the same.
+    // The results so far are stored all the same.
     readResponse(program);
 }
 

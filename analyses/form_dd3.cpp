@@ -24,7 +24,7 @@ void Form_Dd3::onLoad() {
 }
 
 void Form_Dd3::activated() {
-    // It is loaded by the first tuning, before the rack has its place.
+    // Loaded by the first tuning, before the rack has its position.
     if (!placed_) placeOverRack(*this, program);
     placed_ = true;
 }

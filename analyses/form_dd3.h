@@ -34,7 +34,7 @@ class Form_Dd3 final : public ProgramForm {
     void close();
     void openPage();
 
-    bool placed_ = false;  ///< has stood on the screen; from then on its place is the user's
+    bool placed_ = false;  ///< was shown before; from then on the user decides its position
 };
 
 }  // namespace hmonitor

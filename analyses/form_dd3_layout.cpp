@@ -15,7 +15,7 @@ constexpr float kHeight = 5840;
 constexpr float kPlotTop = 200;
 constexpr float kPlotHeight = 3600;
 
-/// The chart's scale: 0 dB stands at 15 and a line every 5 dB.
+/// The chart's scale: 0 dB has the value 15, and there is a line every 5 dB.
 constexpr int kLowest = 0;
 constexpr int kHighest = 30;
 constexpr int kZeroDb = 15;

@@ -18,7 +18,7 @@ void Form_PrintBandScan::onLoad() {
     Label1.caption = wordsIn(language, {"Niveles de la banda a la entrada del receptor",
                                         "Levels of the band at the receiver's input"});
     if (!program.Form_BandSCanner.filled() || !program.Form_BandSCanner.peek().loaded()) return;
-    // A page that was unloaded comes back with the scan that its window shows.
+    // A page that was unloaded shows the scan of its window again.
     const Form_BandSCanner& window = program.Form_BandSCanner.peek();
     Graph1.take(window.Graph1);
     showOption(window.option());

@@ -7,12 +7,12 @@
 
 namespace hmonitor {
 
-/// The page of the band scan: the twin of the window's chart with its scale and its legend.
+/// The page of the band scan, with a copy of the window's chart, its scale and its legend.
 class Form_PrintBandScan final : public ChartSheet {
  public:
     explicit Form_PrintBandScan(Program& program);
 
-    /// Rows, columns and legend under a choice of channels.
+    /// Sets rows, columns and legend for a choice of channels.
     void showOption(const ScanOption& option);
 
     display::Label Label18{*this, "Label18"};  ///< heading

@@ -6,7 +6,7 @@
 
 namespace hmonitor {
 
-/// Shows a curve on the response window and on the page that is printed of it.
+/// Shows a curve in the response window and on its page.
 void showResponse(Program& program, const ResponseCurve& curve);
 
 }  // namespace hmonitor

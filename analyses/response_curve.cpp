@@ -23,8 +23,8 @@ constexpr std::array<ResponseCurve::Tone, ResponseCurve::kTones> kTestTones = {{
     {15000, "15K"},
 }};
 
-// The two highest tones are in lower case here and nowhere else, which is wanted: it tells an empty
-// curve from a measured one at a glance.
+// Only here are the two highest tones in lower case. That is intended: it tells an empty curve from
+// a measured one at a glance.
 constexpr std::array<const char*, ResponseCurve::kTones> kEmptyLabels = {"30", "125", "400", "1K",
                                                                          "4K", "8K",  "12k", "15k"};
 
@@ -34,7 +34,8 @@ constexpr display::Words kNotMeasured{"sin medir", "not measured"};
 constexpr double kZeroDbRow = 15;
 
 SmallText dataOf(std::int32_t tenthsOfDb) {
-    // In tenths up to the last step: the sum of two rounded figures would show its error as text.
+    // Computed in tenths up to the last step: a sum of two rounded numbers would show its error in
+    // the text.
     return shortText((tenthsOfDb + 10 * kZeroDbRow) / 10);
 }
 
@@ -51,7 +52,7 @@ ResponseCurve ResponseCurve::of(const ResponsePairs& pairs) {
     for (const Tone& tone : kTestTones) {
         for (std::size_t pair = 0; pair < pairs.frequency.size(); ++pair) {
             if (pairs.frequency[pair] != tone.hz) continue;
-            // A tone that was measured twice: its label goes to the row written last.
+            // If a tone was measured twice, its label belongs to the row written last.
             if (!curve.rows_.empty() && curve.rows_.back().label == tone.label)
                 curve.rows_.back().label = {};
             curve.rows_.push_back({dataOf(pairs.level[pair]), tone.label});
@@ -72,7 +73,7 @@ void ResponseCurve::show(display::Chart& chart) const {
     for (std::size_t i = 0; i < rows_.size(); ++i) {
         chart.row = static_cast<int>(i) + 1;
         chart.data(rows_[i].data);
-        // A row without a label has none, whatever stood there before.
+        // A row without a label loses the label that it had before.
         chart.rowLabel(rows_[i].label);
     }
     chart.rowCount(static_cast<int>(rows_.size()));
@@ -104,7 +105,7 @@ display::NumberTable ResponseCurve::numbers(const Program& program, const displa
     if (!chart.note.empty()) return table;
     std::string hz;
     for (int row = chart.rowCount(); row >= 1; --row) {
-        // Of a tone that was measured twice the label stands with the second.
+        // If a tone was measured twice, the label belongs to the second row.
         for (const Tone& tone : kTestTones)
             if (chart.rowLabelAt(row) == tone.label) hz = wholeText(tone.hz).str();
         const double tenths = 10 * (valueOf(chart.dataAt(row, 1)) - kZeroDbRow);

@@ -25,7 +25,7 @@ class ResponseCurve {
         int hz;
         const char* label;
     };
-    /// One row: its data, and its label, empty where it has none.
+    /// One row: its data and its label, which may be empty.
     struct Row {
         SmallText data;
         std::string_view label;
@@ -33,27 +33,27 @@ class ResponseCurve {
 
     static constexpr int kTones = 8;
 
-    /// The curve of measured pairs: a level of 0 dB stands at 15. Pairs may come in any order;
-    /// those whose frequency is no test tone are dropped. Of two pairs of one tone each has a row,
-    /// and the label stands with the second.
+    /// The curve of measured pairs; a level of 0 dB has the value 15. Pairs may come in any order;
+    /// those whose frequency is no test tone are dropped. Two pairs of one tone have a row each,
+    /// the second one with the label.
     static ResponseCurve of(const ResponsePairs& pairs);
 
-    /// What stands where nothing was measured: flat at 10, dashed, and said to be no measurement.
+    /// The curve where nothing was measured: flat at 10, dashed, and marked as no measurement.
     static ResponseCurve empty();
 
-    /// How many pairs carry a result at all, tones or not: those with a frequency.
+    /// The number of pairs that have a frequency, whether or not it is a test tone.
     static int resultsIn(const ResponsePairs& pairs);
 
     const std::vector<Row>& rows() const { return rows_; }
 
-    /// Writes the rows into a chart and makes it as long as they are.
+    /// Writes the rows into a chart and sets its number of rows.
     void show(display::Chart& chart) const;
 
-    /// What the pointer over a row of such a chart is told: the tone and its level in dB.
+    /// The tool tip of a row of such a chart: the tone and its level in dB.
     static std::string tell(const display::Chart& chart, int row);
-    /// The same of all rows, for a screen reader.
+    /// The same for all rows, for a screen reader.
     static std::string tellAll(const display::Chart& chart);
-    /// The measured tones of such a chart and their levels; none of an empty curve.
+    /// The measured tones of such a chart and their levels; nothing for an empty curve.
     static display::NumberTable numbers(const Program& program, const display::Chart& chart);
 
  private:

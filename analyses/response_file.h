@@ -15,7 +15,7 @@ namespace hmonitor {
 /// which the unit gave them.
 class ResponseFile {
  public:
-    /// Of a frequency in units of 100 kHz.
+    /// The file of a frequency in units of 100 kHz.
     explicit ResponseFile(double frequency);
 
     const std::string& name() const { return name_; }

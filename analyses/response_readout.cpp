@@ -17,7 +17,7 @@ void readResponse(Program& program) {
     program.driver.HM_RespFrecuencia(pairs);
     program.driver.HM_Parar();
     if (ResponseCurve::resultsIn(pairs) == 0) {
-        // Nothing was measured: file, switch and charts stay, but the unit stands still now.
+        // Nothing was measured: file, switch and charts stay, but the unit must be tuned back.
         program.tuner->retune();
         return;
     }

@@ -11,11 +11,11 @@ enum class ScanSpacing {
     All       ///< every 100 kHz
 };
 
-/// A row of evenly spaced channels. In whole hundredths of a MHz, and every channel worked out from
-/// its number, so that rounding neither gains nor loses one.
+/// Evenly spaced channels, in whole hundredths of a MHz; each is computed from its number, so that
+/// rounding neither gains nor loses one.
 struct ScanChannels {
     int first = 0;  ///< hundredths of a MHz
-    int last = 0;   ///< the end, itself a channel where a step falls on it
+    int last = 0;   ///< the end, which is a channel if a step meets it
     int step = 0;
 
     int count() const { return last < first ? 0 : (last - first) / step + 1; }
@@ -30,31 +30,32 @@ inline constexpr int kBandStop = 10800;
 /// Hundredths of a MHz between channels.
 int scanStep(ScanSpacing spacing);
 
-/// The cells that a new run writes "0" into.
+/// The cells that a new run sets to "0".
 ScanChannels clearedCells(ScanSpacing spacing);
-/// The channels of a run that is measured one by one. It starts at 87.5 MHz for even channels too:
-/// the run sets the start of the band back whatever the option had set.
+/// The channels of a run on a unit that is measured point by point. It starts at 87.5 MHz also for
+/// even channels: the run resets the start of the band that the option has set.
 ScanChannels measuredChannels(ScanSpacing spacing);
-/// The channels of a sweep that has come up to `limit` (hundredths of a MHz, its own channel left
-/// out). An even sweep begins at 87.4 MHz, unlike an even run that is measured one by one.
+/// The channels of a sweep that has reached `limit` (hundredths of a MHz, exclusive). An even sweep
+/// begins at 87.4 MHz, unlike an even run on a unit that is measured point by point.
 ScanChannels sweptChannels(ScanSpacing spacing, int limit);
-/// The channels that choosing an option fills the chart with.
+/// The channels with which choosing an option fills the chart.
 ScanChannels optionChannels(ScanSpacing spacing);
-/// The lines of `scan.dat` that are read back, as channels: the odd ones, whatever wrote the file.
+/// The channels of the lines of `scan.dat` when it is read: always the odd ones, whatever was
+/// measured.
 ScanChannels storedChannels();
 
-/// A cell of the band chart: one row a MHz; both count from 1.
+/// A cell of the band chart: one row for each MHz; both count from 1.
 struct ScanCell {
     int row = 1;
     int column = 0;
     friend bool operator==(const ScanCell&, const ScanCell&) = default;
 };
 
-/// Walks over the cells of the chart: to the next column, and past the last one to column 1 of the
-/// next row.
+/// Steps through the cells of the chart: to the next column, and from the last one to column 1 of
+/// the next row.
 class ScanWalk {
  public:
-    /// The walk's first cell is the one behind `startColumn` of row 1.
+    /// The first cell is the one after `startColumn` of row 1.
     ScanWalk(int startColumn, int columns) : cell_{1, startColumn}, columns_(columns) {}
 
     ScanCell next() {

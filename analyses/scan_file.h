@@ -11,23 +11,23 @@
 
 namespace hmonitor {
 
-/// The last band scan, `scan.dat`: one line a channel, its level in whole dB. No frequency is
-/// stored, a line's place gives it.
+/// The last band scan, `scan.dat`: one line for each channel with its level in whole dB. The
+/// frequency is not stored; it follows from the line's number.
 class ScanFile {
  public:
     static constexpr std::string_view kFileName = "scan.dat";
 
-    /// What is stored.
+    /// Reads the file.
     static FileResult<ScanFile> read(const Files& files);
-    /// The levels as their text, at most as many as there are odd channels in the band; fewer where
-    /// the file ends before.
+    /// The levels as text, at most as many as there are odd channels in the band; fewer if the file
+    /// is shorter.
     static std::vector<std::string> lines(std::string_view bytes);
     std::vector<std::string> lines() const { return lines(bytes_); }
-    /// How many lines there are in all, which tells something of what was measured.
+    /// The number of all lines, which hints at which channels were measured.
     std::size_t lineCount() const;
 
-    /// One more channel, in whole dB. The first character of the level's text is dropped: the
-    /// blank of a positive number, but the sign of a negative one too, so that -3 is stored as "3".
+    /// Adds a channel, in whole dB. The first character of the level's text is dropped: the blank
+    /// of a positive number, but also the sign of a negative one, so that -3 is stored as "3".
     void add(std::int32_t level);
 
     const std::string& bytes() const { return bytes_; }

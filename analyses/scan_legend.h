@@ -9,11 +9,11 @@
 
 namespace hmonitor {
 
-/// What the band chart is drawn on: light colours on the screen, dark ones on paper.
+/// The background of the band chart: light colours for the screen, dark ones for paper.
 enum class ScanGround { Screen, Paper };
 
-/// The legend of the band chart: a stroke and a word for each of its ten columns. The window and
-/// the page have one each.
+/// The legend of the band chart: a line and a text for each of its ten columns. The window and the
+/// page have one each.
 class ScanLegend {
  public:
     explicit ScanLegend(display::Form& form)
@@ -23,15 +23,15 @@ class ScanLegend {
 
     static constexpr std::size_t kColumns = 10;
 
-    /// The stroke of column 1 to 10, counted from 0. The fifth has a name of its own.
+    /// The line of a column, counted from 0. The fifth has a name of its own.
     display::Line& stroke(std::size_t column);
 
-    /// Words and visibility under an option.
+    /// Sets texts and visibility for an option.
     void show(const ScanOption& option);
-    /// The upper five columns stand with all channels alone.
+    /// The upper five columns are visible only with all channels.
     void hideUpper();
 
-    /// Strokes and bars in the colours of the ground.
+    /// Sets the colours of lines and bars for the background.
     void colour(display::Chart& chart, ScanGround ground);
 
     display::Family<display::Label, kColumns> Label_Serie;

@@ -7,9 +7,9 @@ namespace hmonitor {
 
 namespace {
 
-// Row 1 begins below the band, hence its own label on the window. The odd channels are labelled
-// from 87.1 on, all others from 87.0 on; all channels begin at column 1 of row 1 as the even ones,
-// though their label says 87.5.
+// Row 1 begins below the band, so it has a label of its own in the window. The odd channels are
+// labelled from 87.1 on, all others from 87.0 on; with all channels the scan begins in column 1 of
+// row 1 as with the even ones, though the label there says 87.5.
 constexpr std::array<ScanOption, 4> kOptions = {{
     {ScanSpacing::Odd, 8710, "     87.5", 3, 5, {".1", ".3", ".5", ".7", ".9"}, 2},
     {ScanSpacing::Even, 8700, "     87.6", 4, 5, {".0", ".2", ".4", ".6", ".8"}, 0},

@@ -8,11 +8,11 @@
 
 namespace hmonitor {
 
-/// How the band chart stands under one choice of channels.
+/// The layout of the band chart for one choice of channels.
 struct ScanOption {
     ScanSpacing spacing;
     int firstLabel;                     ///< of row 1, hundredths of a MHz; each row is a MHz more
-    const char* windowRow1;             ///< what stands under row 1 on the window instead
+    const char* windowRow1;             ///< the label under row 1 in the window instead
     int row1Column;                     ///< the column of that frequency
     int columns;                        ///< channels in a MHz
     std::array<const char*, 5> series;  ///< legend of columns 1 to 5; empty where hidden
@@ -21,10 +21,10 @@ struct ScanOption {
 
 const ScanOption& scanOption(ScanSpacing spacing);
 
-/// Where row 1 to 21 begins, as its label: "87.1".
+/// The label of a row, 1 to 21: the frequency at which it begins, "87.1".
 SmallText rowMhz(const ScanOption& option, int row);
 
-/// Legend of columns 6 to 10, which stand with all channels alone.
+/// The legend of columns 6 to 10, visible only with all channels.
 inline constexpr std::array<const char*, 5> kUpperSeries = {".5", ".6", ".7", ".8", ".9"};
 
 inline constexpr int kScanRows = 21;

@@ -10,9 +10,9 @@
 
 namespace hmonitor {
 
-/// Which channel was really measured into each cell of the band chart. The legend alone does not
-/// tell: some runs do not lie under it, and a stored scan comes back in the cells of the odd
-/// channels whatever was measured.
+/// Which channel was really measured for each cell of the band chart. The legend alone does not
+/// tell: some runs do not match it, and a stored scan is shown in the cells of the odd channels
+/// whatever was measured.
 class ScannedChannels {
  public:
     enum class What {
@@ -47,10 +47,10 @@ class ScannedChannels {
     std::vector<std::vector<Cell>> rows_;
 };
 
-/// The channels that a stored scan of so many lines was measured on, as far as the number tells:
-/// none where several choices of channels store as many. A unit that is measured one by one stores
-/// the odd run and the even one alike, from 87.5 MHz on; a sweep of the even channels begins at
-/// 87.4 MHz and has as many lines as one of the odd.
+/// The channels on which a stored scan with that many lines was measured, if the number tells: none
+/// where several choices of channels store as many. A unit that is measured point by point stores
+/// the odd and the even run alike, from 87.5 MHz on; a sweep of the even channels begins at 87.4
+/// MHz and has as many lines as one of the odd.
 std::optional<ScanChannels> channelsOfLines(std::size_t lines, bool unitSweeps);
 
 }  // namespace hmonitor

@@ -30,7 +30,7 @@ Class1 blackGraph(display::Canvas& canvas) {
 }  // namespace
 
 Class1 densityGraph(display::Canvas& canvas, Int16 stepKhz) {
-    // The margins are those of the bars on a canvas of 17 times coarser units.
+    // The margins of the bars' graph, whose units are 17 times coarser.
     Class1 graph = blackGraph(canvas);
     graph.GraphKind = Kind::SmallBand;
     graph.BarGap = 1;
@@ -61,7 +61,7 @@ Int16 skipLabelsFor(int lastIndex) {
 }
 
 int densityEntry(double counted, std::int32_t acquisitions) {
-    // Most cells were never seen.
+    // Most cells are empty.
     if (counted == 0) return kNotSeen;
     const double share = std::min(counted / acquisitions * kSweepsOfScale, kMostCommon);
     return share < 1.0 ? kNotSeen : toWhole(share);

@@ -16,16 +16,16 @@ class Class1;
 Class1 densityGraph(display::Canvas& canvas, Int16 stepKhz);
 /// The graph of one sweep as bars.
 Class1 sweepGraph(display::Canvas& canvas, Int16 columns, Int16 stepKhz, Int16 skipLabels);
-/// -1 past 25 columns, else 0.
+/// -1 for more than 25 columns, else 0
 Int16 skipLabelsFor(int lastIndex);
 
 inline constexpr int kNotSeen = -1;
-/// The entry of the colour table for a cell that was counted so often: its share of the sweeps (not
-/// 0) in 5280ths, halves to even. kNotSeen under one 5280th.
+/// The entry of the colour table for a cell's count: the count's share of the sweeps in 5280ths,
+/// halves to even. kNotSeen below one 5280th. `sweeps` is not 0.
 int densityEntry(double counted, std::int32_t acquisitions);
 
-/// Level i (from 1) of the spectrum that is made up while a session has none: a noise floor with a
-/// peak every 100 steps. `random` from 0 up to 1.
+/// Level i (from 1) of the simulated spectrum of a session without one: a noise floor with a peak
+/// every 100 steps. `random` from 0 up to 1.
 double madeUpLevel(int i, double random);
 
 }  // namespace hmonitor

@@ -5,7 +5,7 @@
 
 #include "display/desktop.h"
 
-// The messages of the analyzer, as they stand. They have no English form.
+// The messages of the analyzer. They have no English form.
 namespace hmonitor::analyzer_words {
 
 inline const display::MessageBox kStopFirstToChoose{
@@ -14,7 +14,7 @@ inline const display::MessageBox kStopFirstToChoose{
     "con símbolo de 'pausa')",
     display::BoxIcon::Information};
 
-/// Of the keys that add and that edit a session: the words are the same.
+/// Tool tip of the keys that add and that edit a session: the text is the same.
 inline const display::MessageBox kStopFirstToBegin{
     "Atención!",
     "Para poder comenzar un nuevo Archivo de Medición hay que primero detener el Analizador (botón "

@@ -19,14 +19,14 @@ class Density {
     double at(int column, int row) const { return cells_[index(column, row)]; }
     void set(int column, int row, double sweeps) { cells_[index(column, row)] = sweeps; }
 
-    /// One more sweep saw that level (30 to 100) there. What lies outside of the band is no cell's.
+    /// Counts a level (30 to 100) of one sweep. Levels outside the band are not counted.
     void count(int column, int level) {
         if (column < 0 || column >= kColumns) return;
         cells_[index(column, level - kLowestLevel)] += 1.0;
     }
 
-    /// Empties what the map shows. Column 800 and row 70 are no part of the map and stay on
-    /// purpose.
+    /// Empties the cells that the map shows. Column 800 and row 70 do not belong to the map and are
+    /// kept on purpose.
     void clearShown();
     /// Empties every cell.
     void clear();

@@ -11,7 +11,7 @@ namespace hmonitor {
 using DensityColors = std::array<display::Colour, 1281>;
 
 /// Five ramps of 256 entries, red over magenta, blue, cyan and green to yellow, and black at the
-/// end: what is seen in 24 percent of the sweeps and more leaves a hole in the map.
+/// end: levels seen in 24 percent of the sweeps or more leave a hole in the map.
 constexpr DensityColors buildPalette() {
     constexpr std::uint32_t kFull = 255;
     DensityColors colors{};
@@ -30,7 +30,7 @@ constexpr DensityColors buildPalette() {
     return colors;
 }
 
-/// Sweeps of which entry 1 is one: the scale of the map.
+/// The number of sweeps of which entry 1 is one: the scale of the map.
 inline constexpr double kSweepsOfScale = 5280.0;
 /// The last entry of the table.
 inline constexpr double kMostCommon = 1280.0;

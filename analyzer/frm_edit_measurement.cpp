@@ -19,7 +19,7 @@ namespace {
 constexpr int kFirstStart = 88;
 constexpr int kFirstStop = 89;
 
-/// A text without the blanks around it.
+/// The text without blanks at its ends.
 std::string trimmed(std::string_view text) {
     const std::size_t first = text.find_first_not_of(' ');
     if (first == std::string_view::npos) return {};
@@ -31,7 +31,7 @@ void choose(display::ComboBox& box, int row) {
     box.select(std::clamp(row, 0, last));
 }
 
-/// The position of a whole frequency; what is no number stands at the first.
+/// The position of a whole frequency in the list; the first one for a text that is no number.
 int positionOf(float mhz, int first) {
     return wholeTowardZero(static_cast<double>(mhz)) - first;
 }
@@ -41,7 +41,7 @@ int positionOf(float mhz, int first) {
 frmEditMeasurement::frmEditMeasurement(Program& itsProgram)
     : ProgramForm(itsProgram, "frmEditMeasurement") {
     MeasurementNameField.onChange = [this] { showAcceptable(); };
-    // The greyed key takes nothing.
+    // The disabled key does nothing.
     PicOk1.onClick = [] {};
     PicOk2.onClick = [this] { accept(); };
     PicCancel.onClick = [this] { unload(); };
@@ -142,7 +142,7 @@ void frmEditMeasurement::accept() {
     if (isNew ? !begin(title) : !keepEdited(title)) return;
     its.ShowSessionInfo();
     unload();
-    // A scan may hold the thread: the editor is gone before it begins.
+    // The scan may hold the thread, so the editor is closed before it begins.
     if (isNew) its.butStart_Click();
 }
 
@@ -169,8 +169,8 @@ void frmEditMeasurement::takeFields(SessionInfo& info) {
     info.StopMHz = static_cast<float>(Combo_StopFreq.list.selected() + kFirstStop);
 }
 
-/// The session stands under its new name: its last sweep follows, and the old file goes. Names that
-/// differ in their case alone are one file, whose spelling stays.
+/// The session is stored under its new name: now its last sweep is moved, and the old file deleted.
+/// Names that differ only in case are one file, which keeps its spelling.
 void frmEditMeasurement::dropBefore(const std::string& before, const std::string& after) {
     if (foldedCase(before) == foldedCase(after)) return;
     const SessionFolder& folder = analyzer().folder;
@@ -187,7 +187,8 @@ bool frmEditMeasurement::keepEdited(const std::string& title) {
     takeFields(measurement.SessionInfo);
     if (renamed) measurement.CurrentSessionFile = its.folder.uniqueName(title, before);
     const std::string& after = measurement.CurrentSessionFile;
-    // The new file stands before the old one goes: nothing is lost in between.
+    // The new file is written before the old one is deleted, so nothing is lost if the program ends
+    // in between.
     const auto fault = measurement.SaveSession(its.folder, after);
     warn(desktop(), fault);
     if (renamed && fault) {

@@ -17,7 +17,7 @@ namespace hmonitor {
 
 namespace {
 
-/// A session of so many sweeps opens on the map: with fewer, every cell seen is black.
+/// Sessions with this many sweeps open on the map: with fewer, every cell seen would be black.
 constexpr int kEnoughForMap = 4;
 
 }  // namespace
@@ -91,7 +91,7 @@ void frmSpectrumAnalizer::ListSessions() {
 
 void frmSpectrumAnalizer::SelectCurrentSession() {
     display::ComboBox& box = cboCurrentMeasurementFile;
-    // What is selected here loads nothing.
+    // This selection must not load a session.
     box.enabled = false;
     box.select(itemOfSession(box.list.rows(), measurement.CurrentSessionFile));
     box.enabled = true;
@@ -163,7 +163,7 @@ void frmSpectrumAnalizer::deleteSession() {
     if (desktop().ask(analyzer_words::deleteQuestion(measurement.CurrentSessionFile)) ==
         display::BoxAnswer::Cancel)
         return;
-    // What a running sweep would write again has to end before its files go.
+    // A running scan would write the files again, so it is ended before they are deleted.
     if (measurement.ScanRunning != 0) butPause_Click();
     (void)folder.remove(measurement.CurrentSessionFile);
     (void)folder.remove(sweepFileName(measurement.CurrentSessionFile));

@@ -39,7 +39,7 @@ class frmSpectrumAnalizer final : public ProgramForm, private LevelSink {
     void ShowSessionInfo();
     std::string UniqueSessionName(std::string_view name) const { return folder.uniqueName(name); }
     void ClearDensity();
-    /// The session's name, what is wrong with its file, and the unit that measures it.
+    /// The session's name, the damage of its file, and the unit that measures it.
     void showCondition();
 
     // The scan.
@@ -50,9 +50,9 @@ class frmSpectrumAnalizer final : public ProgramForm, private LevelSink {
 
     // The views.
     void ShowSpectrum_3D();
-    void UpdateSpectrogram();  ///< needs the graph of ShowSpectrum_3D
+    void UpdateSpectrogram();  ///< draws into the graph of ShowSpectrum_3D
     void ShowSpectrum_SpectralZoom(std::string_view fileName);
-    void EscalaClean(Int16& columns, Int16& step);  ///< nothing here: a hook of the graphs
+    void EscalaClean(Int16& columns, Int16& step);  ///< empty: a hook of the graphs
 
     Measurement measurement;
     SessionFolder folder;
@@ -74,7 +74,7 @@ class frmSpectrumAnalizer final : public ProgramForm, private LevelSink {
                                                "Label060", "Label050", "Label040", "Label030"}};
     display::ScrollBar HScroll1{*this, "HScroll1"};
 
-    display::Key butSpecMode{*this, "butSpecMode"};  ///< names the view that it goes to
+    display::Key butSpecMode{*this, "butSpecMode"};  ///< the name of the view that the key opens
     display::Key btnDetail_Lower{*this, "btnDetail_Lower"};
     display::Key btnDetail_Higher{*this, "btnDetail_Higher"};
     display::Picture butStart{*this, "butStart"};
@@ -106,7 +106,7 @@ class frmSpectrumAnalizer final : public ProgramForm, private LevelSink {
     display::Label FrameStatus{*this, "FrameStatus"};
     display::Label Label_State{*this, "Label_State"};
     display::Label Label_Damaged{*this, "Label_Damaged"};
-    display::Label Label_NotCounted{*this, "Label_NotCounted"};  ///< of a unit without sweeps
+    display::Label Label_NotCounted{*this, "Label_NotCounted"};  ///< for a unit without sweeps
 
     display::Label Frame_Probabilidad{*this, "Frame_Probabilidad"};
     display::Family<display::Shape, 5> Swatch{*this, "Swatch"};
@@ -122,7 +122,7 @@ class frmSpectrumAnalizer final : public ProgramForm, private LevelSink {
     float ScanStartMHz = 0;
     float ScanStopMHz = 0;
     Int16 StepKHz;
-    Int16 FrameBusy;  ///< -1 while a tick handles a frame
+    Int16 FrameBusy;  ///< -1 while a frame is processed
 
  protected:
     void layOut() override;
@@ -131,7 +131,7 @@ class frmSpectrumAnalizer final : public ProgramForm, private LevelSink {
 
  private:
     enum class Running { No, Yes };
-    /// How high the labels of the bars' axes are.
+    /// The text height of the labels at the bars' axes.
     static constexpr float kZoomPoints = 6;
 
     void layOutHead();
@@ -162,7 +162,7 @@ class frmSpectrumAnalizer final : public ProgramForm, private LevelSink {
     void changeWidth(float times);
     void scrollPictures();
 
-    // Where a scan measures, and what becomes of its levels.
+    // Says where a scan measures, and receives its levels.
     int first() const override { return sweep_.range().first(); }
     int last() const override { return sweep_.range().last(); }
     float frequency(int index) const override;
@@ -170,7 +170,7 @@ class frmSpectrumAnalizer final : public ProgramForm, private LevelSink {
     void take(int index, float raw) override;
     void refused(int index) override;
     void roundEnds() override;
-    /// A graph for the bars of the sweep that comes, empty.
+    /// Prepares an empty graph for the bars of the next sweep.
     void openBars();
     void butPause_Click();
     void endScan();
@@ -188,15 +188,15 @@ class frmSpectrumAnalizer final : public ProgramForm, private LevelSink {
         {&butPause, &butPause_BW, &btnDetail_Lower, &btnDetail_Higher, &HScroll1, &butSpecMode}};
     SweepCounter sweep_{measurement};
     SparseLabels zoomCanvas_{PictureZoom.drawing, kZoomPoints};
-    std::unique_ptr<Class1> bars_;  ///< while a sweep is drawn
-    /// What the bars show, by their column: a level in dB over a microvolt, at a frequency.
+    std::unique_ptr<Class1> bars_;  ///< true while a sweep is drawn
+    /// The level of each bar in dBuV, by the column it is drawn in.
     struct Bar {
         double mhz = 0;
         int level = 0;
     };
     std::map<int, Bar> shownBars_;
-    Class1* map_ = nullptr;   ///< while ShowSpectrum_3D works
-    bool toldFault_ = false;  ///< a save that failed was told in this scan
+    Class1* map_ = nullptr;   ///< true while ShowSpectrum_3D draws
+    bool toldFault_ = false;  ///< a failed save was reported in this scan
     bool closeAfterRun_ = false;
 };
 

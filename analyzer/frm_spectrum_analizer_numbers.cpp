@@ -16,7 +16,7 @@ constexpr display::Words kSweeps{"Barridos", "Sweeps"};
 
 }  // namespace
 
-/// The session names whose numbers they are better than the station does.
+/// The numbers are headed by the session, which says more than the station.
 display::NumberTable frmSpectrumAnalizer::tableOf(std::string_view title) const {
     std::string whole(title);
     std::string_view session = measurement.CurrentSessionFile;
@@ -38,7 +38,7 @@ display::NumberTable frmSpectrumAnalizer::numbersOfMap() const {
     for (int x = 0; x < Density::kColumns - 1; ++x) {
         for (int row = 0; row < Density::kRows - 1; ++row) {
             const double counted = measurement.SpectralDensity.at(x, row);
-            // What the map leaves dark is no cell of it.
+            // Dark places of the map have no row.
             if (densityEntry(counted, sweeps) == kNotSeen) continue;
             table.rows.push_back(
                 {shortText(columnMhz(x)).str(), wholeText(Density::kLowestLevel + row).str(),

@@ -11,7 +11,7 @@ namespace hmonitor {
 
 void frmSpectrumAnalizer::butStart_Click() {
     showRunning(Running::Yes);
-    // The key that was pressed blinks and loses the keyboard.
+    // The pressed key blinks and loses the focus.
     butPause_BW.takeFocus();
     if (inDemoMode()) return;
     toldFault_ = false;
@@ -29,7 +29,7 @@ void frmSpectrumAnalizer::butStart_Click() {
     ScanStopMHz = range.stopMHz;
     sweep_.beginScan(range, fieldCorrection());
     if (!std::isfinite(ScanStartMHz) || !std::isfinite(ScanStopMHz)) {
-        // The ends of a damaged session may be no numbers: nobody measures between those.
+        // In a damaged session the ends may be no numbers: then nothing is measured.
         endScan();
     } else if (givesFrames(HardwareVersion)) {
         measurement.ScanRunning = -1;
@@ -67,11 +67,11 @@ void frmSpectrumAnalizer::runScanOld() {
     openBars();
     show();
     bars_->GraphClean();
-    // A range without a point would go round for ever.
+    // A range without a point would loop for ever.
     if (sweep_.range().measures()) points_.measureOnAndOn(*this);
     bars_.reset();
     if (measurement.ScanRunning != 0) {
-        // There was nothing to measure: it ends as the pause key does.
+        // Nothing to measure: ends as the pause key does.
         StopScan();
         showRunning(Running::No);
     }
@@ -113,7 +113,7 @@ void frmSpectrumAnalizer::refused(int index) {
 void frmSpectrumAnalizer::roundEnds() {
     const bool frame = !points_.running();
     if (frame && !bars_) ShowSpectrum_3D();
-    // Both are written, whichever of them fails.
+    // Both files are written, even if one of them fails.
     const auto textFault = sweep_.writeText(folder);
     if (frame) {
         SaveSession(measurement.CurrentSessionFile);

@@ -17,7 +17,7 @@ namespace hmonitor {
 
 namespace {
 
-/// The middle of the run, in units of 100 kHz.
+/// The centre frequency of the run, in units of 100 kHz.
 constexpr double kCentre = 980;
 
 }  // namespace
@@ -53,7 +53,7 @@ void frmSpectrumAnalizerSpan::run() {
     }
     driver.HM_Parar();
     driver.HM_getHardwareVersion(program.words.gHardwareVersion);
-    // A step under 1 kHz is none: the graph counts in whole kHz.
+    // A step under 1 kHz is refused: the graph uses whole kHz.
     const double step = valueOf(Text2.text);
     if (step >= 1) measure(step);
     program.tuner->retune();
@@ -74,7 +74,7 @@ void frmSpectrumAnalizerSpan::measure(double step) {
     warn(desktop(), its.folder.write(sweepFileName(session), head + levels + "\r\n"));
 }
 
-/// The points of the run: drawn in the analyzer's picture, counted in its session.
+/// Draws the points of the run in the analyzer's picture and counts them in its session.
 class frmSpectrumAnalizerSpan::Points final : public LevelSink {
  public:
     Points(frmSpectrumAnalizer& analyzer, Class1& graph, float correction)
@@ -101,7 +101,7 @@ class frmSpectrumAnalizerSpan::Points final : public LevelSink {
     double before = 0;  ///< of the point before the first, 100 kHz units
     double step = 0;    ///< kHz
     PointRun* run = nullptr;
-    bool left = false;  ///< the run ended before its time
+    bool left = false;  ///< the run was broken off
     std::string levels;
 
  private:
@@ -110,7 +110,7 @@ class frmSpectrumAnalizerSpan::Points final : public LevelSink {
     float correction_;
 };
 
-/// The lines of the levels; none when the run was left early.
+/// The lines of the levels; none if the run was broken off.
 std::string frmSpectrumAnalizerSpan::measurePoints(double step, int count, double first) {
     frmSpectrumAnalizer& its = *program.frmSpectrumAnalizer;
     Class1 graph = sweepGraph(its.PictureZoom.drawing, count, toWhole(step), skipLabelsFor(count));

@@ -15,7 +15,7 @@ class frmSpectrumAnalizerSpan final : public ProgramForm {
  public:
     explicit frmSpectrumAnalizerSpan(Program& program);
 
-    /// Not in the middle of its run, which is ended by the analyzer's pause keys.
+    /// Does nothing during a run, which the analyzer's pause keys end.
     void closeRequested() override {
         if (!measuring_) Command3D2.press();
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the analyzer's window shows of its scan, and how it closes.
+// How the analyzer's window shows the state of its scan, and how it closes.
 #include "analyzer/analyzer_graphs.h"
 #include "analyzer/frm_spectrum_analizer.h"
 #include "core/numbers.h"
@@ -11,7 +11,7 @@ namespace hmonitor {
 
 namespace {
 
-/// The count changes between these from sweep to sweep.
+/// The colours between which the count alternates from sweep to sweep.
 constexpr display::Colour kCountGrey{8421504};
 constexpr display::Colour kCountRed{255};
 
@@ -29,7 +29,7 @@ void frmSpectrumAnalizer::showRunning(Running running) {
     butPause.visible = !runs;
     Label_State.caption = runs ? wordsIn(language, {"Midiendo", "Measuring"})
                                : wordsIn(language, {"Detenido", "Stopped"});
-    // The word stays while the pictures blink.
+    // The text stays while the pictures blink.
     butStart_BW.caption =
         runs ? butStart.caption.get() : std::string(wordsIn(language, {"Iniciar", "Start"}));
 }
@@ -61,7 +61,7 @@ void frmSpectrumAnalizer::openBars() {
 
 void frmSpectrumAnalizer::closeRequested() {
     if (points_.running()) {
-        // The window goes when the measurement that holds the thread has come back.
+        // The window is closed when the measurement that holds the thread returns.
         StopScan();
         showRunning(Running::No);
         closeAfterRun_ = true;
@@ -85,7 +85,7 @@ void frmSpectrumAnalizer::close() {
 
 void frmSpectrumAnalizer::onUnload() {
     measurement.ScanRunning = 0;
-    // The unit measures for the panels again, and the rack takes keys.
+    // Returns the unit to the panels and enables the rack.
     lease_.close(UnitLease::Back::AsStored);
 }
 

@@ -15,7 +15,7 @@ namespace {
 
 constexpr display::Words kMode3D{"Modo espectro 3D", "3D spectrum mode"};
 constexpr display::Words kModeZoom{"Modo espectro zoom", "Spectral zoom mode"};
-/// How high the labels of the map's axes are.
+/// The text height of the labels at the map's axes.
 constexpr float kMapPoints = 5.5f;
 
 constexpr DensityColors kColors = buildPalette();
@@ -66,7 +66,7 @@ void frmSpectrumAnalizer::ShowSpectrum_SpectralZoom(std::string_view fileName) {
         folder.exists(fileName) ? folder.read(fileName) : FileResult<std::string>(FileFault{});
     ChannelSpectrum sweep;
     if (bytes) sweep = ChannelSpectrum::parse(*bytes);
-    // A count that is none draws the frame of the whole band.
+    // If the text has no number of levels, only the frame of the whole band is drawn.
     const bool counted = bytes && sweep.points > 0;
     const Int16 columns = counted ? sweep.points : Int16(kWholeBand);
 
@@ -75,7 +75,7 @@ void frmSpectrumAnalizer::ShowSpectrum_SpectralZoom(std::string_view fileName) {
     graph.GraphInit();
     shownBars_.clear();
     EscalaClean(graph.XColumns, graph.XStep);
-    // What is made up has no numbers.
+    // A simulated spectrum has no numbers to copy.
     if (!bytes) {
         for (int i = 1; i <= kWholeBand; ++i) {
             Int16 fromTop = toWhole(100 - madeUpLevel(i, desktop().random()));
@@ -83,7 +83,7 @@ void frmSpectrumAnalizer::ShowSpectrum_SpectralZoom(std::string_view fileName) {
         }
         return;
     }
-    // A sweep that ends before its count draws no more.
+    // A text with fewer levels than its count draws those that are there.
     for (int i = 1; i <= static_cast<int>(sweep.values.size()); ++i) {
         constexpr double kKhzPerMhz = 1000;
         shownBars_[i] = {sweep.beforeFirstMhz + i * sweep.stepKhz() / kKhzPerMhz, sweep.value(i)};
@@ -125,7 +125,7 @@ void frmSpectrumAnalizer::scrollPictures() {
     const float beyond = PictureZoom.width - Panel3D1.width;
     const auto last = static_cast<float>(HScroll1.maximum.get());
     const auto value = static_cast<float>(HScroll1.value);
-    // The two divide by another number, and both go by the width of the bars' picture.
+    // The two views divide by different numbers, but both by the width of the bars' picture.
     PictureZoom.left = kLeft - beyond / (last - 1) * value;
     Picture3d.left = kLeft - (beyond - kMapNarrower) / last * value;
 }
@@ -137,7 +137,7 @@ void frmSpectrumAnalizer::openPage() {
     page.Picture1.drawing.take(view.drawing);
     for (display::PictureBox* box : {&page.Picture1, &page.Picture1B})
         box->numbers = [table = view.numbers()] { return table; };
-    // The table belongs to the channel spectrum.
+    // The table of the page is for the channel spectrum only.
     page.Picture1B.drawing.clear();
     page.Picture1.left = view.left.get();
     page.Picture1.width = width.get();

@@ -17,7 +17,7 @@ void Measurement::NewSessionDefaults(double now) {
 bool Measurement::LoadSession(const SessionFolder& folder, std::string_view fileName) {
     if (fileName.empty() || !folder.exists(fileName)) return false;
     const FileResult<std::string> bytes = folder.read(fileName);
-    // A file that cannot be read is one of which nothing is there.
+    // A file that cannot be read counts as an empty one.
     const std::string_view there = bytes ? std::string_view(*bytes) : std::string_view();
     damaged = readSession(there, SessionInfo, SpectralDensity) == SessionCondition::Damaged;
     CurrentSessionFile = fileName;

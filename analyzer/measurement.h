@@ -19,23 +19,24 @@ struct Measurement {
     Density SpectralDensity;
     hmonitor::SessionInfo SessionInfo;
     std::string CurrentSessionFile;  ///< without a folder; empty: none
-    bool damaged = false;            ///< the file of the session holds less than it should
+    bool damaged = false;            ///< the session's file is damaged
 
-    /// As before any session: the defaults, empty cells and a name that nothing is stored under.
-    /// `now` in days since 30 December 1899.
+    /// Resets everything: default values, empty cells and no name. `now` in days since 30 December
+    /// 1899.
     void NewSessionDefaults(double now);
-    /// Takes the session of that file, which then is the current one. False, and no change, when
+    /// Loads the session of that file and makes it the current one. False, with no change, when
     /// there is no such file.
     bool LoadSession(const SessionFolder& folder, std::string_view fileName);
-    /// Replaces the file by the session in memory; nothing without a name.
+    /// Writes the session to its file; does nothing without a name.
     std::optional<FileFault> SaveSession(const SessionFolder& folder, std::string_view fileName);
-    /// Counts the level (30 to 100), only while a scan runs.
+    /// Counts a level (30 to 100), if a scan is running.
     void CountLevel(int x, int level);
-    /// One sweep more.
+    /// Counts a sweep.
     void countSweep();
 };
 
-/// What a sweep does to the session: each level is counted, and kept for the text file beside it.
+/// Puts the levels of a sweep into the session: counts each, and keeps it for the text file beside
+/// it.
 class SweepCounter {
  public:
     explicit SweepCounter(Measurement& measurement) : measurement_(measurement) {}
@@ -44,9 +45,9 @@ class SweepCounter {
     void beginScan(const ScanRange& range, float correction);
     /// A sweep begins: its text is empty.
     void beginSweep() { text_.begin(); }
-    /// A level as the unit gave it at an index; answers the level that counts, 30 to 100.
+    /// Takes a level of the unit at an index; returns the level that is counted, 30 to 100.
     int take(int index, float raw);
-    /// Replaces the text file of the current session by this sweep.
+    /// Writes this sweep to the text file of the current session.
     std::optional<FileFault> writeText(const SessionFolder& folder) const;
 
     const ScanRange& range() const { return range_; }

@@ -16,7 +16,7 @@ std::string placeText(double place, std::string_view notAvailable, const char* a
                       const char* below) {
     if (place == double{kNotAvailable}) return std::string(notAvailable);
     const PlaceParts parts = PlaceParts::of(place);
-    // There is no carry: 59.96 seconds show as "60.0".
+    // Seconds are rounded without a carry: 59.96 is shown as "60.0".
     return shortText(parts.degrees).str() + "°  " + shortText(parts.minutes).str() + "' " +
            mask("00.0", parts.seconds).str() + "'' " + (place <= 0 ? below : above);
 }

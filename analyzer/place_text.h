@@ -8,7 +8,7 @@
 
 namespace hmonitor {
 
-/// A side of the globe in degrees, minutes and seconds; the sign is told by its letter.
+/// A latitude or longitude in degrees, minutes and seconds, with a letter in place of the sign.
 struct PlaceParts {
     double degrees = 0;
     double minutes = 0;
@@ -26,7 +26,7 @@ std::string altitudeText(float metres, std::string_view notAvailable);
 
 enum class Hemisphere { NorthOrEast, SouthOrWest };
 
-/// A place as the session's editor has it.
+/// A latitude or longitude in the fields of the session's editor.
 struct PlaceFields {
     SmallText degrees = "00";
     SmallText minutes = "00";

@@ -29,7 +29,8 @@ double columnMhz(int index) {
 }
 
 float scanFrequency(int index) {
-    // From the number of the point, in quarters of a unit, so that nothing adds up.
+    // Computed from the number of the point, in quarters of a unit, so that rounding errors do not
+    // add up.
     return static_cast<float>(kBandStartKhz + index * kScanStepKhz) / 100.0f;
 }
 

@@ -16,33 +16,32 @@ double columnMhz(int index);
 /// The frequency of an index in units of 100 kHz.
 float scanFrequency(int index);
 
-/// What a scan measures.
+/// The frequencies of a scan.
 struct ScanRange {
     float startMHz = 0;
     float stopMHz = 0;
 
-    /// Between the ends of a session, in their limits: a start under 87.5 becomes 87.5, a stop of
-    /// exactly 0 becomes 108, under 89 becomes 89, over 108 becomes 108.
+    /// The range of a session, clamped: a start under 87.5 becomes 87.5; a stop of exactly 0
+    /// becomes 108, under 89 becomes 89, over 108 becomes 108.
     static ScanRange limited(float startMHz, float stopMHz);
 
-    /// False for ends that are no numbers, a start above 108 and a stop below the start: such a
-    /// scan measures nothing.
+    /// False if an end is no number, the start is above 108, or the stop is below the start: then
+    /// nothing is measured.
     bool measures() const;
     int first() const { return scanIndex(startMHz); }
     int last() const { return scanIndex(stopMHz); }
 };
 
-/// A level of the unit with the field correction (dB): its whole part towards minus infinity, held
-/// within 30 and 100.
+/// A level of the unit plus the field correction (dB), rounded down and clamped to 30 to 100.
 int scanLevel(float raw, float correction);
 
-/// The last sweep as the text file beside a session keeps it.
+/// The last sweep, in the format of the text file beside a session.
 class SweepText {
  public:
     void begin() { levels_.clear(); }
     void add(int level);
-    /// The bytes: the last index, the step, one step below the start in MHz, a line for each level,
-    /// and an empty line.
+    /// The file's bytes: the last index, the step, one step below the start in MHz, a line for each
+    /// level, and an empty line.
     std::string bytes(const ScanRange& range) const;
 
  private:

@@ -51,7 +51,7 @@ double doubleAt(const char* bytes) {
     return std::bit_cast<double>(bits);
 }
 
-/// Walks over the bytes; once they have run out, nothing more is read.
+/// Reads the bytes in order; after their end every value is empty or 0.
 class SessionReader {
  public:
     explicit SessionReader(std::string_view bytes) : rest_(bytes) {}
@@ -84,7 +84,8 @@ class SessionReader {
     float takeFloat() { return std::bit_cast<float>(takeWhole<std::uint32_t>()); }
     double takeDouble() { return std::bit_cast<double>(takeWhole<std::uint64_t>()); }
 
-    /// What there is of a text whose length stands before it.
+    /// A text with its length before it; where the file ends inside the text, the part that is
+    /// there.
     std::string takeText() {
         const std::size_t length = takeWhole<std::uint16_t>();
         const std::size_t there = std::min(length, rest_.size());
@@ -92,7 +93,7 @@ class SessionReader {
         return utf8FromCodePage(take(there));
     }
 
-    /// A place: what is no number is not available.
+    /// A latitude or longitude: a value that is no number counts as not given.
     template <typename Number>
     Number placed(Number value) {
         if (std::isfinite(value)) return value;
@@ -131,7 +132,7 @@ void takeInfo(SessionReader& reader, SessionInfo& info) {
     }
     info.StartMHz = reader.takeFloat();
     info.StopMHz = reader.takeFloat();
-    // A scan between ends that are no numbers measures nothing, so they may stand.
+    // Ends that are no numbers are kept: a scan between them measures nothing.
     if (!std::isfinite(info.StartMHz) || !std::isfinite(info.StopMHz)) reader.spoilt();
     info.Acquisitions = static_cast<std::int32_t>(reader.takeWhole<std::uint32_t>());
     if (info.Acquisitions < 0) {

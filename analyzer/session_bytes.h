@@ -9,14 +9,14 @@
 
 namespace hmonitor {
 
-/// Most bytes that a text of a session has.
+/// The maximum length of a session's text, in bytes.
 inline constexpr std::size_t kLongestSessionText = 65535;
 
 enum class SessionCondition { Whole, Damaged };
 
-/// Takes the bytes of a session file. What can be read is read, the rest stands as cleared: a file
-/// that ends early, numbers that are none, counts below 0. A session of another version counts as
-/// damaged too, and so does one with bytes behind its end.
+/// Reads the bytes of a session file. Whatever can be read is read, the rest stays cleared: the
+/// file may end early, or have values that are no numbers or counts below 0. A session of another
+/// version counts as damaged, and so does one with bytes after its end.
 SessionCondition readSession(std::string_view bytes, SessionInfo& info, Density& density);
 
 /// The bytes of a session file. Letters outside of the code page become "?", texts are cut at

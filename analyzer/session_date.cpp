@@ -30,7 +30,7 @@ double serialDate(const display::Date& date) {
                                        day(static_cast<unsigned>(date.day)));
     const double whole = static_cast<double>((at - kOrigin).count());
     const double seconds = (date.hour * 60 + date.minute) * 60 + date.second;
-    // Before the origin the time of day counts away from 0 too.
+    // Before the origin the fraction is still the time of day: it is subtracted.
     return whole < 0 ? whole - seconds / kSecondsOfDay : whole + seconds / kSecondsOfDay;
 }
 

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::string_view kFolder = "Logs";
 
-/// The folded names of whatever lies in a folder: one look serves a thousand questions.
+/// The folded names of all entries of a folder, read once for many look-ups.
 std::set<std::string> foldedNames(const std::filesystem::path& folder) {
     std::set<std::string> names;
     std::error_code none;

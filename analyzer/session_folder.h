@@ -10,11 +10,11 @@
 
 namespace hmonitor {
 
-/// The folder "Logs" below the working folder, where sessions and their last sweeps lie. It is made
-/// when the first of them is written.
+/// The folder "Logs" in the working folder, which holds sessions and their last sweeps. It is
+/// created when the first file is written.
 class SessionFolder {
  public:
-    /// `working` must outlive this. The watcher looks on at rewrites.
+    /// `working` must outlive this. The watcher is called during rewrites.
     explicit SessionFolder(const Files& working, base::RewriteWatcher* watcher = nullptr);
 
     /// The sessions, in the byte order of their folded names; equal ones by their bytes.
@@ -23,16 +23,16 @@ class SessionFolder {
 
     /// A free file name for a session, see uniqueSessionName. `asIfGone` counts as free.
     std::string uniqueName(std::string_view name, std::string_view asIfGone = {}) const;
-    /// Whether uniqueName would give a name that is not taken.
+    /// Whether uniqueName can find a free name.
     bool hasFreeName(std::string_view name, std::string_view asIfGone = {}) const;
 
     FileResult<std::string> read(std::string_view fileName) const { return files().read(fileName); }
-    /// Replaces the file whole, and makes the folder if it is missing.
+    /// Replaces the file, and creates the folder if it is missing.
     std::optional<FileFault> write(std::string_view fileName, std::string_view bytes) const;
     std::optional<FileFault> remove(std::string_view fileName) const {
         return files().remove(fileName);
     }
-    /// Gives a file another name, in the place of whatever has that name; nothing else goes wrong.
+    /// Renames a file, replacing one that has the new name. A failure is ignored.
     void rename(std::string_view from, std::string_view to) const;
 
  private:

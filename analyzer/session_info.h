@@ -7,13 +7,13 @@
 
 namespace hmonitor {
 
-/// A place or a height that nobody gave.
+/// The value of a place or a height that is not given.
 inline constexpr float kNotAvailable = -777.0f;
 
-/// What a session tells about itself, in the order of its file. Texts are UTF-8.
+/// The information of a session, in the order of its file. Texts are UTF-8.
 struct SessionInfo {
     std::uint8_t Version = 0;  ///< 1; another one is not shown
-    std::string Unused;        ///< kept as it was read
+    std::string Unused;        ///< read and written back, otherwise unused
     std::string Comment;
     double Created = 0;  ///< days since 30 December 1899, local time
     float StartMHz = 0;
@@ -27,7 +27,7 @@ struct SessionInfo {
     bool operator==(const SessionInfo&) const = default;
 };
 
-/// What a new session begins with. `now` in days since 30 December 1899.
+/// The information of a new session. `now` in days since 30 December 1899.
 SessionInfo newSessionInfo(double now);
 
 }  // namespace hmonitor

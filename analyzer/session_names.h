@@ -9,7 +9,7 @@
 namespace hmonitor {
 
 inline constexpr std::string_view kSessionEnding = ".3Ds";
-/// The session that is offered where there is none.
+/// The name that is listed when there is no session.
 inline constexpr std::string_view kNoName = "Sin Nombre";
 
 /// Whether a file of that name is a session, whatever the case of its ending.
@@ -22,7 +22,7 @@ std::string sessionTitle(std::string_view fileName);
 /// "Other.3DS" is never its own text file, and in place of every other "3Ds" in the name.
 std::string sweepFileName(std::string_view sessionFile);
 
-/// A name for a file: what folders and patterns are written with becomes "_".
+/// A file name: characters used in paths and patterns become "_".
 std::string fileTitle(std::string_view typed);
 
 /// "Name.3Ds", or the first of "Name (1).3Ds" to "Name (999).3Ds" that is not taken; the last one
@@ -30,8 +30,8 @@ std::string fileTitle(std::string_view typed);
 std::string uniqueSessionName(std::string_view name,
                               const std::function<bool(std::string_view)>& isTaken);
 
-/// Which item stands for the current session: the first whose folded text occurs anywhere in the
-/// folded name, which is no exact match on purpose; else the last. -1 without items.
+/// The list item of the current session: the first whose folded name contains the session's folded
+/// text anywhere, which is deliberately no exact match; otherwise the last. -1 without items.
 int itemOfSession(const std::vector<std::string>& items, std::string_view current);
 
 }  // namespace hmonitor

@@ -5,7 +5,7 @@ namespace hmonitor {
 
 namespace {
 
-/// Widths of the font in its own heights.
+/// Widths of characters, in multiples of the font's height.
 constexpr float kFigure = 0.64f;
 constexpr float kPoint = 0.3f;
 constexpr float kGap = 0.3f;
@@ -49,7 +49,7 @@ void SparseLabels::print(std::string_view text) {
 }
 
 void SparseLabels::cell(const display::CellGrid& grid, int column, int row) {
-    // Tens of thousands of cells need their colour alone.
+    // Cells, of which there are tens of thousands, need only the colour.
     drawing_.foreground = foreground;
     drawing_.cell(grid, column, row);
 }

@@ -11,7 +11,7 @@ namespace hmonitor {
 /// The label of an hour, 0 to 23: "00" to "23".
 std::string hourLabel(int hour);
 
-/// One list of the text window: which fields stand in its lines, and how far behind the hour.
+/// One list of the text window: which fields its lines show, and how far after the hour.
 struct DayList {
     int first;       ///< field of the first value
     int second = 0;  ///< field of the second, 0 for none
@@ -27,8 +27,7 @@ inline constexpr DayList kDayLists[] = {
     {.first = 8, .second = 9, .gap = 6},  // silence and inverted phase
 };
 
-/// The line of an hour. The second value stands in one column as long as the first is not too
-/// long.
+/// The line of an hour. The second value is aligned in a column unless the first is too long.
 std::string listLine(const DayTables& tables, const DayList& list, int hour);
 
 }  // namespace hmonitor

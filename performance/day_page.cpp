@@ -16,7 +16,7 @@ namespace {
 constexpr float kLeft = 550;
 constexpr float kRight = 10200;
 constexpr int kUpright = 22;
-/// A quarter turn against the clock, in tenths of a degree.
+/// A quarter turn counterclockwise, in tenths of a degree.
 constexpr int kQuarterTurn = 900;
 
 constexpr const char* kHours =
@@ -33,7 +33,7 @@ struct Caption {
 
 struct Band {
     float top, bottom;
-    float lines[4];  ///< y of the lines across, 0 for none
+    float lines[4];  ///< y of the horizontal lines, 0 for none
     Caption red, blue;
     const char* leftScale;
     const char* rightScale;  ///< null for none
@@ -70,7 +70,7 @@ constexpr Band kBands[] = {
      nullptr},
 };
 
-/// A figure of the foot and the line of the results file that it takes.
+/// A figure in the foot of the page, and the line of the results file that it shows.
 struct Result {
     Caption label;
     int line;
@@ -135,7 +135,7 @@ void drawFoot(PageDocument& document, const DayPage& page) {
 
 void drawCurve(PageDocument& document, const DaySeries& series, const DayTables& tables) {
     document.pen = {series.colour, series.penWidth, PenStyle::Solid};
-    // The curve grows hour by hour, each time drawn as far as it has come.
+    // The curve is drawn again for each hour, each time one hour longer.
     for (int hour = 0; hour < DayTables::kHours; ++hour)
         document.polyline(series.coordinates(tables, hour));
 }

@@ -9,7 +9,7 @@
 
 namespace hmonitor {
 
-/// What stands on the day's page beside the figures of the log.
+/// What the page of a day shows besides the log's figures.
 struct DayPage {
     std::string stationName;
     std::string memoryFreq;  ///< 100 kHz units: "1025.5"
@@ -17,12 +17,12 @@ struct DayPage {
     std::string logo;  ///< name of a drawing
     float logoWidth = 0;
     float logoHeight = 0;
-    /// Of the tuned memory; where there is no file, the page has neither foot nor comment.
+    /// The results of the tuned memory; without the file the page has neither foot nor comment.
     ResultsFile results;
     std::string comment;
 };
 
-/// The page of one day: four bands with the curves of eight figures over the hours, and the
+/// The page of one day: four diagrams with the curves of eight figures over the hours, and the
 /// station's results at the foot.
 display::PageDocument composeDayPage(const DayPage& page, const DayTables& tables);
 

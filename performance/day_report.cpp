@@ -12,7 +12,7 @@ constexpr int kMostLines = 24;
 constexpr std::size_t kBlockLines = 12;
 constexpr std::string_view kTabs = "\t\t";
 
-/// One line of the log as the report takes it apart.
+/// One line of the log, split into fields for the report.
 class ReportLine {
  public:
     explicit ReportLine(std::string_view line) : line_(line) {
@@ -63,7 +63,7 @@ std::string firstTableLine(const ReportLine& line) {
            " " + line.field(3) + "\t  " + line.field(8) + "\t    " + line.field(9);
 }
 
-/// The second table: the first twelve lines, each with the line twelve further on behind it.
+/// The second table: each of the first twelve lines, followed by the line twelve lines later.
 std::vector<std::string> secondTable(const std::vector<ReportLine>& lines) {
     std::vector<std::string> table;
     for (std::size_t i = 0; i < lines.size(); ++i) {

@@ -13,7 +13,7 @@ namespace hmonitor {
 std::vector<std::string> dayReport(std::string_view bytes, std::string_view day,
                                    std::string_view brand);
 
-/// A value as the report has room for it: four characters, three where the fourth is a point.
+/// A value cut to the report's width: four characters, three where the fourth is a point.
 std::string_view shortened(std::string_view value);
 
 }  // namespace hmonitor

@@ -16,7 +16,7 @@ std::string DaySeries::coordinates(const DayTables& tables, int lastHour) const 
     std::string text;
     for (int hour = 0; hour <= lastHour; ++hour) {
         text.append(wholeText(pageX(hour))).append(" ");
-        // An hour without a line lies at the foot of its band, a level too.
+        // An hour without a line is drawn at the bottom of its diagram, for levels too.
         const bool absent = tables.hourLine(hour).empty();
         text.append(wholeText(absent ? base : pageY(tables.field(hour, field)))).append(" ");
     }

@@ -9,7 +9,7 @@
 
 namespace hmonitor {
 
-/// Whose log it is and of which day: the loaded memory's, whatever is tuned.
+/// Station and date of a log: those of the loaded memory, whatever is tuned.
 inline std::string stationOfLog(const Program& program, std::string_view day) {
     constexpr double kTenths = 10;
     return stationLine(program.StationState.StationName,

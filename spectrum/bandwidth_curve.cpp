@@ -49,10 +49,10 @@ BandwidthCurve::Points BandwidthCurve::through(const Peaks& peaks) {
 
     Points points;
     points[0] = 100;
-    // Of the second line: nothing up to the first corner.
+    // The weight of the second line: 0 before the first corner.
     float share = 0;
     for (int kHz = 1; kHz <= kLastKhz; ++kHz) {
-        // Corner 1 stands at 25 kHz; its rounding begins at 15 and is over at 35.
+        // Corner 1 is at 25 kHz; its rounding goes from 15 to 35 kHz.
         const int fromFirst = kHz - (kSegmentKhz - kReachKhz) - 1;
         const int corner = fromFirst < 0 ? 0 : fromFirst / kSegmentKhz;
         if (fromFirst >= 0) {

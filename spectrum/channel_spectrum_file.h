@@ -12,8 +12,8 @@
 
 namespace hmonitor {
 
-/// A stored spectrum around one frequency, as a ".spc" file keeps it: how many points, the step
-/// between them, where they begin, and a line for each.
+/// The spectrum around one frequency, in the format of a ".spc" file: the number of points, the
+/// step between them, where they begin, and a line for each.
 struct ChannelSpectrum {
     /// The widest span in the finest step: 1000 kHz to each side, 1 kHz apart.
     static constexpr int kMostPoints = 2001;
@@ -21,15 +21,15 @@ struct ChannelSpectrum {
     Int16 points;               ///< columns of the graph; 0: there is nothing to draw
     SmallText step;             ///< kHz, as it was typed
     double beforeFirstMhz = 0;  ///< one step below the first point
-    /// What stands in the lines, at most `points` of them: fewer when the file ends early.
+    /// The texts of the lines, at most `points` of them; fewer when the file ends early.
     std::vector<SmallText> values;
 
     Int16 stepKhz() const;
-    /// The whole number that line i (from 1) stands for.
+    /// The value of line i (from 1).
     Int16 value(int i) const;
 
-    /// Never fails: a text that is no spectrum has no points. The empty line that closes a
-    /// spectrum ends it wherever it comes.
+    /// Never fails: a text that is no spectrum has no points. An empty line always ends the
+    /// spectrum.
     static ChannelSpectrum parse(std::string_view bytes);
     /// The bytes of the file; `points` is the count of values.
     std::string text() const;

@@ -9,7 +9,8 @@
 namespace hmonitor {
 
 double ChannelSweep::steps() const {
-    // Half steps that would be rounded down, and so lose the high edge, count as the next whole.
+    // Counts that would be rounded down, which loses the high edge, are raised to the next whole
+    // number.
     constexpr std::array<double, 10> kGoUp = {3.5,  5.5,  6.5,  7.5,  9.5,
                                               10.5, 11.5, 13.5, 17.5, 19.5};
     const double count = 2 * halfSpan / step;

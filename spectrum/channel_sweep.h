@@ -14,7 +14,7 @@ struct ChannelSweep {
     Int16 points() const;
     /// One step below the first point, MHz.
     double beforeFirstMhz() const;
-    /// Where point i (from 1) lies, 100 kHz units as the driver takes them.
+    /// The frequency of point i (from 1) in units of 100 kHz, as the driver takes it.
     float frequency(int i) const;
     /// True for the point that falls on the carrier; a step that does not divide the half span
     /// has none.
@@ -25,7 +25,7 @@ struct ChannelSweep {
     double beforeFirst() const;
 };
 
-/// How far a level lies above the carrier, whole dB; what is above it counts as 0.
+/// The level relative to the carrier in whole dB; a higher one counts as 0.
 Int16 dbAgainstCarrier(float level, float carrier);
 
 }  // namespace hmonitor

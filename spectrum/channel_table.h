@@ -10,15 +10,15 @@
 
 namespace hmonitor {
 
-/// A channel spectrum that is shown, for whoever copies its numbers.
+/// The numbers of the shown channel spectrum, for copying them.
 struct ShownSpectrum {
     int columns = 0;
     int stepKhz = 0;
     std::vector<std::string> below;  ///< dB below the carrier, without sign; empty: not measured
 
-    /// Columns around the carrier, nothing measured yet.
+    /// Clears all values and sets the columns around the carrier.
     void begin(int itsColumns, int itsStepKhz);
-    /// The value of column i, from 1.
+    /// Sets the value of column i, from 1.
     void put(int i, std::string_view value);
     /// Offsets from the carrier in kHz, and levels in dB under it.
     display::NumberTable table(const Program& program, display::Language language) const;

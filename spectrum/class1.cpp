@@ -10,10 +10,10 @@ namespace hmonitor {
 
 namespace {
 
-/// One unit of a small canvas in units of a fine one.
+/// The units of a fine canvas in one unit of a small canvas.
 constexpr float kCoarse = 17.f;
 constexpr float kBandWidthMhz = 20.f;
-/// Every so many columns a tick is heavy.
+/// Every how many columns a tick is bold.
 constexpr int kHeavyEvery = 20;
 
 }  // namespace
@@ -78,7 +78,7 @@ void Class1::GraphRepaint() {
     }
 }
 
-/// A level line every five rows; every second one is a band, so that each ten rows stand out.
+/// A line every five rows; every second one is a band, so that steps of ten rows stand out.
 void Class1::drawBands(int count, float left, float right, float below, float above) {
     for (int i = 0; i <= count; ++i) {
         const auto y = static_cast<float>(TopMargin + 5 * i * YPixels);

@@ -9,7 +9,7 @@
 
 namespace hmonitor {
 
-/// What the axes of a graph are, and in which units its canvas is.
+/// The kind of axes, and the units of the canvas.
 enum class Kind : std::int16_t {
     Bare = 0,      ///< bars alone
     Offset = 1,    ///< kHz around the carrier against dB below it
@@ -17,22 +17,22 @@ enum class Kind : std::int16_t {
     SmallBand = 3  ///< as Band, on a canvas whose units are 17 times coarser
 };
 
-/// The graph behind every bar spectrum. It draws a frame on a canvas and then takes one bar or one
-/// sliver at a time; it holds no measurement. Its owner sets the fields, calls GraphInit, and then
-/// GraphLine or GraphPixel as values arrive. Nothing is checked: a canvas must be set, and at least
-/// one column and one row.
+/// The graph of every bar spectrum. It draws a frame on a canvas and then single bars or slivers;
+/// it keeps no values. Its owner sets the fields, calls GraphInit, and then GraphLine or GraphPixel
+/// as values arrive. Nothing is checked: there must be a canvas, and at least one column and one
+/// row.
 class Class1 {
  public:
-    /// Takes the size of the canvas and draws the empty graph.
+    /// Reads the size of the canvas and draws the empty graph.
     void GraphInit();
-    /// Draws the empty graph at the size that GraphInit took.
+    /// Draws the empty graph at the size read by GraphInit.
     void GraphClean();
     /// Draws the grid alone.
     void GraphRepaint();
-    /// One bar in column x (from 1), hanging from row y below the top down to the foot. y becomes
-    /// its own size, at most YUnits: the caller's variable is rewritten.
+    /// Draws a bar in column x (from 1), from row y below the top down to the foot. y is set to the
+    /// bar's size, at most YUnits: the caller's variable changes.
     void GraphLine(Int16 x, Int16& y);
-    /// One sliver, 0.8 rows high, at column x and row y (both from 0).
+    /// Draws a sliver, 0.8 rows high, at column x and row y (both from 0).
     void GraphPixel(Int16 x, Int16 y, std::int32_t color);
 
     // Colours are decimal text.

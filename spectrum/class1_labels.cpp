@@ -53,7 +53,7 @@ void Class1::labelOffsetColumns() {
     for (int i = 0; i < XColumns; ++i) {
         const auto x = static_cast<float>(350 + i * XPixels);
         if (i == CenterColumn) {
-            // The carrier has a label in any case; the pattern of the others runs on across it.
+            // The carrier always has a label; the pattern of the others continues across it.
             Canvas->foreground = display::kRed;
             printAt(x, y, "  F0");
             ink(TextColor);
@@ -99,7 +99,7 @@ void Class1::labelBandLevels(float lift, float lastLift) {
     constexpr int kLast = 8;
     constexpr int kTop = 100;
     for (int i = 0; i <= kLast; ++i) {
-        // Two figures and a blank are all that fits beside the frame: the top label is "00 ".
+        // Only two digits and a blank fit beside the frame: the top label is "00 ".
         SmallText text = mask("#00", kTop - kRowsPerLabel * i).append(' ');
         const std::string_view cut = text.view().substr(text.size() - 3);
         const auto row = static_cast<float>(TopMargin + kRowsPerLabel * i * YPixels);

@@ -10,8 +10,8 @@ Form6::Form6(Program& itsProgram) : PictureSheet(itsProgram, "Form6") {
 }
 
 void Form6::layOut() {
-    // As wide as the analyzer's window, whose view it takes over; the channel spectrum's table
-    // stands beside its bars, where its window has it.
+    // As wide as the analyzer's window, whose view it also prints; the table is beside the bars, as
+    // in the window of the channel spectrum.
     constexpr float kSheetWidth = 13500;
     constexpr float kPictureHeight = 6300;
     constexpr float kBars = 9600;

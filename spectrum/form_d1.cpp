@@ -100,7 +100,7 @@ void Form_D1::printRow(int i, float x, std::string_view text) {
 }
 
 void Form_D1::openBandwidth() {
-    // It halts the unit, and the start leaves the rack usable beside this window.
+    // It stops the unit, and at the start the rack stays usable beside this window.
     program.disableRack();
     lease.letGo();
     program.FormD1a->left = left;

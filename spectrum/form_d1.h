@@ -20,19 +20,20 @@ class Form_D1 final : public ProgramForm {
     /// Prints the value of row i (from 1), dB without sign.
     void printValue(int i, std::string_view value);
 
-    /// A run locks the window open until it ends, whole or broken off.
+    /// While a run goes on the window cannot be closed.
     void beginRun();
     enum class RunEnd { Whole, Broken };
     void endRun(RunEnd end);
-    /// In one line: at which frequency, in units of 100 kHz, the unit refused to go on.
+    /// One line that says at which frequency, in units of 100 kHz, the unit refused to go on.
     void tellRefused(float tenths);
-    /// Of the runs that are shown here. A run that broke off leaves it to the window's close.
+    /// The lease of the runs that are shown here. After a run that broke off, closing the window
+    /// returns the unit.
     UnitLease lease{program, *this};
 
-    /// The run of the start has something to show: the window comes up when the rack stands.
+    /// The run at the start had a result: the window is shown when the rack is complete.
     void awaitRack() { awaitsRack_ = true; }
-    /// The rack stands: the window comes up beside it if it waited for that and the screen has the
-    /// room; else it stays hidden until its door opens it.
+    /// The rack is complete: shows the window beside it if it waited for that and the screen has
+    /// room; otherwise it stays hidden until its key opens it.
     void rackStands();
 
     void closeRequested() override { Command3D2.press(); }
@@ -46,7 +47,7 @@ class Form_D1 final : public ProgramForm {
     display::Panel Sheet2{*this, "Sheet2"};
     display::PictureBox Picture2{*this, "Picture2"};  ///< values
     display::Key Command3D1{*this, "Command3D1"};     ///< asks for a new run
-    display::Key Command3D2{*this, "Command3D2"};     ///< closes, but for a run in work
+    display::Key Command3D2{*this, "Command3D2"};     ///< closes, unless a run goes on
     display::Key SSCommand1{*this, "SSCommand1"};     ///< printed page
     display::Key SSCommand2{*this, "SSCommand2"};     ///< modulation bandwidth
 

@@ -7,8 +7,8 @@ namespace hmonitor {
 using namespace display;
 
 void Form_D1::layOut() {
-    // The bars need the width for the unit behind the last column; the table has room for the 33
-    // rows of the longest span.
+    // The width is needed for the unit after the last column; the table has room for the 33 rows of
+    // the longest span.
     constexpr float kBars = 9600;
     constexpr float kTable = 1150;
     constexpr float kHeight = 6300;
@@ -22,7 +22,7 @@ void Form_D1::layOut() {
     layTitle(SSPanel1, Label1, "Channel Spectrum", &Refused);
     Label1.colour = kWhite;
     place(Sheet1, kBarsBox, Surface::Sheet);
-    // "-50" has 240 units up to the grid.
+    // There are 240 units for the label "-50" beside the grid.
     place(Picture1, kBarsBox, Says{"Espectro del canal", "Channel spectrum"}).drawing.fontPoints =
         6.75f;
     place(Sheet2, kTableBox, Surface::Sheet);

@@ -113,7 +113,7 @@ void FormD1a::start(float carrier) {
     if (takeReference(carrier)) startSampling();
 }
 
-/// Answers false when the run ended meanwhile.
+/// Returns false when the run ended meanwhile.
 bool FormD1a::takeReference(float carrier) {
     Levels[0] = carrier;
     if (!givesFrames(HardwareVersion)) return true;
@@ -146,7 +146,7 @@ void FormD1a::stop() {
     frames_.stop();
     Picture1.drawing.foreground = display::kBlack;
     printAt(2700, 20, SmallText("Stop Time: ").append(timeOfDay()));
-    // A tick in work still measures: it gives the unit back at its end.
+    // A tick that is measuring returns the unit at its end.
     if (FrameBusy == 0) giveUnitBack();
 }
 
@@ -162,7 +162,7 @@ void FormD1a::tick() {
         return;
     }
     if (points_.running()) return;
-    // A unit of points is asked too, and measured whatever it says.
+    // A unit without sweeps is asked too, and measured whatever it answers.
     driver.HM_TramaEspectroRecibida();
     roundBegins();
     if (points_.measure(*this) == PointRun::End::Done) {

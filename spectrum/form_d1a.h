@@ -14,8 +14,8 @@
 
 namespace hmonitor {
 
-/// How wide the station's modulation reaches: the strongest levels seen at six frequencies up to
-/// 150 kHz above the carrier, as a curve in percent of the carrier.
+/// The modulation bandwidth of the station: the highest levels at six frequencies up to 150 kHz
+/// above the carrier, as a curve in percent of the carrier.
 class FormD1a final : public ProgramForm, private LevelSink {
  public:
     explicit FormD1a(Program& program);
@@ -23,10 +23,10 @@ class FormD1a final : public ProgramForm, private LevelSink {
     void GraphClean();                  ///< draws the empty graph without its grid
     void GraphRepaint();                ///< draws the grid
     void GraficoMuestras(Int16 count);  ///< shows the count of samples
-    /// A straight ramp of 25 kHz from where the last ramp ended to y percent at x kHz.
+    /// Draws a straight ramp over 25 kHz from the end of the last ramp to y percent at x kHz.
     void Grafico(Int16 x, float y);
-    /// The curve goes on to x kHz (0 starts it) and y percent. y becomes its distance from the
-    /// top: the caller's variable is rewritten.
+    /// Continues the curve to x kHz (0 starts it) and y percent. y is set to its distance from the
+    /// top: the caller's variable changes.
     void GraphLine(Int16 x, float& y);
 
     void closeRequested() override;
@@ -44,11 +44,11 @@ class FormD1a final : public ProgramForm, private LevelSink {
 
     display::Timer Timer1{*this, "Timer1"};  ///< takes frames or points
 
-    // What the run holds, reset by loading.
+    // The state of the run, reset by loading.
     std::array<float, 8> PeakPercent{};  ///< highest percent at 0, 25 ... 175 kHz
     std::array<float, 7> Levels{};       ///< the reference, then the last levels at 25 ... 150 kHz
     Int16 SampleCount;
-    Int16 FrameBusy;  ///< -1 while a tick is in work
+    Int16 FrameBusy;  ///< -1 while a tick is measuring
     float HardwareVersion = 0;
 
  protected:
@@ -57,7 +57,7 @@ class FormD1a final : public ProgramForm, private LevelSink {
     void onUnload() override;
 
  private:
-    /// Stopped: a tick in work still measures, and gives the unit back at its end.
+    /// Stopped, but a tick is still measuring and returns the unit at its end.
     enum class Run { None, Going, Stopped };
 
     void takeGeometry();
@@ -69,7 +69,8 @@ class FormD1a final : public ProgramForm, private LevelSink {
     void stop();
     void giveUnitBack();
     void tick();
-    // A sample: the levels at 25 ... 150 kHz above the carrier, out of a frame or one by one.
+    // Takes a sample: the levels at 25 ... 150 kHz above the carrier, from a frame or point by
+    // point.
     int first() const override { return 1; }
     int last() const override;
     float frequency(int index) const override;
@@ -97,7 +98,7 @@ class FormD1a final : public ProgramForm, private LevelSink {
     int LastY = 0;
     float rampFrom_ = 0;
     Run run_ = Run::None;
-    /// What the graph shows: percent at kHz from the carrier.
+    /// The numbers of the graph: percent at kHz from the carrier.
     struct Shown {
         int kHz;
         float percent;

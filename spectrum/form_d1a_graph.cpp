@@ -12,14 +12,14 @@ namespace hmonitor {
 namespace {
 
 constexpr display::Colour kTraceColour{1114111};
-/// Under the curve up to 75 kHz, where full modulation ends, and beyond it.
+/// The fill up to 75 kHz, where full modulation ends, and the fill beyond it.
 constexpr display::Colour kNarrowColour{16711680};
 constexpr display::Colour kWideColour{12648384};
 constexpr display::Colour kGridColour{8421504};
 
 constexpr int kColumns = 150;
 constexpr int kColumnPitch = 25;
-/// Where 0 kHz and 100 percent stand.
+/// The position of 0 kHz and 100 percent.
 constexpr float kLeft = 400;
 constexpr float kTop = 400;
 /// The height of the line of text above the graph.
@@ -51,7 +51,7 @@ void FormD1a::GraphClean() {
         printAt(40, kHead + static_cast<float>(i * YPixels), shortText(100 - i));
     }
     for (int i = 0; i <= kColumns; i += kColumnPitch) {
-        // The last label stands clear of the right edge.
+        // The last label keeps clear of the right edge.
         const float start = i == kColumns ? 130 : 320;
         printAt(start + static_cast<float>(i) * XPixels, static_cast<float>(BaseY), shortText(i));
     }
@@ -79,9 +79,9 @@ void FormD1a::GraphRepaint() {
     }
 }
 
-/// Fills from the curve's last point to a new one. Where the curve is steep two boxes would stand
-/// out beside the line that covers their upper ends: there narrow ones follow the line, none of
-/// them higher than it.
+/// Fills below the curve from its last point to a new one. Where the curve is steep, two boxes
+/// would stick out beside the line that covers their upper ends; there narrow boxes follow the
+/// line, none higher than it.
 void FormD1a::fillUnder(float x, float row) {
     constexpr float kFoot = 500;
     constexpr float kCovered = 15;  ///< by half the line's thickness

@@ -7,7 +7,7 @@ namespace hmonitor {
 using namespace display;
 
 void FormD1a::layOut() {
-    // The width leaves room for the unit at the right; the height makes a percent 55 units.
+    // The width leaves room for the unit at the right; with this height a percent is 55 units.
     constexpr float kGraph = 10200;
     constexpr float kHeight = 6400;
     constexpr float kTop = look::kTitleStrip + 40;
@@ -21,7 +21,7 @@ void FormD1a::layOut() {
     place(Sheet1, kGraphBox, Surface::Sheet);
     place(Picture1, kGraphBox,
           Says{"Curva del ancho de banda de modulación", "Modulation bandwidth curve"});
-    // The label of 150 kHz has 270 units up to the edge.
+    // There are 270 units for the label of 150 kHz up to the edge.
     Picture1.drawing.fontPoints = 7;
 
     place(Command3D1, {150, kKeys, 2200, look::kKeyHeight}, "Run", Role::Default,

@@ -14,7 +14,7 @@ namespace hmonitor {
 
 namespace {
 
-/// The points of a channel spectrum, drawn and printed as they come.
+/// Draws and prints the points of a channel spectrum as they are measured.
 class ChannelLevels final : public LevelSink {
  public:
     ChannelLevels(const ChannelSweep& sweep, float carrier, Form_D1& shown, Class1& graph,
@@ -25,7 +25,7 @@ class ChannelLevels final : public LevelSink {
     int last() const override { return spectrum_.points; }
     float frequency(int index) const override { return sweep_.frequency(index); }
     void take(int index, float level) override {
-        // The carrier is what the others are compared with: it is not measured again.
+        // The carrier is the reference for the other points: it is not measured again.
         Int16 below = sweep_.isCentre(index) ? Int16(0) : dbAgainstCarrier(level, carrier_);
         graph_.GraphLine(index, below);
         const SmallText value = shortText(int{below});
@@ -77,7 +77,7 @@ void Form_NewSpectro::run() {
     driver.HM_getHardwareVersion(program.words.gHardwareVersion);
     lease.tuneFor(AudioMode::LeftRight);
 
-    // A step under 1 kHz is none: the graph and its labels count in whole kHz.
+    // A step under 1 kHz is refused: the graph and its labels use whole kHz.
     const double step = valueOf(Text_Step.text);
     if (step < 1) {
         lease.letGo();
@@ -96,14 +96,14 @@ void Form_NewSpectro::measure(const ChannelSweep& sweep, float carrier) {
     graph.GraphInit();
 
     driver.HM_Parar();
-    // At the start the rack has no place yet, and nobody asked for the run.
+    // At the start the rack has no position yet, and no user asked for the run.
     const bool asked = program.desktop.queue().gateOpen();
     if (asked) shown.show();
     hide();
     shown.beginRun();
     ChannelLevels levels(sweep, carrier, shown, graph, spectrum);
     PointRun points(program, shown.lease, {&shown.Command3D2});
-    // A unit that fails ends the run, and the spectrum that was stored stays.
+    // If the unit fails, the run ends and the stored spectrum is kept.
     if (points.measure(levels, carrier) == PointRun::End::Done) {
         warn(program.desktop, spectrum.write(program.files, sweep.carrier));
         shown.lease.giveBack(UnitLease::Back::AsStored);

@@ -9,8 +9,8 @@
 
 namespace hmonitor {
 
-/// Asks for the span of a channel spectrum and measures it point by point. Form_D1 shows the
-/// points as they come.
+/// Asks for the span of a channel spectrum and measures it point by point; Form_D1 shows the points
+/// as they are measured.
 class Form_NewSpectro final : public ProgramForm {
  public:
     explicit Form_NewSpectro(Program& program);
@@ -30,7 +30,7 @@ class Form_NewSpectro final : public ProgramForm {
     display::Key Command3D1{*this, "Command3D1"};  ///< runs
     display::Key Command3D2{*this, "Command3D2"};  ///< back to the last spectrum
 
-    SmallText SpanKHz;  ///< half of the span, as the chosen item has it
+    SmallText SpanKHz;  ///< half of the span, from the chosen item
 
  protected:
     void layOut() override;

@@ -5,13 +5,13 @@
 
 namespace hmonitor {
 
-/// Closes what stands of the channel spectrum, as by its own keys. The start leaves it open beside
-/// the living rack, and the unit serves one thing at a time: each door of the rack asks for this
-/// before it opens. The spectrum's own door so shows the station that is tuned now.
+/// Closes the open windows of the channel spectrum, as their own keys do. The start leaves the
+/// spectrum open beside the live rack, but only one window can use the unit: each key that opens an
+/// analysis calls this first. So the spectrum's own key then shows the tuned station.
 void closeChannelSpectrum(Program& program);
 
-/// Shows the spectrum of the start, once the rack has its place: where a carrier was measured and
-/// the window hides nothing of the rack.
+/// Shows the spectrum measured at the start, once the rack has its position, if there was a carrier
+/// and the window covers nothing of the rack.
 void showChannelSpectrumOfStart(Program& program);
 
 }  // namespace hmonitor

@@ -8,8 +8,8 @@
 
 namespace hmonitor {
 
-/// The line that heads the pages of spectrum and bandwidth: station, frequency and today's date.
-/// Unlike the pages of response and log, the frequency has no blank of its own before it.
+/// The heading of the pages of spectrum and bandwidth: station, frequency and today's date. Unlike
+/// on the pages of response and log, there is no additional blank before the frequency.
 inline std::string spectrumPageLine(const StationState& state, const display::Desktop& desktop) {
     return state.StationName.str() + " " + shortText(valueOf(state.MemoryFreq) / 10).str() +
            " mhz  " + longDate(desktop);

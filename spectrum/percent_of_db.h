@@ -3,8 +3,8 @@
 
 namespace hmonitor {
 
-/// Modulation in percent for a level so many dB below the reference. The table knows whole dB up
-/// to 20 and ranges above; what stands in no row is 0.
+/// Modulation in percent for a level that many dB below the reference. The table has whole dB up to
+/// 20 and ranges above; a value in no row gives 0.
 float percentOfDb(float below);
 
 }  // namespace hmonitor

@@ -22,8 +22,8 @@ void PictureSheet::onLoad() {
         label->caption = label->caption.get() + program.words.gModel.str();
 }
 
-// In another order than the pages of charts: here the words go first, and no border but the logo's
-// is taken away.
+// Unlike on the pages of charts the texts are prepared first, and only the logo's border is
+// removed.
 void PictureSheet::dress(For what) {
     const bool paper = what == For::Paper;
     Picture2.border = paper ? display::Border::None : display::Border::Plain;

@@ -6,7 +6,7 @@
 
 namespace hmonitor {
 
-/// A page whose picture is a copy of a window's graph, made when the window opens it.
+/// A page with a copy of a window's graph, made when the window opens it.
 class PictureSheet : public SheetForm {
  public:
     display::Label Label7{*this, "Label7"};           ///< heading, with the model's name

@@ -5,8 +5,8 @@
 
 namespace hmonitor {
 
-/// One span that a channel spectrum can be run over: the item that the user picks, the half span
-/// and the step, both in kHz as text.
+/// One span for a channel spectrum: the text of the item, the half span and the step, both in kHz
+/// as text.
 struct SpanChoice {
     const char* item;
     const char* halfSpan;

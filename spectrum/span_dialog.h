@@ -7,8 +7,8 @@
 
 namespace hmonitor {
 
-/// What the dialogs that ask for the span and the step of a run have in common, from that far down;
-/// they differ in what they say.
+/// The common part of the dialogs that ask for span and step of a run, starting at that distance
+/// from the top; their texts differ.
 template <class Dialog>
 void laySpanDialog(Dialog& its, display::TextField& step, float top) {
     using namespace display;

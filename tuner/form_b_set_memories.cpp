@@ -63,7 +63,7 @@ void Form_bSetMemories::activated() {
         SelectedMemory = wholeText(toWhole(valueOf(StationState.CurrentFreq)));
         Command1();
     }
-    // It carried the memory's number up to here.
+    // Until here it held the number of the memory.
     StationState.CurrentFreq = shortText(program.Form_B->TunedFreq);
     Text1.selectAll();
     LoadedOnce = 1;
@@ -90,7 +90,7 @@ MemoryBlock Form_bSetMemories::readBlock() const {
 }
 
 void Form_bSetMemories::offerTunedFrequency() {
-    // Only whole tenths are offered: a half step has to be typed.
+    // Only whole tenths are proposed: a half step has to be typed.
     Text1.text = megahertzText({valueOf(StationState.MemoryEditFreq), HalfStep::No});
     SelectedMemory = kNoMemory;
     Command2();
@@ -128,8 +128,8 @@ void Form_bSetMemories::Command1() {
 void Form_bSetMemories::showEmpty() {
     if (opensToStore()) {
         StationState.MemoryEdit = "0";
-        // The field has just been emptied: this says that the frequency is wrong, which asks the
-        // user to type the one to keep here.
+        // The field was just cleared. The message says that the frequency is wrong, and so asks the
+        // user to type the one to store.
         SSCommand20.press();
         Command5();
         Text2.text = "";
@@ -183,7 +183,7 @@ void Form_bSetMemories::changeWidth() {
         SSCommand19.caption = "Advanced >>";
         WidthState = 1;
     }
-    // What lies outside the window takes no focus either.
+    // Controls outside the visible part take no focus either.
     Options.visible = WidthState == 2;
 }
 

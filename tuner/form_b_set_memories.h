@@ -11,7 +11,7 @@
 namespace hmonitor {
 
 /// The editor of the sixteen memory presets, with the general options of the panels in its wide
-/// part. Open, it holds the rack disabled.
+/// part. While it is open, the rack is disabled.
 class Form_bSetMemories final : public ProgramForm {
  public:
     static constexpr int kMemories = hmonitor::MemoryBlock::kMemories;
@@ -57,7 +57,7 @@ class Form_bSetMemories final : public ProgramForm {
     display::CheckBox SSCheck2{*this, "SSCheck2"};   ///< all frequencies
     display::CheckBox SSCheck3{*this, "SSCheck3"};   ///< log files of the preset
 
-    std::optional<hmonitor::MemoryBlock> MemoryBlock;  ///< as it stood at the first showing
+    std::optional<hmonitor::MemoryBlock> MemoryBlock;  ///< the content at the first showing
     SmallText SelectedMemory;                          ///< "1" to "16", or "cero" for none
     int IsEmptySlot = 0;                               ///< 1 when the selected memory is empty
     int WidthState = 2;                                ///< 1 narrow, 2 wide
@@ -95,7 +95,7 @@ class Form_bSetMemories final : public ProgramForm {
 
     bool excluding_ = false;
     int changes_ = 0;
-    /// What the tip of "Cancel" points at while there is something to take back.
+    /// The tool tip of "Cancel" while there are changes to take back.
     std::string cancelTip_;
 };
 

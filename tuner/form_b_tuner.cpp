@@ -23,7 +23,7 @@ Form_bTuner::Form_bTuner(Program& itsProgram) : ProgramForm(itsProgram, "Form_bT
         desktop().beep();
         return 0;
     };
-    // Digits on their way to a frequency are not wrong yet.
+    // Digits that may still become a frequency are not marked as wrong.
     Text1.onChange = [this] { Ring.visible = !canBecomeTunable(Text1.text); };
     Text1.onEnter = [this] { SSCommand10.press(); };
     bindHandle(Faceplate.onMouseDown, Faceplate.onMouseMove, {this});
@@ -49,7 +49,7 @@ void Form_bTuner::append(char digit) {
 void Form_bTuner::enter() {
     Ring.visible = !Text1.text.empty() && !keypadFrequency(Text1.text);
     tune();
-    // The next typed digit begins a new frequency.
+    // The next digit starts a new frequency.
     Text1.selectAll();
 }
 
@@ -61,7 +61,7 @@ void Form_bTuner::tune() {
     Form_B& panel = *program.Form_B;
     const double position = entry->frequency - kBandStart;
     if (position == panel.HScroll1.value) {
-        // Where the bar stands already it would raise no event.
+        // Setting the bar to its present value would fire no event.
         panel.cambfre();
     } else {
         panel.HScroll1.value = toWhole(position);

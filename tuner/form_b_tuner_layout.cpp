@@ -16,7 +16,7 @@ constexpr float kKeypadInner = kWidth - 2 * kKeypadLeft;
 constexpr float kKeyWidth = (kKeypadInner - 2 * kKeypadGap) / 3;
 constexpr float kKeypadKeyHeight = 460;
 
-/// What the screen reader says of the digit keys.
+/// The accessible names of the digit keys.
 constexpr const char* kFigures[] = {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9"};
 
 constexpr Tip kDigitTip{"Añade esta cifra", "Appends this digit"};
@@ -57,7 +57,7 @@ void Form_bTuner::layOut() {
     place(SSCommand12, {kKeypadLeft, 3660, kKeypadInner, kKeypadKeyHeight}, "Close", Role::Cancel,
           Says{"Cerrar", "Close"}, Tip{"Cierra el teclado", "Closes the keypad"});
     tabOrder(Text1, digits, SSCommand11, SSCommand13, SSCommand10, SSCommand12);
-    // Clicked digits and typed ones may follow each other.
+    // The keys do not take the focus, so that clicking and typing digits can be mixed.
     for (Key& key : digits) key.leavesFocus = true;
     for (Key* key : {&SSCommand11, &SSCommand13, &SSCommand10}) key->leavesFocus = true;
 }

@@ -7,7 +7,7 @@ namespace hmonitor {
 
 namespace {
 
-/// Four digits up to here are a frequency of the band's upper half, never a half step.
+/// Up to this value four digits are a frequency in the upper half of the band, without a half step.
 constexpr double kLastWithoutHalfStep = 8700;
 
 HalfStepText cutLast(std::string_view typed) {

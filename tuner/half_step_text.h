@@ -7,8 +7,8 @@
 
 namespace hmonitor {
 
-/// A frequency as it was typed: what stands before the digit that asked for the half step of
-/// 50 kHz, and whether one was asked for.
+/// A typed frequency: the text before the digit for the half step of 50 kHz, and whether there was
+/// such a digit.
 struct HalfStepText {
     std::string_view text;
     HalfStep half = HalfStep::No;

@@ -13,13 +13,12 @@ namespace hmonitor {
 /// and "981" give "981", "98.15" and "9815" give "9815". Nothing when the frequency is wrong; the
 /// band runs from 87.5 to 108.0 MHz, the upper half step included.
 ///
-/// What is over 8740 in tenths of a megahertz is taken as typed without the point. Digits behind
-/// the half step's place stay in the text, and the record cuts what it has no room for.
+/// A value over 8740 in tenths of a megahertz counts as typed without the point. Digits after the
+/// half step stay in the text; the record cuts those for which it has no room.
 std::optional<SmallText> recordFrequency(std::string_view typed);
 
-/// A frequency in units of 100 kHz as the editor shows it, in MHz: 875 is "87.5", 1025 "102.5".
-/// Two digits below 1000 and three from there stand before the point, one behind it, and a "5"
-/// follows with the half step.
+/// A frequency in units of 100 kHz for the editor, in MHz: 875 is "87.5", 1025 "102.5", with a
+/// further "5" for the half step.
 SmallText megahertzText(const StoredFrequency& frequency);
 
 }  // namespace hmonitor

@@ -4,18 +4,18 @@
 #include "display/form.h"
 #include "program/look.h"
 
-// What the memory editor shows of a preset.
+// How the memory editor shows a preset.
 namespace hmonitor::preset_look {
 
-/// Widths of the dialog in twips, without its options and with them.
+/// The widths of the dialog in twips, without and with its options.
 inline constexpr float kNarrow = 4445;
 inline constexpr float kWide = 7700;
 
-/// Keys of memories that hold a station, and of empty ones.
+/// The colours of keys of filled and of empty memories.
 inline constexpr display::Colour kStored = display::kWhite;
 inline constexpr display::Colour kEmpty{0xeab274};
 
-/// What their tool tips say.
+/// Their tool tips.
 inline constexpr display::Words kStoredTip{"Elige esta memoria y la sintoniza",
                                            "Selects this memory and tunes it"};
 inline constexpr display::Words kEmptyTip{
@@ -29,11 +29,11 @@ inline constexpr display::Colour kDigit{0x2f2fff};
 
 namespace hmonitor {
 
-/// What the screen reader says of the key of a memory, 1 to 16.
+/// The accessible name of the key of a memory, 1 to 16.
 display::Words presetName(int memory);
 display::Words emptyPresetName(int memory);
 
-/// The selected memory in words; 0 for none.
+/// The accessible text of the selected memory; 0 for none.
 std::string selectedText(display::Language language, int memory);
 
 }  // namespace hmonitor

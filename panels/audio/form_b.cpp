@@ -90,7 +90,7 @@ void Form_B::GuardoModo_LmasR_LmenosR() {
 
 void Form_B::openEditor() {
     if (!program.Form_bSetMemories.filled()) return;
-    // Before anything is told: closing it may tune.
+    // Closed before the panels are updated, since closing it may tune.
     closeChannelSpectrum(program);
     StationState.MemoryEditFreq = shortText(TunedFreq);
     // The memory number on purpose: the editor takes it from here.

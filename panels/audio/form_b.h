@@ -40,7 +40,7 @@ class Form_B final : public ProgramForm {
     display::Panel Faceplate{*this, "Faceplate"};
     display::Label Heading{*this, "Heading"};
 
-    // Level bars: element i stands at 5 + 45 i units.
+    // Level bars: element i is at 5 + 45 i units.
     display::Label Label_AudioLevel{*this, "Label_AudioLevel"};
     display::Panel LevelWell{*this, "LevelWell"};
     display::Label LetterL{*this, "LetterL"};
@@ -107,7 +107,7 @@ class Form_B final : public ProgramForm {
     display::Timer Timer2{*this, "Timer2"};  ///< heartbeat
     display::Timer Timer3{*this, "Timer3"};  ///< fall of the peak marks
 
-    // The panel's state lives for the run. What a tuning goes by is the tuner's.
+    // The panel's state, which lives for the whole run. The state of tuning is the tuner's.
     double& TunedFreq = program.tuner->TunedFreq;
     int& ManualTune = program.tuner->ManualTune;
     int& PanelStarted = program.tuner->PanelStarted;

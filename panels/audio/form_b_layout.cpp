@@ -26,7 +26,7 @@ DialPoint onDial(DialPoint centre, double radius, double degrees) {
     return needleTip(centre, radius, degrees, std::numbers::pi);
 }
 
-/// A tick of a dial, from one radius to another.
+/// Lays out a tick of a dial, from one radius to another.
 void placeTick(Line& tick, Panel& dial, DialPoint centre, double from, double to, double degrees,
                bool big) {
     const DialPoint in = onDial(centre, from, degrees);
@@ -34,7 +34,7 @@ void placeTick(Line& tick, Panel& dial, DialPoint centre, double from, double to
     place(tick, in.x, in.y, out.x, out.y, &dial, LineStyle{look::kScaleColour, big ? 1.2f : 0.7f});
 }
 
-/// A needle of a dial, at rest.
+/// Lays out a needle of a dial at rest.
 void placeNeedle(Line& needle, Panel& dial, DialPoint centre, double length, double degrees,
                  Colour colour, float thickness) {
     const DialPoint tip = onDial(centre, length, degrees);
@@ -59,7 +59,7 @@ void Form_B::layOut() {
 
 void Form_B::layOutLevels() {
     constexpr TextStyle kLetter{look::kLamp, look::kScaleColour};
-    // A figure that gets longer must not move the others.
+    // Right-aligned pieces: a figure that gets longer must not move the others.
     constexpr TextStyle kFigure{{180, Weight::Bold}, kBlack, Align::Right, Surface::Plate};
     place(Label_AudioLevel, {look::kMargin, 120, 4000, 150}, look::kCaptionText,
           Words{"Nivel de audio", "Audio level"});
@@ -68,7 +68,7 @@ void Form_B::layOutLevels() {
     place(LetterR, {110, 555, 180, 200}, &LevelWell, kLetter, "R");
     place(LevelBars, {kBarsLeft, 0, 4060, 860}, &LevelWell).unit = kBarsUnit;
     for (int i = 0; i < LevelBar::kElements; ++i) {
-        // Until the first tuning there is one element a bar.
+        // Until the first tuning each bar has one element.
         for (auto* family : {&LineAudL, &LineAudR}) {
             const float upper = family == &LineAudL ? 75.f : 380.f;
             place((*family)[i], 5, upper, 5, upper + 165, &LevelBars, LineStyle{kDarkBar, 2.2f})
@@ -76,7 +76,7 @@ void Form_B::layOutLevels() {
         }
     }
     for (int i = 0; i < 7; ++i) {
-        // Two elements a dB, -25 dB at element 0.
+        // Two elements for each dB, -25 dB at element 0.
         const float x = kBarsLeft + kBarsUnit * (5 + 45 * static_cast<float>(10 * i));
         place(LevelNumber[i], {x - 175, 357, 350, 154}, &LevelWell, look::kScaleText.centred(),
               wholeText(5 * i - 25));
@@ -91,14 +91,14 @@ void Form_B::layOutPower() {
     place(Label_AudioProcessingRelativePower, {look::kMargin, 1210, 4800, 150}, look::kCaptionText,
           Words{"Potencia relativa del procesador de audio", "Audio processing relative power"});
     place(PowerWell, {look::kMargin, 1380, 2400, 860}, Surface::Well);
-    // The pivot lies below the window, and the needle's tip in it up to a figure of 100.
+    // The pivot lies below the window; up to a figure of 100 the needle's tip is inside it.
     place(PowerDial, {354, -12, 1700, 1030}, &PowerWell).unit = kPowerUnit;
     for (int i = 0; i <= 20; ++i) {
         const bool big = i % 2 == 0;
         placeTick(PowerTick[i], PowerDial, kPowerPivot, 1890, big ? 1990 : 1950, 5 * i - 25, big);
     }
     for (int i = 0; i < 6; ++i) {
-        // Outside the needle's reach, so that it covers none.
+        // Outside the needle's range, so that it covers none.
         const DialPoint at = onDial(kPowerPivot, 2110, 20 * i - 25);
         place(PowerNumber[i], {at.x - 250, at.y - 140, 500, 280}, &PowerDial,
               look::kScaleText.centred(), wholeText(20 * i));

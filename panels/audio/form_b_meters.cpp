@@ -27,7 +27,7 @@ Colour litColour(int element) {
 
 }  // namespace
 
-/// What the level of one channel is shown by.
+/// The controls that show the level of one channel.
 struct Form_B::Channel {
     LevelWindow& window;
     LevelBar& bar;
@@ -38,7 +38,7 @@ struct Form_B::Channel {
 void Form_B::heartbeat() {
     const Readings readings = driver.HM_Data();
     if (inDemoMode()) {
-        // Without a unit the panel runs at half rate.
+        // Without a unit the panel is updated at half the rate.
         DemoTick = DemoTick == 1 ? 0 : 1;
         if (DemoTick == 0) return;
     }
@@ -77,7 +77,7 @@ void Form_B::takeLevel(const Channel& channel, float level) {
 }
 
 void Form_B::dropPeakMarks() {
-    // The element left behind goes dark on the next heartbeat.
+    // The element that the mark left goes dark on the next tick.
     if (BarL.fall()) LineAudL[static_cast<std::size_t>(BarL.peak)].colour = kLitHigh;
     if (BarR.fall()) LineAudR[static_cast<std::size_t>(BarR.peak)].colour = kLitHigh;
 }
@@ -114,7 +114,7 @@ void Form_B::showPhase(float phase) {
 void Form_B::RefrescoFase() {
     const int value = phaseHold.take(floorWhole(PhaseRaw));
     const SmallText text = wholeText(value);
-    // A character that is not there, or no figure, counts as 0.
+    // A missing character, or one that is no digit, counts as 0.
     auto character = [&text](std::size_t i) { return i < text.size() ? digitOf(text[i]) : 0; };
     Colour hundreds = kPhaseDark;
     if (value < 10) {

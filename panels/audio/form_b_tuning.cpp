@@ -45,14 +45,14 @@ void Form_B::stepMemory(Step step) {
     const auto block = require(desktop(), MemoryBlock::read(program.files));
     if (block.isEmpty(MemoryNumber)) {
         if (memoriesAllEmpty()) {
-            // A full round ends where it began, on no memory.
+            // After a full round without a filled slot no memory is tuned.
             MemoryNumber = before;
             StationState.MemoryNumber = wholeText(before);
             tuneWhereTheBarStands();
             return;
         }
-        // The press for the next slot runs whole before this one goes on: the station that it
-        // found is tuned once more for each empty slot that was passed.
+        // The press for the next slot is handled completely before this one goes on: the station
+        // that it found is tuned once more for each empty slot that was passed.
         stepMemory(step);
     }
     Command9();
@@ -81,11 +81,11 @@ void Form_B::tuneBarTo(int bar) {
     if (HScroll1.value != bar) {
         HScroll1.value = bar;
     } else if (PanelStarted == 0) {
-        // The bar comes up on its lowest value; a preset that stands there starts the rack too.
+        // The bar starts at its lowest value; a preset with that value must start the rack too.
         program.tuner->tuneByBar();
     } else {
         cambfre();
-        // The bar has not moved: the next to move it is a hand.
+        // The bar did not move, so its next move is the user's.
         ManualTune = 1;
     }
 }
@@ -113,7 +113,7 @@ void Form_B::placeLevelElements() {
     }
 }
 
-/// What a tuning asks of the panels. A panel that is not loaded yet is loaded by it.
+/// The panels' side of a tuning. A panel that is not loaded yet is loaded here.
 class Form_B::RackPanels final : public TuningPanels {
  public:
     explicit RackPanels(Program& program) : program_(program) {}

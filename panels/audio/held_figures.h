@@ -5,13 +5,13 @@
 
 namespace hmonitor {
 
-/// The phase on the digits: holds a peak for 51 readings, about 1.5 s, then follows the reading
-/// down in one step.
+/// The phase figure: holds a peak for 51 readings, about 1.5 s, then drops to the reading in one
+/// step.
 struct PhaseHold {
     Int16 PhaseShown = 0;
     int PhaseHoldTicks = 0;
 
-    /// Takes a figure; gives the one to show.
+    /// Takes a figure and returns the one to show.
     int take(int figure) {
         if (figure > PhaseShown) {
             PhaseShown = figure;
@@ -26,8 +26,8 @@ struct PhaseHold {
     }
 };
 
-/// The relative power on the digits: after a drop it holds for 11 updates of 100 ms, then falls by
-/// one every third.
+/// The relative power figure: after a drop it holds for 11 updates of 100 ms, then falls by one at
+/// every third update.
 struct PowerFigure {
     Int16 PowerShown = 0;
     Int16 PowerTicks = 0;

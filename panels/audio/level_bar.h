@@ -7,14 +7,14 @@
 
 namespace hmonitor {
 
-/// Level readings stand on a scale that is 64 above their dB.
+/// Level readings are dB plus 64.
 inline constexpr int kLevelScale = 64;
 
-/// The level figure of one channel: the highest of five readings; the sixth does not count.
+/// The level figure of one channel: the highest of five readings; the sixth is not used.
 struct LevelWindow {
     Int16 windowMax = 0;
 
-    /// The figure in dB that a window ends with; the next one starts at the scale's 0.
+    /// The figure in dB of the finished window; the next window starts with the lowest value.
     int close() {
         const int figure = windowMax - kLevelScale;
         windowMax = 0;
@@ -33,7 +33,7 @@ struct LevelBar {
     int bar = 0;   ///< lit up to here
     int peak = 0;  ///< element of the peak mark
 
-    /// Takes a reading on the +64 scale; true when the mark moved up to the head of the bar.
+    /// Takes a reading on the +64 scale; returns true when the mark moved up to the top of the bar.
     bool take(int reading) {
         bar = 2 * (std::clamp(reading, 39, 69) - 39);
         if (peak > bar) return false;
@@ -41,7 +41,7 @@ struct LevelBar {
         return true;
     }
 
-    /// The mark falls by one element if it stands above the bar; true when it moved.
+    /// Lowers the mark by one element if it is above the bar; returns true when it moved.
     bool fall() {
         if (peak <= bar) return false;
         --peak;

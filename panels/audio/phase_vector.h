@@ -12,14 +12,14 @@ struct DialPoint {
     float y = 0;
 };
 
-/// The tip of a needle of that length: degrees count from straight up, positive to the right.
+/// The tip of a needle of that length; degrees count clockwise from straight up.
 inline DialPoint needleTip(DialPoint pivot, double length, double degrees, double pi) {
     const double angle = 2 * pi * degrees / 360;
     return {static_cast<float>(pivot.x + length * std::sin(angle)),
             static_cast<float>(pivot.y - length * std::cos(angle))};
 }
 
-/// The phase needle stands on 90 degrees for phase 0, straight up for 45, on -90 for 90.
+/// The angle of the phase needle: 90 degrees for phase 0, 0 (straight up) for 45, -90 for 90.
 inline double phaseDegrees(float phase) {
     return 90 - 2 * static_cast<double>(phase);
 }
@@ -29,13 +29,13 @@ inline constexpr double kPhaseLength = 840;
 inline constexpr DialPoint kPowerPivot{1350, 2315};
 inline constexpr double kPowerLength = 1865;
 
-/// The last phases, newest first, drawn every third reading and then shifted, so that the first
-/// trail line lags the needle by one step.
+/// The last phases, newest first. The trail is drawn at every third reading and shifted afterwards,
+/// so its first line is one step behind the needle.
 struct PhaseTrail {
     std::array<float, 5> trail{};
     int ticks = 0;
 
-    /// Counts a reading; true when the trail is to be drawn, before shift() is called.
+    /// Counts a reading; returns true when the trail is to be drawn, before shift() is called.
     bool due() {
         if (++ticks < 3) return false;
         ticks = 0;

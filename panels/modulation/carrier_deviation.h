@@ -10,11 +10,11 @@ namespace hmonitor {
 
 /// The mean carrier deviation over the last 100 samples, 10 s.
 struct CarrierDeviation {
-    std::array<float, 100> DeviationSamples{};  ///< a ring, in units of 100 Hz
+    std::array<float, 100> DeviationSamples{};  ///< a ring buffer, in units of 100 Hz
     std::size_t oldest = 0;
 
-    /// Takes a sample in place of the oldest; gives the mean in hertz: a hundred samples in units
-    /// of 100 Hz add up to it.
+    /// Replaces the oldest sample; returns the mean in hertz, which is the sum of a hundred samples
+    /// in units of 100 Hz.
     float take(float sample) {
         DeviationSamples[oldest] = sample;
         oldest = (oldest + 1) % DeviationSamples.size();
@@ -28,12 +28,12 @@ struct CarrierDeviation {
     static bool outOfLimit(float hertz) { return hertz >= 10000 || hertz <= -10000; }
 };
 
-/// The over-range lamp: lit while the last four samples all stand at the end of the unit's range.
+/// The over-range lamp: lit while the last four samples are all at the end of the unit's range.
 struct CarrierOver {
     std::array<float, 4> Carrier4{};
 
-    /// Takes a sample in units of 100 Hz; true when the lamp is to be lit. The unit saturates at
-    /// 100; a mean beyond it puts the lamp out.
+    /// Takes a sample in units of 100 Hz; returns true when the lamp is to be lit. The unit
+    /// saturates at 100; a mean beyond that turns the lamp off.
     bool take(float sample) {
         for (std::size_t i = 0; i + 1 < Carrier4.size(); ++i) Carrier4[i] = Carrier4[i + 1];
         Carrier4.back() = sample;

@@ -93,7 +93,7 @@ void Form1::takeCorrection(double correction) {
 }
 
 void Form1::refreshDefaults() {
-    // A file that is being edited may be missing or torn for a moment: the fields stand.
+    // A file that is just being edited may be missing or torn: the fields keep their texts.
     const auto defaults = StationDefaults::read(program.files);
     if (!defaults) return;
     program.Form_D->Text2.text = defaults->Text2;
@@ -179,7 +179,7 @@ void Form1::tickReadouts() {
     }
     RefrescoIntensidadDeCampo();
     ActualizarModulacion_Displays();
-    // Nothing reads the text, but the draw belongs to the tick.
+    // Nothing reads the text, but the random number must be drawn at this tick.
     desktop().random();
     carrier1();
     program.Form_C->Command4();

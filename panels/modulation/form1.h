@@ -29,7 +29,7 @@ class Form1 final : public ProgramForm {
     void closeRequested() override;
     bool raisesResizeAtShow() const override { return RackPhase == kStarting; }
 
-    // Behind everything.
+    // The background.
     display::Panel Faceplate{*this, "Faceplate"};
     display::Picture Picture3{*this, "Picture3"};  ///< the handle of the rack
     display::Picture Brand{*this, "Brand"};
@@ -41,7 +41,7 @@ class Form1 final : public ProgramForm {
     display::Label BarCaption{*this, "BarCaption"};
     display::Panel BarWell{*this, "BarWell"};
     display::Shape BarFill{*this, "BarFill"};
-    display::Label Label10{*this, "Label10"};  ///< the head of the bar
+    display::Label Label10{*this, "Label10"};  ///< the leading end of the bar
     display::Family<display::Line, 81> BarTick{*this, "BarTick"};
     display::Family<display::Label, 17> BarNumber{*this, "BarNumber"};
     display::Picture Picture1{*this, "Picture1"};
@@ -95,7 +95,7 @@ class Form1 final : public ProgramForm {
     display::Timer Timer4{*this, "Timer4"};  ///< slow readouts and the quality panel
     display::Timer Timer5{*this, "Timer5"};  ///< reads the defaults of the analyses panel
 
-    // The panel's state lives for the run.
+    // The panel's state, which lives for the whole run.
     static constexpr int kStarting = 2;  ///< the next resize stacks the rack and starts it
     static constexpr int kFolding = 1;   ///< the next resize is the fold itself
     static constexpr int kFolded = 0;    ///< the next resize unfolds

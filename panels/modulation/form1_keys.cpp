@@ -77,7 +77,7 @@ void Form1::printRack() {
 
 void Form1::powerOff() {
     driver.HM_Parar();
-    // Whatever becomes of the file, the power key ends the program.
+    // Even if the file cannot be written, the power key ends the program.
     warn(desktop(),
          rewritePanelLine(program.files, PanelLine::MemoryPreset, StationState.MemoryNumber));
     driver.HM_Terminate();

@@ -16,7 +16,7 @@ constexpr float kHeight = 2040;
 
 /// Twips for one unit of the bar: 48 units are a percent.
 constexpr float kBarUnit = 0.85f;
-constexpr float kBarLeft = 230;  ///< where 0 percent stands
+constexpr float kBarLeft = 230;  ///< the position of 0 percent
 constexpr float kPercent = 48;
 constexpr float kBarEnd = kBarLeft + 160 * kPercent;
 constexpr float kWellWidth = kBarEnd + kBarLeft;
@@ -61,7 +61,7 @@ void Form1::layOutBar() {
           Says{"Barra de modulación, %", "Modulation bar, %"})
         .unit = kBarUnit;
     place(BarFill, {kBarLeft, 130, 0, 230}, &BarWell, Fill{kCyan, kBarDark});
-    // The head of the bar; its right edge is the mark.
+    // The leading end of the bar; its right edge is the mark.
     place(Label10, {-40, 130, 270, 230}, &BarWell, Surface::Glow);
 
     for (int i = 0; i <= 80; ++i) {
@@ -108,7 +108,7 @@ void Form1::layOutKeys() {
     key(Image9, "MinN", "PRINT", {"Imprimir el rack", "Print the rack"});
     key(Image7, "MinN", "FOLD", {"Plegar el rack", "Fold the rack"});
     key(Image_Power, "PowerN", "POWER", {"Apagar y salir", "Power off and leave"});
-    // Small, over the key that prints the same page.
+    // A small key above the one that prints the same page.
     place(KeyPdf, {Image9.left, 1345, 590, 185}, "MinN", Caption{kPdfCaption}, SaysAndTip{kPdfTip});
     tabOrder(Image_Average, Image6, SSbAMmode, Image9, Image7, Image_Power, KeyPdf);
 }

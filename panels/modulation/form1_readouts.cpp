@@ -13,7 +13,7 @@ namespace hmonitor {
 
 namespace {
 
-/// The word "GOOD", lit and dark.
+/// The colours of the word "GOOD", lit and dark.
 constexpr display::Colour kGoodLit{0x37ff4b};
 constexpr display::Colour kGoodDark{0x1b6013};
 
@@ -22,7 +22,7 @@ constexpr display::Colour kGoodDark{0x1b6013};
 void Form1::bindReadings() {
     BarWell.reading = [this] { return mask("0.0", bar.ModBarValue).str(); };
     MultipathWell.reading = [this] { return wholeText(multipathLit()).str(); };
-    // The word is always there; its colour tells.
+    // The word is always shown; its colour tells whether it is on.
     multygood.reading = [this] {
         const bool lit = multygood.colour == kGoodLit;
         return std::string(wordsIn(language, lit ? display::Words{"encendido", "lit"}
@@ -38,7 +38,7 @@ int Form1::multipathLit() const {
 
 void Form1::ActualizarModulacion() {
     if (valueOf(StationState.ModSettle) == 0) {
-        // The first heartbeat after a tuning: the bar jumps and the held peak starts anew.
+        // At the first tick after a tuning the bar jumps and the held peak starts again.
         showBar(bar.jumpTo(StationState.DemoPeak));
         StationState.ModBar = 0;
         StationState.ModSettle = "5";

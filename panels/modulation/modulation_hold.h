@@ -5,9 +5,9 @@
 
 namespace hmonitor {
 
-/// The modulation bar: rises at once, falls by at most 2 percent a heartbeat.
+/// The modulation bar: rises at once, falls by at most 2 percent at each tick.
 struct ModulationBar {
-    float ModBarValue = 0;  ///< percent at which the bar stands
+    float ModBarValue = 0;  ///< position of the bar in percent
 
     float jumpTo(float percent) { return ModBarValue = percent; }
     float follow(float percent) {
@@ -20,13 +20,13 @@ struct ModulationBar {
 /// by 5 percent every third tick until it meets the live value.
 struct ModulationHold {
     float PeakHoldValue = 0;  ///< percent shown
-    Int16 PeakHoldCount = 0;  ///< ticks since it was reached
+    Int16 PeakHoldCount = 0;  ///< ticks since the peak was reached
     float PeakHoldKHz = 0;    ///< the same in kHz
 
     /// 75 kHz of deviation are 100 percent.
     static float kHzOf(float percent) { return percent / 100 * 75; }
 
-    /// Takes one live value in percent; true when the readouts are to be written anew.
+    /// Takes one live value in percent; returns true when the readouts are to be written.
     bool take(float live) {
         if (live >= PeakHoldValue) {
             PeakHoldValue = live;
@@ -43,8 +43,7 @@ struct ModulationHold {
             PeakHoldCount = 0;
         }
         PeakHoldKHz = kHzOf(PeakHoldValue);
-        // The kHz figure is worked out before the clamp: below zero it may show a little less
-        // than nothing once.
+        // The kHz figure is computed before the clamp, so it may be slightly negative once.
         if (PeakHoldValue < 0) PeakHoldValue = 0;
         return true;
     }

@@ -5,19 +5,19 @@
 
 namespace hmonitor {
 
-/// The multipath meter: the worst of ten samples is the figure of a window; lower is cleaner.
+/// The multipath meter: the figure of a window is the worst of ten samples; a lower one is cleaner.
 struct MultipathMeter {
     static constexpr int kWindow = 10;
-    static constexpr float kWeakField = 45;  ///< dB over a microvolt: below it nothing is judged
+    static constexpr float kWeakField = 45;  ///< dBuV: with a weaker field nothing is judged
 
     int MultipathCount = 0;             ///< samples in the present window
     int MultipathWorst = 0;             ///< highest figure of the window
-    bool shownBad = false;              ///< the row says that the field is too weak
+    bool shownBad = false;              ///< the row shows that the field is too weak
     std::optional<int> MultipathShown;  ///< last figure drawn; none before the first
 
     enum class Draw { Nothing, Bad, Figure };
 
-    /// Takes a sample; says what is to be drawn. A window's last call only closes it.
+    /// Takes a sample and returns what is to be drawn. The last call of a window only closes it.
     Draw take(int figure, float correctedField) {
         if (MultipathCount < kWindow) {
             ++MultipathCount;
@@ -25,7 +25,8 @@ struct MultipathMeter {
             return Draw::Nothing;
         }
         if (correctedField < kWeakField) {
-            // The window stays closed, so that the test repeats until the field is back.
+            // The window stays closed, so that the field is tested again at each call until it is
+            // strong enough.
             if (shownBad) return Draw::Nothing;
             shownBad = true;
             return Draw::Bad;

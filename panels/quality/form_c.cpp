@@ -13,7 +13,7 @@ namespace {
 constexpr display::Colour kRedLit{0x2317fd};
 constexpr display::Colour kDark = look::kUnlit;
 
-// What HM_Reset clears.
+// The figures that HM_Reset clears.
 constexpr int kNoise = 1;
 constexpr int kDistortion = 2;
 constexpr int kSeparation = 3;
@@ -24,7 +24,7 @@ void drawAt(std::array<SegmentDigit, Places>& places, int place, int digit, disp
     places[static_cast<std::size_t>(place - 1)].show(digit, lit, kDark);
 }
 
-/// Three places with a point before the last.
+/// Three digits with a point before the last.
 std::string tenthsOf(const std::array<SegmentDigit, 3>& places) {
     const std::string wholes = figuresOf({&places[0], &places[1]});
     return (wholes.empty() ? "0" : wholes) + "." + figuresOf({&places[2]});
@@ -129,8 +129,8 @@ void Form_C::Command4() {
     if (inDemoMode()) {
         error = 0.5f;
     } else {
-        // While a response run is armed the digits stand on the values from the moment of arming:
-        // the test tones disturb the pilot.
+        // While a response run is armed the digits show the values from the moment of arming: the
+        // test tones disturb the pilot.
         if (StationState.ResponseState == "si") readFrozen();
         if (StationState.ResponseAuto == "si") {
             error = FrozenError19;
@@ -150,7 +150,7 @@ void Form_C::Command4() {
     }
     if (second == ThreePlaces::kBlank) {
         Command3(33);
-        // One digit: the label shows it until it is written again.
+        // Writes one digit; it stays until it is written again.
         Label_19K_FrecError.caption = wholeText(third);
     } else {
         Command3(2, second);

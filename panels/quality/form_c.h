@@ -21,7 +21,7 @@ class Form_C final : public ProgramForm {
     void Command11();  ///< noise digits
     void Command13();  ///< distortion digits
 
-    // One digit each, at a place from the left. Some codes stand for blanking a place.
+    // Each writes one digit, at a place counted from the left. Some codes blank a place.
     void Command2(int place, int digit);      ///< separation, places 1 to 4
     void Command3(int place, int digit = 0);  ///< 19 kHz error; 22 blanks place 1, 33 place 2
     void Command5(int place, int digit = 0);  ///< pilot level; 11 blanks place 1, 22 place 2
@@ -97,7 +97,7 @@ class Form_C final : public ProgramForm {
     display::Label Label_RDSLevel{*this, "Label_RDSLevel"};
     display::Label RdsUnit{*this, "RdsUnit"};
 
-    // The station on the loudspeakers: there only while a library plays it.
+    // The station on the loudspeakers: visible only while a library plays it.
     display::Key SoundDown{*this, "SoundDown"};
     display::Panel SoundWell{*this, "SoundWell"};
     display::Label SoundVolume{*this, "SoundVolume"};

@@ -35,7 +35,7 @@ void Form_C::layOutColumns() {
                                       const char* unitText) mutable {
         place(head, {x, 270, wide + 40, 150}, look::kCaptionText, words);
         place(well, {x, 440, wide, 310}, Surface::Well);
-        // The unit in small print at the right, on the readouts' foot.
+        // The unit in small print at the right, on the baseline of the readout.
         place(unit, {wide - 280, 110, 230, 150}, &well, look::kUnitText, unitText);
         const float room = (wide - 360) / static_cast<float>(values.size());
         float edge = 50;
@@ -79,7 +79,7 @@ void Form_C::layOutResets() {
 }
 
 void Form_C::layOutDigits() {
-    // The digits are limited by what is stored of the station; the labels are not.
+    // The digits are limited by the stored results of the station; the labels are not.
     const auto digits = [](Panel& panel, const Panel& well, const Words& says) {
         place(panel, {well.left, 800, well.width, 370}, Surface::Well, Says{says});
     };
@@ -110,7 +110,8 @@ void Form_C::layOutDigits() {
     row(separation, SeparationDigits, {330, 620, 1170, 1460});
 
     const auto point = [](Shape& shape, float middle, Panel& in, Colour colour) {
-        // Half as wide again as a segment, on the foot of the digits.
+        // The decimal point: one and a half times as wide as a segment, at the bottom of the
+        // digits.
         constexpr float kSize = 60;
         constexpr float kFoot = kDigitTop + kDigitHeight + 20;
         place(shape, {middle - kSize / 2, kFoot - kSize, kSize, kSize}, &in,

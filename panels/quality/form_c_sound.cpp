@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The keys of the loudspeakers: they stand there only while the driver library plays the station.
+// The keys of the loudspeakers, visible only while the driver library plays the station.
 #include <algorithm>
 
 #include "core/numbers.h"

@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kBlank = ThreePlaces::kBlank;
 
-/// The character's figure; one that is not there counts as 0.
+/// The digit of a character; a missing one counts as 0.
 int character(std::string_view text, std::size_t index) {
     return index < text.size() ? digitOf(text[index]) : 0;
 }
@@ -32,7 +32,7 @@ PilotErrorFigure pilotErrorFigure(float hertz) {
     figure.negative = tenths < 0;
     figure.text = shortText(std::fabs(tenths));
     const std::string_view text = figure.text;
-    // Four characters decide how many digits there are.
+    // Four characters mean that there are three digits before the point.
     const double size = valueOf(text.substr(0, 4));
     if (size < 10) {
         figure.digits.places = {kBlank, kBlank, character(text, 0)};
@@ -41,7 +41,7 @@ PilotErrorFigure pilotErrorFigure(float hertz) {
     } else if (size < 1000) {
         figure.digits = threeOf(text);
     } else {
-        // Only a large negative error comes here: it is not capped, and changes no digit.
+        // Only a large negative error gets here: it is not clamped, and changes no digit.
         figure.digits.changes = false;
     }
     return figure;

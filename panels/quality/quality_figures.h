@@ -8,8 +8,8 @@
 
 namespace hmonitor {
 
-/// What a three-digit display shows, places 1 to 3 from the left. A place that is blank goes dark;
-/// a display that is left alone keeps what it had.
+/// The three places of a display, 1 to 3 from the left. A blank place goes dark; a display that is
+/// not written keeps its digits.
 struct ThreePlaces {
     static constexpr int kBlank = -1;
 
@@ -19,7 +19,7 @@ struct ThreePlaces {
     friend bool operator==(const ThreePlaces&, const ThreePlaces&) = default;
 };
 
-/// The error of the 19 kHz pilot on its digits: sign and tenths, at most 99.9 upwards.
+/// The digits of the 19 kHz pilot error: sign and tenths, at most 99.9 upwards.
 struct PilotErrorFigure {
     bool negative = false;
     SmallText text;  ///< tenths of a hertz without sign; its characters are the digits
@@ -28,20 +28,20 @@ struct PilotErrorFigure {
 
 PilotErrorFigure pilotErrorFigure(float hertz);
 
-/// The pilot level in tenths, the fraction cut.
+/// The pilot level in tenths, rounded down.
 ThreePlaces pilotLevelDigits(float level);
 
-/// A noise reading in dB limited by the stored floor ("xx": none): never better than the floor.
-/// Gives the figure of the digits, 0 to 99.
+/// A noise reading in dB, limited to the stored floor ("xx": no floor). Returns the figure of the
+/// digits, 0 to 99.
 int noiseFigure(float reading, std::string_view floor);
 
-/// A separation in dB, at most 99, and never below the stored result.
+/// A separation in dB, at most 99, and at least the stored result.
 int separationFigure(float reading, std::string_view floor);
 
-/// A distortion in hundredths of a percent, never below the stored result.
+/// A distortion in hundredths of a percent, at least the stored result.
 double distortionFigure(float reading, std::string_view floor);
 
-/// Three digits with a point after place 1; the fraction of the figure is cut.
+/// Three digits with a point after place 1; further decimals are cut.
 ThreePlaces distortionDigits(double hundredths);
 
 /// A reading with one decimal and a plus when it is above 0; dashes where it means nothing.
