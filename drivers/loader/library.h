@@ -13,8 +13,8 @@ namespace hm16 {
 
 struct LoadResult;
 
-// A driver library that was loaded whole: every required function is there. Unloads it in the end;
-// the functions must not be called after that. It calls none of them itself.
+// A loaded driver library that has every required function. The destructor unloads it; the
+// functions must not be called afterwards. This class calls none of them.
 class Library {
  public:
     // Loads the file libraryName() from `folder`. On failure nothing stays loaded.
@@ -23,7 +23,7 @@ class Library {
     const HM16_Functions& functions() const { return functions_; }
     const std::filesystem::path& file() const { return file_; }
 
-    // A function beside the nineteen, by name; null when the library has none.
+    // An additional function by its name; null if the library has none.
     void* extra(const char* name) const { return object_.function(name); }
 
  private:
@@ -34,19 +34,19 @@ class Library {
     std::filesystem::path file_;
 };
 
-// Why a library was not loaded: there is no such file, the system does not take it for a library,
-// or it lacks functions.
+// Why a library was not loaded: the file is missing, the system cannot load it, or it lacks
+// functions.
 enum class Refusal { None, NoFile, NoLibrary, LacksFunctions };
 
-// What came of loading: the library, or one sentence that names the file and what is wrong, and the
-// parts of that sentence.
+// The result of loading: the library, or a sentence that names file and fault, and the parts of
+// that sentence.
 struct LoadResult {
     std::unique_ptr<Library> library;
     std::string fault;
     Refusal refusal = Refusal::None;
     std::filesystem::path file;
-    std::string reason;                // the system's, of Refusal::NoLibrary
-    std::vector<std::string> missing;  // the functions, of Refusal::LacksFunctions
+    std::string reason;                // the system's reason, for Refusal::NoLibrary
+    std::vector<std::string> missing;  // the missing functions, for Refusal::LacksFunctions
 };
 
 // "hm-16.so", "hm-16.dll" or "hm-16.dylib", by the system.

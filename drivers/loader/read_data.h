@@ -9,7 +9,7 @@
 
 namespace hm16 {
 
-// HM_Data of a library, each reading in its place. The two of HM_DataRDS stay as they are.
+// Calls HM_Data and puts each reading in its place. The two of HM_DataRDS are not changed.
 inline std::int32_t readData(const HM16_Functions& library, figures::Readings& readings) {
     return [&]<std::size_t... I>(std::index_sequence<I...>) {
         return library.data(&(readings.*figures::kOutputs[I])...);

@@ -52,8 +52,8 @@ SymbolTable readSymbols(const base::SharedObject& object) {
         if (address == nullptr && symbol.need == Need::Required) {
             table.missing.emplace_back(symbol.name);
         }
-        // Systems that load libraries at run time keep functions in pointers of a plain pointer's
-        // size; a copy of the bytes needs no cast for each of the nineteen types.
+        // On systems that load libraries at run time, function pointers are as large as data
+        // pointers; copying the bytes saves a cast for each of the nineteen types.
         std::memcpy(bytes + symbol.place, &address, sizeof address);
     }
     return table;

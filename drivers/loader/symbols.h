@@ -9,10 +9,10 @@
 
 namespace hm16 {
 
-// The nineteen functions as a shared object has them.
+// Looks up the nineteen functions in a shared object.
 struct SymbolTable {
     HM16_Functions functions{};
-    // Required functions that are not there, or are data under a function's name.
+    // Required functions that are missing, or whose names are data.
     std::vector<std::string> missing;
 };
 

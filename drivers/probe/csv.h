@@ -7,8 +7,8 @@
 
 namespace hm16::probe {
 
-// Writes lines of comma separated numbers, always with a point, "nan" and "inf" as they are: who
-// checks a library wants to see them.
+// Writes lines of comma-separated numbers, always with a decimal point. "nan" and "inf" are written
+// as they are, since they are faults of a library that its author wants to see.
 class Csv {
  public:
     explicit Csv(std::ostream& out) : out_(out) {}

@@ -9,7 +9,7 @@
 #include "drivers/unit/readings.h"
 #include "drivers/unit/unit.h"
 
-// What every run of the probe does with a library.
+// What all runs of the probe do with a library.
 namespace hm16::probe {
 
 using Clock = std::chrono::steady_clock;
@@ -17,12 +17,12 @@ using Clock = std::chrono::steady_clock;
 double secondsSince(Clock::time_point start);
 void waitFor(double seconds);
 
-// Time as a run sees it: that of the wall, or that of the signal where the library can be driven.
+// The time of a run: real time, or the signal's time if the library can be driven step by step.
 class RunClock {
  public:
     explicit RunClock(HM16_StepFunction step) : step_(step) {}
 
-    // Lets time pass until `seconds` after the start; false when the signal has ended before.
+    // Waits until `seconds` after the start; false if the signal ended before.
     bool passUntil(double seconds);
     double seconds() const;
 

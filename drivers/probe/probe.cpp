@@ -20,7 +20,7 @@ int fail(const std::string& sentence) {
     return 1;
 }
 
-// What a library tells beyond the nineteen functions goes behind the CSV, each line as a comment.
+// A library's further reports follow the CSV, each line as a comment.
 void printReport(const hm16::Library& library) {
     const auto report = reinterpret_cast<HM16_ReportFunction>(library.extra(HM16_REPORT_NAME));
     std::array<char, 8192> text{};
@@ -38,7 +38,7 @@ void printReport(const hm16::Library& library) {
 
 std::string runOn(const hm16::Library& library, const Options& options) {
     const HM16_Functions& driver = library.functions();
-    // A library that measures a recording in a hurry lets itself be driven.
+    // A library that measures a recording as fast as possible can be driven step by step.
     auto step = reinterpret_cast<HM16_StepFunction>(library.extra(HM16_STEP_NAME));
     if (step != nullptr && step(0) != 0) step = nullptr;
     const auto extension =

@@ -37,7 +37,7 @@ const HM16_FiguresV1* figuresIn(HM16_ExtensionFunction extension) {
                                 : static_cast<const HM16_FiguresV1*>(extension(HM16_FIGURES));
 }
 
-// Slots that never came stand as a comment, so that a loss is seen.
+// Missing slots are written as a comment, so that a loss is visible.
 void printGap(std::uint64_t expected, std::uint64_t number, std::ostream& out) {
     if (number > expected) out << "# " << number - expected << " slots were lost.\n";
 }

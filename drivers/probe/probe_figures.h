@@ -10,18 +10,18 @@
 
 namespace hm16::probe {
 
-// What a library says beyond the nineteen functions: its HM16_Extension, null where it has none.
+// The library's HM16_Extension, null if it has none.
 
-// Lists the extensions, as comments, and the figures with their units and ranges. Gives an empty
-// text, or one sentence when there are no figures.
+// Lists the extensions, as comments, and the figures with their units and ranges. Returns an empty
+// text, or a sentence if there are no figures.
 std::string listFigures(HM16_ExtensionFunction extension, std::ostream& out);
 
-// Tunes and prints each slot, with the words for why a figure is not known in its place. Gives an
-// empty text, or one sentence.
+// Tunes and prints each slot; for an unknown figure it prints the reason. Returns an empty text, or
+// a sentence.
 std::string printSlots(const HM16_Functions& driver, HM16_ExtensionFunction extension,
                        HM16_StepFunction step, const Options& options, std::ostream& out);
 
-// The words for a state of HM16_Slot.
+// The name of a state of HM16_Slot.
 std::string stateWords(int state);
 
 }  // namespace hm16::probe

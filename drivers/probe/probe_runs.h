@@ -13,8 +13,8 @@ namespace hm16::probe {
 // Runs what the options ask for on a library that HM_Init has opened and writes the CSV to `out`.
 // Gives an empty text when it measured, else one sentence. Leaves the library in mode idle.
 //
-// With `step`, time is that of the signal: instead of waiting, the library is asked to measure on,
-// as fast as it can. A recording that ends before the asked time ends the run.
+// With `step`, time is the signal's time: instead of waiting, the library is told to measure on as
+// fast as it can. The run ends early when a recording ends.
 std::string run(const HM16_Functions& driver, HM16_StepFunction step, const Options& options,
                 std::ostream& out);
 

@@ -14,10 +14,10 @@ namespace {
 
 constexpr std::uint64_t kFloorStream = 1;
 constexpr std::uint64_t kFlickerStream = 2;
-// Past this distance nothing is left of a station.
+// Beyond this distance a station has no effect.
 constexpr double kReachKhz = 1200;
-// Far from a carrier the receiver's own filter and oscillator decide, not the sidebands: so much
-// loss at 150 kHz, and one dB more each 30 kHz.
+// Far from a carrier the receiver's filter and oscillator matter, not the sidebands: this loss at
+// 150 kHz, and one dB more for each further 30 kHz.
 constexpr double kFilterLoss = 46;
 constexpr double kFilterFrom = 150;
 constexpr double kFilterSlope = 30;
@@ -30,7 +30,7 @@ double toPower(double decibels) {
 
 double sidebandLoss(double distanceKhz, double deviationKhz) {
     const double distance = std::abs(distanceKhz);
-    // A quiet carrier still fills the filter: the width never falls below it.
+    // Even an unmodulated carrier fills the filter: the width is never below this.
     const double reach = distance / std::max(deviationKhz, 22.0);
     const double filter = kFilterLoss + std::max(0.0, distance - kFilterFrom) / kFilterSlope;
     return std::min(12 * std::pow(reach, 1.6), filter);

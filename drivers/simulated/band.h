@@ -5,7 +5,7 @@
 
 namespace hm16::simulated {
 
-// Level of an empty channel before it moves, dB over a microvolt.
+// The level of an empty channel before fluctuations, dBuV.
 inline constexpr float kNoiseFloor = 24;
 
 // What the receiver's filter holds at a frequency (units of 100 kHz) at a time in seconds, in dB
@@ -13,8 +13,8 @@ inline constexpr float kNoiseFloor = 24;
 // then, and the noise of the band. A pure function of its arguments.
 double bandLevel(std::uint64_t seed, double frequency, double time);
 
-// How far the sidebands of a carrier lie below it, in dB, at a distance in kHz, when its peak
-// deviation is `deviationKhz`.
+// How far the sidebands are below the carrier, in dB, at a distance in kHz, with a peak deviation
+// of `deviationKhz`.
 double sidebandLoss(double distanceKhz, double deviationKhz);
 
 }  // namespace hm16::simulated

@@ -5,17 +5,17 @@
 
 namespace hm16::simulated {
 
-// Chance that repeats: every value is a pure function of seed, stream and place, so that a run
-// with the same seed shows the same figures at the same times, however often it is looked at.
-// Streams keep figures apart: two streams of one seed have nothing in common.
+// Reproducible random numbers: every value is a pure function of seed, stream and place, so that a
+// run with the same seed shows the same figures at the same times, however often they are read. Two
+// streams of one seed are independent.
 class Chance {
  public:
     constexpr Chance(std::uint64_t seed, std::uint64_t stream) : key_(mix(seed ^ mix(stream))) {}
 
-    // Evenly spread from 0 up to 1, anew for each number.
+    // Uniform from 0 up to but not including 1, independent for each number.
     double even(std::int64_t number) const;
 
-    // From -1 to 1, a smooth curve over time: wanders once about every `period` seconds.
+    // A smooth random curve over time, from -1 to 1, with about one swing in each `period` seconds.
     double wander(double time, double period) const;
 
  private:

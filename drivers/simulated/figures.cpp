@@ -27,12 +27,12 @@ enum FigureStream : unsigned {
     kRdsLevel
 };
 
-// The unit's counter of the carrier ends here, in units of 100 Hz.
+// The end of the unit's carrier counter, in units of 100 Hz.
 constexpr double kCarrierEnd = 100;
-// Under this a tuner hears more noise than station.
+// Below this level a tuner receives more noise than station.
 constexpr double kWeakField = 45;
 
-// The channels as the audio mode asks: left and right, or sum and difference, each halved.
+// The two channels for the audio mode: left and right, or half the sum and half the difference.
 void putLevels(Readings& readings, const Programme& programme, AudioMode mode) {
     double first = programme.left;
     double second = programme.right;
@@ -44,7 +44,7 @@ void putLevels(Readings& readings, const Programme& programme, AudioMode mode) {
     readings.levelSecond = static_cast<float>(second);
 }
 
-// Peaks over 100 % in a minute: none for a careful station, hundreds for one that overdoes it.
+// Peaks over 100 % in a minute: none for a careful station, hundreds for an overmodulated one.
 double peaksOf(const Station& station, double wander) {
     const double excess = station.modulation - 98;
     if (excess <= 0) return std::floor(1.5 * (1 + wander));
@@ -90,7 +90,7 @@ Readings onStation(const Station& station, std::uint64_t seed, const Tuning& tun
     return r;
 }
 
-// Between stations the detector hears the noise of the band: loud, wide and without a pilot.
+// Between stations the detector receives the band's noise: loud, wide and without a pilot.
 Readings onNoise(std::uint64_t seed, const Tuning& tuning, double time) {
     const auto place = static_cast<std::uint64_t>(std::lround(tuning.frequency * 4));
     const auto wander = [&](unsigned figure, double period) {

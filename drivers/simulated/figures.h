@@ -8,11 +8,11 @@
 
 namespace hm16::simulated {
 
-// The readings of a unit tuned so at a time in seconds: a pure function of its arguments.
+// The readings of a unit with this tuning at a time in seconds: a pure function of its arguments.
 // `levelStep` is the step of the field in dB, 0 for none.
 Readings figuresAt(std::uint64_t seed, const Tuning& tuning, double time, double levelStep);
 
-// `level` on the nearest multiple of `step`; itself for 0.
+// `level` rounded to a multiple of `step`; not rounded for 0.
 double stepped(double level, double step);
 
 }  // namespace hm16::simulated

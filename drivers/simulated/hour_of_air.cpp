@@ -14,13 +14,13 @@ namespace {
 
 enum Figure : unsigned { kDrive = 40, kPower, kTilt, kSilences, kInversions, kMoments };
 
-// How hard a music station drives its processor over the day, hour by hour.
+// How hard a music station drives its processor at each hour of the day.
 constexpr double kDayOfDrive[24] = {0.86, 0.83, 0.80, 0.79, 0.80, 0.84, 0.93, 1.00,
                                     1.00, 0.98, 0.97, 0.97, 0.98, 0.96, 0.95, 0.96,
                                     0.98, 1.00, 1.01, 1.00, 0.98, 0.96, 0.93, 0.90};
 
-// A mishap lasts as long as somebody needs to hear it and to reach the desk; and long enough that
-// a unit that is a thousand times faster than life still notices it.
+// The length of a mishap: the time that somebody needs to notice it and react, but long enough to
+// be noticed by a unit running a thousand times faster than real time.
 constexpr int kMishapSeconds = 24;
 constexpr int kMostMishaps = 8;
 constexpr float kSilentDb = -60;
@@ -34,7 +34,7 @@ std::int64_t hourNumber(const LocalTime& when) {
     return static_cast<std::int64_t>(day.time_since_epoch().count()) * 24 + when.hour;
 }
 
-// None in most hours, one in some, a handful when something is really broken.
+// The number of mishaps: none in most hours, one in some, several when something is broken.
 int mishapsOf(double chance) {
     if (chance < 0.72) return 0;
     if (chance < 0.92) return 1;
@@ -42,8 +42,8 @@ int mishapsOf(double chance) {
     return 5;
 }
 
-// Mishaps stand in parts of the hour of their own, so that two never run into one: those of one
-// kind in the even parts, of the other in the odd ones.
+// The hour is divided, so that mishaps do not overlap: those of one kind in the even parts, of the
+// other in the odd ones.
 bool inMishap(const Chance& moments, std::int64_t hour, int part, int count, int second) {
     constexpr int kPartSeconds = 3600 / (2 * kMostMishaps);
     for (int i = 0; i < count; ++i) {
@@ -72,7 +72,7 @@ HourOfAir hourOfAir(std::uint64_t seed, const Station& station, const LocalTime&
     air.power = 0.94 + 0.10 * even(kPower);
     air.tilt = 1.6 * (even(kTilt) - 0.5);
     air.silences = mishapsOf(even(kSilences));
-    // A line is connected the wrong way round more seldom than it is silent.
+    // Inverted polarity is rarer than silence.
     air.inversions = std::max(0, mishapsOf(even(kInversions)) - 1);
     return air;
 }

@@ -25,7 +25,7 @@ double toAmplitude(double decibels) {
     return std::pow(10.0, decibels / 20);
 }
 
-// Level of the louder channel in dB.
+// The level of the louder channel in dB.
 double loudness(const Station& station, std::uint64_t seed, double time) {
     const auto chance = [&](ProgrammeStream figure) {
         return Chance(seed, streamOf(station, figure));
@@ -33,7 +33,7 @@ double loudness(const Station& station, std::uint64_t seed, double time) {
     const double grain = chance(kGrain).wander(time, 0.07);
     switch (station.sound) {
         case Sound::Speech: {
-            // A speaker breathes: the voice falls away between phrases.
+            // Speakers breathe: the voice falls away between phrases.
             const double voice = chance(kPause).wander(time, 0.9);
             const double pause = voice < -0.55 ? (-0.55 - voice) * 60 : 0;
             const double syllable = chance(kBeat).wander(time, 0.19);
@@ -53,7 +53,7 @@ double loudness(const Station& station, std::uint64_t seed, double time) {
     return -100;
 }
 
-// Mean power of the programme next to its loudest moment: what processing squeezes together.
+// The ratio of mean power to peak power, which processing raises.
 double densityOf(Sound sound) {
     switch (sound) {
         case Sound::Speech:
@@ -89,7 +89,7 @@ Programme programmeAt(const Station& station, std::uint64_t seed, double time) {
         std::clamp(direction + 2.2 * stage * chance(kSpread).wander(time, 0.15), 0.0, 90.0);
     programme.width = station.isStereo() ? 22 - 3 * std::abs(balance) - stage : 60;
 
-    // Pilot and RDS deviate the carrier whatever the programme does.
+    // Pilot and RDS deviate the carrier even in silence.
     const double carriers = station.pilot + station.rds;
     const double swing = 0.38 + 0.62 * std::min(1.0, toAmplitude(loud - 0.5));
     const double peak = carriers + (station.modulation - carriers) * swing;

@@ -7,7 +7,7 @@
 
 namespace hm16::simulated {
 
-// What a station sends at one moment.
+// The programme of a station at one moment.
 struct Programme {
     double left = 0;   // dB; 0 dB is full modulation by both channels
     double right = 0;  // dB
@@ -21,7 +21,7 @@ struct Programme {
 // beat and phrases, classical music long swells.
 Programme programmeAt(const Station& station, std::uint64_t seed, double time);
 
-// The stream of chance that belongs to one figure of a station.
+// The random stream of one figure of a station.
 std::uint64_t streamOf(const Station& station, unsigned figure);
 
 }  // namespace hm16::simulated

@@ -20,15 +20,15 @@ namespace hm16::simulated {
 
 namespace {
 
-// Three sets of readings between two looks of the fastest panel, whatever the pace.
+// Three sets of readings for each tick of the fastest panel, whatever the speed.
 constexpr auto kPublishEvery = std::chrono::milliseconds(10);
 constexpr double kSuperSeconds = 0.005;
 constexpr double kPointSeconds = 0.002;
 constexpr double kShortestFrame = 0.04;
-// A second of a station is a result worth a file; passing over it is not.
+// A station tuned for less than a second gets no results file.
 constexpr double kWorthAFile = 1;
 constexpr double kSaveEvery = 10;
-// At a pace beyond life most slots are lost rather than all of the machine's time.
+// At more than real time most slots are dropped, to save computing time.
 constexpr double kMostSlotsAtOnce = 40;
 
 float garbageOf(Garbage kind, std::uint64_t seed, long set, int field) {
@@ -181,7 +181,7 @@ void SimulatedUnit::sweepStep(std::unique_lock<std::mutex>& lock) {
     frames_.takeFrame(range, levels);
 }
 
-// A unit that has fallen silent shows its last readings for ever, as a broken cable does.
+// A frozen unit repeats its last readings for ever, as with a broken cable.
 void SimulatedUnit::publish(double time) {
     if (isSilent(time)) return;
     addSlots(time);
@@ -208,7 +208,7 @@ Readings SimulatedUnit::readingsAt(const Tuning& tuning, double time) const {
     return readings;
 }
 
-// The slots that have ended since the last look.
+// The slots that ended since the last call.
 void SimulatedUnit::addSlots(double time) {
     const double ended = std::floor((time - lastSlot_) / kUnitSlotSeconds);
     const double lost = std::max(0.0, ended - kMostSlotsAtOnce);
@@ -230,7 +230,7 @@ void SimulatedUnit::addSlots(double time) {
     }
 }
 
-// Only a station has results: between stations there is nothing to keep.
+// Only a station has results; between stations nothing is stored.
 void SimulatedUnit::keep(const Readings& readings, double time) {
     const double passed = time - std::exchange(lastTime_, time);
     const Station* const station = stationAt(tuning_.frequency);
@@ -260,7 +260,7 @@ void SimulatedUnit::spoil(Readings& readings) {
     readings = std::bit_cast<Readings>(values);
 }
 
-// The same fault again and again is said once.
+// A repeated fault is reported once.
 void SimulatedUnit::say(const std::optional<std::string>& fault) {
     if (!fault || *fault == lastFault_) return;
     lastFault_ = *fault;

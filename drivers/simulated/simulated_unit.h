@@ -17,11 +17,11 @@
 
 namespace hm16::simulated {
 
-// A unit that is not there: it measures the stations of the table. A thread of its own does what
-// the real unit does between calls: publishes readings, delivers frames, keeps files.
+// A simulated unit, which measures the stations of the table. Its thread does what a real unit does
+// between calls: publishes readings, delivers frames, writes files.
 class SimulatedUnit : public Unit {
  public:
-    // Files of stations and days go into `files`.
+    // Files of stations and days are written to `files`.
     SimulatedUnit(const Options& options, PublishedReadings& readings, std::filesystem::path files);
     ~SimulatedUnit() override;
 

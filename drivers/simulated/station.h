@@ -8,7 +8,7 @@ namespace hm16::simulated {
 
 enum class Sound { Speech, Music, Classical };
 
-// A station of the simulated band: what it is like on the average. The figures move around it.
+// A station of the simulated band, with its average figures, about which the readings vary.
 struct Station {
     std::string_view name;  // as a memory preset holds it: at most 9 characters, upper case
     double frequency;       // nominal, units of 100 kHz

@@ -10,7 +10,7 @@ namespace hm16::simulated {
 
 namespace {
 
-// What can be told of a frequency on which nobody sends.
+// The figures that are known on a frequency without a station.
 constexpr std::array<std::string_view, 1> kWithoutStation{"field"};
 constexpr std::array<std::string_view, 3> kOfStereo{"pilot_error", "separation_left",
                                                     "separation_right"};

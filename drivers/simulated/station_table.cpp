@@ -41,7 +41,7 @@ constexpr std::array kStations = {
 };
 // clang-format on
 
-// What the intermediate filter lets through beside the tuned frequency.
+// The half width of the intermediate-frequency filter.
 constexpr double kCapture = 0.75;
 
 }  // namespace

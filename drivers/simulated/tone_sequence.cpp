@@ -17,7 +17,7 @@ constexpr double kLead = 1;
 constexpr double kTone = 1.5;
 constexpr int kCount = static_cast<int>(kTones.size());
 
-// The unit keeps results by the slot of its tone detector: the middle of the band first.
+// The unit stores results in the order of its tone detectors: the middle of the band first.
 constexpr std::array kOrder = {3, 4, 2, 5, 1, 6, 0, 7};
 
 enum ToneStream : unsigned { kBass = 40, kTreble, kRipple };
@@ -41,7 +41,7 @@ int ToneSequence::toneAt(double time) const {
     return kTones[static_cast<std::size_t>(tonesDone(time))];
 }
 
-// Level in tenths of dB against 1 kHz: a station's own fall at both ends of the band, with a little
+// The level relative to 1 kHz in tenths of dB: it falls at both ends of the band, with a little
 // ripple between.
 int ToneSequence::levelOf(int tone) const {
     const double bass = 4 + 12 * Chance(seed_, streamOf(*station_, kBass)).even(0);

@@ -9,8 +9,8 @@
 namespace hm16::simulated {
 
 // The tones of one frequency response run: the station sends eight tones one after the other, and
-// the unit notes each when it ends. A tone takes a second and a half, behind a second in which the
-// unit waits for the first.
+// the unit notes each at its end. A tone takes a second and a half, after a second of waiting for
+// the first.
 class ToneSequence {
  public:
     // Starts at `time`, seconds of the unit's time. Between stations (null) no tone is heard.
@@ -21,8 +21,8 @@ class ToneSequence {
     // The tone on the air in Hz, 0 for none.
     int toneAt(double time) const;
 
-    // What a run that was ended at `time` gives: a pair of zeros for each tone that had not ended.
-    // The pairs come in the unit's own order, which is not that of the tones.
+    // The results of a run that was ended at `time`: a pair of zeros for each tone that had not
+    // ended. The order of the pairs is the unit's, not that of the tones.
     ResponseResults results(double time) const;
 
  private:

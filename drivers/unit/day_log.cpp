@@ -12,7 +12,7 @@ namespace hm16 {
 
 namespace {
 
-// A shorter piece of an hour says nothing about the station.
+// The shortest part of an hour that is logged.
 constexpr double kLeastSeconds = 60;
 
 struct HourLine {
@@ -20,7 +20,7 @@ struct HourLine {
     double minutes = 0;
 };
 
-// The hour in front and the sixth field behind it; hour -1 when this is no line of an hour.
+// The hour of a line and its sixth field; hour -1 if this is no line of an hour.
 HourLine readHourLine(std::string_view line) {
     const auto blank = line.find(' ');
     const auto hour = base::numberIn(line.substr(0, blank));

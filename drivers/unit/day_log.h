@@ -13,24 +13,24 @@ namespace hm16 {
 
 // The day's log of one station: a file YYYYMMDD.log with one line for each hour that was measured.
 //
-// Feed it with readings as they come; it writes the line of an hour when the next hour begins, and
-// that of an unfinished hour when it is closed. An hour that has a line already, from an earlier
-// run, gets the new one only if that was measured for at least as long.
+// Give it readings as they arrive; it writes the line of an hour when the next hour begins, and
+// that of an unfinished hour when it is closed. A line from an earlier run is replaced only if the
+// new one was measured for at least as long.
 class DayLog {
  public:
-    // Files go into `folder`.
+    // Files are written to `folder`.
     explicit DayLog(std::filesystem::path folder);
 
-    // Begins or goes on with the log of a frequency. Another frequency than the last one closes
-    // that one's hour first, for a line tells of one station.
+    // Begins or continues the log of a frequency. If the frequency changed, the hour of the last
+    // one is closed first, since a line describes one station.
     std::optional<std::string> tune(double frequency, const LocalTime& now);
 
-    // Takes readings that stood for `seconds` until `now`. Gives a sentence when the hour is over
-    // and its line cannot be written.
+    // Takes readings that held for `seconds` until `now`. Returns a sentence if an hour ended and
+    // its line cannot be written.
     std::optional<std::string> add(const Readings& readings, double radiatedPower, double seconds,
                                    const LocalTime& now);
 
-    // Writes the unfinished hour if at least a minute of it was measured, and forgets it.
+    // Writes the unfinished hour if at least a minute of it was measured, and clears it.
     std::optional<std::string> close();
 
  private:

@@ -19,11 +19,11 @@ namespace {
 enum class Mode { Closed, Idle, Normal, Sweep, Demo };
 
 constexpr std::int32_t kDone = 0;
-constexpr std::int32_t kRefused = 1;  // not in this mode, or an argument that makes no sense
+constexpr std::int32_t kRefused = 1;  // illegal in this mode, or an invalid argument
 constexpr std::int32_t kFailed = 2;
 
-// What the nineteen functions share. The readings stand apart from the unit: they can be copied
-// whatever becomes of it.
+// The state shared by the nineteen functions. The readings are separate from the unit, so that they
+// can be copied in any state of it.
 struct Session {
     PublishedReadings readings;
     std::unique_ptr<Unit> unit;
@@ -35,7 +35,7 @@ Session& session() {
     return one;
 }
 
-// A C caller knows no exceptions: what goes wrong inside ends here, said once.
+// A C caller cannot catch exceptions: they end here, and are reported once.
 template <typename Work>
 std::int32_t guarded(const char* function, Work work) {
     try {

@@ -10,9 +10,9 @@ namespace hm16 {
 
 namespace {
 
-// Under this level on both channels a listener takes the programme for gone.
+// With both channels below this level a listener notices silence.
 constexpr float kSilenceDb = -40;
-// Past this angle more of the signal is L-R than L+R: a mono receiver loses it.
+// Beyond this angle L-R is stronger than L+R: a mono receiver loses more than half.
 constexpr float kInvertedDegrees = 90;
 constexpr double kStretchSeconds = 3;
 

@@ -7,14 +7,14 @@
 
 namespace hm16 {
 
-// How a station was on the air during one hour: the nine figures of a line of the day's log.
+// A summary of one hour of a station: the nine figures of a line of the day's log.
 class HourSummary {
  public:
-    // Takes readings that stood for `seconds`. `radiatedPower` is the station's power as a share
-    // of its nominal one, 0 when not known.
+    // Takes readings that held for `seconds`. `radiatedPower` is a fraction of the nominal power, 0
+    // if unknown.
     void add(const Readings& readings, double radiatedPower, double seconds);
 
-    // Time that was measured.
+    // The measured time.
     double seconds() const { return seconds_; }
     double minutes() const { return seconds_ / 60; }
 
@@ -26,7 +26,7 @@ class HourSummary {
     std::string line(int hour) const;
 
  private:
-    // Counts the stretches of at least 3 seconds during which something held.
+    // Counts periods of at least 3 seconds in which a condition held.
     class Stretches {
      public:
         void add(bool holds, double seconds);

@@ -6,7 +6,7 @@
 
 namespace hm16 {
 
-// A moment on the wall clock of the place.
+// A local date and time of day.
 struct LocalTime {
     int year = 1970;
     int month = 1;
@@ -20,7 +20,7 @@ struct LocalTime {
 
 LocalTime localTimeAt(std::chrono::system_clock::time_point moment);
 
-// The moment at which the wall clock shows `time`; values out of range carry over, as in 24:00.
+// The time at which the local clock shows `time`; values out of range carry over, as in 24:00.
 std::chrono::system_clock::time_point momentOf(const LocalTime& time);
 
 // Eight digits, year first: 20240229.

@@ -15,14 +15,14 @@ namespace hm16 {
 // interrupted in the middle nor by one that never comes back.
 class PublishedReadings {
  public:
-    // Shows ordinary readings. The end mark's pair cannot get out this way: by chance it would end
-    // a response run, so the pilot error is then shown 1 Hz lower.
+    // Publishes ordinary readings. If they happen to equal the end mark, which would end a response
+    // run, the pilot error is published 1 Hz lower.
     void publish(Readings readings);
 
-    // Shows `readings` with the end mark in them.
+    // Publishes `readings` with the end mark in them.
     void publishEndMark(Readings readings);
 
-    // A whole set of readings, never parts of two.
+    // A consistent set of readings, never parts of two.
     Readings latest() const;
 
  private:

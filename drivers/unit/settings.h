@@ -33,7 +33,7 @@ class Settings {
     double scaled(std::string_view key, double fallback, double low, double high);
     long whole(std::string_view key, long fallback, long low, long high);
     std::string text(std::string_view key, std::string_view fallback);
-    // The place of the word in `words`.
+    // The index of the word in `words`.
     std::size_t choice(std::string_view key, std::initializer_list<std::string_view> words,
                        std::size_t fallback);
 
@@ -44,7 +44,7 @@ class Settings {
     // settings together. Without such a key the line is left out.
     void addFault(std::string_view key, std::string_view wrong);
 
-    // What is wrong, one sentence each, in the order of finding; unknown keys last.
+    // The faults, one sentence each, in the order of finding; unknown keys last.
     std::vector<std::string> faults() const;
 
  private:

@@ -33,7 +33,7 @@ std::int32_t SlotRing::copy(std::uint64_t from, HM16_Slot* out, std::uint32_t sl
     const std::size_t filled = std::min<std::size_t>(slotSize, sizeof(HM16_Slot));
     auto* place = reinterpret_cast<unsigned char*>(out);
     const std::lock_guard lock(mutex_);
-    // Who asks for what is still to come, as behind a new HM_Init, is told where that begins.
+    // A caller that asks for later slots, as after a new HM_Init, is told where they will begin.
     *next = std::min(from, next_);
     std::int32_t copied = 0;
     for (std::size_t n = 0; n < slots_.size() && copied < room; ++n) {

@@ -38,7 +38,7 @@ float valueOf(const std::string& line) {
     return std::abs(value) <= 1e6 ? static_cast<float>(value) : 0.0f;
 }
 
-// 0 is how these three say that there is no result.
+// In these three fields 0 means that there is no result.
 std::optional<float> resultOf(const std::string& line) {
     const float value = valueOf(line);
     return value != 0 ? std::optional(value) : std::nullopt;

@@ -32,21 +32,21 @@ class StationResults {
     static StationResults read(const std::filesystem::path& folder, double frequency);
     static StationResults parse(double frequency, std::string_view text);
 
-    // Takes readings that stood for `seconds`.
+    // Takes readings that held for `seconds`.
     void add(const Readings& readings, double seconds);
 
     void clear(StoredResult what);
 
-    // The 24 lines. `now` goes into the two lines that say when.
+    // The 24 lines; `now` is the date in two of them.
     std::string text(const LocalTime& now) const;
 
-    // Replaces the file in `folder`; gives a sentence when that fails.
+    // Writes the file to `folder`; returns a sentence on failure.
     std::optional<std::string> write(const std::filesystem::path& folder,
                                      const LocalTime& now) const;
 
     double frequency() const { return frequency_; }
     double seconds() const { return seconds_; }
-    // Absent: nothing was ever measured, or it was cleared.
+    // Absent if nothing was measured yet, or it was cleared.
     std::optional<float> noiseLeft() const { return noiseLeft_; }
     std::optional<float> noiseRight() const { return noiseRight_; }
     std::optional<float> separationLeft() const { return separationLeft_; }

@@ -9,7 +9,7 @@ namespace hm16 {
 
 namespace {
 
-// One cell each 25 kHz, the finest step there is, over more than any FM band.
+// A cell for each 25 kHz, the finest step, over more than any FM band.
 constexpr double kCellsPerUnit = 4;
 constexpr double kLowest = 600;
 constexpr long kCells = 3200;
@@ -35,7 +35,7 @@ double SweepRange::frequency(int point) const {
 SweepStore::SweepStore(float noiseFloor) : noiseFloor_(noiseFloor), cells_(kCells, noiseFloor) {}
 
 void SweepStore::takeFrame(const SweepRange& range, std::span<const float> levels) {
-    // Neighbouring points share the step between them, so that the cells of a frame meet and never
+    // Each point covers half a step to either side, so that the cells of a frame meet and do not
     // overlap.
     const long width = std::max(1, range.stepKhz / 25);
     const long first = std::max(cellOf(range.start), 0L);

@@ -7,7 +7,7 @@
 
 namespace hm16 {
 
-// Where a sweep runs. Frequencies in units of 100 kHz.
+// The range of a sweep. Frequencies in units of 100 kHz.
 struct SweepRange {
     double start = 0;
     double stop = 0;
@@ -15,7 +15,8 @@ struct SweepRange {
 
     // Number of points, both ends counted in; 0 when stop lies below start.
     int points() const;
-    // Frequency of a point counted from 0, worked out from its number so that nothing adds up.
+    // The frequency of a point, counted from 0; computed from its number, so that rounding errors
+    // do not add up.
     double frequency(int point) const;
 };
 
@@ -26,15 +27,14 @@ class SweepStore {
     // `noiseFloor` in dB over a microvolt: the answer for a frequency that no frame has covered.
     explicit SweepStore(float noiseFloor);
 
-    // Takes a whole frame, one level a point of `range`. A point stands for the band of half a
-    // step on each side.
+    // Takes a frame, with one level for each point of `range`. A point covers half a step on each
+    // side.
     void takeFrame(const SweepRange& range, std::span<const float> levels);
 
-    // True once when one or more frames came since the last time it was true: only the newest can
-    // be asked for.
+    // True if frames arrived since the last call; only the newest can be read.
     bool frameArrived();
 
-    // Forgets that a frame has come, not what it held: before a new sweep.
+    // Clears the notice of a frame, but not its levels: before a new sweep.
     void forgetArrival();
 
     // Level at a frequency in units of 100 kHz.

@@ -22,7 +22,7 @@ enum class AudioMode { LeftRight, SumDifference };
 enum class ResponseRun { Off, Armed };
 enum class DayLogging { Off, On };
 
-// What HM_Normal asks for. Frequency in units of 100 kHz.
+// The arguments of HM_Normal. Frequency in units of 100 kHz.
 struct Tuning {
     double frequency = 875;
     Detector detector = Detector::Peak;
@@ -46,20 +46,20 @@ class Unit {
  public:
     virtual ~Unit() = default;
 
-    // Over 0. From 1.7 up to but not including 2: delivers sweep frames.
+    // Greater than 0. From 1.7 up to but not including 2 the unit delivers sweep frames.
     virtual float hardwareVersion() const = 0;
 
-    // Tunes and measures from now on, publishing readings of this tuning before it returns.
+    // Tunes and starts measuring; readings of this tuning are published before it returns.
     virtual void measure(const Tuning& tuning) = 0;
 
-    // Ends measuring or sweeping. Also called when nothing runs.
+    // Stops measuring or sweeping. Also called when nothing runs.
     virtual void stop() = 0;
 
     // Clears stored results of the frequency tuned last; the file is rewritten on return.
     virtual void clearResults(StoredResult what) = 0;
 
-    // One level in dB over a microvolt; nothing when the unit failed. Called when nothing runs or
-    // while measuring, which then goes on afterwards.
+    // Measures one level in dBuV; none if the unit failed. Called when nothing runs or while
+    // measuring, which goes on afterwards.
     virtual std::optional<float> levelAt(double frequency) = 0;
 
     // Delivers frames into frames() until stop(). Only called on units that can.
@@ -70,12 +70,12 @@ class Unit {
     // The results of the last response run.
     virtual ResponseResults response() = 0;
 
-    // What a slot holds, and the slots; a unit that measures none has neither.
+    // The figures of a slot, and the slots; null in a unit that measures none.
     virtual std::span<const HM16_FigureInfo> figures() const { return {}; }
     virtual const SlotRing* slots() const { return nullptr; }
 };
 
-// What each library defines.
+// Each library defines these functions.
 
 // Opens the unit. `folder` is the library's own folder, where its settings file lies; the files of
 // stations and days go into the current folder. The unit publishes into `readings`, which outlives

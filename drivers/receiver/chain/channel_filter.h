@@ -8,14 +8,14 @@
 
 namespace hm16::receiver {
 
-// How wide the channel is that figures are taken from.
+// The width of the channel from which figures are measured.
 enum class ChannelWidth {
     Wide,    // as it comes from the front end
     Narrow,  // for a channel with a strong neighbour 200 kHz away
 };
 
-// Lets the channel through as it is or narrowed. Both ways take equally long, so that a change of
-// width costs a transient and no time: pilot and data behind it keep their places.
+// Passes the channel unchanged or narrowed. Both paths have the same delay, so that a change of
+// width causes a transient but no time shift for pilot and data.
 class ChannelFilter {
  public:
     explicit ChannelFilter(const Rates& rates);
@@ -26,13 +26,13 @@ class ChannelFilter {
     // Appends the filtered samples to `out`; the first comes when the filter is full.
     void process(std::span<const Sample> in, std::vector<Sample>& out);
 
-    // How many samples later a moment comes out.
+    // The delay in samples.
     std::size_t delay() const { return delay_; }
 
-    // Of noise behind the narrow filter, as in ChannelShape.
+    // The noise parameters of the narrow filter, as in ChannelShape.
     double roughening() const { return roughening_; }
 
-    // Over so many samples a disturbance is spread.
+    // The number of samples over which a disturbance is spread.
     std::size_t length() const { return doubledTaps_.size() / 2; }
 
  private:

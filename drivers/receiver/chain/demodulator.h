@@ -11,7 +11,7 @@ namespace hm16::receiver {
 
 // Where the multiplex ends: ITU-R SM.1268 wants its peaks taken below 76 to 100 kHz.
 enum class PeakEdge {
-    At80,   // flat to 60 kHz, half way down at 80: lets in least noise
+    At80,   // flat to 60 kHz, -6 dB at 80: lets in least noise
     At100,  // flat to 100 kHz, for stations with subcarriers there
 };
 
@@ -19,8 +19,8 @@ enum class PeakEdge {
 enum class Droop { None, Discriminator };
 std::vector<double> compositeTaps(double rateHz, Droop droop, PeakEdge edge);
 
-// From the channel to its instantaneous frequency, and from there to the multiplex in Hz:
-// low-passed and freed from the droop of a discriminator, which averages over one sample.
+// From the channel to its instantaneous frequency, and from that to the multiplex in Hz: low-pass
+// filtered, with the droop of the discriminator, which averages over one sample, corrected.
 class Demodulator {
  public:
     Demodulator(const Rates& rates, PeakEdge edge);
@@ -35,7 +35,7 @@ class Demodulator {
     // The same, flat to 100 kHz whatever the peaks' edge is.
     void wideLowPass(std::span<const float> frequency, std::vector<float>& wide);
 
-    // Samples of the channel that one of the multiplex is made of.
+    // The number of channel samples for one sample of the multiplex.
     std::size_t length() const { return lowPass_.length(); }
     double delay() const { return lowPass_.delay(); }
 

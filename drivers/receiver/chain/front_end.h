@@ -10,21 +10,21 @@
 
 namespace hm16::receiver {
 
-// What the filter in front of a channel's samples leaves of the air.
+// The properties of the filter before a channel's samples.
 struct ChannelShape {
     double flatHz = 0;   // flat to this far from the centre
     double noiseHz = 0;  // noise bandwidth
     // Mean square of the second difference of noise over two samples, as a share of its variance.
     double roughening = 1;
-    double delaySeconds = 0;  // how much later than at the source a moment comes out
+    double delaySeconds = 0;  // the delay relative to the source
 };
 
 // From the samples of the band to those of one channel around 0 Hz. Flat to 190 kHz on each side: a
-// filter that cuts the sidebands of strong modulation reads the peak low and makes the envelope
-// vary where the air did not.
+// filter that cut the sidebands of strong modulation would lower the measured peak and modulate the
+// envelope.
 class FrontEnd {
  public:
-    // `offsetHz`: where the channel stands in the samples.
+    // `offsetHz`: the position of the channel in the samples.
     FrontEnd(const Rates& rates, double offsetHz);
 
     // Appends the channel's samples.

@@ -11,8 +11,8 @@
 
 namespace hm16::receiver {
 
-// The noise that lies on the multiplex. Noise on the carrier is phase noise, whose deviation grows
-// with frequency; it adds to the highest deviation of a slot.
+// The noise on the multiplex. Noise on the carrier is phase noise, whose deviation grows with
+// frequency; it raises the peak deviation of a slot.
 //
 // It is measured twice, and the lower result counts: in the envelope, where several rays or a
 // neighbour look like noise too, and in the multiplex around 68 kHz, where a hard limiter leaves
@@ -25,7 +25,7 @@ class PeakNoise {
     void add(std::span<const float> composite);
     void endSlot();
 
-    // The slot that ends says nothing.
+    // The slot that ends gives no result.
     void forgetSlot();
 
     // Its rms in Hz; `roughness` is the variance of the envelope over its square.

@@ -13,7 +13,7 @@ inline constexpr double kSlotSeconds = 0.05;
 inline constexpr double kPilotHz = 19000;
 inline constexpr double kDifferenceHz = 38000;
 
-// The sample rates along the chain. All follow from the source's rate by whole steps, so nothing
+// The sample rates along the chain. All are the source's rate divided by whole numbers, so nothing
 // is resampled and every delay is known to the sample.
 struct Rates {
     double source = 0;
@@ -29,7 +29,7 @@ struct Rates {
     double pilot = 0;  // the pilot's points: about 500 Hz
 };
 
-// `sourceHz`: the true rate, the clock's error taken out.
+// `sourceHz`: the true rate, with the clock's error corrected.
 Rates planRates(double sourceHz, Domain domain);
 
 }  // namespace hm16::receiver

@@ -7,7 +7,7 @@
 
 namespace hm16::receiver {
 
-// Left and right of a sound card; 1.0 is 75 kHz of deviation, before the de-emphasis.
+// Left and right samples for a sound card; 1.0 is 75 kHz of deviation, before the de-emphasis.
 struct StereoSample {
     float left = 0;
     float right = 0;
@@ -16,7 +16,7 @@ struct StereoSample {
 
 inline constexpr double kSoundHz = 48000;
 
-// From the chain's own audio rate, some 50 kHz, to the 48 kHz of sound cards.
+// Converts from the chain's audio rate, about 50 kHz, to the 48 kHz of sound cards.
 class SoundResampler {
  public:
     explicit SoundResampler(double audioHz);

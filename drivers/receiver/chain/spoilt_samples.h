@@ -9,14 +9,14 @@
 
 namespace hm16::receiver {
 
-// Where samples of a channel are missing or spoilt, counted since the channel began.
+// The positions of missing or corrupt samples of a channel, counted since the channel began.
 //
 // What is spoilt never goes down the chain: a short stretch is bridged by a straight line, a long
 // one filled with what a carrier without modulation would give. So nothing rings, and all that is
 // measured over longer than a slot goes on as if nothing had been.
 class SpoiltSamples {
  public:
-    // Spans may overlap and come in any order, but not behind what was mended.
+    // Spans may overlap and come in any order, but not after their samples were mended.
     void add(std::uint64_t from, std::uint64_t to);
 
     // Mends the first `count` of these samples, of which the first has the number `first`.

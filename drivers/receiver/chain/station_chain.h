@@ -31,15 +31,15 @@
 
 namespace hm16::receiver {
 
-// What a chain needs to know about its samples.
+// The properties of a chain's samples.
 struct ChainSettings {
     Domain domain = Domain::Band;
     double rateHz = 0;    // true rate, the clock's error taken out
-    double offsetHz = 0;  // where the tuned frequency truly stands in the samples
+    double offsetHz = 0;  // the true position of the tuned frequency in the samples
     double deemphasisUs = 50;
     PeakEdge peakEdge = PeakEdge::At80;
-    double dbuvAtFullScale = 0;             // field of a carrier of amplitude 1
-    double compositeHzAtFullScale = 100e3;  // deviation that a composite sample of 1.0 stands for
+    double dbuvAtFullScale = 0;             // the field of a carrier with amplitude 1
+    double compositeHzAtFullScale = 100e3;  // the deviation of a composite sample of 1.0
 };
 
 // The whole way from the samples of a channel, or of a multiplex, to the figures of one station.
@@ -47,7 +47,7 @@ struct ChainSettings {
 // front of it.
 class StationChain {
  public:
-    // `channel`: what the samples went through before.
+    // `channel`: the filter that the samples have passed.
     StationChain(const ChainSettings& settings, const Rates& rates, const ChannelShape& channel);
     StationChain(const StationChain&) = delete;
     StationChain& operator=(const StationChain&) = delete;
@@ -115,7 +115,7 @@ class StationChain {
     ChannelShape shape_;
     std::size_t slotLength_;
 
-    // Brings the carrier to the middle of the channel's filters.
+    // Shifts the carrier to the middle of the channel's filters.
     Mixer recentring_{0};
     double shiftHz_ = 0;
     double shiftBeforeHz_ = 0;

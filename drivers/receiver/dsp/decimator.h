@@ -8,10 +8,10 @@
 
 namespace hm16::receiver {
 
-// The three streaming filters of the chain. Each keeps what it still needs of the last block and
-// appends its output; nothing is put before the first sample, so the first output is whole.
+// The three streaming filters of the chain. Each keeps the samples that it still needs and appends
+// its output. There is no padding before the first sample, so the first output is complete.
 //
-// Time: output k stands for the moment k * step + delay() of the input, counted in input samples.
+// Timing: output k belongs to input time k * step + delay(), in input samples.
 
 // Complex samples, real taps.
 class ComplexDecimator {

@@ -6,8 +6,8 @@
 
 namespace hm16::receiver {
 
-// Attenuation that the filters of the chain are designed for: what is left of a rejected signal
-// stays below every figure's smallest step.
+// The stop-band attenuation of the chain's filters: the rest of a rejected signal is below the
+// smallest step of every figure.
 inline constexpr double kStopbandDb = 80;
 
 // Length (odd) of a Kaiser-windowed filter with a transition of `transitionHz` at `rateHz`.

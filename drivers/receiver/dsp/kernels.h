@@ -7,7 +7,7 @@ namespace hm16::receiver {
 
 // The inner loops of the chain on plain arrays; complex samples lie as I, Q, I, Q.
 
-// Filters are padded with zeros to a multiple of this many floats, so the loops know no rest.
+// Filters are padded with zeros to a multiple of this many floats, so that loops have no remainder.
 inline constexpr std::size_t kKernelFloats = 32;
 
 // out[o] = sum of taps[i] * in[o * step + i]; `floats` taps, a multiple of kKernelFloats.

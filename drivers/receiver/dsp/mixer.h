@@ -8,14 +8,14 @@
 
 namespace hm16::receiver {
 
-// Moves a frequency of the band to 0 Hz. Its phase is kept in double and set anew every few
-// hundred samples, so it does not drift however long it runs.
+// Shifts a frequency of the band to 0 Hz. The phase is kept in double precision and recomputed
+// every few hundred samples, so it does not drift.
 class Mixer {
  public:
     // `turns`: the frequency to be moved, as a share of the sample rate.
     explicit Mixer(double turns);
 
-    // Another frequency from the next sample on; the phase goes on without a step.
+    // Changes the frequency from the next sample on, with continuous phase.
     void setTurns(double turns);
 
     // Mixes in place.

@@ -13,7 +13,7 @@
 
 namespace hm16::receiver {
 
-// The figures that live on left and right.
+// The figures that are measured on left and right.
 class AudioFigures {
  public:
     explicit AudioFigures(double audioHz);

@@ -12,10 +12,10 @@
 
 namespace hm16::receiver {
 
-// What a frequency reads at which nothing can be heard, in dB over a microvolt.
+// The reading at a frequency without any signal, in dBuV.
 inline constexpr float kNothingThere = 0;
 
-// A frame looks at so much of the signal.
+// The length of signal for a frame.
 inline constexpr double kFrameLookSeconds = 0.025;
 
 // Single levels and sweep frames, in dB over a microvolt in the steps of the settings.
@@ -34,7 +34,7 @@ class BandMeter {
     // True when a frame of that range needs no tuning.
     bool covers(const SweepRange& range) const;
 
-    // To be called when the radio was tuned by someone else.
+    // Must be called when the radio was tuned by something else.
     void follow() { levels_.setCentre(signal_.centreHz()); }
 
  private:

@@ -7,7 +7,7 @@
 
 namespace hm16::receiver {
 
-// What a converter of few steps makes of a carrier's strength.
+// The effect of a coarse analogue-to-digital converter on the measured strength of a carrier.
 //
 // Each threshold that a sine crosses adds a square wave of one step, so a sine of a few steps comes
 // out stronger or weaker than it went in, by up to 0.3 dB at four steps, depending on how near its
@@ -19,11 +19,11 @@ class CoarseConverter {
     // matter.
     explicit CoarseConverter(double step) : step_(step) {}
 
-    // Learns from samples where the thresholds lie and what is in the band.
+    // Finds the thresholds and the contents of the band from samples.
     void look(std::span<const Sample> stretch);
 
-    // The power that a carrier had before the converter when behind it `power` is found. It must be
-    // a carrier of steady amplitude: noise of few steps is not set right by this.
+    // The power of a carrier before the converter, from the `power` measured after it. The carrier
+    // must have a steady amplitude: coarsely converted noise cannot be corrected this way.
     double powerBefore(double power) const;
 
  private:

@@ -9,10 +9,10 @@
 
 namespace hm16::receiver {
 
-// Opens what the options name. Throws SourceError.
+// Opens the source that the options name. Throws SourceError.
 std::unique_ptr<SampleSource> openSource(const ReceiverOptions& options);
 
-// The source in a few words, for reports and for sentences about it.
+// A short description of the source, for reports and messages.
 std::string nameOf(const ReceiverOptions& options);
 
 }  // namespace hm16::receiver

@@ -7,7 +7,7 @@
 
 namespace hm16::receiver {
 
-// A level in steps of `stepDb`; 0 leaves it as it is.
+// Rounds a level to steps of `stepDb`; 0 leaves it unchanged.
 double stepped(double level, double stepDb);
 
 // Figures in the units of HM_Data. `peakHz` stands for the peak: of the last slot or a mean, by

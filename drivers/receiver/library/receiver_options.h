@@ -13,12 +13,12 @@ namespace hm16::receiver {
 enum class SourceKind { Recording, Synthetic, Soapy };
 enum class Pace {
     Real,  // as on the air
-    Fast,  // as fast as it is asked, or else as the machine can
+    Fast,  // as fast as it is driven step by step, or as fast as the machine can
 };
 enum class AtEnd { Stop, Loop };
 enum class Scene { Station, Band, Rays, Tones, Silence };
 
-// What hm-16.ini says about the receiver; docs/receiver.md lists the keys.
+// The receiver's settings in hm-16.ini; docs/receiver.md lists the keys.
 struct ReceiverOptions {
     float version = 1.8F;
     SourceKind source = SourceKind::Synthetic;

@@ -34,7 +34,7 @@ namespace hm16::receiver {
 // as the machine can.
 class ReceiverUnit : public Unit {
  public:
-    // Files of stations and days go into `files`.
+    // Files of stations and days are written to `files`.
     ReceiverUnit(const ReceiverOptions& options, std::unique_ptr<SampleSource> source,
                  PublishedReadings& readings, std::filesystem::path files);
     ~ReceiverUnit() override;
@@ -54,16 +54,16 @@ class ReceiverUnit : public Unit {
     // False when the pace is real, nothing runs or the signal has ended.
     bool step(int slots);
 
-    // The figures of the last slot that was measured.
+    // The figures of the last measured slot.
     Figures heard() const;
 
-    // The groups of RDS of the last half minute, their time that of the signal.
+    // The RDS groups of the last half minute, with their signal time.
     const RecordRing<RdsGroup>& groups() const { return groups_; }
 
-    // The sound of the tuned station, for whoever listens.
+    // The sound of the tuned station, for listeners.
     const SoundRing& sound() const { return sound_; }
 
-    // What the readings have no place for, in lines of text.
+    // Further measurements for which there is no reading, as lines of text.
     std::string report() const;
 
  private:

@@ -10,8 +10,8 @@
 
 namespace hm16::receiver {
 
-// The last records of a kind, handed from the thread that measures to any number of readers, each
-// with a place of its own. A record has a rising `number`. The lock is held only for copying.
+// The last records of a kind, passed from the measuring thread to any number of readers, each with
+// its own position. Records have a rising `number`. The lock is held only for copying.
 template <typename Record>
 class RecordRing {
  public:
@@ -23,8 +23,8 @@ class RecordRing {
         if (records_.size() > most_) records_.pop_front();
     }
 
-    // Copies the records from number `from` on, oldest first, as many as `out` holds, and gives how
-    // many. `next` becomes the number to ask for the next time.
+    // Copies the records from number `from` on, oldest first, as many as fit into `out`, and
+    // returns how many. `next` is set to the number to ask for next.
     std::size_t copy(std::uint64_t from, std::span<Record> out, std::uint64_t& next) const {
         const std::lock_guard lock(mutex_);
         const auto first = std::lower_bound(

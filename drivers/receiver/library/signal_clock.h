@@ -8,8 +8,8 @@
 
 namespace hm16::receiver {
 
-// The time of the signal: it goes on with the samples that were read, however fast that is. Logs
-// and results of a recording that is measured in a hurry are thus those of its real length.
+// The signal's time: it advances with the samples that were read, at whatever speed. So logs and
+// results of a recording that is measured quickly are those of its real duration.
 class SignalClock {
  public:
     explicit SignalClock(double rateHz) : rateHz_(rateHz), start_(Wall::now()) {}
@@ -17,7 +17,7 @@ class SignalClock {
     void add(std::size_t samples) { samples_ += samples; }
     double seconds() const { return static_cast<double>(samples_) / rateHz_; }
 
-    // Wall clock at the signal's present moment.
+    // The local time at the signal's current position.
     LocalTime now() const {
         return localTimeAt(start_ + std::chrono::duration_cast<Wall::duration>(
                                         std::chrono::duration<double>(seconds())));

@@ -18,8 +18,8 @@ inline constexpr double kChannelHz = 200e3;
 
 using Loss = SampleSource::Loss;
 
-// Reads the source stretch by stretch, round and round where the settings say so, keeps the
-// signal's time and takes the clock's error out of rate and centre.
+// Reads the source piece by piece, repeatedly if the settings say so; keeps the signal's time, and
+// corrects rate and centre for the clock's error.
 class SignalReader {
  public:
     SignalReader(const ReceiverOptions& options, std::unique_ptr<SampleSource> source);
@@ -27,17 +27,17 @@ class SignalReader {
     const SampleSource& source() const { return *source_; }
     const SignalClock& clock() const { return clock_; }
 
-    // As they truly are.
+    // The true values.
     double rateHz() const { return rateHz_; }
     double centreHz() const;
 
     // True when the channel at `hz` lies in the samples.
     bool covers(double hz) const;
 
-    // Brings `hz` into the samples where the source can be tuned.
+    // Tunes the source so that `hz` is within its samples, if it can be tuned.
     bool retune(double hz) { return source_->tunable() && source_->retune(hz); }
 
-    // Called with all that is read, by whoever, and with what was lost in it.
+    // Called with all samples that are read, for whatever purpose, and with what was lost in them.
     using Listener = std::function<void(std::span<const Sample>, std::span<const Loss>)>;
     void onRead(Listener listener) { onRead_ = std::move(listener); }
 
@@ -48,13 +48,13 @@ class SignalReader {
     // How many samples that are.
     std::size_t samplesIn(double seconds) const;
 
-    // True once the signal has ended or its source has failed. Only a radio comes back.
+    // True once the signal has ended or its source has failed. Only a radio can come back.
     bool ended() const { return ended_; }
 
-    // Goes on where a radio that had gone sends again, and says so; true then.
+    // Continues when a lost radio sends again, reports that, and returns true.
     bool comeBack();
 
-    // Why it ended, in one sentence; empty before.
+    // The reason why it ended, as a sentence; empty before.
     const std::string& lastWords() const { return lastWords_; }
 
  private:

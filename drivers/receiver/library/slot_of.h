@@ -6,7 +6,7 @@
 
 namespace hm16::receiver {
 
-// A slot of the chain as a library hands it out; number and times are left to the caller.
+// Converts a slot of the chain to the library's format; the caller sets number and times.
 // `levelStepDb`: steps of the field.
 HM16_Slot slotOf(const StationSlot& slot, double levelStepDb);
 

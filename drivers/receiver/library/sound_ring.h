@@ -21,11 +21,12 @@ class SoundRing {
 
     void write(std::span<const StereoSample> sound);
 
-    // Copies what lies from `place` on, as much as `into` holds and has come, gives how much, and
-    // moves `place` behind it. A place that was written over moves to the oldest sample first.
+    // Copies the samples from `place` on, as many as fit into `into` and have arrived; returns how
+    // many, and moves `place` after them. If `place` was overwritten, it first moves to the oldest
+    // sample.
     std::size_t read(std::uint64_t& place, std::span<StereoSample> into) const;
 
-    // Place behind the newest sample: where who begins to listen begins.
+    // The position after the newest sample, where a new listener begins.
     std::uint64_t newest() const { return written_.load(std::memory_order_acquire); }
 
  private:

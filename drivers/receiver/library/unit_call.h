@@ -7,9 +7,9 @@
 
 namespace hm16::receiver {
 
-// A call from the program, which has the unit to itself as long as this lives. The unit's thread
-// holds the mutex nearly all the time while it keeps up with a radio, and would win it back again
-// and again; so it steps aside for whoever waits.
+// A call from the program, which has exclusive use of the unit while this object exists. The unit's
+// thread holds the mutex nearly all the time while it keeps up with a radio, and would win it again
+// and again; so it lets waiting calls go first.
 class ReceiverUnit::Call {
  public:
     explicit Call(const ReceiverUnit& unit) : unit_(unit) {

@@ -13,8 +13,8 @@ struct ListedRadio {
     std::string label;   // in its driver's words
 };
 
-// The radios that are there, sound cards left out; of a driver's name those of that driver alone.
-// Throws SourceError without SoapySDR.
+// The connected radios, without sound cards; with a driver's name only those of that driver. Throws
+// SourceError without SoapySDR.
 std::vector<ListedRadio> listRadios(const std::string& library, const std::string& driver);
 
 }  // namespace hm16::receiver

@@ -15,26 +15,26 @@
 
 namespace hm16::receiver {
 
-// What the thread that keeps a radio open shares with those who want its samples. run() is that
-// thread's; all else may be called from one other thread and waits a second at most, whatever the
-// radio's driver does.
+// The state shared by the thread that keeps a radio open and those who want its samples. run() is
+// that thread's function; all else may be called from one other thread and waits a second at most,
+// whatever the radio's driver does.
 class RadioLoop {
  public:
     explicit RadioLoop(SoapyRequest request) : request_(std::move(request)) {}
     RadioLoop(const RadioLoop&) = delete;
     RadioLoop& operator=(const RadioLoop&) = delete;
 
-    // Opens the radio, fetches its samples as they come, tunes it, and opens it again when it has
-    // gone, until it is asked to close; a radio that was never there ends it at once.
+    // Opens the radio, reads its samples, tunes it, and opens it again when it was lost, until it
+    // is asked to close; ends at once if the radio cannot be opened the first time.
     void run();
 
-    // Waits until the radio sends or cannot be had; the sentence says why.
+    // Waits until the radio sends or cannot be opened; the sentence says why.
     std::optional<std::string> opened();
 
     double rateHz() const;
     double centreHz() const;
 
-    // Tunes and forgets what was received before; false when the radio refuses or has gone.
+    // Tunes and drops what was received before; false when the radio refuses or was lost.
     bool tune(double centreHz);
 
     // Fills `into` and tells in front of which samples some are missing. Throws SourceError when

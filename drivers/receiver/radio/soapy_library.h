@@ -9,7 +9,7 @@
 
 namespace hm16::receiver {
 
-// The library's file where nobody says otherwise.
+// The default file name of the library.
 #if defined(_WIN32)
 inline constexpr const char* kSoapyLibrary = "SoapySDR.dll";
 #elif defined(__APPLE__)
@@ -25,7 +25,7 @@ class SoapyLibrary {
     // Throws SourceError when the library or one of its functions is not there.
     explicit SoapyLibrary(const std::string& file);
 
-    // Texts that are handed out belong to the caller, who gives them back with release().
+    // Returned texts belong to the caller, who frees them with release().
     decltype(&SoapySDR_free) release = nullptr;
     decltype(&SoapySDR_errToStr) errorText = nullptr;
 

@@ -12,7 +12,7 @@
 
 namespace hm16::receiver {
 
-// What a radio is asked for; what is left out stays as the radio has it.
+// The settings for a radio; absent ones are left as the radio has them.
 struct SoapyRequest {
     std::string library;
     std::string device;  // arguments as SoapySDR takes them, such as "driver=rtlsdr"
@@ -28,8 +28,8 @@ struct SoapyRequest {
     std::vector<std::pair<std::string, std::string>> settings;  // the driver's own
 };
 
-// A radio that is open and sends, used by one thread. Every call may take as long as its driver
-// likes: RadioThread stands in between.
+// An open radio that is sending, used by one thread. Every call may take as long as its driver
+// likes: RadioLoop stands in between.
 class SoapyRadio {
  public:
     // Throws SourceError with the radio's own words when it is not there or refuses.
@@ -38,7 +38,7 @@ class SoapyRadio {
     SoapyRadio(const SoapyRadio&) = delete;
     SoapyRadio& operator=(const SoapyRadio&) = delete;
 
-    // As the radio says they are.
+    // The values that the radio reports.
     double rateHz() const { return rateHz_; }
     double centreHz() const { return centreHz_; }
 
@@ -67,7 +67,7 @@ class SoapyRadio {
     double centreHz_ = 0;
 };
 
-// How sentences call the radio.
+// The radio's name in messages.
 std::string radioName(const SoapyRequest& request);
 
 }  // namespace hm16::receiver

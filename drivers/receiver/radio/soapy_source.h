@@ -9,8 +9,7 @@
 
 namespace hm16::receiver {
 
-// A live radio, on a thread of its own. A driver that never returns costs that thread and nothing
-// else.
+// A live radio, on its own thread. A driver that never returns blocks that thread and nothing else.
 class SoapySource : public SampleSource {
  public:
     // Throws SourceError when SoapySDR or the radio is not there or refuses.
@@ -21,7 +20,7 @@ class SoapySource : public SampleSource {
     double centreHz() const override { return loop_->centreHz(); }
     std::size_t read(std::span<Sample> into) override;
     void rewind() override {}
-    // Tunes so that `hz` stands a good way off the centre, where a radio's own offset lies.
+    // Tunes so that `hz` is well off the centre, where a radio has a DC offset.
     bool retune(double hz) override { return loop_->tune(hz - rateHz() / 8); }
     bool live() const override { return true; }
     bool back() override { return loop_->sends(); }

@@ -30,7 +30,7 @@ class RdsBlocks {
     std::uint64_t slips() const { return slips_; }
 
  private:
-    // A bit, and what the 26 bits up to it are.
+    // A bit, and the block that the 26 bits up to it form.
     struct Received {
         std::uint32_t block = 0;
         float strength = 0;
@@ -65,7 +65,7 @@ class RdsBlocks {
     std::uint32_t register_ = 0;
 
     bool synchronized_ = false;
-    Alignment next_{0, 0};  // the block to be decided
+    Alignment next_{0, 0};  // the block that is decided next
     unsigned lostInRow_ = 0;
     RdsGroup group_;
     std::uint64_t groups_ = 0;

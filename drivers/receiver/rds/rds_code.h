@@ -14,7 +14,7 @@ inline constexpr int kRdsBlockBits = 26;
 enum class RdsOffset { A, B, C, CPrime, D };
 inline constexpr std::array<std::uint32_t, 5> kRdsOffsetWords{0x0FC, 0x198, 0x168, 0x350, 0x1B4};
 
-// Remainder of `bits` (at most 26) by the generator.
+// The remainder of `bits` (at most 26) divided by the generator polynomial.
 constexpr std::uint32_t rdsRemainder(std::uint32_t bits) {
     for (int place = kRdsBlockBits - 1; place >= 10; --place)
         if (bits >> static_cast<unsigned>(place) & 1U)
@@ -36,8 +36,8 @@ constexpr bool rdsBlockIs(std::uint32_t bits, RdsOffset offset) {
 // The longest burst of errors that the code locates without doubt.
 inline constexpr int kRdsLongestBurst = 5;
 
-// What must be added to a received block whose remainder is off by `syndrome`, if one burst of up
-// to kRdsLongestBurst bits explains it; 0 when none does or nothing is off.
+// The correction for a received block whose remainder differs by `syndrome`, if one burst of up to
+// kRdsLongestBurst bits explains it; 0 if none does or the syndrome is 0.
 std::uint32_t rdsBurst(std::uint32_t syndrome);
 
 }  // namespace hm16::receiver

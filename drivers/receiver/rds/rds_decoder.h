@@ -32,7 +32,7 @@ class RdsDecoder {
     std::uint64_t correctedBlocks() const { return blocks_.corrected(); }
     std::uint64_t badBlocks() const { return blocks_.lost(); }
 
-    // As two faultless blocks in a row have named it.
+    // The identification that two faultless blocks in a row have given.
     std::optional<std::uint16_t> programme() const { return programme_; }
 
     // Eight letters in the code of the broadcast, out of faultless blocks; empty until all four

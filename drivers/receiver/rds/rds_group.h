@@ -8,9 +8,9 @@
 
 namespace hm16::receiver {
 
-// How a block came in.
+// How a block was received.
 enum class RdsBlockState : std::uint8_t {
-    Lost,       // nothing that can be used
+    Lost,       // unusable
     Good,       // its check holds
     Corrected,  // its check holds after a burst of up to five bits was turned round
 };
