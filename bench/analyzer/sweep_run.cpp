@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Ten thousand sweeps of the analyzer on the virtual clock, in both views by turns. Prints memory
-// and pace along the way; fails when blocks or bytes grew behind the first hundred sweeps, or when
-// the last thousand took longer than the first.
+// and pace along the way; fails if blocks or bytes grew after the first hundred sweeps, or if the
+// last thousand took longer than the first.
 //
 //     sweep_run [SWEEPS]    10000 if not given
 #include <unistd.h>

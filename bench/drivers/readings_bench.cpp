@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the program pays for a look at the readings, and what the simulated unit pays to make them.
+// The cost of reading the readings, and of making them in the simulated unit.
 #include <benchmark/benchmark.h>
 
 #include <array>
@@ -11,10 +11,10 @@
 
 namespace {
 
-// The library tuned to a good station, its own thread at work, as the panels find it.
+// The library tuned to a good station, with its own thread running, as in the program.
 struct Tuned {
     Tuned() : loaded(hm16::Library::load(std::filesystem::path(HM16_SIMULATED).parent_path())) {
-        // Results of the station go where the library is opened.
+        // The station's results file is written to the current folder.
         std::filesystem::current_path(std::filesystem::temp_directory_path());
         loaded.library->functions().init();
         loaded.library->functions().normal(985, 0, 0, 0, 0);
@@ -47,7 +47,7 @@ void BM_HmDataRds(benchmark::State& state) {
 }
 BENCHMARK(BM_HmDataRds);
 
-// 801 levels out of the store, as a band graph takes them from one frame.
+// 801 levels from the store, as a band graph takes them from one frame.
 void BM_FrameOf801Levels(benchmark::State& state) {
     const Tuned tuned;
     const auto& driver = tuned.loaded.library->functions();

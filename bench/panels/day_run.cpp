@@ -22,11 +22,11 @@ using namespace hmonitor::test;
 using namespace std::chrono_literals;
 
 constexpr double kMostGrowth = 0.01;
-// The queue of a hand's input holds a node of this size or not, as the count of keys falls.
+// Depending on the number of keys so far, the input queue holds one more memory block of this size.
 constexpr long kQueueNode = 520;
 
 #if defined(HMONITOR_SANITIZED_ADDRESS)
-// The sanitizer keeps what was given back.
+// The sanitizer keeps freed memory.
 constexpr bool kResidentCounts = false;
 #else
 constexpr bool kResidentCounts = true;
@@ -57,7 +57,7 @@ class Day {
             bench_.beat();
         }
         pressKey(number);
-        // What the test's own desktop and driver wrote down.
+        // Clears what the test's own desktop and driver recorded.
         bench_.takeCalls();
         bench_.desktop.journal.clear();
     }
@@ -72,7 +72,7 @@ class Day {
         Form_B& audio = bench_.formB;
         Form_C& quality = bench_.formC;
         display::Hand& hand = bench_.hand;
-        // Ten keys, so that the hours end on the same one.
+        // Ten keys, so that each hour ends on the same one.
         switch (turn % 10) {
             case 1:
                 return hand.click(audio.SSCommand1);

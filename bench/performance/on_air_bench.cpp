@@ -23,7 +23,7 @@ std::string dayLog(int seed) {
     return bytes;
 }
 
-/// The measuring rack beside the logs of ten years.
+/// The measuring rack with the logs of ten years.
 class TenYears : public RackBench {
  public:
     TenYears() {

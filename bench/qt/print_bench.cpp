@@ -50,7 +50,8 @@ void rackOnPaper(benchmark::State& state) {
 }
 BENCHMARK(rackOnPaper)->Unit(benchmark::kMillisecond);
 
-/// The page of a session that has seen all levels everywhere: all cells of the map are drawn.
+/// The page of a session in which every level was seen at every frequency: all cells of the map are
+/// drawn.
 void mapOnPaper(benchmark::State& state) {
     RackBench bench;
     SessionInfo info = newSessionInfo(46347.75);
@@ -66,7 +67,7 @@ void mapOnPaper(benchmark::State& state) {
     bench.click(bench.formD.Image6);
     display::Panel& sheet = bench.forms.form6.Sheet;
     for (auto _ : state) {
-        // With what the analyzer's key copies to the page.
+        // Fills the page as the analyzer's key does.
         bench.click(bench.forms.formSpectrumAnalizer.SSCommand1);
         expectPrinted(state, printer().printSheet(sheet));
     }

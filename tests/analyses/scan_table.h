@@ -14,7 +14,7 @@ struct TableCell {
     int hundredths;  ///< of a MHz
 };
 
-/// Everything that one way of filling the chart writes, in its order.
+/// All writes of one way of filling the chart, in order.
 struct TableFill {
     std::string fill;
     ScanSpacing spacing;

@@ -14,7 +14,7 @@ class ScannerBench : public testing::Test {
  protected:
     ScannerBench();
 
-    /// Opens the window by its key; the journal of driver calls begins behind it.
+    /// Opens the window by its key, and clears the journal of driver calls.
     void open(float version);
 
     static int levelAt(int hundredths) { return 30 + hundredths / 5 % 61; }
@@ -22,9 +22,9 @@ class ScannerBench : public testing::Test {
     void choose(ScanSpacing spacing);
     display::Option& option(ScanSpacing spacing);
     void click(display::Key& key);
-    /// Clicks the run key; `during` happens inside the measurement of each channel.
+    /// Clicks the run key; `during` is called while each channel is measured.
     void run(std::function<void(float)> during = {});
-    /// Frames arrive, one a tick.
+    /// Lets frames arrive, one at each tick.
     void frames(int count);
 
     /// Each cell of the table holds its channel's level, on both charts.

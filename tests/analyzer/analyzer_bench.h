@@ -15,17 +15,18 @@ class AnalyzerBench : public testing::Test {
  protected:
     explicit AnalyzerBench(int languageId = RackBench::kEnglish);
 
-    /// Opens the window by its key; the journal of driver calls begins behind it.
+    /// Opens the window by its key, and clears the journal of driver calls.
     void open(float version = 1.8f);
-    /// Stores a session of so many sweeps, each cell of its columns at one level.
+    /// Stores a session with this number of sweeps, in which each cell of its columns is at one
+    /// level.
     void store(const std::string& name, int sweeps, const std::string& comment = "stored");
-    /// A frame arrives, one a tick of 500 ms.
+    /// Lets a frame arrive, one at each tick of 500 ms.
     void frames(int count);
     void click(display::Key& key);
     void click(display::Picture& key);
     void choose(const std::string& session);
 
-    /// The session as its file has it.
+    /// The session, read from its file.
     SessionInfo storedInfo(const std::string& name);
     bool hasLog(const std::string& name) const { return bench.exists("Logs/" + name); }
     std::string log(const std::string& name) const { return bench.read("Logs/" + name); }

@@ -9,7 +9,7 @@
 
 namespace hmonitor::test {
 
-/// The words of each line of analyzer_tables.txt that begins with a kind, without the kind.
+/// The words of each line of analyzer_tables.txt that begins with `kind`, without that word.
 inline std::vector<std::vector<std::string>> tableLines(const std::string& kind) {
     std::ifstream table(HMONITOR_SOURCE_DIR "/tests/analyzer/analyzer_tables.txt");
     std::vector<std::vector<std::string>> found;

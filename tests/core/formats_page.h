@@ -23,7 +23,7 @@ class FormatsPage {
     std::map<std::string, std::vector<std::vector<std::string>>> rows_;
 };
 
-/// `\r` and `\n` in a cell as the bytes that they stand for.
+/// Replaces `\r` and `\n` in a cell by the bytes.
 std::string unescaped(const std::string& cell);
 
 }  // namespace hmonitor::test

@@ -26,11 +26,11 @@ class SampleForm final : public Form {
  public:
     explicit SampleForm(Desktop& desktop, std::string name = "SampleForm");
 
-    /// What happened since the last call that cleared it, in order.
+    /// The events since the last call that cleared them, in order.
     std::vector<std::string> heard;
-    /// Answers whether a line was heard.
+    /// Whether a line is among the events.
     bool didHear(std::string_view line) const;
-    /// When set, the close of the window only notes itself and the window stays.
+    /// If set, closing the window is only noted and the window stays open.
     bool staysOpen = false;
     bool raisesResize = false;
 

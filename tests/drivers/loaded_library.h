@@ -73,7 +73,7 @@ class LoadedLibrary {
         return level;
     }
 
-    // Waits until something holds; false when half a minute did not do.
+    // Waits until a condition holds; false after half a minute.
     template <typename Condition>
     static bool eventually(Condition condition) {
         for (int i = 0; i < 15000; ++i) {

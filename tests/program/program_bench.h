@@ -17,7 +17,7 @@
 
 namespace hmonitor::test {
 
-/// Panels without a form: they note what a tuning asks of them, among the driver's calls.
+/// Panels without forms: they note the calls of a tuning in the journal of driver calls.
 struct NotedPanels final : TuningPanels {
     explicit NotedPanels(std::vector<std::string>& journal) : noted(journal) {}
     int bar() override { return barValue; }

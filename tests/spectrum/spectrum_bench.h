@@ -5,12 +5,12 @@
 
 namespace hmonitor::test {
 
-/// A started rack on 97.9 MHz with the three spectrum windows at hand. The carrier reads 70 dB.
+/// A started rack on 97.9 MHz and the three spectrum windows. The carrier reads 70 dB.
 class SpectrumBench : public RackBench {
  public:
     explicit SpectrumBench(float hardwareVersion = 1.5f);
 
-    /// Measures the item of the list of spans.
+    /// Measures with an item of the list of spans.
     void runSpan(int item);
     /// Opens the bandwidth window from the analyses panel.
     void openBandwidth();

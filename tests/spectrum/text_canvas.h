@@ -25,9 +25,9 @@ class TextCanvas final : public display::Canvas {
 
     std::vector<std::string> marks;
 
-    /// The marks that begin with this, in their order.
+    /// The marks that begin with a text, in order.
     std::vector<std::string> startingWith(std::string_view start) const;
-    /// The texts alone, in their order.
+    /// Only the texts, in order.
     std::vector<std::string> texts() const;
     std::string all() const;
 

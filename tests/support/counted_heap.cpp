@@ -30,7 +30,7 @@ void* operator new(std::size_t size) {
     bytes.fetch_add(static_cast<long>(malloc_usable_size(memory)), std::memory_order_relaxed);
     return memory;
 }
-// Arrays too, also where a sanitizer brings array operators of its own.
+// The array operators too, since a sanitizer brings its own.
 void* operator new[](std::size_t size) {
     return operator new(size);
 }

@@ -3,8 +3,9 @@
 
 namespace hmonitor::test {
 
-/// What the program took from the heap. The source file replaces the allocation of the whole
-/// executable that it is built into, so it belongs to no library: name it among its sources.
+/// The program's heap allocations. The source file replaces the allocation functions of the
+/// executable that it is linked into, so it belongs to no library: name it among the sources of the
+/// test.
 struct CountedHeap {
     long taken = 0;  ///< blocks taken since the start
     long live = 0;   ///< blocks not given back yet

@@ -18,7 +18,7 @@ namespace hmonitor::test {
 ///     polyline "550 900 971 905 " width 70 red
 std::vector<std::string> recorded(const display::PageDocument& document);
 
-/// Those of the lines that begin with a text.
+/// The lines that begin with a text.
 std::vector<std::string> beginning(const std::vector<std::string>& lines, const std::string& with);
 
 }  // namespace hmonitor::test

@@ -17,7 +17,7 @@
 
 namespace hmonitor::test {
 
-/// One line a text, each closed by carriage return and line feed.
+/// Joins texts as lines, each ended by carriage return and line feed.
 std::string lines(const std::vector<std::string>& texts);
 
 /// A preset block of 300 bytes with these memories: number, name, frequency text ("1025").
@@ -48,17 +48,17 @@ class RackBench {
     bool exists(std::string_view name) const;
     void remove(std::string_view name);
 
-    /// From the splash to the measuring rack.
+    /// Starts the program, from the splash screen to the measuring rack.
     void start();
     /// Shows the splash only.
     void showSplash();
-    /// Time passes on the virtual clock.
+    /// Lets time pass on the virtual clock.
     void advance(std::chrono::milliseconds time) { desktop.advance(time); }
-    /// Heartbeats of 30 ms.
+    /// Lets ticks of 30 ms pass.
     void beat(int count = 1) { advance(std::chrono::milliseconds(30 * count)); }
 
-    // A person's hand, and all that follows from it at once. Inside a handler (a modal script, a
-    // driver's during...) nothing can settle: there it is `hand` itself.
+    // The user's input, with everything that follows from it. Inside a handler (a modal script, a
+    // driver's during...) nothing can follow yet: use `hand` there.
     void settle() { desktop.settle(); }
     void press(display::Picture& key) { hand.press(key), settle(); }
     void release(display::Picture& key) { hand.release(key), settle(); }
@@ -75,12 +75,12 @@ class RackBench {
     }
     void set(display::ScrollBar& bar, int value) { hand.set(bar, value), settle(); }
 
-    /// What the unit says, by its number: 1 to 16 of HM_Data, 17 and 18 of HM_DataRDS.
+    /// The unit's readings by number: 1 to 16 of HM_Data, 17 and 18 of HM_DataRDS.
     float& output(int number) {
         return readings.*figures::kOutputs.at(static_cast<std::size_t>(number - 1));
     }
 
-    /// The calls since the last time they were taken.
+    /// The calls since the last call of this function.
     std::vector<std::string> takeCalls();
 
     TempFolder scratch;
@@ -92,7 +92,7 @@ class RackBench {
     Program program;
     Forms forms;
 
-    // Short names.
+    // Short names for parts of the program.
     hmonitor::Form1& form1;
     hmonitor::Form_B& formB;
     hmonitor::Form_C& formC;

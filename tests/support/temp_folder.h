@@ -13,7 +13,7 @@
 
 namespace hmonitor::test {
 
-/// An empty folder of a test's own, gone with the test and all that was written into it.
+/// An empty temporary folder, deleted with all its contents at the end of the test.
 class TempFolder {
  public:
     TempFolder() {
@@ -23,7 +23,7 @@ class TempFolder {
     }
     ~TempFolder() {
         std::error_code none;
-        // A test may have left it read-only.
+        // A test may have made it read-only.
         std::filesystem::permissions(path_, std::filesystem::perms::owner_all, none);
         std::filesystem::remove_all(path_, none);
     }
@@ -37,7 +37,8 @@ class TempFolder {
     }
     std::string read(const std::filesystem::path& name) const {
         std::ifstream file(path_ / name, std::ios::binary);
-        // In one piece: a walk over the characters of a session costs more than the test around it.
+        // Written in one piece: character by character, a session takes longer than the test around
+        // it.
         std::ostringstream bytes;
         bytes << file.rdbuf();
         return std::move(bytes).str();

@@ -12,7 +12,7 @@
 
 namespace hmonitor::test {
 
-/// The measuring rack and its two tuner dialogs, handled as a person does.
+/// The measuring rack and its two tuner dialogs, used as a user does.
 struct EditorBench : RackBench {
     explicit EditorBench(int languageId = kEnglish) : RackBench(languageId) {}
 
@@ -22,7 +22,7 @@ struct EditorBench : RackBench {
     void openEditor() { click(formB.Image3); }
     void openKeypad() { click(formB.Image4); }
 
-    /// The rack runs on preset 1, then the editor opens.
+    /// Starts the rack on preset 1, then opens the editor.
     void startInEditor() {
         start();
         openEditor();
@@ -35,9 +35,9 @@ struct EditorBench : RackBench {
         edit(editor.Text2, name);
         click(editor.SSCommand20);
     }
-    /// Memory 1 of the bench stands on 98.1 MHz.
+    /// Memory 1 holds 98.1 MHz.
     void tuneBackToMemory1() { select(1); }
-    /// Tunes by hand: the rack stands on no memory then.
+    /// Tunes by hand, so that no memory is selected.
     void tuneByHand(int frequency) { set(formB.HScroll1, frequency - 875); }
 
     /// The 16 bytes of a memory.
@@ -58,7 +58,7 @@ struct EditorBench : RackBench {
     }
 };
 
-/// The figure that the segments show: a digit, ' ' when all are dark, '?' for anything else.
+/// The digit that the segments show; ' ' when all are dark, '?' for anything else.
 inline char shownDigit(SegmentDigit& place, display::Colour lit) {
     bool anyLit = false;
     for (int i = 0; i < 7; ++i) anyLit = anyLit || place.segment(i).colour == lit;

@@ -9,17 +9,17 @@
 
 namespace hmonitor::test {
 
-/// A typed text and what both dialogs make of it; "-" where nothing comes of it.
+/// A typed text and the results in both dialogs; "-" for none.
 struct TypedRow {
     std::string typed;
-    std::string record;         ///< what the memory keeps, or "wrong"
-    std::string shown;          ///< what the memory editor shows of it
-    std::string tuned;          ///< where the rack stands then, 100 kHz units
-    std::string keypadTuned;    ///< where the rack stands after the keypad's enter
-    std::string keypadHandsOn;  ///< the frequency that the keypad hands on
+    std::string record;         ///< the memory's content, or "wrong"
+    std::string shown;          ///< the text in the memory editor
+    std::string tuned;          ///< the rack's frequency then, in units of 100 kHz
+    std::string keypadTuned;    ///< the rack's frequency after the keypad's enter
+    std::string keypadHandsOn;  ///< the frequency that the keypad returns
 };
 
-/// The bytes that a table writes as %XX.
+/// Replaces %XX by the byte.
 inline std::string decoded(const std::string& coded) {
     std::string bytes;
     for (std::size_t at = 0; at < coded.size(); ++at) {

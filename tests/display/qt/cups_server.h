@@ -8,9 +8,9 @@
 
 namespace display::qt {
 
-/// A print server of a test's own: cupsd in a folder that goes with it, heard through a socket in
-/// that folder alone, by root as by anybody. Its one queue, "Paper", takes PDF as it comes; the
-/// server keeps what it took.
+/// A print server for one test: cupsd in a folder that is deleted with it, listening on a socket in
+/// that folder, as root or any user. Its one queue, "Paper", takes PDF unchanged; the server keeps
+/// what it took.
 class CupsServer {
  public:
     enum class Queue {
@@ -19,7 +19,7 @@ class CupsServer {
         Refuses,  ///< takes no job
         Paused    ///< takes jobs and keeps them
     };
-    /// Starts it, and leads all that this process prints to it.
+    /// Starts it, and directs all printing of this process to it.
     explicit CupsServer(Queue queue);
     ~CupsServer();
     CupsServer(const CupsServer&) = delete;
@@ -29,12 +29,12 @@ class CupsServer {
     static bool installed();
     bool answers() const;
 
-    /// The jobs that have arrived, printed or not, as the files that came, in their order.
+    /// The jobs that arrived, printed or not, as files in their order.
     QStringList jobs() const;
-    /// It stays there and says nothing, or goes on.
+    /// Makes it stop answering, or go on.
     void silence();
     void wake();
-    /// What the server noted, for a failed test.
+    /// The server's log, for a failed test.
     QByteArray log() const;
 
  private:
@@ -46,7 +46,7 @@ class CupsServer {
     QProcess process_;
 };
 
-/// Leads what this process prints to that server: a socket's path or host and port.
+/// Directs the printing of this process to a server: a socket's path or host and port.
 void printThrough(const QByteArray& server);
 
 }  // namespace display::qt

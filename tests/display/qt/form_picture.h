@@ -15,22 +15,22 @@
 namespace display::qt {
 
 /// A form of the program as the screen shows it, to be read back pixel by pixel. The program itself
-/// runs on the desktop without a screen. What a control paints is found by taking it away, so that
-/// no test has to know how anything is drawn. Places are device pixels of the form.
+/// runs on the headless desktop. The pixels of a control are found by hiding it, so that no test
+/// has to know how anything is drawn. Positions are device pixels of the form.
 class FormPicture {
  public:
-    /// Shows the form, if it is not to be seen.
+    /// Shows the form, if it is hidden.
     explicit FormPicture(Form& form);
 
     /// The form as it stands now.
     QImage taken();
 
-    /// The pixels that differ while a change is in force; `undo` takes it back.
+    /// The pixels that change while something is different; `undo` reverses it.
     QImage changedBy(const std::function<void()>& change, const std::function<void()>& undo);
-    /// What of a control is seen, as pixels that are set; and the box around them.
+    /// The visible pixels of a control, and the box around them.
     QImage pixelsOf(Control& control);
     QRect inkOf(Control& control);
-    /// The middle of the ink: of a figure of a scale, where its value stands.
+    /// The middle of the visible pixels: for a figure of a scale, the position of its value.
     QPointF middleOf(Control& control);
 
     /// A control's own box, and a point in the units of its container.
@@ -45,11 +45,11 @@ class FormPicture {
 
 /// The box around the pixels that are set; empty where there are none.
 QRect inkBox(const QImage& pixels);
-/// The same of the pixels of about that colour within a place of a picture.
+/// The same for the pixels of about that colour in a part of a picture.
 QRect inkBox(const QImage& picture, const QRect& within, const QColor& colour);
 bool isAbout(const QColor& one, const QColor& other);
 
-/// Where a scale of two known figures puts a place between or beyond them.
+/// The value at a position, on a scale with two known figures.
 double onScale(double place, double firstPlace, double firstValue, double lastPlace,
                double lastValue);
 

@@ -15,7 +15,7 @@
 
 namespace hmonitor::test {
 
-/// One application for the whole run, without a screen unless the environment names one.
+/// One QApplication for the whole run, offscreen unless the environment names a platform.
 inline void startApplication() {
     static int argc = 1;
     static char name[] = "test_accessible";
@@ -51,7 +51,7 @@ class LiveRack {
         forms_->formWaitLoad.show();
     }
 
-    /// Lets the rack run until each figure stands; false when that takes twenty seconds.
+    /// Runs the rack until each figure is shown; false after twenty seconds.
     bool measures() {
         return QTest::qWaitFor(
             [this] {
@@ -62,7 +62,7 @@ class LiveRack {
             20000);
     }
 
-    /// Of that name; a figure rather than the painted caption above it.
+    /// The accessible object of that name; a figure rather than the painted caption above it.
     QAccessibleInterface* child(const display::Form& form, const QString& name) {
         QAccessibleInterface* whole = QAccessible::queryAccessibleInterface(desktop_->viewOf(form));
         QAccessibleInterface* last = nullptr;

@@ -20,18 +20,18 @@ class QtBench : public testing::Test {
     QtBench();
     ~QtBench() override;
 
-    /// Shows the sample form and waits until it stands.
+    /// Shows the sample form and waits until it is exposed.
     void showSample();
-    /// Lets events run until the condition holds; false after five seconds without.
+    /// Processes events until the condition holds; false after five seconds.
     static bool until(const std::function<bool()>& holds);
-    /// Lets what was posted reach the model and the screen.
+    /// Processes posted events, so that they reach the model and the screen.
     void settle();
 
     QWidget& widget(const Control& control);
     FormView& view(const Form& form);
     /// The middle of a control on its view, in pixels.
     QPoint middle(const Control& control);
-    /// Keeps a picture of the form beside the test's other output.
+    /// Saves a picture of the form beside the test's other output.
     void keep(const Form& form, const QString& name);
     int times(std::string_view heard) const;
 

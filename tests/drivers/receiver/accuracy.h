@@ -26,7 +26,7 @@ class Accuracy : public testing::TestWithParam<Kind> {
         return bandWith(shape, GetParam().rateHz, GetParam().eightBit);
     }
 
-    // Keeps the worst miss of a row for the report.
+    // Keeps the largest error of a row for the report.
     void miss(double value) {
         worst_ = std::max(worst_, std::fabs(value));
         RecordProperty("worst", std::to_string(worst_));

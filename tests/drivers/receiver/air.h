@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A station on air that is not steady, and what a receiver of it hears slot by slot.
+// A station with unsteady reception, and what a receiver measures slot by slot.
 #pragma once
 
 #include <cmath>
@@ -13,7 +13,7 @@
 
 namespace hm16::receiver {
 
-// What becomes of a sample on the way; `seconds`: its time.
+// Changes a sample on its way; `seconds` is its time.
 using Way = std::function<Sample(double seconds, Sample sample)>;
 
 // Samples that a radio loses.
@@ -60,14 +60,14 @@ inline Heard hear(const BandPlan& band, double seconds, const Way& way = {},
     return heard;
 }
 
-// Turns a level in dB over time into a way.
+// A way that applies a level in dB over time.
 inline Way levelMoves(const std::function<double(double seconds)>& db) {
     return [=](double seconds, Sample sample) {
         return sample * static_cast<float>(std::pow(10.0, db(seconds) / 20));
     };
 }
 
-// Once a second at 0.43 s, for so long, something else comes instead of the signal.
+// Once a second, at 0.43 s, something else replaces the signal for that long.
 inline Way replaced(double lengthSeconds, const std::function<Sample()>& by) {
     return [=](double seconds, Sample sample) {
         const double in = seconds - std::floor(seconds) - 0.43;

@@ -22,7 +22,7 @@ class Quality : public testing::Test {
         bench.takeCalls();
     }
 
-    /// The figures of some places; a dark place is a blank, an odd one "?".
+    /// The digits of some places; a dark place is a blank, an invalid one "?".
     template <std::size_t Places>
     static std::string figures(std::array<SegmentDigit, Places>& places, display::Colour lit) {
         const char* const known[] = {"1111101", "0001100", "1010111", "0011111", "0101110",

@@ -9,13 +9,13 @@
 
 namespace hmonitor::test {
 
-/// What a person sees at each place of the rack that shows a reading, as short texts: a label's
-/// caption, a needle's degrees right of vertical, a bar's length, the figure of lit segments.
+/// What the user sees at each place of the rack that shows a reading, as short texts: a label's
+/// caption, a needle's degrees right of vertical, a bar's length, the digit of lit segments.
 class RackView {
  public:
     explicit RackView(RackBench& bench);
 
-    /// "?" where a place is drawn in a way that means nothing.
+    /// "?" for a place with an invalid drawing.
     std::string see(const std::string& place) const;
     /// Every place with what it shows.
     std::map<std::string, std::string> all() const;

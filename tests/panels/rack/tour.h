@@ -10,13 +10,13 @@ namespace hmonitor::test {
 /// What places show, by their names.
 using Sights = std::map<std::string, std::string>;
 
-/// One stop of the tour: an output of the unit says something for 13 seconds.
+/// One stop of the tour: an output of the unit has a value for 13 seconds.
 struct Stop {
     float said;
     Sights sights;
 };
 
-/// The two outputs of the RDS call, behind the sixteen.
+/// The two outputs of the RDS call, after the sixteen.
 inline constexpr int kRdsError = 17;
 inline constexpr int kRdsLevel = 18;
 
