@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <QCoreApplication>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
@@ -44,8 +43,9 @@ void sayTaken(display::Desktop& desktop) {
 int main(int argc, char** argv) {
     display::qt::QtDesktop desktop(argc, argv);
 
-    // The settings lie beside the program, whatever folder it was started from.
-    const std::filesystem::path folder = QCoreApplication::applicationDirPath().toStdString();
+    // The settings lie beside the program, wherever it was started from. A driver library writes
+    // its files into the process's folder.
+    const std::filesystem::path folder = desktop.folder();
     std::error_code notThere;
     std::filesystem::current_path(folder, notThere);
 

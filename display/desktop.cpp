@@ -13,6 +13,7 @@ void Desktop::end() {
     if (!ended_) {
         ended_ = true;
         ending();
+        finishWork();
     }
     throw ProgramEnded{};
 }

@@ -3,12 +3,18 @@
 
 #include <chrono>
 #include <exception>
+#include <filesystem>
+#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "display/event_queue.h"
+#include "display/wall_time.h"
 
 namespace display {
 
@@ -17,6 +23,7 @@ class Form;
 class PageDocument;
 class Panel;
 struct Box;
+struct OpenQuestion;
 struct Paper;
 struct SaveQuestion;
 
@@ -69,6 +76,8 @@ class Desktop {
     virtual Time now() const = 0;
     /// Local date and time of day.
     virtual Date today() const = 0;
+    /// The same clock in UTC, with its zone.
+    virtual WallTime wallTime() const = 0;
     /// Month and weekday names (0 is January, 0 is Sunday) in the user's language.
     virtual std::string monthName(int month) const = 0;
     virtual std::string shortMonthName(int month) const = 0;
@@ -107,8 +116,10 @@ class Desktop {
     /// Asks where to write a file. The path (UTF-8) ends with the ending of one of the kinds; if a
     /// file stands there, the user has agreed to replace it. None when the user cancelled.
     virtual std::optional<std::string> askWhereToSave(const SaveQuestion& question) = 0;
+    /// Asks which file to read. None when the user cancelled.
+    virtual std::optional<std::string> askWhatToOpen(const OpenQuestion& question) = 0;
     /// Replaces the contents of a file, completely or not at all. Returns a sentence that says what
-    /// went wrong, empty on success.
+    /// went wrong, empty on success. May be called inside work().
     virtual std::string writeFile(std::string_view path, std::string_view bytes) = 0;
 
     /// Prints the image of these windows, one below the other, on one page of the default printer.
@@ -129,6 +140,17 @@ class Desktop {
     virtual std::string pdfOfPages(const PageDocument& document, int first, int last) = 0;
     /// The paper of the default printer; without a printer, the usual paper of the user's country.
     virtual Paper paper() const = 0;
+
+    /// The folder that the program works in, with its settings, its results and its help.
+    virtual std::filesystem::path folder() const = 0;
+
+    /// Runs `fn` beside the program, on a thread of its own, and `done` with what it returned on
+    /// the program's thread as soon as events come through: while a modal form, a box or a run
+    /// stands too. `fn` uses nothing that the program's thread touches meanwhile, and of the
+    /// desktop writeFile() alone; what it throws is thrown where `done` would have run. When the
+    /// program ends, end() waits for what still works, and its `done` never runs.
+    template <class Fn, class Done>
+    void work(Fn fn, Done done);
 
     /// The help text of the program, in a window of its own.
     virtual void showHelp(std::string_view fileName) = 0;
@@ -156,6 +178,10 @@ class Desktop {
  protected:
     /// Called once when the program ends, before ProgramEnded is thrown.
     virtual void ending() {}
+    /// Runs `fn`, which throws nothing, and posts `done` to the queue.
+    virtual void startWork(std::function<void()> fn, std::function<void()> done) = 0;
+    /// Returns when nothing works any more. What was worked out needs not be posted.
+    virtual void finishWork() {}
 
  private:
     friend class Form;
@@ -163,5 +189,29 @@ class Desktop {
     std::vector<Form*> forms_;
     bool ended_ = false;
 };
+
+template <class Fn, class Done>
+void Desktop::work(Fn fn, Done done) {
+    using Result = std::invoke_result_t<Fn&>;
+    struct Work {
+        Fn fn;
+        Done done;
+        std::optional<Result> result;
+        std::exception_ptr thrown;
+    };
+    const auto work = std::make_shared<Work>(Work{std::move(fn), std::move(done), {}, {}});
+    startWork(
+        [work] {
+            try {
+                work->result.emplace(work->fn());
+            } catch (...) {
+                work->thrown = std::current_exception();
+            }
+        },
+        [work] {
+            if (work->thrown) std::rethrow_exception(work->thrown);
+            work->done(*std::move(work->result));
+        });
+}
 
 }  // namespace display

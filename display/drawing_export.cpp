@@ -65,8 +65,13 @@ void saveDrawing(Control& drawing) {
     if (!path) return;
     const SaveQuestion::Kind* kind = kindOf(*path, question.kinds);
     const std::string ending = kind ? kind->ending : question.kinds.front().ending;
-    const std::string fault = desktop.writeFile(*path, bytesOf(drawing, table, ending));
-    if (!fault.empty()) desktop.messageBox({table.title, fault, BoxIcon::Critical});
+    // The disk may be slow; the rack goes on meanwhile.
+    desktop.work([&desktop, path = *path, bytes = bytesOf(drawing, table, ending)] {
+        return desktop.writeFile(path, bytes);
+    },
+                 [&desktop, title = table.title](const std::string& fault) {
+                     if (!fault.empty()) desktop.messageBox({title, fault, BoxIcon::Critical});
+                 });
 }
 
 }  // namespace display

@@ -56,9 +56,10 @@ Timer* EventQueue::nextTimer() const {
 
 std::optional<Time> EventQueue::nextDue() const {
     if (!inputs_.empty()) return now();
+    const std::optional<Time> result = results_.nextDue();
     const Timer* next = nextTimer();
-    if (!next) return std::nullopt;
-    return next->due_;
+    if (!next) return result;
+    return std::min(next->due_, result.value_or(next->due_));
 }
 
 bool EventQueue::standsOpen(const Input& input) const {
@@ -142,17 +143,21 @@ void EventQueue::runInputs() {
 void EventQueue::runDue() {
     const Time until = now();
     runInputs();
+    results_.run(until);
     runTimers(until);
 }
 
 void EventQueue::runModalPass() {
     const Time until = now();
     runInputs();
+    results_.run(until);
     if (gateOpen_) runTimers(until);
 }
 
 void EventQueue::runBoxPass() {
-    if (gateOpen_) runTimers(now());
+    const Time until = now();
+    results_.run(until);
+    if (gateOpen_) runTimers(until);
 }
 
 void EventQueue::letThrough() {
@@ -165,6 +170,7 @@ void EventQueue::letThrough() {
         inputs_.pop_front();
         runInput(std::move(input));
     }
+    results_.run(until);
     runTimers(until);
 }
 

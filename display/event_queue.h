@@ -7,6 +7,7 @@
 #include <optional>
 #include <vector>
 
+#include "display/result_queue.h"
 #include "display/timer.h"
 
 namespace display {
@@ -31,8 +32,9 @@ struct Input {
 };
 
 /// The queue of timers and input, the same for every desktop. Input comes in the order of its
-/// arrival, then timers by due time and by the order in which they were enabled. A desktop gives
-/// the queue the time, wakes it when the next timer is due, and posts the user's input.
+/// arrival, then the results of threads, then timers by due time and by the order in which they were
+/// enabled. A desktop gives the queue the time, wakes it when the next timer is due, and posts the
+/// user's input.
 class EventQueue {
  public:
     /// The controls that a long run listens to while it holds the thread.
@@ -46,6 +48,9 @@ class EventQueue {
     Time now() const { return clock_(); }
 
     void post(Input input);
+    /// A thread has worked something out, which is taken from then on: whatever stands, but not
+    /// before the gate is open inside a handler.
+    void postResult(Time due, std::function<void()> take) { results_.post(due, std::move(take)); }
 
     /// Delivers everything that is due now. Must not be called inside a handler.
     void runDue();
@@ -54,7 +59,7 @@ class EventQueue {
     /// through. Does nothing while the gate is closed, nor inside another pass.
     void letThrough();
 
-    /// When the next timer is due; none if no timer is enabled; now if input is waiting.
+    /// When the next timer or result is due; none if there is none; now if input is waiting.
     std::optional<Time> nextDue() const;
     bool inputWaits() const { return !inputs_.empty(); }
 
@@ -100,6 +105,7 @@ class EventQueue {
 
     std::function<Time()> clock_;
     std::deque<Input> inputs_;
+    ResultQueue results_;
     /// Held back until the run or the modal form is over.
     std::deque<Input> waiting_;
     std::vector<Timer*> timers_;

@@ -2,8 +2,6 @@
 #include "program/figure_tips.h"
 
 #include <cmath>
-#include <map>
-#include <vector>
 
 #include "core/numbers.h"
 
@@ -65,24 +63,10 @@ std::string figureTip(const Figure& figure, const Place& place, Language languag
     return text;
 }
 
-namespace {
-
-/// A figure at one of its places.
-struct Shown {
-    const Figure* figure;
-    const Place* place;
-};
-
-/// All texts that were composed, kept for the whole run, since tool tips are plain pointers.
-/// Figures that are shown together share one text.
-display::Words tipOf(const std::vector<Shown>& together) {
-    struct Tip {
-        std::string spanish, english;
-    };
-    static std::map<std::vector<const Place*>, Tip> made;
+display::Words FigureTips::tipOf(const std::vector<Shown>& together) {
     std::vector<const Place*> places;
     for (const Shown& shown : together) places.push_back(shown.place);
-    const auto [tip, isNew] = made.try_emplace(std::move(places));
+    const auto [tip, isNew] = made_.try_emplace(std::move(places));
     if (isNew) {
         for (const Shown& shown : together) {
             const char* const between = tip->second.spanish.empty() ? "" : "\n\n";
@@ -95,13 +79,15 @@ display::Words tipOf(const std::vector<Shown>& together) {
     return {tip->second.spanish.c_str(), tip->second.english.c_str()};
 }
 
+namespace {
+
 bool hasTip(const display::Control& control) {
     return *control.tip.english != 0;
 }
 
 }  // namespace
 
-void tellFigures(display::Form& form) {
+void FigureTips::tell(display::Form& form) {
     std::map<display::Control*, std::vector<Shown>> controls, wells;
     for (const Figure& figure : figures::all()) {
         for (const Place& place : figure.shown) {

@@ -15,9 +15,14 @@ void savePageAsPdf(Program& program, display::Language language, const PageName&
     question.kinds = {{std::string(wordsIn(language, {"Página", "Page"})), "pdf"}};
     const auto path = program.desktop.askWhereToSave(question);
     if (!path) return;
-    const std::string fault = program.desktop.writeFile(*path, pdf());
-    if (fault.empty()) return;
-    program.desktop.messageBox({program.words.gModel.str(), fault, display::BoxIcon::Critical});
+    // The disk may be slow; the rack goes on meanwhile.
+    program.desktop.work([&desktop = program.desktop, path = *path,
+                          bytes = pdf()] { return desktop.writeFile(path, bytes); },
+                         [&program](const std::string& fault) {
+                             if (fault.empty()) return;
+                             program.desktop.messageBox({program.words.gModel.str(), fault,
+                                                         display::BoxIcon::Critical});
+                         });
 }
 
 void likePdfKey(display::Key& key) {

@@ -6,6 +6,7 @@
 #include "core/station_state.h"
 #include "display/desktop.h"
 #include "program/driver_door.h"
+#include "program/figure_tips.h"
 #include "program/program_words.h"
 #include "program/slot.h"
 #include "program/unit_in_use.h"
@@ -56,6 +57,7 @@ struct Program {
     ProgramWords words;
     hmonitor::LibraryFault LibraryFault;
     UnitInUse unitInUse;
+    FigureTips figureTips;
     /// Does every tuning.
     hmonitor::Tuner* tuner = nullptr;
 

@@ -40,6 +40,19 @@ Date HeadlessDesktop::today() const {
     return date;
 }
 
+WallTime HeadlessDesktop::wallTime() const {
+    using namespace std::chrono;
+    const sys_days day =
+        year(date.year) / month(static_cast<unsigned>(date.month)) / date.day;
+    const auto local = day + hours(date.hour) + minutes(date.minute) + seconds(date.second);
+    return {local - fromUtc + duration_cast<milliseconds>(now_), fromUtc, zone};
+}
+
+void HeadlessDesktop::startWork(std::function<void()> fn, std::function<void()> done) {
+    fn();
+    queue().postResult(now_ + workTakes, std::move(done));
+}
+
 namespace {
 
 bool spanish(int languageId) {
@@ -120,6 +133,19 @@ std::optional<std::string> HeadlessDesktop::askWhereToSave(const SaveQuestion& q
     }
     if (path.empty()) return std::nullopt;
     return withEnding(path, question.kinds, question.kinds.front());
+}
+
+std::optional<std::string> HeadlessDesktop::askWhatToOpen(const OpenQuestion& question) {
+    if (openAnswers.empty() && !answerEveryBox) {
+        throw Unscripted("a file to be read that no script names: " + question.title);
+    }
+    note("open " + question.title);
+    openQuestions.push_back(question);
+    if (openAnswers.empty()) return std::nullopt;
+    const std::string path = openAnswers.front();
+    openAnswers.pop_front();
+    if (path.empty()) return std::nullopt;
+    return path;
 }
 
 std::string HeadlessDesktop::writeFile(std::string_view path, std::string_view bytes) {

@@ -12,6 +12,7 @@
 #include "display/desktop.h"
 #include "display/form.h"
 #include "display/hand.h"
+#include "display/open_question.h"
 #include "display/page.h"
 #include "display/save_question.h"
 
@@ -31,7 +32,15 @@ class HeadlessDesktop final : public Desktop {
 
     // The script: set by the test.
     int languageId;
+    /// The local date, which stands still. In UTC the wall clock goes on from it with the virtual
+    /// clock.
     Date date{2026, 5, 4, 1, 12, 0, 0};
+    std::chrono::seconds fromUtc{0};
+    std::string zone = "UTC";
+    std::filesystem::path workingFolder;
+    /// How long each work takes on the virtual clock. It is done inside the call that asks for it,
+    /// so that a test sees one order alone; what came of it is taken when that time has passed.
+    Time workTakes{0};
     std::deque<double> randoms;  ///< the next random numbers
     /// One answer for each message box. For a question "Cancel" means cancel; any other text means
     /// OK.
@@ -44,6 +53,8 @@ class HeadlessDesktop final : public Desktop {
     /// answers "Cancel", too.
     std::deque<std::string> saveAnswers;
     std::string writeFault;
+    /// One for each question which file is to be read, in the same way.
+    std::deque<std::string> openAnswers;
     Paper paperSize = kA4;
     /// The user's actions when a form of that name is shown modally.
     std::map<std::string, std::function<void(Form&)>> modalScripts;
@@ -63,6 +74,7 @@ class HeadlessDesktop final : public Desktop {
     /// The drawings whose pictures were copied to the clipboard.
     std::vector<const Control*> copiedPictures;
     std::vector<SaveQuestion> saveQuestions;
+    std::vector<OpenQuestion> openQuestions;
     std::map<std::string, std::string> writtenFiles;
     PointerShape pointerShape = PointerShape::Arrow;
     int beeps = 0;
@@ -96,6 +108,8 @@ class HeadlessDesktop final : public Desktop {
 
     Time now() const override { return now_; }
     Date today() const override;
+    WallTime wallTime() const override;
+    std::filesystem::path folder() const override { return workingFolder; }
     std::string monthName(int month) const override;
     std::string shortMonthName(int month) const override;
     std::string weekdayName(int weekday) const override;
@@ -113,6 +127,7 @@ class HeadlessDesktop final : public Desktop {
     /// A line that names the drawing and the format.
     std::string pictureOf(Control& drawing, PictureFormat format) override;
     std::optional<std::string> askWhereToSave(const SaveQuestion& question) override;
+    std::optional<std::string> askWhatToOpen(const OpenQuestion& question) override;
     std::string writeFile(std::string_view path, std::string_view bytes) override;
     std::string printImage(const std::vector<const Form*>& forms) override;
     std::string printSheet(const Panel& sheet) override;
@@ -130,6 +145,7 @@ class HeadlessDesktop final : public Desktop {
 
  protected:
     void ending() override { note("end"); }
+    void startWork(std::function<void()> fn, std::function<void()> done) override;
 
  private:
     Time now_{0};

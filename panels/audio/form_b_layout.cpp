@@ -52,7 +52,7 @@ void Form_B::layOut() {
     layOutTuning();
     placeSign(sign, 90,
               {&LevelWell, &PowerWell, &PowerDigits, &PhaseWell, &PhaseDigits, &PhaseReadout});
-    tellFigures(*this);
+    program.figureTips.tell(*this);
     Timer2.interval = 30ms;
     Timer3.interval = 300ms;
 }

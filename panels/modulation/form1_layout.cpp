@@ -38,7 +38,7 @@ void Form1::layOut() {
     placeSign(sign, 95,
               {&BarWell, &MultipathWell, &PercentWell, &DeviationWell, &PeaksWell, &FieldWell,
                &CarrierWell, &LampWell});
-    tellFigures(*this);
+    program.figureTips.tell(*this);
     Timer1.interval = 100ms;
     Timer4.interval = 100ms;
     Timer5.interval = 60000ms;

@@ -26,7 +26,7 @@ void Form_C::layOut() {
               {&Error19Well, &Error19Digits, &PilotWell, &PilotDigits, &NoiseWell, &NoiseDigits,
                &DistortionWell, &DistortionDigits, &SeparationWell, &SeparationDigits, &Error57Well,
                &RdsWell});
-    tellFigures(*this);
+    program.figureTips.tell(*this);
 }
 
 void Form_C::layOutColumns() {

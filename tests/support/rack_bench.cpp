@@ -45,6 +45,7 @@ RackBench::RackBench(int languageId, Form_WaitLoad::Brand brand,
       state(program.StationState),
       hand(desktop.hand) {
     driver.journal = &desktop.journal;
+    desktop.workingFolder = scratch.path();
     desktop.seedRandom(1);
     write("hm-16.dat", lines({"1", "0", "0", "1", "0", "0", "0", "0"}));
     write("normal.hm", lines({"100", "0", "0", "0", "1.000", "0", "0", "2", "90"}));

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/qt/windows/help_window.h"
 
-#include <QCoreApplication>
-#include <QDir>
 #include <QFile>
 #include <QKeyEvent>
 #include <QStringDecoder>
@@ -12,14 +10,11 @@
 
 namespace display::qt {
 
-QString HelpWindow::find(const QString& name) {
-    for (const QString& folder : {QCoreApplication::applicationDirPath(), QDir::currentPath()}) {
-        const QDir dir(folder);
-        if (dir.exists(name)) return dir.filePath(name);
-        const QStringList all = dir.entryList(QDir::Files, QDir::Name);
-        for (const QString& entry : all) {
-            if (entry.compare(name, Qt::CaseInsensitive) == 0) return dir.filePath(entry);
-        }
+QString HelpWindow::find(const QDir& folder, const QString& name) {
+    if (folder.exists(name)) return folder.filePath(name);
+    const QStringList all = folder.entryList(QDir::Files, QDir::Name);
+    for (const QString& entry : all) {
+        if (entry.compare(name, Qt::CaseInsensitive) == 0) return folder.filePath(entry);
     }
     return {};
 }
@@ -50,7 +45,7 @@ void HelpWindow::keyPressEvent(QKeyEvent* event) {
 
 void QtDesktop::showHelp(std::string_view fileName) {
     if (fileName.empty()) return;
-    const QString path = HelpWindow::find(qText(fileName));
+    const QString path = HelpWindow::find(QDir(folder()), qText(fileName));
     if (path.isEmpty()) {
         messageBox({"HMonitor", "File not found: " + std::string(fileName), BoxIcon::Information});
         return;

@@ -17,6 +17,7 @@
 #include "display/qt/accessibility/focus_keeper.h"
 #include "display/qt/accessibility/keyboard_watch.h"
 #include "display/qt/painting/scale.h"
+#include "display/qt/windows/worker_threads.h"
 
 class QEventLoop;
 class QPrinter;
@@ -48,6 +49,8 @@ class QtDesktop : public Desktop {
     // The interface for forms: see Desktop.
     Time now() const override;
     Date today() const override;
+    WallTime wallTime() const override;
+    std::filesystem::path folder() const override;
     std::string monthName(int month) const override;
     std::string shortMonthName(int month) const override;
     std::string weekdayName(int weekday) const override;
@@ -64,6 +67,7 @@ class QtDesktop : public Desktop {
     void setClipboardPicture(Control& drawing) override;
     std::string pictureOf(Control& drawing, PictureFormat format) override;
     std::optional<std::string> askWhereToSave(const SaveQuestion& question) override;
+    std::optional<std::string> askWhatToOpen(const OpenQuestion& question) override;
     std::string writeFile(std::string_view path, std::string_view bytes) override;
     std::string printImage(const std::vector<const Form*>& forms) override;
     std::string printSheet(const Panel& sheet) override;
@@ -120,6 +124,8 @@ class QtDesktop : public Desktop {
 
  protected:
     void ending() override;
+    void startWork(std::function<void()> fn, std::function<void()> done) override;
+    void finishWork() override { workers_.wait(); }
     /// The default printer, ready to print; null if there is none, and then `wrong` says why.
     virtual std::unique_ptr<QPrinter> readyPrinter(std::string& wrong) const;
 
@@ -163,6 +169,9 @@ class QtDesktop : public Desktop {
     std::string takenBy(const QPrinter& printer) const;
     BoxAnswer standBox(const MessageBox& box, BoxKeys keys);
     std::optional<std::string> standSaveDialog(const SaveQuestion& question);
+    std::optional<std::string> standOpenDialog(const OpenQuestion& question);
+    template <class Stand>
+    std::optional<std::string> standDialog(Stand stand);
 
     std::unique_ptr<QApplication> own_;
     Hand hand_{*this};
@@ -182,7 +191,8 @@ class QtDesktop : public Desktop {
     bool systemMoves_ = false;
     int languageId_ = 0x0409;
     std::mt19937 generator_;
-    QString saveFolder_;  ///< the folder of the last saved file
+    QString saveFolder_;  ///< where a file was written or read last
+    WorkerThreads workers_;
 };
 
 }  // namespace display::qt

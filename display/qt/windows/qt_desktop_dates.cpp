@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QDateTime>
+#include <QTimeZone>
 
 #include "display/qt/widgets/control_widget.h"
 #include "display/qt/windows/desktop_language.h"
@@ -24,6 +25,14 @@ Date QtDesktop::today() const {
     const QTime time = at.time();
     return {day.year(),  day.month(),   day.day(),    day.dayOfWeek() % 7,
             time.hour(), time.minute(), time.second()};
+}
+
+WallTime QtDesktop::wallTime() const {
+    const QDateTime at = QDateTime::currentDateTime();
+    return {std::chrono::sys_time<std::chrono::milliseconds>(
+                std::chrono::milliseconds(at.toMSecsSinceEpoch())),
+            std::chrono::seconds(at.offsetFromUtc()),
+            QTimeZone::systemTimeZoneId().toStdString()};
 }
 
 std::string QtDesktop::monthName(int month) const {

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QStandardPaths>
 
+#include "display/open_question.h"
 #include "display/qt/widgets/control_widget.h"
 #include "display/qt/windows/qt_desktop.h"
-#include "display/save_question.h"
 
 namespace display::qt {
 
@@ -22,13 +23,19 @@ QString firstFolder() {
     return QFileInfo(documents).isDir() ? documents : QDir::homePath();
 }
 
-/// Translates the texts that Qt's dialog has in English.
-void sayInSpanish(QFileDialog& dialog) {
+/// What Qt's own dialog says in English.
+void sayInSpanish(QFileDialog& dialog, const QString& accept) {
     dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Buscar en:"));
     dialog.setLabelText(QFileDialog::FileName, QStringLiteral("&Nombre:"));
     dialog.setLabelText(QFileDialog::FileType, QStringLiteral("Tipo:"));
-    dialog.setLabelText(QFileDialog::Accept, QStringLiteral("&Guardar"));
+    dialog.setLabelText(QFileDialog::Accept, accept);
     dialog.setLabelText(QFileDialog::Reject, QStringLiteral("&Cancelar"));
+}
+
+QStringList filtersOf(const std::vector<SaveQuestion::Kind>& kinds) {
+    QStringList filters;
+    for (const SaveQuestion::Kind& kind : kinds) filters << filterOf(kind);
+    return filters;
 }
 
 const SaveQuestion::Kind& chosenKind(const SaveQuestion& question, const QFileDialog& dialog) {
@@ -47,10 +54,8 @@ std::optional<std::string> QtDesktop::standSaveDialog(const SaveQuestion& questi
     dialog.setObjectName(QStringLiteral("SaveDialog"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
-    if (spanish()) sayInSpanish(dialog);
-    QStringList filters;
-    for (const SaveQuestion::Kind& kind : question.kinds) filters << filterOf(kind);
-    dialog.setNameFilters(filters);
+    if (spanish()) sayInSpanish(dialog, QStringLiteral("&Guardar"));
+    dialog.setNameFilters(filtersOf(question.kinds));
     dialog.setDefaultSuffix(qText(question.kinds.front().ending));
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
                      [&] { dialog.setDefaultSuffix(qText(chosenKind(question, dialog).ending)); });
@@ -67,7 +72,22 @@ std::optional<std::string> QtDesktop::standSaveDialog(const SaveQuestion& questi
     }
 }
 
-std::optional<std::string> QtDesktop::askWhereToSave(const SaveQuestion& question) {
+std::optional<std::string> QtDesktop::standOpenDialog(const OpenQuestion& question) {
+    QFileDialog dialog(const_cast<QWidget*>(opener()), qText(question.title), saveFolder_);
+    dialog.setObjectName(QStringLiteral("OpenDialog"));
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    if (spanish()) sayInSpanish(dialog, QStringLiteral("&Abrir"));
+    if (!question.kinds.empty()) dialog.setNameFilters(filtersOf(question.kinds));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    const QString path = dialog.selectedFiles().constFirst();
+    saveFolder_ = QFileInfo(path).absolutePath();
+    return utf8(path);
+}
+
+/// Time goes on while a dialog stands.
+template <class Stand>
+std::optional<std::string> QtDesktop::standDialog(Stand stand) {
     if (ended()) throw ProgramEnded{};
     if (saveFolder_.isEmpty()) saveFolder_ = firstFolder();
     frame();
@@ -75,11 +95,23 @@ std::optional<std::string> QtDesktop::askWhereToSave(const SaveQuestion& questio
     {
         PhaseScope standing(*this, Phase::Box);
         arm();
-        path = standSaveDialog(question);
+        path = stand();
     }
     if (ended()) throw ProgramEnded{};
     wakeTimer_.start(0);
     return path;
+}
+
+std::optional<std::string> QtDesktop::askWhereToSave(const SaveQuestion& question) {
+    return standDialog([&] { return standSaveDialog(question); });
+}
+
+std::optional<std::string> QtDesktop::askWhatToOpen(const OpenQuestion& question) {
+    return standDialog([&] { return standOpenDialog(question); });
+}
+
+std::filesystem::path QtDesktop::folder() const {
+    return QDir(QCoreApplication::applicationDirPath()).filesystemPath();
 }
 
 std::string QtDesktop::writeFile(std::string_view path, std::string_view bytes) {

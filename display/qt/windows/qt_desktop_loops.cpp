@@ -146,6 +146,14 @@ void QtDesktop::runModal(Form& form) {
     wakeTimer_.start(0);
 }
 
+void QtDesktop::startWork(std::function<void()> fn, std::function<void()> done) {
+    workers_.start(std::move(fn), [this, done = std::move(done)] {
+        if (ended()) return;
+        queue().postResult(now(), done);
+        wakeTimer_.start(0);
+    });
+}
+
 void QtDesktop::messageBox(const MessageBox& box) {
     (void)standBox(box, BoxKeys::Ok);
 }
