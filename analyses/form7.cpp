@@ -6,6 +6,7 @@
 #include "core/numbers.h"
 #include "program/language.h"
 #include "program/look.h"
+#include "program/make_form.h"
 
 namespace hmonitor {
 
@@ -62,5 +63,7 @@ void Form7::layOut() {
     Graph1.seriesColour(1, display::kBlack);
     Graph1.says = {"Respuesta a frecuencia de la emisora", "Frequency response of the station"};
 }
+
+template MadeForm makeForm(Program&, Slot<Form7>&);
 
 }  // namespace hmonitor

@@ -5,6 +5,7 @@
 #include "core/numbers.h"
 #include "program/language.h"
 #include "program/long_date.h"
+#include "program/make_form.h"
 #include "program/rack_place.h"
 #include "program/refused_run.h"
 #include "program/report_fault.h"
@@ -244,5 +245,7 @@ void Form_BandSCanner::showScrolled() {
     constexpr float kMarginLeft = 280;
     Graph1.left = -kRowWidth * static_cast<float>(HScroll1.value) - kMarginLeft;
 }
+
+template MadeForm makeForm(Program&, Slot<Form_BandSCanner>&);
 
 }  // namespace hmonitor

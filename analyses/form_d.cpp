@@ -6,6 +6,7 @@
 #include "analyses/scan_file.h"
 #include "analyzer/frm_spectrum_analizer.h"
 #include "performance/form_d4a.h"
+#include "program/make_form.h"
 #include "program/report_fault.h"
 #include "spectrum/channel_table.h"
 #include "spectrum/class1.h"
@@ -60,5 +61,7 @@ void Form_D::proveScanFile() {
     // its start, rather than in the middle of the work.
     require(desktop(), ScanFile::read(program.files));
 }
+
+template MadeForm makeForm(Program&, Slot<Form_D>&);
 
 }  // namespace hmonitor

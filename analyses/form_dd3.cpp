@@ -6,6 +6,7 @@
 #include "core/numbers.h"
 #include "program/language.h"
 #include "program/long_date.h"
+#include "program/make_form.h"
 #include "program/rack_place.h"
 
 namespace hmonitor {
@@ -44,5 +45,7 @@ void Form_Dd3::openPage() {
                                     " mhz  " + longDate(desktop());
     program.Form7->open();
 }
+
+template MadeForm makeForm(Program&, Slot<Form_Dd3>&);
 
 }  // namespace hmonitor

@@ -4,6 +4,7 @@
 #include "analyses/form_band_scanner.h"
 #include "core/numbers.h"
 #include "program/language.h"
+#include "program/make_form.h"
 
 namespace hmonitor {
 
@@ -66,5 +67,7 @@ void Form_PrintBandScan::layOut() {
     legend.colour(Graph1, ScanGround::Paper);
     showOption(scanOption(ScanSpacing::Odd));
 }
+
+template MadeForm makeForm(Program&, Slot<Form_PrintBandScan>&);
 
 }  // namespace hmonitor

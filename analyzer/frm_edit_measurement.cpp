@@ -10,6 +10,7 @@
 #include "core/code_page.h"
 #include "core/numbers.h"
 #include "program/language.h"
+#include "program/make_form.h"
 #include "program/report_fault.h"
 
 namespace hmonitor {
@@ -216,5 +217,7 @@ bool frmEditMeasurement::begin(const std::string& title) {
     its.showCondition();
     return true;
 }
+
+template MadeForm makeForm(Program&, Slot<frmEditMeasurement>&);
 
 }  // namespace hmonitor

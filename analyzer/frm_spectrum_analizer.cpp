@@ -8,6 +8,7 @@
 #include "analyzer/session_names.h"
 #include "core/numbers.h"
 #include "program/language.h"
+#include "program/make_form.h"
 #include "program/rack_place.h"
 #include "program/report_fault.h"
 #include "program/unit_generation.h"
@@ -209,5 +210,7 @@ void frmSpectrumAnalizer::showCondition() {
         mask("0.0", fieldCorrection()).str() + " dB";
     Label_Unit.caption = unit;
 }
+
+template MadeForm makeForm(Program&, Slot<frmSpectrumAnalizer>&);
 
 }  // namespace hmonitor

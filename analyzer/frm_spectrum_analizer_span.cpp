@@ -7,6 +7,7 @@
 #include "core/numbers.h"
 #include "core/text_lines.h"
 #include "program/language.h"
+#include "program/make_form.h"
 #include "program/point_run.h"
 #include "program/report_fault.h"
 #include "program/tuner.h"
@@ -137,5 +138,7 @@ void frmSpectrumAnalizerSpan::layOut() {
     Command3D1.says = {"Medir", "Measure"};
     Command3D2.says = {"Volver al analizador", "Back to the analyzer"};
 }
+
+template MadeForm makeForm(Program&, Slot<frmSpectrumAnalizerSpan>&);
 
 }  // namespace hmonitor

@@ -2,6 +2,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <memory>
+#include <vector>
 
 #include "app/forms.h"
 #include "app/library_fault.h"
@@ -11,6 +12,8 @@
 #include "drivers/loader/library.h"
 #include "program/language.h"
 #include "program/loaded_driver.h"
+#include "startup/form3.h"
+#include "startup/form_wait_load.h"
 
 namespace {
 
@@ -66,6 +69,8 @@ int main(int argc, char** argv) {
     hmonitor::Program program(desktop, *driver, files);
     program.LibraryFault = hmonitor::libraryFault(loaded);
     hmonitor::Forms forms(program);
-    desktop.rack({&forms.form1, &forms.formB, &forms.formC, &forms.formD, &forms.form3});
+    std::vector<display::Form*> rack(program.rack.begin(), program.rack.end());
+    rack.push_back(&forms.form3);
+    desktop.rack(std::move(rack));
     return desktop.run([&forms] { forms.formWaitLoad.show(); });
 }

@@ -66,12 +66,13 @@ void saveDrawing(Control& drawing) {
     const SaveQuestion::Kind* kind = kindOf(*path, question.kinds);
     const std::string ending = kind ? kind->ending : question.kinds.front().ending;
     // The disk may be slow; the rack goes on meanwhile.
-    desktop.work([&desktop, path = *path, bytes = bytesOf(drawing, table, ending)] {
-        return desktop.writeFile(path, bytes);
-    },
-                 [&desktop, title = table.title](const std::string& fault) {
-                     if (!fault.empty()) desktop.messageBox({title, fault, BoxIcon::Critical});
-                 });
+    desktop.work(
+        [&desktop, path = *path, bytes = bytesOf(drawing, table, ending)] {
+            return desktop.writeFile(path, bytes);
+        },
+        [&desktop, title = table.title](const std::string& fault) {
+            if (!fault.empty()) desktop.messageBox({title, fault, BoxIcon::Critical});
+        });
 }
 
 }  // namespace display

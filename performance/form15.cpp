@@ -7,6 +7,7 @@
 #include "performance/report_page.h"
 #include "performance/station_of_log.h"
 #include "program/language.h"
+#include "program/make_form.h"
 #include "program/page_file.h"
 #include "program/rack_place.h"
 
@@ -19,8 +20,8 @@ constexpr float kReportPoints = 14;
 
 }  // namespace
 
-Form15::Form15(Program& itsProgram, DayTables& tables)
-    : ProgramForm(itsProgram, "Form15"), tables_(tables) {
+Form15::Form15(Program& itsProgram)
+    : ProgramForm(itsProgram, "Form15"), tables_(itsProgram.Form_D4A.peek().tables) {
     SSCommand1.onClick = [this] { close(); };
     // Without a printer there is no report and no message.
     SSCommand2.onClick = [this] { desktop().printPages(report(), 1, 1); };
@@ -70,5 +71,7 @@ void Form15::close() {
     program.Form_D4A->show();
     unload();
 }
+
+template MadeForm makeForm(Program&, Slot<Form15>&);
 
 }  // namespace hmonitor

@@ -12,7 +12,7 @@ namespace hmonitor {
 /// One day of the on-air log as text: six lists in two tabs, and the report of the same figures.
 class Form15 final : public ProgramForm {
  public:
-    Form15(Program& program, DayTables& tables);
+    explicit Form15(Program& program);
 
     void closeRequested() override;
     /// Reads the day that `Form_D4A` has chosen and fills the six lists.

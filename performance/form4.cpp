@@ -8,6 +8,7 @@
 #include "performance/station_of_log.h"
 #include "program/language.h"
 #include "program/look.h"
+#include "program/make_form.h"
 #include "program/page_file.h"
 #include "program/rack_place.h"
 
@@ -111,5 +112,7 @@ void Form4::layOut() {
     likePdfKey(place(KeyPdf, {6870, kKeyTop, 660, look::kKeyHeight}));
     tabOrder(Text1, SSCommand3, SSCommand2, SSCommand1, hscZoom, ViewPro1, KeyPdf);
 }
+
+template MadeForm makeForm(Program&, Slot<Form4>&);
 
 }  // namespace hmonitor

@@ -13,6 +13,7 @@
 #include "performance/log_files.h"
 #include "performance/station_of_log.h"
 #include "program/language.h"
+#include "program/make_form.h"
 #include "program/rack_place.h"
 
 namespace hmonitor {
@@ -50,8 +51,7 @@ std::string resultsName(std::string_view memoryFreq) {
 
 }  // namespace
 
-Form_D4A::Form_D4A(Program& itsProgram, DayTables& tables)
-    : ProgramForm(itsProgram, "Form_D4A"), tables_(tables) {
+Form_D4A::Form_D4A(Program& itsProgram) : ProgramForm(itsProgram, "Form_D4A") {
     Combo1.onClick = [this] { Leer(); };
     HScroll1.onChange = [this] { scrollUpper(); };
     HScroll2.onChange = [this] { scrollLower(); };
@@ -114,7 +114,7 @@ void Form_D4A::Reset() {
 void Form_D4A::Leer() {
     if (Combo1.list.text().empty()) return;
     Reset();
-    tables_.read(program.files, Combo1.list.text());
+    tables.read(program.files, Combo1.list.text());
     plot();
     drawPage();
 }
@@ -125,7 +125,7 @@ void Form_D4A::plot() {
         if (series.column > 0) chart.column = series.column;
         for (int hour = 0; hour < DayTables::kHours; ++hour) {
             chart.row = hour + 1;
-            chart.data(shortText(valueOf(tables_.field(hour, series.field))));
+            chart.data(shortText(valueOf(tables.field(hour, series.field))));
         }
     }
 }
@@ -147,7 +147,7 @@ void Form_D4A::drawPage() {
     page.logoHeight = sheet.Picture1.height;
     page.results = ResultsFile::readNamed(program.files, resultsName(page.memoryFreq));
     page.comment = sheet.Text1.text.get();
-    sheet.ViewPro1.show(composeDayPage(page, tables_));
+    sheet.ViewPro1.show(composeDayPage(page, tables));
     sheet.ViewPro1.zoom = sheet.hscZoom.value;
 }
 
@@ -179,7 +179,7 @@ void Form_D4A::moveCharts(std::size_t first, std::size_t last, float edge) {
 std::string Form_D4A::tellCell(const display::Chart& chart, int row, int column) const {
     const int hour = row - 1;
     // The charts show a 0 there, which could be a figure.
-    const bool absent = !Combo1.list.text().empty() && tables_.hourLine(hour).empty();
+    const bool absent = !Combo1.list.text().empty() && tables.hourLine(hour).empty();
     return hourLabel(hour) + " hs: " +
            (absent ? std::string(wordsIn(language, {"sin datos", "no data"}))
                    : std::string(chart.dataAt(row, column)));
@@ -196,7 +196,7 @@ display::NumberTable Form_D4A::numbersOf(std::size_t chart) const {
     }
     if (Combo1.list.text().empty()) return table;
     for (int hour = 0; hour < DayTables::kHours; ++hour) {
-        const bool absent = tables_.hourLine(hour).empty();
+        const bool absent = tables.hourLine(hour).empty();
         std::vector<std::string> row{wholeText(hour).str()};
         for (int column = 1; column < static_cast<int>(table.columns.size()); ++column)
             row.emplace_back(absent ? std::string_view() : Graph[chart].dataAt(hour + 1, column));
@@ -222,5 +222,7 @@ void Form_D4A::close() {
     program.enableRack();
     unload();
 }
+
+template MadeForm makeForm(Program&, Slot<Form_D4A>&);
 
 }  // namespace hmonitor

@@ -16,7 +16,7 @@ namespace hmonitor {
 /// `Form4` shows.
 class Form_D4A final : public ProgramForm {
  public:
-    Form_D4A(Program& program, DayTables& tables);
+    explicit Form_D4A(Program& program);
 
     void closeRequested() override;
 
@@ -26,6 +26,9 @@ class Form_D4A final : public ProgramForm {
     void Leer();
     /// Draws the page of the day that was read last on `Form4`; nothing while no day is chosen.
     void drawPage();
+
+    /// The day that was read last, here or as text: it outlives the loads of both windows.
+    DayTables tables;
 
     static constexpr int kFirstLabel = 8;
     static constexpr std::size_t kLabels = 29;  ///< `Label8` to `Label36`
@@ -85,7 +88,6 @@ class Form_D4A final : public ProgramForm {
     void showText();
     void close();
 
-    DayTables& tables_;
     Side sideOfPicture1_, sideOfPicture4_, sideOfPicture5_, sideOfPicture2_;
 };
 

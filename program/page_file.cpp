@@ -20,8 +20,8 @@ void savePageAsPdf(Program& program, display::Language language, const PageName&
                           bytes = pdf()] { return desktop.writeFile(path, bytes); },
                          [&program](const std::string& fault) {
                              if (fault.empty()) return;
-                             program.desktop.messageBox({program.words.gModel.str(), fault,
-                                                         display::BoxIcon::Critical});
+                             program.desktop.messageBox(
+                                 {program.words.gModel.str(), fault, display::BoxIcon::Critical});
                          });
 }
 

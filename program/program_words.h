@@ -8,6 +8,8 @@
 
 namespace hmonitor {
 
+enum class Brand { Marvenia, Teskel };
+
 /// The words that hold for the whole program.
 struct ProgramWords {
     std::int16_t gStation = 0;   ///< index of the station in use; there is one

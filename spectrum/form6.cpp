@@ -2,6 +2,7 @@
 #include "spectrum/form6.h"
 
 #include "display/number_table.h"
+#include "program/make_form.h"
 
 namespace hmonitor {
 
@@ -23,5 +24,7 @@ void Form6::layOut() {
     place(Picture1B, {2 * kLeft + kBars, kSheetBody, 1150, kPictureHeight}, &Sheet,
           display::Says{"Valores en dB bajo la portadora", "Values in dB below the carrier"});
 }
+
+template MadeForm makeForm(Program&, Slot<Form6>&);
 
 }  // namespace hmonitor

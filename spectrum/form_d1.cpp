@@ -3,6 +3,7 @@
 
 #include "core/numbers.h"
 #include "program/language.h"
+#include "program/make_form.h"
 #include "program/rack_place.h"
 #include "program/refused_run.h"
 #include "program/report_fault.h"
@@ -146,5 +147,7 @@ void Form_D1::rackStands() {
 void Form_D1::onUnload() {
     lease.close(UnitLease::Back::LeftRight);
 }
+
+template MadeForm makeForm(Program&, Slot<Form_D1>&);
 
 }  // namespace hmonitor

@@ -5,6 +5,7 @@
 
 #include "core/numbers.h"
 #include "program/language.h"
+#include "program/make_form.h"
 #include "program/rack_place.h"
 #include "program/refused_run.h"
 #include "program/tuner.h"
@@ -221,5 +222,7 @@ bool FormD1a::holdPeaks() {
     }
     return grown;
 }
+
+template MadeForm makeForm(Program&, Slot<FormD1a>&);
 
 }  // namespace hmonitor

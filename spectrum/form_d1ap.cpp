@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "spectrum/form_d1ap.h"
 
+#include "program/make_form.h"
+
 namespace hmonitor {
 
 FormD1aP::FormD1aP(Program& itsProgram) : PictureSheet(itsProgram, "FormD1aP") {}
@@ -14,5 +16,7 @@ void FormD1aP::layOut() {
     place(Picture1, {kSheetMargin, kSheetBody, kGraphWidth, kGraphHeight}, &Sheet,
           display::Says{"Curva del ancho de banda de modulación", "Modulation bandwidth curve"});
 }
+
+template MadeForm makeForm(Program&, Slot<FormD1aP>&);
 
 }  // namespace hmonitor

@@ -3,6 +3,7 @@
 
 #include "core/numbers.h"
 #include "program/language.h"
+#include "program/make_form.h"
 #include "program/point_run.h"
 #include "program/rack_place.h"
 #include "program/report_fault.h"
@@ -114,5 +115,7 @@ void Form_NewSpectro::measure(const ChannelSweep& sweep, float carrier) {
     // Without a carrier each point would be as strong as it: a wall of 0 dB.
     if (!asked && carrier != 0) shown.awaitRack();
 }
+
+template MadeForm makeForm(Program&, Slot<Form_NewSpectro>&);
 
 }  // namespace hmonitor

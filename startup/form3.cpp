@@ -2,6 +2,7 @@
 #include "startup/form3.h"
 
 #include "program/look.h"
+#include "program/make_form.h"
 
 namespace hmonitor {
 
@@ -13,5 +14,7 @@ void Form3::layOut() {
     place(Label1, {0, 2300, look::kRackWidth, 360}, "Please, Wait Loading...",
           display::TextStyle{look::kSmallReadout, look::kScaleColour, display::Align::Centre});
 }
+
+template MadeForm makeForm(Program&, Slot<Form3>&);
 
 }  // namespace hmonitor

@@ -2,6 +2,7 @@
 #include "startup/form_modo_demo.h"
 
 #include "program/look.h"
+#include "program/make_form.h"
 
 namespace hmonitor {
 
@@ -75,5 +76,7 @@ void FormModoDemo::layOut() {
           Says{"Salir del programa", "Leave the program"});
     tabOrder(Command1, Command2);
 }
+
+template MadeForm makeForm(Program&, Slot<FormModoDemo>&);
 
 }  // namespace hmonitor

@@ -7,6 +7,7 @@
 #include "panels/modulation/form1.h"
 #include "program/language.h"
 #include "program/look.h"
+#include "program/make_form.h"
 
 namespace hmonitor {
 
@@ -19,8 +20,7 @@ constexpr display::Colour kRingLit{0xff0000};
 
 }  // namespace
 
-Form_WaitLoad::Form_WaitLoad(Program& itsProgram, Brand brand)
-    : ProgramForm(itsProgram, "Form_WaitLoad"), brand_(brand) {
+Form_WaitLoad::Form_WaitLoad(Program& itsProgram) : ProgramForm(itsProgram, "Form_WaitLoad") {
     Timer1.onTick = [this] { turnRing(); };
     Timer2.onTick = [this] { openDriver(); };
 }
@@ -60,7 +60,7 @@ void Form_WaitLoad::layOut() {
     using namespace display;
     layWindow(5600, 2600, "HMonitor", Faceplate);
     place(Check1, {0, 0, 10, 10}, "Marvenia", Says{"Marca", "Brand"}, Hidden{}).checked =
-        brand_ == Brand::Marvenia;
+        program.Brand == Brand::Marvenia;
     place(Logo1, {620, 500, 3200, 520}, "LogoTeskel");
     place(Logo2, {620, 500, 3200, 520}, "LogoMarvenia", Hidden{});
     place(Label1, {440, 1700, 2800, 300}, TextStyle{{170}, look::kScaleColour}, "Please wait,");
@@ -75,5 +75,7 @@ void Form_WaitLoad::layOut() {
     Timer2.interval = 100ms;
     Timer2.enabled = true;
 }
+
+template MadeForm makeForm(Program&, Slot<Form_WaitLoad>&);
 
 }  // namespace hmonitor

@@ -11,15 +11,12 @@ namespace hmonitor {
 /// driver and shows the rack.
 class Form_WaitLoad final : public ProgramForm {
  public:
-    /// The brand that the program was built for, stored in Check1.
-    enum class Brand { Marvenia, Teskel };
-
-    explicit Form_WaitLoad(Program& program, Brand brand = Brand::Marvenia);
+    explicit Form_WaitLoad(Program& program);
 
     static constexpr int kShapes = 16;
 
     display::Panel Faceplate{*this, "Faceplate"};
-    display::CheckBox Check1{*this, "Check1"};
+    display::CheckBox Check1{*this, "Check1"};  ///< the brand that the program was built for
     display::Picture Logo1{*this, "Logo1"};
     display::Picture Logo2{*this, "Logo2"};
     display::Label Label1{*this, "Label1"};
@@ -38,7 +35,6 @@ class Form_WaitLoad final : public ProgramForm {
     void turnRing();
     void openDriver();
 
-    Brand brand_;
     int ring_ = -1;  ///< 1 to 16 names the lit shape
 };
 

@@ -6,6 +6,7 @@
 
 #include "core/numbers.h"
 #include "panels/audio/form_b.h"
+#include "program/make_form.h"
 #include "program/report_fault.h"
 #include "tuner/memory_entry.h"
 #include "tuner/preset_look.h"
@@ -186,5 +187,7 @@ void Form_bSetMemories::changeWidth() {
     // Controls outside the visible part take no focus either.
     Options.visible = WidthState == 2;
 }
+
+template MadeForm makeForm(Program&, Slot<Form_bSetMemories>&);
 
 }  // namespace hmonitor

@@ -5,6 +5,7 @@
 
 #include "core/numbers.h"
 #include "panels/audio/form_b.h"
+#include "program/make_form.h"
 #include "tuner/key_filters.h"
 #include "tuner/keypad_entry.h"
 
@@ -73,5 +74,7 @@ void Form_bTuner::close() {
     program.enableRack();
     unload();
 }
+
+template MadeForm makeForm(Program&, Slot<Form_bTuner>&);
 
 }  // namespace hmonitor

@@ -42,8 +42,7 @@ Date HeadlessDesktop::today() const {
 
 WallTime HeadlessDesktop::wallTime() const {
     using namespace std::chrono;
-    const sys_days day =
-        year(date.year) / month(static_cast<unsigned>(date.month)) / date.day;
+    const sys_days day = year(date.year) / month(static_cast<unsigned>(date.month)) / date.day;
     const auto local = day + hours(date.hour) + minutes(date.minute) + seconds(date.second);
     return {local - fromUtc + duration_cast<milliseconds>(now_), fromUtc, zone};
 }

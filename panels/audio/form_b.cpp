@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "core/numbers.h"
+#include "program/make_form.h"
 #include "spectrum/open_spectrum.h"
 #include "tuner/form_b_set_memories.h"
 #include "tuner/form_b_tuner.h"
@@ -111,5 +112,7 @@ void Form_B::openKeypad() {
     program.disableRack();
     program.Form_bTuner->show();
 }
+
+template MadeForm makeForm(Program&, Slot<Form_B>&);
 
 }  // namespace hmonitor

@@ -9,6 +9,7 @@
 #include "core/station_defaults.h"
 #include "panels/audio/form_b.h"
 #include "panels/quality/form_c.h"
+#include "program/make_form.h"
 #include "program/report_fault.h"
 #include "spectrum/open_spectrum.h"
 #include "startup/form3.h"
@@ -189,5 +190,7 @@ void Form1::tickReadouts() {
     program.Form_C->Command1();
     showSigns();
 }
+
+template MadeForm makeForm(Program&, Slot<Form1>&);
 
 }  // namespace hmonitor

@@ -4,6 +4,7 @@
 #include "core/response_switch.h"
 #include "panels/audio/form_b.h"
 #include "program/look.h"
+#include "program/make_form.h"
 #include "program/report_fault.h"
 
 namespace hmonitor {
@@ -225,5 +226,7 @@ void Form_C::Command10(int place, int digit) {
 void Form_C::Command12(int place, int digit) {
     drawAt(distortion, place, digit, kRedLit);
 }
+
+template MadeForm makeForm(Program&, Slot<Form_C>&);
 
 }  // namespace hmonitor

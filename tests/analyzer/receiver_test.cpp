@@ -2,6 +2,7 @@
 // The receiver in software fills a session from a recording that covers a part of the band.
 #include <gtest/gtest.h>
 
+#include "all_forms.h"
 #include "app/forms.h"
 #include "display/headless/headless_desktop.h"
 #include "program/loaded_driver.h"

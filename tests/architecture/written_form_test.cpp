@@ -5,6 +5,7 @@
 
 #include "core/numbers.h"
 #include "program/look.h"
+#include "program/make_form.h"
 #include "program/program_form.h"
 #include "tests/architecture/form_walk.h"
 #include "tests/support/rack_bench.h"

@@ -99,7 +99,7 @@ TEST(TextWindow, LeerReadsTheLogAnew) {
     bench.text.Leer();
     EXPECT_EQ(bench.text.List[0].list.rows()[0], "00             1");
     EXPECT_THAT(bench.text.List[0].list.rows(), SizeIs(24));
-    EXPECT_EQ(bench.forms.dayTables.field(0, 1), "1");
+    EXPECT_EQ(bench.forms.formD4A.tables.field(0, 1), "1");
 }
 
 TEST(TextWindow, DoneGoesBackToTheCharts) {
@@ -126,7 +126,7 @@ TEST(TextWindow, EscapeEnterAndTheWindowsCloseDoWhatDoneDoes) {
 }
 
 TEST(TextWindow, PrintsTheReportOfItsBrand) {
-    for (const auto brand : {Form_WaitLoad::Brand::Marvenia, Form_WaitLoad::Brand::Teskel}) {
+    for (const auto brand : {Brand::Marvenia, Brand::Teskel}) {
         LogBench bench(RackBench::kSpanish, brand);
         const SecondDay& day = secondDays().front();
         for (const char* name : {"20260302.log", "20260303.log", "20260304.log"})
@@ -135,7 +135,7 @@ TEST(TextWindow, PrintsTheReportOfItsBrand) {
         bench.openText();
         press(bench, bench.text.SSCommand2);
         ASSERT_THAT(bench.desktop.printedPages, SizeIs(1));
-        const std::string word = brand == Form_WaitLoad::Brand::Marvenia ? "Marvenia" : "Teskel";
+        const std::string word = brand == Brand::Marvenia ? "Marvenia" : "Teskel";
         EXPECT_EQ(printedTexts(bench), expanded(day.of("report " + word)));
         EXPECT_TRUE(bench.text.visible);
     }

@@ -173,11 +173,10 @@ TEST_F(PageWindow, IsMovedByItsTitle) {
 }
 
 TEST(PageWindowOf, ABrandHasItsLogoOnThePageInItsOwnSize) {
-    for (const auto brand : {Form_WaitLoad::Brand::Marvenia, Form_WaitLoad::Brand::Teskel}) {
+    for (const auto brand : {Brand::Marvenia, Brand::Teskel}) {
         LogBench bench(RackBench::kEnglish, brand);
         bench.open();
-        const std::string logo =
-            brand == Form_WaitLoad::Brand::Marvenia ? "InkMarvenia" : "InkTeskel";
+        const std::string logo = brand == Brand::Marvenia ? "InkMarvenia" : "InkTeskel";
         EXPECT_EQ(bench.page.Picture1.picture, logo);
         EXPECT_THAT(recorded(bench.page.ViewPro1.document()),
                     Contains("picture \"" + logo + "\" 550 -360 2550 40"));

@@ -318,7 +318,7 @@ TEST(LogWindow, ItsTablesOutliveIt) {
     bench.choose("20260302");
     bench.hand.click(bench.charts.SSCommand3);
     bench.desktop.settle();
-    EXPECT_EQ(bench.forms.dayTables.field(23, 9), "32");
+    EXPECT_EQ(bench.forms.formD4A.tables.field(23, 9), "32");
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 
 namespace hmonitor::test {
 
-LogBench::LogBench(int languageId, Form_WaitLoad::Brand brand)
+LogBench::LogBench(int languageId, Brand brand)
     : RackBench(languageId, brand), charts(forms.formD4A), text(forms.form15), page(forms.form4) {
     write("20260302.log", countingLog(0, 24));
     write("20260303.log", countingLog(5, 3));

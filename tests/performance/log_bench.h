@@ -11,8 +11,7 @@ namespace hmonitor::test {
 /// The measuring rack with three days of logs, and the windows that show them.
 class LogBench : public RackBench {
  public:
-    explicit LogBench(int languageId = kEnglish,
-                      Form_WaitLoad::Brand brand = Form_WaitLoad::Brand::Marvenia);
+    explicit LogBench(int languageId = kEnglish, Brand brand = Brand::Marvenia);
 
     /// By the key of the analyses panel.
     void open();

@@ -307,14 +307,14 @@ INSTANTIATE_TEST_SUITE_P(Of, SheetPageOf, testing::ValuesIn(kPages),
 TEST_P(SheetPageOf, TheFirstBrandTakesItsLogoToItsPlace) {
     const std::string_view name = GetParam().name;
     float usual = 0;
-    for (const auto brand : {Form_WaitLoad::Brand::Teskel, Form_WaitLoad::Brand::Marvenia}) {
+    for (const auto brand : {Brand::Teskel, Brand::Marvenia}) {
         RackBench bench(RackBench::kEnglish, brand);
         bench.desktop.seedRandom(1);
         bench.start();
         GetParam().open(bench);
         bench.click(GetParam().opener(bench));
         const SheetForm& page = GetParam().page(bench);
-        if (brand == Form_WaitLoad::Brand::Teskel) {
+        if (brand == Brand::Teskel) {
             EXPECT_EQ(page.Picture2.picture, "InkTeskel");
             usual = page.Picture2.left;
             EXPECT_EQ(usual + page.Picture2.width + 360, page.Sheet.width);

@@ -11,6 +11,7 @@
 #include <memory>
 #include <thread>
 
+#include "all_forms.h"
 #include "app/forms.h"
 #include "app/library_fault.h"
 #include "core/files.h"

@@ -53,7 +53,7 @@ TEST(Splash, MarveniaTakesTheOtherLogoAndMovesIt) {
 }
 
 TEST(Splash, TeskelKeepsItsLogoWhereItStands) {
-    RackBench bench(RackBench::kEnglish, Form_WaitLoad::Brand::Teskel);
+    RackBench bench(RackBench::kEnglish, Brand::Teskel);
     bench.showSplash();
     auto& splash = bench.forms.formWaitLoad;
     EXPECT_EQ(bench.program.words.gBrand, "Teskel");
@@ -249,7 +249,7 @@ TEST(Start, TheOtherBrandsWordShowsForTheOtherBrandAlone) {
     RackBench marvenia;
     marvenia.start();
     EXPECT_FALSE(marvenia.form1.Label1.visible);
-    RackBench teskel(RackBench::kEnglish, Form_WaitLoad::Brand::Teskel);
+    RackBench teskel(RackBench::kEnglish, Brand::Teskel);
     teskel.start();
     EXPECT_TRUE(teskel.form1.Label1.visible);
     EXPECT_EQ(teskel.form1.Label1.caption, "Teskel");

@@ -27,10 +27,9 @@ std::string memoryBlock(const std::vector<Memory>& memories) {
 }
 
 RackBench::RackBench(std::unique_ptr<ScriptedDriver> its)
-    : RackBench(kEnglish, Form_WaitLoad::Brand::Marvenia, std::move(its)) {}
+    : RackBench(kEnglish, Brand::Marvenia, std::move(its)) {}
 
-RackBench::RackBench(int languageId, Form_WaitLoad::Brand brand,
-                     std::unique_ptr<ScriptedDriver> its)
+RackBench::RackBench(int languageId, Brand brand, std::unique_ptr<ScriptedDriver> its)
     : desktop(languageId),
       unit(std::move(its)),
       driver(*unit),

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "all_forms.h"
 #include "app/forms.h"
 #include "core/files.h"
 #include "display/headless/headless_desktop.h"
@@ -33,8 +34,7 @@ std::string memoryBlock(const std::vector<Memory>& memories);
 /// memories (1 "RADIO UNO" 98.1, 3 "RADIO TRES" 102.55, 16 "DIECISEIS" 87.5).
 class RackBench {
  public:
-    explicit RackBench(int languageId = kEnglish,
-                       Form_WaitLoad::Brand brand = Form_WaitLoad::Brand::Marvenia,
+    explicit RackBench(int languageId = kEnglish, Brand brand = Brand::Marvenia,
                        std::unique_ptr<ScriptedDriver> unit = std::make_unique<ScriptedDriver>());
     explicit RackBench(std::unique_ptr<ScriptedDriver> unit);
     ~RackBench();

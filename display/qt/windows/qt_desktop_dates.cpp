@@ -31,8 +31,7 @@ WallTime QtDesktop::wallTime() const {
     const QDateTime at = QDateTime::currentDateTime();
     return {std::chrono::sys_time<std::chrono::milliseconds>(
                 std::chrono::milliseconds(at.toMSecsSinceEpoch())),
-            std::chrono::seconds(at.offsetFromUtc()),
-            QTimeZone::systemTimeZoneId().toStdString()};
+            std::chrono::seconds(at.offsetFromUtc()), QTimeZone::systemTimeZoneId().toStdString()};
 }
 
 std::string QtDesktop::monthName(int month) const {

@@ -8,6 +8,7 @@
 #include <QTest>
 #include <memory>
 
+#include "all_forms.h"
 #include "app/forms.h"
 #include "display/qt/windows/form_view.h"
 #include "display/qt/windows/qt_desktop.h"

@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QTest>
 
+#include "all_forms.h"
 #include "app/forms.h"
 #include "display/qt/painting/page_painter.h"
 #include "display/qt/windows/form_view.h"
