@@ -366,14 +366,14 @@ State knownWhen(const Figure& figure, const Readings& readings) {
     return State::Known;
 }
 
-State stateOf(const Figure& figure, const Readings& readings, Mode mode) {
+State heldBy(const Figure& figure, const Readings& readings, Mode mode) {
     if (figure.source.mode != Mode::Any && figure.source.mode != mode) return State::NotMeasured;
     const bool ofPilot = figure.source.output == &Readings::pilotError ||
                          figure.source.output == &Readings::pilotLevel;
     if (ofPilot && showsEndMark(readings)) return State::NotMeasured;
     const float value = valueOf(figure, readings);
     if (!(value >= figure.range.lowest && value <= figure.range.highest)) return State::OutOfRange;
-    return knownWhen(figure, readings);
+    return State::Known;
 }
 
 }  // namespace figures

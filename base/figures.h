@@ -111,8 +111,8 @@ float valueOf(const Figure& figure, const Readings& readings);
 /// The figure's state by its rule alone, for libraries that give no states.
 State knownWhen(const Figure& figure, const Readings& readings);
 
-/// The figure's state when such a library gives these readings in that audio mode: by its rule, its
-/// range, and the end mark of a response run, which is no pilot.
-State stateOf(const Figure& figure, const Readings& readings, Mode mode);
+/// Why these readings, said in that audio mode by whatever library, cannot hold the figure: the
+/// mode, its range, or the end mark of a response run, which is no pilot. Known where they can.
+State heldBy(const Figure& figure, const Readings& readings, Mode mode);
 
 }  // namespace figures

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "base/readings.h"
+#include "program/said_states.h"
 
 namespace hmonitor {
 
@@ -57,7 +58,9 @@ class DriverLibrary {
     virtual std::int32_t HM_getHardwareVersion(float& /*version*/) { return 0; }
     virtual std::int32_t HM_getDriverVersion(float& /*version*/) { return 0; }
 
-    /// Functions beyond the nineteen (drivers/hm16_more.h); null in a library that lacks them.
+    /// Beyond the nineteen functions (drivers/hm16_more.h): nothing where a library does not have
+    /// it.
+    virtual std::optional<SaidStates> states() { return std::nullopt; }
     virtual std::optional<Sound> sound() { return std::nullopt; }
     virtual void setSound(int /*volume*/, bool /*muted*/) {}
 };

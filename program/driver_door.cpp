@@ -81,14 +81,17 @@ void DriverDoor::tellMeasured() {
     if (listener_) listener_->measured(measured());
 }
 
-State DriverDoor::stateOf(const figures::Figure& figure) const {
+/// Why the figure is not known, as the library says it where it says anything.
+State DriverDoor::stateOf(const figures::Figure& figure, std::optional<State> said) const {
     const auto place = std::ranges::find(figures::kOutputs, figure.source.output);
     if (dropped_[static_cast<std::size_t>(place - figures::kOutputs.begin())]) {
         return State::OutOfRange;
     }
-    return figures::stateOf(figure, good_,
-                            tuned_.mode == AudioMode::SumDifference ? figures::Mode::SumDifference
-                                                                    : figures::Mode::LeftRight);
+    const bool sum = tuned_.mode == AudioMode::SumDifference;
+    const State held = figures::heldBy(
+        figure, good_, sum ? figures::Mode::SumDifference : figures::Mode::LeftRight);
+    if (held != State::Known) return held;
+    return said.value_or(figures::knownWhen(figure, good_));
 }
 
 Measured DriverDoor::measured() const {
@@ -98,8 +101,9 @@ Measured DriverDoor::measured() const {
         return now;
     }
     const bool stale = staleSeconds() > 0;
+    const std::optional<SaidStates> said = library_.states();
     for (std::size_t i = 0; i < figures::kCount; ++i) {
-        const State state = stateOf(figures::all()[i]);
+        const State state = stateOf(figures::all()[i], said ? (*said)[i] : std::nullopt);
         now.states[i] = stale && state == State::Known ? State::Stale : state;
     }
     return now;

@@ -66,7 +66,7 @@ class DriverDoor {
     void take(std::size_t output, float said);
     void tellMeasured();
     void tellLevel(float frequency, float level, MeasuredLevel::From from);
-    figures::State stateOf(const figures::Figure& figure) const;
+    figures::State stateOf(const figures::Figure& figure, std::optional<figures::State> said) const;
 
     DriverLibrary& library_;
     display::Desktop& desktop_;

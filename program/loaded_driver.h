@@ -5,6 +5,7 @@
 #include "drivers/hm16_more.h"
 #include "drivers/loader/read_data.h"
 #include "program/driver.h"
+#include "program/slot_states.h"
 
 namespace hmonitor {
 
@@ -15,15 +16,24 @@ class LoadedDriver final : public DriverLibrary {
     explicit LoadedDriver(const HM16_Functions& functions,
                           HM16_ExtensionFunction extension = nullptr)
         : call_(functions) {
-        if (extension) listen_ = static_cast<const HM16_ListenV1*>(extension(HM16_LISTEN));
+        if (!extension) return;
+        listen_ = static_cast<const HM16_ListenV1*>(extension(HM16_LISTEN));
+        if (const void* figures = extension(HM16_FIGURES)) {
+            slots_.emplace(*static_cast<const HM16_FiguresV1*>(figures));
+        }
     }
 
-    std::int32_t HM_Init() override { return call_.init(); }
+    std::int32_t HM_Init() override {
+        if (slots_) slots_->forget();
+        return call_.init();
+    }
     std::int32_t HM_Terminate() override { return call_.terminate(); }
     std::int32_t HM_DemoMode() override { return call_.demoMode(); }
     std::int32_t HM_Normal(float frequency, std::int32_t average, std::int32_t audioMode,
                            std::int32_t response, std::int32_t logFiles) override {
-        return call_.normal(frequency, average, audioMode, response, logFiles);
+        const std::int32_t result = call_.normal(frequency, average, audioMode, response, logFiles);
+        if (slots_) slots_->passOver();
+        return result;
     }
     std::int32_t HM_Parar() override { return call_.parar(); }
     std::int32_t HM_Reset(std::int32_t what) override { return call_.reset(what); }
@@ -55,6 +65,7 @@ class LoadedDriver final : public DriverLibrary {
         return call_.getDriverVersion(&version);
     }
 
+    std::optional<SaidStates> states() override { return slots_ ? slots_->newest() : std::nullopt; }
     std::optional<Sound> sound() override {
         HM16_ListenState state{};
         state.size = sizeof state;
@@ -68,6 +79,7 @@ class LoadedDriver final : public DriverLibrary {
  private:
     const HM16_Functions& call_;
     const HM16_ListenV1* listen_ = nullptr;
+    std::optional<SlotStates> slots_;
 };
 
 }  // namespace hmonitor

@@ -90,7 +90,8 @@ TEST(Figures, FollowFromTheOutputByTheirFactor) {
 }
 
 State stateOfKey(const char* key, const Readings& readings, Mode mode = Mode::LeftRight) {
-    return stateOf(*find(key), readings, mode);
+    const State held = heldBy(*find(key), readings, mode);
+    return held == State::Known ? knownWhen(*find(key), readings) : held;
 }
 
 TEST(FigureState, OfNoiseSeparationAndDistortionIsNotMeasuredAt0) {

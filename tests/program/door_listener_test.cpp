@@ -186,6 +186,28 @@ TEST_F(ListenedDoor, ReadingsThatStandStillAreStaleByTheRuleOfTheSign) {
     EXPECT_EQ(stateOf("field"), State::Known);
 }
 
+TEST_F(ListenedDoor, WhatTheLibrarySaysOfAFigureGoesBeforeTheRule) {
+    const auto place = [](const char* key) {
+        return static_cast<std::size_t>(figures::find(key) - figures::all().data());
+    };
+    door.HM_Normal(981, 0, 0, 0, 0);
+    unit.said.emplace();
+    unit.said->at(place("field")) = State::Settling;
+    unit.said->at(place("noise_left")) = State::Known;
+    unit.said->at(place("level_sum")) = State::Known;
+    unit.said->at(place("multipath")) = State::Known;
+    unit.readings.field = 61;
+    unit.readings.multipath = 9999;
+    EXPECT_EQ(stateOf("field"), State::Settling);
+    EXPECT_EQ(stateOf("noise_left"), State::Known) << "0 is a figure of its own here";
+    EXPECT_EQ(stateOf("noise_right"), State::NotMeasured) << "nothing is said of it";
+    // What the readings cannot hold is not known whatever the library says.
+    EXPECT_EQ(stateOf("level_sum"), State::NotMeasured);
+    EXPECT_EQ(stateOf("multipath"), State::OutOfRange);
+    door.HM_Parar();
+    EXPECT_EQ(stateOf("noise_left"), State::UnitAway);
+}
+
 class ListenedRun : public testing::Test {
  protected:
     ListenedRun() {

@@ -6,6 +6,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstring>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -178,6 +181,103 @@ TEST_F(LoadedDriverTest, TheLoudspeakersAreThoseOfTheExtension) {
     EXPECT_EQ(loudspeakers.volume, 65);
     LoadedDriver other(functions, [](const char*) -> const void* { return nullptr; });
     EXPECT_EQ(other.sound(), std::nullopt);
+}
+
+/// A library whose slots say three figures, one of which the registry lacks.
+struct Slots {
+    std::vector<HM16_Slot> kept;
+    int figures = 3;
+    int copies = 0;
+};
+Slots slotLibrary;
+const HM16_FiguresV1 kSlots{sizeof(HM16_FiguresV1), []() -> int32_t { return slotLibrary.figures; },
+                            [](int32_t index, HM16_FigureInfo* info) -> int32_t {
+                                const char* const keys[] = {"loudness", "field", "pilot_error"};
+                                std::strncpy(info->key, keys[index], sizeof info->key);
+                                return 0;
+                            },
+                            [](int32_t station, uint64_t from, HM16_Slot* out, uint32_t slotSize,
+                               int32_t room, uint64_t* next) -> int32_t {
+                                EXPECT_EQ(station, 0);
+                                EXPECT_EQ(slotSize, sizeof(HM16_Slot));
+                                int32_t copied = 0;
+                                for (const HM16_Slot& slot : slotLibrary.kept) {
+                                    if (slot.number < from || copied == room) continue;
+                                    out[copied++] = slot;
+                                    *next = slot.number + 1;
+                                }
+                                slotLibrary.copies += copied;
+                                return copied;
+                            }};
+
+HM16_Slot slotSaying(uint64_t number, std::initializer_list<uint8_t> states) {
+    HM16_Slot slot{};
+    slot.number = number;
+    std::copy(states.begin(), states.end(), slot.state);
+    return slot;
+}
+
+struct LoadedSlots : testing::Test {
+    LoadedSlots() { slotLibrary = {}; }
+    static std::optional<figures::State> stateIn(const SaidStates& said, const char* key) {
+        return said[static_cast<std::size_t>(figures::find(key) - figures::all().data())];
+    }
+    const HM16_Functions functions = noting();
+    LoadedDriver driver{functions, [](const char* id) -> const void* {
+                            return std::string(id) == HM16_FIGURES ? &kSlots : nullptr;
+                        }};
+};
+
+TEST_F(LoadedSlots, SayNothingBeforeTheFirstOne) {
+    EXPECT_EQ(driver.states(), std::nullopt);
+}
+
+TEST_F(LoadedSlots, SayTheStatesOfTheNewestByTheFiguresKeys) {
+    slotLibrary.kept = {slotSaying(4, {HM16_KNOWN, HM16_SETTLING, HM16_SETTLING}),
+                        slotSaying(5, {HM16_GAP, HM16_KNOWN, HM16_NO_PILOT})};
+    const auto said = driver.states();
+    ASSERT_TRUE(said);
+    EXPECT_EQ(stateIn(*said, "field"), figures::State::Known);
+    EXPECT_EQ(stateIn(*said, "pilot_error"), figures::State::NoPilot);
+    EXPECT_EQ(stateIn(*said, "distortion"), std::nullopt) << "the library does not have it";
+}
+
+TEST_F(LoadedSlots, AreReadOnceEachAndTheLastStands) {
+    for (uint64_t number = 0; number < 30; ++number) {
+        slotLibrary.kept.push_back(slotSaying(number, {0, HM16_TOO_NOISY, 0}));
+    }
+    EXPECT_EQ(stateIn(*driver.states(), "field"), figures::State::TooNoisy);
+    EXPECT_EQ(slotLibrary.copies, 30);
+    EXPECT_EQ(stateIn(*driver.states(), "field"), figures::State::TooNoisy);
+    EXPECT_EQ(slotLibrary.copies, 30);
+    slotLibrary.kept = {slotSaying(30, {0, HM16_MULTIPATH, 0})};
+    EXPECT_EQ(stateIn(*driver.states(), "field"), figures::State::Multipath);
+}
+
+TEST_F(LoadedSlots, OfANumberThatIsNoStateAreNotMeasured) {
+    slotLibrary.kept = {slotSaying(0, {0, 13, 255})};
+    EXPECT_EQ(stateIn(*driver.states(), "field"), figures::State::NotMeasured);
+    EXPECT_EQ(stateIn(*driver.states(), "pilot_error"), figures::State::NotMeasured);
+}
+
+TEST_F(LoadedSlots, OfTheStationBeforeSayNothingOfTheNextOne) {
+    slotLibrary.kept = {slotSaying(0, {0, HM16_KNOWN, 0}), slotSaying(1, {0, HM16_KNOWN, 0})};
+    ASSERT_TRUE(driver.states());
+    slotLibrary.kept.push_back(slotSaying(2, {0, HM16_KNOWN, 0}));
+    driver.HM_Normal(1025, 0, 0, 0, 0);
+    EXPECT_EQ(driver.states(), std::nullopt);
+    slotLibrary.kept.push_back(slotSaying(3, {0, HM16_SETTLING, 0}));
+    EXPECT_EQ(stateIn(*driver.states(), "field"), figures::State::Settling);
+}
+
+TEST_F(LoadedSlots, BeginAnewWhenTheUnitIsOpenedAnew) {
+    slotLibrary.kept = {slotSaying(900, {0, HM16_KNOWN, 0})};
+    ASSERT_TRUE(driver.states());
+    driver.HM_Init();
+    slotLibrary.kept.clear();
+    EXPECT_EQ(driver.states(), std::nullopt);
+    slotLibrary.kept = {slotSaying(0, {0, HM16_SETTLING, 0})};
+    EXPECT_EQ(stateIn(*driver.states(), "field"), figures::State::Settling);
 }
 
 TEST(NoLibraryTest, EveryCallGivesZeroAndLeavesItsOutputsAlone) {

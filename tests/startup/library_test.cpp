@@ -54,7 +54,9 @@ class InstalledRack {
     void start() {
         library = hm16::Library::load(folder.path());
         if (library.library) {
-            driver = std::make_unique<LoadedDriver>(library.library->functions());
+            driver = std::make_unique<LoadedDriver>(
+                library.library->functions(), reinterpret_cast<HM16_ExtensionFunction>(
+                                                  library.library->extra(HM16_EXTENSION_NAME)));
         } else {
             driver = std::make_unique<NoLibrary>();
         }
@@ -104,6 +106,26 @@ TEST(OnALibrary, TheSimulatedUnitMakesTheInstalledRackLive) {
     EXPECT_GT(modulation, 30);
     EXPECT_LT(modulation, 115);
     EXPECT_TRUE(rack.desktop.boxes.empty());
+}
+
+TEST(OnALibrary, ItsSlotsSayWhyAFigureIsNotKnown) {
+    InstalledRack rack;
+    rack.put(HM16_SIMULATED);
+    rack.start();
+    DriverDoor& door = rack.program->driver;
+    door.HM_Parar();
+    door.HM_Normal(876, 0, 0, 0, 0);  // nobody sends there
+    for (int i = 0; i < 5000 && !rack.driver->states(); ++i) std::this_thread::sleep_for(1ms);
+    door.HM_Data();
+    const Measured measured = door.measured();
+    const auto stateOf = [&measured](const char* key) {
+        return measured
+            .states[static_cast<std::size_t>(figures::find(key) - figures::all().data())];
+    };
+    EXPECT_EQ(stateOf("field"), figures::State::Known);
+    EXPECT_EQ(stateOf("rds_level"), figures::State::NoCarrier) << "by the rule 0 would be known";
+    EXPECT_EQ(stateOf("level_left"), figures::State::NoCarrier);
+    EXPECT_EQ(stateOf("level_sum"), figures::State::NotMeasured) << "not in this audio mode";
 }
 
 TEST(OnALibrary, AUnitOfVersionZeroBringsTheOffer) {

@@ -30,6 +30,7 @@ struct ScriptedDriver : DriverLibrary {
     std::deque<int> frames;           ///< one each HM_TramaEspectroRecibida; when used up, 0
     std::map<float, float> spectrum;  ///< HM_GetEspectro by frequency; floorLevel elsewhere
     float floorLevel = 12;
+    std::optional<SaidStates> said;          ///< of the newest slot; nothing: a library without
     std::optional<Sound> loudspeakers;       ///< nothing: a library that does not play
     std::function<void(float)> duringSuper;  ///< what else happens while a level is measured
     std::function<void()> duringNormal;
@@ -63,6 +64,7 @@ struct ScriptedDriver : DriverLibrary {
     std::int32_t HM_setSintoMode(std::int32_t mode) override;
     std::int32_t HM_getHardwareVersion(float& version) override;
     std::int32_t HM_getDriverVersion(float& version) override;
+    std::optional<SaidStates> states() override { return said; }
     std::optional<Sound> sound() override { return loudspeakers; }
     void setSound(int volume, bool muted) override;
 
