@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Whole programs stand side by side in one process: nothing of the program is kept in a variable
+// that the process has once, and nothing looks at the process's own folder.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <regex>
+#include <string>
+
+#include "tests/architecture/source_tree.h"
+
+namespace hmonitor::test {
+namespace {
+
+/// Part of what stands in a process several times; a driver library is loaded once.
+bool isOfTheProgram(const SourceFile& file) {
+    for (const char* folder : {"tests", "bench", "drivers"}) {
+        if (file.isUnder(folder)) return false;
+    }
+    return true;
+}
+
+/// A variable with a place of its own for the whole run that can change: "static int seen", and
+/// at the left margin, where a namespace's own lines stand, "int seen = 0;".
+bool keepsState(const std::string& line) {
+    static const std::regex kStatic(
+        R"(^\s*(inline\s+)?(static|thread_local)\s+(?!const\b|constexpr|constinit const|inline const))"
+        R"((?!.*\)\s*(const\s*)?(noexcept\s*)?[;{]?$)(?!.*\($)(?!.*,$)[^(]*(=|\{|;))");
+    static const std::regex kGlobal(
+        R"(^(?!using|namespace|class|struct|enum|template|extern|friend|typedef|return|static_assert)"
+        R"(|const\b|constexpr|inline const|case|public|private|protected|else|break|goto|throw)\b)"
+        R"([A-Za-z_][\w:<>,*& ]*\s+\w+(\[\w*\])?(\s*=.*|\{.*\})?;)");
+    // Most lines are neither: a search costs more than all else of this test.
+    const auto has = [&line](const char* word) { return line.find(word) != std::string::npos; };
+    if ((has("static ") || has("thread_local ")) && std::regex_search(line, kStatic)) return true;
+    return line.ends_with(';') && !line.starts_with(' ') && std::regex_search(line, kGlobal);
+}
+
+TEST(ProcessState, IsToldFromWhatDoesNotChange) {
+    for (const char* line :
+         {"    static int seen = 0;", "static std::map<int, int> made;", "int seen = 0;",
+          "std::vector<int> seen;", "thread_local int depth = 0;", "    static bool done{false};",
+          "inline static int seen = 0;", "char buffer[20];"}) {
+        EXPECT_TRUE(keepsState(line)) << line;
+    }
+    for (const char* line :
+         {"    static const Faces faces;", "    static constexpr int kShapes = 16;",
+          "    static float limitOf(figures::Output output);", "    static bool of() { return 1; }",
+          "constexpr int kA = 1;", "const int kB = 2;", "using std::string;", "class Form;",
+          "    static QString find(const QDir& folder, const QString& name);", "    int seen = 0;",
+          "template MadeForm makeForm(Program&, Slot<Form1>&);",
+          "    static std::unique_ptr<TuningPanels> rackPanels(Program& program);",
+          "bool Form::loaded() const {", "inline constexpr int kC = 3;", "static_assert(true);"}) {
+        EXPECT_FALSE(keepsState(line)) << line;
+    }
+}
+
+TEST(ProcessState, IsKeptByNothingOfTheProgram) {
+    std::size_t seen = 0;
+    for (const SourceFile& file : sourceFiles()) {
+        if (!isOfTheProgram(file)) continue;
+        ++seen;
+        for (std::size_t i = 0; i < file.lines.size(); ++i) {
+            EXPECT_FALSE(keepsState(file.lines[i])) << file.at(i) << ": " << file.lines[i];
+        }
+    }
+    EXPECT_GT(seen, 200u) << "the program's files were not found";
+}
+
+/// Its start makes the program's folder the process's, for the driver library.
+bool isTheStart(const SourceFile& file) {
+    return file.path == "app/main.cpp";
+}
+
+TEST(ProcessState, OfTheCurrentFolderIsAskedByNothing) {
+    constexpr const char* kAsks[] = {"current_path()", "QDir::current", "getcwd",
+                                     "filesystem::absolute("};
+    constexpr const char* kSets[] = {"current_path(", "setCurrent(", "chdir("};
+    const auto has = [](const std::string& line, const auto& words) {
+        return std::ranges::any_of(
+            words, [&](const char* word) { return line.find(word) != std::string::npos; });
+    };
+    int sets = 0;
+    for (const SourceFile& file : sourceFiles()) {
+        if (!isOfTheProgram(file)) continue;
+        for (std::size_t i = 0; i < file.lines.size(); ++i) {
+            EXPECT_FALSE(has(file.lines[i], kAsks)) << file.at(i);
+            if (!has(file.lines[i], kSets)) continue;
+            ++sets;
+            EXPECT_TRUE(isTheStart(file)) << file.at(i);
+        }
+    }
+    EXPECT_EQ(sets, 1) << "the start's own was not found";
+}
+
+}  // namespace
+}  // namespace hmonitor::test
