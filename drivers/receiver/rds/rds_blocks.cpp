@@ -143,7 +143,7 @@ bool RdsBlocks::possible(RdsOffset offset) const {
     return (offset == RdsOffset::CPrime) == ((second.information >> kVersionBit & 1U) != 0);
 }
 
-RdsBlock RdsBlocks::mended() const {
+RdsBlock RdsBlocks::mended() {
     // Where no block around this one is faultless, it may well stand elsewhere; and any third
     // stretch of 26 bits is a burst away from some block.
     if (!anyFits(-kBehind, kAhead - 1)) return {};
@@ -151,17 +151,24 @@ RdsBlock RdsBlocks::mended() const {
     for (const RdsOffset offset : kOffsetsOf[next_.place]) {
         const std::uint32_t burst =
             rdsBurst(rdsRemainder(block) ^ kRdsOffsetWords[static_cast<std::size_t>(offset)]);
-        if (burst == 0 || !possible(offset) || !believable(burst)) continue;
+        if (burst == 0 || !possible(offset)) continue;
+        const Support support = supportFor(burst);
+        if (support == Support::Against) continue;
         const auto length = std::bit_width(burst) - std::countr_zero(burst);
-        return {RdsBlockState::Corrected, informationOf(block ^ burst),
-                static_cast<std::uint8_t>(length), offset};
+        const std::uint16_t information = informationOf(block ^ burst);
+        const bool doubtful = sinceLost_ < kQuiet && support == Support::None;
+        if (doubtful && !cameBefore(information)) {
+            if (length == 1) remember(information);
+            continue;
+        }
+        return {RdsBlockState::Corrected, information, static_cast<std::uint8_t>(length), offset};
     }
     return {};
 }
 
 // Noise turns round what is weak. A burst of strong bits beside weaker ones that stay is no
 // explanation, unless all are strong: then the errors were sent.
-bool RdsBlocks::believable(std::uint32_t burst) const {
+RdsBlocks::Support RdsBlocks::supportFor(std::uint32_t burst) const {
     constexpr float kWeak = 0.5F;  // against the middle one of all
     std::array<float, kRdsBlockBits> strengths{};
     float strongest = 0;
@@ -179,11 +186,26 @@ bool RdsBlocks::believable(std::uint32_t burst) const {
     }
     const auto middle = strengths.begin() + kRdsBlockBits / 2;
     std::nth_element(strengths.begin(), middle, strengths.end());
-    return weakestKept >= kWeak * *middle || strongest <= kWeak * *middle ||
-           strongest <= 2 * weakestKept;
+    if (strongest <= kWeak * *middle) return Support::For;
+    const bool strong = weakestKept >= kWeak * *middle || strongest <= 2 * weakestKept;
+    return strong ? Support::None : Support::Against;
+}
+
+bool RdsBlocks::cameBefore(std::uint16_t information) const {
+    const auto& all = seen_[next_.place];
+    const std::size_t count = std::min(seenCount_[next_.place], all.size());
+    return std::find(all.begin(), all.begin() + static_cast<std::ptrdiff_t>(count), information) !=
+           all.begin() + static_cast<std::ptrdiff_t>(count);
+}
+
+void RdsBlocks::remember(std::uint16_t information) {
+    std::size_t& count = seenCount_[next_.place];
+    seen_[next_.place][count++ % kRemembered] = information;
 }
 
 void RdsBlocks::deliver(const RdsBlock& block) {
+    sinceLost_ = block.state == RdsBlockState::Lost ? 0 : std::min(sinceLost_ + 1, kQuiet);
+    if (block.state == RdsBlockState::Good) remember(block.information);
     lostInRow_ = block.state == RdsBlockState::Lost ? lostInRow_ + 1 : 0;
     if (block.state == RdsBlockState::Good) ++good_;
     if (block.state == RdsBlockState::Corrected) ++corrected_;

@@ -15,6 +15,10 @@ namespace hm16::receiver {
 // came twice. In the first case the blocks behind it stand where they should, and a short burst in
 // it is corrected; in the second two of them stand elsewhere in the right distance, and decoding
 // goes on there. So a slip costs the block that it happened in.
+//
+// Errors further apart than a burst may look like another burst. Where blocks get lost, a
+// correction that the bits' strengths do not speak for counts only if the same information came
+// before, faultlessly or with one wrong bit: broadcasters send nearly all of it over and over.
 class RdsBlocks {
  public:
     explicit RdsBlocks(std::function<void(const RdsGroup&)> onGroup)
@@ -43,6 +47,8 @@ class RdsBlocks {
     };
 
     static constexpr std::size_t kKept = 256;
+    static constexpr std::size_t kRemembered = 256;  // groups: 22 seconds
+    static constexpr unsigned kQuiet = 200;          // blocks without a lost one: four seconds
 
     const Received& at(std::uint64_t bit) const { return received_[bit % kKept]; }
     bool fits(std::uint64_t end, unsigned place) const;
@@ -53,9 +59,13 @@ class RdsBlocks {
     bool decide();
     void slipTo(const Alignment& to);
     RdsBlock faultless() const;
-    RdsBlock mended() const;
+    RdsBlock mended();
     bool possible(RdsOffset offset) const;
-    bool believable(std::uint32_t burst) const;
+    // What the strengths of a block's bits say of a burst in it.
+    enum class Support { Against, None, For };
+    Support supportFor(std::uint32_t burst) const;
+    bool cameBefore(std::uint16_t information) const;
+    void remember(std::uint16_t information);
     void deliver(const RdsBlock& block);
     void lose();
 
@@ -67,6 +77,9 @@ class RdsBlocks {
     bool synchronized_ = false;
     Alignment next_{0, 0};  // the block that is decided next
     unsigned lostInRow_ = 0;
+    unsigned sinceLost_ = kQuiet;  // blocks, at most kQuiet
+    std::array<std::array<std::uint16_t, kRemembered>, kRdsBlocks> seen_{};  // by their places
+    std::array<std::size_t, kRdsBlocks> seenCount_{};
     RdsGroup group_;
     std::uint64_t groups_ = 0;
 

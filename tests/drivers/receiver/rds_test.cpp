@@ -118,6 +118,56 @@ TEST(RdsDecoder, DoesNotTurnRoundStrongBitsBesideWeakOnes) {
     }
 }
 
+// Two errors further apart than a burst look like another burst now and then. Where blocks get lost
+// that is likely, and only what came before is believed; without lost blocks a burst is.
+TEST(RdsDecoder, WhereBlocksGetLostABurstCountsOnlyIfItSaysWhatCameBefore) {
+    const auto once = rdsBits(plan());
+    // Of the pairs of errors in block 3 of group 4 those that look like a burst.
+    const auto wrongAfter = [&](bool lostBefore, bool cameBefore) {
+        int wrong = 0;
+        for (std::size_t first = 0; first < kRdsBlockBits; ++first) {
+            for (std::size_t second = first + 6; second < kRdsBlockBits; ++second) {
+                std::vector<bool> bits;
+                if (cameBefore) bits = once;
+                const std::size_t groups = bits.size() / kGroupBits;
+                bits.insert(bits.end(), once.begin(), once.end());
+                // Seven wrong bits in a row are no burst that can be corrected.
+                if (lostBefore)
+                    for (std::size_t n = 0; n < 26; n += 4) bits[startOf(groups + 2, 1) + n].flip();
+                bits[startOf(groups + 4, 2) + first].flip();
+                bits[startOf(groups + 4, 2) + second].flip();
+                KeptGroups sent;
+                sent.add(once);
+                KeptGroups kept;
+                kept.add(bits);
+                const RdsBlock& block = kept.groups.at(groups + 4).blocks[2];
+                wrong += block.state == RdsBlockState::Corrected &&
+                                 block.information != sent.groups[4].blocks[2].information
+                             ? 1
+                             : 0;
+            }
+        }
+        return wrong;
+    };
+    const int careless = wrongAfter(false, false);
+    EXPECT_GE(careless, 40);
+    EXPECT_LE(wrongAfter(true, false), careless / 20);
+    // A burst of five that says what came before is corrected there, too.
+    for (const bool known : {false, true}) {
+        std::vector<bool> bits;
+        if (known) bits = once;
+        const std::size_t groups = bits.size() / kGroupBits;
+        bits.insert(bits.end(), once.begin(), once.end());
+        for (std::size_t n = 0; n < 26; n += 4) bits[startOf(groups + 2, 1) + n].flip();
+        bits[startOf(groups + 3, 3) + 5].flip();
+        bits[startOf(groups + 3, 3) + 9].flip();
+        KeptGroups kept;
+        kept.add(bits);
+        const RdsBlock& block = kept.groups.at(groups + 3).blocks[3];
+        EXPECT_EQ(block.state, known ? RdsBlockState::Corrected : RdsBlockState::Lost);
+    }
+}
+
 // Wherever in a block a bit is left out or comes twice, that block is lost and no other.
 TEST(RdsDecoder, ASlipCostsTheBlockThatItHappensIn) {
     const auto bits = rdsBits(plan());
