@@ -30,6 +30,10 @@ constexpr double kMostDoubtHz = 5000;
 constexpr double kMuchStronger = 4;
 constexpr double kMostDoubtBesideStrongHz = 2500;
 
+// From here on echoes make a peak wrong by 3 kHz or more, and what is heard of separation, noise
+// and distortion is their own.
+constexpr double kMostMultipathPercent = 6;
+
 // A neighbour within these 200 kHz away beats with the carrier inside the multiplex.
 constexpr double kNeighbourNarrow = 0.04;
 constexpr double kNeighbourWide = 0.03;
@@ -141,12 +145,17 @@ void StationChain::pushComposite(std::span<const Sample> samples) {
     compositeFilter_.process(real_, composite_);
 }
 
-void StationChain::spoil(std::uint64_t from, std::uint64_t to, std::uint64_t lostSamples) {
-    ++disturbances_.gaps;
-    disturbances_.lostSamples += lostSamples;
+void StationChain::spoil(std::uint64_t from, std::uint64_t to, std::uint64_t lostSamples,
+                         Missing why) {
+    const bool away = why == Missing::Away;
+    if (!away) {
+        ++disturbances_.gaps;
+        disturbances_.lostSamples += lostSamples;
+    }
     if (lostSamples == 0) splice(from);
     if (settings_.domain == Domain::Composite) {
         spoilt_.add(from, to);
+        if (away) away_.add(from, to);
         return;
     }
     // The moment of the channel's sample `from` comes out of its filter as number `from - delay`;
@@ -154,7 +163,10 @@ void StationChain::spoil(std::uint64_t from, std::uint64_t to, std::uint64_t los
     const bool narrow = filter_.width() == ChannelWidth::Narrow;
     const std::uint64_t before = narrow ? filter_.length() : filter_.delay() + 1;
     const std::uint64_t behind = narrow ? 0 : filter_.delay();
-    spoilt_.add(from > before ? from - before : 0, to > behind ? to - behind + 1 : 1);
+    const std::uint64_t first = from > before ? from - before : 0;
+    const std::uint64_t end = to > behind ? to - behind + 1 : 1;
+    spoilt_.add(first, end);
+    if (away) away_.add(first, end);
 }
 
 void StationChain::watchBlocks() {
@@ -257,12 +269,13 @@ void StationChain::addPilot(std::span<const float> composite) {
 }
 
 // In the multiplex's time; only what is as long as `leastSeconds` counts.
-bool StationChain::spoiltBetween(double fromSeconds, double toSeconds, double leastSeconds) const {
+bool StationChain::liesBetween(const SpoiltSamples& spans, double fromSeconds, double toSeconds,
+                               double leastSeconds) const {
     const auto place = [this](double seconds) {
         return static_cast<std::uint64_t>(std::max(0.0, seconds * rates_.channel));
     };
-    return spoilt_.touchesLonger(place(fromSeconds), place(toSeconds) + demodulator_.length(),
-                                 place(leastSeconds));
+    return spans.touchesLonger(place(fromSeconds), place(toSeconds) + demodulator_.length(),
+                               place(leastSeconds));
 }
 
 void StationChain::endSlot() {
@@ -273,6 +286,7 @@ void StationChain::endSlot() {
     const double length = static_cast<double>(slotLength_) / rates_.composite;
     const double now = static_cast<double>(slots_) * length;
     slot_.spoilt = spoiltBetween(now - length, now);
+    slot_.away = liesBetween(away_, now - length, now);
     spoiltSlots_ = slot_.spoilt ? spoiltSlots_ + 1 : 0;
     // Where every slot is spoilt, what is left of them must do.
     standing_ = slot_.spoilt && spoiltSlots_ <= kMostSpoiltSlots;
@@ -283,7 +297,9 @@ void StationChain::endSlot() {
     settleSlot(moments, now);
     settleAudio();
     while (!splices_.empty() && splices_.front() < now - 1) splices_.pop_front();
-    spoilt_.forget(static_cast<std::uint64_t>(std::max(0.0, now - 1) * rates_.channel));
+    const auto past = static_cast<std::uint64_t>(std::max(0.0, now - 1) * rates_.channel);
+    spoilt_.forget(past);
+    away_.forget(past);
     slot_.number = slots_ - 1;
     slot_.endSeconds =
         now + (demodulator_.delay() + static_cast<double>(filter_.delay()) + 0.5) / rates_.channel +
@@ -307,6 +323,7 @@ void StationChain::settleRadio() {
         power > 0 ? std::max(0.0, 10 * std::log10(power) + settings_.dbuvAtFullScale) : 0;
     peakNoise_.endSlot();
     figures_.multipathPercent = multipath_.percent();
+    watch_.setEchoes(figures_.multipathPercent > kMostMultipathPercent);
     multipath_.endSlot();
     chooseWidth();
     if (figures_.carrier && sinceWidth_ > kSettling + kSteadySlots) recentre();
@@ -328,7 +345,8 @@ void StationChain::settleSlot(const SlotMoments& moments, double now) {
     // Asked each time: what a change of the filter shows is no doubt of the slots behind it.
     const bool hidden = band && peakHidden();
     if (settled && !standing_) tooNoisy_ = hidden;
-    if (tooNoisy_) figures_.peakHz = 0;
+    // Beside a strong neighbour the good samples of a spoilt slot are no better than the others.
+    if (tooNoisy_ || (standing_ && figures_.narrow && hidden)) figures_.peakHz = 0;
     settlePilot(now);
     settlePower();
     peaks_.add(settled ? figures_.peakHz : 0);
@@ -436,7 +454,7 @@ void StationChain::settleAudio() {
         std::fill(right_.begin(), right_.end(), 0.0F);
     }
     // What a carrier beside its frequency leaves: a constant that would count in every power.
-    const auto constant = static_cast<float>(figures_.carrierHz);
+    const auto constant = static_cast<float>(figures_.carrierHz * decoder_.constantGain());
     for (float& value : left_) value -= constant;
     for (float& value : right_) value -= constant;
     if (onSound_) onSound_(left_, right_);
@@ -464,6 +482,7 @@ void StationChain::settleAudio() {
 
 FigureStates StationChain::states() const {
     using enum FigureState;
+    if (slot_.away) return allFigures(UnitAway);
     if (slot_.spoilt) return allFigures(Gap);
     if (!figures_.carrier) return {};
     FigureStates states = allFigures(Known);
@@ -480,6 +499,10 @@ FigureStates StationChain::states() const {
     states.rdsError = knownIf(figures_.rds, NoCarrier);
     if (settings_.domain == Domain::Composite) states.field = states.multipath = NotMeasured;
     if (carrierSlots_ < kFewestForAudio) states.levels = Settling;
+    if (figures_.multipathPercent > kMostMultipathPercent)
+        for (FigureState* state : {&states.peak, &states.noise, &states.separationLeft,
+                                   &states.separationRight, &states.distortion})
+            if (*state == Known) *state = Multipath;
     return states;
 }
 

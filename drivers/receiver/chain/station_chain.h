@@ -56,8 +56,10 @@ class StationChain {
 
     // Says beforehand that the channel's samples [from, to), counted since the chain began, are
     // missing or made up, and how many of the source that were; 0 when nobody knows how many. An
-    // empty stretch is a place where some are missing.
-    void spoil(std::uint64_t from, std::uint64_t to, std::uint64_t lostSamples);
+    // empty stretch is a place where some are missing. What is missing because the radio was away
+    // counts as no disturbance.
+    void spoil(std::uint64_t from, std::uint64_t to, std::uint64_t lostSamples,
+               Missing why = Missing::Lost);
 
     const Figures& figures() const { return figures_; }
 
@@ -97,7 +99,11 @@ class StationChain {
     void takeComposite(std::span<const float> composite);
     void addPilot(std::span<const float> composite);
     void splice(std::uint64_t place);
-    bool spoiltBetween(double fromSeconds, double toSeconds, double longestSeconds = 0) const;
+    bool liesBetween(const SpoiltSamples& spans, double fromSeconds, double toSeconds,
+                     double leastSeconds = 0) const;
+    bool spoiltBetween(double fromSeconds, double toSeconds, double leastSeconds = 0) const {
+        return liesBetween(spoilt_, fromSeconds, toSeconds, leastSeconds);
+    }
     void endSlot();
     void settleRadio();
     void settleSlot(const SlotMoments& moments, double now);
@@ -132,6 +138,7 @@ class StationChain {
 
     CarrierWatch watch_;
     SpoiltSamples spoilt_;
+    SpoiltSamples away_;          // those of the spoilt ones at which the radio was away
     std::deque<double> splices_;  // where an unknown number is missing, in the multiplex's time
     Disturbances disturbances_;
     bool inGap_ = false;

@@ -50,10 +50,14 @@ std::vector<double> audioTaps(const Rates& rates, double deemphasisUs) {
 }  // namespace
 
 StereoDecoder::StereoDecoder(const Rates& rates, double deemphasisUs)
+    : StereoDecoder(rates, audioTaps(rates, deemphasisUs)) {}
+
+StereoDecoder::StereoDecoder(const Rates& rates, const std::vector<double>& audioTaps)
     : rates_(rates),
+      constantGain_(gainOf(audioTaps, rates.audio, 0)),
       sumFilter_(audioBandTaps(rates), rates.audioStep),
       differenceFilter_(audioBandTaps(rates), rates.audioStep, kDifferenceHz / rates.composite),
-      leftFilter_(audioTaps(rates, deemphasisUs), 1),
+      leftFilter_(audioTaps, 1),
       rightFilter_(leftFilter_) {}
 
 void StereoDecoder::add(std::span<const float> composite) {

@@ -27,14 +27,19 @@ class StereoDecoder {
     // Time (seconds) of the oldest sample that waits.
     double nextSeconds() const;
 
+    // What becomes of a constant of the multiplex in left and right, as a factor.
+    double constantGain() const { return constantGain_; }
+
     // Decodes what lies before `until` with a steady pilot's line; without one, as mono.
     void decode(double until, const PilotLine& line, std::vector<float>& left,
                 std::vector<float>& right);
 
  private:
+    StereoDecoder(const Rates& rates, const std::vector<double>& audioTaps);
     double secondsOf(std::size_t index) const;
 
     Rates rates_;
+    double constantGain_;
     RealDecimator sumFilter_;
     BandDecimator differenceFilter_;
     RealDecimator leftFilter_;

@@ -42,15 +42,18 @@ void TunedStation::push(std::span<const Sample> samples) {
     }
 }
 
-std::uint64_t TunedStation::lose(std::uint64_t count) {
-    const auto most = static_cast<std::uint64_t>(kLongestGapSeconds * rates_.source);
-    const std::uint64_t filled = std::min(count, most);
+std::uint64_t TunedStation::longestGap() const {
+    return static_cast<std::uint64_t>(kLongestGapSeconds * rates_.source);
+}
+
+std::uint64_t TunedStation::lose(std::uint64_t count, Missing why) {
+    const std::uint64_t filled = std::min(count, longestGap());
     const std::uint64_t to = taken_ + filled;
     if (domain_ == Domain::Band) {
         const FrontEnd::Reach reach = frontEnd_.reach(taken_, to);
-        chain_.spoil(reach.from, reach.to, count);
+        chain_.spoil(reach.from, reach.to, count, why);
     } else {
-        chain_.spoil(taken_, to, count);
+        chain_.spoil(taken_, to, count, why);
     }
     const std::vector<Sample> nothing(static_cast<std::size_t>(filled));
     push(nothing);

@@ -25,7 +25,10 @@ class TunedStation {
     // Says that samples were lost in front of those that come next: `count` of them, whose time
     // passes all the same, or 0 when nobody knows how many. Of a long gap half a second passes;
     // gives how many samples more there were.
-    std::uint64_t lose(std::uint64_t count);
+    std::uint64_t lose(std::uint64_t count, Missing why = Missing::Lost);
+
+    // So many samples of a long gap pass.
+    std::uint64_t longestGap() const;
 
     StationChain& chain() { return chain_; }
     const StationChain& chain() const { return chain_; }

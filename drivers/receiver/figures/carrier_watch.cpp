@@ -11,7 +11,13 @@ namespace {
 constexpr std::size_t kKept = 500;       // blocks: half a second or more
 constexpr std::size_t kFewestKept = 20;  // before anything can stand out of them
 constexpr float kStandsOut = 2.5F;       // times the middle spike
-constexpr std::size_t kMostBursts = 3;   // more of them are how this air is
+
+// More blocks with one are how this air is.
+constexpr std::size_t kMostBursts = 100;
+// Behind so many only what stands so much further out is one: what is left may belong to the
+// signal.
+constexpr std::size_t kDoubtfulBursts = 3;
+constexpr float kFurtherOut = 4;
 
 // The envelope of a burst: under this share of where the middle block has its lowest, or as much
 // further over its mean.
@@ -96,7 +102,8 @@ CarrierWatch::Finding CarrierWatch::judged(const Block& block) {
     without_ = 0;
     if (middleMean_ <= 0 || burstsKept_ > kMostBursts) return Finding::Carrier;
     // In noise nothing stands out.
-    if (bursts_ == Bursts::NotSought || middleRoughness_ >= kGoodAir) return Finding::Carrier;
+    if (bursts_ == Bursts::NotSought || echoes_ || middleRoughness_ >= kGoodAir)
+        return Finding::Carrier;
     limits_ = limitsFor(block);
     const bool outstanding = block.spike > limits_.spike || block.lowest < limits_.lowest ||
                              block.highest > limits_.highest;
@@ -108,8 +115,9 @@ CarrierWatch::Limits CarrierWatch::limitsFor(const Block& block) {
     const float spike = std::max(middleSpike_, middleOf(spikes_, kFewestKept));
     const float lowest = std::min(middleLowest_, middleOf(lowest_, kFewestKept));
     const float highest = std::max(middleHighest_, middleOf(highest_, kFewestKept));
-    return {std::max(leastSpikeHz_, kStandsOut * spike), mean * kDeep * lowest,
-            mean * (1 + kHigh * (highest - 1) + kHighAnyway)};
+    const float out = burstsKept_ > kDoubtfulBursts ? kFurtherOut : 1;
+    return {out * std::max(leastSpikeHz_, kStandsOut * spike), mean * kDeep * lowest / out,
+            mean * (1 + out * (kHigh * (highest - 1) + kHighAnyway))};
 }
 
 CarrierWatch::Look CarrierWatch::look(const float* frequency, const float* envelope) {

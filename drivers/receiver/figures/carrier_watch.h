@@ -48,6 +48,9 @@ class CarrierWatch {
         bursts_ = bursts;
     }
 
+    // Strong echoes take the carrier through nulls that look like bursts: then none are sought.
+    void setEchoes(bool strong) { echoes_ = strong; }
+
     // `frequency` and `envelope` point to a block's first sample, with kBeside more on each side.
     Look look(const float* frequency, const float* envelope);
 
@@ -83,6 +86,7 @@ class CarrierWatch {
 
     double roughening_;
     Bursts bursts_ = Bursts::Sought;
+    bool echoes_ = false;
     float leastSpikeHz_;
     double roughSum_ = 0;
     double meanSum_ = 0;

@@ -137,11 +137,6 @@ double Multipath::percent() const {
     return all.mean > 0 ? 100 * std::sqrt(all.between) / all.mean : 0;
 }
 
-double Multipath::roughness() const {
-    const Moments all = momentsOf(delays_[best_].bins);
-    return all.mean > 0 ? all.within / (all.mean * all.mean) : 1;
-}
-
 double Multipath::delaySeconds() const {
     return static_cast<double>((best_ + 1) * kStep) / rateHz_;
 }

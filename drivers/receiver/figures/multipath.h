@@ -33,10 +33,6 @@ class Multipath {
 
     double percent() const;
 
-    // Variation of the envelope at equal deviation, as a share of the mean envelope squared: noise
-    // and neighbours. 0 is a clean carrier, 0.27 noise without any.
-    double roughness() const;
-
     // Delay in seconds that explains most.
     double delaySeconds() const;
 

@@ -8,4 +8,16 @@ FigureStates allFigures(FigureState state) {
             state, state, state, state, state, state, state};
 }
 
+FigureStates unknownBecause(const FigureStates& states, FigureState why) {
+    FigureStates result = states;
+    for (FigureState FigureStates::*const state :
+         {&FigureStates::peak, &FigureStates::levels, &FigureStates::power,
+          &FigureStates::pilotError, &FigureStates::pilotLevel, &FigureStates::noise,
+          &FigureStates::separationLeft, &FigureStates::separationRight, &FigureStates::distortion,
+          &FigureStates::carrier, &FigureStates::field, &FigureStates::multipath,
+          &FigureStates::peaksPerMinute, &FigureStates::rdsError, &FigureStates::rdsLevel})
+        if (result.*state == FigureState::Known) result.*state = why;
+    return result;
+}
+
 }  // namespace hm16::receiver

@@ -14,8 +14,11 @@ enum class FigureState : std::uint8_t {
     Settling = 1,      // not long enough measured
     NoCarrier = 2,     // no station, or not the subcarrier that the figure is about
     TooNoisy = 3,      // noise or a neighbour hides it
+    Multipath = 4,     // echoes hide it
     NoPilot = 5,       // a figure of stereo, on a station without a pilot
+    Overload = 6,      // the samples stand at the converter's end
     Gap = 7,           // samples were lost or spoilt
+    UnitAway = 8,      // the radio was tuned elsewhere meanwhile
     NotMeasured = 10,  // not on this programme
 };
 
@@ -43,6 +46,15 @@ struct FigureStates {
 // All states alike.
 FigureStates allFigures(FigureState state);
 
+// The same states, but what was known is not any more because of `why`.
+FigureStates unknownBecause(const FigureStates& states, FigureState why);
+
+// Why samples of a stretch are not there.
+enum class Missing {
+    Lost,  // by a radio or a machine
+    Away,  // the radio was tuned elsewhere on purpose
+};
+
 // Samples that a radio or a machine lost or spoilt, told from the signal or by the source.
 struct Disturbances {
     std::uint64_t gaps = 0;         // times that samples or the carrier were missing for a moment
@@ -57,6 +69,7 @@ struct StationSlot {
     std::uint64_t number = 0;  // slots since the chain began
     double endSeconds = 0;     // the signal's time since the chain began, lost samples counted
     bool spoilt = false;       // a gap or a burst lies in it: its figures are those before
+    bool away = false;         // and the radio was tuned elsewhere
     Figures figures;
     FigureStates states;
 };

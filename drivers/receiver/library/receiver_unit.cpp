@@ -46,6 +46,9 @@ void ReceiverUnit::tuneStation(double hz) {
     heard_ = {};
     disturbances_ = {};
     missed_ = 0;
+    longAway_ = false;
+    input_ = {};
+    overloaded_ = 0;
     station_.reset();
     resampler_.reset();
     if (!signal_.covers(hz) || signal_.ended()) return;

@@ -14,6 +14,7 @@
 #include "drivers/receiver/chain/sound_resampler.h"
 #include "drivers/receiver/chain/tuned_station.h"
 #include "drivers/receiver/dsp/sample_balance.h"
+#include "drivers/receiver/figures/input_load.h"
 #include "drivers/receiver/figures/response_tones.h"
 #include "drivers/receiver/figures/ring.h"
 #include "drivers/receiver/library/band_meter.h"
@@ -80,8 +81,12 @@ class ReceiverUnit : public Unit {
     void comeBack();
     void tuneStation(double hz);
     void hear(std::span<const Sample> samples, std::span<const Loss> losses);
-    void lose(std::uint64_t count);
+    void miss(std::uint64_t count);
+    void missNoMore();
+    void lose(std::uint64_t count, Missing why);
+    void tellAway(std::uint64_t slots);
     void takeSlot(const StationSlot& slot);
+    void putSlot(const StationSlot& slot);
     void takeGroup(const RdsGroup& group);
     void takeSound(std::span<const float> left, std::span<const float> right);
     void signalEnded();
@@ -115,9 +120,13 @@ class ReceiverUnit : public Unit {
     double stationStart_ = 0;                // the signal's seconds when it was tuned
     std::uint64_t groupsBefore_ = 0;         // that the stations before it have sent
     std::uint64_t nextGroup_ = 0;
-    std::uint64_t missed_ = 0;   // samples that it has not heard, read for others
-    StationSlot heard_;          // the last that was measured, for the report
+    std::uint64_t missed_ =
+        0;                   // samples that it has not heard, read for others, and not been told of
+    bool longAway_ = false;  // it has been told of as many as pass through it
+    StationSlot heard_;      // the last that was measured, for the report
     Disturbances disturbances_;  // since the tuning
+    InputLoad input_;
+    std::uint64_t overloaded_ = 0;  // slots since the tuning
     std::optional<SoundResampler> resampler_;
     SoundRing sound_;
     std::vector<StereoSample> soundOut_;

@@ -57,6 +57,8 @@ std::string ReceiverUnit::report() const {
     text += "tuned: " + inMhz(tuning_.frequency * 1e5) + (figures.carrier ? "" : ", no carrier") +
             (figures.stereo ? ", stereo" : "") +
             (figures.narrow ? ", narrow filter for a strong neighbour" : "") + "\n";
+    if (overloaded_ > 0)
+        text += "slots with samples at the converter's end: " + std::to_string(overloaded_) + "\n";
     if (balance_.corrects()) text += balanceText(balance_.fault());
     text += "rds programme: " + programmeText(figures) + "\n";
     text += "rds name: " + (figures.rdsName.empty() ? "none" : plain(figures.rdsName)) + "\n";

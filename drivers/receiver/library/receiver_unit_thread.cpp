@@ -100,35 +100,81 @@ void ReceiverUnit::signalEnded() {
 void ReceiverUnit::hear(std::span<const Sample> samples, std::span<const Loss> losses) {
     if (!station_) return;
     if (signal_.centreHz() != stationCentreHz_) {
-        missed_ += samples.size();
+        miss(samples.size());
         return;
     }
-    if (missed_ > 0) lose(std::exchange(missed_, 0));
+    missNoMore();
+    input_.add(samples);
     // Levels and sweeps take the samples as they are: they know each step of the converter.
     if (signal_.source().domain() == Domain::Band) samples = balance_.correct(samples);
     std::size_t at = 0;
     for (const Loss& loss : losses) {
         station_->push(samples.subspan(at, loss.at - at));
-        lose(loss.count);
+        lose(loss.count, Missing::Lost);
         at = loss.at;
     }
     station_->push(samples.subspan(at));
 }
 
-void ReceiverUnit::lose(std::uint64_t count) {
-    const std::uint64_t more = station_->lose(count);
+// While others have the radio, slots come all the same and say so.
+void ReceiverUnit::miss(std::uint64_t count) {
+    missed_ += count;
+    if (!longAway_) {
+        if (missed_ < station_->longestGap()) return;
+        longAway_ = true;
+        lose(std::exchange(missed_, 0), Missing::Away);
+        return;
+    }
+    const double perSlot = kSlotSeconds * signal_.rateHz();
+    const auto slots = static_cast<std::uint64_t>(static_cast<double>(missed_) / perSlot);
+    missed_ -= std::min(
+        missed_, static_cast<std::uint64_t>(std::llround(static_cast<double>(slots) * perSlot)));
+    tellAway(slots);
+}
+
+void ReceiverUnit::missNoMore() {
+    longAway_ = false;
+    if (missed_ > 0) lose(std::exchange(missed_, 0), Missing::Away);
+}
+
+// What is more than passes through the station is time all the same.
+void ReceiverUnit::lose(std::uint64_t count, Missing why) {
+    const std::uint64_t more = station_->lose(count, why);
     const double seconds = static_cast<double>(more) / signal_.rateHz();
-    slots_.lose(static_cast<std::uint64_t>(std::llround(seconds / kSlotSeconds)));
+    const auto slots = static_cast<std::uint64_t>(std::llround(seconds / kSlotSeconds));
+    if (why == Missing::Away) {
+        tellAway(slots);
+        stationStart_ += seconds - static_cast<double>(slots) * kSlotSeconds;
+        return;
+    }
+    slots_.lose(slots);
     stationStart_ += seconds;
 }
 
-void ReceiverUnit::takeSlot(const StationSlot& slot) {
+void ReceiverUnit::tellAway(std::uint64_t slots) {
+    StationSlot slot = heard_;
+    slot.states = allFigures(FigureState::UnitAway);
+    for (std::uint64_t n = 0; n < slots; ++n) {
+        stationStart_ += kSlotSeconds;
+        putSlot(slot);
+    }
+}
+
+void ReceiverUnit::putSlot(const StationSlot& slot) {
     HM16_Slot out = slotOf(slot, options_.levelStepDb);
     const double seconds = stationStart_ + slot.endSeconds;
     out.signalNs = static_cast<std::int64_t>(seconds * 1e9);
     out.utcNs = signal_.clock().utcNsAt(seconds);
     slots_.add(out);
+}
+
+void ReceiverUnit::takeSlot(const StationSlot& slot) {
     heard_ = slot;
+    if (input_.endSlot() && !slot.away) {
+        ++overloaded_;
+        heard_.states = unknownBecause(slot.states, FigureState::Overload);
+    }
+    putSlot(heard_);
     disturbances_ = station_->chain().disturbances();
     if (job_ != Job::Measure) return;
     if (tuning_.response == hm16::ResponseRun::Armed) lookForTones();

@@ -10,8 +10,11 @@ namespace {
 static_assert(static_cast<int>(FigureState::Settling) == HM16_SETTLING);
 static_assert(static_cast<int>(FigureState::NoCarrier) == HM16_NO_CARRIER);
 static_assert(static_cast<int>(FigureState::TooNoisy) == HM16_TOO_NOISY);
+static_assert(static_cast<int>(FigureState::Multipath) == HM16_MULTIPATH);
 static_assert(static_cast<int>(FigureState::NoPilot) == HM16_NO_PILOT);
+static_assert(static_cast<int>(FigureState::Overload) == HM16_OVERLOAD);
 static_assert(static_cast<int>(FigureState::Gap) == HM16_GAP);
+static_assert(static_cast<int>(FigureState::UnitAway) == HM16_UNIT_AWAY);
 static_assert(static_cast<int>(FigureState::NotMeasured) == HM16_NOT_MEASURED);
 
 // Whose state each figure of the registry has.

@@ -14,12 +14,16 @@ struct AudioTone {
     double hz = 1000;
     double left = 0;  // amplitude; a negative one is out of phase
     double right = 0;
+
+    bool operator==(const AudioTone&) const = default;
 };
 
 // A sine straight on the carrier, past audio and pre-emphasis.
 struct DirectTone {
     double hz = 1000;
     double deviationHz = 75e3;
+
+    bool operator==(const DirectTone&) const = default;
 };
 
 // A stretch with more deviation: a direct tone that is there from start to start + length.
@@ -27,6 +31,8 @@ struct Burst {
     double startSeconds = 0;
     double lengthSeconds = 0.02;
     DirectTone tone;
+
+    bool operator==(const Burst&) const = default;
 };
 
 // Programme-like sound: a chord whose notes come and go, with a pause now and then.
@@ -35,6 +41,8 @@ struct Programme {
     double width = 0.3;       // part of the sound that is in the difference channel
     double pauseEvery = 4.0;  // seconds from pause to pause
     double pauseLength = 0.4;
+
+    bool operator==(const Programme&) const = default;
 };
 
 // A second path of the same signal.
@@ -42,6 +50,8 @@ struct Ray {
     double delaySeconds = 5e-6;
     double amplitude = 0;  // of the direct one's
     double phaseDegrees = 0;
+
+    bool operator==(const Ray&) const = default;
 };
 
 struct RdsPlan {
@@ -53,6 +63,8 @@ struct RdsPlan {
     std::string text = "SYNTHETIC STATION WITH KNOWN FIGURES";
     std::vector<bool> bits;  // sent round and round instead of groups, before differential coding
     bool plainCarrier = false;  // an unmodulated 57 kHz sine instead of data
+
+    bool operator==(const RdsPlan&) const = default;
 };
 
 struct StationPlan {
@@ -68,6 +80,8 @@ struct StationPlan {
     Programme programme;
     RdsPlan rds;
     Ray ray;
+
+    bool operator==(const StationPlan&) const = default;
 };
 
 // What the receiver's radio makes of it.
@@ -86,6 +100,8 @@ struct BandPlan {
     double gainError = 0;  // Q is 1 + gainError times as strong as I
     double phaseErrorDegrees = 0;
     std::uint64_t seed = 1;
+
+    bool operator==(const BandPlan&) const = default;
 };
 
 }  // namespace hm16::receiver

@@ -4,7 +4,9 @@
 
 #include <cmath>
 #include <cstdint>
+#include <deque>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 #include <vector>
@@ -31,9 +33,87 @@ struct Heard {
     const Figures& last() const { return slots.back().figures; }
 };
 
+// The samples of a band, its stations and its noise apart. What was made last is kept: making it
+// takes far longer than listening to it, and the cases of a suite mostly share it.
+class BandSamples {
+ public:
+    BandSamples(const BandPlan& band, double seconds)
+        : clean_(stationsOf(band, countOf(band, seconds))), noise_(noiseOf(band, clean_->size())) {
+        if (band.carrierToNoiseDb < 300) {
+            noiseAmplitude_ = static_cast<float>(band.noiseReference *
+                                                 std::pow(10.0, -band.carrierToNoiseDb / 20));
+        }
+    }
+
+    std::size_t size() const { return clean_->size(); }
+    Sample operator[](std::size_t n) const { return (*clean_)[n] + noiseAmplitude_ * (*noise_)[n]; }
+
+ private:
+    using Samples = std::shared_ptr<const std::vector<Sample>>;
+    struct Made {
+        BandPlan band;
+        Samples samples;
+    };
+    static constexpr std::size_t kKept = 8;
+
+    static std::size_t countOf(const BandPlan& band, double seconds) {
+        return static_cast<std::size_t>(seconds * band.rateHz);
+    }
+
+    // Each station by itself, as the generator of the whole band makes it.
+    static Samples stationsOf(const BandPlan& band, std::size_t count) {
+        if (band.stations.size() == 1) return made(band, count);
+        auto sum = std::make_shared<std::vector<Sample>>(count);
+        for (std::size_t n = 0; n < band.stations.size(); ++n) {
+            BandPlan alone = band;
+            alone.stations = {band.stations[n]};
+            alone.seed = band.seed + n;
+            const Samples one = made(alone, count);
+            for (std::size_t at = 0; at < count; ++at) (*sum)[at] += (*one)[at];
+        }
+        return sum;
+    }
+
+    // Of a carrier of amplitude 1, with as much noise as carrier.
+    static Samples noiseOf(const BandPlan& band, std::size_t count) {
+        BandPlan noise = band;
+        noise.stations.clear();
+        return made(noise, count);
+    }
+
+    static Samples made(BandPlan band, std::size_t count) {
+        band.carrierToNoiseDb = band.stations.empty() ? 0 : 300;
+        band.noiseReference = 1;
+        static std::deque<Made> kept;
+        for (const Made& one : kept)
+            if (one.band == band && one.samples->size() >= count) {
+                if (one.samples->size() == count) return one.samples;
+                return std::make_shared<const std::vector<Sample>>(
+                    one.samples->begin(),
+                    one.samples->begin() + static_cast<std::ptrdiff_t>(count));
+            }
+        auto samples = std::make_shared<std::vector<Sample>>(count);
+        BandGenerator(band).read(*samples);
+        kept.push_front({band, samples});
+        if (kept.size() > kKept) kept.pop_back();
+        return samples;
+    }
+
+    Samples clean_;
+    Samples noise_;
+    float noiseAmplitude_ = 0;
+};
+
 inline Heard hear(const BandPlan& band, double seconds, const Way& way = {},
                   const std::optional<LostSamples>& lost = {}) {
-    BandGenerator generator(band);
+    const auto all = static_cast<std::uint64_t>(seconds * band.rateHz);
+    std::vector<Sample> samples(4096);
+    std::uint64_t losses = 0;
+    if (lost && seconds > lost->atSeconds)
+        losses = 1 + static_cast<std::uint64_t>((seconds - lost->atSeconds) / lost->everySeconds);
+    const double more = static_cast<double>(losses * (lost ? lost->count : 0) + samples.size());
+    const BandSamples sent(band, seconds + more / band.rateHz);
+    std::size_t next = 0;
     ChainSettings settings;
     settings.rateHz = band.rateHz;
     settings.offsetHz = 300e3;
@@ -41,17 +121,14 @@ inline Heard hear(const BandPlan& band, double seconds, const Way& way = {},
     TunedStation station(settings);
     Heard heard;
     station.chain().onSlot([&](const StationSlot& slot) { heard.slots.push_back(slot); });
-    std::vector<Sample> samples(4096);
-    const auto all = static_cast<std::uint64_t>(seconds * band.rateHz);
     double nextLoss = lost ? lost->atSeconds : seconds;
     for (std::uint64_t at = 0; at < all; at += samples.size()) {
         if (static_cast<double>(at) / band.rateHz >= nextLoss) {
-            std::vector<Sample> gone(static_cast<std::size_t>(lost->count));
-            generator.read(gone);
+            next += static_cast<std::size_t>(lost->count);
             station.lose(lost->told ? lost->count : 0);
             nextLoss += lost->everySeconds;
         }
-        generator.read(samples);
+        for (Sample& sample : samples) sample = sent[next++];
         for (std::size_t n = 0; way && n < samples.size(); ++n)
             samples[n] = way(static_cast<double>(at + n) / band.rateHz, samples[n]);
         station.push(samples);

@@ -7,11 +7,11 @@
 #include <complex>
 #include <numbers>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "drivers/receiver/chain/tuned_station.h"
-#include "drivers/receiver/synth/station_generator.h"
-#include "tests/drivers/receiver/signals.h"
+#include "tests/drivers/receiver/air.h"
 
 namespace hm16::receiver {
 namespace {
@@ -124,38 +124,84 @@ StationPlan programmeStation() {
     return station;
 }
 
+struct LateRay {
+    std::size_t samples;  // of delay
+    Sample gain;
+};
+
+Way withRay(const LateRay& ray) {
+    return [gain = ray.gain, past = std::vector<Sample>(ray.samples), at = std::size_t{0}](
+               double, Sample sample) mutable {
+        const Sample late = std::exchange(past[at], sample);
+        at = (at + 1) % past.size();
+        return sample + gain * late;
+    };
+}
+
 // Variation of the envelope that the rays alone make, in percent rms over the last half second.
-double trueVariation(const StationPlan& plan, double seconds) {
-    constexpr double kRateHz = 1.2e6;
-    StationGenerator generator(plan, kRateHz, plan.offsetHz, 2);
-    std::vector<Sample> samples(static_cast<std::size_t>(seconds * kRateHz));
-    generator.addTo(samples);
+double trueVariation(const BandSamples& sent, const LateRay& ray, std::size_t end) {
     double sum = 0;
     double squares = 0;
-    const auto from = static_cast<std::size_t>((seconds - 0.5) * kRateHz);
-    for (std::size_t n = from; n < samples.size(); ++n) {
-        sum += std::abs(samples[n]);
-        squares += std::norm(samples[n]);
+    const std::size_t from = end - 600000;
+    for (std::size_t n = from; n < end; ++n) {
+        const Sample sample = sent[n] + ray.gain * sent[n - ray.samples];
+        sum += std::abs(sample);
+        squares += std::norm(sample);
     }
-    const auto count = static_cast<double>(samples.size() - from);
+    const auto count = static_cast<double>(end - from);
     const double mean = sum / count;
     return 100 * std::sqrt(squares / count - mean * mean) / mean;
 }
 
 TEST(EdgesAccuracy, MultipathOnProgramme) {
     constexpr double kSeconds = 2.1;
+    constexpr double kRateHz = 1.2e6;
+    BandPlan band = bandWith([](auto& s) { s = programmeStation(); }, kRateHz);
+    BandPlan silent = band;
+    silent.carrierToNoiseDb = 300;
+    const BandSamples sent(silent, kSeconds);
     for (const double delay : {5e-6, 12e-6, 20e-6, 33e-6, 50e-6}) {
         for (const double amplitude : {0.05, 0.2, 0.4}) {
-            BandPlan band = bandWith([&](auto& s) {
-                s = programmeStation();
-                s.ray = {delay, amplitude, 60};
-            });
-            const double truth = trueVariation(band.stations.front(), kSeconds);
-            const double read = measure(band, kSeconds).multipathPercent;
+            const LateRay ray{static_cast<std::size_t>(std::lround(delay * kRateHz)),
+                              std::polar(static_cast<float>(amplitude),
+                                         static_cast<float>(std::numbers::pi / 3))};
+            const double truth = trueVariation(sent, ray, sent.size());
+            const Heard heard = hear(band, kSeconds, withRay(ray));
+            const double read = heard.last().multipathPercent;
+            // The nulls of strong echoes are no bursts.
+            EXPECT_LT(heard.disturbances.bursts, 20U) << delay << " " << amplitude;
             EXPECT_NEAR(read, truth, std::max(1.0, 0.2 * truth)) << delay << " " << amplitude;
             RecordProperty(std::to_string(delay * 1e6) + "us" + std::to_string(amplitude),
                            std::to_string(read) + " of " + std::to_string(truth));
         }
+    }
+}
+
+// What echoes hide is told, and what they leave alone stands: 0.2 dB of a level, the pilot, the
+// field.
+TEST(EdgesAccuracy, EchoesFrom6PercentOnHidePeakSeparationNoiseAndDistortion) {
+    BandPlan band = bandWith([](auto& s) {
+        s.pilotDeviationHz = 6750;
+        s.tones = {{1000, 0.6, 0}};
+    });
+    const Heard plain = hear(band, 1.6);
+    for (const float amplitude : {0.05F, 0.2F}) {
+        const Heard heard = hear(band, 1.6, withRay({24, std::polar(amplitude, 1.0F)}));
+        const Figures& figures = heard.last();
+        const FigureStates& states = heard.slots.back().states;
+        const bool strong = amplitude > 0.1F;
+        EXPECT_EQ(figures.multipathPercent > 6, strong);
+        EXPECT_EQ(std::fabs(figures.peakHz - plain.last().peakHz) > 3000, strong);
+        EXPECT_EQ(figures.distortionPercent > 1, strong);
+        const FigureState hidden = strong ? FigureState::Multipath : FigureState::Known;
+        EXPECT_EQ(states.peak, hidden);
+        EXPECT_EQ(states.noise, hidden);
+        EXPECT_EQ(states.separationLeft, hidden);
+        EXPECT_EQ(states.distortion, hidden);
+        EXPECT_EQ(states.levels, FigureState::Known);
+        EXPECT_EQ(states.multipath, FigureState::Known);
+        EXPECT_EQ(states.field, FigureState::Known);
+        EXPECT_NEAR(figures.levelLeftDb, plain.last().levelLeftDb, 0.3);
     }
 }
 

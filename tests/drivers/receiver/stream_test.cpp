@@ -16,6 +16,7 @@
 #include "drivers/receiver/chain/sound_resampler.h"
 #include "drivers/receiver/chain/spoilt_samples.h"
 #include "drivers/receiver/figures/carrier_watch.h"
+#include "drivers/receiver/figures/input_load.h"
 #include "drivers/receiver/library/record_ring.h"
 #include "drivers/receiver/library/sound_ring.h"
 #include "drivers/receiver/synth/random.h"
@@ -133,6 +134,43 @@ TEST(ChannelFilter, BothWidthsTakeEquallyLong) {
     ASSERT_EQ(out.size(), in.size() - filter.length() + 1);
     for (std::size_t n = 0; n < out.size(); ++n)
         ASSERT_LT(std::abs(out[n] - in[n + filter.delay()]), 3e-3F) << n;
+}
+
+std::vector<Sample> circle(double amplitude) {
+    std::vector<Sample> samples;
+    for (int n = 0; n < 30000; ++n)
+        samples.push_back(std::polar(static_cast<float>(amplitude), static_cast<float>(n)));
+    return samples;
+}
+
+// A circle of 1.3 cut at 1 stands there for nearly half of the time.
+TEST(InputLoad, IsTooHighWhereAThousandthStandsAtTheConvertersEnd) {
+    InputLoad load;
+    EXPECT_FALSE(load.endSlot());
+    load.add(circle(0.98));
+    EXPECT_FALSE(load.endSlot());
+    auto cut = circle(1.3);
+    for (Sample& sample : cut)
+        sample = {std::clamp(sample.real(), -1.0F, 1.0F), std::clamp(sample.imag(), -1.0F, 1.0F)};
+    load.add(cut);
+    EXPECT_TRUE(load.endSlot());
+    EXPECT_FALSE(load.endSlot());  // of a slot without samples
+    auto rare = circle(0.5);
+    for (std::size_t n = 0; n < 30; ++n) rare[n * 900] = {0, -1};
+    load.add(rare);
+    EXPECT_FALSE(load.endSlot());
+    rare[100] = {1, 0};
+    load.add(rare);
+    EXPECT_TRUE(load.endSlot());
+}
+
+TEST(InputLoad, SaysNothingOfFloatsOfAnotherScale) {
+    InputLoad load;
+    load.add(circle(1.0));
+    EXPECT_TRUE(load.endSlot());
+    load.add(circle(30));
+    load.add(circle(1.0));
+    EXPECT_FALSE(load.endSlot());
 }
 
 TEST(SpoiltSamples, AShortStretchIsBridgedByAStraightLine) {
