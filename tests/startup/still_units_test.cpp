@@ -3,6 +3,9 @@
 // that has stopped.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <utility>
+
 #include "drivers/simulated/figures.h"
 #include "drivers/simulated/station.h"
 #include "program/still_readings.h"
@@ -34,21 +37,27 @@ TEST(StillUnits, TheSimulatedOneNeverOnAnEmptyFrequencyForAMinute) {
 }
 
 #ifdef HM16_RECEIVER
+// The noise's field is 40.0 dB there, so its whole decibels stand still however it moves.
 TEST(StillUnits, TheReceiverNeverOnAnEmptyFrequencyForAMinute) {
     ReceiverLibrary receiver(
         "source = synthetic\nscene = silence\npace = fast\nrate_hz = 300000\n"
-        "centre_mhz = 98.5\n");
+        "centre_mhz = 98.5\ndbuv_at_full_scale = 100.5\n");
     ASSERT_EQ(receiver.init(), "");
     receiver.tune(985);
     StillReadings still;
     still.begin(0s);
     Readings now;
+    display::Time changed = 0s;
+    display::Time longestStill = 0s;
     for (display::Time at = 0s; at <= 60s; at += 50ms) {
         ASSERT_TRUE(receiver.step(1));
-        now = receiver.readings();
+        const Readings before = std::exchange(now, receiver.readings());
+        if (!(now == before)) changed = at;
+        longestStill = std::max(longestStill, at - changed);
         still.take(now, at);
         ASSERT_EQ(still.staleSeconds(at), 0);
     }
+    EXPECT_GT(longestStill, 10 * StillReadings::kStale);
     // The noise has a field; nothing else is there.
     EXPECT_GT(now.field, 0);
     EXPECT_EQ(now.pilotLevel, 0);
