@@ -14,8 +14,8 @@ constexpr float kStandsOut = 2.5F;       // times the middle spike
 
 // More blocks with one are how this air is.
 constexpr std::size_t kMostBursts = 100;
-// Behind so many only what stands so much further out is one: what is left may belong to the
-// signal.
+// Behind so many, and once half a second is known, only what stands so much further out is one:
+// what is left may belong to the signal.
 constexpr std::size_t kDoubtfulBursts = 3;
 constexpr float kFurtherOut = 4;
 
@@ -100,7 +100,8 @@ CarrierWatch::Finding CarrierWatch::judged(const Block& block) {
         return without_ <= kLongestGapBlocks ? Finding::Gap : Finding::Carrier;
     }
     without_ = 0;
-    if (middleMean_ <= 0 || burstsKept_ > kMostBursts) return Finding::Carrier;
+    const std::size_t most = means_.size() < kKept ? kDoubtfulBursts : kMostBursts;
+    if (middleMean_ <= 0 || burstsKept_ > most) return Finding::Carrier;
     // In noise nothing stands out.
     if (bursts_ == Bursts::NotSought || echoes_ || middleRoughness_ >= kGoodAir)
         return Finding::Carrier;

@@ -124,14 +124,15 @@ TEST_F(AirAccuracy, UpTo100BurstsASecondLeaveNoFalsePeak) {
                                                   static_cast<float>(2 * random.uniform() - 1))
                                          : sample;
         });
-        for (std::size_t n = kStarting; n < heard.slots.size(); ++n) {
+        // Half a second must be known before more than three are sought.
+        for (std::size_t n = 12; n < heard.slots.size(); ++n) {
             const Figures& figures = heard.slots[n].figures;
             EXPECT_LT(figures.peakHz - truth.slots.at(n).figures.peakHz, 1000) << every << " " << n;
             EXPECT_GT(figures.peakHz, 0) << every << " " << n;
             EXPECT_TRUE(figures.stereo && figures.rds) << every << " " << n;
         }
-        EXPECT_NEAR(static_cast<double>(heard.disturbances.bursts), kLong / every, 2 + 0.05 / every)
-            << every;
+        EXPECT_LE(static_cast<double>(heard.disturbances.bursts), kLong / every + 1) << every;
+        EXPECT_GE(static_cast<double>(heard.disturbances.bursts), (kLong - 0.6) / every) << every;
         EXPECT_GE(heard.last().rdsGoodBlocks + 2, truth.last().rdsGoodBlocks) << every;
         EXPECT_NEAR(heard.last().pilotHz, 6750, 0.02 * 6750) << every;
     }
