@@ -30,10 +30,6 @@ constexpr double kMostDoubtHz = 5000;
 constexpr double kMuchStronger = 4;
 constexpr double kMostDoubtBesideStrongHz = 2500;
 
-// From here on echoes make a peak wrong by 3 kHz or more, and what is heard of separation, noise
-// and distortion is their own.
-constexpr double kMostMultipathPercent = 6;
-
 // A neighbour within these 200 kHz away beats with the carrier inside the multiplex.
 constexpr double kNeighbourNarrow = 0.04;
 constexpr double kNeighbourWide = 0.03;
@@ -147,26 +143,22 @@ void StationChain::pushComposite(std::span<const Sample> samples) {
 
 void StationChain::spoil(std::uint64_t from, std::uint64_t to, std::uint64_t lostSamples,
                          Missing why) {
-    const bool away = why == Missing::Away;
-    if (!away) {
+    if (why == Missing::Lost) {
         ++disturbances_.gaps;
         disturbances_.lostSamples += lostSamples;
     }
     if (lostSamples == 0) splice(from);
-    if (settings_.domain == Domain::Composite) {
-        spoilt_.add(from, to);
-        if (away) away_.add(from, to);
-        return;
+    if (settings_.domain == Domain::Band) {
+        // The moment of the channel's sample `from` comes out of its filter as number
+        // `from - delay`; the narrow filter spreads it over its whole length.
+        const bool narrow = filter_.width() == ChannelWidth::Narrow;
+        const std::uint64_t before = narrow ? filter_.length() : filter_.delay() + 1;
+        const std::uint64_t behind = narrow ? 0 : filter_.delay();
+        from = from > before ? from - before : 0;
+        to = to > behind ? to - behind + 1 : 1;
     }
-    // The moment of the channel's sample `from` comes out of its filter as number `from - delay`;
-    // the narrow filter spreads it over its whole length.
-    const bool narrow = filter_.width() == ChannelWidth::Narrow;
-    const std::uint64_t before = narrow ? filter_.length() : filter_.delay() + 1;
-    const std::uint64_t behind = narrow ? 0 : filter_.delay();
-    const std::uint64_t first = from > before ? from - before : 0;
-    const std::uint64_t end = to > behind ? to - behind + 1 : 1;
-    spoilt_.add(first, end);
-    if (away) away_.add(first, end);
+    spoilt_.add(from, to);
+    if (why == Missing::Away) away_.add(from, to);
 }
 
 void StationChain::watchBlocks() {
@@ -323,7 +315,7 @@ void StationChain::settleRadio() {
         power > 0 ? std::max(0.0, 10 * std::log10(power) + settings_.dbuvAtFullScale) : 0;
     peakNoise_.endSlot();
     figures_.multipathPercent = multipath_.percent();
-    watch_.setEchoes(figures_.multipathPercent > kMostMultipathPercent);
+    watch_.setEchoes(figures_.multipathPercent > kEchoesHidePercent);
     multipath_.endSlot();
     chooseWidth();
     if (figures_.carrier && sinceWidth_ > kSettling + kSteadySlots) recentre();
@@ -499,10 +491,7 @@ FigureStates StationChain::states() const {
     states.rdsError = knownIf(figures_.rds, NoCarrier);
     if (settings_.domain == Domain::Composite) states.field = states.multipath = NotMeasured;
     if (carrierSlots_ < kFewestForAudio) states.levels = Settling;
-    if (figures_.multipathPercent > kMostMultipathPercent)
-        for (FigureState* state : {&states.peak, &states.noise, &states.separationLeft,
-                                   &states.separationRight, &states.distortion})
-            if (*state == Known) *state = Multipath;
+    if (figures_.multipathPercent > kEchoesHidePercent) states = hiddenByEchoes(states);
     return states;
 }
 

@@ -20,4 +20,12 @@ FigureStates unknownBecause(const FigureStates& states, FigureState why) {
     return result;
 }
 
+FigureStates hiddenByEchoes(const FigureStates& states) {
+    FigureStates result = states;
+    for (FigureState* state : {&result.peak, &result.noise, &result.separationLeft,
+                               &result.separationRight, &result.distortion})
+        if (*state == FigureState::Known) *state = FigureState::Multipath;
+    return result;
+}
+
 }  // namespace hm16::receiver

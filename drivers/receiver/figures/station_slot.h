@@ -49,6 +49,11 @@ FigureStates allFigures(FigureState state);
 // The same states, but what was known is not any more because of `why`.
 FigureStates unknownBecause(const FigureStates& states, FigureState why);
 
+// From so much multipath on, in percent, echoes make a peak wrong by 3 kHz or more, and what is
+// heard of separation, noise and distortion is their own.
+inline constexpr double kEchoesHidePercent = 6;
+FigureStates hiddenByEchoes(const FigureStates& states);
+
 // Why samples of a stretch are not there.
 enum class Missing {
     Lost,  // by a radio or a machine
