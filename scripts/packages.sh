@@ -4,7 +4,8 @@
 # What the program is built from and runs with.
 build_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev
   libqcustomplot-dev libgl1-mesa-dev libfftw3-dev libsndfile1-dev
-  nlohmann-json3-dev libsoapysdr-dev libcli11-dev libutfcpp-dev fonts-b612 qt6-qpa-plugins)
+  nlohmann-json3-dev libsoapysdr-dev libcli11-dev libutfcpp-dev libsqlite3-dev
+  fonts-b612 qt6-qpa-plugins)
 # A display where there is none, and the picture of it.
 picture_packages=(xvfb xauth imagemagick x11-utils)
 # What the tests need besides.

@@ -16,7 +16,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
 namespace {
 
+#ifdef HMONITOR_MUTATIONS
+constexpr int kMutations = HMONITOR_MUTATIONS;
+#else
 constexpr int kMutations = 20000;
+#endif
 
 void feed(const std::string& input) {
     LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(input.data()), input.size());

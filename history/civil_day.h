@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace history {
+
+/// A day as the machine's zone counts them: of 23, 24 or 25 hours.
+struct CivilDay {
+    int year = 1970;
+    int month = 1;  ///< 1 to 12
+    int day = 1;    ///< 1 to 31
+
+    auto operator<=>(const CivilDay&) const = default;
+
+    /// "2026-11-21".
+    std::string text() const;
+    static std::optional<CivilDay> parse(std::string_view text);
+    /// The day in which a second since 1970 (UTC) lies.
+    static CivilDay of(std::int64_t t);
+};
+
+/// The first second of the day in which `t` lies, and the first second behind it.
+struct DayBounds {
+    std::int64_t begin = 0;
+    std::int64_t end = 0;
+};
+DayBounds boundsOfDay(std::int64_t t);
+
+/// How far the zone's clock is ahead of UTC at `t`, in seconds.
+int zoneOffset(std::int64_t t);
+/// The zone's short name at `t`, as "-03" or "CET".
+std::string zoneName(std::int64_t t);
+
+}  // namespace history

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+#include <span>
+#include <vector>
+
+#include "history/database.h"
+#include "history/event.h"
+#include "history/figure_columns.h"
+#include "history/schema.h"
+#include "history/second_block.h"
+
+namespace history {
+
+/// A minute of one station in one epoch; `minute` is its first second.
+struct MinuteKey {
+    int station = 0;  ///< kHz
+    std::int64_t minute = 0;
+    int epoch = 0;
+
+    auto operator<=>(const MinuteKey&) const = default;
+
+    static MinuteKey of(const Second& second);
+};
+
+/// A file was made by a newer version of the program.
+class NewerFile : public std::runtime_error {
+ public:
+    using std::runtime_error::runtime_error;
+};
+
+/// The seconds of one day, for whoever reads them. Nothing in the file is trusted: a block whose
+/// length or CRC is wrong tells of gaps.
+class DayRows {
+ public:
+    explicit DayRows(Database& database);
+
+    const FigureColumns& columns() const { return columns_; }
+
+    /// Minutes with a second in [begin, end), those still open included, each once.
+    std::vector<MinuteKey> minutes(std::int64_t begin, std::int64_t end) const;
+    std::vector<int> stations() const;
+    std::vector<Event> events(std::int64_t begin, std::int64_t end) const;
+
+    using Take = std::function<void(std::int64_t t, int epoch, const FigureSecond&)>;
+    /// One figure, by its place in the registry, of the seconds in [begin, end). Blocks come in the
+    /// order of time, then what is not in a block yet.
+    void seconds(int station, std::int64_t begin, std::int64_t end, std::size_t index,
+                 const Take& take) const;
+    /// The highest epoch, and the first second behind all that it tells of.
+    struct Told {
+        int epoch = 0;
+        std::int64_t end = INT64_MIN;
+        auto operator<=>(const Told&) const = default;
+    };
+    Told lastTold() const;
+    /// All figures of a minute, tail included, in the order of time.
+    std::vector<Second> minute(const MinuteKey& key) const;
+
+ private:
+    void blocks(int station, std::int64_t begin, std::int64_t end, std::size_t index,
+                const Take& take) const;
+    void tail(int station, std::int64_t begin, std::int64_t end, std::size_t index,
+              const Take& take) const;
+
+    Database& database_;
+    FigureColumns columns_;
+};
+
+/// A closed minute and its seconds.
+struct ClosedMinute {
+    MinuteKey key;
+    std::vector<Second> seconds;
+};
+
+/// The seconds of one day, for the one who records them.
+class DayFile {
+ public:
+    /// Opens or makes it. A DatabaseFault that is damage, or a NewerFile, leaves it as it is.
+    DayFile(const std::filesystem::path& path, Flush flush, const char* vfs);
+
+    const std::filesystem::path& path() const { return path_; }
+    DayRows& rows() { return rows_; }
+    Database& database() { return database_; }
+
+    /// Writes seconds and events and packs minutes that are over, all or nothing.
+    std::vector<ClosedMinute> keep(std::span<const Second> seconds, std::span<const Event> events,
+                                   std::span<const MinuteKey> over);
+    /// Minutes that are not packed yet.
+    std::vector<MinuteKey> openMinutes();
+
+    /// The day is over: one file without a journal, which can be mailed as it stands.
+    void finish();
+
+ private:
+    void put(const Second& second, Statement& insert);
+    ClosedMinute pack(const MinuteKey& key);
+
+    std::filesystem::path path_;
+    Database database_;
+    bool ready_;
+    DayRows rows_;
+};
+
+}  // namespace history

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <span>
+
+#include "history/day_file.h"
+#include "history/span_block.h"
+
+namespace history {
+
+inline constexpr const char* kIndexName = "index.sqlite";
+inline constexpr std::int64_t kHour = 3600;
+inline constexpr std::int64_t kDayStep = 86400;  ///< names the days' spans, however long a day is
+
+/// Spans of minutes, hours and days, for whoever reads them. Nothing is trusted.
+class IndexRows {
+ public:
+    explicit IndexRows(Database& database);
+
+    const FigureColumns& columns() const { return columns_; }
+    std::vector<int> stations() const;
+    std::vector<Event> events(std::int64_t begin, std::int64_t end) const;
+    bool has(int station, std::int64_t step, std::int64_t t, int epoch) const;
+    /// When the first and the last span of a step begin, or none.
+    std::optional<std::int64_t> first(int station, std::int64_t step) const;
+    std::optional<std::int64_t> last(int station, std::int64_t step) const;
+
+    using Take = std::function<void(std::int64_t t, std::int64_t seconds, int epoch,
+                                    const std::optional<SpanValue>&)>;
+    /// One figure of the spans of a step that begin in [begin, end); none for a damaged one.
+    void spans(int station, std::int64_t step, std::int64_t begin, std::int64_t end,
+               std::size_t index, const Take& take) const;
+
+ private:
+    std::optional<std::int64_t> outermost(int station, std::int64_t step, const char* order) const;
+
+    Database& database_;
+    FigureColumns columns_;
+};
+
+/// The index, for the one who records.
+class IndexFile {
+ public:
+    IndexFile(const std::filesystem::path& path, Flush flush, const char* vfs);
+
+    IndexRows& rows() { return rows_; }
+    Database& database() { return database_; }
+
+    struct StepSpan {
+        std::int64_t step = kMinute;
+        Span span;
+    };
+    void keep(std::span<const StepSpan> spans, std::span<const Event> events);
+    /// Events that are not there yet.
+    void keepMissing(std::span<const Event> events);
+    void removeBefore(std::int64_t step, std::int64_t t);
+
+    /// The highest epoch of a whole day.
+    int lastEpoch();
+
+ private:
+    std::filesystem::path path_;
+    Database database_;
+    bool ready_;
+    IndexRows rows_;
+};
+
+}  // namespace history

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "history/input.h"
+
+#include <time.h>
+
+namespace history {
+
+namespace {
+
+std::int64_t clockMs(clockid_t clock) {
+    ::timespec time = {};
+    ::clock_gettime(clock, &time);
+    return std::int64_t{time.tv_sec} * 1000 + time.tv_nsec / 1000000;
+}
+
+}  // namespace
+
+Moment Moment::now() {
+#if defined(CLOCK_BOOTTIME)
+    // Goes on while the machine sleeps: a night's sleep is no step of the wall clock.
+    constexpr clockid_t kSteady = CLOCK_BOOTTIME;
+#else
+    constexpr clockid_t kSteady = CLOCK_MONOTONIC;
+#endif
+    return {clockMs(CLOCK_REALTIME), clockMs(kSteady)};
+}
+
+}  // namespace history

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cmath>
+#include <numbers>
+#include <utility>
+#include <vector>
+
+#include "base/figures.h"
+
+namespace history {
+
+/// The mean of many values as a figure's kind wants it, each with the time for which it held.
+class KindSum {
+ public:
+    explicit KindSum(figures::Kind kind = figures::Kind::Mean) : kind_(kind) {}
+
+    /// `length` is of an angle that is a mean itself: how closely its values stood together, 0
+    /// to 1.
+    void add(double value, double weight, double length = 1) {
+        weight_ += weight;
+        switch (kind_) {
+            case figures::Kind::Level:
+                x_ += weight * std::pow(10, value / 10);
+                break;
+            case figures::Kind::Angle:
+                x_ += weight * length * std::cos(doubled(value));
+                y_ += weight * length * std::sin(doubled(value));
+                break;
+            case figures::Kind::State:
+                hold(value, weight);
+                break;
+            default:
+                x_ += weight * value;
+        }
+    }
+
+    double weight() const { return weight_; }
+
+    /// Peak, Mean, Share: the arithmetic mean; Count: of the rate per minute, which times the known
+    /// minutes is the count; Level: of the powers, in dB; Angle: 0 up to 180; State: the value that
+    /// held longest.
+    double mean() const {
+        if (weight_ <= 0) return 0;
+        switch (kind_) {
+            case figures::Kind::Level:
+                return 10 * std::log10(x_ / weight_);
+            case figures::Kind::Angle:
+                return axis();
+            case figures::Kind::State:
+                return longest();
+            default:
+                return x_ / weight_;
+        }
+    }
+
+    /// Length of an angle's mean vector, 0 (all ways) to 1 (one way); 1 for other kinds.
+    double length() const {
+        if (kind_ != figures::Kind::Angle || weight_ <= 0) return 1;
+        return std::hypot(x_, y_) / weight_;
+    }
+
+ private:
+    static double doubled(double degrees) { return degrees * 2 * std::numbers::pi / 180; }
+
+    double axis() const {
+        // Values that cancel one another have no mean; rounding must not invent one.
+        constexpr double kNoLength = 1e-9;
+        if (length() < kNoLength) return 0;
+        const double degrees = std::atan2(y_, x_) / 2 * 180 / std::numbers::pi;
+        return degrees < 0 ? degrees + 180 : degrees;
+    }
+
+    void hold(double value, double weight) {
+        for (auto& [known, held] : held_) {
+            if (known == value) {
+                held += weight;
+                return;
+            }
+        }
+        held_.emplace_back(value, weight);
+    }
+    /// Of equals the lowest value, so that the order of adding does not matter.
+    double longest() const {
+        std::pair<double, double> best{0, -1};
+        for (const auto& one : held_) {
+            if (one.second > best.second || (one.second == best.second && one.first < best.first)) {
+                best = one;
+            }
+        }
+        return best.first;
+    }
+
+    figures::Kind kind_;
+    double weight_ = 0;
+    double x_ = 0;
+    double y_ = 0;
+    std::vector<std::pair<double, double>> held_;
+};
+
+}  // namespace history

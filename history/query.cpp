@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "history/query.h"
+
+#include <algorithm>
+#include <set>
+
+#include "history/kind_sum.h"
+#include "history/retention.h"
+
+namespace history {
+
+namespace {
+
+/// One column while pieces are added to it.
+class BandSum {
+ public:
+    explicit BandSum(figures::Kind kind) : kind_(kind), sum_(kind) {}
+
+    /// `share` of the piece lies in this column.
+    void add(const SpanValue& value, double share) {
+        for (std::size_t i = 0; i < value.causes.size(); ++i) {
+            causes_[i] += share * value.causes[i];
+        }
+        told_ += share * static_cast<double>(value.toldMs());
+        if (value.knownMs == 0) return;
+        sum_.add(static_cast<double>(value.mean), share * value.knownMs,
+                 static_cast<double>(value.length));
+        lowest_.push_back(value.lowest - value.mean);
+        highest_.push_back(value.highest - value.mean);
+        means_.push_back(value.mean);
+    }
+
+    Band band(double columnMs) const {
+        Band band;
+        Causes causes{};
+        for (std::size_t i = 0; i < causes.size(); ++i) {
+            causes[i] = static_cast<std::uint32_t>(causes_[i]);
+        }
+        const double missing = columnMs - told_;
+        // Less than a rounding of shares is none.
+        if (missing > 1) {
+            causes[static_cast<std::size_t>(kNotRecorded)] =
+                static_cast<std::uint32_t>(std::min(missing, 4e9));
+        }
+        band.cause = longestCause(causes);
+        band.knownMs = sum_.weight();
+        if (band.knownMs <= 0) return band;
+        const double mean = sum_.mean();
+        band.mean = static_cast<float>(mean);
+        double lowest = mean;
+        double highest = mean;
+        for (std::size_t i = 0; i < means_.size(); ++i) {
+            const double own = static_cast<double>(means_[i]);
+            const double placed = kind_ == figures::Kind::Angle ? nearAxis(own, mean) : own;
+            const double low = placed + static_cast<double>(lowest_[i]);
+            const double high = placed + static_cast<double>(highest_[i]);
+            lowest = i == 0 ? low : std::min(lowest, low);
+            highest = i == 0 ? high : std::max(highest, high);
+        }
+        band.lowest = static_cast<float>(lowest);
+        band.highest = static_cast<float>(highest);
+        return band;
+    }
+
+ private:
+    figures::Kind kind_;
+    KindSum sum_;
+    std::array<double, kFileStates + 1> causes_{};
+    double told_ = 0;
+    std::vector<float> lowest_, highest_, means_;  // of each piece; bounds beside its mean
+};
+
+}  // namespace
+
+Query::Query(std::filesystem::path folder, const char* vfs)
+    : folder_(std::move(folder)), vfs_(vfs) {}
+
+std::vector<Band> Query::bands(const Asked& asked) const {
+    if (asked.columns <= 0 || asked.toMs <= asked.fromMs || asked.figure >= figureCount()) {
+        return {};
+    }
+    const figures::Kind kind = figures::all()[asked.figure].kind;
+    const double columnMs =
+        static_cast<double>(asked.toMs - asked.fromMs) / static_cast<double>(asked.columns);
+    std::vector<BandSum> columns(static_cast<std::size_t>(asked.columns), BandSum(kind));
+    const auto place = [&](double ms) {
+        return (ms - static_cast<double>(asked.fromMs)) / columnMs;
+    };
+
+    const auto add = [&](const Piece& piece) {
+        const double from = std::max(0.0, place(static_cast<double>(piece.begin) * 1000));
+        const double to = std::min(static_cast<double>(asked.columns),
+                                   place(static_cast<double>(piece.end) * 1000));
+        const double whole = static_cast<double>(piece.end - piece.begin) * 1000 / columnMs;
+        for (auto i = static_cast<std::size_t>(from); static_cast<double>(i) < to; ++i) {
+            const double overlap =
+                std::min(to, static_cast<double>(i + 1)) - std::max(from, static_cast<double>(i));
+            if (overlap > 1e-9) columns[i].add(piece.value, overlap / whole);
+        }
+    };
+    const auto begin = static_cast<std::int64_t>(asked.fromMs / 1000) - (asked.fromMs < 0);
+    QueryRows(folder_, vfs_, asked.station, asked.figure)
+        .gather(stepFor(columnMs / 1000), begin, (asked.toMs + 999) / 1000, add);
+
+    std::vector<Band> bands;
+    bands.reserve(columns.size());
+    for (const BandSum& column : columns) bands.push_back(column.band(columnMs));
+    return bands;
+}
+
+std::vector<std::optional<MarkValue>> Query::at(int station, std::int64_t t) const {
+    std::vector<std::optional<MarkValue>> values(figureCount());
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        int epoch = -1;
+        QueryRows(folder_, vfs_, station, i)
+            .gather(Step::Second, t, t + 1, [&](const Piece& piece) {
+                // Of a second that a clock had twice, the later one.
+                if (piece.epoch < epoch) return;
+                epoch = piece.epoch;
+                const std::int64_t length = piece.end - piece.begin;
+                const Step step = length == 1         ? Step::Second
+                                  : length == kMinute ? Step::Minute
+                                  : length == kHour   ? Step::Hour
+                                                      : Step::Day;
+                values[i] = MarkValue{step, piece.value};
+            });
+    }
+    return values;
+}
+
+std::vector<int> Query::stations() const {
+    std::set<int> stations;
+    try {
+        Database database(folder_ / kIndexName, Access::Read, vfs_);
+        for (const int khz : IndexRows(database).stations()) stations.insert(khz);
+    } catch (const DatabaseFault&) {
+        // Until the first minute is over there is none.
+    }
+    const std::vector<CivilDay> days = daysIn(folder_);
+    if (days.empty()) return {stations.begin(), stations.end()};
+    try {
+        const auto file = folder_ / (days.back().text() + std::string(kDayEnding));
+        Database database(file, Access::Read, vfs_);
+        for (const int khz : DayRows(database).stations()) stations.insert(khz);
+    } catch (const DatabaseFault&) {
+        // The recorder finds the damage.
+    }
+    return {stations.begin(), stations.end()};
+}
+
+std::vector<Event> Query::events(std::int64_t from, std::int64_t to) const {
+    try {
+        Database database(folder_ / kIndexName, Access::Read, vfs_);
+        return IndexRows(database).events(from, to);
+    } catch (const DatabaseFault&) {
+        return {};
+    }
+}
+
+}  // namespace history

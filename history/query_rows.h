@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "history/index_file.h"
+
+namespace history {
+
+enum class Step { Second, Minute, Hour, Day };
+
+/// The step whose spans are no longer than a column of so many seconds.
+Step stepFor(double secondsPerColumn);
+
+/// Something known of a stretch of time.
+struct Piece {
+    std::int64_t begin = 0;  ///< seconds since 1970
+    std::int64_t end = 0;
+    int epoch = 0;
+    SpanValue value;
+};
+
+/// Reads one figure of one station out of all files of a folder.
+class QueryRows {
+ public:
+    using Take = std::function<void(const Piece&)>;
+
+    QueryRows(const std::filesystem::path& folder, const char* vfs, int station,
+              std::size_t figure);
+    ~QueryRows();
+
+    /// Everything that touches [begin, end), not finer than `step` where that is there.
+    void gather(Step step, std::int64_t begin, std::int64_t end, const Take& take);
+
+ private:
+    void gatherSeconds(std::int64_t begin, std::int64_t end, bool onlyFiles, const Take& take);
+    void gatherSpans(Step step, std::int64_t begin, std::int64_t end, bool coarserToo,
+                     const Take& take);
+    void readDay(const std::filesystem::path& file, std::int64_t begin, std::int64_t end,
+                 const Take& take);
+    std::int64_t endOf(Step step);
+    std::int64_t beginOf(Step step);
+
+    std::filesystem::path folder_;
+    const char* vfs_;
+    int station_;
+    std::size_t figure_;
+    std::unique_ptr<Database> database_;
+    std::unique_ptr<IndexRows> index_;
+};
+
+}  // namespace history

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <atomic>
+#include <condition_variable>
+#include <functional>
+#include <mutex>
+#include <thread>
+
+#include "history/input_ring.h"
+#include "history/store.h"
+
+namespace history {
+
+/// Records what it is handed, on a thread of its own. Whoever hands in never waits: not for the
+/// disk, not for a lock.
+class Recorder {
+ public:
+    /// With a second that is not over and half a second of sleep, less than five are lost when the
+    /// machine dies.
+    static constexpr std::int64_t kCommitMs = 3500;
+
+    explicit Recorder(StoreSettings settings, std::function<Moment()> clock = &Moment::now);
+    /// Writes what is left.
+    ~Recorder();
+    Recorder(const Recorder&) = delete;
+    Recorder& operator=(const Recorder&) = delete;
+
+    void start();
+    /// Ends the recording and writes what is left.
+    void stop();
+
+    /// From one thread alone. False when a minute waits already: then it is lost, and later told.
+    bool put(const Input& input) noexcept { return ring_.put(input); }
+
+    StoreStatus status() const;
+
+ private:
+    void run();
+    void drain();
+
+    StoreSettings settings_;
+    std::function<Moment()> clock_;
+    InputRing ring_;
+    std::unique_ptr<Store> store_;
+    std::unique_ptr<Recording> recording_;
+    mutable std::mutex mutex_;
+    std::condition_variable wake_;
+    bool stopping_ = false;
+    StoreStatus status_;
+    std::thread thread_;
+};
+
+}  // namespace history

@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "history/recording.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/numbers.h"
+
+namespace history {
+
+namespace {
+
+constexpr std::int64_t kGapEventsMs = 60000;  // one event of lost slots a minute is enough
+
+std::string secondsText(std::int64_t ms) {
+    return hmonitor::shortText(static_cast<double>(ms) / 1000).str() + " s";
+}
+
+}  // namespace
+
+Recording::Recording(RecordingSink& sink, int epoch)
+    : sink_(sink), timeline_(epoch), builder_([this](const Second& s) { sink_.keep(s); }) {}
+
+void Recording::event(std::int64_t nowMs, EventKind kind, std::string text) {
+    sink_.keep(Event{nowMs / 1000, station_, kind, std::move(text)});
+}
+
+void Recording::take(const Input& input) {
+    const Timeline::At at = timeline_.at(input.at);
+    stepTo(at);
+    const std::int64_t now = at.ms;
+    const bool lost = input.lostBefore != 0;
+    switch (input.what) {
+        case Input::What::Tuned:
+            return tune(input, now);
+        case Input::What::Readings:
+            return takeReadings(input, now);
+        case Input::What::Slot:
+            return takeSlot(input, now);
+        case Input::What::Halted:
+            return halt(now);
+        case Input::What::Busy:
+            return fillUpTo(now, lost);
+        case Input::What::Demo:
+            return demo(input, now);
+        case Input::What::FieldCorrection:
+            return correctField(input, now);
+        case Input::What::Tick:
+            // Of a station only its readings tell; that the unit is away is known without any.
+            if (unit_ == Unit::Away) fillUpTo(now, lost);
+            return;
+        case Input::What::Stop:
+            fillUpTo(now, lost);
+            builder_.finish();
+            event(now, EventKind::Stop, "");
+            unit_ = Unit::Nowhere;
+            return;
+    }
+}
+
+/// The wall clock was set: time begins anew.
+void Recording::stepTo(const Timeline::At& at) {
+    if (at.steppedMs == 0) return;
+    builder_.begin(station_, timeline_.epoch());
+    cursor_ = at.ms;
+    lastSlotAt_ = at.ms;
+    event(at.ms, EventKind::ClockStepped, secondsText(at.steppedMs));
+}
+
+void Recording::tune(const Input& input, std::int64_t now) {
+    fillUpTo(now, input.lostBefore != 0);
+    station_ = input.khz;
+    builder_.begin(station_, timeline_.epoch());
+    unit_ = Unit::OnStation;
+    hasHeld_ = false;
+    isLost_ = false;
+    cursor_ = lastSlotAt_ = now;
+    event(now, EventKind::Tuned,
+          "detector " + hmonitor::wholeText(input.detector).str() + ", mode " +
+              hmonitor::wholeText(input.audioMode).str());
+}
+
+void Recording::halt(std::int64_t now) {
+    fillUpTo(now, false);
+    if (unit_ == Unit::OnStation) unit_ = Unit::Away;
+    hasHeld_ = false;
+}
+
+void Recording::demo(const Input& input, std::int64_t now) {
+    if (input.flag == isDemo_) return;
+    fillUpTo(now, false);
+    builder_.finish();
+    isDemo_ = input.flag;
+    unit_ = Unit::Nowhere;
+    event(now, EventKind::Demo, isDemo_ ? "begins" : "ends");
+}
+
+void Recording::correctField(const Input& input, std::int64_t now) {
+    if (input.value[0] == fieldCorrection_) return;
+    fillUpTo(now, false);
+    fieldCorrection_ = input.value[0];
+    event(now, EventKind::FieldCorrection, hmonitor::shortText(fieldCorrection_).str() + " dB");
+}
+
+void Recording::takeReadings(const Input& input, std::int64_t now) {
+    if (isDemo_ || unit_ == Unit::Nowhere) return;
+    fillUpTo(now, input.lostBefore != 0);
+    if (unit_ == Unit::Away || hasSlots_) return;
+    held_ = figuresOf(input);
+    hasHeld_ = true;
+    tellLost(input.flag, now);
+}
+
+void Recording::takeSlot(const Input& input, std::int64_t now) {
+    if (isDemo_ || unit_ == Unit::Nowhere) return;
+    if (!hasSlots_) fillUpTo(now - input.lengthMs, false);
+    hasSlots_ = true;
+    const bool isOwnTime = input.slotUtcMs != 0 && input.slotUtcMs <= now + Timeline::kStepMs &&
+                           input.slotUtcMs >= now - kSlotAgeMs;
+    const std::int64_t end = isOwnTime ? input.slotUtcMs : now;
+    const std::int64_t begin = end - input.lengthMs;
+    const bool jumped = nextSlot_ && input.number > *nextSlot_;
+    if (jumped && now - lastGapEvent_ >= kGapEventsMs) {
+        event(now, EventKind::Gap,
+              hmonitor::wholeText(static_cast<std::int64_t>(input.number - *nextSlot_)).str() +
+                  " slots");
+        lastGapEvent_ = now;
+    }
+    // A hole between two slots: a loss, or time with the unit away. What is shorter than a slot is
+    // rounding of times, and the slot tells of it too.
+    if (begin > cursor_ && (jumped || begin - cursor_ > std::int64_t{input.lengthMs})) {
+        fill(begin, holeBefore(input, jumped));
+    }
+    nextSlot_ = input.number + 1;
+    lastSlotAt_ = now;
+    fill(end, figuresOf(input));
+    tellLost(false, now);
+}
+
+/// As the rack shows them: the field with its correction.
+FigureValues Recording::figuresOf(const Input& input) const {
+    FigureValues values{input.value, input.state};
+    const auto registry = figures::all();
+    for (std::size_t i = 0; i < figureCount(); ++i) {
+        if (registry[i].source.output == &figures::Readings::field) {
+            values.value[i] += fieldCorrection_;
+        }
+    }
+    return values;
+}
+
+State Recording::holeBefore(const Input& slot, bool jumped) const {
+    if (slot.lostBefore != 0) return State::TooSlow;
+    if (jumped) return State::Gap;
+    return unit_ == Unit::Away ? State::UnitAway : State::TooSlow;
+}
+
+void Recording::tellLost(bool lost, std::int64_t now) {
+    if (lost == isLost_) return;
+    isLost_ = lost;
+    event(now, lost ? EventKind::UnitLost : EventKind::UnitFound, "");
+}
+
+void Recording::fillUpTo(std::int64_t now, bool lost) {
+    if (unit_ == Unit::Nowhere || isDemo_) {
+        cursor_ = std::max(cursor_, now);
+        return;
+    }
+    if (hasSlots_) {
+        // Slots tell of their own time, some later than it was. Without any there is nothing new.
+        if (now - lastSlotAt_ < kStaleMs) return;
+        if (unit_ == Unit::Away) return fill(now, State::UnitAway);
+        if (!isLost_) tellLost(true, now);
+        return fill(now, State::Stale);
+    }
+    if (unit_ == Unit::Away) return fill(now, State::UnitAway);
+    fillReadings(now, lost);
+}
+
+void Recording::fillReadings(std::int64_t now, bool lost) {
+    const std::int64_t silent = now - cursor_;
+    if (lost) return fill(now, State::TooSlow);
+    if (silent > kLongestSlowMs) {
+        event(now, EventKind::Gap, secondsText(silent));
+        builder_.finish();
+        cursor_ = now;
+        return;
+    }
+    if (silent > kHoldMs) return fill(now, State::TooSlow);
+    if (!hasHeld_) return fill(now, State::Settling);
+    fill(now, held_);
+}
+
+void Recording::fill(std::int64_t until, const FigureValues& values) {
+    if (until <= cursor_) return;
+    builder_.add(cursor_, until, values);
+    cursor_ = until;
+}
+
+}  // namespace history

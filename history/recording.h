@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include "history/event.h"
+#include "history/input.h"
+#include "history/second_builder.h"
+#include "history/timeline.h"
+
+namespace history {
+
+/// Where a recording's seconds and events go.
+struct RecordingSink {
+    virtual ~RecordingSink() = default;
+    virtual void keep(const Second& second) = 0;
+    virtual void keep(const Event& event) = 0;
+};
+
+/// Makes seconds and events of what passes the driver's door. No thread, no disk.
+class Recording final : public InputSink {
+ public:
+    /// Readings hold until the next ones, at most so long; a heartbeat comes every 30 ms.
+    static constexpr std::int64_t kHoldMs = 500;
+    /// A longer silence was not a slow machine: nobody recorded.
+    static constexpr std::int64_t kLongestSlowMs = 10000;
+    /// Slots whose number stands still for so long are stale.
+    static constexpr std::int64_t kStaleMs = 3000;
+    /// A slot's own time is believed within so much of the time at which it came.
+    static constexpr std::int64_t kSlotAgeMs = 60000;
+
+    explicit Recording(RecordingSink& sink, int epoch = 0);
+
+    void take(const Input& input) override;
+
+    /// From a moment at which the clock stands behind what was recorded before: another epoch.
+    void beginEpoch(int epoch) { timeline_.beginEpoch(epoch); }
+    int epoch() const { return timeline_.epoch(); }
+
+ private:
+    enum class Unit { Nowhere, OnStation, Away };
+
+    void stepTo(const Timeline::At& at);
+    void tune(const Input& input, std::int64_t now);
+    void halt(std::int64_t now);
+    void takeReadings(const Input& input, std::int64_t now);
+    void takeSlot(const Input& input, std::int64_t now);
+    void demo(const Input& input, std::int64_t now);
+    void correctField(const Input& input, std::int64_t now);
+    /// Tells of all time up to `now` by what is known of it.
+    void fillUpTo(std::int64_t now, bool lost);
+    void fillReadings(std::int64_t now, bool lost);
+    void fill(std::int64_t until, const FigureValues& values);
+    void fill(std::int64_t until, State why) { fill(until, FigureValues::unknown(why)); }
+    FigureValues figuresOf(const Input& input) const;
+    State holeBefore(const Input& slot, bool jumped) const;
+    void tellLost(bool lost, std::int64_t now);
+    void event(std::int64_t nowMs, EventKind kind, std::string text);
+
+    RecordingSink& sink_;
+    Timeline timeline_;
+    SecondBuilder builder_;
+    Unit unit_ = Unit::Nowhere;
+    bool isDemo_ = false;
+    bool isLost_ = false;  // the unit says nothing new
+    int station_ = 0;
+    float fieldCorrection_ = 0;
+    std::int64_t cursor_ = 0;  // up to here time is told
+    bool hasHeld_ = false;     // readings since the tuning
+    FigureValues held_;
+    bool hasSlots_ = false;  // the library gives slots: readings count no more
+    std::optional<std::uint64_t> nextSlot_;
+    std::int64_t lastSlotAt_ = 0;
+    std::int64_t lastGapEvent_ = INT64_MIN / 2;
+};
+
+}  // namespace history

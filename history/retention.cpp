@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "history/retention.h"
+
+#include <algorithm>
+
+namespace history {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::int64_t kDaySeconds = 86400;
+constexpr int kMinutesAtOnce = 30;  // days
+
+std::uint64_t freeIn(const fs::path& folder, const Retention& retention) {
+    if (retention.freeBytes) return retention.freeBytes(folder);
+    std::error_code error;
+    const fs::space_info space = fs::space(folder, error);
+    return error ? retention.leastFreeBytes : space.available;
+}
+
+/// A day's file with all that carries its date: journals, damaged ones.
+void removeDay(const fs::path& folder, const CivilDay& day) {
+    std::error_code error;
+    std::vector<fs::path> doomed;
+    for (const auto& entry : fs::directory_iterator(folder, error)) {
+        if (entry.path().filename().string().starts_with(day.text() + ".")) {
+            doomed.push_back(entry.path());
+        }
+    }
+    for (const fs::path& path : doomed) fs::remove(path, error);
+}
+
+void removeMinutes(const fs::path& folder, const Retention& retention, std::int64_t now,
+                   IndexFile& index) {
+    index.removeBefore(kMinute, now - retention.minutesDays * kDaySeconds);
+    for (int days = retention.minutesDays - kMinutesAtOnce; days > 0; days -= kMinutesAtOnce) {
+        if (bytesIn(folder) <= retention.budgetBytes) return;
+        index.removeBefore(kMinute, now - days * kDaySeconds);
+        index.database().run("PRAGMA wal_checkpoint(TRUNCATE)");
+    }
+}
+
+}  // namespace
+
+std::vector<CivilDay> daysIn(const fs::path& folder) {
+    std::vector<CivilDay> days;
+    std::error_code error;
+    for (const auto& entry : fs::directory_iterator(folder, error)) {
+        if (entry.path().extension() != kDayEnding) continue;
+        if (const auto day = CivilDay::parse(entry.path().stem().string())) days.push_back(*day);
+    }
+    std::ranges::sort(days);
+    return days;
+}
+
+std::uint64_t bytesIn(const fs::path& folder) {
+    std::uint64_t bytes = 0;
+    std::error_code error;
+    for (const auto& entry : fs::directory_iterator(folder, error)) {
+        std::error_code none;
+        const auto size = entry.file_size(none);
+        if (!none) bytes += size;
+    }
+    return bytes;
+}
+
+bool thinOut(const fs::path& folder, const Retention& retention, std::int64_t now,
+             IndexFile* index) {
+    const CivilDay today = CivilDay::of(now);
+    const CivilDay yesterday = CivilDay::of(now - kDaySeconds);
+    const CivilDay first = CivilDay::of(now - retention.secondsDays * kDaySeconds);
+    for (const CivilDay& day : daysIn(folder)) {
+        const bool isOld = day < first;
+        const bool isTooMuch = day < today && bytesIn(folder) > retention.budgetBytes;
+        const bool isInTheWay =
+            day < yesterday && freeIn(folder, retention) < retention.leastFreeBytes;
+        if (isOld || isTooMuch || isInTheWay) removeDay(folder, day);
+    }
+    try {
+        if (index) removeMinutes(folder, retention, now, *index);
+    } catch (const DatabaseFault&) {
+        // Old minutes stay an hour longer.
+    }
+    return freeIn(folder, retention) < retention.leastFreeBytes;
+}
+
+}  // namespace history
