@@ -60,8 +60,9 @@ HM16_EXPORT int32_t HM16_CALL HM_DemoMode(void);
 HM16_EXPORT int32_t HM16_CALL HM_Directorio(const char* folder);
 
 /* Tunes and enters normal measuring. Legal in mode idle.
- *   frequency  875 to 1080, a half step as .5
- *   average    1 average detector, 0 peak detector
+ *   frequency  875 to 1081.5, a half step as .5: the places of the tuning bar, 0 to 206, and one
+ *              half step. Nothing else is ever asked for
+ *   average    1 average detector, 0 peak detector; this and the next three are 0 or 1, never else
  *   audioMode  0 outputs 2 and 3 are L and R, 1 they are L+R and L-R
  *   response   1 a frequency response run is armed, 0 not
  *   logFiles   1 the library keeps a daily log of this station, 0 not */

@@ -11,6 +11,11 @@ namespace {
 using figures::State;
 
 constexpr float kOtherLimit = 10000.f;
+/// No unit of this family calls itself so: whoever says it is not one.
+constexpr float kHighestVersion = 1000.f;
+/// Where the tuning bar begins and ends, the half step of its last place included.
+constexpr float kLowestTuned = 875.f;
+constexpr float kHighestTuned = 1081.5f;
 
 bool canBe(float said, float limit) {
     return std::isfinite(said) && std::fabs(said) <= limit;
@@ -31,6 +36,10 @@ float DriverDoor::limitOf(figures::Output output) {
 
 std::int32_t DriverDoor::HM_Normal(float frequency, std::int32_t average, std::int32_t audioMode,
                                    std::int32_t response, std::int32_t logFiles) {
+    // They come out of files that anybody may have written; the files keep what they hold.
+    frequency = std::clamp(frequency, kLowestTuned, kHighestTuned);
+    for (std::int32_t* flag : {&average, &audioMode, &response, &logFiles})
+        *flag = std::clamp(*flag, 0, 1);
     still_.begin(desktop_.now());
     const std::int32_t result =
         library_.HM_Normal(frequency, average, audioMode, response, logFiles);
@@ -148,7 +157,7 @@ void DriverDoor::tellLevel(float frequency, float level, MeasuredLevel::From fro
 std::int32_t DriverDoor::HM_getHardwareVersion(float& version) {
     float said = 0;
     const std::int32_t result = library_.HM_getHardwareVersion(said);
-    version = checked(said, 0, kOtherLimit);
+    version = said < 0 ? 0 : checked(said, 0, kHighestVersion);
     return result;
 }
 

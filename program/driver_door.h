@@ -20,6 +20,8 @@ class DriverDoor {
     std::int32_t HM_Init() { return library_.HM_Init(); }
     std::int32_t HM_Terminate() { return library_.HM_Terminate(); }
     std::int32_t HM_DemoMode() { return library_.HM_DemoMode(); }
+    /// Tunes within what hm16.h promises a library: the frequency to 875 to 1081.5, each switch to
+    /// 0 or 1.
     std::int32_t HM_Normal(float frequency, std::int32_t average, std::int32_t audioMode,
                            std::int32_t response, std::int32_t logFiles);
     std::int32_t HM_Parar();
@@ -37,7 +39,8 @@ class DriverDoor {
     std::int32_t HM_RespFrecuencia(ResponsePairs& pairs) {
         return library_.HM_RespFrecuencia(pairs);
     }
-    /// 0 when no unit answers, or when the answer is no version number.
+    /// 0 when no unit answers, or when what it answers is no version: not a number, below 0 or
+    /// above 1000.
     std::int32_t HM_getHardwareVersion(float& version);
     std::int32_t HM_getDriverVersion(float& version);
 

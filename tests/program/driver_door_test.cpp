@@ -148,11 +148,32 @@ TEST_F(Door, AVersionThatIsNoneCountsAsNoUnit) {
     unit.hardwareVersion = 1.8f;
     door.HM_getHardwareVersion(version);
     EXPECT_EQ(version, 1.8f);
-    for (const float bad : {kNan, kInfinity, 1e38f, 10001.f}) {
+    for (const float bad :
+         {kNan, kInfinity, -kInfinity, 1e38f, 1000.5f, 1001.f, -0.1f, -1.8f, -1000.f}) {
         unit.hardwareVersion = bad;
         door.HM_getHardwareVersion(version);
         EXPECT_EQ(version, 0.f) << bad;
     }
+    unit.hardwareVersion = 1000;
+    door.HM_getHardwareVersion(version);
+    EXPECT_EQ(version, 1000.f);
+}
+
+TEST_F(Door, TunesOnlyWhereTheBarReachesAndWithSwitchesThatAreOnOrOff) {
+    constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+    constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
+    const auto tuned = [&](float frequency, std::int32_t average, std::int32_t audioMode,
+                           std::int32_t response, std::int32_t logFiles) {
+        unit.calls.clear();
+        door.HM_Normal(frequency, average, audioMode, response, logFiles);
+        return unit.calls.at(0);
+    };
+    EXPECT_EQ(tuned(875, 0, 1, 0, 1), "HM_Normal(875, 0, 1, 0, 1)");
+    EXPECT_EQ(tuned(1081.5f, 1, 0, 1, 0), "HM_Normal(1081.5, 1, 0, 1, 0)");
+    EXPECT_EQ(tuned(874.5f, 2, 3, 7, 42), "HM_Normal(875, 1, 1, 1, 1)");
+    EXPECT_EQ(tuned(1082, -1, -2, -3, -4), "HM_Normal(1081.5, 0, 0, 0, 0)");
+    EXPECT_EQ(tuned(-1e30f, kMost, kLeast, kMost, kLeast), "HM_Normal(875, 1, 0, 1, 0)");
+    EXPECT_EQ(tuned(kInfinity, kLeast, kMost, kLeast, kMost), "HM_Normal(1081.5, 0, 1, 0, 1)");
 }
 
 TEST_F(Door, ADriverVersionThatIsNoneLeavesTheCallersOwn) {
