@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <cstdio>
 #include <filesystem>
 
 #include "drivers/simulated/options.h"
 #include "drivers/simulated/simulated_unit.h"
 #include "drivers/unit/settings.h"
+#include "drivers/unit/standard_error.h"
 #include "drivers/unit/unit.h"
 
 namespace hm16 {
@@ -13,7 +13,7 @@ std::unique_ptr<Unit> openUnit(const std::filesystem::path& folder, PublishedRea
     Settings settings = Settings::read(folder / "hm-16.ini");
     const simulated::Options options = simulated::readOptions(settings);
     const auto faults = settings.faults();
-    for (const auto& fault : faults) std::fprintf(stderr, "%s\n", fault.c_str());
+    for (const auto& fault : faults) sayOnStandardError(fault);
     if (!faults.empty() || options.version <= 0) return nullptr;
     // The program may change its folder later; the files stay where it was at the start.
     return std::make_unique<simulated::SimulatedUnit>(options, readings,

@@ -5,7 +5,6 @@
 #include <array>
 #include <bit>
 #include <cmath>
-#include <cstdio>
 #include <limits>
 #include <utility>
 
@@ -15,6 +14,7 @@
 #include "drivers/simulated/figures.h"
 #include "drivers/simulated/hour_of_air.h"
 #include "drivers/simulated/station_slot.h"
+#include "drivers/unit/standard_error.h"
 
 namespace hm16::simulated {
 
@@ -264,7 +264,7 @@ void SimulatedUnit::spoil(Readings& readings) {
 void SimulatedUnit::say(const std::optional<std::string>& fault) {
     if (!fault || *fault == lastFault_) return;
     lastFault_ = *fault;
-    std::fprintf(stderr, "hm-16: %s\n", fault->c_str());
+    sayOnStandardError("hm-16: " + *fault);
 }
 
 bool SimulatedUnit::isSilent(double time) const {

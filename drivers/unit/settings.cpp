@@ -8,6 +8,7 @@
 #include "base/number_text.h"
 #include "base/plain_text.h"
 #include "base/read_file.h"
+#include "drivers/unit/standard_error.h"
 
 namespace hm16 {
 
@@ -147,6 +148,7 @@ std::vector<std::string> Settings::faults() const {
         all.push_back(name_ + ", line " + std::to_string(line) + ": " + key +
                       " is no setting of this library.");
     }
+    for (std::string& fault : all) fault = printable(fault);
     return all;
 }
 

@@ -45,6 +45,7 @@ class Settings {
     void addFault(std::string_view key, std::string_view wrong);
 
     // The faults, one sentence each, in the order of finding; unknown keys last.
+    // What the file holds stands in them as printable() gives it.
     std::vector<std::string> faults() const;
 
  private:

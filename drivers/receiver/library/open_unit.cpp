@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
-#include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <optional>
@@ -12,6 +11,7 @@
 #include "drivers/receiver/library/receiver_unit.h"
 #include "drivers/receiver/sound/loudspeaker.h"
 #include "drivers/unit/settings.h"
+#include "drivers/unit/standard_error.h"
 #include "drivers/unit/unit.h"
 
 namespace hm16 {
@@ -71,7 +71,7 @@ std::unique_ptr<Unit> openUnit(const std::filesystem::path& folder, PublishedRea
     Settings settings = Settings::read(folder / "hm-16.ini");
     const receiver::ReceiverOptions options = receiver::readOptions(settings, folder);
     const auto faults = settings.faults();
-    for (const auto& fault : faults) std::fprintf(stderr, "%s\n", fault.c_str());
+    for (const auto& fault : faults) sayOnStandardError(fault);
     if (!faults.empty() || options.version <= 0) return nullptr;
     try {
         auto source = receiver::openSource(options);
@@ -79,7 +79,7 @@ std::unique_ptr<Unit> openUnit(const std::filesystem::path& folder, PublishedRea
     } catch (const receiver::SourceError& error) {
         const char* key = options.source == receiver::SourceKind::Recording ? "file" : "source";
         settings.addFault(key, std::string("cannot be used: ") + error.what());
-        std::fprintf(stderr, "%s\n", settings.faults().back().c_str());
+        sayOnStandardError(settings.faults().back());
     }
     return nullptr;
 }

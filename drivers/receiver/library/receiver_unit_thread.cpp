@@ -2,12 +2,12 @@
 // What the unit's own thread does, or whoever drives it in steps: stretch by stretch from the
 // signal to published readings, frames and files.
 #include <cmath>
-#include <cstdio>
 #include <utility>
 
 #include "drivers/receiver/library/readings_of.h"
 #include "drivers/receiver/library/receiver_unit.h"
 #include "drivers/receiver/library/slot_of.h"
+#include "drivers/unit/standard_error.h"
 
 namespace hm16::receiver {
 namespace {
@@ -247,7 +247,7 @@ void ReceiverUnit::saveResults() {
 void ReceiverUnit::say(const std::optional<std::string>& fault) {
     if (!fault || *fault == lastFault_) return;
     lastFault_ = *fault;
-    std::fprintf(stderr, "hm-16: %s\n", fault->c_str());
+    sayOnStandardError("hm-16: " + *fault);
 }
 
 }  // namespace hm16::receiver
