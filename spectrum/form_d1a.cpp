@@ -61,6 +61,7 @@ void FormD1a::onLoad() {
     SampleCount = 0;
     FrameBusy = 0;
     run_ = Run::None;
+    closeAfterRun_ = false;
     rampFrom_ = 0;
     language = panelLanguage(program.desktop.userLanguageId());
     placeOverRack(*this, program);
@@ -85,7 +86,15 @@ void FormD1a::openPage() {
 }
 
 void FormD1a::closeRequested() {
-    Command3D2.press();
+    // The key waits for a run to end; whoever closes the window ends it.
+    closeAfterRun_ = true;
+    if (run_ == Run::Going) stop();
+    closeIfAsked();
+}
+
+/// The window goes when no measurement of it holds the thread any more.
+void FormD1a::closeIfAsked() {
+    if (closeAfterRun_ && run_ == Run::None && !points_.running()) unload();
 }
 
 void FormD1a::runOrStop() {
@@ -120,15 +129,15 @@ bool FormD1a::takeReference(float carrier) {
     if (!givesFrames(HardwareVersion)) return true;
     Reference reference(lease_.frequency());
     const PointRun::End end = points_.measure(reference);
-    // While the level was measured the user may have pressed Stop.
-    if (run_ != Run::Going) return false;
-    if (end != PointRun::End::Done) {
-        refused(0);
-        stop();
-        return false;
+    // While the level was measured the user may have pressed Stop, or closed the window.
+    if (run_ == Run::Going && end == PointRun::End::Done) {
+        Levels[0] = reference.level > carrier - 1.0f ? reference.level : carrier - 10.0f;
+        return true;
     }
-    Levels[0] = reference.level > carrier - 1.0f ? reference.level : carrier - 10.0f;
-    return true;
+    if (end == PointRun::End::UnitFailed) refused(0);
+    if (run_ == Run::Going) stop();
+    closeIfAsked();
+    return false;
 }
 
 void FormD1a::startSampling() {
@@ -172,6 +181,7 @@ void FormD1a::tick() {
         if (run_ == Run::Going) stop();
         endSample();
     }
+    closeIfAsked();
 }
 
 int FormD1a::last() const {
@@ -204,6 +214,7 @@ void FormD1a::roundEnds() {
     const bool grown = holdPeaks();
     endSample();
     if (grown) drawCurve();
+    closeIfAsked();
 }
 
 void FormD1a::endSample() {

@@ -68,6 +68,7 @@ class FormD1a final : public ProgramForm, private LevelSink {
     void startSampling();
     void stop();
     void giveUnitBack();
+    void closeIfAsked();
     void tick();
     // Takes a sample: the levels at 25 ... 150 kHz above the carrier, from a frame or point by
     // point.
@@ -98,6 +99,7 @@ class FormD1a final : public ProgramForm, private LevelSink {
     int LastY = 0;
     float rampFrom_ = 0;
     Run run_ = Run::None;
+    bool closeAfterRun_ = false;
     /// The numbers of the graph: percent at kHz from the carrier.
     struct Shown {
         int kHz;

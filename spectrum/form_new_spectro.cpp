@@ -48,6 +48,7 @@ class ChannelLevels final : public LevelSink {
 Form_NewSpectro::Form_NewSpectro(Program& itsProgram) : ProgramForm(itsProgram, "Form_NewSpectro") {
     Combo1.onClick = [this] { takeSpan(); };
     Command3D1.onClick = [this] { run(); };
+    Text_Step.onChange = [this] { Refused.caption = ""; };
     Command3D2.onClick = [this] {
         program.Form_D1->show();
         unload();
@@ -81,6 +82,10 @@ void Form_NewSpectro::run() {
     // A step under 1 kHz is refused: the graph and its labels use whole kHz.
     const double step = valueOf(Text_Step.text);
     if (step < 1) {
+        Refused.caption =
+            wordsIn(language, {"El paso mínimo es 1 kHz.", "The least step is 1 kHz."});
+        Text_Step.takeFocus();
+        Text_Step.selectAll();
         lease.letGo();
         return;
     }

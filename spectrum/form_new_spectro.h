@@ -20,6 +20,7 @@ class Form_NewSpectro final : public ProgramForm {
     display::Panel Faceplate{*this, "Faceplate"};
     display::Panel SSPanel1{*this, "SSPanel1"};  ///< the handle of the window
     display::Label Heading{*this, "Heading"};
+    display::Label Refused{*this, "Refused"};  ///< why no run began
     display::Label Label3{*this, "Label3"};
     display::Panel Frame1{*this, "Frame1"};
     display::Label FrameCaption{*this, "FrameCaption"};

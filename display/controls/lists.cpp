@@ -30,12 +30,12 @@ bool ListModel::setSelected(int row) {
 
 void ComboBox::select(int row) {
     const bool changed = list.setSelected(row);
-    const bool again = firesAgain && row >= 0 && row == list.selected();
-    if ((changed || again) && onClick && !form().layingOut()) onClick();
+    const bool again = firesAgain && row == list.selected();
+    if (row >= 0 && (changed || again) && onClick && !form().layingOut()) onClick();
 }
 
 void ListBox::select(int row) {
-    if (list.setSelected(row) && onClick && !form().layingOut()) onClick();
+    if (list.setSelected(row) && row >= 0 && onClick && !form().layingOut()) onClick();
 }
 
 }  // namespace display

@@ -26,7 +26,8 @@ class ListModel {
     int selected_ = -1;
 };
 
-/// A list that opens when clicked; select() fires onClick, for a click as for code.
+/// A list that opens when clicked; select() fires onClick, for a click as for code. -1 leaves no row
+/// selected, and that is no click.
 class ComboBox final : public KindOf<ComboBox> {
  public:
     using KindOf::KindOf;
@@ -44,7 +45,7 @@ class ComboBox final : public KindOf<ComboBox> {
     }
 };
 
-/// A list that is always open.
+/// A list that is always open; select() as a ComboBox has it.
 class ListBox final : public KindOf<ListBox> {
  public:
     using KindOf::KindOf;

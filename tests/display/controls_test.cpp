@@ -170,6 +170,22 @@ TEST_F(Controls, AComboBoxSelectsARowThatItHas) {
     EXPECT_EQ(form.heard, Heard{"Combo1 click"});
 }
 
+TEST_F(Controls, AListWithoutASelectedRowHasHeardNoClick) {
+    form.Combo1.select(2);
+    form.heard.clear();
+    form.Combo1.firesAgain = true;
+    form.Combo1.select(-1);
+    form.Combo1.select(-1);
+    EXPECT_EQ(form.Combo1.list.selected(), -1);
+    EXPECT_EQ(form.Combo1.list.text(), "");
+    EXPECT_EQ(form.heard, Heard{});
+    form.List1.select(0);
+    form.heard.clear();
+    form.List1.select(-1);
+    EXPECT_EQ(form.List1.list.selected(), -1);
+    EXPECT_EQ(form.heard, Heard{});
+}
+
 TEST_F(Controls, AClearedListHasNoSelection) {
     form.List1.select(1);
     form.List1.list.clear();

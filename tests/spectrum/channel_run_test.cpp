@@ -223,7 +223,24 @@ TEST(ChannelRun, WithoutAStepOnlyReturnsTheUnit) {
                                                    StartsWith("HM_Normal(979,")));
         EXPECT_TRUE(bench.asks.visible);
         EXPECT_FALSE(bench.exists("0979.spc"));
+        EXPECT_EQ(bench.asks.Refused.caption, "The least step is 1 kHz.");
+        EXPECT_EQ(bench.desktop.focus, &bench.asks.Text_Step);
+        // The word goes with the step that it was said of.
+        bench.type(bench.asks.Text_Step, "50");
+        EXPECT_EQ(bench.asks.Text_Step.text, "50");
+        EXPECT_EQ(bench.asks.Refused.caption, "");
+        EXPECT_EQ(bench.program.unitInUse.window, nullptr);
     }
+}
+
+TEST(ChannelRun, KeepsItsSpanWhereNoItemOfTheListIsChosen) {
+    SpectrumBench bench;
+    bench.hand.click(bench.shows.Command3D1);
+    bench.desktop.settle();
+    bench.hand.select(bench.asks.Combo1, -1);
+    bench.hand.click(bench.asks.Command3D1);
+    bench.desktop.settle();
+    EXPECT_EQ(SpectrumBench::count(bench.takeCalls(), "HM_Super"), 17u);
 }
 
 TEST(ChannelRun, UnitThatFailsEndsItKeepsTheOldFileAndIsReturnedAtTheClose) {

@@ -289,20 +289,74 @@ TEST(FormD1a, ARunKeepsTheFrequencyThatItBeganWith) {
     EXPECT_THAT(bench.takeCalls(), Contains("HM_Super(979.25)"));
 }
 
-TEST(FormD1a, CannotBeLeftDuringARunByKeyNorByTheWindowsClose) {
+TEST(FormD1a, TheKeyThatLeavesItWaitsForTheEndOfARun) {
     WidthBench bench(kPoints);
     bench.run();
     bench.hand.click(bench.width.Command3D2);
-    bench.hand.close(bench.width);
     bench.hand.escape(bench.width);
     bench.desktop.settle();
     EXPECT_TRUE(bench.width.visible);
+    EXPECT_EQ(bench.width.Command3D1.caption, "Stop");
     bench.run();
-    bench.hand.close(bench.width);
+    bench.hand.click(bench.width.Command3D2);
     bench.desktop.settle();
     EXPECT_FALSE(bench.width.loaded());
+}
+
+TEST(FormD1a, TheWindowsCloseStopsARunAndCloses) {
+    for (const float version : {kPoints, kFrames}) {
+        SCOPED_TRACE(version);
+        WidthBench bench(version);
+        bench.run();
+        bench.advance(milliseconds(230));
+        bench.hand.close(bench.width);
+        bench.desktop.settle();
+        EXPECT_FALSE(bench.width.loaded());
+        EXPECT_FALSE(bench.width.Timer1.enabled);
+        EXPECT_TRUE(bench.rackUsable());
+        EXPECT_EQ(bench.program.unitInUse.window, nullptr);
+        EXPECT_THAT(bench.takeCalls().back(), StartsWith("HM_Normal(979,"));
+    }
+}
+
+TEST(FormD1a, ClosedWithinATickItGoesWhenTheTickHasMeasured) {
+    WidthBench bench(kPoints);
+    bench.run();
+    bench.takeCalls();
+    int point = 0;
+    bool openInside = false;
+    bench.driver.duringSuper = [&](float) {
+        if (++point == 3) bench.hand.close(bench.width);
+        if (point == 4) openInside = bench.width.loaded();
+    };
+    bench.advance(milliseconds(200));
+    EXPECT_TRUE(openInside);
+    EXPECT_EQ(point, 6);
+    EXPECT_FALSE(bench.width.loaded());
     EXPECT_TRUE(bench.rackUsable());
+    EXPECT_FALSE(bench.desktop.queue().running());
     EXPECT_THAT(bench.takeCalls().back(), StartsWith("HM_Normal(979,"));
+    bench.advance(milliseconds(1000));
+    EXPECT_EQ(point, 6);
+}
+
+TEST(FormD1a, ClosedWhileTheReferenceIsMeasuredItGoesWithoutSampling) {
+    WidthBench bench(kFrames);
+    bench.driver.duringSuper = [&](float) { bench.hand.close(bench.width); };
+    bench.run();
+    EXPECT_FALSE(bench.width.loaded());
+    EXPECT_TRUE(bench.rackUsable());
+    EXPECT_FALSE(bench.desktop.queue().running());
+    const auto calls = bench.takeCalls();
+    EXPECT_EQ(SpectrumBench::count(calls, "HM_StartEspectro"), 0u);
+    EXPECT_THAT(calls.back(), StartsWith("HM_Normal(979,"));
+    // The next time it opens as ever.
+    bench.driver.duringSuper = nullptr;
+    bench.openBandwidth();
+    bench.run();
+    bench.advance(milliseconds(200));
+    EXPECT_TRUE(bench.width.visible);
+    EXPECT_EQ(bench.width.Command3D1.caption, "Stop");
 }
 
 TEST(FormD1a, AChannelSpectrumDoesNotStartWhileARunGoesOn) {
