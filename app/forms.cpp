@@ -28,6 +28,8 @@ Forms::Forms(Program& program, Brand brand)
           HMONITOR_EACH_FORM(HMONITOR_NAME)
 #undef HMONITOR_NAME
 {
+    program.desktop.onEndWanted = [this] { form1.endAsked(); };
+    program.desktop.onSaveWanted = [this] { form1.saveAsked(); };
 }
 
 Forms::~Forms() = default;

@@ -18,6 +18,18 @@ void Desktop::end() {
     throw ProgramEnded{};
 }
 
+void Desktop::wantEnd() {
+    if (ended_) return;
+    endWanted_ = true;
+    endComes();
+}
+
+void Desktop::endIfWanted() {
+    if (!endWanted_ || ended_) return;
+    if (onEndWanted) onEndWanted();
+    end();
+}
+
 Form* Desktop::find(std::string_view formName) const {
     for (Form* form : forms_) {
         if (form->name() == formName) return form;

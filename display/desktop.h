@@ -161,6 +161,20 @@ class Desktop {
     [[noreturn]] void end();
     bool ended() const { return ended_; }
 
+    /// Somebody who stands at no key wants the program to end: a signal, the end of the user's
+    /// session. A run that holds the thread hears it as its stop; when no handler stands any more
+    /// but for boxes and modal forms, `onEndWanted` is called.
+    void wantEnd();
+    bool endWanted() const { return endWanted_; }
+    /// Ends the program in good order without asking anybody anything. Where it is not set, the
+    /// program ends at once.
+    std::function<void()> onEndWanted;
+    /// The user's session may be about to end: what would be lost is stored.
+    std::function<void()> onSaveWanted;
+
+    /// A sentence to whoever started the program, where no user may be there to answer a box.
+    virtual void tellStarter(std::string_view sentence) = 0;
+
     // What forms tell the desktop.
     virtual void formLoaded(Form&) {}
     /// The form is being destroyed: none of its members may be called any more.
@@ -182,12 +196,17 @@ class Desktop {
     virtual void startWork(std::function<void()> fn, std::function<void()> done) = 0;
     /// Returns when nothing works any more. What was worked out needs not be posted.
     virtual void finishWork() {}
+    /// An end is wanted: the loop wakes up for it.
+    virtual void endComes() {}
+    /// For the desktop's loops: ends the program if that is wanted.
+    void endIfWanted();
 
  private:
     friend class Form;
     EventQueue queue_;
     std::vector<Form*> forms_;
     bool ended_ = false;
+    bool endWanted_ = false;
 };
 
 template <class Fn, class Done>

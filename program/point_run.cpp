@@ -21,7 +21,7 @@ class PointRun::Running {
 
 PointRun::End PointRun::round(LevelSink& sink, float& level) {
     for (int i = sink.first(), last = sink.last(); i <= last; ++i) {
-        if (stopped_) return End::Stopped;
+        if (isStopped()) return End::Stopped;
         level = sink.before(i, level);
         if (program_.driver.HM_Super(sink.frequency(i), level) != 0) {
             sink.refused(i);
@@ -40,11 +40,11 @@ PointRun::End PointRun::measure(LevelSink& sink, float standing) {
 PointRun::End PointRun::measureOnAndOn(LevelSink& sink) {
     const Running running(*this);
     float level = 0;
-    while (!stopped_) {
+    while (!isStopped()) {
         sink.roundBegins();
         const End end = round(sink, level);
         if (end != End::Done) return end;
-        if (!stopped_) sink.roundEnds();
+        if (!isStopped()) sink.roundEnds();
     }
     return End::Stopped;
 }

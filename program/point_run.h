@@ -32,6 +32,8 @@ class PointRun {
  private:
     class Running;
     End round(LevelSink& sink, float& level);
+    /// By its own key, or because the program is to end.
+    bool isStopped() const { return stopped_ || program_.desktop.endWanted(); }
 
     Program& program_;
     const UnitLease& lease_;

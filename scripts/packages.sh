@@ -9,7 +9,7 @@ build_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev
 # A display where there is none, and the picture of it.
 picture_packages=(xvfb xauth imagemagick x11-utils)
 # What the tests need besides.
-test_packages=(libgtest-dev libgmock-dev libbenchmark-dev openbox xdotool dbus-x11 at-spi2-core
+test_packages=(libgtest-dev libgmock-dev libbenchmark-dev libsm-dev openbox xdotool dbus-x11 at-spi2-core
   libasound2-dev soapysdr-module-remote soapyremote-server cups-daemon poppler-utils locales
   python3 python3-xlib git clang libclang-rt-dev clang-format clang-tidy)
 

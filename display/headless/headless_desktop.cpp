@@ -25,6 +25,7 @@ void HeadlessDesktop::advance(Time time) {
     const Time end = now_ + time;
     try {
         while (!ended()) {
+            endIfWanted();
             const auto due = queue().nextDue();
             if (!due || *due > end) break;
             now_ = std::max(now_, *due);
@@ -101,6 +102,7 @@ BoxAnswer HeadlessDesktop::ask(const MessageBox& box) {
     note("box " + box.title + ": " + box.text);
     boxes.push_back(box);
     if (duringBox) duringBox();
+    endIfWanted();
     return answer == "Cancel" ? BoxAnswer::Cancel : BoxAnswer::Ok;
 }
 
@@ -224,10 +226,15 @@ void HeadlessDesktop::runModal(Form& form) {
     queue().pushModal(form);
     script->second(form);
     while (form.visible && !ended()) {
+        endIfWanted();
         if (!queue().inputWaits()) throw Unscripted("the modal form was left open: " + form.name());
         queue().runModalPass();
     }
     queue().popModal();
+}
+
+void HeadlessDesktop::tellStarter(std::string_view sentence) {
+    note("tell " + std::string(sentence));
 }
 
 void HeadlessDesktop::formMinimised(Form& form) {

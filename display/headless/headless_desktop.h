@@ -142,6 +142,7 @@ class HeadlessDesktop final : public Desktop {
     void formHidden(Form& form) override;
     void runModal(Form& form) override;
     void formMinimised(Form& form) override;
+    void tellStarter(std::string_view sentence) override;
 
  protected:
     void ending() override { note("end"); }

@@ -78,10 +78,26 @@ void Form1::printRack() {
 void Form1::powerOff() {
     driver.HM_Parar();
     // Even if the file cannot be written, the power key ends the program.
-    warn(desktop(),
-         rewritePanelLine(program.files, PanelLine::MemoryPreset, StationState.MemoryNumber));
+    warn(desktop(), storePreset());
     driver.HM_Terminate();
     desktop().end();
+}
+
+std::optional<FileFault> Form1::storePreset() const {
+    return rewritePanelLine(program.files, PanelLine::MemoryPreset, StationState.MemoryNumber);
+}
+
+void Form1::endAsked() {
+    driver.HM_Parar();
+    saveAsked();
+    driver.HM_Terminate();
+    desktop().end();
+}
+
+void Form1::saveAsked() {
+    // Until the rack measures, the stored preset is the one to keep.
+    if (!desktop().queue().gateOpen()) return;
+    if (const auto fault = storePreset()) desktop().tellStarter(fault->sentence);
 }
 
 void Form1::closeRequested() {

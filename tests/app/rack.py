@@ -28,7 +28,7 @@ class Rack:
     """A folder with the program, its settings and a unit, and the program run in it."""
 
     def __init__(self, tree, build, screen, language, factor, unit):
-        self.screen, self.language = screen, language
+        self.screen, self.language, self.build = screen, language, build
         self.places = told_places(build)
         self.spanish_panels = language[:2] in ("es", "pt")
         self.spanish = language.startswith("es")

@@ -5,6 +5,7 @@
 #include <QScreen>
 #include <QStyleFactory>
 #include <chrono>
+#include <cstdio>
 
 #include "display/qt/accessibility/accessible_labels.h"
 #include "display/qt/painting/fonts.h"
@@ -111,6 +112,10 @@ bool QtDesktop::spanish() const {
     // English dialogs.
     constexpr int kSpanish = 10;
     return (languageId_ & 0x3ff) == kSpanish;
+}
+
+void QtDesktop::tellStarter(std::string_view sentence) {
+    std::fprintf(stderr, "hmonitor: %.*s\n", static_cast<int>(sentence.size()), sentence.data());
 }
 
 Hand& QtDesktop::hand() {

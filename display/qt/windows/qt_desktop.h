@@ -83,6 +83,11 @@ class QtDesktop : public Desktop {
     void formDestroyed(Form& form) override;
     void runModal(Form& form) override;
     void formMinimised(Form& form) override;
+    void tellStarter(std::string_view sentence) override;
+
+    /// The display has gone: the program ends in good order, and nothing is painted any more. The
+    /// caller ends the process.
+    void displayLost();
 
     // The interface for windows and widgets.
 
@@ -126,6 +131,7 @@ class QtDesktop : public Desktop {
     void ending() override;
     void startWork(std::function<void()> fn, std::function<void()> done) override;
     void finishWork() override { workers_.wait(); }
+    void endComes() override { wakeTimer_.start(0); }
     /// The default printer, ready to print; null if there is none, and then `wrong` says why.
     virtual std::unique_ptr<QPrinter> readyPrinter(std::string& wrong) const;
 
@@ -189,6 +195,7 @@ class QtDesktop : public Desktop {
     bool frameWanted_ = false;
     bool hourglass_ = false;
     bool systemMoves_ = false;
+    bool displayLost_ = false;
     int languageId_ = 0x0409;
     std::mt19937 generator_;
     QString saveFolder_;  ///< where a file was written or read last

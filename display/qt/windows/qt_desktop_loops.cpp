@@ -40,6 +40,7 @@ int QtDesktop::run(const std::function<void()>& start) {
 void QtDesktop::runQueue() {
     const Phase phase = phase_;
     PhaseScope handling(*this, Phase::Handling);
+    endIfWanted();
     switch (phase) {
         case Phase::Idle:
             queue().runDue();
@@ -83,6 +84,7 @@ void QtDesktop::arm() {
     std::optional<Time> next = phase_ == Phase::Box && queue().inputWaits()
                                    ? std::optional<Time>(now() + kFrame)
                                    : queue().nextDue();
+    if (endWanted()) next = now();
     if (frameWanted_) next = std::min(next.value_or(lastFrame_ + kFrame), lastFrame_ + kFrame);
     if (next) wakeTimer_.start(wholeMilliseconds(*next - now()));
 }
@@ -142,6 +144,7 @@ void QtDesktop::runModal(Form& form) {
     }
     modals_.pop_back();
     queue().popModal();
+    if (ended()) throw ProgramEnded{};
     enableViews();
     wakeTimer_.start(0);
 }
@@ -191,7 +194,19 @@ BoxAnswer QtDesktop::standBox(const MessageBox& box, BoxKeys keys) {
     return answer;
 }
 
+void QtDesktop::displayLost() {
+    if (ended()) return;
+    displayLost_ = true;
+    try {
+        wantEnd();
+        endIfWanted();
+    } catch (const ProgramEnded&) {
+        // Whatever handler stands is left where it is.
+    }
+}
+
 void QtDesktop::ending() {
+    if (displayLost_) return;
     wakeTimer_.stop();
     if (hourglass_) QApplication::restoreOverrideCursor();
     if (rack_) rack_->putAway();
