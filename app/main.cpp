@@ -4,10 +4,13 @@
 #include <memory>
 #include <vector>
 
+#include "app/arguments.h"
 #include "app/forms.h"
 #include "app/library_fault.h"
 #include "core/files.h"
 #include "core/folder_lock.h"
+#include "core/working_folder.h"
+#include "display/qt/windows/end_watch.h"
 #include "display/qt/windows/qt_desktop.h"
 #include "drivers/loader/library.h"
 #include "program/language.h"
@@ -45,10 +48,19 @@ void sayTaken(display::Desktop& desktop) {
 
 int main(int argc, char** argv) {
     display::qt::QtDesktop desktop(argc, argv);
+    const display::qt::EndWatch endWatch(desktop);
 
-    // The settings lie beside the program, wherever it was started from. A driver library writes
-    // its files into the process's folder.
-    const std::filesystem::path folder = desktop.folder();
+    const hmonitor::Arguments arguments = hmonitor::readArguments(argc, argv);
+    if (!arguments.fault.empty()) {
+        std::fprintf(stderr, "hmonitor: %s\n", arguments.fault.c_str());
+        return 2;
+    }
+    // The program's folder has the library; the settings lie there too where it can be written.
+    // A driver library writes its files into the process's folder.
+    const std::filesystem::path own = desktop.folder();
+    const std::filesystem::path folder = hmonitor::workingFolder(arguments.folder, own);
+    const hmonitor::Laying laying = hmonitor::layFirstContents(folder, own);
+    desktop.setFolder(folder);
     std::error_code notThere;
     std::filesystem::current_path(folder, notThere);
 
@@ -63,11 +75,12 @@ int main(int argc, char** argv) {
     const hmonitor::Files files(folder);
     files.removeLeftovers();
     hmonitor::Files(folder / "Logs").removeLeftovers();
-    const hm16::LoadResult loaded = hm16::Library::load(folder);
+    const hm16::LoadResult loaded = hm16::Library::load(own);
     const std::unique_ptr<DriverLibrary> driver = openDriver(loaded);
 
     hmonitor::Program program(desktop, *driver, files);
     program.LibraryFault = hmonitor::libraryFault(loaded);
+    if (laying == hmonitor::Laying::First) program.FirstFolder = {folder.string()};
     hmonitor::Forms forms(program);
     std::vector<display::Form*> rack(program.rack.begin(), program.rack.end());
     rack.push_back(&forms.form3);

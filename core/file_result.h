@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <memory>
 #include <string>
 #include <utility>
 #include <variant>
@@ -13,6 +14,8 @@ enum class FileFaultKind { Missing, Unreadable, TooShort, NotWritten };
 struct FileFault {
     FileFaultKind kind;
     std::string sentence;
+    /// Of one that was not written: whether the user was told of such a trouble since it holds.
+    std::shared_ptr<bool> told = nullptr;
 };
 
 /// What a file gave, or why it gave nothing.

@@ -9,7 +9,6 @@
 #include "base/leftovers.h"
 #include "base/read_file.h"
 #include "base/rewrite_file.h"
-#include "core/code_page.h"
 #include "core/numbers.h"
 #include "core/text_lines.h"
 
@@ -34,22 +33,23 @@ bool isBareName(std::string_view name) {
 }  // namespace
 
 Files::Files(std::filesystem::path folder, base::RewriteWatcher* watcher)
-    : folder_(std::move(folder)), watcher_(watcher) {}
+    : folder_(std::move(folder)),
+      watcher_(watcher),
+      names_(std::make_shared<FolderNames>(folder_)),
+      troubles_(std::make_shared<WriteTroubles>()) {}
+
+Files Files::below(std::string_view name, base::RewriteWatcher* watcher) const {
+    Files files(folder_ / name, watcher);
+    files.troubles_ = troubles_;
+    return files;
+}
 
 std::optional<std::string> Files::find(std::string_view name) const {
     if (!isBareName(name)) return std::nullopt;
     std::error_code none;
     if (std::filesystem::exists(folder_ / name, none)) return std::string(name);
 
-    const std::string folded = foldedCase(name);
-    std::optional<std::string> found;
-    for (std::filesystem::directory_iterator at(folder_, none), end; !none && at != end;
-         at.increment(none)) {
-        std::string other = at->path().filename().string();
-        const bool isMatch = foldedCase(other) == folded;
-        if (isMatch && (!found || other < *found)) found = std::move(other);
-    }
-    return found;
+    return names_->find(name);
 }
 
 FileResult<std::string> Files::read(std::string_view name) const {
@@ -78,12 +78,12 @@ FileResult<std::vector<std::string>> Files::readLines(std::string_view name, int
 }
 
 std::optional<FileFault> Files::rewrite(std::string_view name, std::string_view bytes) const {
-    const int reason =
-        isBareName(name)
-            ? base::rewriteFile(folder_ / find(name).value_or(std::string(name)), bytes, watcher_)
-            : EINVAL;
+    const bool isBare = isBareName(name);
+    const auto file = folder_ / (isBare ? find(name).value_or(std::string(name)) : "");
+    const int reason = isBare ? base::rewriteFile(file, bytes, watcher_) : EINVAL;
     if (!reason) return std::nullopt;
-    return FileFault{FileFaultKind::NotWritten, base::notWritten(name, reason)};
+    return FileFault{FileFaultKind::NotWritten, base::notWritten(name, reason),
+                     troubles_->failed(file, reason, bytes.size())};
 }
 
 std::optional<FileFault> Files::remove(std::string_view name) const {

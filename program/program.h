@@ -39,6 +39,7 @@ struct Program {
     /// The brand that the program was built for.
     hmonitor::Brand Brand = hmonitor::Brand::Marvenia;
     hmonitor::LibraryFault LibraryFault;
+    hmonitor::FirstFolder FirstFolder;
     UnitInUse unitInUse;
     FigureTips figureTips;
     /// Does every tuning.

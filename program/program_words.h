@@ -25,4 +25,10 @@ struct LibraryFault {
     std::string english;
 };
 
+/// The working folder, where the program was started in it for the first time and it is not the
+/// program's own; else empty.
+struct FirstFolder {
+    std::string path;
+};
+
 }  // namespace hmonitor

@@ -14,7 +14,13 @@ void report(display::Desktop& desktop, const std::optional<FileFault>& fault) {
 }
 
 void warn(display::Desktop& desktop, const std::optional<FileFault>& fault) {
-    if (fault) desktop.messageBox({"HMonitor", fault->sentence, display::BoxIcon::Critical});
+    if (!fault) return;
+    if (fault->told) {
+        // A start asks for nothing that would have to be stored; the rack's head tells it.
+        if (!desktop.queue().gateOpen() || *fault->told) return;
+        *fault->told = true;
+    }
+    desktop.messageBox({"HMonitor", fault->sentence, display::BoxIcon::Critical});
 }
 
 }  // namespace hmonitor

@@ -3,6 +3,7 @@
 
 #include "program/look.h"
 #include "program/make_form.h"
+#include "startup/breakable.h"
 
 namespace hmonitor {
 
@@ -13,17 +14,6 @@ namespace {
 constexpr float kWordsTop = 240;
 constexpr float kReasonTop = 900;
 constexpr float kReasonHeight = 600;
-
-/// A path has no blanks at which to break a line, so it may be broken after each of its parts.
-std::string breakable(const std::string& sentence) {
-    constexpr const char* kMayBreak = "\u200b";
-    std::string text;
-    for (const char character : sentence) {
-        text += character;
-        if (character == '/' || character == '\\') text += kMayBreak;
-    }
-    return text;
-}
 
 }  // namespace
 

@@ -8,6 +8,7 @@
 #include "program/language.h"
 #include "program/look.h"
 #include "program/make_form.h"
+#include "startup/breakable.h"
 
 namespace hmonitor {
 
@@ -34,10 +35,23 @@ void Form_WaitLoad::onLoad() {
     program.words.gLanguage = spanish ? "ES" : "IN";
     language = spanish ? display::Language::Spanish : display::Language::English;
 
+    tellFirstFolder();
+
     if (program.words.gBrand == "Marvenia") {
         Logo1.picture = Logo2.picture.get();
         Logo1.left = 440.f;
     }
+}
+
+void Form_WaitLoad::tellFirstFolder() {
+    const std::string& path = program.FirstFolder.path;
+    if (path.empty()) return;
+    Folder.caption =
+        std::string(wordsIn(language, {"Sus archivos están en ", "Your files are in "})) +
+        breakable(path);
+    Folder.visible = true;
+    // Long enough to be read, this one time.
+    Timer2.interval = 4s;
 }
 
 void Form_WaitLoad::turnRing() {
@@ -64,6 +78,8 @@ void Form_WaitLoad::layOut() {
     place(Logo1, {620, 500, 3200, 520}, "LogoTeskel");
     place(Logo2, {620, 500, 3200, 520}, "LogoMarvenia", Hidden{});
     place(Label1, {440, 1700, 2800, 300}, TextStyle{{170}, look::kScaleColour}, "Please wait,");
+    place(Folder, {440, 2030, 4720, 450}, TextStyle{{110}, look::kScaleColour}, Hidden{}).wraps =
+        true;
     for (int i = 0; i < kShapes; ++i) {
         const double turn = 2 * std::numbers::pi * i / kShapes;
         const auto x = static_cast<float>(4500 + 420 * std::sin(turn));

@@ -20,6 +20,7 @@ class Form_WaitLoad final : public ProgramForm {
     display::Picture Logo1{*this, "Logo1"};
     display::Picture Logo2{*this, "Logo2"};
     display::Label Label1{*this, "Label1"};
+    display::Label Folder{*this, "Folder"};  ///< the working folder, the first time
     display::Family<display::Shape, kShapes> Shape1{*this, "Shape1"};
 
     display::Timer Timer1{*this, "Timer1"};  ///< turns the ring
@@ -32,6 +33,7 @@ class Form_WaitLoad final : public ProgramForm {
     void onLoad() override;
 
  private:
+    void tellFirstFolder();
     void turnRing();
     void openDriver();
 

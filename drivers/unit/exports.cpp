@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 #include <cstring>
 #include <exception>
 #include <filesystem>
+#include <string>
 #include <utility>
 
 #include "base/shared_object.h"
 #include "drivers/hm16.h"
 #include "drivers/hm16_more.h"
+#include "drivers/unit/standard_error.h"
 #include "drivers/unit/unit.h"
 
 namespace hm16 {
@@ -41,9 +42,9 @@ std::int32_t guarded(const char* function, Work work) {
     try {
         return work(session());
     } catch (const std::exception& error) {
-        std::fprintf(stderr, "hm-16: %s failed: %s\n", function, error.what());
+        sayOnStandardError(std::string("hm-16: ") + function + " failed: " + error.what());
     } catch (...) {
-        std::fprintf(stderr, "hm-16: %s failed.\n", function);
+        sayOnStandardError(std::string("hm-16: ") + function + " failed.");
     }
     return kFailed;
 }
@@ -57,7 +58,7 @@ bool deliversFrames(const Unit& unit) {
     return version >= 1.7f && version < 2.0f;
 }
 
-// The folder of the library itself, where its settings file is looked for.
+// The folder of the library itself.
 std::filesystem::path libraryFolder() {
     static const char here = 0;
     std::error_code error;
@@ -65,11 +66,19 @@ std::filesystem::path libraryFolder() {
     return error || !file.has_parent_path() ? std::filesystem::path(".") : file.parent_path();
 }
 
+// Where the settings file lies: the working folder of whoever loaded the library, else its own.
+std::filesystem::path settingsFolder() {
+    std::error_code error;
+    const auto working = std::filesystem::current_path(error);
+    if (!error && std::filesystem::exists(working / "hm-16.ini", error)) return working;
+    return libraryFolder();
+}
+
 std::int32_t init(Session& s) {
     if (s.mode != Mode::Closed) return kRefused;
     s.mode = Mode::Idle;
     s.readings.publish({});
-    s.unit = openUnit(libraryFolder(), s.readings);
+    s.unit = openUnit(settingsFolder(), s.readings);
     return s.unit ? kDone : kFailed;
 }
 

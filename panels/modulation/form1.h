@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <optional>
+
+#include "core/file_result.h"
 #include "core/int16.h"
 #include "display/controls/pictures.h"
 #include "display/family.h"
@@ -24,6 +27,10 @@ class Form1 final : public ProgramForm {
     void RefrescoIntensidadDeCampo();      ///< field in tenths
     void respolee();                       ///< reads a finished frequency response run
     void Command9();                       ///< folds the rack
+    /// The power key's steps for an end that nobody at the keyboard asked for: no box is shown.
+    void endAsked();
+    /// What such an end may lose is stored already when it is in the air.
+    void saveAsked();
 
     void resized() override;
     void closeRequested() override;
@@ -89,6 +96,7 @@ class Form1 final : public ProgramForm {
     display::Label Label_OVER{*this, "Label_OVER"};
     display::Label Label_Bad_CarrierDev{*this, "Label_Bad_CarrierDev"};
 
+    display::Label Trouble{*this, "Trouble"};  ///< why nothing is stored, as long as it holds
     PanelSign sign{*this, 8};
 
     display::Timer Timer1{*this, "Timer1"};  ///< fall of the peak, relative power
@@ -112,6 +120,7 @@ class Form1 final : public ProgramForm {
     std::array<int, 3> FieldDigits{};  ///< hundreds, tens, units; -1 for a cleared place
     SmallText FirstTick;               ///< "1" after the first tick of Timer4
     Int16 DecayTick = 0;
+    display::Time troubleSeen{0};  ///< when it was last looked whether a trouble still holds
 
  protected:
     void layOut() override;
@@ -133,6 +142,7 @@ class Form1 final : public ProgramForm {
     void stackRack();
     void showVersion();
     void powerOff();
+    std::optional<FileFault> storePreset() const;
     std::vector<const display::Form*> wholeRack() const;
     void printRack();
     void saveRack();
@@ -146,6 +156,8 @@ class Form1 final : public ProgramForm {
     void tickPeak();
     void tickReadouts();
     void showSigns();
+    void showTrouble();
+    std::string troubleText() const;
     float correctedField(float field) const;
     int multipathLit() const;
 };

@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "analyses/form_d.h"
+#include "core/files.h"
 #include "core/numbers.h"
 #include "panels/audio/form_b.h"
 #include "panels/modulation/form1.h"
@@ -101,6 +102,47 @@ void Form1::showSigns() {
          {&sign, &program.Form_B->sign, &program.Form_C->sign, &program.Form_D->sign}) {
         panel->show(text, figures);
     }
+    showTrouble();
+}
+
+std::string Form1::troubleText() const {
+    const WriteTroubles& troubles = program.files.troubles();
+    const std::string name = troubles.file().filename().string();
+    std::string text;
+    if (name.empty()) {
+        text = wordsIn(language, {"No se puede guardar nada", "Nothing can be stored"});
+    } else if (language == display::Language::Spanish) {
+        text = "No se puede guardar " + name;
+    } else {
+        text = name + " cannot be stored";
+    }
+    switch (troubles.why()) {
+        case WriteTroubles::Why::ReadOnly:
+            return text.append(wordsIn(language, {": es de solo lectura", ": it is read-only"}));
+        case WriteTroubles::Why::DiskFull:
+            return text.append(wordsIn(language, {": el disco está lleno", ": the disk is full"}));
+        case WriteTroubles::Why::Other:
+            break;
+    }
+    return text;
+}
+
+void Form1::showTrouble() {
+    using namespace std::chrono_literals;
+    WriteTroubles& troubles = program.files.troubles();
+    const bool seen = troubleSeen.count() != 0;
+    if (seen && desktop().now() - troubleSeen < 2s) {
+        if (!troubles.any() || Trouble.visible) return;
+    } else {
+        if (seen) {
+            troubles.lookAgain();
+        } else {
+            troubles.lookAt(program.files.folder());
+        }
+        troubleSeen = desktop().now();
+    }
+    Trouble.visible = troubles.any();
+    Trouble.caption = troubles.any() ? troubleText() : "";
 }
 
 void Form1::carrier1() {

@@ -97,6 +97,34 @@ TEST(Splash, OpensTheDriverOnceAfter100Ms) {
     EXPECT_EQ(std::ranges::count(bench.driver.calls, "HM_Init"), 1);
 }
 
+TEST(Splash, TellsAWorkingFolderThatWasLaidAndIsReadLongEnough) {
+    for (const int language : {RackBench::kEnglish, RackBench::kSpanish}) {
+        RackBench bench(language);
+        bench.program.FirstFolder.path = "/home/ana/.local/share/hmonitor";
+        bench.showSplash();
+        const auto& splash = bench.forms.formWaitLoad;
+        const std::string mayBreak = "\u200b";
+        const std::string path = "/" + mayBreak + "home/" + mayBreak + "ana/" + mayBreak +
+                                 ".local/" + mayBreak + "share/" + mayBreak + "hmonitor";
+        EXPECT_EQ(splash.Folder.caption, (language == RackBench::kSpanish ? "Sus archivos están en "
+                                                                          : "Your files are in ") +
+                                             path);
+        EXPECT_TRUE(splash.Folder.visible);
+        bench.advance(3900ms);
+        EXPECT_TRUE(bench.driver.calls.empty());
+        bench.advance(100ms);
+        EXPECT_FALSE(bench.driver.calls.empty());
+        EXPECT_FALSE(splash.loaded());
+    }
+}
+
+TEST(Splash, SaysNothingOfAFolderThatWasThere) {
+    RackBench bench;
+    bench.showSplash();
+    EXPECT_FALSE(bench.forms.formWaitLoad.Folder.visible);
+    EXPECT_EQ(bench.forms.formWaitLoad.Folder.caption, "");
+}
+
 TEST(Start, ShowsTheFormsInTheirOrder) {
     RackBench bench;
     bench.start();

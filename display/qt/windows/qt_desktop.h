@@ -50,7 +50,9 @@ class QtDesktop : public Desktop {
     Time now() const override;
     Date today() const override;
     WallTime wallTime() const override;
+    /// The program's own folder until another is set.
     std::filesystem::path folder() const override;
+    void setFolder(std::filesystem::path folder) { folder_ = std::move(folder); }
     std::string monthName(int month) const override;
     std::string shortMonthName(int month) const override;
     std::string weekdayName(int weekday) const override;
@@ -199,6 +201,7 @@ class QtDesktop : public Desktop {
     int languageId_ = 0x0409;
     std::mt19937 generator_;
     QString saveFolder_;  ///< where a file was written or read last
+    std::filesystem::path folder_;
     WorkerThreads workers_;
 };
 

@@ -111,6 +111,7 @@ std::optional<std::string> QtDesktop::askWhatToOpen(const OpenQuestion& question
 }
 
 std::filesystem::path QtDesktop::folder() const {
+    if (!folder_.empty()) return folder_;
     return QDir(QCoreApplication::applicationDirPath()).filesystemPath();
 }
 

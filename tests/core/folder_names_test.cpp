@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/folder_names.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <random>
+
+#include "core/code_page.h"
+#include "core/files.h"
+#include "tests/support/temp_folder.h"
+
+namespace hmonitor {
+namespace {
+
+using test::TempFolder;
+
+/// What a look at the folder itself says.
+std::optional<std::string> sought(const std::filesystem::path& folder, std::string_view name) {
+    std::optional<std::string> found;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        const std::string other = entry.path().filename().string();
+        if (foldedCase(other) == foldedCase(name) && (!found || other < *found)) found = other;
+    }
+    return found;
+}
+
+TEST(FolderNames, FindsInAnyCaseTheFirstInByteOrder) {
+    TempFolder temp;
+    for (const char* name : {"Hm-Res.dat", "HM-RES.DAT", "hm-rez.dat"}) temp.write(name, "");
+    FolderNames names(temp.path());
+    EXPECT_EQ(names.find("hm-res.dat"), "HM-RES.DAT");
+    EXPECT_EQ(names.find("hm-res.da"), std::nullopt);
+}
+
+TEST(FolderNames, ReadsTheFolderOnceAndFollowsWhatChangesInIt) {
+    TempFolder temp;
+    temp.write("A.dat", "");
+    FolderNames names(temp.path());
+    EXPECT_EQ(names.find("a.dat"), "A.dat");
+    EXPECT_EQ(names.find("b.dat"), std::nullopt);
+    temp.write("B.dat", "");
+    EXPECT_EQ(names.find("b.dat"), "B.dat");
+    std::filesystem::rename(temp.path() / "B.dat", temp.path() / "c.DAT");
+    EXPECT_EQ(names.find("b.dat"), std::nullopt);
+    EXPECT_EQ(names.find("C.dat"), "c.DAT");
+    std::filesystem::remove(temp.path() / "A.dat");
+    EXPECT_EQ(names.find("a.dat"), std::nullopt);
+    EXPECT_EQ(names.readings(), 1);
+}
+
+TEST(FolderNames, ReadsAFolderThatWasRemovedAndMadeAgain) {
+    TempFolder temp;
+    const auto folder = temp.path() / "Logs";
+    FolderNames names(folder);
+    EXPECT_EQ(names.find("a"), std::nullopt);
+    std::filesystem::create_directory(folder);
+    temp.write("Logs/A", "");
+    EXPECT_EQ(names.find("a"), "A");
+    std::filesystem::remove_all(folder);
+    EXPECT_EQ(names.find("a"), std::nullopt);
+    std::filesystem::create_directory(folder);
+    temp.write("Logs/B", "");
+    EXPECT_EQ(names.find("a"), std::nullopt);
+    EXPECT_EQ(names.find("b"), "B");
+}
+
+TEST(FolderNames, FollowsAFolderThatTakesTheNameOfAnother) {
+    TempFolder temp;
+    std::filesystem::create_directory(temp.path() / "one");
+    std::filesystem::create_directory(temp.path() / "two");
+    temp.write("one/First", "");
+    temp.write("two/Second", "");
+    FolderNames names(temp.path() / "one");
+    EXPECT_EQ(names.find("first"), "First");
+    std::filesystem::rename(temp.path() / "one", temp.path() / "three");
+    std::filesystem::rename(temp.path() / "two", temp.path() / "one");
+    EXPECT_EQ(names.find("first"), std::nullopt);
+    EXPECT_EQ(names.find("second"), "Second");
+}
+
+TEST(FolderNames, LosesNothingOfMoreChangesThanTheSystemTells) {
+    TempFolder temp;
+    FolderNames names(temp.path());
+    EXPECT_EQ(names.find("x"), std::nullopt);
+    // The system keeps 16384 by itself; a rename is two.
+    temp.write("First", "");
+    for (int i = 0; i < 9001; ++i) {
+        const bool there = i % 2 == 0;
+        std::filesystem::rename(temp.path() / (there ? "First" : "Second"),
+                                temp.path() / (there ? "Second" : "First"));
+    }
+    temp.write("Third", "");
+    EXPECT_EQ(names.find("second"), "Second");
+    EXPECT_EQ(names.find("third"), "Third");
+    EXPECT_EQ(names.find("first"), std::nullopt);
+}
+
+TEST(FolderNames, AgreesWithTheFolderThroughAWalk) {
+    TempFolder temp;
+    FolderNames names(temp.path());
+    std::mt19937 random(8);
+    const auto anyName = [&] {
+        std::string name(1 + random() % 2, ' ');
+        for (char& c : name) c = "aAbB"[random() % 4];
+        return name;
+    };
+    for (int step = 0; step < 3000; ++step) {
+        const auto file = temp.path() / anyName();
+        std::error_code none;
+        switch (random() % 4) {
+            case 0:
+                std::filesystem::remove(file, none);
+                break;
+            case 1:
+                std::filesystem::rename(file, temp.path() / anyName(), none);
+                break;
+            default:
+                std::ofstream(file).close();
+                break;
+        }
+        const std::string asked = anyName();
+        ASSERT_EQ(names.find(asked), sought(temp.path(), asked)) << "step " << step;
+    }
+    EXPECT_EQ(names.readings(), 1);
+}
+
+TEST(FolderNames, ATuningToANameThatIsNotThereReadsALargeFolderOnce) {
+    TempFolder temp;
+    for (int i = 0; i < 500; ++i) temp.write("file" + std::to_string(i), "");
+    const Files files(temp.path());
+    FolderNames names(temp.path());
+    for (int frequency = 875; frequency <= 1081; frequency += 5) {
+        const std::string name = "0" + std::to_string(frequency) + ".dat";
+        EXPECT_FALSE(files.exists(name));
+        EXPECT_EQ(names.find(name), std::nullopt);
+        // The settings are rewritten between tunings.
+        EXPECT_FALSE(files.rewrite("hm-16.dat", name).has_value());
+    }
+    EXPECT_EQ(names.readings(), 1);
+    EXPECT_EQ(*files.read("HM-16.DAT"), "01080.dat");
+}
+
+}  // namespace
+}  // namespace hmonitor

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/write_troubles.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+
+#include "core/files.h"
+#include "tests/support/as_nobody.h"
+#include "tests/support/temp_folder.h"
+
+namespace hmonitor {
+namespace {
+
+using test::AsNobody;
+using test::TempFolder;
+using Why = WriteTroubles::Why;
+
+/// More than any disk has.
+constexpr std::size_t kTooMuch = std::size_t{1} << 60;
+
+TEST(WriteTroubles, StandWhileTheFolderIsReadOnly) {
+    TempFolder temp;
+    std::filesystem::permissions(temp.path(), std::filesystem::perms(0555));
+    const AsNobody nobody;
+    WriteTroubles troubles;
+    EXPECT_FALSE(troubles.any());
+    const auto told = troubles.failed(temp.path() / "scan.dat", EACCES, 10);
+    EXPECT_FALSE(*told);
+    *told = true;
+    troubles.lookAgain();
+    ASSERT_TRUE(troubles.any());
+    EXPECT_EQ(troubles.why(), Why::ReadOnly);
+    EXPECT_EQ(troubles.file(), temp.path() / "scan.dat");
+    EXPECT_TRUE(*troubles.failed(temp.path() / "hm-16.dat", EACCES, 10)) << "told of already";
+}
+
+TEST(WriteTroubles, GoWithTheirReasonAndAreToldOfAgain) {
+    TempFolder temp;
+    WriteTroubles troubles;
+    *troubles.failed(temp.path() / "scan.dat", EROFS, 10) = true;
+    EXPECT_TRUE(troubles.any());
+    troubles.lookAgain();
+    EXPECT_FALSE(troubles.any());
+    EXPECT_FALSE(*troubles.failed(temp.path() / "scan.dat", EROFS, 10));
+}
+
+TEST(WriteTroubles, OfAFullDiskStandUntilThereIsRoomForTheFile) {
+    TempFolder temp;
+    WriteTroubles troubles;
+    (void)troubles.failed(temp.path() / "a.3Ds", ENOSPC, kTooMuch);
+    (void)troubles.failed(temp.path() / "scan.dat", ENOSPC, 100);
+    troubles.lookAgain();
+    ASSERT_TRUE(troubles.any());
+    EXPECT_EQ(troubles.why(), Why::DiskFull);
+    EXPECT_EQ(troubles.file(), temp.path() / "a.3Ds");
+}
+
+TEST(WriteTroubles, OfAFileThatIsAFolderStandUntilItIsGone) {
+    TempFolder temp;
+    std::filesystem::create_directory(temp.path() / "scan.dat");
+    WriteTroubles troubles;
+    (void)troubles.failed(temp.path() / "scan.dat", EISDIR, 100);
+    troubles.lookAgain();
+    EXPECT_TRUE(troubles.any());
+    EXPECT_EQ(troubles.why(), Why::Other);
+    std::filesystem::remove(temp.path() / "scan.dat");
+    troubles.lookAgain();
+    EXPECT_FALSE(troubles.any());
+}
+
+TEST(WriteTroubles, OfTwoReasonsAreToldOneByOne) {
+    TempFolder temp;
+    WriteTroubles troubles;
+    *troubles.failed(temp.path() / "a", ENOSPC, kTooMuch) = true;
+    EXPECT_FALSE(*troubles.failed(temp.path() / "b", EACCES, 1));
+}
+
+TEST(WriteTroubles, AreSeenInAFolderBeforeAnybodyWrites) {
+    TempFolder temp;
+    WriteTroubles troubles;
+    troubles.lookAt(temp.path());
+    EXPECT_FALSE(troubles.any());
+    std::filesystem::permissions(temp.path(), std::filesystem::perms(0555));
+    const AsNobody nobody;
+    troubles.lookAt(temp.path());
+    ASSERT_TRUE(troubles.any());
+    EXPECT_EQ(troubles.why(), Why::ReadOnly);
+    troubles.lookAgain();
+    EXPECT_TRUE(troubles.any());
+}
+
+TEST(WriteTroubles, AreNotedByARewriteThatFails) {
+    TempFolder temp;
+    std::filesystem::create_directory(temp.path() / "scan.dat");
+    const Files files(temp.path());
+    const auto fault = files.rewrite("SCAN.DAT", "bytes");
+    ASSERT_TRUE(fault);
+    ASSERT_TRUE(fault->told);
+    EXPECT_FALSE(*fault->told);
+    EXPECT_EQ(files.troubles().file(), temp.path() / "scan.dat");
+    *fault->told = true;
+    EXPECT_TRUE(*files.rewrite("scan.dat", "bytes")->told);
+    // A folder below shares them.
+    std::filesystem::create_directories(temp.path() / "Logs" / "a.3Ds");
+    EXPECT_TRUE(*files.below("Logs").rewrite("a.3Ds", "bytes")->told);
+    EXPECT_FALSE(files.rewrite("hm-16.dat", "bytes").has_value());
+    EXPECT_TRUE(files.troubles().any()) << "one that is written helps no other";
+}
+
+}  // namespace
+}  // namespace hmonitor
