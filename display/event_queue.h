@@ -32,9 +32,9 @@ struct Input {
 };
 
 /// The queue of timers and input, the same for every desktop. Input comes in the order of its
-/// arrival, then the results of threads, then timers by due time and by the order in which they were
-/// enabled. A desktop gives the queue the time, wakes it when the next timer is due, and posts the
-/// user's input.
+/// arrival, then the results of threads, then timers by due time and by the order in which they
+/// were enabled. A desktop gives the queue the time, wakes it when the next timer is due, and posts
+/// the user's input.
 class EventQueue {
  public:
     /// The controls that a long run listens to while it holds the thread.

@@ -21,7 +21,7 @@ std::string uriOf(const std::filesystem::path& file, std::string_view options) {
     if (file == kInMemory) return std::string("file:") + kInMemory;
     constexpr std::string_view kHex = "0123456789ABCDEF";
     std::string uri = "file:";
-    for (const char c : std::filesystem::absolute(file).string()) {
+    for (const char c : file.string()) {
         const auto byte = static_cast<unsigned char>(c);
         if (std::string_view("%?#").find(c) == std::string_view::npos) {
             uri += c;

@@ -25,8 +25,8 @@ T require(display::Desktop& desktop, FileResult<T> result) {
 /// it could not be written, a message box says so and the handler goes on.
 void report(display::Desktop& desktop, const std::optional<FileFault>& fault);
 
-/// Shows a failed rewrite in a message box; the handler goes on. What holds for longer, a full disk or
-/// a read-only folder, is told once: the rack's head shows it.
+/// Shows a failed rewrite in a message box; the handler goes on. What holds for longer, a full disk
+/// or a read-only folder, is told once: the rack's head shows it.
 void warn(display::Desktop& desktop, const std::optional<FileFault>& fault);
 
 }  // namespace hmonitor

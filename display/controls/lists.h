@@ -26,8 +26,8 @@ class ListModel {
     int selected_ = -1;
 };
 
-/// A list that opens when clicked; select() fires onClick, for a click as for code. -1 leaves no row
-/// selected, and that is no click.
+/// A list that opens when clicked; select() fires onClick, for a click as for code. -1 leaves no
+/// row selected, and that is no click.
 class ComboBox final : public KindOf<ComboBox> {
  public:
     using KindOf::KindOf;

@@ -184,7 +184,7 @@ def screen_is_lost_in_a_run(rack, album):
 
 class SessionManager:
     def __init__(self, rack):
-        self.process = subprocess.Popen([str(rack.build / "tests/app/session_manager")],
+        self.process = subprocess.Popen([str(rack.build / "tests/app/session_end")],
                                         stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True,
                                         env=dict(os.environ, HOME=str(rack.folder)))
         rack.environment["SESSION_MANAGER"] = self.process.stdout.readline().strip()

@@ -13,7 +13,7 @@ namespace hmonitor::test {
 namespace {
 
 /// Part of what stands in a process several times; a driver library is loaded once.
-bool isOfTheProgram(const SourceFile& file) {
+bool standsSeveralTimes(const SourceFile& file) {
     for (const char* folder : {"tests", "bench", "drivers"}) {
         if (file.isUnder(folder)) return false;
     }
@@ -55,10 +55,15 @@ TEST(ProcessState, IsToldFromWhatDoesNotChange) {
     }
 }
 
+/// A signal comes to the process, and its handler is given nothing.
+bool hearsSignals(const SourceFile& file) {
+    return file.path == "display/qt/windows/end_watch.cpp";
+}
+
 TEST(ProcessState, IsKeptByNothingOfTheProgram) {
     std::size_t seen = 0;
     for (const SourceFile& file : sourceFiles()) {
-        if (!isOfTheProgram(file)) continue;
+        if (!standsSeveralTimes(file) || hearsSignals(file)) continue;
         ++seen;
         for (std::size_t i = 0; i < file.lines.size(); ++i) {
             EXPECT_FALSE(keepsState(file.lines[i])) << file.at(i) << ": " << file.lines[i];
@@ -82,7 +87,7 @@ TEST(ProcessState, OfTheCurrentFolderIsAskedByNothing) {
     };
     int sets = 0;
     for (const SourceFile& file : sourceFiles()) {
-        if (!isOfTheProgram(file)) continue;
+        if (!standsSeveralTimes(file)) continue;
         for (std::size_t i = 0; i < file.lines.size(); ++i) {
             EXPECT_FALSE(has(file.lines[i], kAsks)) << file.at(i);
             if (!has(file.lines[i], kSets)) continue;

@@ -304,7 +304,7 @@ TEST_F(WatchedCarrier, BurstsWithoutEndAreHowTheAirIs) {
     watch(
         800, 0.02, [](double) { return 1.0; },
         [](std::size_t block, std::vector<float>& frequency, std::vector<float>&) {
-            if (block % 4 == 3) frequency[200] += 60e3F;
+            if (block % 2 == 1) frequency[200] += 60e3F;
         });
     EXPECT_LT(found(CarrierWatch::Finding::Burst), 120U);
     EXPECT_NE(looks_.back().finding, CarrierWatch::Finding::Burst);
