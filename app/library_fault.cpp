@@ -27,6 +27,37 @@ std::string namesOf(const hm16::LoadResult& loaded, const char* and_, const char
 
 }  // namespace
 
+namespace {
+
+LibraryFault wordsOf(hm16::FileFault fault) {
+    using hm16::FileFault;
+    switch (fault) {
+        case FileFault::None:
+        case FileFault::Missing:
+            break;
+        case FileFault::Folder:
+            return {"es una carpeta", "it is a folder"};
+        case FileFault::NotRegular:
+            return {"no es un archivo normal", "it is no regular file"};
+        case FileFault::CutShort:
+            return {"está cortado", "it is cut short"};
+        case FileFault::OtherMachine:
+            return {"es para otro tipo de procesador", "it is made for another kind of processor"};
+        case FileFault::ForeignOwner:
+            return {"no pertenece ni a usted ni a root", "it belongs neither to you nor to root"};
+        case FileFault::OthersMayWrite:
+            return {"otros que su dueño pueden modificarlo", "others than its owner may write it"};
+    }
+    return {};
+}
+
+LibraryFault cannotBeLoaded(const std::string& file, const LibraryFault& reason) {
+    return {file + " no se puede cargar como biblioteca de la unidad: " + reason.spanish + ".",
+            file + " cannot be loaded as a driver library: " + reason.english + "."};
+}
+
+}  // namespace
+
 LibraryFault libraryFault(const hm16::LoadResult& loaded) {
     const std::string file = loaded.file.string();
     switch (loaded.refusal) {
@@ -35,10 +66,15 @@ LibraryFault libraryFault(const hm16::LoadResult& loaded) {
         case hm16::Refusal::NoFile:
             return {"No está la biblioteca de la unidad " + file + ".",
                     "There is no driver library " + file + "."};
+        case hm16::Refusal::BadFile:
+            return cannotBeLoaded(file, wordsOf(loaded.fileFault));
         case hm16::Refusal::NoLibrary:
-            return {file + " no se puede cargar como biblioteca de la unidad: " + reasonOf(loaded) +
-                        ".",
-                    file + " cannot be loaded as a driver library: " + reasonOf(loaded) + "."};
+            return cannotBeLoaded(file, {reasonOf(loaded), reasonOf(loaded)});
+        case hm16::Refusal::Crashed:
+            return cannotBeLoaded(file, {"ha fallado mientras tanto (" + loaded.reason + ")",
+                                         "it crashed meanwhile (" + loaded.reason + ")"});
+        case hm16::Refusal::Hangs:
+            return cannotBeLoaded(file, {"no vuelve", "it does not come back"});
         case hm16::Refusal::LacksFunctions:
             return {file + " no es una biblioteca completa; faltan " +
                         namesOf(loaded, " y ", " más") + ".",

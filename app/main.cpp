@@ -1,39 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <cstdio>
 #include <filesystem>
-#include <memory>
 #include <vector>
 
 #include "app/arguments.h"
 #include "app/forms.h"
-#include "app/library_fault.h"
+#include "app/opened_driver.h"
 #include "core/files.h"
 #include "core/folder_lock.h"
 #include "core/working_folder.h"
 #include "display/qt/windows/end_watch.h"
 #include "display/qt/windows/qt_desktop.h"
-#include "drivers/loader/library.h"
 #include "program/language.h"
-#include "program/loaded_driver.h"
 #include "startup/form3.h"
 #include "startup/form_wait_load.h"
 
 namespace {
-
-using hmonitor::DriverLibrary;
-
-/// Loads the driver library of the program's folder. If that fails, the reason goes to standard
-/// error and a driver takes its place that answers nothing, so that the program offers the demo
-/// mode.
-std::unique_ptr<DriverLibrary> openDriver(const hm16::LoadResult& loaded) {
-    if (loaded.library) {
-        return std::make_unique<hmonitor::LoadedDriver>(
-            loaded.library->functions(),
-            reinterpret_cast<HM16_ExtensionFunction>(loaded.library->extra(HM16_EXTENSION_NAME)));
-    }
-    std::fprintf(stderr, "hmonitor: %s\n", loaded.fault.c_str());
-    return std::make_unique<hmonitor::NoLibrary>();
-}
 
 void sayTaken(display::Desktop& desktop) {
     const bool spanish =
@@ -75,12 +57,12 @@ int main(int argc, char** argv) {
     const hmonitor::Files files(folder);
     files.removeLeftovers();
     hmonitor::Files(folder / "Logs").removeLeftovers();
-    const hm16::LoadResult loaded = hm16::Library::load(own);
-    const std::unique_ptr<DriverLibrary> driver = openDriver(loaded);
+    hmonitor::OpenedDriver driver(own);
 
-    hmonitor::Program program(desktop, *driver, files);
-    program.LibraryFault = hmonitor::libraryFault(loaded);
+    hmonitor::Program program(desktop, driver.library(), files);
+    program.LibraryFault = driver.fault();
     if (laying == hmonitor::Laying::First) program.FirstFolder = {folder.string()};
+    driver.watchFor(program, desktop);
     hmonitor::Forms forms(program);
     std::vector<display::Form*> rack(program.rack.begin(), program.rack.end());
     rack.push_back(&forms.form3);

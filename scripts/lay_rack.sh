@@ -15,7 +15,11 @@ lay_rack() {
   cp -f "$build/app/hmonitor" "$folder/hmonitor.new" && mv -f "$folder/hmonitor.new" "$folder/hmonitor"
   local library=$build/drivers/simulated/hm-16.so
   [ "$unit" = receiver ] && library=$build/receiver/hm-16.so
-  cp -f "$library" "$folder/hm-16.so.new" && mv -f "$folder/hm-16.so.new" "$folder/hm-16.so"
+  cp -f "$build/drivers/host/hm16-host" "$folder/hm16-host.new" &&
+    mv -f "$folder/hm16-host.new" "$folder/hm16-host"
+  # The program loads no library that others may write.
+  cp -f "$library" "$folder/hm-16.so.new" && chmod 755 "$folder/hm-16.so.new" &&
+    mv -f "$folder/hm-16.so.new" "$folder/hm-16.so"
   cp -f "$build/drivers/probe/hm16-probe" "$folder/hm16-probe.new" &&
     mv -f "$folder/hm16-probe.new" "$folder/hm16-probe"
   if [ "$unit" = receiver ] && [ ! -e "$folder/hm-16.ini" ]; then

@@ -8,6 +8,7 @@
 
 #include "base/shared_object.h"
 #include "drivers/hm16.h"
+#include "drivers/loader/library_file.h"
 
 namespace hm16 {
 
@@ -18,7 +19,7 @@ struct LoadResult;
 class Library {
  public:
     // Loads the file libraryName() from `folder`. On failure nothing stays loaded.
-    static LoadResult load(const std::filesystem::path& folder);
+    static LoadResult load(const std::filesystem::path& folder, Trust trust = Trust::Anybody);
 
     const HM16_Functions& functions() const { return functions_; }
     const std::filesystem::path& file() const { return file_; }
@@ -34,9 +35,16 @@ class Library {
     std::filesystem::path file_;
 };
 
-// Why a library was not loaded: the file is missing, the system cannot load it, or it lacks
-// functions.
-enum class Refusal { None, NoFile, NoLibrary, LacksFunctions };
+// Why a library was not loaded.
+enum class Refusal {
+    None,
+    NoFile,          // there is no such file
+    BadFile,         // the file is not one to load, see FileFault
+    NoLibrary,       // the system does not take it for a library
+    LacksFunctions,  // it is a library, but has not all that a driver library needs
+    Crashed,         // it ended its process while it was loaded
+    Hangs,           // it did not come back from being loaded
+};
 
 // The result of loading: the library, or a sentence that names file and fault, and the parts of
 // that sentence.
@@ -45,9 +53,13 @@ struct LoadResult {
     std::string fault;
     Refusal refusal = Refusal::None;
     std::filesystem::path file;
-    std::string reason;                // the system's reason, for Refusal::NoLibrary
+    std::string reason;                // the system's reason, for Refusal::NoLibrary and Crashed
     std::vector<std::string> missing;  // the missing functions, for Refusal::LacksFunctions
+    FileFault fileFault = FileFault::None;
 };
+
+// The sentence of a refusal from its parts.
+std::string refusalSentence(const LoadResult& result);
 
 // "hm-16.so", "hm-16.dll" or "hm-16.dylib", by the system.
 std::filesystem::path libraryName();

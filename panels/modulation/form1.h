@@ -122,6 +122,9 @@ class Form1 final : public ProgramForm {
     Int16 DecayTick = 0;
     display::Time troubleSeen{0};  ///< when it was last looked whether a trouble still holds
 
+    /// Writes the current preset into the panel settings, as the power key does.
+    std::optional<FileFault> storePreset() const;
+
  protected:
     void layOut() override;
     void onLoad() override;
@@ -142,7 +145,6 @@ class Form1 final : public ProgramForm {
     void stackRack();
     void showVersion();
     void powerOff();
-    std::optional<FileFault> storePreset() const;
     std::vector<const display::Form*> wholeRack() const;
     void printRack();
     void saveRack();

@@ -43,7 +43,7 @@ std::vector<std::vector<std::string>> linesOf(const std::string& day) {
 TempFolder& laid(TempFolder& folder, const std::string& unit) {
     const TempFolder build;
     for (const char* file : {"app/hmonitor", "drivers/simulated/hm-16.so", "receiver/hm-16.so",
-                             "drivers/probe/hm16-probe"}) {
+                             "drivers/probe/hm16-probe", "drivers/host/hm16-host"}) {
         std::filesystem::create_directories((build.path() / file).parent_path());
         build.write(file, "");
     }

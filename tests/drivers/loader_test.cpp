@@ -46,9 +46,10 @@ TEST(Loader, BearsALibraryCutAtAnyLength) {
     std::ifstream in(kFixtures / "sixteen" / libraryName(), std::ios::binary);
     const std::string whole{std::istreambuf_iterator<char>(in), {}};
     ASSERT_GT(whole.size(), 1000u);
-    // Only lengths at which the system itself refuses the file: beyond its headers a cut library
-    // may be mapped and then fault, which no loader can foresee.
-    for (const std::size_t length : {0, 1, 4, 16, 63, 64, 100, 200}) {
+    for (const std::size_t length :
+         {std::size_t{0}, std::size_t{1}, std::size_t{4}, std::size_t{16}, std::size_t{63},
+          std::size_t{64}, std::size_t{100}, std::size_t{200}, whole.size() / 4, whole.size() / 2,
+          whole.size() - 1}) {
         const TempFolder folder;
         folder.write(libraryName().string(), whole.substr(0, length));
         EXPECT_EQ(Library::load(folder.path()).library, nullptr) << length;

@@ -10,6 +10,7 @@
 #include <memory>
 #include <random>
 
+#include "display/call_box.h"
 #include "display/desktop.h"
 #include "display/form.h"
 #include "display/hand.h"
@@ -32,7 +33,7 @@ struct PageContent;
 
 /// The desktop on Qt 6 Widgets. One timer wakes the queue; raw events become calls of a Hand; once
 /// a frame the windows repaint what changed.
-class QtDesktop : public Desktop {
+class QtDesktop : public Desktop, public CallBox {
  public:
     /// Uses the existing QApplication, or else owns one.
     QtDesktop(int& argc, char** argv);
@@ -60,6 +61,9 @@ class QtDesktop : public Desktop {
     double random() override;
     void messageBox(const MessageBox& box) override;
     BoxAnswer ask(const MessageBox& box) override;
+    std::optional<std::size_t> standWhile(const MessageBox& box,
+                                          const std::vector<std::string>& keys,
+                                          const std::function<bool()>& over) override;
     void letEventsThrough() override;
     Box room(const Form& form) const override;
     void pointer(PointerShape shape) override;
@@ -176,6 +180,9 @@ class QtDesktop : public Desktop {
     std::string notTaken() const;
     std::string takenBy(const QPrinter& printer) const;
     BoxAnswer standBox(const MessageBox& box, BoxKeys keys);
+    std::optional<std::size_t> standCallBox(const MessageBox& box,
+                                            const std::vector<std::string>& keys,
+                                            const std::function<bool()>& over);
     std::optional<std::string> standSaveDialog(const SaveQuestion& question);
     std::optional<std::string> standOpenDialog(const OpenQuestion& question);
     template <class Stand>

@@ -17,6 +17,18 @@ namespace {
 /// One frame for each 30 ms tick of the panels, with tolerance for a late wake-up.
 constexpr Time kFrame = std::chrono::milliseconds(28);
 
+/// How often a box that stands for a call looks whether it came back.
+constexpr std::chrono::milliseconds kGlance{50};
+
+void fillBox(QMessageBox& shown, const MessageBox& box) {
+    shown.setWindowTitle(qText(box.title));
+    shown.setTextFormat(Qt::PlainText);
+    shown.setText(qText(box.text));
+    shown.setIcon(box.icon == BoxIcon::Critical      ? QMessageBox::Critical
+                  : box.icon == BoxIcon::Information ? QMessageBox::Information
+                                                     : QMessageBox::NoIcon);
+}
+
 int wholeMilliseconds(Time time) {
     const auto up = std::chrono::ceil<std::chrono::milliseconds>(time).count();
     return static_cast<int>(std::clamp<long long>(up, 0, 24 * 3600 * 1000));
@@ -172,12 +184,7 @@ BoxAnswer QtDesktop::standBox(const MessageBox& box, BoxKeys keys) {
     {
         PhaseScope standing(*this, Phase::Box);
         QMessageBox shown(const_cast<QWidget*>(opener()));
-        shown.setWindowTitle(qText(box.title));
-        shown.setTextFormat(Qt::PlainText);
-        shown.setText(qText(box.text));
-        shown.setIcon(box.icon == BoxIcon::Critical      ? QMessageBox::Critical
-                      : box.icon == BoxIcon::Information ? QMessageBox::Information
-                                                         : QMessageBox::NoIcon);
+        fillBox(shown, box);
         const QPushButton* ok = shown.addButton(
             spanish() ? QStringLiteral("Aceptar") : QStringLiteral("OK"), QMessageBox::AcceptRole);
         if (keys == BoxKeys::OkAndCancel) {
@@ -203,6 +210,45 @@ void QtDesktop::displayLost() {
     } catch (const ProgramEnded&) {
         // Whatever handler stands is left where it is.
     }
+}
+
+std::optional<std::size_t> QtDesktop::standWhile(const MessageBox& box,
+                                                 const std::vector<std::string>& keys,
+                                                 const std::function<bool()>& over) {
+    if (ended()) throw ProgramEnded{};
+    std::optional<std::size_t> answer;
+    {
+        // A handler runs: no timer ticks and no input is heard but this box's.
+        PhaseScope handling(*this, Phase::Handling);
+        answer = standCallBox(box, keys, over);
+        // What called goes on waiting, and the box must not stay on the screen meanwhile.
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    }
+    if (ended()) throw ProgramEnded{};
+    wakeTimer_.start(0);
+    return answer;
+}
+
+std::optional<std::size_t> QtDesktop::standCallBox(const MessageBox& box,
+                                                   const std::vector<std::string>& keys,
+                                                   const std::function<bool()>& over) {
+    QMessageBox shown(const_cast<QWidget*>(opener()));
+    fillBox(shown, box);
+    std::vector<QPushButton*> buttons;
+    for (const std::string& key : keys) {
+        buttons.push_back(shown.addButton(qText(key), QMessageBox::AcceptRole));
+    }
+    shown.setDefaultButton(buttons.front());
+    shown.setEscapeButton(buttons.front());
+    QTimer glance;
+    QObject::connect(&glance, &QTimer::timeout, &shown, [&shown, &over] {
+        if (over()) shown.hide();
+    });
+    glance.start(kGlance);
+    shown.exec();
+    const auto pressed = std::ranges::find(buttons, shown.clickedButton());
+    if (pressed == buttons.end()) return std::nullopt;
+    return static_cast<std::size_t>(pressed - buttons.begin());
 }
 
 void QtDesktop::ending() {

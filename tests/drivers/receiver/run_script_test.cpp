@@ -76,7 +76,8 @@ TEST_F(RunScript, EachRecordingHasAFolderOfItsOwn) {
 class RackScript : public RunScript {
  protected:
     RackScript() {
-        run("mkdir -p build/app build/receiver build/drivers/probe racks;"
+        run("mkdir -p build/app build/receiver build/drivers/probe build/drivers/host racks;"
+            "echo host >build/drivers/host/hm16-host;"
             "echo program >build/app/hmonitor; echo library >build/receiver/hm-16.so;"
             "echo probe >build/drivers/probe/hm16-probe");
         surveyIs("[ \"$2\" != --presets ] || printf found >\"$3\"");

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/opened_driver.h"
+
+#include <iostream>
+
+#include "app/library_fault.h"
+#include "program/loaded_driver.h"
+
+namespace hmonitor {
+
+OpenedDriver::OpenedDriver(const std::filesystem::path& folder,
+                           std::chrono::milliseconds patience) {
+    if (!openHosted(folder, patience)) openInside(folder);
+    if (!driver_) driver_ = std::make_unique<NoLibrary>();
+}
+
+void OpenedDriver::tell(const hm16::LoadResult& result) {
+    fault_ = libraryFault(result);
+    std::cerr << "hmonitor: " << result.fault << std::endl;
+}
+
+void OpenedDriver::openInside(const std::filesystem::path& folder) {
+    inside_ = hm16::Library::load(folder, hm16::Trust::OwnerAlone);
+    if (!inside_.library) {
+        tell(inside_);
+        return;
+    }
+    driver_ = std::make_unique<LoadedDriver>(
+        inside_.library->functions(),
+        reinterpret_cast<HM16_ExtensionFunction>(inside_.library->extra(HM16_EXTENSION_NAME)));
+}
+
+#if defined(HMONITOR_HOSTED_LIBRARY)
+
+bool OpenedDriver::openHosted(const std::filesystem::path& folder,
+                              std::chrono::milliseconds patience) {
+    hm16::HostedLibrary::Limits limits;
+    limits.call = patience;
+    hm16::HostedLoad load = hm16::HostedLibrary::load(folder / "hm16-host", folder, limits);
+    if (load.noHost) {
+        std::cerr << "hmonitor: hm16-host cannot be started from the program's folder: the driver "
+                     "library runs inside the program, and a fault of it ends both."
+                  << std::endl;
+        return false;
+    }
+    if (!load.library) {
+        tell(load.result);
+        return true;
+    }
+    hosted_ = std::move(load.library);
+    driver_ = std::make_unique<LoadedDriver>(hosted_->functions(), hosted_->extension());
+    return true;
+}
+
+void OpenedDriver::watchFor(Program& program, display::CallBox& box) {
+    if (!hosted_) return;
+    watch_ = std::make_unique<LibraryWatch>(program, box);
+    hosted_->watchedBy(watch_.get());
+}
+
+#else
+
+bool OpenedDriver::openHosted(const std::filesystem::path&, std::chrono::milliseconds) {
+    return false;
+}
+
+void OpenedDriver::watchFor(Program&, display::CallBox&) {}
+
+#endif
+
+}  // namespace hmonitor
