@@ -15,6 +15,10 @@
 #include "app/opened_driver.h"
 #include "core/files.h"
 #include "display/headless/headless_desktop.h"
+#include "panels/audio/form_b.h"
+#include "panels/modulation/form1.h"
+#include "startup/form_modo_demo.h"
+#include "startup/form_wait_load.h"
 #include "tests/support/temp_folder.h"
 
 namespace hmonitor::test {

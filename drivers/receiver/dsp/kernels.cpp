@@ -28,9 +28,16 @@ constexpr std::size_t kLanes = kLaneBytes / sizeof(float);
 typedef float Lanes __attribute__((vector_size(kLaneBytes)));
 typedef float UnalignedLanes __attribute__((vector_size(kLaneBytes), aligned(4), may_alias));
 
+#if defined(__clang__)
+// A reference forgets there how little is aligned.
+inline Lanes lanesAt(const float* address) {
+    return *reinterpret_cast<const UnalignedLanes*>(address);
+}
+#else
 inline const UnalignedLanes& lanesAt(const float* address) {
     return *reinterpret_cast<const UnalignedLanes*>(address);
 }
+#endif
 
 }  // namespace
 
