@@ -159,6 +159,7 @@ def without_logs(rack, album):
     assert not rack.opened(TEXT), "the text of no day"
     rack.screen.close_window(rack.wait_open(PAGE))
     rack.wait_closed(PAGE)
+    rack.steady_look(CHARTS, CANCEL)
     rack.click(CHARTS, CANCEL)
     rack.wait_closed(CHARTS)
     rack.wait_back()

@@ -162,6 +162,7 @@ class Rack:
         closed = windows()
         self.click(form, control)
         wait_for(lambda: windows() > closed, f"the list of {form}.{control}")
+        wait_for(self.screen.x.keyboard_is_held, f"the keyboard of the list of {form}.{control}")
 
     def look(self, form, control):
         """The pixels of a control."""

@@ -108,6 +108,14 @@ class XServer:
     def activate(self, number):
         self.tell_manager(self.window(number), "_NET_ACTIVE_WINDOW", FROM_A_PAGER, X.CurrentTime)
 
+    def keyboard_is_held(self):
+        """Whether a program has taken all keys, as one does for a list that stands open."""
+        answer = self.root.grab_keyboard(False, X.GrabModeAsync, X.GrabModeAsync, X.CurrentTime)
+        if answer == X.GrabSuccess:
+            self.display.ungrab_keyboard(X.CurrentTime)
+            self.display.sync()
+        return answer == X.AlreadyGrabbed
+
     def focus(self, number):
         """The keyboard itself, where no window manager gives it."""
         self.window(number).set_input_focus(X.RevertToParent, X.CurrentTime)
