@@ -58,9 +58,7 @@ display::PageDocument onePage(const char* words) {
 class PrintQueue : public testing::Test {
  protected:
     PrintQueue() { startApplication(); }
-    void SetUp() override {
-        if (!CupsServer::installed()) GTEST_SKIP() << "cupsd is not installed";
-    }
+    void SetUp() override { ASSERT_TRUE(CupsServer::installed()) << "cupsd is not installed"; }
     QtDesktop& desktop() {
         if (!desktop_) desktop_ = std::make_unique<QtDesktop>(noArguments_, nullptr);
         return *desktop_;
