@@ -7,6 +7,7 @@
 #include "base/figures.h"
 #include "display/timer.h"
 #include "program/audio_mode.h"
+#include "program/measured_slot.h"
 
 namespace hmonitor {
 
@@ -61,8 +62,13 @@ class DoorListener {
     virtual void tuned(const Tuned&) {}
     /// With each HM_Data and each HM_DataRDS, whoever asks for them.
     virtual void measured(const Measured&) {}
+    /// Each slot of the tuned station once, before the readings with which it was asked for. A
+    /// value beyond the figure's range is out of range here too.
+    virtual void slotCame(const MeasuredSlot&) {}
     /// The unit does nothing until it is told otherwise.
     virtual void halted(display::Time) {}
+    /// From here on the program runs without a unit, on figures that are made up. Said twice.
+    virtual void demoBegan(display::Time) {}
     virtual void frameCame(const SweepFrame&) {}
     /// Only where it was measured.
     virtual void levelRead(const MeasuredLevel&) {}

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "base/readings.h"
+#include "program/measured_slot.h"
 #include "program/said_states.h"
 
 namespace hmonitor {
@@ -60,6 +61,10 @@ class DriverLibrary {
 
     /// Beyond the nineteen functions (drivers/hm16_more.h): nothing where a library does not have
     /// it.
+    virtual bool hasSlots() { return false; }
+    /// Hands on the slots of the tuned station that came since it was last asked.
+    virtual void readSlots(SlotTaker&) {}
+    /// Of the newest slot that was read behind the tuning.
     virtual std::optional<SaidStates> states() { return std::nullopt; }
     virtual std::optional<Sound> sound() { return std::nullopt; }
     virtual void setSound(int /*volume*/, bool /*muted*/) {}

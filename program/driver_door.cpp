@@ -34,6 +34,12 @@ float DriverDoor::limitOf(figures::Output output) {
     return output == &Readings::pilotError ? 20000.f : kOtherLimit;
 }
 
+std::int32_t DriverDoor::HM_DemoMode() {
+    const std::int32_t result = library_.HM_DemoMode();
+    listeners_.demoBegan(desktop_.now());
+    return result;
+}
+
 std::int32_t DriverDoor::HM_Normal(float frequency, std::int32_t average, std::int32_t audioMode,
                                    std::int32_t response, std::int32_t logFiles) {
     // They come out of files that anybody may have written; the files keep what they hold.
@@ -46,7 +52,7 @@ std::int32_t DriverDoor::HM_Normal(float frequency, std::int32_t average, std::i
     doing_ = Doing::Measuring;
     tuned_ = {frequency, average != 0 ? Detector::Average : Detector::Peak,
               audioMode != 0 ? AudioMode::SumDifference : AudioMode::LeftRight, desktop_.now()};
-    if (listener_) listener_->tuned(tuned_);
+    listeners_.tuned(tuned_);
     return result;
 }
 
@@ -54,11 +60,11 @@ std::int32_t DriverDoor::HM_Parar() {
     still_.end();
     const std::int32_t result = library_.HM_Parar();
     if (doing_ == Doing::Measuring) doing_ = Doing::SomethingElse;
-    if (listener_) listener_->halted(desktop_.now());
+    listeners_.halted(desktop_.now());
     return result;
 }
 
-void DriverDoor::take(std::size_t output, float said) {
+void DriverDoor::keep(std::size_t output, float said) {
     const figures::Output reading = figures::kOutputs[output];
     dropped_[output] = !canBe(said, limitOf(reading));
     if (!dropped_[output]) good_.*reading = said;
@@ -67,7 +73,7 @@ void DriverDoor::take(std::size_t output, float said) {
 Readings DriverDoor::HM_Data() {
     Readings said = good_;
     library_.HM_Data(said);
-    for (std::size_t i = 0; i < figures::kDataOutputs; ++i) take(i, said.*figures::kOutputs[i]);
+    for (std::size_t i = 0; i < figures::kDataOutputs; ++i) keep(i, said.*figures::kOutputs[i]);
     tellMeasured();
     return good_;
 }
@@ -77,7 +83,7 @@ std::int32_t DriverDoor::HM_DataRDS(float& error, float& level) {
     said.rdsLevel = level;
     const std::int32_t result = library_.HM_DataRDS(said.rdsError, said.rdsLevel);
     for (std::size_t i = figures::kDataOutputs; i < figures::kOutputs.size(); ++i) {
-        take(i, said.*figures::kOutputs[i]);
+        keep(i, said.*figures::kOutputs[i]);
     }
     error = good_.rdsError;
     level = good_.rdsLevel;
@@ -85,9 +91,23 @@ std::int32_t DriverDoor::HM_DataRDS(float& error, float& level) {
     return result;
 }
 
+void DriverDoor::take(const MeasuredSlot& slot) {
+    if (listeners_.none()) return;
+    MeasuredSlot possible = slot;
+    for (std::size_t i = 0; i < figures::kCount; ++i) {
+        const figures::Bounds range = figures::all()[i].range;
+        State& state = possible.states[i];
+        // Not a number is within no range.
+        const bool isWithin = slot.values[i] >= range.lowest && slot.values[i] <= range.highest;
+        if (state == State::Known && !isWithin) state = State::OutOfRange;
+    }
+    listeners_.slotCame(possible);
+}
+
 void DriverDoor::tellMeasured() {
     still_.take(good_, desktop_.now());
-    if (listener_) listener_->measured(measured());
+    if (doing_ == Doing::Measuring) library_.readSlots(*this);
+    if (!listeners_.none()) listeners_.measured(measured());
 }
 
 /// Why the figure is not known, as the library says it where it says anything.
@@ -110,7 +130,8 @@ Measured DriverDoor::measured() const {
         return now;
     }
     const bool stale = staleSeconds() > 0;
-    const std::optional<SaidStates> said = library_.states();
+    std::optional<SaidStates> said = library_.states();
+    if (!said && library_.hasSlots()) said.emplace().fill(State::Settling);
     for (std::size_t i = 0; i < figures::kCount; ++i) {
         const State state = stateOf(figures::all()[i], said ? (*said)[i] : std::nullopt);
         now.states[i] = stale && state == State::Known ? State::Stale : state;
@@ -134,9 +155,9 @@ std::int32_t DriverDoor::HM_StartEspectro(float start, float stop, std::int32_t 
 
 std::int32_t DriverDoor::HM_TramaEspectroRecibida() {
     const std::int32_t came = library_.HM_TramaEspectroRecibida();
-    if (came != 0 && listener_) {
+    if (came != 0) {
         sweep_.at = desktop_.now();
-        listener_->frameCame(sweep_);
+        listeners_.frameCame(sweep_);
     }
     return came;
 }
@@ -150,8 +171,8 @@ std::int32_t DriverDoor::HM_GetEspectro(float frequency, float& level) {
 }
 
 void DriverDoor::tellLevel(float frequency, float level, MeasuredLevel::From from) {
-    if (!listener_ || !canBe(level, kOtherLimit)) return;
-    listener_->levelRead({frequency, level, from, desktop_.now()});
+    if (listeners_.none() || !canBe(level, kOtherLimit)) return;
+    listeners_.levelRead({frequency, level, from, desktop_.now()});
 }
 
 std::int32_t DriverDoor::HM_getHardwareVersion(float& version) {

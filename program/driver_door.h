@@ -2,7 +2,7 @@
 #pragma once
 
 #include "display/desktop.h"
-#include "program/door_listener.h"
+#include "program/door_listeners.h"
 #include "program/driver.h"
 #include "program/still_readings.h"
 
@@ -11,15 +11,16 @@ namespace hmonitor {
 /// The program's side of the driver: what a reading may be is checked here, once. Not-a-number,
 /// infinities and values beyond the table of limits are dropped and the last good value stands.
 /// After each HM_Super waiting events are let through once, which is where a long point-by-point
-/// run hears its stop key. One listener is told what passes; that makes no call of the library.
-class DriverDoor {
+/// run hears its stop key. Its listeners are told what passes; that makes none of the nineteen
+/// calls.
+class DriverDoor : private SlotTaker {
  public:
     DriverDoor(DriverLibrary& library, display::Desktop& desktop)
         : library_(library), desktop_(desktop) {}
 
     std::int32_t HM_Init() { return library_.HM_Init(); }
     std::int32_t HM_Terminate() { return library_.HM_Terminate(); }
-    std::int32_t HM_DemoMode() { return library_.HM_DemoMode(); }
+    std::int32_t HM_DemoMode();
     /// Tunes within what hm16.h promises a library: the frequency to 875 to 1081.5, each switch to
     /// 0 or 1.
     std::int32_t HM_Normal(float frequency, std::int32_t average, std::int32_t audioMode,
@@ -56,8 +57,8 @@ class DriverDoor {
     /// What the unit says now, as it was last asked, and what becomes of each figure.
     Measured measured() const;
 
-    /// Who hears what passes from here on; null for nobody. It outlives the door, or leaves.
-    void listener(DoorListener* its) { listener_ = its; }
+    /// Who hears what passes. A listener outlives the door, or leaves.
+    DoorListeners& listeners() { return listeners_; }
 
     /// The largest possible magnitude of outputs 1 to 16.
     static float limitOf(figures::Output output);
@@ -66,14 +67,15 @@ class DriverDoor {
     /// What the unit does, as far as readings go.
     enum class Doing { Nothing, Measuring, SomethingElse };
 
-    void take(std::size_t output, float said);
+    void keep(std::size_t output, float said);
+    void take(const MeasuredSlot& slot) override;
     void tellMeasured();
     void tellLevel(float frequency, float level, MeasuredLevel::From from);
     figures::State stateOf(const figures::Figure& figure, std::optional<figures::State> said) const;
 
     DriverLibrary& library_;
     display::Desktop& desktop_;
-    DoorListener* listener_ = nullptr;
+    DoorListeners listeners_;
     StillReadings still_;
     Readings good_;
     /// Which of them the unit last said something for that is no reading.

@@ -65,6 +65,10 @@ class LoadedDriver final : public DriverLibrary {
         return call_.getDriverVersion(&version);
     }
 
+    bool hasSlots() override { return slots_ && slots_->hasFigures(); }
+    void readSlots(SlotTaker& taker) override {
+        if (slots_) slots_->read(taker);
+    }
     std::optional<SaidStates> states() override { return slots_ ? slots_->newest() : std::nullopt; }
     std::optional<Sound> sound() override {
         HM16_ListenState state{};

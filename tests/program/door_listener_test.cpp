@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the driver door tells its listener: each thing once, in its order, and no call more of the
+// What the driver door tells its listeners: each thing once, in its order, and no call more of the
 // library.
 #include "program/door_listener.h"
 
@@ -39,7 +39,12 @@ struct NotedDoor final : DoorListener {
         measurements.push_back(now);
         noted.push_back("measured");
     }
+    void slotCame(const MeasuredSlot& slot) override {
+        slots.push_back(slot);
+        noted.push_back("slot " + wholeText(static_cast<std::int64_t>(slot.number)).str());
+    }
     void halted(display::Time) override { noted.push_back("halted"); }
+    void demoBegan(display::Time) override { noted.push_back("demo"); }
     void frameCame(const SweepFrame& frame) override {
         noted.push_back("frame " + shortText(frame.start).str() + " to " +
                         shortText(frame.stop).str() + " by " + wholeText(frame.stepKhz).str());
@@ -52,16 +57,28 @@ struct NotedDoor final : DoorListener {
     std::vector<std::string> own;
     std::vector<std::string>& noted;
     std::vector<Measured> measurements;
+    std::vector<MeasuredSlot> slots;
     Tuned last;
 };
 
+std::size_t placeOf(const char* key) {
+    return static_cast<std::size_t>(figures::find(key) - figures::all().data());
+}
+
 State stateIn(const Measured& measured, const char* key) {
-    return measured.states[static_cast<std::size_t>(figures::find(key) - figures::all().data())];
+    return measured.states[placeOf(key)];
+}
+
+/// A slot in which every figure is known and the field is `field`.
+MeasuredSlot slotOf(std::uint64_t number, float field) {
+    MeasuredSlot slot{number, 0, 0, 50, {}, {}};
+    slot.values[placeOf("field")] = field;
+    return slot;
 }
 
 class ListenedDoor : public testing::Test {
  protected:
-    ListenedDoor() { door.listener(&heard); }
+    ListenedDoor() { door.listeners().join(heard); }
     Measured ask() {
         door.HM_Data();
         return heard.measurements.back();
@@ -126,8 +143,90 @@ TEST_F(ListenedDoor, TellsAPointBeforeWhatComesThroughBehindIt) {
     EXPECT_THAT(heard.noted, ElementsAre("point 900: 30", "measured"));
 }
 
+TEST_F(ListenedDoor, TellsAllItsListenersInTheOrderInWhichTheyCame) {
+    std::vector<std::string> journal;
+    NotedDoor first(&journal);
+    NotedDoor second(&journal);
+    door.listeners().leave(heard);
+    door.listeners().join(first);
+    door.listeners().join(second);
+    unit.slots = {slotOf(7, 60)};
+    unit.frames = {1};
+    float level = 0;
+    door.HM_DemoMode();
+    door.HM_Normal(981, 0, 0, 0, 0);
+    door.HM_Data();
+    door.HM_Super(900, level);
+    door.HM_TramaEspectroRecibida();
+    door.HM_Parar();
+    EXPECT_THAT(journal,
+                ElementsAre("demo", "demo", "tuned 981 peak L R", "tuned 981 peak L R", "slot 7",
+                            "slot 7", "measured", "measured", "point 900: 30", "point 900: 30",
+                            "frame 0 to 0 by 0", "frame 0 to 0 by 0", "halted", "halted"));
+    journal.clear();
+    door.listeners().leave(first);
+    door.HM_Parar();
+    EXPECT_THAT(journal, ElementsAre("halted")) << "the one that stayed";
+}
+
+TEST_F(ListenedDoor, TellsThatADemoBegan) {
+    door.HM_DemoMode();
+    EXPECT_THAT(heard.noted, ElementsAre("demo"));
+}
+
+TEST_F(ListenedDoor, TellsEachSlotOnceBeforeTheReadingsItCameWith) {
+    door.HM_Normal(981, 0, 0, 0, 0);
+    unit.slots = {slotOf(4, 60), slotOf(5, 61)};
+    float error = 0;
+    float level = 0;
+    door.HM_Data();
+    door.HM_DataRDS(error, level);
+    unit.slots = {slotOf(6, 62)};
+    door.HM_DataRDS(error, level);
+    EXPECT_THAT(heard.noted, ElementsAre("tuned 981 peak L R", "slot 4", "slot 5", "measured",
+                                         "measured", "slot 6", "measured"));
+    EXPECT_EQ(heard.slots[1].values[placeOf("field")], 61);
+    EXPECT_EQ(heard.slots[1].states[placeOf("field")], State::Known);
+}
+
+TEST_F(ListenedDoor, ASlotsValueThatCannotBeIsOutOfRange) {
+    door.HM_Normal(981, 0, 0, 0, 0);
+    const float highest = figures::find("field")->range.highest;
+    unit.slots = {slotOf(0, highest), slotOf(1, highest + 1),
+                  slotOf(2, std::numeric_limits<float>::quiet_NaN())};
+    MeasuredSlot unknown = slotOf(3, highest + 1);
+    unknown.states[placeOf("field")] = State::NoCarrier;
+    unit.slots.push_back(unknown);
+    door.HM_Data();
+    std::vector<State> states;
+    for (const MeasuredSlot& slot : heard.slots) states.push_back(slot.states[placeOf("field")]);
+    EXPECT_THAT(states,
+                ElementsAre(State::Known, State::OutOfRange, State::OutOfRange, State::NoCarrier));
+    EXPECT_EQ(heard.slots[1].states[placeOf("pilot_level")], State::Known);
+}
+
+TEST_F(ListenedDoor, ReadsNoSlotsWhileTheUnitDoesSomethingElse) {
+    unit.slots = {slotOf(0, 60)};
+    door.HM_Data();
+    door.HM_Normal(981, 0, 0, 0, 0);
+    door.HM_Parar();
+    door.HM_Data();
+    EXPECT_THAT(heard.slots, IsEmpty());
+    EXPECT_EQ(unit.slots.size(), 1u);
+}
+
+TEST_F(ListenedDoor, BeforeTheFirstSlotOfATuningEveryFigureIsSettling) {
+    unit.readings.field = 61;
+    unit.slotted = true;
+    door.HM_Normal(981, 0, 0, 0, 0);
+    EXPECT_EQ(stateOf("field"), State::Settling);
+    EXPECT_EQ(stateOf("level_sum"), State::NotMeasured) << "not in this audio mode";
+    unit.said.emplace().fill(State::Known);
+    EXPECT_EQ(stateOf("field"), State::Known);
+}
+
 TEST_F(ListenedDoor, TellsNobodyOnceItsListenerHasLeft) {
-    door.listener(nullptr);
+    door.listeners().leave(heard);
     float level = 0;
     door.HM_Normal(981, 0, 0, 0, 0);
     door.HM_Data();
@@ -187,15 +286,12 @@ TEST_F(ListenedDoor, ReadingsThatStandStillAreStaleByTheRuleOfTheSign) {
 }
 
 TEST_F(ListenedDoor, WhatTheLibrarySaysOfAFigureGoesBeforeTheRule) {
-    const auto place = [](const char* key) {
-        return static_cast<std::size_t>(figures::find(key) - figures::all().data());
-    };
     door.HM_Normal(981, 0, 0, 0, 0);
     unit.said.emplace();
-    unit.said->at(place("field")) = State::Settling;
-    unit.said->at(place("noise_left")) = State::Known;
-    unit.said->at(place("level_sum")) = State::Known;
-    unit.said->at(place("multipath")) = State::Known;
+    unit.said->at(placeOf("field")) = State::Settling;
+    unit.said->at(placeOf("noise_left")) = State::Known;
+    unit.said->at(placeOf("level_sum")) = State::Known;
+    unit.said->at(placeOf("multipath")) = State::Known;
     unit.readings.field = 61;
     unit.readings.multipath = 9999;
     EXPECT_EQ(stateOf("field"), State::Settling);
@@ -213,7 +309,7 @@ class ListenedRun : public testing::Test {
     ListenedRun() {
         bench.tuner.tuneByBar();
         EXPECT_TRUE(lease.take());
-        bench.program.driver.listener(&heard);
+        bench.program.driver.listeners().join(heard);
         bench.take();
     }
     ProgramBench bench;
@@ -269,7 +365,7 @@ TEST(ListenedRack, HearsTheTunedStationWithEveryHeartbeatAndChangesNoCall) {
     RackBench bench;
     NotedDoor heard;
     bench.driver.noteData = true;
-    bench.program.driver.listener(&heard);
+    bench.program.driver.listeners().join(heard);
     bench.start();
     bench.advance(1000ms);
     EXPECT_EQ(bench.takeCalls(), silent.takeCalls());

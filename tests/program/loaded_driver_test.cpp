@@ -217,10 +217,20 @@ HM16_Slot slotSaying(uint64_t number, std::initializer_list<uint8_t> states) {
     return slot;
 }
 
+struct TakenSlots final : SlotTaker {
+    void take(const MeasuredSlot& slot) override { all.push_back(slot); }
+    std::vector<MeasuredSlot> all;
+};
+
 struct LoadedSlots : testing::Test {
     LoadedSlots() { slotLibrary = {}; }
     static std::optional<figures::State> stateIn(const SaidStates& said, const char* key) {
         return said[static_cast<std::size_t>(figures::find(key) - figures::all().data())];
+    }
+    std::optional<SaidStates> newest() {
+        TakenSlots taken;
+        driver.readSlots(taken);
+        return driver.states();
     }
     const HM16_Functions functions = noting();
     LoadedDriver driver{functions, [](const char* id) -> const void* {
@@ -229,13 +239,13 @@ struct LoadedSlots : testing::Test {
 };
 
 TEST_F(LoadedSlots, SayNothingBeforeTheFirstOne) {
-    EXPECT_EQ(driver.states(), std::nullopt);
+    EXPECT_EQ(newest(), std::nullopt);
 }
 
 TEST_F(LoadedSlots, SayTheStatesOfTheNewestByTheFiguresKeys) {
     slotLibrary.kept = {slotSaying(4, {HM16_KNOWN, HM16_SETTLING, HM16_SETTLING}),
                         slotSaying(5, {HM16_GAP, HM16_KNOWN, HM16_NO_PILOT})};
-    const auto said = driver.states();
+    const auto said = newest();
     ASSERT_TRUE(said);
     EXPECT_EQ(stateIn(*said, "field"), figures::State::Known);
     EXPECT_EQ(stateIn(*said, "pilot_error"), figures::State::NoPilot);
@@ -246,38 +256,83 @@ TEST_F(LoadedSlots, AreReadOnceEachAndTheLastStands) {
     for (uint64_t number = 0; number < 30; ++number) {
         slotLibrary.kept.push_back(slotSaying(number, {0, HM16_TOO_NOISY, 0}));
     }
-    EXPECT_EQ(stateIn(*driver.states(), "field"), figures::State::TooNoisy);
+    EXPECT_EQ(stateIn(*newest(), "field"), figures::State::TooNoisy);
     EXPECT_EQ(slotLibrary.copies, 30);
-    EXPECT_EQ(stateIn(*driver.states(), "field"), figures::State::TooNoisy);
+    EXPECT_EQ(stateIn(*newest(), "field"), figures::State::TooNoisy);
     EXPECT_EQ(slotLibrary.copies, 30);
     slotLibrary.kept = {slotSaying(30, {0, HM16_MULTIPATH, 0})};
-    EXPECT_EQ(stateIn(*driver.states(), "field"), figures::State::Multipath);
+    EXPECT_EQ(stateIn(*newest(), "field"), figures::State::Multipath);
 }
 
 TEST_F(LoadedSlots, OfANumberThatIsNoStateAreNotMeasured) {
     slotLibrary.kept = {slotSaying(0, {0, 13, 255})};
-    EXPECT_EQ(stateIn(*driver.states(), "field"), figures::State::NotMeasured);
-    EXPECT_EQ(stateIn(*driver.states(), "pilot_error"), figures::State::NotMeasured);
+    EXPECT_EQ(stateIn(*newest(), "field"), figures::State::NotMeasured);
+    EXPECT_EQ(stateIn(*newest(), "pilot_error"), figures::State::NotMeasured);
 }
 
 TEST_F(LoadedSlots, OfTheStationBeforeSayNothingOfTheNextOne) {
     slotLibrary.kept = {slotSaying(0, {0, HM16_KNOWN, 0}), slotSaying(1, {0, HM16_KNOWN, 0})};
-    ASSERT_TRUE(driver.states());
+    ASSERT_TRUE(newest());
     slotLibrary.kept.push_back(slotSaying(2, {0, HM16_KNOWN, 0}));
     driver.HM_Normal(1025, 0, 0, 0, 0);
-    EXPECT_EQ(driver.states(), std::nullopt);
+    EXPECT_EQ(newest(), std::nullopt);
     slotLibrary.kept.push_back(slotSaying(3, {0, HM16_SETTLING, 0}));
-    EXPECT_EQ(stateIn(*driver.states(), "field"), figures::State::Settling);
+    EXPECT_EQ(stateIn(*newest(), "field"), figures::State::Settling);
 }
 
 TEST_F(LoadedSlots, BeginAnewWhenTheUnitIsOpenedAnew) {
     slotLibrary.kept = {slotSaying(900, {0, HM16_KNOWN, 0})};
-    ASSERT_TRUE(driver.states());
+    ASSERT_TRUE(newest());
     driver.HM_Init();
     slotLibrary.kept.clear();
-    EXPECT_EQ(driver.states(), std::nullopt);
+    EXPECT_EQ(newest(), std::nullopt);
     slotLibrary.kept = {slotSaying(0, {0, HM16_SETTLING, 0})};
-    EXPECT_EQ(stateIn(*driver.states(), "field"), figures::State::Settling);
+    EXPECT_EQ(stateIn(*newest(), "field"), figures::State::Settling);
+}
+
+TEST_F(LoadedSlots, AreHandedOnOnceEachByTheFiguresKeys) {
+    for (uint64_t number = 0; number < 30; ++number) {
+        slotLibrary.kept.push_back(slotSaying(number, {0, HM16_KNOWN, HM16_NO_PILOT}));
+    }
+    HM16_Slot& last = slotLibrary.kept.back();
+    last.utcNs = 1'700'000'000'000'000'000;
+    last.signalNs = 1'500'000'000;
+    last.lengthMs = 50;
+    last.value[0] = 99;
+    last.value[1] = 61.5f;
+    TakenSlots taken;
+    driver.readSlots(taken);
+    driver.readSlots(taken);
+    ASSERT_EQ(taken.all.size(), 30u);
+    const MeasuredSlot& slot = taken.all.back();
+    EXPECT_EQ(slot.number, 29u);
+    EXPECT_EQ(slot.utcNs, last.utcNs);
+    EXPECT_EQ(slot.signalNs, last.signalNs);
+    EXPECT_EQ(slot.lengthMs, 50u);
+    const auto place = [](const char* key) {
+        return static_cast<std::size_t>(figures::find(key) - figures::all().data());
+    };
+    EXPECT_EQ(slot.values[place("field")], 61.5f);
+    EXPECT_EQ(slot.states[place("field")], figures::State::Known);
+    EXPECT_EQ(slot.states[place("pilot_error")], figures::State::NoPilot);
+    EXPECT_EQ(slot.states[place("distortion")], figures::State::NotMeasured)
+        << "the library does not have it";
+}
+
+TEST_F(LoadedSlots, OfTheStationBeforeAreHandedToNobody) {
+    slotLibrary.kept = {slotSaying(0, {0, HM16_KNOWN, 0})};
+    driver.HM_Normal(1025, 0, 0, 0, 0);
+    TakenSlots taken;
+    driver.readSlots(taken);
+    EXPECT_TRUE(taken.all.empty());
+}
+
+TEST_F(LoadedSlots, AreThereWhereAUnitIs) {
+    EXPECT_TRUE(driver.hasSlots());
+    slotLibrary.figures = 0;
+    LoadedDriver without(functions, [](const char*) -> const void* { return &kSlots; });
+    EXPECT_FALSE(without.hasSlots());
+    EXPECT_FALSE(LoadedDriver(functions).hasSlots());
 }
 
 TEST(NoLibraryTest, EveryCallGivesZeroAndLeavesItsOutputsAlone) {

@@ -115,8 +115,10 @@ TEST(OnALibrary, ItsSlotsSayWhyAFigureIsNotKnown) {
     DriverDoor& door = rack.program->driver;
     door.HM_Parar();
     door.HM_Normal(876, 0, 0, 0, 0);  // nobody sends there
-    for (int i = 0; i < 5000 && !rack.driver->states(); ++i) std::this_thread::sleep_for(1ms);
-    door.HM_Data();
+    for (int i = 0; i < 5000 && !rack.driver->states(); ++i) {
+        std::this_thread::sleep_for(1ms);
+        door.HM_Data();
+    }
     const Measured measured = door.measured();
     const auto stateOf = [&measured](const char* key) {
         return measured

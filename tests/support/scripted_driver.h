@@ -6,6 +6,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "program/driver.h"
@@ -31,6 +32,8 @@ struct ScriptedDriver : DriverLibrary {
     std::map<float, float> spectrum;  ///< HM_GetEspectro by frequency; floorLevel elsewhere
     float floorLevel = 12;
     std::optional<SaidStates> said;          ///< of the newest slot; nothing: a library without
+    bool slotted = false;                    ///< a library that has slots
+    std::vector<MeasuredSlot> slots;         ///< that were not read yet
     std::optional<Sound> loudspeakers;       ///< nothing: a library that does not play
     std::function<void(float)> duringSuper;  ///< what else happens while a level is measured
     std::function<void()> duringNormal;
@@ -64,6 +67,10 @@ struct ScriptedDriver : DriverLibrary {
     std::int32_t HM_setSintoMode(std::int32_t mode) override;
     std::int32_t HM_getHardwareVersion(float& version) override;
     std::int32_t HM_getDriverVersion(float& version) override;
+    bool hasSlots() override { return slotted; }
+    void readSlots(SlotTaker& taker) override {
+        for (const MeasuredSlot& slot : std::exchange(slots, {})) taker.take(slot);
+    }
     std::optional<SaidStates> states() override { return said; }
     std::optional<Sound> sound() override { return loudspeakers; }
     void setSound(int volume, bool muted) override;
