@@ -40,6 +40,7 @@ struct Program {
     hmonitor::Brand Brand = hmonitor::Brand::Marvenia;
     hmonitor::LibraryFault LibraryFault;
     hmonitor::FirstFolder FirstFolder;
+    hmonitor::HistoryNotice HistoryNotice;
     UnitInUse unitInUse;
     FigureTips figureTips;
     /// Does every tuning.

@@ -25,6 +25,13 @@ struct LibraryFault {
     std::string english;
 };
 
+/// What the rack's head says of the history while nothing worse is to be said: why it records
+/// nothing, or less. Empty as a rule.
+struct HistoryNotice {
+    std::string spanish;
+    std::string english;
+};
+
 /// The working folder, where the program was started in it for the first time and it is not the
 /// program's own; else empty.
 struct FirstFolder {

@@ -107,6 +107,10 @@ void Form1::showSigns() {
 
 std::string Form1::troubleText() const {
     const WriteTroubles& troubles = program.files.troubles();
+    if (!troubles.any()) {
+        const HistoryNotice& notice = program.HistoryNotice;
+        return language == display::Language::Spanish ? notice.spanish : notice.english;
+    }
     const std::string name = troubles.file().filename().string();
     std::string text;
     if (name.empty()) {
@@ -141,8 +145,9 @@ void Form1::showTrouble() {
         }
         troubleSeen = desktop().now();
     }
-    Trouble.visible = troubles.any();
-    Trouble.caption = troubles.any() ? troubleText() : "";
+    const std::string text = troubleText();
+    Trouble.visible = !text.empty();
+    Trouble.caption = text;
 }
 
 void Form1::carrier1() {
