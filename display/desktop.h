@@ -41,8 +41,8 @@ enum class BoxAnswer { Ok, Cancel };
 
 enum class PointerShape { Arrow, Hourglass };
 
-/// A raster image or a vector drawing.
-enum class PictureFormat { Png, Svg };
+/// A raster image, a vector drawing, or one on a page of the usual paper.
+enum class PictureFormat { Png, Svg, Pdf };
 
 struct Date {
     int year = 2000;

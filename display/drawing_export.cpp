@@ -21,8 +21,9 @@ bool isDrawing(const Control* control) {
 
 std::string bytesOf(Control& drawing, const NumberTable& table, const std::string& ending) {
     if (ending == "csv") return csvText(table);
-    return drawing.form().desktop().pictureOf(
-        drawing, ending == "svg" ? PictureFormat::Svg : PictureFormat::Png);
+    return drawing.form().desktop().pictureOf(drawing, ending == "svg"   ? PictureFormat::Svg
+                                                       : ending == "pdf" ? PictureFormat::Pdf
+                                                                         : PictureFormat::Png);
 }
 
 }  // namespace
@@ -60,7 +61,8 @@ void saveDrawing(Control& drawing) {
     question.stem = fileStem(table.station, table.title);
     question.kinds = {{in(language, {"Imagen", "Picture"}), "png"},
                       {in(language, {"Dibujo vectorial", "Vector drawing"}), "svg"},
-                      {in(language, {"Números", "Numbers"}), "csv"}};
+                      {in(language, {"Números", "Numbers"}), "csv"},
+                      {in(language, {"Página", "Page"}), "pdf"}};
     const auto path = desktop.askWhereToSave(question);
     if (!path) return;
     const SaveQuestion::Kind* kind = kindOf(*path, question.kinds);

@@ -20,9 +20,9 @@ bool hasDrawings(const Form& form);
 void copyNumbers(Control& drawing);
 /// Copies its picture to the clipboard.
 void copyPicture(Control& drawing);
-/// Asks for a file name and saves the drawing: as a raster image (png), a vector drawing (svg) or
-/// its numbers (csv), by the ending of the name. A fault is shown in a message box, and no file is
-/// left behind.
+/// Asks for a file name and saves the drawing: as a raster image (png), a vector drawing (svg),
+/// its numbers (csv) or a page with the vector drawing (pdf), by the ending of the name. A fault is
+/// shown in a message box, and no file is left behind.
 void saveDrawing(Control& drawing);
 
 }  // namespace display

@@ -98,6 +98,7 @@ bool EventQueue::passes(const Input& input) const {
     if (!run || input.kind == Input::Kind::MoveWindow || input.kind == Input::Kind::FormKey)
         return true;
     if (input.control) return hears(*input.control);
+    if (input.form && input.form->looksOn) return true;
     return std::ranges::find(run->closable, input.form) != run->closable.end();
 }
 
@@ -109,7 +110,8 @@ const EventQueue::RunFilter* EventQueue::filter() const {
 
 bool EventQueue::hears(const display::Control& control) const {
     const RunFilter* run = filter();
-    return !run || std::ranges::find(run->controls, &control) != run->controls.end();
+    return !run || control.form().looksOn ||
+           std::ranges::find(run->controls, &control) != run->controls.end();
 }
 
 void EventQueue::runInput(Input input) {

@@ -83,7 +83,8 @@ class EventQueue {
     void pushFilter(RunFilter filter) { filters_.push_back(std::move(filter)); }
     void popFilter();
     bool running() const { return !filters_.empty(); }
-    /// False if the current run does not listen to the control.
+    /// False if the current run does not listen to the control; windows that look on are always
+    /// heard.
     bool hears(const display::Control& control) const;
 
     /// Drops the waiting input of a form that is being destroyed.

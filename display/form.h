@@ -55,6 +55,9 @@ class Form : private FormClock, public Revised {
     /// Called after each show of a form that was hidden.
     virtual void activated() {}
 
+    /// It only looks on: its input passes while a run holds the thread.
+    bool looksOn = false;
+
     const std::string& name() const { return name_; }
     Desktop& desktop() const { return desktop_; }
     const std::vector<Control*>& controls() const { return controls_; }

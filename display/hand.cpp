@@ -8,6 +8,7 @@
 
 #include "display/controls/lists.h"
 #include "display/controls/pictures.h"
+#include "display/controls/plot.h"
 #include "display/controls/scroll_bar.h"
 #include "display/controls/text_field.h"
 #include "display/drawing_export.h"
@@ -268,6 +269,22 @@ void Hand::drop(ScrollBar& bar) {
     post(bar, [&bar] { bar.dropThumb(); });
 }
 
+void Hand::zoom(Plot& plot, double by, double at) {
+    post(plot, [&plot, by, at] { plot.zoom(by, at); });
+}
+
+void Hand::shift(Plot& plot, double share) {
+    post(plot, [&plot, share] { plot.shift(share); });
+}
+
+void Hand::point(Plot& plot, std::size_t mark, double share) {
+    post(plot, [&plot, mark, share] { plot.point(mark, share); });
+}
+
+void Hand::press(Plot& plot, PlotKey key) {
+    post(plot, [&plot, key] { plot.press(key); });
+}
+
 void Hand::enter(Form& form) {
     desktop_.queue().post(
         {Input::Kind::FormKey, &form, nullptr, [&form] { pressIfHeard(form.defaultKey()); }});
@@ -277,6 +294,8 @@ void Hand::shortcut(Form& form, std::string_view keys) {
     for (Control* control : form.controls()) {
         auto* key = dynamic_cast<Key*>(control);
         if (key && !keys.empty() && key->shortcut == keys) click(*key);
+        auto* picture = dynamic_cast<Picture*>(control);
+        if (picture && !keys.empty() && picture->shortcut == keys) click(*picture);
     }
 }
 
@@ -315,7 +334,10 @@ void Hand::copyNumbers(Control& drawing) {
 }
 
 void Hand::save(Control& drawing) {
-    post(drawing, [&drawing] { saveDrawing(drawing); });
+    // A dialog inside a run would hold it.
+    post(drawing, [this, &drawing] {
+        if (!desktop_.queue().running()) saveDrawing(drawing);
+    });
 }
 
 }  // namespace display

@@ -13,6 +13,9 @@
 
 namespace display {
 
+class Plot;
+enum class PlotKey;
+
 /// A range of characters of a text, counted from 0: from the first to just before the second.
 struct Span {
     std::size_t from = 0;
@@ -66,6 +69,12 @@ class Hand {
     void set(ScrollBar& bar, int value);
     void drag(ScrollBar& bar, int position);
     void drop(ScrollBar& bar);
+
+    // Plots. Shares are of the shown range, 0 at its left end.
+    void zoom(Plot& plot, double by, double at);
+    void shift(Plot& plot, double share);
+    void point(Plot& plot, std::size_t mark, double share);
+    void press(Plot& plot, PlotKey key);
 
     // Actions on the window itself.
     void enter(Form& form);

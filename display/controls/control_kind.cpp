@@ -8,6 +8,7 @@
 #include "display/controls/labels.h"
 #include "display/controls/lists.h"
 #include "display/controls/pictures.h"
+#include "display/controls/plot.h"
 #include "display/controls/scroll_bar.h"
 #include "display/controls/shapes.h"
 #include "display/controls/text_field.h"
@@ -42,5 +43,6 @@ template class KindOf<ScrollBar>;
 template class KindOf<Tabs>;
 template class KindOf<Chart>;
 template class KindOf<PagePreview>;
+template class KindOf<Plot>;
 
 }  // namespace display

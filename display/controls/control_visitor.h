@@ -19,6 +19,7 @@ class ScrollBar;
 class Tabs;
 class Chart;
 class PagePreview;
+class Plot;
 
 /// The closed set of controls. A new kind does not compile until every display handles it.
 class ControlVisitor {
@@ -40,6 +41,7 @@ class ControlVisitor {
     virtual void visit(Tabs&) = 0;
     virtual void visit(Chart&) = 0;
     virtual void visit(PagePreview&) = 0;
+    virtual void visit(Plot&) = 0;
 };
 
 }  // namespace display

@@ -23,6 +23,8 @@ class Picture final : public KindOf<Picture> {
     Property<Border> border{*this, Border::None};
 
     Event onPress, onRelease, onCancel, onClick;
+    /// Keyboard shortcut that clicks it wherever the focus is in its window, such as "F3".
+    std::string_view shortcut;
     /// True from a press until its release or cancel.
     bool held = false;
     /// Pointer events of a handle, by which a window is moved; a handle takes no focus.
@@ -32,7 +34,7 @@ class Picture final : public KindOf<Picture> {
     template <class Each>
     void forEachProperty(Each each) {
         each("picture", picture), each("caption", caption), each("border", border);
-        each("held", held);
+        each("held", held), each("shortcut", shortcut);
     }
 };
 

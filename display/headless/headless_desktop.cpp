@@ -118,7 +118,10 @@ void HeadlessDesktop::setClipboardPicture(Control& drawing) {
 }
 
 std::string HeadlessDesktop::pictureOf(Control& drawing, PictureFormat format) {
-    return (format == PictureFormat::Svg ? "svg of " : "png of ") + drawing.name();
+    const char* const kind = format == PictureFormat::Svg   ? "svg of "
+                             : format == PictureFormat::Pdf ? "pdf of "
+                                                            : "png of ";
+    return kind + drawing.name();
 }
 
 std::optional<std::string> HeadlessDesktop::askWhereToSave(const SaveQuestion& question) {

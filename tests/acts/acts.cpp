@@ -8,6 +8,7 @@
 #include "display/controls/labels.h"
 #include "display/controls/lists.h"
 #include "display/controls/pictures.h"
+#include "display/controls/plot.h"
 #include "display/controls/scroll_bar.h"
 #include "display/controls/shapes.h"
 #include "display/controls/text_field.h"
@@ -69,6 +70,19 @@ class WaysToAct final : public ControlVisitor {
     void visit(ListBox& box) override {
         selectIn(box);
         if (box.onDoubleClick) doubleClick(box);
+    }
+    void visit(Plot& plot) override {
+        add(plot, "zoom in", [&hand = hand_, &plot] { hand.zoom(plot, 2, 0.3); });
+        add(plot, "zoom out", [&hand = hand_, &plot] { hand.zoom(plot, 0.1, 0.9); });
+        add(plot, "drag", [&hand = hand_, &plot] { hand.shift(plot, -0.4); });
+        add(plot, "to the end", [&hand = hand_, &plot] { hand.press(plot, PlotKey::Last); });
+        add(plot, "to the begin", [&hand = hand_, &plot] { hand.press(plot, PlotKey::First); });
+        add(plot, "mark", [&hand = hand_, &plot] {
+            hand.point(plot, 0, 0.25);
+            hand.press(plot, PlotKey::OtherRight);
+        });
+        add(plot, "no marks", [&hand = hand_, &plot] { hand.press(plot, PlotKey::NoMarks); });
+        takeOut(plot);
     }
     void visit(ScrollBar& bar) override {
         add(bar, "to the start", [&hand = hand_, &bar] { hand.set(bar, bar.minimum); });

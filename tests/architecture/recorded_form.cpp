@@ -6,6 +6,7 @@
 #include "display/chart.h"
 #include "display/controls/control_visitor.h"
 #include "display/controls/lists.h"
+#include "display/controls/plot.h"
 #include "display/controls/scroll_bar.h"
 #include "display/controls/text_field.h"
 #include "display/page.h"
@@ -38,6 +39,7 @@ class EachProperty final : public ControlVisitor {
     void visit(Tabs& tabs) override { tabs.forEachProperty(each_); }
     void visit(Chart& chart) override { chart.forEachProperty(each_); }
     void visit(PagePreview& preview) override { preview.forEachProperty(each_); }
+    void visit(Plot& plot) override { plot.forEachProperty(each_); }
 
  private:
     Each each_;
@@ -86,6 +88,9 @@ struct Write {
     void write(const Panel* in) const { to << (in ? in->name() : "form"); }
     void write(const Drawing& drawing) const { to << drawing.unit() << ' ' << drawing.fontPoints; }
     void write(const Chart::Insets& room) const { to << room.left << ' ' << room.top; }
+    void write(const Plot::Insets& room) const { to << room.left << ' ' << room.top; }
+    void write(const PlotAxis& axis) const { to << axis.lowest << ' ' << axis.highest; }
+    void write(const Plot::Reach& reach) const { to << reach.earliest << ' ' << reach.latest; }
     void write(const ListModel& list) const {
         for (const std::string& row : list.rows()) to << row << ';';
         to << list.selected();
@@ -100,6 +105,9 @@ struct Upset {
     void operator()(std::string_view, Property<int>& number) const { number = number + 7; }
     void operator()(std::string_view, Property<bool>& on) const { on = !on; }
     void operator()(std::string_view, Property<Colour>& colour) const { colour = Colour{0x123456}; }
+    void operator()(std::string_view, Property<PlotAxis>& axis) const {
+        axis = PlotAxis{AxisKind::Log, 3, 77};
+    }
     void operator()(std::string_view, Text& text) const { text = "upset"; }
     void operator()(std::string_view, bool& on) const { on = !on; }
     void operator()(std::string_view, Words& words) const { words = {"revuelto", "upset"}; }

@@ -52,6 +52,7 @@ class Kinds final : public ControlVisitor {
     void visit(Tabs&) override { kind = "Tabs"; }
     void visit(Chart&) override { kind = "Chart"; }
     void visit(PagePreview&) override { kind = "PagePreview"; }
+    void visit(Plot&) override { kind = "Plot"; }
 };
 
 TEST_F(Controls, EachKindShowsItselfAsItself) {
@@ -63,7 +64,7 @@ TEST_F(Controls, EachKindShowsItselfAsItself) {
         {&form.Check1, "CheckBox"},    {&form.Option1, "Option"},
         {&form.Combo1, "ComboBox"},    {&form.List1, "ListBox"},
         {&form.HScroll1, "ScrollBar"}, {&form.Tabs1, "Tabs"},
-        {&form.Chart1, "Chart"}};
+        {&form.Chart1, "Chart"},       {&form.Plot1, "Plot"}};
     for (const auto& [control, kind] : expected) {
         Kinds kinds;
         control->accept(kinds);

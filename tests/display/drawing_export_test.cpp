@@ -69,10 +69,11 @@ TEST_F(DrawingExport, CopiesThePictureAndTheNumbers) {
 }
 
 TEST_F(DrawingExport, SavesWhatTheEndingSays) {
-    desktop.saveAnswers = {"/there/a.png", "/there/b.SVG", "/there/c.csv"};
-    for (int i = 0; i < 3; ++i) save(form.Chart1);
+    desktop.saveAnswers = {"/there/a.png", "/there/b.SVG", "/there/c.csv", "/there/d.pdf"};
+    for (int i = 0; i < 4; ++i) save(form.Chart1);
     EXPECT_EQ(desktop.writtenFiles["/there/a.png"], "png of Chart1");
     EXPECT_EQ(desktop.writtenFiles["/there/b.SVG"], "svg of Chart1");
+    EXPECT_EQ(desktop.writtenFiles["/there/d.pdf"], "pdf of Chart1");
     EXPECT_EQ(desktop.writtenFiles["/there/c.csv"],
               "Level (dB),UNO 98.1 MHz 2026-05-04\r\n-3.5,\r\n");
 }
@@ -85,7 +86,7 @@ TEST_F(DrawingExport, ProposesStationAndTitleInTheLanguageOfTheForm) {
     ASSERT_EQ(desktop.saveQuestions.size(), 2u);
     EXPECT_EQ(desktop.saveQuestions[0].stem, "UNO 98.1 MHz 2026-05-04 Levels");
     EXPECT_EQ(desktop.saveQuestions[0].title, "Save");
-    ASSERT_EQ(desktop.saveQuestions[0].kinds.size(), 3u);
+    ASSERT_EQ(desktop.saveQuestions[0].kinds.size(), 4u);
     EXPECT_EQ(desktop.saveQuestions[0].kinds[0].ending, "png");
     EXPECT_EQ(desktop.saveQuestions[1].stem, "UNO 98.1 MHz 2026-05-04 Spectrum");
     EXPECT_EQ(desktop.saveQuestions[1].title, "Guardar");
@@ -114,6 +115,17 @@ TEST_F(DrawingExport, WaitsForNobodyWhileARunHoldsTheThread) {
     desktop.settle();
     EXPECT_THAT(desktop.journal, IsEmpty()) << "a dialog inside a run would stop it";
     EXPECT_EQ(desktop.clipboard, "");
+}
+
+TEST_F(DrawingExport, AWindowThatLooksOnAsksForNoFileDuringARun) {
+    form.looksOn = true;
+    desktop.queue().pushFilter({{}, {}});
+    desktop.hand.save(form.Chart1);
+    desktop.hand.copyNumbers(form.Chart1);
+    desktop.letEventsThrough();
+    desktop.queue().popFilter();
+    EXPECT_THAT(desktop.saveQuestions, IsEmpty());
+    EXPECT_NE(desktop.clipboard, "");
 }
 
 TEST_F(DrawingExport, OfADisabledFormNothingIsCopied) {

@@ -44,6 +44,26 @@ TEST_F(Queue, InputRunsInTheOrderOfItsComingAndBeforeTimers) {
     EXPECT_EQ(form.heard, (Heard{"Key1 click", "Check1 click", "Timer1 tick"}));
 }
 
+TEST_F(Queue, AWindowThatLooksOnIsHeardDuringARun) {
+    other.looksOn = true;
+    desktop.hand.click(form.Key1);
+    desktop.hand.click(other.Key1);
+    desktop.hand.escape(other);
+    desktop.hand.close(other);
+    passDuringRun({{&form.KeyCancel}, {}});
+    EXPECT_EQ(form.heard, Heard{});
+    EXPECT_EQ(other.heard, (Heard{"Key1 click", "KeyCancel click", "close"}));
+}
+
+TEST_F(Queue, AWindowThatLooksOnWaitsForAModalForm) {
+    other.looksOn = true;
+    queue.pushModal(form);
+    desktop.hand.click(other.Key1);
+    desktop.settle();
+    queue.popModal();
+    EXPECT_EQ(other.heard, Heard{});
+}
+
 TEST_F(Queue, WaitingInputIsDueAtOnce) {
     EXPECT_FALSE(queue.nextDue().has_value());
     desktop.hand.click(form.Key1);

@@ -73,6 +73,15 @@ TEST_F(Headless, AShortcutPressesTheKeyThatHasIt) {
     EXPECT_EQ(form.heard, Heard{"Key1 click"});
 }
 
+TEST_F(Headless, APictureKeyHasAShortcutToo) {
+    form.show();
+    form.KeyN.shortcut = "F3";
+    form.heard.clear();
+    desktop.hand.shortcut(form, "F3");
+    desktop.settle();
+    EXPECT_EQ(form.heard, (Heard{"KeyN press", "KeyN release", "KeyN click"}));
+}
+
 TEST_F(Headless, AnUnscriptedRandomNumberFails) {
     EXPECT_THROW(desktop.random(), Unscripted);
     desktop.randoms = {0.25, 0.5};

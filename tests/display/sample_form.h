@@ -11,6 +11,7 @@
 #include "display/controls/labels.h"
 #include "display/controls/lists.h"
 #include "display/controls/pictures.h"
+#include "display/controls/plot.h"
 #include "display/controls/scroll_bar.h"
 #include "display/controls/shapes.h"
 #include "display/controls/text_field.h"
@@ -68,6 +69,7 @@ class SampleForm final : public Form {
     Label LabelPage1{*this, "LabelPage1"};
     Key KeyPage2{*this, "KeyPage2"};
     Chart Chart1{*this, "Chart1"};
+    Plot Plot1{*this, "Plot1"};
 
     Timer Timer1{*this, "Timer1"};
     Timer Timer2{*this, "Timer2"};

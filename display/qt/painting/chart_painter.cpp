@@ -145,8 +145,8 @@ class ChartPaint {
 
 }  // namespace
 
-ChartInk ChartInk::of(const Chart& chart) {
-    if (standsOnLight(chart)) return {Qt::white, QColor(kPaperLine), QColor(kLitText)};
+ChartInk ChartInk::of(const Control& drawing) {
+    if (standsOnLight(drawing)) return {Qt::white, QColor(kPaperLine), QColor(kLitText)};
     return {QColor(kWellBottom), QColor(kWellRim), QColor(kText)};
 }
 

@@ -9,10 +9,10 @@
 
 namespace display::qt {
 
-/// The colours of a chart: on the dark well of a window, or on white paper.
+/// The colours of a chart or a plot: on the dark well of a window, or on white paper.
 struct ChartInk {
     QColor ground, line, words;
-    static ChartInk of(const Chart& chart);
+    static ChartInk of(const Control& drawing);
 };
 
 /// Sizes in a chart, in twips.

@@ -7,6 +7,7 @@
 #include "display/chart.h"
 #include "display/controls/containers.h"
 #include "display/controls/labels.h"
+#include "display/controls/plot.h"
 #include "display/controls/shapes.h"
 #include "display/qt/painting/chart_painter.h"
 #include "display/qt/painting/form_painter.h"
@@ -22,15 +23,16 @@ bool visibleThere(const Control& control) {
     return true;
 }
 
-/// Labels and lines, of which scales and legends consist.
+/// Labels and lines, of which scales and legends consist, and plots, which stand below one another
+/// over one axis.
 bool isWordOrLine(const Control& control) {
     return dynamic_cast<const Label*>(&control) || dynamic_cast<const Line*>(&control) ||
-           dynamic_cast<const Shape*>(&control);
+           dynamic_cast<const Shape*>(&control) || dynamic_cast<const Plot*>(&control);
 }
 
 QColor groundOf(const Control& drawing) {
-    const auto* chart = dynamic_cast<const Chart*>(&drawing);
-    return chart ? ChartInk::of(*chart).ground : QColor(Qt::white);
+    const bool dark = dynamic_cast<const Chart*>(&drawing) || dynamic_cast<const Plot*>(&drawing);
+    return dark ? ChartInk::of(drawing).ground : QColor(Qt::white);
 }
 
 /// The box that the control covers; that of a line lies around its ends.

@@ -84,6 +84,8 @@ const std::vector<NamedPicture>& keyPictures() {
         {"OpenA", key<"OPEN", Cap::Lit>},
         {"LogN", key<"LOG", Cap::Dark>},
         {"LogA", key<"LOG", Cap::Lit>},
+        {"HistoryN", key<"HISTORY", Cap::Dark>},
+        {"HistoryA", key<"HISTORY", Cap::Lit>},
         {"OffN", key<"OFF", Cap::Dark>},
         {"OffA", key<"ON", Cap::Lit>},
         {"StartN", runKey<RunMark::Play, Cap::Dark>},

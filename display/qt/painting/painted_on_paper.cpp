@@ -7,6 +7,7 @@
 #include "display/controls/buttons.h"
 #include "display/controls/control_visitor.h"
 #include "display/controls/lists.h"
+#include "display/controls/plot.h"
 #include "display/controls/scroll_bar.h"
 #include "display/controls/text_field.h"
 #include "display/page.h"
@@ -14,6 +15,7 @@
 #include "display/qt/painting/fonts.h"
 #include "display/qt/painting/mark_painter.h"
 #include "display/qt/painting/palette.h"
+#include "display/qt/painting/plot_painter.h"
 #include "display/qt/painting/surfaces.h"
 #include "display/qt/widgets/control_widget.h"
 #include "display/qt/widgets/key_widgets.h"
@@ -46,6 +48,21 @@ class ChartOnPaper final : public OnPaper<Chart> {
  public:
     using OnPaper::OnPaper;
     void paint(QPainter& painter) override { paintChart(painter, control_, box_, twip_); }
+};
+
+class PlotOnPaper final : public OnPaper<Plot> {
+ public:
+    using OnPaper::OnPaper;
+    void prepare(const Scale& scale) override {
+        OnPaper::prepare(scale);
+        devicePixels_ = scale.deviceRatio();
+    }
+    void paint(QPainter& painter) override {
+        paintPlot(painter, control_, {box_, twip_, devicePixels_});
+    }
+
+ private:
+    qreal devicePixels_ = 1;
 };
 
 class KeyOnPaper final : public OnPaper<Key> {
@@ -154,6 +171,7 @@ class PaperBuilder final : public ControlVisitor {
     void visit(TextField& field) override { made = std::make_unique<FieldOnPaper>(field); }
     void visit(ScrollBar& bar) override { made = std::make_unique<ScrollBarOnPaper>(bar); }
     void visit(Chart& chart) override { made = std::make_unique<ChartOnPaper>(chart); }
+    void visit(Plot& plot) override { made = std::make_unique<PlotOnPaper>(plot); }
     void visit(CheckBox&) override {}
     void visit(Option&) override {}
     void visit(ComboBox&) override {}

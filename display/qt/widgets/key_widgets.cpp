@@ -43,7 +43,19 @@ PictureKeyWidget::PictureKeyWidget(QtDesktop& desktop, Picture& key, QWidget* pa
     connect(this, &QAbstractButton::clicked, this, [this] { desktop_.hand().click(key_); });
 }
 
+void PictureKeyWidget::takeShortcut() {
+    if (key_.shortcut.empty() == !shortcut_) return;
+    delete shortcut_;
+    shortcut_ = nullptr;
+    if (key_.shortcut.empty()) return;
+    shortcut_ = new QShortcut(QKeySequence(qText(key_.shortcut)), this);
+    shortcut_->setContext(Qt::WindowShortcut);
+    shortcut_->setAutoRepeat(false);
+    connect(shortcut_, &QShortcut::activated, this, [this] { desktop_.hand().click(key_); });
+}
+
 void PictureKeyWidget::sync() {
+    takeShortcut();
     setFocusPolicy(focusPolicyOf(key_));
 }
 

@@ -37,12 +37,14 @@ class PictureKeyWidget final : public QAbstractButton, public ControlWidget {
 
  private:
     enum class HeldBy { Nothing, Mouse, Keyboard };
+    void takeShortcut();
     void press(HeldBy by);
     void letGo(bool onIt);
 
     QtDesktop& desktop_;
     Picture& key_;
     HeldBy held_ = HeldBy::Nothing;
+    QShortcut* shortcut_ = nullptr;  ///< owned by the widget
 };
 
 /// The input of a picture box: a double click, or Enter.

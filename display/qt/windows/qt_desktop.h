@@ -142,6 +142,7 @@ class QtDesktop : public Desktop, public CallBox {
     virtual std::unique_ptr<QPrinter> readyPrinter(std::string& wrong) const;
 
  private:
+    std::string pdfOfDrawing(Control& drawing) const;
     std::string printContent(const PageContent& content) const;
     static std::vector<const Form*> shownOf(const std::vector<const Form*>& forms);
 

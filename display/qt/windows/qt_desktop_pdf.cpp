@@ -2,6 +2,7 @@
 #include <QBuffer>
 #include <QPdfWriter>
 
+#include "display/qt/painting/drawing_picture.h"
 #include "display/qt/painting/page_painter.h"
 #include "display/qt/painting/page_writer.h"
 #include "display/qt/painting/print_paper.h"
@@ -42,6 +43,17 @@ std::string QtDesktop::pdfOfImage(const std::vector<const Form*>& forms) {
 
 std::string QtDesktop::pdfOfSheet(const Panel& sheet) {
     return pdfOf(pageOfSheet(sheet), paper());
+}
+
+std::string QtDesktop::pdfOfDrawing(Control& drawing) const {
+    const DrawingPicture picture(drawing, 1);
+    return pdfOf({picture.size(),
+                  [&picture](QPainter& painter, qreal devicePixelsPerTwip) {
+                      // The picture takes a painter whose unit is a device pixel.
+                      painter.scale(1 / devicePixelsPerTwip, 1 / devicePixelsPerTwip);
+                      picture.paint(painter, devicePixelsPerTwip);
+                  }},
+                 paper());
 }
 
 std::string QtDesktop::pdfOfPages(const PageDocument& document, int first, int last) {

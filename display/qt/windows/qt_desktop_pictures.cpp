@@ -47,6 +47,7 @@ QByteArray svgOf(const DrawingPicture& picture) {
 }  // namespace
 
 std::string QtDesktop::pictureOf(Control& drawing, PictureFormat format) {
+    if (format == PictureFormat::Pdf) return pdfOfDrawing(drawing);
     const DrawingPicture picture(drawing, scale_.px(1));
     return (format == PictureFormat::Svg ? svgOf(picture) : pngOf(picture)).toStdString();
 }

@@ -5,6 +5,7 @@
 #include "display/qt/widgets/key_widgets.h"
 #include "display/qt/widgets/list_widgets.h"
 #include "display/qt/widgets/page_preview_widget.h"
+#include "display/qt/widgets/plot_widget.h"
 #include "display/qt/widgets/scroll_bar_widget.h"
 #include "display/qt/widgets/text_field_widget.h"
 
@@ -63,6 +64,10 @@ void ViewBuilder::visit(Chart& chart) {
 
 void ViewBuilder::visit(PagePreview& preview) {
     widget = new PagePreviewWidget(desktop_, preview, &parent_);
+}
+
+void ViewBuilder::visit(Plot& plot) {
+    widget = new PlotWidget(desktop_, plot, &parent_);
 }
 
 }  // namespace display::qt

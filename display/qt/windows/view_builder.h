@@ -43,6 +43,7 @@ class ViewBuilder final : public ControlVisitor {
     void visit(Tabs& tabs) override;
     void visit(Chart& chart) override;
     void visit(PagePreview& preview) override;
+    void visit(Plot& plot) override;
 
  private:
     QtDesktop& desktop_;

@@ -99,6 +99,7 @@ class Fit final : public ControlVisitor {
     void visit(ScrollBar&) override {}
     void visit(Chart&) override {}
     void visit(PagePreview&) override {}
+    void visit(Plot&) override {}
 
  private:
     void expect(const QString& text, qreal needed, qreal has, const char* way) {

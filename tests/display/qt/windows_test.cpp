@@ -158,6 +158,17 @@ TEST_F(Windows, Shortcut_PressesItsKeyFromWhereverTheKeyboardIs) {
     EXPECT_EQ(times("Key1 click"), 1);
 }
 
+TEST_F(Windows, Shortcut_ClicksAPictureKeyToo) {
+    sample->load();
+    sample->KeyN.shortcut = "F3";
+    showSample();
+    desktop->queue().openGate();
+    sample->heard.clear();
+    QTest::keyClick(&widget(sample->KeyDefault), Qt::Key_F3);
+    QTest::qWait(60);
+    EXPECT_EQ(times("KeyN click"), 1);
+}
+
 TEST_F(Windows, EndInsideAModalForm_LeavesEveryLoopAtOnce) {
     test::SampleForm asked(*desktop, "Asked");
     asked.Key1.onClick = [this] { desktop->end(); };
