@@ -1,28 +1,52 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/arguments.h"
 
-#include <string_view>
+#include <CLI/CLI.hpp>
+#include <vector>
 
 namespace hmonitor {
 
+namespace {
+
+constexpr const char* kAbout =
+    R"(The front end of an FM broadcast measuring instrument: a rack of live panels over
+the driver library that stands beside the program.
+)";
+
+constexpr const char* kFurther =
+    R"(Settings, presets and results lie in the program's own folder; where that cannot
+be written, in $XDG_DATA_HOME/hmonitor or ~/.local/share/hmonitor. Each folder
+holds one rack; several may run side by side.
+)";
+
+}  // namespace
+
 Arguments readArguments(int count, const char* const* words) {
-    constexpr std::string_view kFolder = "--folder";
-    constexpr const char* kUsage = "; usage: hmonitor [--folder PATH]";
-    Arguments read;
-    for (int i = 1; i < count; ++i) {
-        const std::string_view word = words[i];
-        std::string_view path;
-        if (word == kFolder) {
-            if (i + 1 < count) path = words[++i];
-        } else if (word.starts_with("--folder=")) {
-            path = word.substr(kFolder.size() + 1);
-        } else {
-            return {{}, "there is no option " + std::string(word) + kUsage};
-        }
-        if (path.empty()) return {{}, std::string("--folder lacks its path") + kUsage};
-        read.folder = std::filesystem::path(path);
+    std::string folder;
+    CLI::App app(kAbout, "hmonitor");
+    app.footer(kFurther);
+    app.set_version_flag("--version", "hmonitor " HMONITOR_VERSION, "Print the version and exit");
+    const CLI::Option* const named =
+        app.add_option("--folder", folder, "work in this folder")
+            ->option_text("PATH")
+            ->take_last()
+            ->check([](const std::string& path) {
+                return path.empty() ? std::string("the path is empty") : std::string();
+            });
+    try {
+        // Read from its end.
+        std::vector<std::string> behind;
+        for (int i = count - 1; i > 0; --i) behind.emplace_back(words[i]);
+        app.parse(std::move(behind));
+    } catch (const CLI::CallForHelp&) {
+        return {{}, app.help(), {}};
+    } catch (const CLI::CallForVersion& version) {
+        return {{}, std::string(version.what()) + "\n", {}};
+    } catch (const CLI::ParseError& error) {
+        return {{}, {}, std::string(error.what()) + "; --help tells more."};
     }
-    return read;
+    if (named->count() == 0) return {};
+    return {std::filesystem::path(folder), {}, {}};
 }
 
 }  // namespace hmonitor

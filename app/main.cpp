@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QGuiApplication>
+#include <QIcon>
 #include <cstdio>
 #include <filesystem>
+#include <string>
 #include <vector>
 
 #include "app/arguments.h"
@@ -29,8 +32,17 @@ void sayTaken(display::Desktop& desktop) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    // Help needs no display. What the toolkit takes for itself it has not taken yet.
+    const std::string answer = hmonitor::readArguments(argc, argv).answer;
+    if (!answer.empty()) {
+        std::fputs(answer.c_str(), stdout);
+        return 0;
+    }
     display::qt::QtDesktop desktop(argc, argv);
     const display::qt::EndWatch endWatch(desktop);
+    // By this name task bars find menu entry and icon of an installed program.
+    QGuiApplication::setDesktopFileName("hmonitor");
+    QGuiApplication::setWindowIcon(QIcon::fromTheme("hmonitor"));
 
     const hmonitor::Arguments arguments = hmonitor::readArguments(argc, argv);
     if (!arguments.fault.empty()) {

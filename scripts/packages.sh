@@ -5,21 +5,22 @@
 build_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev
   libqcustomplot-dev libgl1-mesa-dev libfftw3-dev libsndfile1-dev
   nlohmann-json3-dev libsoapysdr-dev libcli11-dev libutfcpp-dev libsqlite3-dev
-  fonts-b612 qt6-qpa-plugins)
+  fonts-b612 qt6-qpa-plugins qt6-wayland)
 # A display where there is none, and the picture of it.
 picture_packages=(xvfb xauth imagemagick x11-utils)
 # What the tests need besides.
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev libsm-dev openbox xdotool dbus-x11 at-spi2-core
   libasound2-dev soapysdr-module-remote soapyremote-server cups-daemon poppler-utils locales
-  python3 python3-xlib git clang libclang-rt-dev clang-format clang-tidy)
+  python3 python3-xlib git desktop-file-utils appstream groff-base clang libclang-rt-dev clang-format clang-tidy)
 
 say() { printf '%s\n' "$*" >&2; }
 
 missing_packages() {
-  local package
+  local package there
+  # Asked at once: each question takes as long as all.
+  there=$(dpkg-query -W -f '${Package} ${db:Status-Status}\n' "$@" 2>/dev/null) || true
   for package in "$@"; do
-    dpkg-query -W -f '${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed ||
-      printf '%s\n' "$package"
+    [[ $'\n'$there$'\n' == *$'\n'"$package installed"$'\n'* ]] || printf '%s\n' "$package"
   done
 }
 

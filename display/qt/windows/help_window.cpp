@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/qt/windows/help_window.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QKeyEvent>
 #include <QStringDecoder>
@@ -45,7 +46,11 @@ void HelpWindow::keyPressEvent(QKeyEvent* event) {
 
 void QtDesktop::showHelp(std::string_view fileName) {
     if (fileName.empty()) return;
-    const QString path = HelpWindow::find(QDir(folder()), qText(fileName));
+    // A user's folder has no help of its own: it comes with the program.
+    QString path = HelpWindow::find(QDir(folder()), qText(fileName));
+    if (path.isEmpty()) {
+        path = HelpWindow::find(QDir(QCoreApplication::applicationDirPath()), qText(fileName));
+    }
     if (path.isEmpty()) {
         messageBox({"HMonitor", "File not found: " + std::string(fileName), BoxIcon::Information});
         return;
