@@ -4,6 +4,7 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <cerrno>
 
 namespace history {
 
@@ -40,6 +41,19 @@ bool DatabaseFault::isDamage() const {
     const int primary = code_ & 0xFF;
     return primary == SQLITE_CORRUPT || primary == SQLITE_NOTADB || primary == SQLITE_ERROR ||
            primary == SQLITE_MISMATCH || primary == SQLITE_CONSTRAINT || primary == SQLITE_TOOBIG;
+}
+
+int DatabaseFault::systemError() const {
+    switch (code_ & 0xFF) {
+        case SQLITE_FULL:
+            return ENOSPC;
+        case SQLITE_READONLY:
+        case SQLITE_PERM:
+        case SQLITE_CANTOPEN:
+            return EACCES;
+        default:
+            return EIO;
+    }
 }
 
 Database::Database(const std::filesystem::path& file, Access access, const char* vfs) {

@@ -19,6 +19,8 @@ class DatabaseFault : public std::runtime_error {
     DatabaseFault(int code, const std::string& what) : std::runtime_error(what), code_(code) {}
     /// The file is not what it should be; else the disk, its room or its rights are at fault.
     bool isDamage() const;
+    /// As the system's errno tells it, roughly.
+    int systemError() const;
 
  private:
     int code_;

@@ -44,6 +44,13 @@ void Recorder::drain() {
     recording_->take(tick);
 }
 
+/// With the mutex held.
+void Recorder::tell() {
+    if (status_ == store_->status()) return;
+    status_ = store_->status();
+    ++statusNumber_;
+}
+
 void Recorder::run() {
     Moment now = clock_();
     store_ = std::make_unique<Store>(settings_);
@@ -54,7 +61,7 @@ void Recorder::run() {
     for (bool stopping = false; !stopping;) {
         {
             std::unique_lock lock(mutex_);
-            status_ = store_->status();
+            tell();
             wake_.wait_for(lock, kSleep, [&] { return stopping_; });
             stopping = stopping_;
         }
@@ -71,7 +78,7 @@ void Recorder::run() {
         committed = now.steadyMs;
     }
     const std::lock_guard lock(mutex_);
-    status_ = store_->status();
+    tell();
     store_.reset();
 }
 

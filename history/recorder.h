@@ -14,7 +14,7 @@ namespace history {
 
 /// Records what it is handed, on a thread of its own. Whoever hands in never waits: not for the
 /// disk, not for a lock.
-class Recorder {
+class Recorder final : public InputSink {
  public:
     /// With a second that is not over and half a second of sleep, less than five are lost when the
     /// machine dies.
@@ -22,7 +22,7 @@ class Recorder {
 
     explicit Recorder(StoreSettings settings, std::function<Moment()> clock = &Moment::now);
     /// Writes what is left.
-    ~Recorder();
+    ~Recorder() override;
     Recorder(const Recorder&) = delete;
     Recorder& operator=(const Recorder&) = delete;
 
@@ -32,12 +32,16 @@ class Recorder {
 
     /// From one thread alone. False when a minute waits already: then it is lost, and later told.
     bool put(const Input& input) noexcept { return ring_.put(input); }
+    void take(const Input& input) override { put(input); }
 
     StoreStatus status() const;
+    /// Another number when `status` says something else. Costs nothing to ask.
+    unsigned statusNumber() const noexcept { return statusNumber_.load(); }
 
  private:
     void run();
     void drain();
+    void tell();
 
     StoreSettings settings_;
     std::function<Moment()> clock_;
@@ -48,6 +52,7 @@ class Recorder {
     std::condition_variable wake_;
     bool stopping_ = false;
     StoreStatus status_;
+    std::atomic<unsigned> statusNumber_{0};
     std::thread thread_;
 };
 

@@ -47,6 +47,7 @@ void Recording::take(const Input& input) {
             return correctField(input, now);
         case Input::What::Tick:
             // Of a station only its readings tell; that the unit is away is known without any.
+            tellAway(now);
             if (unit_ == Unit::Away) fillUpTo(now, lost);
             return;
         case Input::What::Stop:
@@ -68,13 +69,18 @@ void Recording::stepTo(const Timeline::At& at) {
 }
 
 void Recording::tune(const Input& input, std::int64_t now) {
+    tellAway(now);
     fillUpTo(now, input.lostBefore != 0);
     station_ = input.khz;
     builder_.begin(station_, timeline_.epoch());
     unit_ = Unit::OnStation;
     hasHeld_ = false;
     isLost_ = false;
+    awayAt_.reset();
+    // The slots between two tunings are of neither.
+    nextSlot_.reset();
     cursor_ = lastSlotAt_ = now;
+    if (isDemo_) return;
     event(now, EventKind::Tuned,
           "detector " + hmonitor::wholeText(input.detector).str() + ", mode " +
               hmonitor::wholeText(input.audioMode).str());
@@ -82,8 +88,17 @@ void Recording::tune(const Input& input, std::int64_t now) {
 
 void Recording::halt(std::int64_t now) {
     fillUpTo(now, false);
-    if (unit_ == Unit::OnStation) unit_ = Unit::Away;
+    if (unit_ == Unit::OnStation) {
+        unit_ = Unit::Away;
+        awayAt_ = now;
+    }
     hasHeld_ = false;
+}
+
+void Recording::tellAway(std::int64_t now) {
+    if (!awayAt_ || isDemo_ || now - *awayAt_ < kTakenMs) return;
+    event(*awayAt_, EventKind::Away, "");
+    awayAt_.reset();
 }
 
 void Recording::demo(const Input& input, std::int64_t now) {
@@ -152,7 +167,8 @@ FigureValues Recording::figuresOf(const Input& input) const {
 State Recording::holeBefore(const Input& slot, bool jumped) const {
     if (slot.lostBefore != 0) return State::TooSlow;
     if (jumped) return State::Gap;
-    return unit_ == Unit::Away ? State::UnitAway : State::TooSlow;
+    if (unit_ == Unit::Away) return State::UnitAway;
+    return nextSlot_ ? State::TooSlow : State::Settling;
 }
 
 void Recording::tellLost(bool lost, std::int64_t now) {
@@ -166,14 +182,13 @@ void Recording::fillUpTo(std::int64_t now, bool lost) {
         cursor_ = std::max(cursor_, now);
         return;
     }
+    if (unit_ == Unit::Away) return fill(now, State::UnitAway);
     if (hasSlots_) {
         // Slots tell of their own time, some later than it was. Without any there is nothing new.
         if (now - lastSlotAt_ < kStaleMs) return;
-        if (unit_ == Unit::Away) return fill(now, State::UnitAway);
         if (!isLost_) tellLost(true, now);
         return fill(now, State::Stale);
     }
-    if (unit_ == Unit::Away) return fill(now, State::UnitAway);
     fillReadings(now, lost);
 }
 

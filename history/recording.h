@@ -29,6 +29,8 @@ class Recording final : public InputSink {
     static constexpr std::int64_t kStaleMs = 3000;
     /// A slot's own time is believed within so much of the time at which it came.
     static constexpr std::int64_t kSlotAgeMs = 60000;
+    /// A unit that is away for longer was taken; each tuning halts it for a moment.
+    static constexpr std::int64_t kTakenMs = 1000;
 
     explicit Recording(RecordingSink& sink, int epoch = 0);
 
@@ -44,6 +46,7 @@ class Recording final : public InputSink {
     void stepTo(const Timeline::At& at);
     void tune(const Input& input, std::int64_t now);
     void halt(std::int64_t now);
+    void tellAway(std::int64_t now);
     void takeReadings(const Input& input, std::int64_t now);
     void takeSlot(const Input& input, std::int64_t now);
     void demo(const Input& input, std::int64_t now);
@@ -66,8 +69,9 @@ class Recording final : public InputSink {
     bool isLost_ = false;  // the unit says nothing new
     int station_ = 0;
     float fieldCorrection_ = 0;
-    std::int64_t cursor_ = 0;  // up to here time is told
-    bool hasHeld_ = false;     // readings since the tuning
+    std::int64_t cursor_ = 0;             // up to here time is told
+    std::optional<std::int64_t> awayAt_;  // halted then, and nobody was told yet
+    bool hasHeld_ = false;                // readings since the tuning
     FigureValues held_;
     bool hasSlots_ = false;  // the library gives slots: readings count no more
     std::optional<std::uint64_t> nextSlot_;

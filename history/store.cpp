@@ -119,6 +119,7 @@ bool Store::writeGroup(std::int64_t now) {
         status_.state = StoreStatus::State::Recording;
         status_.file.clear();
         status_.reason.clear();
+        status_.systemError = 0;
     });
     return written && !(waiting_.empty() && waitingEvents_.empty());
 }

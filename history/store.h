@@ -36,6 +36,7 @@ struct StoreStatus {
     bool thinning = false;  ///< little room on the disk: old days of seconds go
     std::string file;
     std::string reason;
+    int systemError = 0;           ///< Failing: the errno that comes next to it
     std::string setAside;          ///< the damaged file that was set aside last
     std::int64_t lostSeconds = 0;  ///< that found no room before the disk took them
 
@@ -87,7 +88,7 @@ class Store final : public RecordingSink {
     void finishDay();
     void closeDay();
     void setAside(const std::filesystem::path& path, std::int64_t now);
-    void fail(const std::string& file, const std::string& reason);
+    void fail(const std::string& file, const std::string& reason, int systemError);
     /// Runs `work`; a fault of the disk or damage of `file` ends it. False when it did not run.
     template <typename Work>
     bool guarded(const std::filesystem::path& file, std::int64_t now, Work work);
@@ -136,7 +137,7 @@ bool Store::guarded(const std::filesystem::path& file, std::int64_t now, Work wo
         if (fault.isDamage()) {
             setAside(file, now);
         } else {
-            fail(file.filename().string(), fault.what());
+            fail(file.filename().string(), fault.what(), fault.systemError());
         }
     }
     return false;

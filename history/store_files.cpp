@@ -2,6 +2,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <system_error>
 
 #include "core/numbers.h"
@@ -17,17 +18,18 @@ std::vector<CivilDay> Store::days() const {
     return daysIn(settings_.folder);
 }
 
-void Store::fail(const std::string& file, const std::string& reason) {
+void Store::fail(const std::string& file, const std::string& reason, int systemError) {
     status_.state = StoreStatus::State::Failing;
     status_.file = file;
     status_.reason = reason;
+    status_.systemError = systemError;
 }
 
 bool Store::openFolder() {
     std::error_code error;
     std::filesystem::create_directories(settings_.folder, error);
     if (error) {
-        fail(settings_.folder.filename().string(), error.message());
+        fail(settings_.folder.filename().string(), error.message(), error.value());
         return false;
     }
     // The user's alone: when somebody was on the air, and when not, is nobody else's business.
@@ -85,7 +87,7 @@ void Store::setAside(const std::filesystem::path& path, std::int64_t now) {
         if (std::filesystem::exists(target)) continue;
         std::error_code error;
         std::filesystem::rename(path, target, error);
-        if (error) return fail(name, error.message());
+        if (error) return fail(name, error.message(), error.value());
         // What SQLite keeps beside a file belongs to it.
         for (const char* beside : {"-wal", "-journal"}) {
             std::error_code none;
@@ -97,7 +99,7 @@ void Store::setAside(const std::filesystem::path& path, std::int64_t now) {
         keep(Event{now, 0, EventKind::Damaged, name});
         return;
     }
-    fail(name, "set aside too often");
+    fail(name, "set aside too often", EIO);
 }
 
 }  // namespace history

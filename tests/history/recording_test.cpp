@@ -169,6 +169,53 @@ TEST_F(RecordingTest, SlotsThatStandStillForThreeSecondsAreStale) {
     EXPECT_EQ(kept.events.back().kind, EventKind::UnitFound);
 }
 
+TEST_F(RecordingTest, SlotsBetweenTwoTuningsAreNoGapAndTheTimeUntilTheFirstOneSettles) {
+    tuned();
+    slots(40);
+    take(Input::What::Halted);
+    now += 400;
+    number += 8;
+    tuned();
+    now += 300;
+    number += 6;
+    slots(40);
+    EXPECT_THAT(kinds(), testing::ElementsAre(EventKind::Tuned, EventKind::Tuned));
+    ASSERT_GE(kept.seconds.size(), 4u);
+    const FigureSecond& between = kept.figure(3, "field");
+    EXPECT_EQ(kept.seconds[3].t, kBegin / 1000 + 2);
+    EXPECT_EQ(between.knownMs, 300) << "the slots behind the second tuning";
+    EXPECT_EQ(between.state, State::UnitAway) << "400 ms, and 300 ms of settling";
+}
+
+TEST_F(RecordingTest, WithSlotsTooEachSecondWithTheUnitAwayIsTold) {
+    tuned();
+    slots(20);
+    take(Input::What::Halted);
+    now += 2500;
+    tuned();
+    slots(20);
+    ASSERT_GE(kept.seconds.size(), 4u);
+    EXPECT_EQ(kept.seconds[1].t, kBegin / 1000 + 1);
+    EXPECT_EQ(kept.figure(1, "field").state, State::UnitAway);
+    EXPECT_EQ(kept.seconds[2].t, kBegin / 1000 + 2);
+    EXPECT_EQ(kept.figure(2, "field").state, State::UnitAway);
+}
+
+TEST_F(RecordingTest, AUnitThatIsTakenIsAnEventAndATuningsShortHaltIsNone) {
+    tuned();
+    beats(1000);
+    take(Input::What::Halted);
+    now += 200;
+    tuned();
+    beats(1000);
+    EXPECT_THAT(kinds(), testing::ElementsAre(EventKind::Tuned, EventKind::Tuned));
+    const std::int64_t halted = now;
+    take(Input::What::Halted);
+    for (int i = 0; i < 10; ++i, now += 500) take(Input::What::Tick);
+    EXPECT_THAT(kinds(), testing::ElementsAre(EventKind::Tuned, EventKind::Tuned, EventKind::Away));
+    EXPECT_EQ(kept.events.back().t, halted / 1000);
+}
+
 TEST_F(RecordingTest, LateSlotsStandWhereTheyWereMeasured) {
     tuned();
     slots(20);
@@ -204,8 +251,9 @@ TEST_F(RecordingTest, DemoIsNeverRecordedAndSaysThatItRan) {
     const std::size_t before = kept.seconds.size();
     beats(5000, 77);
     slots(100, 77);
+    tuned();
     EXPECT_EQ(kept.seconds.size(), before);
-    EXPECT_EQ(kept.events.back().kind, EventKind::Demo);
+    EXPECT_THAT(kinds(), testing::ElementsAre(EventKind::Tuned, EventKind::Demo));
 }
 
 TEST_F(RecordingTest, AChangeOfTheFieldCorrectionIsAnEvent) {
