@@ -4,36 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdio>
 #include <map>
-#include <sstream>
 
 #include "history/query.h"
+#include "tests/history/day_reader.h"
 #include "tests/history/feed.h"
 
 namespace history::test {
 namespace {
-
-using Row = std::vector<std::string>;
-
-/// The rows of a CSV without quoted fields; the first is the head.
-std::vector<Row> csvOf(const std::string& command) {
-    std::vector<Row> rows;
-    FILE* pipe = ::popen(command.c_str(), "r");
-    std::string text;
-    char some[65536];
-    for (std::size_t n; (n = std::fread(some, 1, sizeof some, pipe)) > 0;) text.append(some, n);
-    EXPECT_EQ(::pclose(pipe), 0) << command;
-    std::istringstream lines(text);
-    for (std::string line; std::getline(lines, line);) {
-        if (!line.empty() && line.back() == '\r') line.pop_back();
-        Row row;
-        std::istringstream fields(line + ",");
-        for (std::string field; std::getline(fields, field, ',');) row.push_back(field);
-        rows.push_back(row);
-    }
-    return rows;
-}
 
 Outputs waves(std::int64_t t) {
     Outputs outputs;
@@ -83,14 +61,7 @@ class Truth : public testing::TestWithParam<Stretch> {
         feed.store.commit(GetParam().begin + 3 * 86400);
     }
     std::vector<Row> read(const std::string& day, const std::string& options) const {
-        return csvOf("/usr/bin/python3 " HMONITOR_SOURCE_DIR "/scripts/history_day.py " + options +
-                     " " + (folder / (day + ".hm16day")).string());
-    }
-    static std::size_t columnOf(const Row& head, const std::string& begins) {
-        for (std::size_t i = 0; i < head.size(); ++i) {
-            if (head[i].starts_with(begins)) return i;
-        }
-        return head.size();
+        return readDay(folder / (day + ".hm16day"), options);
     }
     void compareSpans(std::int64_t step, const std::string& options);
 };
@@ -180,6 +151,86 @@ class TruthOfADay : public Truth {};
 TEST_P(TruthOfADay, IsWhatTheReaderWorksOut) {
     record();
     compareSpans(kDayStep, "--span day");
+}
+
+/// What the reader finds of a clock that was set in the middle of a run.
+class TruthOfClocks : public testing::Test {
+ protected:
+    static constexpr std::int64_t kHalf = 900;
+    const std::int64_t begin = utc(2026, 5, 4, 12);
+
+    /// Half of the run, the step, the other half.
+    void record(std::int64_t step) {
+        Feed feed(folder, begin);
+        feed.series = &waves;
+        feed.tune();
+        feed.run(kHalf);
+        feed.stepped = step;
+        feed.run(kHalf);
+        feed.stop();
+    }
+    /// Rows of a day by epoch: {time: value of the pilot's level}.
+    std::map<std::int64_t, double> pilotOf(const std::string& day, const std::string& epoch) const {
+        std::map<std::int64_t, double> found;
+        const auto rows = readDay(folder / (day + ".hm16day"), "");
+        const std::size_t at = columnOf(rows.at(0), "pilot_level");
+        for (std::size_t i = 1; i < rows.size(); ++i) {
+            if (rows[i][3] != epoch || rows[i][at].empty()) continue;
+            found[std::stoll(rows[i][1])] = std::stod(rows[i][at]);
+        }
+        return found;
+    }
+    /// Every second from `from` on is there, as it was `ago` seconds later by the unset clock.
+    static void expectRun(const std::map<std::int64_t, double>& found, std::int64_t from,
+                          std::int64_t ago) {
+        // The second in which the clock is set has no end of its own.
+        for (std::int64_t t = from; t < from + kHalf - 1; ++t) {
+            const auto second = found.find(t);
+            ASSERT_NE(second, found.end()) << t;
+            ASSERT_NEAR(second->second, waves(t + ago)[8], 0.0051) << t;
+        }
+        EXPECT_LE(found.size(), static_cast<std::size_t>(kHalf + 1));
+    }
+
+    Zone zone{"UTC"};
+    TempFolder temp;
+    std::filesystem::path folder = temp.path() / "history";
+};
+
+TEST_F(TruthOfClocks, SetBackAnHourBothHoursStandBesideEachOther) {
+    record(-3600);
+    expectRun(pilotOf("2026-05-04", "0"), begin, 0);
+    expectRun(pilotOf("2026-05-04", "1"), begin + kHalf - 3600, 3600);
+}
+
+TEST_F(TruthOfClocks, SetForwardADayTheNextDayHasWhatFollows) {
+    record(86400);
+    expectRun(pilotOf("2026-05-04", "0"), begin, 0);
+    expectRun(pilotOf("2026-05-05", "1"), begin + kHalf + 86400, -86400);
+}
+
+TEST_F(TruthOfClocks, MidnightInTheMiddleOfAReadingGivesEachDayItsPart) {
+    const std::int64_t midnight = utc(2026, 5, 5);
+    Feed feed(folder, midnight - 10);
+    const auto tell = [&feed, midnight](std::int64_t ms, float value) {
+        Outputs outputs;
+        outputs.fill(value);
+        Input readings = Inputs::readings(midnight * 1000 + ms, outputs);
+        feed.recording.take(readings);
+    };
+    feed.recording.take(Inputs::tuned(midnight * 1000 - 1300));
+    // 10 holds from 1.3 s before midnight, 20 from 0.2 s before to 0.3 s behind, then 40.
+    tell(-1300, 10);
+    tell(-900, 10);
+    tell(-500, 10);
+    tell(-200, 20);
+    tell(300, 40);
+    tell(700, 40);
+    feed.recording.take(Inputs::readings(midnight * 1000 + 1000, Outputs{}));
+    feed.store.commit(midnight + 1);
+    feed.store.commit(midnight + 120);
+    EXPECT_NEAR(pilotOf("2026-05-04", "0").at(midnight - 1), 0.8 * 10 + 0.2 * 20, 0.0051);
+    EXPECT_NEAR(pilotOf("2026-05-05", "0").at(midnight), 0.3 * 20 + 0.7 * 40, 0.0051);
 }
 
 const Stretch kToSummer{
