@@ -9,6 +9,7 @@
 #include "app/arguments.h"
 #include "app/forms.h"
 #include "app/opened_driver.h"
+#include "app/recorded_history.h"
 #include "core/files.h"
 #include "core/folder_lock.h"
 #include "core/working_folder.h"
@@ -76,6 +77,7 @@ int main(int argc, char** argv) {
     if (laying == hmonitor::Laying::First) program.FirstFolder = {folder.string()};
     driver.watchFor(program, desktop);
     hmonitor::Forms forms(program);
+    const hmonitor::RecordedHistory history(program);
     std::vector<display::Form*> rack(program.rack.begin(), program.rack.end());
     rack.push_back(&forms.form3);
     desktop.rack(std::move(rack));
