@@ -77,6 +77,12 @@ void Database::open(const std::filesystem::path& file, Access access, const char
     sqlite3_busy_timeout(handle_, kBusyMs);
     distrust();
     if (access != Access::Write) run("PRAGMA query_only=ON");
+    // Rows are written once and read back once, if at all.
+    if (access == Access::Write) keepLittle();
+}
+
+void Database::keepLittle() {
+    run("PRAGMA cache_size=-512");
 }
 
 /// For own files too: one may have been put in their place.

@@ -48,12 +48,14 @@ Span Store::spanOfKey(const SpanKey& key) {
     span.epoch = key.epoch;
     const std::set<CivilDay> days{CivilDay::of(key.begin), CivilDay::of(key.end - 1)};
     std::vector<FigureSecond> column;
+    column.reserve(static_cast<std::size_t>(span.seconds));
     const auto registry = figures::all();
     std::vector<std::unique_ptr<Database>> others;
     std::vector<std::unique_ptr<DayRows>> rows;
     for (const CivilDay& day : days) {
         if (!std::filesystem::exists(pathOf(day))) continue;
         others.push_back(std::make_unique<Database>(pathOf(day), Access::Read, settings_.vfs));
+        others.back()->keepLittle();
         rows.push_back(std::make_unique<DayRows>(*others.back()));
     }
     for (std::size_t i = 0; i < figureCount(); ++i) {
