@@ -10,7 +10,7 @@ namespace {
 
 /// Twips that a figure and the room beside it take, across and up.
 constexpr double kFigureWidth = 820;
-constexpr double kFigureHeight = 330;
+constexpr double kFigureHeight = 230;
 
 constexpr Colour kUnnamedCause{0x808080};
 

@@ -99,7 +99,7 @@ void SampleForm::layOutPainted() {
     place(Chart1, {6750, 300, 2100, 1500}, &Panel1);
     Chart1.rowCount(4);
     Chart1.columnCount(1);
-    place(Plot1, {6300, 3000, 2500, 2800}, Says{"Historia", "History"});
+    place(Plot1, {6300, 4400, 2500, 1500}, Says{"Historia", "History"});
 }
 
 void SampleForm::layOutKeys() {

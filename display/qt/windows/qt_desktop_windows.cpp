@@ -65,7 +65,8 @@ void QtDesktop::formShown(Form& form) {
 void QtDesktop::recallOpenWindow() {
     FormWindow* last = nullptr;
     for (const auto& [form, window] : windows_) {
-        if (!form->visible || !form->enabled) continue;
+        // One that looks on is not what holds the rack.
+        if (!form->visible || !form->enabled || form->looksOn) continue;
         if (!last || window->shownFor() < last->shownFor()) last = window.get();
     }
     if (!last) return;
