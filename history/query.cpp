@@ -2,6 +2,7 @@
 #include "history/query.h"
 
 #include <algorithm>
+#include <chrono>
 #include <set>
 
 #include "history/kind_sum.h"
@@ -146,6 +147,36 @@ std::vector<int> Query::stations() const {
         // The recorder finds the damage.
     }
     return {stations.begin(), stations.end()};
+}
+
+std::optional<std::int64_t> Query::begin(int station) const {
+    std::optional<std::int64_t> first;
+    try {
+        Database database(folder_ / kIndexName, Access::Read, vfs_);
+        const IndexRows rows(database);
+        for (const std::int64_t step : {kDayStep, kHour, kMinute}) {
+            const auto at = rows.first(station, step);
+            if (at && (!first || *at < *first)) first = at;
+        }
+    } catch (const DatabaseFault&) {
+        // The days tell of themselves.
+    }
+    if (first) return first;
+    for (const CivilDay& day : daysIn(folder_)) {
+        try {
+            Database database(folder_ / (day.text() + std::string(kDayEnding)), Access::Read, vfs_);
+            const auto there = DayRows(database).stations();
+            if (std::ranges::find(there, station) == there.end()) continue;
+            using namespace std::chrono;
+            const sys_days date = year(day.year) / month(static_cast<unsigned>(day.month)) /
+                                  static_cast<unsigned>(day.day);
+            const std::int64_t noon = sys_seconds(date).time_since_epoch().count() + 12 * kHour;
+            return boundsOfDay(noon - zoneOffset(noon)).begin;
+        } catch (const DatabaseFault&) {
+            // The recorder finds the damage.
+        }
+    }
+    return std::nullopt;
 }
 
 std::vector<Event> Query::events(std::int64_t from, std::int64_t to) const {

@@ -42,6 +42,9 @@ class Query {
 
     /// Stations that were ever recorded, kHz, rising.
     std::vector<int> stations() const;
+    /// Since when anything of a station is there: the begin of its first span or, while there is
+    /// none, of the first day with a file. Seconds since 1970.
+    std::optional<std::int64_t> begin(int station) const;
     /// One band a column. From seconds, minutes, hours or days, whatever a column is as long as;
     /// where the fine ones are gone, from the next that are there.
     std::vector<Band> bands(const Asked& asked) const;

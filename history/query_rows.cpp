@@ -107,7 +107,11 @@ void QueryRows::gatherSpans(Step step, std::int64_t begin, std::int64_t end, boo
     const std::int64_t first = beginOf(step);
     if (coarserToo && step != Step::Day && begin < first) {
         const auto coarser = static_cast<Step>(static_cast<int>(step) + 1);
-        gatherSpans(coarser, begin, std::min(end, first), true, take);
+        // One that reaches over the first fine one tells of time that the fine ones do not have:
+        // nobody recorded then.
+        gatherSpans(coarser, begin, std::min(end, first), true, [&](const Piece& piece) {
+            if (piece.end <= first) take(piece);
+        });
         begin = std::min(end, first);
     }
     if (begin >= end) return;

@@ -30,6 +30,40 @@ TEST_F(QueryTest, StepsAreNoLongerThanAColumn) {
     EXPECT_EQ(stepFor(1e7), Step::Day);
 }
 
+TEST_F(QueryTest, TellsSinceWhenAStationIsThere) {
+    EXPECT_FALSE(Query(folder).begin(kStation));
+    {
+        Feed feed(folder, begin + 30);
+        feed.tune();
+        feed.run(100);
+        feed.stop();
+    }
+    EXPECT_EQ(Query(folder).begin(kStation), begin) << "the begin of its first minute";
+    EXPECT_FALSE(Query(folder).begin(88000));
+    std::filesystem::remove(folder / "index.sqlite");
+    EXPECT_EQ(Query(folder).begin(kStation), utc(2026, 5, 4)) << "the begin of its first day";
+    EXPECT_FALSE(Query(folder).begin(88000));
+}
+
+TEST_F(QueryTest, ADayIsNotSpreadOverTheHoursBeforeItsFirst) {
+    {
+        Feed feed(folder, begin);
+        feed.tune();
+        feed.run(2 * 3600, 600);
+        feed.stop();
+    }
+    {
+        Feed next(folder, begin + 86400);
+        next.tune();
+        next.run(60);
+        next.stop();
+    }
+    const auto some = bands("field", begin - 3600, begin + 3600, 120);
+    EXPECT_EQ(some[10].knownMs, 0);
+    EXPECT_EQ(some[10].cause, kNotRecorded);
+    EXPECT_NEAR(some[70].knownMs, 60000, 1);
+}
+
 TEST_F(QueryTest, BandsHaveLowestMeanAndHighest) {
     Feed feed(folder, begin);
     feed.tune();
