@@ -14,6 +14,7 @@
 #include "spectrum/form_d1a.h"
 #include "spectrum/form_new_spectro.h"
 #include "spectrum/open_spectrum.h"
+#include "trends/form_history.h"
 
 namespace hmonitor {
 
@@ -44,6 +45,10 @@ void Form_D::bindDoors() {
     bindKey(Image2, "OpenN", "OpenA", door(program, program.Form_BandSCanner));
     bindKey(Image3, "OpenN", "OpenA", door(program, program.Form_Dd3));
     bindKey(Image4, "LogN", "LogA", door(program, program.Form_D4A));
+    // It looks on beside everything else: nothing is closed or disabled for it.
+    bindKey(KeyHistory, "HistoryN", "HistoryA", [this] {
+        if (program.Form_History.filled()) program.Form_History->open();
+    });
     Image5.onRelease = [this] { turnSwitch(); };
     Image6.onClick = door(program, program.frmSpectrumAnalizer);
     // After its window was closed there is no other way to open the channel spectrum.

@@ -33,7 +33,8 @@ class Form_D final : public ProgramForm {
     display::Picture Image3{*this, "Image3"};  ///< frequency response
     display::Picture Image5{*this, "Image5"};  ///< the response switch
     display::Label Label_ResponseSwitch{*this, "Label_ResponseSwitch"};
-    display::Picture Image4{*this, "Image4"};  ///< on-air performance
+    display::Picture Image4{*this, "Image4"};          ///< on-air performance
+    display::Picture KeyHistory{*this, "KeyHistory"};  ///< what was recorded
     display::Label Label_SpectrumAnalyzer{*this, "Label_SpectrumAnalyzer"};
     display::Label Label_bandScanner{*this, "Label_bandScanner"};
     display::Label Label_SpectralZoom{*this, "Label_SpectralZoom"};

@@ -31,8 +31,8 @@ void Form_D::layOut() {
         .drawing.scale(1, 0);
     layOutFigures();
     placeSign(sign, 45, {});
-    tabOrder(Image1, Image2, Image6, Image3, Image5, Image4, PictureGraph1, Text1, Text2, Text3,
-             Text4);
+    tabOrder(Image1, Image2, Image6, Image3, Image5, Image4, KeyHistory, PictureGraph1, Text1,
+             Text2, Text3, Text4);
 }
 
 void Form_D::layOutDoors() {
@@ -52,6 +52,10 @@ void Form_D::layOutDoors() {
                      "Arm the frequency response measurement"});
     place(Image4, keyAt(1, 2), "LogN",
           SaysAndTip{"Abrir la performance On-Air", "Open the on-air performance"});
+    place(KeyHistory, {5440, 200, 860, 290}, "HistoryN", Caption{"HISTORIAL", "HISTORY"},
+          SaysAndTip{"Abrir el historial de todas las figuras (F3)",
+                     "Open the history of all figures (F3)"})
+        .shortcut = "F3";
     const auto word = [](Label& label, int column, int line, const Words& words) {
         place(label, besideKey(column, line), look::kPlainText, words);
     };

@@ -107,6 +107,8 @@ class Rack:
     def title(self, form):
         if form == "Form_bSetMemories":
             return "Memorias" if self.spanish else "Memory Presets"
+        if form == "Form_History":
+            return "HISTORIAL" if self.spanish_panels else "HISTORY"
         if form == "frmEditMeasurement":
             return ("Información de Medición Espectral" if self.spanish_panels
                     else "Spectral Mesaurement information")

@@ -47,7 +47,7 @@ class RackWalk : public testing::TestWithParam<int> {};
 TEST_P(RackWalk, FindsNothingWrongWithAnyWindow) {
     RackBench bench(GetParam());
     bench.start();
-    ASSERT_EQ(bench.desktop.forms().size(), 24u);
+    ASSERT_EQ(bench.desktop.forms().size(), 25u);
     for (display::Form* form : bench.desktop.forms()) {
         form->load();
         std::vector<std::string> faults = faultsOf(*form);
