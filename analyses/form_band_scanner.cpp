@@ -27,12 +27,12 @@ Form_BandSCanner::Form_BandSCanner(Program& itsProgram)
     Graph1.tellCell = [this](int row, int column) { return tellCell(row, column); };
     Graph1.reading = [this] { return tellStrongest(); };
     Graph1.numbers = [this] { return numbersShown(); };
+    bindStations();
     bindHandle(SSPanel1.onMouseDown, SSPanel1.onMouseMove, {this});
 }
 
 void Form_BandSCanner::onLoad() {
     tellIdleInDemo(Command3D1);
-    language = panelLanguage(desktop().userLanguageId());
     hardwareVersion_ = 0;
     levelOffset_ = 0;
     sweepLimit_ = 0;
@@ -49,6 +49,11 @@ void Form_BandSCanner::onLoad() {
     driver.HM_Parar();
     driver.HM_getHardwareVersion(hardwareVersion_);
     nameStored(stored);
+    keepScan();
+    readPresets();
+    listStations();
+    runAt_ = writtenAt(program, ScanFile::kFileName);
+    tellStation();
     program.tuner->retune();
 }
 
@@ -133,21 +138,31 @@ std::string Form_BandSCanner::tellCell(int row, int column) const {
     return channel + ": " + std::string(Graph1.dataAt(row, column)) + " dB";
 }
 
+std::vector<Form_BandSCanner::ShownLevel> Form_BandSCanner::shownLevels() const {
+    std::vector<ShownLevel> levels;
+    for (int row = 1; row <= Graph1.rowCount(); ++row) {
+        for (int column = 1; column <= Graph1.columnCount(); ++column) {
+            const ScannedChannels::Cell channel = scanned_.at({row, column});
+            if (channel.what == ScannedChannels::What::Nothing) continue;
+            levels.push_back({{row, column}, channel, valueOf(Graph1.dataAt(row, column))});
+        }
+    }
+    return levels;
+}
+
 display::NumberTable Form_BandSCanner::numbersShown() const {
     constexpr double kHundredths = 100;
     display::NumberTable table =
         tableOfStation(program, wordsIn(language, {"Barrido de banda", "Band Scanner"}));
     table.columns = {{std::string(wordsIn(language, {"Frecuencia", "Frequency"})), "MHz"},
                      {std::string(wordsIn(language, {"Nivel", "Level"})), "dBuV"}};
-    for (int row = 1; row <= Graph1.rowCount(); ++row) {
-        for (int column = 1; column <= Graph1.columnCount(); ++column) {
-            const ScannedChannels::Cell cell = scanned_.at({row, column});
-            if (cell.what == ScannedChannels::What::Nothing) continue;
-            // A stored level whose channel is not known has no frequency.
-            const bool known = cell.what == ScannedChannels::What::Channel;
-            table.rows.push_back({known ? shortText(cell.hundredths / kHundredths).str() : "",
-                                  shortText(valueOf(Graph1.dataAt(row, column))).str()});
-        }
+    for (const auto& [cell, channel, level] : shownLevels()) {
+        table.spots.push_back(
+            {table.rows.size(), 1, Graph1.barMiddle(cell.row, cell.column), level});
+        // A stored level whose channel is not known has no frequency.
+        const bool known = channel.what == ScannedChannels::What::Channel;
+        table.rows.push_back({known ? shortText(channel.hundredths / kHundredths).str() : "",
+                              shortText(level).str()});
     }
     return table;
 }
@@ -155,12 +170,8 @@ display::NumberTable Form_BandSCanner::numbersShown() const {
 std::string Form_BandSCanner::tellStrongest() const {
     ScanCell strongest;
     double highest = -1;
-    for (int row = 1; row <= Graph1.rowCount(); ++row) {
-        for (int column = 1; column <= Graph1.columnCount(); ++column) {
-            if (scanned_.at({row, column}).what == ScannedChannels::What::Nothing) continue;
-            const double level = valueOf(Graph1.dataAt(row, column));
-            if (level > highest) highest = level, strongest = {row, column};
-        }
+    for (const auto& [cell, channel, level] : shownLevels()) {
+        if (level > highest) highest = level, strongest = cell;
     }
     if (highest < 0) return std::string(wordsIn(language, {"sin medir", "not measured"}));
     return std::string(wordsIn(language, {"El más fuerte: ", "The strongest: "})) +
@@ -187,8 +198,12 @@ void Form_BandSCanner::chooseOption() {
     showOption(chosen);
     program.Form_PrintBandScan->showOption(chosen);
     beginRow(optionChannels(chosen.spacing), chosen.startColumn, chosen.columns);
+    hideEarlier();
+    runAt_ = desktop().today();
+    tellStation();
     if (givesFrames(hardwareVersion_)) {
         readSwept(driver, *this);
+        listStations();
     } else {
         fillOneByOne();
     }
@@ -206,6 +221,7 @@ void Form_BandSCanner::fillOneByOne() {
     Command3D1.enabled = true;
     const bool closes = run_ == Run::FillThenClose;
     run_ = Run::None;
+    listStations();
     if (closes) unload();
 }
 
@@ -241,6 +257,7 @@ void Form_BandSCanner::openPage() {
 }
 
 void Form_BandSCanner::showScrolled() {
+    if (whole_) return;
     constexpr float kRowWidth = 920;
     constexpr float kMarginLeft = 280;
     Graph1.left = -kRowWidth * static_cast<float>(HScroll1.value) - kMarginLeft;

@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <map>
+#include <optional>
 #include <vector>
 
 #include "analyses/scan_channels.h"
 #include "analyses/scan_file.h"
 #include "analyses/scan_legend.h"
 #include "analyses/scanned_channels.h"
+#include "analyses/station_list.h"
 #include "display/chart.h"
+#include "display/controls/lists.h"
 #include "display/controls/scroll_bar.h"
 #include "display/family.h"
 #include "display/number_table.h"
@@ -34,6 +38,7 @@ class Form_BandSCanner final : public ProgramForm, private LevelSink {
     display::Panel SSPanel1{*this, "SSPanel1"};  ///< moves the window
     display::Label Label9{*this, "Label9"};
     display::Label Refused{*this, "Refused"};  ///< at which channel the unit refused
+    display::Label Station{*this, "Station"};
     display::Panel ChartWell{*this, "ChartWell"};
     display::Family<display::Label, 8> Scale{*this, "Label#",
                                              1};  ///< the level scale, from the top
@@ -41,8 +46,11 @@ class Form_BandSCanner final : public ProgramForm, private LevelSink {
     display::Panel ChartView{*this, "ChartView"};  ///< the part of the chart that is seen
     display::Chart Graph1{*this, "Graph1"};
     display::ScrollBar HScroll1{*this, "HScroll1"};
+    display::Key KeyWhole{*this, "KeyWhole"};  ///< the whole band in one view, and back
     display::Label Label_Channels{*this, "Label_Channels"};
     ScanLegend legend{*this};
+    display::Line EarlierStroke{*this, "EarlierStroke"};
+    display::Label EarlierWords{*this, "EarlierWords"};
     display::Option Option_All{*this, "Option_All"};
     display::Option Option_Pares{*this, "Option_Pares"};
     display::Option Option_Impares{*this, "Option_Impares"};
@@ -50,6 +58,14 @@ class Form_BandSCanner final : public ProgramForm, private LevelSink {
     display::Key Command3D1{*this, "Command3D1"};      ///< new run, stop
     display::Key SSCommand1{*this, "SSCommand1"};      ///< print page
     display::Key CommandClose{*this, "CommandClose"};  ///< stop, close
+
+    // The channels as a list, beside the chart.
+    display::Key KeyByFrequency{*this, "KeyByFrequency"};
+    display::Key KeyByLevel{*this, "KeyByLevel"};
+    display::Label ListName{*this, "ListName"};
+    display::ListBox Stations{*this, "Stations"};
+    display::Label ListNote{*this, "ListNote"};  ///< why the list is empty
+    display::Key KeyTune{*this, "KeyTune"};
 
     display::Timer Timer1{*this, "Timer1"};  ///< takes the frames of a sweep
 
@@ -66,6 +82,9 @@ class Form_BandSCanner final : public ProgramForm, private LevelSink {
 
     void layOutChart();
     void layOutFoot();
+    void layOutList();
+    void placeChart();
+    void bindStations();
 
     ScanSpacing spacing() const;
     display::Chart& twin();
@@ -77,9 +96,31 @@ class Form_BandSCanner final : public ProgramForm, private LevelSink {
     void store(const ScanFile& file, const ScanChannels& channels);
     void showOption(const ScanOption& option);
     void showScrolled();
+    struct ShownLevel {
+        ScanCell cell;
+        ScannedChannels::Cell channel;
+        double level;
+    };
+    /// The cells that hold a level, in the order of the table.
+    std::vector<ShownLevel> shownLevels() const;
     std::string tellCell(int row, int column) const;
     std::string tellStrongest() const;
     std::string channelText(const ScannedChannels::Cell& cell) const;
+
+    void tellStation();
+    void readPresets();
+    void listStations();
+    void orderBy(StationList::Order order);
+    void showList();
+    void pointAt(int hundredths);
+    void scrollTo(const ScanCell& cell);
+    void chooseRow();
+    void pickLevel(std::size_t row);
+    void tuneTo(int hundredths);
+    void showWhole(bool whole);
+    void keepScan();
+    void showEarlier(const ScanChannels& channels, int columns);
+    void hideEarlier();
 
     /// One line that says at which frequency, in units of 100 kHz, the unit refused to go on.
     void tellRefused(float tenths);
@@ -123,6 +164,13 @@ class Form_BandSCanner final : public ProgramForm, private LevelSink {
     FrameRun frames_{program, Timer1, *this};
 
     ScannedChannels scanned_;
+    StationList list_;
+    StationList::Order order_ = StationList::Order::Frequency;
+    int chosen_ = 0;                      ///< hundredths of a MHz; 0: no channel is chosen
+    bool whole_ = false;                  ///< the whole band is in view
+    std::optional<display::Date> runAt_;  ///< when the shown run began; none is known
+    /// The levels of the last whole run, by channel in hundredths of a MHz.
+    std::map<int, int> lastScan_;
     // The channels of the file that this program stored last: the file itself does not tell them.
     // Kept when the window is unloaded.
     std::string storedBytes_;

@@ -58,6 +58,8 @@ void Form_BandSCanner::Command3D1_Click() {
     closeKeySays(CloseKey::Wait);
     driver.HM_Parar();
     HScroll1.value = 0;
+    runAt_ = desktop().today();
+    tellStation();
     clearChart();
     if (givesFrames(hardwareVersion_)) {
         startSweep();
@@ -70,6 +72,7 @@ void Form_BandSCanner::endRun() {
     run_ = Run::None;
     closeKeySays(CloseKey::Ok);
     Command3D1.caption = "&New Run";
+    listStations();
 }
 
 void Form_BandSCanner::clearChart() {
@@ -78,6 +81,21 @@ void Form_BandSCanner::clearChart() {
     scanned_.forget();
     Refused.caption = "";
     for (int i = 0; i < cells.count(); ++i) write(walk.next(), "0", {});
+    listStations();
+}
+
+/// The levels of the last run, behind the cells in which this one will put the same channels.
+void Form_BandSCanner::showEarlier(const ScanChannels& channels, int columns) {
+    hideEarlier();
+    ScanWalk walk(kStartColumn, columns);
+    for (int i = 0; i < channels.count(); ++i) {
+        const ScanCell cell = walk.next();
+        const auto level = lastScan_.find(channels.at(i));
+        if (level == lastScan_.end()) continue;
+        Graph1.earlier(cell.row, cell.column, level->second);
+        EarlierStroke.visible = true;
+        EarlierWords.visible = true;
+    }
 }
 
 void Form_BandSCanner::beginRow(const ScanChannels& channels, int startColumn, int columns) {
@@ -90,6 +108,7 @@ float Form_BandSCanner::before(int, float lastLevel) {
     cell_ = walk_.next();
     if (run_ == Run::Points && cell_ == ScanCell{11, 1}) HScroll1.value = 9;
     if (run_ == Run::Points && cell_ == ScanCell{20, 1}) HScroll1.value = 11;
+    if (run_ == Run::Points && cell_.column == 1) listStations();
     return lastLevel;
 }
 
@@ -111,14 +130,17 @@ void Form_BandSCanner::runOneByOne() {
     CommandClose.takeFocus();
     Command3D1.enabled = false;
     beginRow(measuredChannels(spacing()), kStartColumn, kOneByOneColumns);
+    showEarlier(channels_, kOneByOneColumns);
     const PointRun::End end = points_.measure(*this);
     Command3D1.enabled = true;
     Command3D1.takeFocus();
     const bool done = end == PointRun::End::Done;
     // A run that broke off is not stored; the unit is returned when the window is closed.
     if (done && !Option_250Khz.chosen && !Option_All.chosen) store(file_, channels_);
+    if (done) keepScan();
     driver.HM_Parar();
     if (done) lease_.giveBack(UnitLease::Back::LeftRight);
+    tellStation();
     endRun();
 }
 
@@ -127,6 +149,7 @@ void Form_BandSCanner::startSweep() {
     Command3D1.caption = "Stop";
     sweepLimit_ = kBandStart + kFrameWidth;
     sweepStepKhz_ = Option_250Khz.chosen ? 250 : 100;
+    showEarlier(sweptChannels(spacing(), kBandStop), Graph1.columnCount());
     frames_.start(tenths(kBandStart), tenths(sweepLimit_), sweepStepKhz_);
 }
 
@@ -138,14 +161,17 @@ void Form_BandSCanner::roundBegins() {
 void Form_BandSCanner::roundEnds() {
     driver.HM_Parar();
     if (sweepLimit_ < kBandStop) {
+        listStations();
         goOnSweeping();
         return;
     }
     frames_.stop();
+    keepScan();
     endRun();
     // For every choice of channels, unlike a run on a unit that is measured point by point.
     store(file_, channels_);
     lease_.giveBack(UnitLease::Back::LeftRight);
+    tellStation();
 }
 
 void Form_BandSCanner::goOnSweeping() {

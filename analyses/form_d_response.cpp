@@ -6,21 +6,23 @@
 #include "core/panel_settings.h"
 #include "core/response_switch.h"
 #include "program/report_fault.h"
+#include "program/station_line.h"
 #include "program/tuner.h"
 
 namespace hmonitor {
 
 void Form_D::respo() {
-    const auto pairs = ResponseFile(program.tuner->TunedFreq).read(program.files);
+    const ResponseFile file(program.tuner->TunedFreq);
+    const auto pairs = file.read(program.files);
     if (!pairs || ResponseCurve::resultsIn(*pairs) == 0) {
         resborra();
         return;
     }
-    showResponse(program, ResponseCurve::of(*pairs));
+    showResponse(program, ResponseCurve::of(*pairs), writtenAt(program, file.name()));
 }
 
 void Form_D::resborra() {
-    showResponse(program, ResponseCurve::empty());
+    showResponse(program, ResponseCurve::empty(), std::nullopt);
 }
 
 void Form_D::turnSwitch() {

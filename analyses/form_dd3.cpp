@@ -8,6 +8,7 @@
 #include "program/long_date.h"
 #include "program/make_form.h"
 #include "program/rack_place.h"
+#include "program/station_line.h"
 
 namespace hmonitor {
 
@@ -28,6 +29,17 @@ void Form_Dd3::activated() {
     // Loaded by the first tuning, before the rack has its position.
     if (!placed_) placeOverRack(*this, program);
     placed_ = true;
+    // Curves come with a tuning, before the station has its name.
+    tellStation();
+}
+
+void Form_Dd3::measuredAt(std::optional<display::Date> run) {
+    run_ = run;
+    tellStation();
+}
+
+void Form_Dd3::tellStation() {
+    Station.caption = stationHead(program, run_);
 }
 
 void Form_Dd3::closeRequested() {

@@ -15,9 +15,13 @@ class Form_Dd3 final : public ProgramForm {
     void closeRequested() override;
     void activated() override;
 
+    /// When the shown curve was measured; none for the empty curve.
+    void measuredAt(std::optional<display::Date> run);
+
     display::Panel Faceplate{*this, "Faceplate"};
     display::Panel Panel3D1{*this, "Panel3D1"};  ///< moves the window
     display::Label Label1{*this, "Label1"};
+    display::Label Station{*this, "Station"};
     display::Panel ChartWell{*this, "ChartWell"};
     display::Family<display::Label, 7> ScaleNumber{*this, "ScaleNumber"};
     display::Label ScaleUnit{*this, "ScaleUnit"};
@@ -34,6 +38,9 @@ class Form_Dd3 final : public ProgramForm {
     void close();
     void openPage();
 
+    void tellStation();
+
+    std::optional<display::Date> run_;
     bool placed_ = false;  ///< was shown before; from then on the user decides its position
 };
 

@@ -25,7 +25,7 @@ constexpr int kLineStep = 5;
 
 void Form_Dd3::layOut() {
     layWindow(kWidth, kHeight, "Frecuency response", Faceplate);
-    layTitle(Panel3D1, Label1, "Frecuency Response");
+    layTitle(Panel3D1, Label1, "Frecuency Response", nullptr, &Station);
     place(ChartWell, {look::kMargin, 560, kWidth - 2 * look::kMargin, 4400}, Surface::Well);
     for (int i = 0; i < static_cast<int>(ScaleNumber.size()); ++i) {
         const float y = kPlotTop + kPlotHeight * static_cast<float>(i) / 6;
@@ -50,7 +50,7 @@ void Form_Dd3::layOut() {
           Says{"Página para imprimir", "Page to print"});
     place(Command3D2, {kWidth - 2060, kKeyTop, 1700, look::kKeyHeight}, "Ok", Role::Default,
           Role::Cancel, Says{"Cerrar", "Close"});
-    tabOrder(Command3D2, SSCommand1);
+    tabOrder(Command3D2, SSCommand1, Graph1);
 }
 
 }  // namespace hmonitor

@@ -6,7 +6,8 @@
 
 namespace hmonitor {
 
-void showResponse(Program& program, const ResponseCurve& curve) {
+void showResponse(Program& program, const ResponseCurve& curve, std::optional<display::Date> run) {
+    program.Form_Dd3->measuredAt(run);
     curve.show(program.Form_Dd3->Graph1);
     curve.show(program.Form7->Graph1);
 }

@@ -103,6 +103,10 @@ display::NumberTable ResponseCurve::numbers(const Program& program, const displa
     table.columns = {{std::string(wordsIn(language, {"Tono", "Tone"})), "Hz"},
                      {std::string(wordsIn(language, {"Nivel", "Level"})), "dB"}};
     if (!chart.note.empty()) return table;
+    for (int row = 1; row <= chart.rowCount(); ++row) {
+        table.spots.push_back({static_cast<std::size_t>(row - 1), 1, static_cast<double>(row),
+                               valueOf(chart.dataAt(row, 1))});
+    }
     std::string hz;
     for (int row = chart.rowCount(); row >= 1; --row) {
         // If a tone was measured twice, the label belongs to the second row.

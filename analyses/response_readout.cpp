@@ -21,7 +21,7 @@ void readResponse(Program& program) {
         program.tuner->retune();
         return;
     }
-    showResponse(program, ResponseCurve::of(pairs));
+    showResponse(program, ResponseCurve::of(pairs), program.desktop.today());
     warn(program.desktop, file.write(program.files, pairs));
     program.tuner->disarmResponse();
     program.tuner->retune();

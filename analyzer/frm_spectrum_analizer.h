@@ -177,8 +177,8 @@ class frmSpectrumAnalizer final : public ProgramForm, private LevelSink {
     void close();
     float fieldCorrection() const;
     display::NumberTable tableOf(std::string_view title) const;
-    display::NumberTable numbersOfMap() const;
-    display::NumberTable numbersOfBars() const;
+    display::NumberTable numbersOfMap();
+    display::NumberTable numbersOfBars();
 
     UnitLease lease_{program, *this};
     FrameRun frames_{program, Timer1, *this};
@@ -195,6 +195,7 @@ class frmSpectrumAnalizer final : public ProgramForm, private LevelSink {
         int level = 0;
     };
     std::map<int, Bar> shownBars_;
+    Int16 shownColumns_ = 0;  ///< of the graph that they stand in
     Class1* map_ = nullptr;   ///< true while ShowSpectrum_3D draws
     bool toldFault_ = false;  ///< a failed save was reported in this scan
     bool closeAfterRun_ = false;

@@ -52,7 +52,7 @@ void frmSpectrumAnalizer::layOut() {
     layOutLegend();
     tabOrder(cboCurrentMeasurementFile, picAddMeasurement, picEditMeasurement, picDelMeasurement,
              butSpecMode, btnDetail_Lower, btnDetail_Higher, butStart, butStart_BW, butPause,
-             butPause_BW, SSCommand1, HScroll1);
+             butPause_BW, SSCommand1, HScroll1, Picture3d, PictureZoom);
     Timer1.interval = std::chrono::milliseconds(500);
 }
 

@@ -74,6 +74,7 @@ void frmSpectrumAnalizer::ShowSpectrum_SpectralZoom(std::string_view fileName) {
                               skipLabelsFor(columns));
     graph.GraphInit();
     shownBars_.clear();
+    shownColumns_ = columns;
     EscalaClean(graph.XColumns, graph.XStep);
     // A simulated spectrum has no numbers to copy.
     if (!bytes) {
@@ -135,8 +136,10 @@ void frmSpectrumAnalizer::openPage() {
     const display::PictureBox& view = zoomOnShow() ? PictureZoom : Picture3d;
     page.Label2.caption = longDate(desktop());
     page.Picture1.drawing.take(view.drawing);
-    for (display::PictureBox* box : {&page.Picture1, &page.Picture1B})
-        box->numbers = [table = view.numbers()] { return table; };
+    display::NumberTable table = view.numbers();
+    page.Picture1.numbers = [table] { return table; };
+    table.spots.clear();
+    page.Picture1B.numbers = [table] { return table; };
     // The table of the page is for the channel spectrum only.
     page.Picture1B.drawing.clear();
     page.Picture1.left = view.left.get();

@@ -98,6 +98,39 @@ void Chart::take(const Chart& other) {
     touch();
 }
 
+void Chart::earlier(int r, int c, double value) {
+    if (r < 1 || c < 1) return;
+    const auto row0 = static_cast<std::size_t>(r - 1);
+    const auto column0 = static_cast<std::size_t>(c - 1);
+    if (earlier_.size() <= row0) earlier_.resize(row0 + 1);
+    if (earlier_[row0].size() <= column0) earlier_[row0].resize(column0 + 1);
+    earlier_[row0][column0] = value;
+    touch();
+}
+
+std::optional<double> Chart::earlierAt(int r, int c) const {
+    if (r < 1 || c < 1 || static_cast<std::size_t>(r) > earlier_.size()) return std::nullopt;
+    const auto& cells = earlier_[static_cast<std::size_t>(r - 1)];
+    return static_cast<std::size_t>(c) > cells.size() ? std::nullopt
+                                                      : cells[static_cast<std::size_t>(c - 1)];
+}
+
+void Chart::clearEarlier() {
+    if (earlier_.empty()) return;
+    earlier_.clear();
+    touch();
+}
+
+Place Chart::placeOf(double r, double value) const {
+    const Insets in = insets;
+    const double across = double{width} - double{in.left} - double{in.right};
+    const double high = double{height} - double{in.top} - double{in.bottom};
+    const double range = double{highest} - double{lowest};
+    const double share = range > 0 ? std::clamp((value - double{lowest}) / range, 0., 1.) : 0;
+    return {static_cast<float>(in.left + across * (r - 0.5) / std::max(rows_, 1)),
+            static_cast<float>(in.top + high * (1 - share))};
+}
+
 namespace {
 
 std::size_t seriesOf(int series) {
@@ -130,6 +163,7 @@ void Chart::resetKind() {
     rows_ = 0;
     columns_ = 0;
     cells_.clear();
+    earlier_.clear();
     labels_.clear();
     labelColumns_.clear();
     row = 1;

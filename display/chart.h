@@ -45,6 +45,19 @@ class Chart final : public KindOf<Chart> {
     /// Copies rows, columns, data and labels of another chart.
     void take(const Chart& other);
 
+    /// An earlier value of a cell, which stands as a shadow behind its bar.
+    void earlier(int row, int column, double value);
+    std::optional<double> earlierAt(int row, int column) const;
+    void clearEarlier();
+
+    /// The bar with a pointer over it; row 0 for none.
+    struct Cell {
+        int row = 0;
+        int column = 0;
+        bool operator==(const Cell&) const = default;
+    };
+    Property<Cell> chosen{*this};
+
     enum class Style { Bars, Curve };
     Property<Style> style{*this, Style::Bars};
     /// A curve that was not measured is dashed and has no points, and a word in the chart says so.
@@ -76,6 +89,9 @@ class Chart final : public KindOf<Chart> {
     double barWidth() const;
     double barMiddle(int row, int column) const;
 
+    /// A row, or the middle of a bar, and a value; a value beyond the scale stands at its end.
+    Place placeOf(double row, double value) const override;
+
     /// The tool tip of a cell, in the language of the form; without it, the tip is the data.
     std::function<std::string(int row, int column)> tellCell;
 
@@ -83,7 +99,7 @@ class Chart final : public KindOf<Chart> {
     void forEachProperty(Each each) {
         each("style", style), each("dashed", dashed), each("note", note);
         each("lowest", lowest), each("highest", highest), each("gridStep", gridStep);
-        each("insets", insets);
+        each("insets", insets), each("chosen", chosen);
     }
 
  protected:
@@ -93,6 +109,7 @@ class Chart final : public KindOf<Chart> {
     int rows_ = 0;
     int columns_ = 0;
     std::vector<std::vector<std::string>> cells_;
+    std::vector<std::vector<std::optional<double>>> earlier_;
     std::vector<std::string> labels_;
     std::vector<int> labelColumns_;
     std::array<Colour, kSeries> colours_ = kPlainColours;

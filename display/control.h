@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -26,6 +27,13 @@ struct Box {
     bool operator==(const Box&) const = default;
     constexpr float right() const { return left + width; }
     constexpr float bottom() const { return top + height; }
+};
+
+/// A point, in the units of a container.
+struct Place {
+    float x = 0;
+    float y = 0;
+    bool operator==(const Place&) const = default;
 };
 
 /// One text in the two languages that the panels speak. UTF-8.
@@ -89,6 +97,11 @@ class Control : public Revised {
 
     /// Its box in the units of its container.
     virtual Box boxInContainer() const { return {left, top, width, height}; }
+    /// A place in a drawing's own coordinates (see NumberTable::Spot), in the units of its
+    /// container from its upper left corner.
+    virtual Place placeOf(double x, double y) const {
+        return {static_cast<float>(x), static_cast<float>(y)};
+    }
     /// Its box in twips from the form's upper left corner, all containers resolved.
     Box boxOnForm() const;
 
@@ -118,6 +131,10 @@ class Control : public Revised {
     std::function<std::string()> reading;
     /// The numbers that a drawing shows. A control that has them can be copied and saved.
     std::function<NumberTable()> numbers;
+    /// A number of the drawing was picked by a click or by Enter: the row of its table.
+    std::function<void(std::size_t row)> onPick;
+    /// What that does: "Click or Enter: tune".
+    Words picks;
     /// The part of the form, in twips, that a picture of this drawing shows: the drawing with its
     /// scales and its legend. Of no size: the drawing alone.
     Box pictureBox;

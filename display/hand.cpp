@@ -340,4 +340,10 @@ void Hand::save(Control& drawing) {
     });
 }
 
+void Hand::pick(Control& drawing, std::size_t row) {
+    post(drawing, [&drawing, row] {
+        if (drawing.onPick) drawing.onPick(row);
+    });
+}
+
 }  // namespace display

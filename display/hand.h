@@ -89,6 +89,8 @@ class Hand {
     void copyPicture(Control& drawing);
     void copyNumbers(Control& drawing);
     void save(Control& drawing);
+    /// Picks a number of the drawing by its row in the table.
+    void pick(Control& drawing, std::size_t row);
 
  private:
     void post(Control& control, std::function<void()> act);

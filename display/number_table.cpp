@@ -2,6 +2,10 @@
 #include "display/number_table.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cstdint>
+#include <iterator>
+#include <optional>
 
 namespace display {
 
@@ -30,7 +34,117 @@ std::string headOf(const NumberTable::Column& column) {
     return column.unit.empty() ? column.name : column.name + " (" + column.unit + ")";
 }
 
+/// Units in a file are plain letters; a reader sees the field's own sign.
+std::string_view shownUnit(std::string_view unit) {
+    if (unit == "dBuV") return "dBµV";
+    if (unit == "deg") return "°";
+    return unit;
+}
+
+/// Two levels above a fixed one differ by plain decibels.
+std::string_view differenceUnit(std::string_view unit) {
+    return unit == "dBuV" ? "dB" : shownUnit(unit);
+}
+
+std::string_view cellOf(const NumberTable& table, std::size_t row, std::size_t column) {
+    if (row >= table.rows.size() || column >= table.rows[row].size()) return {};
+    return table.rows[row][column];
+}
+
+void addUnit(std::string& text, std::string_view unit) {
+    if (unit.empty()) return;
+    if (unit != "°") text += ' ';
+    text += unit;
+}
+
+std::string withUnit(std::string_view cell, std::string_view unit) {
+    std::string text(cell.empty() ? "-" : cell);
+    if (!cell.empty()) addUnit(text, unit);
+    return text;
+}
+
+/// A number of a table, exactly as it stands there.
+struct Decimal {
+    std::int64_t digits = 0;  ///< without the point
+    int places = 0;           ///< behind the point
+};
+
+std::optional<Decimal> decimalOf(std::string_view cell) {
+    constexpr std::size_t kMostDigits = 15;
+    const std::size_t point = std::min(cell.find('.'), cell.size());
+    std::string digits(cell.substr(0, point));
+    Decimal number;
+    if (point < cell.size()) {
+        digits += cell.substr(point + 1);
+        number.places = static_cast<int>(cell.size() - point - 1);
+    }
+    if (digits.size() > kMostDigits) return std::nullopt;
+    const char* const end = digits.data() + digits.size();
+    const auto read = std::from_chars(digits.data(), end, number.digits);
+    if (read.ec != std::errc{} || read.ptr != end) return std::nullopt;
+    return number;
+}
+
+void widen(Decimal& number, int places) {
+    for (; number.places < places; ++number.places) number.digits *= 10;
+}
+
+std::string signedText(const Decimal& number) {
+    std::string text;
+    char digits[24];
+    const std::int64_t size = number.digits < 0 ? -number.digits : number.digits;
+    const auto written = std::to_chars(std::begin(digits), std::end(digits), size);
+    text.assign(std::begin(digits), written.ptr);
+    const auto places = static_cast<std::size_t>(number.places);
+    if (text.size() <= places) text.insert(0, places + 1 - text.size(), '0');
+    if (places > 0) text.insert(text.size() - places, 1, '.');
+    if (number.digits == 0) return text;
+    return (number.digits < 0 ? '-' : '+') + text;
+}
+
+/// Empty where one of the two is no number.
+std::string differenceOf(std::string_view from, std::string_view to) {
+    auto first = decimalOf(from);
+    auto second = decimalOf(to);
+    if (!first || !second) return {};
+    const int places = std::max(first->places, second->places);
+    widen(*first, places);
+    widen(*second, places);
+    return signedText({second->digits - first->digits, places});
+}
+
 }  // namespace
+
+std::string spotText(const NumberTable& table, const NumberTable::Spot& spot) {
+    if (table.columns.empty()) return {};
+    std::string text = withUnit(cellOf(table, spot.row, 0), shownUnit(table.columns[0].unit));
+    const bool all = spot.column == 0;
+    const bool named = table.columns.size() > 2;
+    const char* between = ": ";
+    for (std::size_t column = 1; column < table.columns.size(); ++column) {
+        if (!all && column != spot.column) continue;
+        text += between;
+        between = ", ";
+        if (named) text += table.columns[column].name + " ";
+        text += withUnit(cellOf(table, spot.row, column), shownUnit(table.columns[column].unit));
+    }
+    return text;
+}
+
+std::string differenceText(const NumberTable& table, const NumberTable::Spot& from,
+                           const NumberTable::Spot& to) {
+    if (table.columns.size() < 2) return {};
+    const std::size_t value = std::max<std::size_t>(to.column, 1);
+    const std::size_t before = std::max<std::size_t>(from.column, 1);
+    if (value >= table.columns.size() || before >= table.columns.size()) return {};
+    std::string text = withUnit(differenceOf(cellOf(table, from.row, 0), cellOf(table, to.row, 0)),
+                                differenceUnit(table.columns[0].unit));
+    // Modulation less power is nothing.
+    if (table.columns[before].unit != table.columns[value].unit) return text;
+    return text + ": " +
+           withUnit(differenceOf(cellOf(table, from.row, before), cellOf(table, to.row, value)),
+                    differenceUnit(table.columns[value].unit));
+}
 
 std::string csvText(const NumberTable& table) {
     constexpr std::string_view kLineEnd = "\r\n";

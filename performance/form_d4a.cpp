@@ -198,8 +198,12 @@ display::NumberTable Form_D4A::numbersOf(std::size_t chart) const {
     for (int hour = 0; hour < DayTables::kHours; ++hour) {
         const bool absent = tables.hourLine(hour).empty();
         std::vector<std::string> row{wholeText(hour).str()};
-        for (int column = 1; column < static_cast<int>(table.columns.size()); ++column)
-            row.emplace_back(absent ? std::string_view() : Graph[chart].dataAt(hour + 1, column));
+        for (int column = 1; column < static_cast<int>(table.columns.size()); ++column) {
+            const display::Chart& shown = Graph[chart];
+            row.emplace_back(absent ? std::string_view() : shown.dataAt(hour + 1, column));
+            table.spots.push_back({table.rows.size(), static_cast<std::size_t>(column),
+                                   shown.barMiddle(hour + 1, column), valueOf(row.back())});
+        }
         table.rows.push_back(std::move(row));
     }
     return table;

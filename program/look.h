@@ -15,6 +15,8 @@ inline constexpr float kWindowMargin = 150;
 inline constexpr float kKeyHeight = 420;
 /// The right end of a title that leaves room for a note beside it.
 inline constexpr float kTitleWithNote = 3300;
+/// The room of the station at the right end of the strip.
+inline constexpr float kStationWidth = 3150;
 
 inline constexpr display::Font kCaption{120, display::Weight::Normal};
 inline constexpr display::Font kScale{105, display::Weight::Normal};
@@ -53,6 +55,8 @@ inline constexpr display::TextStyle kTitleText{kTitle, kScaleColour};
 inline constexpr display::TextStyle kDialogText{kDialog};
 inline constexpr display::TextStyle kReadoutText{kReadout, display::kCyan, display::Align::Right};
 inline constexpr display::TextStyle kSmallReadoutText{kSmallReadout, display::kCyan};
+/// The station of a window's run, at the end of its strip.
+inline constexpr display::TextStyle kStationText{kCaption, kScaleColour, display::Align::Right};
 /// The note of a window about its run, beside the title.
 inline constexpr display::TextStyle kNoteText{kCaption, {0x4ac2ff}, display::Align::Right};
 

@@ -25,13 +25,22 @@ void ProgramForm::layStrip(display::Panel& strip) {
 }
 
 void ProgramForm::layTitle(display::Panel& strip, display::Label& title, std::string_view words,
-                           display::Label* note) {
-    const float end = note ? look::kTitleWithNote : width.get();
+                           display::Label* note, display::Label* station) {
+    constexpr float kBetween = 120;
+    const float stationWidth = station ? look::kStationWidth + kBetween : 0;
+    const float titleEnd = note ? look::kTitleWithNote : width - stationWidth;
+    const float end = width - 240;
     layStrip(strip);
-    place(title, look::titleBox(end), &strip, look::kTitleText, words);
-    if (!note) return;
-    place(*note, {end, 150, width - end - 240, 200}, &strip, look::kNoteText,
-          Readout{"Corrida rechazada por la unidad", "Run that the unit refused"});
+    place(title, look::titleBox(titleEnd), &strip, look::kTitleText, words);
+    if (note) {
+        place(*note, {titleEnd, 150, end - stationWidth - titleEnd, 200}, &strip, look::kNoteText,
+              Readout{"Corrida rechazada por la unidad", "Run that the unit refused"});
+    }
+    if (!station) return;
+    place(*station, {end - look::kStationWidth, 150, look::kStationWidth, 200}, &strip,
+          look::kStationText,
+          Readout{"Emisora sintonizada y hora de la corrida", "Tuned station and time of the run"},
+          Tip{"Emisora sintonizada y hora de la corrida", "Tuned station and time of the run"});
 }
 
 void ProgramForm::layPanel(float itsHeight, display::Panel& faceplate, display::Label& heading,

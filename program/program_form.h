@@ -23,9 +23,10 @@ class ProgramForm : public display::Form {
                    display::Panel& faceplate);
     /// Lays out the strip at its top, by which it is moved.
     void layStrip(display::Panel& strip);
-    /// Lays out the strip with a title and, if given, a note about the window's run.
+    /// Lays out the strip with a title and, if given, a note about the window's run and the station
+    /// that it measures.
     void layTitle(display::Panel& strip, display::Label& title, std::string_view words,
-                  display::Label* note = nullptr);
+                  display::Label* note = nullptr, display::Label* station = nullptr);
     /// Lays out a panel of the rack, in the language of the panels, with its heading at the right.
     void layPanel(float itsHeight, display::Panel& faceplate, display::Label& heading, float down,
                   const display::Words& words);

@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "program/station_line.h"
 
+#include <chrono>
+#include <filesystem>
+#include <system_error>
+
+#include "core/files.h"
 #include "core/numbers.h"
 #include "program/tuner.h"
 
@@ -35,6 +40,38 @@ std::string stationLine(const Program& program) {
     const double tuned = program.tuner ? program.tuner->TunedFreq : Tuner::kLowestFrequency;
     return stationLine(program.StationState.RadioName, tuned / kTenths,
                        isoDay(program.desktop.today()));
+}
+
+std::string stationHead(const Program& program, const std::optional<display::Date>& run) {
+    constexpr double kTenths = 10;
+    const double tuned = program.tuner ? program.tuner->TunedFreq : Tuner::kLowestFrequency;
+    std::string head(trimmed(program.StationState.RadioName));
+    if (!head.empty()) head += ' ';
+    head.append(shortText(tuned / kTenths).view()).append(" MHz");
+    if (!run) return head;
+    return head.append(" · ").append(isoDay(*run)) + " " + mask("00", run->hour).str() + ":" +
+           mask("00", run->minute).str();
+}
+
+std::optional<display::Date> writtenAt(const Program& program, std::string_view fileName) {
+    using namespace std::chrono;
+    const auto found = program.files.find(fileName);
+    if (!found) return std::nullopt;
+    std::error_code failed;
+    const auto written = std::filesystem::last_write_time(program.files.folder() / *found, failed);
+    if (failed) return std::nullopt;
+    const auto utc = file_clock::to_sys(written);
+    const auto local = floor<seconds>(utc) + program.desktop.wallTime().fromUtc;
+    const auto day = floor<days>(local);
+    const year_month_day date(day);
+    const hh_mm_ss time(local - day);
+    return display::Date{int{date.year()},
+                         static_cast<int>(unsigned{date.month()}),
+                         static_cast<int>(unsigned{date.day()}),
+                         static_cast<int>(weekday(day).c_encoding()),
+                         static_cast<int>(time.hours().count()),
+                         static_cast<int>(time.minutes().count()),
+                         static_cast<int>(time.seconds().count())};
 }
 
 display::NumberTable tableOfStation(const Program& program, std::string_view title) {

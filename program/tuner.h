@@ -24,6 +24,9 @@ class Tuner {
     /// The bar was moved, by the user or by a memory. The first move starts the rack.
     void tuneByBar() { tune(How::ByBar); }
 
+    /// Tunes to another station: its preset with its name, or its frequency as by hand.
+    void tuneTo(const WantedStation& station) { panels_->moveTo(station); }
+
     /// Stores the audio mode for later tunings, and shows it.
     void storeMode(AudioMode mode);
     /// Disarms the frequency response.

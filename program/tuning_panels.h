@@ -5,6 +5,12 @@
 
 namespace hmonitor {
 
+/// A station that is tuned from a window of its own, not by the rack's keys.
+struct WantedStation {
+    double frequency = 0;  ///< 100 kHz units, with the half step
+    int memory = 0;        ///< the preset that it is, 1 to 16; 0 for none
+};
+
 /// What a tuning needs from the panels, in the order of its calls. The tuner knows no form.
 class TuningPanels {
  public:
@@ -12,6 +18,8 @@ class TuningPanels {
 
     /// The position of the tuning bar, in steps of 100 kHz from 87.5 MHz.
     virtual int bar() = 0;
+    /// Moves it to a station, which tunes; or tunes the station's preset.
+    virtual void moveTo(const WantedStation& station) = 0;
     virtual void showMode(AudioMode mode) = 0;
     virtual void showResponseArmed(bool armed) = 0;
     /// The first tuning of the program begins.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "program/unit_lease.h"
 
+#include <utility>
+
 #include "display/form.h"
 #include "program/tuner.h"
 
@@ -31,7 +33,11 @@ void UnitLease::tuneFor(AudioMode mode) {
 void UnitLease::giveBack(Back back) {
     if (!held()) return;
     if (back == Back::LeftRight) program_.tuner->storeMode(AudioMode::LeftRight);
-    program_.tuner->retune();
+    if (const auto wanted = std::exchange(wanted_, std::nullopt)) {
+        program_.tuner->tuneTo(*wanted);
+    } else {
+        program_.tuner->retune();
+    }
     letGo();
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <vector>
 
 #include "program/program.h"
@@ -32,6 +33,9 @@ class UnitLease {
 
     /// The audio mode in which the unit returns to normal measuring: the stored one, or L and R.
     enum class Back { AsStored, LeftRight };
+    /// The station on which the unit returns instead of the one that the rack was on; forgotten
+    /// when it has returned.
+    void returnTo(const WantedStation& station) { wanted_ = station; }
     /// Returns the unit to the panels. Does nothing if the lease is not held.
     void giveBack(Back back);
     /// Gives up the lease without tuning: the next holder returns the unit, or it already measures
@@ -64,6 +68,7 @@ class UnitLease {
     Program& program_;
     const display::Form& window_;
     double frequency_ = 0;
+    std::optional<WantedStation> wanted_;
 };
 
 }  // namespace hmonitor

@@ -4,6 +4,7 @@
 #include "core/numbers.h"
 #include "program/language.h"
 #include "program/station_line.h"
+#include "spectrum/channel_graph.h"
 
 namespace hmonitor {
 
@@ -31,6 +32,21 @@ display::NumberTable ShownSpectrum::table(const Program& program,
         const double level = valueOf(value);
         table.rows.push_back(
             {wholeText((i - centre) * stepKhz).str(), shortText(level == 0 ? 0 : -level).str()});
+    }
+    return table;
+}
+
+display::NumberTable ShownSpectrum::tableOn(display::Canvas& canvas, const Program& program,
+                                            display::Language language) const {
+    display::NumberTable table = this->table(program, language);
+    if (columns <= 0) return table;
+    Class1 graph = channelGraph(canvas, columns, stepKhz);
+    graph.takeGeometry();
+    for (int i = 1; i <= columns; ++i) {
+        const std::string& value = below[static_cast<std::size_t>(i - 1)];
+        if (value.empty()) continue;
+        const display::Place top = graph.topOfBar(i, toWhole(valueOf(value)));
+        table.spots.push_back({table.spots.size(), 1, top.x, top.y});
     }
     return table;
 }

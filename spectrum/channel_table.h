@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "display/canvas.h"
 #include "display/form.h"
 #include "display/number_table.h"
 #include "program/program.h"
@@ -22,6 +23,9 @@ struct ShownSpectrum {
     void put(int i, std::string_view value);
     /// Offsets from the carrier in kHz, and levels in dB under it.
     display::NumberTable table(const Program& program, display::Language language) const;
+    /// The same with the places of its bars on that canvas.
+    display::NumberTable tableOn(display::Canvas& canvas, const Program& program,
+                                 display::Language language) const;
 };
 
 }  // namespace hmonitor

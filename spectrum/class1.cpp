@@ -23,11 +23,26 @@ void Class1::ink(const SmallText& colour) {
 }
 
 void Class1::GraphInit() {
+    takeGeometry();
+    GraphClean();
+}
+
+void Class1::takeGeometry() {
     const float height = Canvas->scaleHeight() - TopMargin - BottomMargin;
     const float width = Canvas->scaleWidth() - BarGap - LeftMargin;
     YPixels = toWhole(height / static_cast<float>(YUnits));
     XPixels = toWhole(width / static_cast<float>(XColumns));
-    GraphClean();
+}
+
+display::Place Class1::topOfBar(int x, int y) const {
+    const int rows = std::min(std::abs(y), int{YUnits});
+    const int twice = (2 * x - 1) * XPixels + BarGap + 2 * LeftMargin;
+    return {static_cast<float>(twice) / 2, static_cast<float>(YPixels * rows + TopMargin)};
+}
+
+display::Place Class1::middleOfCell(int x, int y) const {
+    return {static_cast<float>(LeftMargin + XPixels * x) + static_cast<float>(XPixels) / 2,
+            static_cast<float>(TopMargin + YPixels * y) + static_cast<float>(YPixels) / 2};
 }
 
 void Class1::GraphClean() {

@@ -6,6 +6,7 @@
 #include "core/int16.h"
 #include "core/small_text.h"
 #include "display/canvas.h"
+#include "display/control.h"
 
 namespace hmonitor {
 
@@ -25,6 +26,12 @@ class Class1 {
  public:
     /// Reads the size of the canvas and draws the empty graph.
     void GraphInit();
+    /// Only reads it, for who asks where something stands that was drawn before.
+    void takeGeometry();
+    /// The middle of the upper end of the bar of GraphLine(x, y), in units of the canvas.
+    display::Place topOfBar(int x, int y) const;
+    /// The middle of the cell of GraphPixel(x, y).
+    display::Place middleOfCell(int x, int y) const;
     /// Draws the empty graph at the size read by GraphInit.
     void GraphClean();
     /// Draws the grid alone.

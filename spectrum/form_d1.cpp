@@ -7,6 +7,7 @@
 #include "program/rack_place.h"
 #include "program/refused_run.h"
 #include "program/report_fault.h"
+#include "program/station_line.h"
 #include "program/tuner.h"
 #include "spectrum/channel_graph.h"
 #include "spectrum/channel_spectrum_file.h"
@@ -27,8 +28,9 @@ Form_D1::Form_D1(Program& itsProgram) : ProgramForm(itsProgram, "Form_D1") {
     };
     SSCommand1.onClick = [this] { openPage(); };
     SSCommand2.onClick = [this] { openBandwidth(); };
-    for (display::PictureBox* box : {&Picture1, &Picture2})
-        box->numbers = [this] { return shown_.table(program, language); };
+    Picture1.numbers = [this] { return shown_.tableOn(Picture1.drawing, program, language); };
+    // Its own words are the numbers: nothing is to be marked.
+    Picture2.numbers = [this] { return shown_.table(program, language); };
     bindHandle(SSPanel1.onMouseDown, SSPanel1.onMouseMove, {this});
 }
 
@@ -44,6 +46,8 @@ void Form_D1::onLoad() {
 void Form_D1::showStored() {
     const double frequency = program.tuner->TunedFreq;
     const auto stored = ChannelSpectrum::read(program.files, frequency);
+    Station.caption =
+        stationHead(program, writtenAt(program, ChannelSpectrum::fileName(frequency)));
     if (!stored || stored->points == 0) {
         channelGraph(Picture1.drawing, kUsualColumns, kUsualStepKhz).GraphInit();
         if (!stored && stored.fault().kind != FileFaultKind::Missing) {
@@ -115,8 +119,8 @@ void Form_D1::openPage() {
     page.Label2.caption = spectrumPageLine(StationState, desktop());
     page.Picture1.drawing.take(Picture1.drawing);
     page.Picture1B.drawing.take(Picture2.drawing);
-    for (display::PictureBox* box : {&page.Picture1, &page.Picture1B})
-        box->numbers = [table = shown_.table(program, language)] { return table; };
+    page.Picture1.numbers = [table = Picture1.numbers()] { return table; };
+    page.Picture1B.numbers = [table = Picture2.numbers()] { return table; };
     page.Picture1.left = Picture1.left.get();
     page.Picture1.width = width.get();
     page.open();
@@ -128,6 +132,7 @@ void Form_D1::tellRefused(float tenths) {
 
 void Form_D1::beginRun() {
     Refused.caption = "";
+    Station.caption = stationHead(program, desktop().today());
     running_ = true;
     Command3D2.caption = "Wait";
 }

@@ -42,6 +42,7 @@ class Form_D1 final : public ProgramForm {
     display::Panel SSPanel1{*this, "SSPanel1"};  ///< the handle of the window
     display::Label Label1{*this, "Label1"};
     display::Label Refused{*this, "Refused"};  ///< at which point the unit refused
+    display::Label Station{*this, "Station"};
     display::Panel Sheet1{*this, "Sheet1"};
     display::PictureBox Picture1{*this, "Picture1"};  ///< bars
     display::Panel Sheet2{*this, "Sheet2"};

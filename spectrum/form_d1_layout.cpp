@@ -19,7 +19,7 @@ void Form_D1::layOut() {
 
     layWindow(3 * look::kWindowMargin + kBars + kTable,
               kKeys + look::kKeyHeight + look::kWindowMargin, "Spectrum", Faceplate);
-    layTitle(SSPanel1, Label1, "Channel Spectrum", &Refused);
+    layTitle(SSPanel1, Label1, "Channel Spectrum", &Refused, &Station);
     Label1.colour = kWhite;
     place(Sheet1, kBarsBox, Surface::Sheet);
     // There are 240 units for the label "-50" beside the grid.
@@ -39,7 +39,7 @@ void Form_D1::layOut() {
           Says{"Ancho de banda de modulación", "Modulation bandwidth"});
     place(SSCommand1, {8800, kKeys, 2200, look::kKeyHeight}, "Print Mode",
           Says{"Página para imprimir", "Page to print"});
-    tabOrder(Command3D1, Command3D2, SSCommand2, SSCommand1);
+    tabOrder(Command3D1, Command3D2, SSCommand2, SSCommand1, Picture1);
 
     Timer1.interval = std::chrono::milliseconds(9000);
     Timer1.enabled = true;

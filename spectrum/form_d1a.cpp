@@ -8,6 +8,7 @@
 #include "program/make_form.h"
 #include "program/rack_place.h"
 #include "program/refused_run.h"
+#include "program/station_line.h"
 #include "program/tuner.h"
 #include "program/unit_generation.h"
 #include "spectrum/form_d1ap.h"
@@ -68,6 +69,7 @@ void FormD1a::onLoad() {
     takeGeometry();
     GraphClean();
     GraphRepaint();
+    Station.caption = stationHead(program, std::nullopt);
     lease_.take();
     driver.HM_Parar();
     driver.HM_getHardwareVersion(HardwareVersion);
@@ -118,6 +120,7 @@ void FormD1a::start(float carrier) {
     std::fill_n(PeakPercent.begin() + 1, kMeasured, 0.f);
     Levels[0] = 0;
     announceStart();
+    Station.caption = stationHead(program, desktop().today());
     lease_.tuneFor(AudioMode::LeftRight);
     driver.HM_Parar();
     if (takeReference(carrier)) startSampling();

@@ -35,6 +35,7 @@ class FormD1a final : public ProgramForm, private LevelSink {
     display::Panel SSPanel1{*this, "SSPanel1"};  ///< the handle of the window
     display::Label Heading{*this, "Heading"};
     display::Label Refused{*this, "Refused"};  ///< at which frequency the unit refused
+    display::Label Station{*this, "Station"};
     display::Panel Sheet1{*this, "Sheet1"};
     display::PictureBox Picture1{*this, "Picture1"};
     display::Key Command3D1{*this, "Command3D1"};  ///< runs and stops
@@ -86,6 +87,8 @@ class FormD1a final : public ProgramForm, private LevelSink {
     void drawTestPattern();
     void openPage();
     display::NumberTable numbersShown() const;
+    /// The height of a value, in percent from the top, on the canvas.
+    float rowOf(float fromTop) const;
     void fillUnder(float x, float row);
     void printAt(float x, float y, std::string_view text);
     SmallText timeOfDay() const;

@@ -106,11 +106,15 @@ void FormD1a::fillUnder(float x, float row) {
     }
 }
 
+float FormD1a::rowOf(float fromTop) const {
+    return static_cast<float>(YPixels) * fromTop + kTop;
+}
+
 void FormD1a::GraphLine(Int16 x, float& y) {
     constexpr int kFirstWide = 76;
     if (y > 99) y = 99;
     y = 100 - y;
-    const float row = static_cast<float>(YPixels) * y + kTop;
+    const float row = rowOf(y);
     if (x == 0) {
         LastX = static_cast<int>(kLeft);
     } else {
@@ -194,8 +198,12 @@ display::NumberTable FormD1a::numbersShown() const {
         program, wordsIn(language, {"Ancho de banda de modulación", "Modulation Bandwidth"}));
     table.columns = {{std::string(wordsIn(language, {"Desvío", "Offset"})), "kHz"},
                      {std::string(wordsIn(language, {"Modulación", "Modulation"})), "%"}};
-    for (const Shown& point : shown_)
+    for (const Shown& point : shown_) {
+        table.spots.push_back({table.rows.size(), 1,
+                               kLeft + static_cast<float>(point.kHz) * XPixels,
+                               rowOf(100 - std::min(point.percent, 99.f))});
         table.rows.push_back({wholeText(point.kHz).str(), shortText(point.percent).str()});
+    }
     return table;
 }
 

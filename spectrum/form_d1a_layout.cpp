@@ -16,7 +16,7 @@ void FormD1a::layOut() {
 
     layWindow(2 * look::kWindowMargin + kGraph, kKeys + look::kKeyHeight + look::kWindowMargin,
               "Modulation Bandwidth", Faceplate);
-    layTitle(SSPanel1, Heading, "Modulation Bandwidth", &Refused);
+    layTitle(SSPanel1, Heading, "Modulation Bandwidth", &Refused, &Station);
     Heading.colour = kWhite;
     place(Sheet1, kGraphBox, Surface::Sheet);
     place(Picture1, kGraphBox,
@@ -32,7 +32,7 @@ void FormD1a::layOut() {
           Says{"Curva de prueba", "Test pattern"});
     place(SSCommand1, {8150, kKeys, 2200, look::kKeyHeight}, "Print Mode",
           Says{"Página para imprimir", "Page to print"});
-    tabOrder(Command3D1, Command3D2, Command1, SSCommand1);
+    tabOrder(Command3D1, Command3D2, Command1, SSCommand1, Picture1);
 
     Timer1.interval = std::chrono::milliseconds(50);
 }

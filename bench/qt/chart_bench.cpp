@@ -20,7 +20,7 @@ void oneReplot(benchmark::State& state) {
     bench.program.Form_BandSCanner->load();
     auto& scanner = bench.forms.formBandSCanner;
     scanner.Option_All.choose();
-    display::qt::ChartView view(scanner.Graph1, nullptr);
+    display::qt::ChartView view(bench.hand, scanner.Graph1, nullptr);
     view.resize(1100, 500);
     view.show();
     QCoreApplication::processEvents();

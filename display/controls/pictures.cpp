@@ -11,4 +11,9 @@ bool PictureBox::interactive() const {
     return static_cast<bool>(onDoubleClick);
 }
 
+Place PictureBox::placeOf(double x, double y) const {
+    const double unit = drawing.unit();
+    return {static_cast<float>(x * unit), static_cast<float>(y * unit)};
+}
+
 }  // namespace display

@@ -43,6 +43,7 @@ class PictureBox final : public KindOf<PictureBox> {
  public:
     using KindOf::KindOf;
     bool interactive() const override;
+    Place placeOf(double x, double y) const override;
 
     Drawing drawing{*this};
     Event onDoubleClick;

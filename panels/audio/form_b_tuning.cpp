@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
+#include <cmath>
 
 #include "analyses/form_d.h"
 #include "core/memory_block.h"
@@ -90,6 +91,25 @@ void Form_B::tuneBarTo(int bar) {
     }
 }
 
+void Form_B::tuneTo(const WantedStation& station) {
+    if (station.memory > 0) {
+        MemoryState = "";
+        StationState.MemoryNumber = wholeText(station.memory);
+        Command11();
+        return;
+    }
+    const double step = std::floor(station.frequency);
+    StationState.HalfStep = step < station.frequency ? "5" : "0";
+    const int position = toWhole(step - Tuner::kLowestFrequency);
+    if (position != HScroll1.value) {
+        HScroll1.value = position;
+        return;
+    }
+    // The bar stands there already: it would tune nothing, and leave no memory.
+    leaveMemory();
+    cambfre();
+}
+
 void Form_B::cambfre() {
     program.tuner->retune();
 }
@@ -119,6 +139,7 @@ class Form_B::RackPanels final : public TuningPanels {
     explicit RackPanels(Program& program) : program_(program) {}
 
     int bar() override { return program_.Form_B->HScroll1.value; }
+    void moveTo(const WantedStation& station) override { program_.Form_B->tuneTo(station); }
     void showMode(AudioMode mode) override {
         const bool plain = mode == AudioMode::LeftRight;
         program_.Form_B->Image1.picture = plain ? "LyRA" : "LyRN";

@@ -88,6 +88,7 @@ struct Write {
     void write(const Panel* in) const { to << (in ? in->name() : "form"); }
     void write(const Drawing& drawing) const { to << drawing.unit() << ' ' << drawing.fontPoints; }
     void write(const Chart::Insets& room) const { to << room.left << ' ' << room.top; }
+    void write(const Chart::Cell& cell) const { to << cell.row << ' ' << cell.column; }
     void write(const Plot::Insets& room) const { to << room.left << ' ' << room.top; }
     void write(const PlotAxis& axis) const { to << axis.lowest << ' ' << axis.highest; }
     void write(const Plot::Reach& reach) const { to << reach.earliest << ' ' << reach.latest; }

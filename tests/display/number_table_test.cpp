@@ -39,6 +39,36 @@ TEST(CsvText, PutsInQuotesWhatWouldBeReadAsSomethingElse) {
               "\"1\r2\",plain; it's,\"\"\"\",\r\n");
 }
 
+TEST(SpotText, SaysTheNumbersOfItsPlaceWithTheirUnits) {
+    NumberTable table = levels();
+    EXPECT_EQ(spotText(table, {0, 1, 0, 0}), "87.5 MHz: Level -3 dBµV");
+    EXPECT_EQ(spotText(table, {1, 2, 0, 0}), "102.55 MHz: Sweeps -") << "an empty cell";
+    EXPECT_EQ(spotText(table, {0, 0, 0, 0}), "87.5 MHz: Level -3 dBµV, Sweeps 12") << "of a map";
+    table.columns.pop_back();
+    EXPECT_EQ(spotText(table, {0, 1, 0, 0}), "87.5 MHz: -3 dBµV") << "nothing else it could be";
+    table.columns = {{"Hour", "h"}, {"Phase", "deg"}};
+    EXPECT_EQ(spotText(table, {0, 1, 0, 0}), "87.5 h: -3°");
+    EXPECT_EQ(spotText({}, {0, 1, 0, 0}), "");
+}
+
+TEST(DifferenceText, IsExactInTheDecimalsOfTheTable) {
+    NumberTable table = levels();
+    table.rows = {{"87.5", "-3", "12"},
+                  {"102.55", "71.25", "12"},
+                  {"87.55", "-0.05", "x"},
+                  {"102.6", "71.3", ""}};
+    EXPECT_EQ(differenceText(table, {0, 1, 0, 0}, {1, 1, 0, 0}), "+15.05 MHz: +74.25 dB");
+    EXPECT_EQ(differenceText(table, {1, 1, 0, 0}, {0, 1, 0, 0}), "-15.05 MHz: -74.25 dB");
+    EXPECT_EQ(differenceText(table, {2, 1, 0, 0}, {0, 1, 0, 0}), "-0.05 MHz: -2.95 dB");
+    EXPECT_EQ(differenceText(table, {1, 0, 0, 0}, {3, 0, 0, 0}), "+0.05 MHz: +0.05 dB")
+        << "of a map";
+    EXPECT_EQ(differenceText(table, {0, 2, 0, 0}, {1, 2, 0, 0}), "+15.05 MHz: 0");
+    EXPECT_EQ(differenceText(table, {0, 1, 0, 0}, {1, 2, 0, 0}), "+15.05 MHz")
+        << "levels less sweeps are nothing";
+    EXPECT_EQ(differenceText(table, {0, 2, 0, 0}, {2, 2, 0, 0}), "+0.05 MHz: -") << "no number";
+    EXPECT_EQ(differenceText({}, {0, 1, 0, 0}, {1, 1, 0, 0}), "");
+}
+
 TEST(FileStem, NamesStationFrequencyDayAndWhatIsShown) {
     EXPECT_EQ(fileStem("RADIO UNO 98.1 MHz 2026-05-04", "Band Scanner"),
               "RADIO UNO 98.1 MHz 2026-05-04 Band Scanner");

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/files.h"
+#include "core/numbers.h"
 #include "display/headless/headless_desktop.h"
 #include "program/program.h"
 #include "program/program_form.h"
@@ -21,6 +22,10 @@ namespace hmonitor::test {
 struct NotedPanels final : TuningPanels {
     explicit NotedPanels(std::vector<std::string>& journal) : noted(journal) {}
     int bar() override { return barValue; }
+    void moveTo(const WantedStation& station) override {
+        noted.push_back("move to " + shortText(station.frequency).str() + ", memory " +
+                        wholeText(station.memory).str());
+    }
     void showMode(AudioMode mode) override {
         noted.push_back(mode == AudioMode::LeftRight ? "mode L and R" : "mode L+R and L-R");
     }

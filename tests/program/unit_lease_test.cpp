@@ -66,6 +66,18 @@ TEST_F(UnitLeaseTest, NamesTheFrequencyOfTheRunOnce) {
     EXPECT_EQ(lease.frequency(), 981);
 }
 
+TEST_F(UnitLeaseTest, GivesTheUnitBackOnTheStationThatWasPickedMeanwhileOnce) {
+    ASSERT_TRUE(lease.take());
+    lease.returnTo({1013, 0});
+    lease.returnTo({1025.5, 3});
+    EXPECT_THAT(bench.take(), IsEmpty()) << "the unit is still in use";
+    lease.giveBack(UnitLease::Back::LeftRight);
+    EXPECT_THAT(bench.take(), ElementsAre("mode L and R", "move to 1025.5, memory 3"));
+    ASSERT_TRUE(lease.take());
+    lease.giveBack(UnitLease::Back::AsStored);
+    EXPECT_THAT(bench.take(), Contains("driver HM_Normal(981, 0, 0, 0, 0)"));
+}
+
 TEST_F(UnitLeaseTest, GivesTheUnitBackAsItIsStoredOrInLeftAndRight) {
     ASSERT_TRUE(lease.take());
     lease.tuneFor(AudioMode::SumDifference);

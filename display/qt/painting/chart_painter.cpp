@@ -34,6 +34,7 @@ class ChartPaint {
         painter_.setClipRect(plot_, Qt::IntersectClip);
         for (int column = 1; column <= chart_.columnCount(); ++column) {
             if (chart_.style == Chart::Style::Bars) {
+                drawEarlier(column);
                 drawBars(column);
             } else {
                 drawCurve(column);
@@ -80,17 +81,34 @@ class ChartPaint {
         hairline(plot_.bottomLeft(), plot_.bottomRight());
     }
 
-    void drawBars(int column) {
+    struct Bar {
+        int row, column;
+        double value;
+        double share;  ///< of its place in the row
+    };
+    void drawBar(const Bar& bar, const QColor& colour) {
+        // A value below the scale gets no bar, rather than one that hangs down from it.
+        if (bar.value <= chart_.lowest) return;
         const qreal width =
-            plot_.width() / std::max(chart_.rowCount(), 1) * chart_.barWidth() * Chart::kBarFill;
+            plot_.width() / std::max(chart_.rowCount(), 1) * chart_.barWidth() * bar.share;
+        const qreal middle = x(chart_.barMiddle(bar.row, bar.column));
+        painter_.fillRect(QRectF(QPointF(middle - width / 2, y(bar.value)),
+                                 QPointF(middle + width / 2, plot_.bottom())),
+                          colour);
+    }
+
+    void drawBars(int column) {
         for (int row = 1; row <= chart_.rowCount(); ++row) {
-            const auto value = chart_.valueAt(row, column);
-            // A value below the scale gets no bar, rather than one that hangs down from it.
-            if (!value || *value <= chart_.lowest) continue;
-            const qreal middle = x(chart_.barMiddle(row, column));
-            painter_.fillRect(QRectF(QPointF(middle - width / 2, y(*value)),
-                                     QPointF(middle + width / 2, plot_.bottom())),
-                              colourOf(column));
+            if (const auto value = chart_.valueAt(row, column))
+                drawBar({row, column, *value, Chart::kBarFill}, colourOf(column));
+        }
+    }
+
+    /// Shadows fill the whole place of a bar, so that they are seen beside one that is as high.
+    void drawEarlier(int column) {
+        for (int row = 1; row <= chart_.rowCount(); ++row) {
+            if (const auto value = chart_.earlierAt(row, column))
+                drawBar({row, column, *value, 1}, ink_.shadow);
         }
     }
 
@@ -146,8 +164,9 @@ class ChartPaint {
 }  // namespace
 
 ChartInk ChartInk::of(const Control& drawing) {
-    if (standsOnLight(drawing)) return {Qt::white, QColor(kPaperLine), QColor(kLitText)};
-    return {QColor(kWellBottom), QColor(kWellRim), QColor(kText)};
+    if (standsOnLight(drawing))
+        return {Qt::white, QColor(kPaperLine), QColor(kLitText), QColor(kPlateTop)};
+    return {QColor(kWellBottom), QColor(kWellRim), QColor(kText), QColor(kChartShadow)};
 }
 
 void paintChart(QPainter& painter, const Chart& chart, const QRectF& box, qreal unit) {

@@ -11,7 +11,7 @@ namespace display::qt {
 
 /// The colours of a chart or a plot: on the dark well of a window, or on white paper.
 struct ChartInk {
-    QColor ground, line, words;
+    QColor ground, line, words, shadow;
     static ChartInk of(const Control& drawing);
 };
 

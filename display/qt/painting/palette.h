@@ -22,6 +22,8 @@ inline constexpr QRgb kWellBottom = 0xff050709;
 inline constexpr QRgb kWellRim = 0xff2f363f;
 inline constexpr QRgb kPlateTop = 0xffd9dee5;
 inline constexpr QRgb kPlateBottom = 0xffbdc5cf;
+/// An earlier value behind a bar.
+inline constexpr QRgb kChartShadow = 0xff56606d;
 /// Grid lines on white paper.
 inline constexpr QRgb kPaperLine = 0xffbcc3cb;
 inline constexpr QRgb kKeyTop = 0xff3a424d;

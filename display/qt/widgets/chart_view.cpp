@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QToolTip>
+#include <algorithm>
 #include <cmath>
 
 #include "display/qt/accessibility/arrow_focus.h"
@@ -35,12 +36,18 @@ class FocusRing final : public QWidget {
 
 }  // namespace
 
-ChartView::ChartView(Chart& chart, QWidget* parent)
-    : QWidget(parent), chart_(chart), plot_(new QCustomPlot(this)), ring_(new FocusRing(this)) {
+ChartView::ChartView(Hand& hand, Chart& chart, QWidget* parent)
+    : QWidget(parent),
+      hand_(hand),
+      chart_(chart),
+      plot_(new QCustomPlot(this)),
+      marks_(new ReadingLayer(chart, this)),
+      ring_(new FocusRing(this)) {
     setFocusPolicy(Qt::NoFocus);
     plot_->setFocusPolicy(Qt::NoFocus);
     dress();
-    connect(plot_, &QCustomPlot::mouseMove, this, &ChartView::tellValue);
+    connect(plot_, &QCustomPlot::mouseMove, this, &ChartView::pointerMoved);
+    connect(plot_, &QCustomPlot::mousePress, this, &ChartView::pointerPressed);
 }
 
 void ChartView::dress() {
@@ -77,6 +84,7 @@ QColor ChartView::colourOf(int column) const {
 void ChartView::resizeEvent(QResizeEvent*) {
     plot_->setGeometry(rect());
     layOut();
+    marks_->sync();
     showRing();
 }
 
@@ -90,19 +98,53 @@ void ChartView::showRing() {
 void ChartView::focusInEvent(QFocusEvent* event) {
     QWidget::focusInEvent(event);
     showRing();
+    if (!cameByTab(*event)) return;
+    const Chart::Cell cell = chart_.chosen;
+    std::optional<Place> at;
+    if (cell.row > 0) at = chart_.placeOf(chart_.barMiddle(cell.row, cell.column), chart_.highest);
+    marks_->begin(at);
 }
 
 void ChartView::focusOutEvent(QFocusEvent* event) {
     QWidget::focusOutEvent(event);
     showRing();
+    marks_->leave();
+}
+
+void ChartView::leaveEvent(QEvent*) {
+    marks_->leave();
+}
+
+void ChartView::pointerMoved(QMouseEvent* event) {
+    if (marks_->any()) {
+        marks_->point(event->position());
+    } else {
+        tellValue(event);
+    }
+}
+
+void ChartView::pointerPressed(QMouseEvent* event) {
+    if (!marks_->any()) return;
+    marks_->point(event->position());
+    if (event->button() == Qt::RightButton) marks_->fix();
+    if (event->button() == Qt::LeftButton) pickMarked();
+}
+
+bool ChartView::pickMarked() {
+    const auto row = marks_->row();
+    if (!chart_.onPick || !row) return false;
+    hand_.pick(chart_, *row);
+    return true;
 }
 
 bool ChartView::event(QEvent* event) {
-    // Arrow keys move the focus out of a chart, as Tab does.
-    if (event->type() == QEvent::KeyPress &&
-        moveFocusByArrow(*this, static_cast<QKeyEvent*>(event)->key()))
+    if (event->type() != QEvent::KeyPress) return QWidget::event(event);
+    const auto& pressed = static_cast<QKeyEvent&>(*event);
+    if (marks_->key(pressed)) return true;
+    if ((pressed.key() == Qt::Key_Return || pressed.key() == Qt::Key_Enter) && pickMarked())
         return true;
-    return QWidget::event(event);
+    // Arrow keys that the marks do not use move the focus out of a chart, as Tab does.
+    return moveFocusByArrow(*this, pressed.key()) || QWidget::event(event);
 }
 
 void ChartView::layOut() {
@@ -153,6 +195,41 @@ void ChartView::drawBars() {
     }
 }
 
+/// Shadows fill the whole place of a bar, so that they are seen beside one that is as high.
+void ChartView::drawEarlier() {
+    auto* shadows = new QCPBars(plot_->xAxis, plot_->yAxis);
+    shadows->setWidth(chart_.barWidth());
+    shadows->setBaseValue(chart_.lowest);
+    shadows->setPen(Qt::NoPen);
+    shadows->setBrush(ChartInk::of(chart_).shadow);
+    for (int row = 1; row <= chart_.rowCount(); ++row) {
+        for (int column = 1; column <= chart_.columnCount(); ++column) {
+            const auto value = chart_.earlierAt(row, column);
+            if (!value || *value <= chart_.lowest) continue;
+            shadows->addData(chart_.barMiddle(row, column), *value - chart_.lowest);
+        }
+    }
+}
+
+void ChartView::drawChosen() {
+    const Chart::Cell cell = chart_.chosen;
+    if (cell.row < 1) return;
+    const double value = chart_.valueAt(cell.row, cell.column).value_or(chart_.lowest);
+    // Stands on the bar, in pixels at the natural size.
+    const double unit = 10 * scale();
+    QPainterPath triangle;
+    triangle.addPolygon(QPolygonF{{-7 * unit, -13 * unit}, {7 * unit, -13 * unit}, {0, -2 * unit}});
+    triangle.closeSubpath();
+    QCPGraph* pointer = plot_->addGraph();
+    pointer->setLineStyle(QCPGraph::lsNone);
+    // Where a style has no pen, the graph's own draws its edge.
+    pointer->setPen(Qt::NoPen);
+    // A path of one's own is scaled by a sixth of the style's size.
+    pointer->setScatterStyle(QCPScatterStyle(triangle, Qt::NoPen, QColor(kFocus), 6));
+    pointer->addData(chart_.barMiddle(cell.row, cell.column),
+                     std::clamp(value, double{chart_.lowest}, double{chart_.highest}));
+}
+
 void ChartView::drawCurves() {
     for (int column = 1; column <= chart_.columnCount(); ++column) {
         QCPGraph* graph = plot_->addGraph();
@@ -193,11 +270,14 @@ void ChartView::sync() {
     if (chart_.style == Chart::Style::Bars) {
         // Bars and grid lines are not antialiased: that costs time and blurs their edges.
         plot_->setNotAntialiasedElements(QCP::aeAll);
+        drawEarlier();
         drawBars();
+        drawChosen();
     } else {
         drawCurves();
     }
     plot_->replot(QCustomPlot::rpQueuedReplot);
+    marks_->sync();
 }
 
 void ChartView::tellValue(QMouseEvent* event) {

@@ -4,7 +4,9 @@
 #include <QWidget>
 
 #include "display/chart.h"
+#include "display/hand.h"
 #include "display/qt/widgets/control_widget.h"
+#include "display/qt/widgets/reading_layer.h"
 
 class QCustomPlot;
 class QMouseEvent;
@@ -12,11 +14,12 @@ class QMouseEvent;
 namespace display::qt {
 
 /// A chart by row and column: bars side by side for each row, or a curve for each column. The form
-/// draws scale and legend; the plot fits the chart's insets, so that they meet. A tool tip shows
-/// the value under the pointer.
+/// draws scale and legend; the plot fits the chart's insets, so that they meet. A reader's marks
+/// show the value under the pointer; a chart that does not tell where its numbers stand shows it in
+/// a tool tip.
 class ChartView final : public QWidget, public ControlWidget {
  public:
-    ChartView(Chart& chart, QWidget* parent);
+    ChartView(Hand& hand, Chart& chart, QWidget* parent);
     QWidget& widget() override { return *this; }
     void sync() override;
 
@@ -24,6 +27,7 @@ class ChartView final : public QWidget, public ControlWidget {
     void resizeEvent(QResizeEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     bool event(QEvent* event) override;
 
  private:
@@ -34,14 +38,21 @@ class ChartView final : public QWidget, public ControlWidget {
     void layOut();
     void labelRows();
     void writeNote();
+    void drawEarlier();
+    void drawChosen();
+    void pointerMoved(QMouseEvent* event);
+    void pointerPressed(QMouseEvent* event);
+    bool pickMarked();
     void tellValue(QMouseEvent* event);
     void showRing();
     QColor colourOf(int column) const;
     /// Logical pixels for a unit of the chart's box.
     double scale() const;
 
+    Hand& hand_;
     Chart& chart_;
     QCustomPlot* plot_;
+    ReadingLayer* marks_;
     QWidget* ring_;  ///< over the plot, while it has the focus
 };
 

@@ -139,29 +139,6 @@ void PictureKeyWidget::hideEvent(QHideEvent* event) {
     QAbstractButton::hideEvent(event);
 }
 
-PictureBoxWidget::PictureBoxWidget(QtDesktop& desktop, PictureBox& box, QWidget* parent)
-    : QWidget(parent), desktop_(desktop), box_(box) {
-    setFocusPolicy(focusPolicyOf(box));
-}
-
-void PictureBoxWidget::paintEvent(QPaintEvent*) {
-    if (!hasFocus() || !desktop_.keyboardUsed()) return;
-    QPainter painter(this);
-    paintFocusRing(painter, rect());
-}
-
-void PictureBoxWidget::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton) desktop_.hand().doubleClick(box_);
-}
-
-void PictureBoxWidget::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        desktop_.hand().doubleClick(box_);
-    } else {
-        event->ignore();
-    }
-}
-
 KeyWidget::KeyWidget(QtDesktop& desktop, Key& key, QWidget* parent)
     : QAbstractButton(parent), desktop_(desktop), key_(key) {
     connect(this, &QAbstractButton::clicked, this, [this] { desktop_.hand().click(key_); });

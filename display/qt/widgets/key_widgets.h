@@ -47,24 +47,6 @@ class PictureKeyWidget final : public QAbstractButton, public ControlWidget {
     QShortcut* shortcut_ = nullptr;  ///< owned by the widget
 };
 
-/// The input of a picture box: a double click, or Enter.
-class PictureBoxWidget final : public QWidget, public ControlWidget {
- public:
-    PictureBoxWidget(QtDesktop& desktop, PictureBox& box, QWidget* parent);
-    QWidget& widget() override { return *this; }
-    void sync() override {}
-
- protected:
-    void paintEvent(QPaintEvent* event) override;
-    void mousePressEvent(QMouseEvent*) override {}
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-
- private:
-    QtDesktop& desktop_;
-    PictureBox& box_;
-};
-
 /// A push button with a caption.
 class KeyWidget final : public QAbstractButton, public ControlWidget {
  public:

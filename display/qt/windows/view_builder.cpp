@@ -5,9 +5,11 @@
 #include "display/qt/widgets/key_widgets.h"
 #include "display/qt/widgets/list_widgets.h"
 #include "display/qt/widgets/page_preview_widget.h"
+#include "display/qt/widgets/picture_box_widget.h"
 #include "display/qt/widgets/plot_widget.h"
 #include "display/qt/widgets/scroll_bar_widget.h"
 #include "display/qt/widgets/text_field_widget.h"
+#include "display/qt/windows/qt_desktop.h"
 
 namespace display::qt {
 
@@ -31,7 +33,7 @@ void ViewBuilder::visit(Picture& picture) {
 
 void ViewBuilder::visit(PictureBox& box) {
     painted = paintedDrawing(box);
-    if (box.interactive()) widget = new PictureBoxWidget(desktop_, box, &parent_);
+    if (box.interactive() || box.numbers) widget = new PictureBoxWidget(desktop_, box, &parent_);
 }
 
 void ViewBuilder::visit(Key& key) {
@@ -59,7 +61,7 @@ void ViewBuilder::visit(Tabs& tabs) {
     widget = new TabsWidget(desktop_, tabs, &parent_);
 }
 void ViewBuilder::visit(Chart& chart) {
-    widget = new ChartView(chart, &parent_);
+    widget = new ChartView(desktop_.hand(), chart, &parent_);
 }
 
 void ViewBuilder::visit(PagePreview& preview) {

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "display/control.h"
+#include "display/number_table.h"
+
+namespace display {
+
+/// Two marks by which a reader takes numbers off a drawing: one that follows the pointer or the
+/// arrow keys, and a fixed one from which the difference is told. They know the drawing by its
+/// numbers alone (`Control::numbers`) and change nothing of it. Places are in the units of the
+/// drawing's container, from its upper left corner.
+class ReadingMarks {
+ public:
+    explicit ReadingMarks(const Control& drawing) : drawing_(drawing) {}
+
+    enum class Step { Left, Right, Up, Down, FarLeft, FarRight, First, Last };
+
+    /// Whether there is a number to be read.
+    bool any();
+
+    /// Goes to the number nearest to that place: first by its distance sideways.
+    void point(Place at);
+    /// Goes one number on, ten with a far step; Up and Down between numbers that stand over one
+    /// another. Without a mark yet, to the first number. False where no number lies in that
+    /// direction.
+    bool step(Step step);
+    /// Fixes a second mark where the moving one stands; removes it where it already stands there.
+    void fix();
+    /// Takes the moving mark away; the fixed one stays.
+    void leave() { at_.reset(); }
+    void clear();
+
+    /// Where the marks stand now; none without them, or when their number is gone.
+    std::optional<Place> at();
+    std::optional<Place> fixedAt();
+    /// The row of the moving mark in the table.
+    std::optional<std::size_t> row();
+    /// The table's numbers of both marks and their difference, a line each; empty without a moving
+    /// mark.
+    std::vector<std::string> lines();
+
+ private:
+    using Spot = NumberTable::Spot;
+    void refresh();
+    Place placeOf(const Spot& spot) const { return drawing_.placeOf(spot.x, spot.y); }
+    /// The spot of a mark in the table as it is now. A drawing that goes on keeps its marks where
+    /// they stand: at the same place sideways and in the same column.
+    const Spot* spotOf(const std::optional<Spot>& mark) const;
+    std::optional<Place> shown(const std::optional<Spot>& mark);
+    const Spot* beside(const Spot& from, bool toTheRight) const;
+    const Spot* over(const Spot& from, bool upward) const;
+    const Spot* outermost(bool last) const;
+    bool go(const Spot* to);
+
+    const Control& drawing_;
+    NumberTable table_;
+    std::optional<std::uint64_t> read_;  ///< revision of the drawing whose numbers these are
+    std::optional<Spot> at_, fixed_;
+};
+
+}  // namespace display

@@ -1,0 +1,229 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A reader's marks stand where the drawing painted the number that they tell; what the band scanner
+// paints beside its bars.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "analyses/response_curve.h"
+#include "core/numbers.h"
+#include "display/number_table.h"
+#include "display/qt/painting/palette.h"
+#include "tests/display/qt/form_picture.h"
+#include "tests/support/rack_bench.h"
+
+namespace hmonitor::test {
+namespace {
+
+using display::NumberTable;
+using display::qt::FormPicture;
+using display::qt::inkBox;
+using display::qt::kChartShadow;
+using display::qt::kFocus;
+using display::qt::qColour;
+
+/// A grabbed picture begins up to a pixel beside the control's box.
+constexpr double kSlack = 1.6;
+
+/// Where a spot of a drawing is in the picture.
+QPointF pixelOf(const FormPicture& picture, const display::Control& drawing,
+                const NumberTable::Spot& spot) {
+    const QRect box = picture.boxOf(drawing);
+    const double perTwip = box.height() / double{drawing.height};
+    const display::Place place = drawing.placeOf(spot.x, spot.y);
+    return {box.left() + place.x * perTwip, box.top() + place.y * perTwip};
+}
+
+/// The upper end of what is painted in a colour right below and above a point.
+double topAt(const QImage& image, const QRect& box, QPointF point, const QColor& colour) {
+    const QRect strip(static_cast<int>(point.x()), box.top(), 1, box.height());
+    const QRect ink = inkBox(image, strip, colour);
+    return ink.isEmpty() ? -1000 : ink.top();
+}
+
+class MarksOfTheScan : public testing::Test {
+ protected:
+    MarksOfTheScan() {
+        bench.write("scan.dat", lines(std::vector<std::string>(103, "60")));
+        bench.start();
+        scanner.load();
+        bench.driver.spectrum[881.f] = 83;
+        scanner.Option_Pares.choose();
+        scanner.Option_Impares.choose();
+        bench.settle();
+        picture = std::make_unique<FormPicture>(scanner);
+    }
+    RackBench bench;
+    Form_BandSCanner& scanner = bench.forms.formBandSCanner;
+    std::unique_ptr<FormPicture> picture;
+};
+
+TEST_F(MarksOfTheScan, StandOnTheBars) {
+    const NumberTable table = scanner.Graph1.numbers();
+    ASSERT_EQ(table.spots.size(), table.rows.size());
+    const QImage image = picture->taken();
+    const QRect view = picture->boxOf(scanner.ChartView);
+    int seen = 0;
+    for (const NumberTable::Spot& spot : table.spots) {
+        const QPointF at = pixelOf(*picture, scanner.Graph1, spot);
+        if (!view.contains(at.toPoint()) || spot.y <= 31) continue;
+        const int column = static_cast<int>(
+            std::lround((spot.x - std::floor(spot.x + 0.5)) / scanner.Graph1.barWidth() + 3));
+        const QColor colour = qColour(scanner.Graph1.seriesColourAt(column));
+        EXPECT_NEAR(topAt(image, view, at, colour), at.y(), kSlack) << table.rows[spot.row][0];
+        ++seen;
+    }
+    EXPECT_GT(seen, 0);
+}
+
+TEST_F(MarksOfTheScan, TheEarlierLevelIsAShadowBehindTheBar) {
+    display::Chart& chart = scanner.Graph1;
+    const auto at = [&](double level) {
+        return pixelOf(*picture, chart, {0, 1, chart.barMiddle(4, 2), level}).toPoint();
+    };
+    chart.row = 4;
+    chart.column = 2;
+    chart.data("50");
+    chart.earlier(4, 2, 80);
+    QImage image = picture->taken();
+    EXPECT_EQ(image.pixelColor(at(79)), QColor(kChartShadow));
+    EXPECT_EQ(image.pixelColor(at(52)), QColor(kChartShadow));
+    EXPECT_EQ(image.pixelColor(at(48)), qColour(chart.seriesColourAt(2)));
+    EXPECT_NE(image.pixelColor(at(82)), QColor(kChartShadow));
+    // A bar that is higher hides it but for its edges.
+    chart.data("90");
+    image = picture->taken();
+    EXPECT_EQ(image.pixelColor(at(79)), qColour(chart.seriesColourAt(2)));
+    const QRect place(at(75) - QPoint(20, 0), QSize(40, 1));
+    EXPECT_FALSE(inkBox(image, place, QColor(kChartShadow)).isEmpty());
+    chart.clearEarlier();
+    image = picture->taken();
+    EXPECT_TRUE(inkBox(image, place, QColor(kChartShadow)).isEmpty());
+}
+
+TEST_F(MarksOfTheScan, APointerStandsOnTheChosenBar) {
+    display::Chart& chart = scanner.Graph1;
+    chart.chosen = {};
+    const QRect view = picture->boxOf(scanner.ChartView);
+    EXPECT_TRUE(inkBox(picture->taken(), view, QColor(kFocus)).isEmpty());
+    chart.row = 4;
+    chart.column = 2;
+    chart.data("50");
+    chart.chosen = {4, 2};
+    const QRect pointer = inkBox(picture->taken(), view, QColor(kFocus));
+    const QPointF top = pixelOf(*picture, chart, {0, 1, chart.barMiddle(4, 2), 50});
+    ASSERT_FALSE(pointer.isEmpty());
+    EXPECT_NEAR(QRectF(pointer).center().x(), top.x(), kSlack);
+    EXPECT_LT(pointer.bottom(), top.y() + 1);
+    EXPECT_GT(pointer.bottom(), top.y() - 6);
+}
+
+TEST_F(MarksOfTheScan, TheWholeBandIsInViewByItsKey) {
+    display::Chart& chart = scanner.Graph1;
+    for (const int row : {1, 21}) {
+        chart.row = row;
+        chart.column = 3;
+        chart.data("90");
+    }
+    scanner.KeyWhole.press();
+    const QImage image = picture->taken();
+    const QRect view = picture->boxOf(scanner.ChartView);
+    for (const int row : {1, 21}) {
+        const QPointF top = pixelOf(*picture, chart, {0, 1, chart.barMiddle(row, 3), 90});
+        EXPECT_TRUE(view.contains(top.toPoint())) << row;
+        EXPECT_NEAR(topAt(image, view, top, qColour(chart.seriesColourAt(3))), top.y(), kSlack);
+    }
+}
+
+TEST(MarksOfTheResponse, StandOnTheCurve) {
+    RackBench bench;
+    bench.start();
+    Form_Dd3& window = bench.forms.formDd3;
+    ResponsePairs pairs;
+    pairs.frequency = {30, 125, 400, 1000, 4000, 8000, 12000, 15000};
+    pairs.level = {-120, -75, -30, 0, 12, 50, 100, 140};
+    ResponseCurve::of(pairs).show(window.Graph1);
+    FormPicture picture(window);
+    const QImage image = picture.taken();
+    const NumberTable table = window.Graph1.numbers();
+    ASSERT_EQ(table.spots.size(), 8u);
+    for (const NumberTable::Spot& spot : table.spots) {
+        const QPointF at = pixelOf(picture, window.Graph1, spot);
+        const QRect near(at.toPoint() - QPoint(3, 6), QSize(6, 12));
+        const QRect ink = inkBox(image, near, qColour(window.Graph1.seriesColourAt(1)));
+        ASSERT_FALSE(ink.isEmpty()) << spot.row;
+        EXPECT_NEAR(QRectF(ink).center().y(), at.y(), 2 * kSlack) << spot.row;
+    }
+}
+
+TEST(MarksOfTheChannelSpectrum, StandOnTheBars) {
+    RackBench bench;
+    bench.start();
+    Form_D1& window = bench.forms.formD1;
+    std::vector<std::string> file{"9", "25", "98"};
+    for (int i = 0; i < 9; ++i) file.push_back(shortText(i == 4 ? 0 : 5 * i + 2).str());
+    file.emplace_back();
+    bench.write("0981.spc", lines(file));
+    window.unload();
+    window.load();
+    FormPicture picture(window);
+    const QImage image = picture.taken();
+    const NumberTable table = window.Picture1.numbers();
+    ASSERT_EQ(table.spots.size(), 9u);
+    for (const NumberTable::Spot& spot : table.spots) {
+        const QPointF at = pixelOf(picture, window.Picture1, spot);
+        const QColor colour = spot.row == 4 ? QColor(255, 0, 0) : QColor(0, 192, 0);
+        EXPECT_NEAR(topAt(image, picture.boxOf(window.Picture1), at, colour), at.y(), kSlack)
+            << spot.row;
+    }
+    EXPECT_TRUE(window.Picture2.numbers().spots.empty()) << "the numbers themselves";
+}
+
+TEST(MarksOfTheBandwidth, StandOnTheCurve) {
+    RackBench bench;
+    bench.start();
+    FormD1a& window = bench.forms.formD1a;
+    window.load();
+    window.Command1.press();
+    FormPicture picture(window);
+    const QImage image = picture.taken();
+    const NumberTable table = window.Picture1.numbers();
+    ASSERT_EQ(table.spots.size(), table.rows.size());
+    for (const NumberTable::Spot& spot : table.spots) {
+        const QPointF at = pixelOf(picture, window.Picture1, spot);
+        // The grid lies over the middle of the curve's corners.
+        const QRect near(at.toPoint() - QPoint(4, 9), QSize(9, 18));
+        EXPECT_FALSE(inkBox(image, near, QColor(255, 255, 16)).isEmpty()) << spot.row;
+    }
+}
+
+TEST(MarksOfTheSweep, StandOnTheBars) {
+    RackBench bench;
+    bench.start();
+    frmSpectrumAnalizer& window = bench.forms.formSpectrumAnalizer;
+    std::vector<std::string> sweep{"100", " 25", "87.975"};
+    for (int i = 0; i < 100; ++i) sweep.push_back(shortText(32 + i * 37 % 60).str());
+    window.load();
+    window.folder.write("Sweep.spc", lines(sweep));
+    window.ShowSpectrum_SpectralZoom("Sweep.spc");
+    window.Picture3d.visible = false;
+    window.PictureZoom.visible = true;
+    FormPicture picture(window);
+    const QImage image = picture.taken();
+    const NumberTable table = window.PictureZoom.numbers();
+    ASSERT_EQ(table.spots.size(), 100u);
+    const QRect view = picture.boxOf(window.PictureZoom);
+    int seen = 0;
+    for (const NumberTable::Spot& spot : table.spots) {
+        const QPointF at = pixelOf(picture, window.PictureZoom, spot);
+        if (!image.rect().contains(at.toPoint())) continue;
+        const double top = topAt(image, view & image.rect(), at, QColor(0, 192, 0));
+        if (top < 0) continue;  // under a panel
+        EXPECT_NEAR(top, at.y(), kSlack) << spot.row;
+        ++seen;
+    }
+    EXPECT_GT(seen, 20);
+}
+
+}  // namespace
+}  // namespace hmonitor::test
