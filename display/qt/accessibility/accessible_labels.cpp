@@ -47,16 +47,12 @@ class AccessibleLabel final : public QAccessibleInterface {
 
     QString text(QAccessible::Text kind) const override {
         if (!view_) return {};
-        if (kind == QAccessible::Name) {
-            const std::string_view name = control_.accessibleName();
-            return name.empty() ? caption() : qText(name);
-        }
+        if (kind == QAccessible::Name) return name();
         if (kind == QAccessible::Description) {
             return qText(control_.form().language == Language::Spanish ? control_.tip.spanish
                                                                        : control_.tip.english);
         }
-        if (kind != QAccessible::Value || !isMeasured(control_)) return {};
-        return control_.reading ? QString::fromStdString(control_.reading()) : caption();
+        return kind == QAccessible::Value ? value() : QString();
     }
 
     QRect rect() const override {
@@ -73,6 +69,18 @@ class AccessibleLabel final : public QAccessibleInterface {
     }
 
  private:
+    /// With the value behind it: AT-SPI hands on no value of what is no slider, so a screen reader
+    /// would say the name alone.
+    QString name() const {
+        const std::string_view name = control_.accessibleName();
+        if (name.empty()) return caption();
+        const QString said = value();
+        return said.isEmpty() ? qText(name) : qText(name) + QStringLiteral(": ") + said;
+    }
+    QString value() const {
+        if (!isMeasured(control_)) return {};
+        return control_.reading ? QString::fromStdString(control_.reading()) : caption();
+    }
     QString caption() const {
         const Label* label = asLabel(control_);
         return label ? qText(label->caption.get()) : QString();
@@ -176,10 +184,9 @@ void AccessibleLabels::announce() {
         if (isMeasured(*controls_[static_cast<std::size_t>(index)])) {
             QAccessibleValueChangeEvent event(label, label->text(QAccessible::Value));
             QAccessible::updateAccessibility(&event);
-        } else {
-            QAccessibleEvent event(label, QAccessible::NameChanged);
-            QAccessible::updateAccessibility(&event);
         }
+        QAccessibleEvent event(label, QAccessible::NameChanged);
+        QAccessible::updateAccessibility(&event);
     }
     toAnnounce_.clear();
 }

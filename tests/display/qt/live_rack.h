@@ -69,7 +69,9 @@ class LiveRack {
         QAccessibleInterface* last = nullptr;
         for (int i = 0; whole && i < whole->childCount(); ++i) {
             QAccessibleInterface* found = whole->child(i);
-            if (!found || found->text(QAccessible::Name) != name) continue;
+            if (!found) continue;
+            const QString said = found->text(QAccessible::Name);
+            if (said != name && said != name + ": " + found->text(QAccessible::Value)) continue;
             if (!found->text(QAccessible::Value).isEmpty()) return found;
             last = found;
         }

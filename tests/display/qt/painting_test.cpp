@@ -281,6 +281,8 @@ class Accessible : public Painting {
             QAccessibleInterface* found = form->child(i);
             if (!found) continue;
             if (found->text(QAccessible::Name) == name) return found;
+            // A figure is said behind its name.
+            if (found->text(QAccessible::Name).startsWith(name + ": ")) return found;
             if (found->text(QAccessible::Description) == name) return found;
         }
         return nullptr;
@@ -292,6 +294,7 @@ TEST_F(Accessible, Readout_HasNameAndValueInTheLanguageOfTheForm) {
     ASSERT_NE(readout, nullptr);
     sample->Label1.caption = "other words";
     EXPECT_EQ(child("Carrier deviation")->text(QAccessible::Value), "75.0");
+    EXPECT_EQ(child("Carrier deviation")->text(QAccessible::Name), "Carrier deviation: 75.0");
     sample->language = Language::Spanish;
     sample->LabelValue.caption = "74.5";
     ASSERT_NE(child("Desviacion de portadora"), nullptr);
