@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "app/arguments.h"
+#include "app/built_in_manual.h"
 #include "app/forms.h"
 #include "app/opened_driver.h"
 #include "app/recorded_history.h"
@@ -15,6 +16,7 @@
 #include "core/working_folder.h"
 #include "display/qt/windows/end_watch.h"
 #include "display/qt/windows/qt_desktop.h"
+#include "program/help_topic.h"
 #include "program/language.h"
 #include "startup/form3.h"
 #include "startup/form_wait_load.h"
@@ -70,6 +72,8 @@ int main(int argc, char** argv) {
     const hmonitor::Files files(folder);
     files.removeLeftovers();
     hmonitor::Files(folder / "Logs").removeLeftovers();
+    const hmonitor::Book manual(hmonitor::builtInManual(files, own));
+    desktop.book(manual, hmonitor::helpTopicOf);
     hmonitor::OpenedDriver driver(own);
 
     hmonitor::Program program(desktop, driver.library(), files);

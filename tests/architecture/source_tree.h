@@ -29,8 +29,9 @@ inline std::vector<SourceFile> readSourceFiles() {
     namespace fs = std::filesystem;
     const fs::path top = HMONITOR_SOURCE_DIR;
     std::vector<SourceFile> files;
-    for (const char* folder : {"app", "startup", "base", "core", "history", "program", "panels",
-                               "tuner", "analyses", "performance", "spectrum", "analyzer", "trends",
+    for (const char* folder : {"app", "startup", "base", "core", "history", "manual", "program",
+                               "panels", "tuner", "analyses", "performance", "spectrum", "analyzer",
+                               "trends",
                                "display", "drivers", "tests", "bench"}) {
         for (const auto& entry : fs::recursive_directory_iterator(top / folder)) {
             const std::string ending = entry.path().extension().string();

@@ -84,6 +84,7 @@ class FormView final : public QWidget {
 
     void build();
     void takeDrawingKeys();
+    void askHelp();
     const Control* focused() const;
     void orderTabs();
     void refresh(Item& item, std::vector<QRect>& dirty);

@@ -101,11 +101,29 @@ void FormView::keyPressEvent(QKeyEvent* event) {
             break;
         case Qt::Key_F1:
         case Qt::Key_Help:
-            desktop_.hand().help(form_);
+            askHelp();
             break;
         default:
             QWidget::keyPressEvent(event);
     }
+}
+
+/// What the pointer shows a tool tip of is meant, in whichever panel of the window it is; else what
+/// has the focus.
+void FormView::askHelp() {
+    const QPoint at = QCursor::pos();
+    for (QWidget* under = QApplication::widgetAt(at); under; under = under->parentWidget()) {
+        auto* view = dynamic_cast<FormView*>(under);
+        if (!view) continue;
+        if (view->window() != window()) break;
+        const Control* told = view->toldAt(view->mapFromGlobal(at));
+        if (!told) break;
+        desktop_.meanByHelp(view->form_, told);
+        desktop_.hand().help(form_);
+        return;
+    }
+    desktop_.meanByHelp(form_, focused());
+    desktop_.hand().help(form_);
 }
 
 const Control* FormView::focused() const {

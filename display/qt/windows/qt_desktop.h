@@ -23,6 +23,10 @@
 class QEventLoop;
 class QPrinter;
 
+namespace display {
+class HelpBook;
+}
+
 namespace display::qt {
 
 class FormView;
@@ -42,6 +46,14 @@ class QtDesktop : public Desktop, public CallBox {
     /// The forms that share the rack's window, the leading one first. Must be called before they
     /// are shown.
     void rack(std::vector<Form*> forms);
+
+    /// The topic of a form or of one of its controls (null for the form).
+    using HelpTopic = std::function<std::string(const Form&, const Control*)>;
+    /// What the help key opens; it outlives the desktop's windows. Without one there is no help.
+    void book(const HelpBook& book, HelpTopic topicOf) {
+        book_ = &book;
+        topicOf_ = std::move(topicOf);
+    }
 
     /// Calls `start`, then handles events until the program ends or, without a rack, until the last
     /// window is closed. Returns the exit status.
@@ -96,6 +108,11 @@ class QtDesktop : public Desktop, public CallBox {
     void displayLost();
 
     // The interface for windows and widgets.
+
+    /// What the next call for help is on.
+    void meanByHelp(const Form& form, const Control* control) {
+        if (topicOf_) helpOn_ = topicOf_(form, control);
+    }
 
     /// The user's input. Posted input is handled as soon as the current Qt event has returned.
     Hand& hand();
@@ -197,6 +214,9 @@ class QtDesktop : public Desktop, public CallBox {
     Phase phase_ = Phase::Idle;
     std::unique_ptr<RackWindow> rack_;
     std::map<const Form*, std::unique_ptr<FormWindow>> windows_;
+    const HelpBook* book_ = nullptr;
+    HelpTopic topicOf_;
+    std::string helpOn_;
     std::unique_ptr<HelpWindow> help_;
     std::vector<Form*> modals_;
     FocusKeeper focus_;
