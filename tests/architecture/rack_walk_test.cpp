@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "program/form_list.h"
 #include "tests/architecture/form_walk.h"
 #include "tests/architecture/recorded_form.h"
 #include "tests/support/rack_bench.h"
@@ -41,13 +42,17 @@ constexpr const char* kMeant[] = {
     "Form_bSetMemories.Options reaches out of its form",
 };
 
+#define HMONITOR_COUNT(form, name) +1
+constexpr std::size_t kForms = 0 HMONITOR_EACH_FORM(HMONITOR_COUNT);
+#undef HMONITOR_COUNT
+
 /// The form walk over every window of the program, in the language of the parameter.
 class RackWalk : public testing::TestWithParam<int> {};
 
 TEST_P(RackWalk, FindsNothingWrongWithAnyWindow) {
     RackBench bench(GetParam());
     bench.start();
-    ASSERT_EQ(bench.desktop.forms().size(), 25u);
+    ASSERT_EQ(bench.desktop.forms().size(), kForms);
     for (display::Form* form : bench.desktop.forms()) {
         form->load();
         std::vector<std::string> faults = faultsOf(*form);

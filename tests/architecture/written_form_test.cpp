@@ -1,38 +1,39 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The window of docs/writing-a-form.md, as the page has it.
+// The window of docs/writing-a-form.md. The page's own test is compiled beside this.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "core/numbers.h"
-#include "program/look.h"
-#include "program/make_form.h"
-#include "program/program_form.h"
 #include "tests/architecture/form_walk.h"
-#include "tests/support/rack_bench.h"
-
-namespace hmonitor {
-// NOLINTNEXTLINE(bugprone-suspicious-include)
-#include "written_form.inc"
-}  // namespace hmonitor
+#include "tests/architecture/page_bench.h"
 
 namespace hmonitor::test {
 namespace {
 
-TEST(WrittenForm, CountsEachTickOver100Percent) {
-    RackBench bench;
-    FormOvers form(bench.program);
-    bench.readings.peakModulation = 101;
-    form.show();
-    bench.advance(std::chrono::milliseconds(250));
-    EXPECT_EQ(form.Label_Overs.caption, "2");
+TEST(WrittenForm, CountsNoTickOf100Percent) {
+    PageBench bench;
     bench.readings.peakModulation = 100;
+    bench.program.FormOfPage->show();
     bench.advance(std::chrono::milliseconds(250));
-    EXPECT_EQ(form.Label_Overs.caption, "2");
+    EXPECT_EQ(bench.program.FormOfPage->Label_Overs.caption, "0");
+}
+
+TEST(WrittenForm, BeginsAgainWhenItIsShownAgain) {
+    PageBench bench;
+    auto& form = bench.program.FormOfPage;
+    bench.readings.peakModulation = 101;
+    form->show();
+    bench.advance(std::chrono::milliseconds(250));
+    form->Command1.press();
+    EXPECT_FALSE(form.peek().loaded());
+    form->show();
+    EXPECT_EQ(form->Label_Overs.caption, "0");
+    bench.advance(std::chrono::milliseconds(150));
+    EXPECT_EQ(form->Label_Overs.caption, "1");
 }
 
 TEST(WrittenForm, IsLaidOutWithoutAFault) {
-    RackBench bench;
-    FormOvers form(bench.program);
+    PageBench bench;
+    hmonitor::FormOfPage& form = *bench.program.FormOfPage;
     form.show();
     EXPECT_THAT(faultsOf(form), testing::IsEmpty());
     form.cancelKey()->press();
