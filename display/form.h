@@ -13,6 +13,13 @@ namespace display {
 
 enum class WindowState { Normal, Minimised };
 
+/// A key of the keyboard's row of digits, whatever the layout writes with it.
+struct DigitKey {
+    int place = 1;  ///< from the left: 1 to 9, and 10 for the key of 0
+    bool shift = false;
+    bool operator==(const DigitKey&) const = default;
+};
+
 /// Initialised first: the properties of the form and its controls count with it.
 struct FormClock {
     std::uint64_t ticks_ = 0;
@@ -54,6 +61,8 @@ class Form : private FormClock, public Revised {
     virtual bool raisesResizeAtShow() const { return false; }
     /// Called after each show of a form that was hidden.
     virtual void activated() {}
+    /// Called on the rack's first panel for a key that no control of the rack uses.
+    virtual void digitPressed(DigitKey) {}
 
     /// It only looks on: its input passes while a run holds the thread.
     bool looksOn = false;

@@ -325,6 +325,12 @@ void Hand::help(Form& form) {
     post(form, [&form] { form.desktop().showHelp(form.desktop().helpFile); });
 }
 
+void Hand::digit(Form& form, DigitKey key) {
+    // As a click on a key of the form: a run and a window over it hold it back.
+    desktop_.queue().post(
+        {Input::Kind::Control, &form, nullptr, [&form, key] { form.digitPressed(key); }});
+}
+
 void Hand::copyPicture(Control& drawing) {
     post(drawing, [&drawing] { display::copyPicture(drawing); });
 }

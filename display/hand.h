@@ -84,6 +84,7 @@ class Hand {
     void close(Form& form);
     void unfold(Form& form);
     void help(Form& form);
+    void digit(Form& form, DigitKey key);
 
     // Drawings; see drawing_export.h.
     void copyPicture(Control& drawing);

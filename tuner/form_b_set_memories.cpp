@@ -10,6 +10,7 @@
 #include "program/report_fault.h"
 #include "tuner/memory_entry.h"
 #include "tuner/preset_look.h"
+#include "tuner/preset_words.h"
 
 namespace hmonitor {
 
@@ -155,8 +156,21 @@ void Form_bSetMemories::Command2() {
         Command3(memoryUnits, number % 10);
     }
     Label_Selected.caption = selectedText(language, none ? 0 : number);
+    markSelected();
+}
+
+void Form_bSetMemories::markSelected() {
     for (int memory = 1; memory <= kMemories; ++memory) {
-        presets[memory].lit = memory == selected();
+        const bool marked = memory == selected();
+        presets[memory].lit = marked;
+        const display::Colour colour = marked ? display::kWhite : look::kScaleColour;
+        const display::Font font{look::kCaption.size,
+                                 marked ? display::Weight::Bold : display::Weight::Normal};
+        for (display::Label* label :
+             {&ListNumber[memory], &ListName[memory], &ListFrequency[memory]}) {
+            label->colour = colour;
+            label->font = font;
+        }
     }
 }
 
@@ -167,11 +181,28 @@ void Form_bSetMemories::Command3(SegmentDigit& place, int digit) {
 void Form_bSetMemories::Command5() {
     const hmonitor::MemoryBlock block = readBlock();
     for (int memory = 1; memory <= kMemories; ++memory) {
-        const bool empty = block.isEmpty(memory);
-        presets[memory].colour = empty ? preset_look::kEmpty : preset_look::kStored;
-        presets[memory].says = empty ? emptyPresetName(memory) : presetName(memory);
-        presets[memory].tip = empty ? preset_look::kEmptyTip : preset_look::kStoredTip;
+        presets[memory].colour = block.isEmpty(memory) ? preset_look::kEmpty : preset_look::kStored;
+        listMemory(block, memory);
     }
+}
+
+void Form_bSetMemories::listMemory(const hmonitor::MemoryBlock& block, int memory) {
+    StoredPreset preset;
+    if (!block.isEmpty(memory)) {
+        const std::string name = block.name(memory);
+        preset.name = withoutTrailingBlanks(name);
+        preset.megahertz = megahertzText(block.frequency(memory));
+    }
+    ListName[memory].caption = preset.name;
+    ListFrequency[memory].caption = preset.megahertz;
+    display::Key& key = presets[memory];
+    key.says = block.isEmpty(memory) ? emptyPresetName(memory) : presetName(memory);
+    PresetTip& tip = presetTips_[static_cast<std::size_t>(memory)];
+    PresetTip now = presetTip(memory, preset);
+    if (now == tip && *key.tip.english != 0) return;
+    tip = std::move(now);
+    key.tip = tip.words();
+    key.touch();
 }
 
 void Form_bSetMemories::changeWidth() {

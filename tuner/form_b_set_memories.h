@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <array>
 #include <optional>
 
 #include "core/memory_block.h"
 #include "display/controls/text_field.h"
 #include "display/family.h"
 #include "program/program_form.h"
+#include "tuner/preset_words.h"
 
 namespace hmonitor {
 
@@ -37,6 +39,11 @@ class Form_bSetMemories final : public ProgramForm {
     display::Label Label_Selected{*this, "Label_Selected"};
     display::Family<display::Key, kMemories, 1> presets{*this,
                                                         "SSCommand#"};  ///< key n selects memory n
+    // What all of them hold, a line each.
+    display::Panel ListWell{*this, "ListWell"};
+    display::Family<display::Label, kMemories, 1> ListNumber{*this, "ListNumber#"};
+    display::Family<display::Label, kMemories, 1> ListName{*this, "ListName#"};
+    display::Family<display::Label, kMemories, 1> ListFrequency{*this, "ListFrequency#"};
     display::Label Label_Frequency{*this, "Label_Frequency"};
     display::TextField Text1{*this, "Text1"};  ///< frequency in MHz
     display::Label Label_Name{*this, "Label_Name"};
@@ -69,6 +76,7 @@ class Form_bSetMemories final : public ProgramForm {
 
  private:
     void layOutMemory();
+    void layOutList();
     void layOutKeys();
     void layOutOptions();
     void bindFields();
@@ -80,6 +88,8 @@ class Form_bSetMemories final : public ProgramForm {
     void select(int memory);
     void tuneSelected();
     void showEmpty();
+    void markSelected();
+    void listMemory(const hmonitor::MemoryBlock& block, int memory);
     void offerTunedFrequency();
 
     void save();
@@ -97,6 +107,8 @@ class Form_bSetMemories final : public ProgramForm {
     int changes_ = 0;
     /// The tool tip of "Cancel" while there are changes to take back.
     std::string cancelTip_;
+    /// The tool tips of the keys of the presets.
+    std::array<PresetTip, kMemories + 1> presetTips_;
 };
 
 }  // namespace hmonitor

@@ -28,8 +28,9 @@ constexpr Box shareOf(int place, int count, float top, float height = kKeyHeight
 void Form_bSetMemories::layOut() {
     const bool spanish = program.words.gLanguage == "ES";
     language = spanish ? Language::Spanish : Language::English;
-    layWindow(preset_look::kWide, 5200, spanish ? "Memorias" : "Memory Presets", Faceplate);
+    layWindow(preset_look::kWide, 6860, spanish ? "Memorias" : "Memory Presets", Faceplate);
     layOutMemory();
+    layOutList();
     layOutKeys();
     layOutOptions();
     tabOrder(presets, Text1, Text2, SSCommand20, SSCommand22, SSCommand17, SSCommand18, SSCommand19,
@@ -49,7 +50,7 @@ void Form_bSetMemories::layOutMemory() {
         const int row = (memory - 1) / 4;
         place(presets[memory],
               shareOf((memory - 1) % 4, 4, 1140 + static_cast<float>(row) * (kKeyHeight + 90)),
-              wholeText(memory), Says{presetName(memory)}, Tip{preset_look::kStoredTip});
+              wholeText(memory));
     }
 
     place(Label_Frequency, shareOf(0, 2, 3160, 150), look::kCaptionText,
@@ -65,16 +66,36 @@ void Form_bSetMemories::layOutMemory() {
         .maxLength = static_cast<int>(hmonitor::MemoryBlock::kNameSize);
 }
 
+void Form_bSetMemories::layOutList() {
+    constexpr float kLine = 190;
+    constexpr float kWidth = kInner / 2;
+    constexpr int kLines = kMemories / 2;
+    place(ListWell, {kLeft, 4400, kInner, kLines * kLine + 120}, Surface::Well,
+          Tip{"Nombre y frecuencia en MHz de las dieciséis memorias",
+              "Name and frequency in MHz of the sixteen memories"});
+    for (int memory = 1; memory <= kMemories; ++memory) {
+        const float left = (memory - 1) / kLines == 0 ? 0 : kWidth;
+        const float top = 60 + kLine * static_cast<float>((memory - 1) % kLines);
+        const TextStyle right = look::kPlainText.right();
+        place(ListNumber[memory], {left + 60, top, 260, kLine}, &ListWell, right,
+              wholeText(memory));
+        place(ListName[memory], {left + 400, top, 960, kLine}, &ListWell, look::kPlainText,
+              Readout{presetName(memory)});
+        place(ListFrequency[memory], {left + 1360, top, 520, kLine}, &ListWell, right,
+              Readout{presetFrequencyName(memory)});
+    }
+}
+
 void Form_bSetMemories::layOutKeys() {
     place(SSCommand20, shareOf(0, 2, 3840), "Save", Says{"Guardar", "Save"},
           Tip{"Guarda la frecuencia y el nombre en la memoria elegida, y la sintoniza",
               "Stores frequency and name in the selected memory, and tunes it"});
     place(SSCommand22, shareOf(1, 2, 3840), "Delet", Says{"Borrar", "Delete"},
           Tip{"Borra la memoria elegida", "Empties the selected memory"});
-    place(SSCommand17, shareOf(0, 3, 4560), "Accept", Role::Default, Says{"Aceptar", "Accept"},
+    place(SSCommand17, shareOf(0, 3, 6220), "Accept", Role::Default, Says{"Aceptar", "Accept"},
           Tip{"Guarda las opciones y cierra", "Saves the options and closes"});
-    place(SSCommand18, shareOf(1, 3, 4560), "Cancel", Says{"Cancelar", "Cancel"});
-    place(SSCommand19, shareOf(2, 3, 4560), "Optimize <<", Says{"Opciones", "Options"},
+    place(SSCommand18, shareOf(1, 3, 6220), "Cancel", Says{"Cancelar", "Cancel"});
+    place(SSCommand19, shareOf(2, 3, 6220), "Optimize <<", Says{"Opciones", "Options"},
           Tip{"Muestra u oculta las opciones", "Shows or hides the options"});
 }
 

@@ -165,8 +165,10 @@ void Form_B::layOutTuning() {
 
     place(MemoryWell, {kLeft, 1220, 760, 410}, Surface::Well,
           Says{"Memoria sintonizada", "Tuned memory"},
-          Tip{"Número de la memoria sintonizada, de 1 a 16; oscuro fuera de memoria",
-              "Number of the tuned memory, 1 to 16; dark off memory"});
+          Tip{"Número de la memoria sintonizada, de 1 a 16; oscuro fuera de memoria.\n"
+              "Teclas 1 a 9 y 0: memorias 1 a 10; con Mayúsculas 1 a 6: 11 a 16",
+              "Number of the tuned memory, 1 to 16; dark off memory.\n"
+              "Keys 1 to 9 and 0: memories 1 to 10; with Shift 1 to 6: 11 to 16"});
     place(Line46, 230, 60, 215, 205, &MemoryWell, segmentStyle(290, look::kUnlit));
     place(Line45, 215, 205, 200, 350, &MemoryWell, segmentStyle(290, look::kUnlit));
     placeDigit(memoryUnits, {310, 60, 230, 290}, &MemoryWell, look::kUnlit);

@@ -60,6 +60,16 @@ void Form_B::stepMemory(Step step) {
     Command5();
 }
 
+void Form_B::tuneMemory(int memory) {
+    const auto block = require(desktop(), MemoryBlock::read(program.files));
+    if (block.isEmpty(memory)) return;
+    // What the next and previous keys step from.
+    MemoryState = "";
+    ButtonTune = "1";
+    StationState.MemoryNumber = wholeText(memory);
+    Command11();
+}
+
 void Form_B::tuneWhereTheBarStands() {
     ManualTune = 1;
     program.tuner->tuneByBar();

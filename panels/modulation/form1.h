@@ -34,6 +34,8 @@ class Form1 final : public ProgramForm {
 
     void resized() override;
     void closeRequested() override;
+    /// The keys 1 to 9 and 0 tune memories 1 to 10, with Shift 1 to 6 memories 11 to 16.
+    void digitPressed(display::DigitKey key) override;
     bool raisesResizeAtShow() const override { return RackPhase == kStarting; }
 
     // The background.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analyses/form_d.h"
+#include "core/memory_block.h"
 #include "core/numbers.h"
 #include "core/panel_settings.h"
 #include "panels/audio/form_b.h"
@@ -8,6 +9,7 @@
 #include "program/page_file.h"
 #include "program/report_fault.h"
 #include "program/station_line.h"
+#include "program/tuner.h"
 
 namespace hmonitor {
 
@@ -42,6 +44,13 @@ void Form1::bindKeys() {
 
     bindRackHandle(Picture3.onMouseDown, Picture3.onMouseMove);
     Picture3.onDoubleClick = [this] { showVersion(); };
+}
+
+void Form1::digitPressed(display::DigitKey key) {
+    constexpr int kPlain = 10;
+    constexpr int kShifted = MemoryBlock::kMemories - kPlain;
+    if (program.tuner->PanelStarted == 0 || (key.shift && key.place > kShifted)) return;
+    program.Form_B->tuneMemory(key.shift ? kPlain + key.place : key.place);
 }
 
 void Form1::selectDetector(std::string_view line6) {

@@ -6,7 +6,7 @@ pixels of the readouts, the windows and the exit code."""
 import sys
 
 sys.dont_write_bytecode = True
-from cases import THREE, case, main
+from cases import ENGLISH, THREE, case, main
 from rack import AUDIO_MODE, DETECTOR, PRESET
 from screen import wait_for
 
@@ -59,6 +59,20 @@ def memory_steps(rack, album):
     stands(-1, "backwards from the first one")
     rack.screen.type("space")
     stands(-2, "backwards by keyboard")
+
+
+@case(languages=(ENGLISH,), shared=False)
+def digits_tune_memories_by_their_place(rack, album):
+    """On a keyboard that writes digits in the row, and on one that writes them with Shift alone."""
+    stored = list(rack.presets())
+    for layout in ("us", "fr"):
+        rack.screen.ask("setxkbmap", layout)
+        for memory in reversed(stored):
+            # Codes of the X server: 10 is the key of 1, whatever it writes.
+            key = str(9 + memory) if memory <= 10 else f"shift+{memory - 1}"
+            rack.screen.type(key)
+            wait_for(lambda: rack.memory() == memory, f"memory {memory} by the {layout} keyboard")
+    album.take(rack.screen, "digits")
 
 
 @every

@@ -313,5 +313,51 @@ TEST_F(MemoryEditor, TheTipOfAnEmptyMemorySaysThatItClearsTheFields) {
               std::string::npos);
 }
 
+TEST_F(MemoryEditor, TheKeysSayWhatTheirMemoriesHold) {
+    bench.startInEditor();
+    EXPECT_STREQ(editor.presets[1].tip.spanish,
+                 "Memoria 1: RADIO UNO, 98.1 MHz.\nLa elige y la sintoniza");
+    EXPECT_STREQ(editor.presets[1].tip.english,
+                 "Memory 1: RADIO UNO, 98.1 MHz.\nSelects it and tunes it");
+    EXPECT_STREQ(editor.presets[3].tip.english,
+                 "Memory 3: R. TRES, 102.55 MHz.\nSelects it and tunes it");
+    EXPECT_TRUE(std::string(editor.presets[2].tip.spanish).starts_with("Memoria 2, vacía.\n"));
+    // A memory without a name has its frequency.
+    const auto drawn = editor.presets[1].revision();
+    bench.save("99.9", "");
+    EXPECT_STREQ(editor.presets[1].tip.english, "Memory 1: 99.9 MHz.\nSelects it and tunes it");
+    // The screen hears of it.
+    EXPECT_GT(editor.presets[1].revision(), drawn);
+}
+
+TEST_F(MemoryEditor, ListsAllMemories) {
+    bench.startInEditor();
+    for (int memory = 1; memory <= 16; ++memory) {
+        EXPECT_EQ(editor.ListNumber[memory].caption, std::to_string(memory));
+        const bool stored = memory == 1 || memory == 3 || memory == 16;
+        EXPECT_EQ(editor.ListName[memory].caption.empty(), !stored) << memory;
+        EXPECT_EQ(editor.ListFrequency[memory].caption.empty(), !stored) << memory;
+    }
+    EXPECT_EQ(editor.ListName[3].caption, "R. TRES");
+    EXPECT_EQ(editor.ListFrequency[3].caption, "102.55");
+    bench.select(2);
+    bench.save("88.5", "NUEVA");
+    EXPECT_EQ(editor.ListName[2].caption, "NUEVA");
+    EXPECT_EQ(editor.ListFrequency[2].caption, "88.5");
+    bench.click(editor.SSCommand22);
+    EXPECT_TRUE(editor.ListName[2].caption.empty());
+    EXPECT_TRUE(editor.ListFrequency[2].caption.empty());
+}
+
+TEST_F(MemoryEditor, TheLineOfTheSelectedMemoryStandsOut) {
+    bench.startInEditor();
+    bench.select(3);
+    for (int memory = 1; memory <= 16; ++memory) {
+        const bool bold = editor.ListName[memory].font.get().weight == display::Weight::Bold;
+        EXPECT_EQ(bold, memory == 3) << memory;
+        EXPECT_EQ(editor.ListNumber[memory].colour.get() == display::kWhite, memory == 3) << memory;
+    }
+}
+
 }  // namespace
 }  // namespace hmonitor::test

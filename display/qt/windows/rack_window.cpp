@@ -3,11 +3,13 @@
 
 #include <QCloseEvent>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QWindow>
 #include <algorithm>
 
 #include "display/qt/painting/palette.h"
+#include "display/qt/windows/digit_key.h"
 #include "display/qt/windows/qt_desktop.h"
 
 namespace display::qt {
@@ -249,6 +251,16 @@ void RackWindow::moveEvent(QMoveEvent* event) {
         form->left = form->left + across;
         form->top = form->top + down;
     }
+}
+
+void RackWindow::keyPressEvent(QKeyEvent* event) {
+    const auto key = digitKeyOf(*event, QGuiApplication::platformName());
+    if (!key || forms_.empty()) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    // A key that is held down tunes once.
+    if (!event->isAutoRepeat()) desktop_.hand().digit(lead(), *key);
 }
 
 void RackWindow::closeEvent(QCloseEvent* event) {

@@ -38,6 +38,7 @@ class RackWindow final : public QWidget {
     void closeEvent(QCloseEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     bool event(QEvent* event) override;
     bool eventFilter(QObject* native, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;

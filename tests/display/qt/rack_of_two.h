@@ -19,11 +19,13 @@ class Unit final : public Form {
     void resized() override { ++resizes; }
     bool raisesResizeAtShow() const override { return leads; }
     void closeRequested() override { ++closes; }
+    void digitPressed(DigitKey key) override { digits.push_back(key); }
 
     bool leads = false;
     int resizes = 0;
     int closes = 0;
     int clicks = 0;
+    std::vector<DigitKey> digits;
     Panel Handle{*this, "Handle"};
     Key Key1{*this, "Key1"};
     Picture KeyN{*this, "KeyN"};

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tuner/preset_look.h"
+#include "tuner/preset_words.h"
 
 #include <array>
 #include <string>
@@ -38,6 +38,36 @@ display::Words emptyPresetName(int memory) {
     static const Names spanish = numbered("Memoria ", ", vacía");
     static const Names english = numbered("Memory ", ", empty");
     return {nameOf(spanish, memory), nameOf(english, memory)};
+}
+
+display::Words presetFrequencyName(int memory) {
+    static const Names spanish = numbered("Memoria ", ", MHz");
+    static const Names english = numbered("Memory ", ", MHz");
+    return {nameOf(spanish, memory), nameOf(english, memory)};
+}
+
+namespace {
+
+std::string holds(const StoredPreset& preset) {
+    return (preset.name.empty() ? "" : preset.name + ", ") + preset.megahertz + " MHz";
+}
+
+}  // namespace
+
+PresetTip presetTip(int memory, const StoredPreset& preset) {
+    if (preset.megahertz.empty()) {
+        const display::Words name = emptyPresetName(memory);
+        return {
+            name.spanish +
+                std::string(".\nLa elige y vacía los campos de frecuencia y nombre; no sintoniza"),
+            name.english +
+                std::string(".\nSelects it and clears the fields of frequency and name; tunes "
+                            "nothing")};
+    }
+    const display::Words name = presetName(memory);
+    const std::string held = ": " + holds(preset);
+    return {name.spanish + held + ".\nLa elige y la sintoniza",
+            name.english + held + ".\nSelects it and tunes it"};
 }
 
 std::string selectedText(display::Language language, int memory) {
