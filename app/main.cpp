@@ -10,6 +10,7 @@
 #include "app/built_in_manual.h"
 #include "app/forms.h"
 #include "app/opened_driver.h"
+#include "app/rack_file.h"
 #include "app/recorded_history.h"
 #include "core/files.h"
 #include "core/folder_lock.h"
@@ -85,5 +86,11 @@ int main(int argc, char** argv) {
     std::vector<display::Form*> rack(program.rack.begin(), program.rack.end());
     rack.push_back(&forms.form3);
     desktop.rack(std::move(rack));
+    hmonitor::RackFile rackFile = hmonitor::RackFile::read(files);
+    desktop.placeRack(rackFile.place);
+    desktop.onRackPlaced = [&] {
+        rackFile.place = desktop.rackPlace();
+        rackFile.write(files);
+    };
     return desktop.run([&forms] { forms.formWaitLoad.show(); });
 }

@@ -11,6 +11,8 @@ namespace {
 constexpr qreal kNatural = 0.1;
 constexpr qreal kLargest = 1.45 * kNatural;
 constexpr qreal kSmallest = 0.5 * kNatural;
+/// The rack is 960 pixels wide then.
+constexpr qreal kSmallestByHand = 0.8 * kNatural;
 /// The part of the screen that stays free beside the rack.
 constexpr qreal kRoom = 0.99;
 
@@ -30,6 +32,16 @@ qreal Scale::fitting(QSizeF rackTwips, QSizeF available) {
     const qreal across = available.width() * kRoom / rackTwips.width();
     const qreal down = available.height() * kRoom / rackTwips.height();
     return std::clamp(std::min(across, down), kSmallest, kLargest);
+}
+
+qreal Scale::filling(QSizeF rackTwips, QSizeF screen) {
+    return std::max(kSmallest, std::min(screen.width() / rackTwips.width(),
+                                        screen.height() / rackTwips.height()));
+}
+
+qreal Scale::within(qreal wanted, QSizeF rackTwips, QSizeF screen) {
+    const qreal largest = filling(rackTwips, screen);
+    return std::clamp(wanted, std::min(kSmallestByHand, largest), largest);
 }
 
 qreal Scale::snapped(qreal px) const {

@@ -19,6 +19,11 @@ class Scale {
     /// little room around it; at most 1.45 times the natural size, which is ten twips a pixel.
     static qreal fitting(QSizeF rackTwips, QSizeF available);
 
+    /// The same on the whole of the screen, however large it is.
+    static qreal filling(QSizeF rackTwips, QSizeF screen);
+    /// The factor nearest to `wanted` at which the rack can be read and fits the screen.
+    static qreal within(qreal wanted, QSizeF rackTwips, QSizeF screen);
+
     qreal px(qreal twips) const { return twips * pixelsPerTwip_; }
     qreal twips(qreal px) const { return px / pixelsPerTwip_; }
 

@@ -121,7 +121,7 @@ Scale FormView::wantedScale() const {
     const QRect room = desktop_.roomFor(form_);
     if (form_.width > 0.f) factor = std::min(factor, room.width() / qreal(form_.width));
     if (form_.height > 0.f) factor = std::min(factor, room.height() / qreal(form_.height));
-    return {factor, devicePixelRatioF()};
+    return {factor * zoom_, devicePixelRatioF()};
 }
 
 void FormView::sync() {

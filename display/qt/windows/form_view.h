@@ -47,6 +47,9 @@ class FormView final : public QWidget {
     /// The scale that the form should have now: the rack's, or the largest one at which the form
     /// fits the screen, where that is smaller.
     Scale wantedScale() const;
+    /// Makes the form larger or smaller than that; 1 for as large.
+    void zoom(qreal factor) { zoom_ = factor; }
+    qreal zoom() const { return zoom_; }
 
     /// The tool tip of what is painted there, in the language of the form; empty for none.
     QString tipAt(QPoint px) const;
@@ -108,6 +111,7 @@ class FormView final : public QWidget {
     QtDesktop& desktop_;
     Form& form_;
     Scale scale_;
+    qreal zoom_ = 1;
     FieldColumns columns_;
     std::vector<Item> items_;
     std::vector<const Panel*> panels_;

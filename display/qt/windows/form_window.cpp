@@ -2,9 +2,13 @@
 #include "display/qt/windows/form_window.h"
 
 #include <QCloseEvent>
+#include <QPainter>
 #include <QScreen>
 #include <QWindow>
+#include <algorithm>
 
+#include "display/drawing_export.h"
+#include "display/qt/painting/palette.h"
 #include "display/qt/windows/qt_desktop.h"
 
 namespace display::qt {
@@ -15,11 +19,21 @@ namespace {
 /// frame's size. No user drags a window that soon after it is shown.
 constexpr qint64 kFraming = 400;
 
+/// How long an edge that is dragged rests before the window takes the shape of its form.
+constexpr int kLetGoMs = 400;
+/// How much smaller and larger than it comes up a window may be made.
+constexpr qreal kSmallestZoom = 0.6;
+constexpr qreal kLargestZoom = 4;
+
 }  // namespace
 
 FormWindow::FormWindow(QtDesktop& desktop, Form& form)
     : QWidget(nullptr), desktop_(desktop), form_(form), view_(desktop, form, this) {
     setObjectName(QString::fromStdString(form.name()) + "Window");
+    resizable_ = hasDrawings(form);
+    settled_.setSingleShot(true);
+    settled_.setInterval(kLetGoMs);
+    connect(&settled_, &QTimer::timeout, this, [this] { resize(wantedSize()); });
     setWindowFlags(wantedFlags());
 }
 
@@ -76,14 +90,52 @@ void FormWindow::sync() {
     }
     const QString title = qText(form_.caption.get());
     if (windowTitle() != title) setWindowTitle(title);
-    const QSize size = view_.wantedScale().whole(Box{0, 0, form_.width, form_.height}).size();
+    const QSize size = wantedSize();
     if (view_.size() != size) view_.resize(size);
-    if (this->size() != size || minimumSize() != size) setFixedSize(size);
+    sizeFor(size);
     if (isVisible() && !placing_ && shownSince_.elapsed() >= kFraming) {
         const QPoint wanted = desktop_.screenPoint(form_.left, form_.top);
         if (wanted != pos()) move(wanted);
     }
     view_.sync();
+}
+
+QSize FormWindow::wantedSize() const {
+    return view_.wantedScale().whole(Box{0, 0, form_.width, form_.height}).size();
+}
+
+void FormWindow::sizeFor(const QSize& wanted) {
+    if (!resizable_) {
+        if (size() != wanted || minimumSize() != wanted) setFixedSize(wanted);
+        return;
+    }
+    if (sized_ == wanted) return;
+    sized_ = wanted;
+    const QSizeF natural = QSizeF(wanted) / view_.zoom();
+    setMinimumSize((natural * kSmallestZoom).toSize());
+    // While an edge is dragged the window manager says how large the window is.
+    if (!settled_.isActive()) resize(wanted);
+}
+
+void FormWindow::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (!resizable_ || placing_ || !isVisible() || event->size() == sized_) return;
+    const QSizeF natural = QSizeF(sized_) / view_.zoom();
+    view_.zoom(std::clamp(std::min(event->size().width() / natural.width(),
+                                   event->size().height() / natural.height()),
+                          kSmallestZoom, kLargestZoom));
+    settled_.start();
+    desktop_.frameSoon();
+}
+
+void FormWindow::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), QColor(kFaceplateShade));
+}
+
+void FormWindow::rescaled() {
+    form_.left = desktop_.modelX(pos().x());
+    form_.top = desktop_.modelY(pos().y());
 }
 
 void FormWindow::moveEvent(QMoveEvent* event) {

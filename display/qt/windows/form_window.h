@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QTimer>
 #include <QWidget>
 
 #include "display/qt/windows/form_view.h"
@@ -22,15 +23,21 @@ class FormWindow final : public QWidget {
     /// Milliseconds since it was last shown.
     qint64 shownFor() const { return shownSince_.elapsed(); }
     void flash() { flash_.flash(); }
+    /// All windows have another scale: where it stands is another place in the model.
+    void rescaled();
     /// Reads caption, position and frame from the form after a change.
     void sync();
 
  protected:
     void closeEvent(QCloseEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
  private:
     void placeFirst(const QWidget* over);
+    QSize wantedSize() const;
+    void sizeFor(const QSize& wanted);
     Qt::WindowFlags wantedFlags() const;
 
     QtDesktop& desktop_;
@@ -38,6 +45,9 @@ class FormWindow final : public QWidget {
     FormView view_;
     WindowFlash flash_{*this};
     bool placing_ = false;
+    bool resizable_ = false;  ///< it shows charts or graphs
+    QSize sized_;             ///< the size that the form asked for last
+    QTimer settled_;          ///< the user has let go of its edge
     QElapsedTimer shownSince_;
 };
 

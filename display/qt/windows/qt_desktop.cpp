@@ -19,9 +19,6 @@ namespace display::qt {
 
 namespace {
 
-/// The size of the rack, in twips.
-constexpr QSizeF kRack(12000, 7000);
-
 /// The usual height of task bars, in logical pixels.
 constexpr int kUntoldBars = 48;
 
@@ -46,6 +43,8 @@ QtDesktop::QtDesktop(int& argc, char** argv) {
     scale_ = Scale(Scale::fitting(kRack, availableRoom().size()),
                    QGuiApplication::primaryScreen()->devicePixelRatio());
     QApplication::setFont(Fonts::get().font(scale_.px(120), Weight::Normal));
+    placedTimer_.setSingleShot(true);
+    QObject::connect(&placedTimer_, &QTimer::timeout, &placedTimer_, [this] { onRackPlaced(); });
     wakeTimer_.setSingleShot(true);
     wakeTimer_.setTimerType(Qt::PreciseTimer);
     QObject::connect(&wakeTimer_, &QTimer::timeout, &wakeTimer_, [this] { wake(); });

@@ -19,9 +19,11 @@
 #include "display/qt/accessibility/keyboard_watch.h"
 #include "display/qt/painting/scale.h"
 #include "display/qt/windows/worker_threads.h"
+#include "display/rack_place.h"
 
 class QEventLoop;
 class QPrinter;
+class QScreen;
 
 namespace display {
 class HelpBook;
@@ -39,6 +41,9 @@ struct PageContent;
 /// a frame the windows repaint what changed.
 class QtDesktop : public Desktop, public CallBox {
  public:
+    /// The size of the rack, in twips.
+    static constexpr QSizeF kRack{12000, 7000};
+
     /// Uses the existing QApplication, or else owns one.
     QtDesktop(int& argc, char** argv);
     ~QtDesktop() override;
@@ -54,6 +59,12 @@ class QtDesktop : public Desktop, public CallBox {
         book_ = &book;
         topicOf_ = std::move(topicOf);
     }
+
+    /// Where the rack is to stand at its first show, and how large; must be called before it.
+    void placeRack(const RackPlace& place);
+    RackPlace rackPlace() const;
+    /// Called a moment after the user has moved or resized the rack.
+    std::function<void()> onRackPlaced;
 
     /// Calls `start`, then handles events until the program ends or, without a rack, until the last
     /// window is closed. Returns the exit status.
@@ -124,6 +135,16 @@ class QtDesktop : public Desktop, public CallBox {
     /// One factor for all windows, at the first screen's device pixel ratio.
     const Scale& scale() const { return scale_; }
     QSize rackSize() const;
+    /// Makes the rack, and with it every window, as large as that; within what can be read and what
+    /// fits the screen.
+    void resizeRack(qreal width);
+    /// The rack takes the whole screen, or its size of before.
+    void turnWholeScreen();
+    /// The screen that the rack stands on, or will stand on.
+    const QScreen& rackScreen() const;
+    /// The rack was moved or resized.
+    void rackPlaced();
+    const std::optional<RackPlace>& wantedPlace() const { return wantedPlace_; }
     /// The screen without task bars, in logical pixels.
     QRect availableRoom() const;
     /// The same without the space for the frame of the form's window.
@@ -181,6 +202,7 @@ class QtDesktop : public Desktop, public CallBox {
         Phase before_;
     };
 
+    void rescale(qreal factor);
     void wake();
     void runQueue();
     void arm();
@@ -211,6 +233,8 @@ class QtDesktop : public Desktop, public CallBox {
     Scale scale_{0.1, 1};
     QElapsedTimer clock_;
     QTimer wakeTimer_;
+    QTimer placedTimer_;
+    std::optional<RackPlace> wantedPlace_;
     Phase phase_ = Phase::Idle;
     std::unique_ptr<RackWindow> rack_;
     std::map<const Form*, std::unique_ptr<FormWindow>> windows_;

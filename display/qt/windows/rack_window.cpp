@@ -5,8 +5,10 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QWindow>
 #include <algorithm>
+#include <utility>
 
 #include "display/qt/painting/palette.h"
 #include "display/qt/windows/digit_key.h"
@@ -24,7 +26,13 @@ constexpr int kFoldLimitOnXMs = 500;
 }  // namespace
 
 RackWindow::RackWindow(QtDesktop& desktop, std::vector<Form*> forms)
-    : QWidget(nullptr), desktop_(desktop), forms_(std::move(forms)), views_(forms_.size()) {
+    : QWidget(nullptr),
+      desktop_(desktop),
+      forms_(std::move(forms)),
+      views_(forms_.size()),
+      grip_(
+          this, [this](QPoint at) { beginDrag(at); }, [this](QPoint at) { drag(at); },
+          [this] { desktop_.rackPlaced(); }) {
     setObjectName("Rack");
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowMinimizeButtonHint |
                    Qt::WindowCloseButtonHint | Qt::WindowSystemMenuHint);
@@ -65,11 +73,15 @@ FormView& RackWindow::makeView(Form& form) {
 void RackWindow::placeFirst() {
     placed_ = true;
     Form& first = lead();
-    const QRect room = desktop_.availableRoom();
+    const auto& wanted = desktop_.wantedPlace();
+    const QRect room =
+        wanted ? desktop_.rackScreen().availableGeometry() : desktop_.availableRoom();
     // The whole rack will stand below its first panel: leave room for it.
     const QSize rack = desktop_.rackSize();
     QPoint at = desktop_.screenPoint(first.left, first.top);
-    if (first.left == 0.f && first.top == 0.f) {
+    if (wanted) {
+        at = QPoint(wanted->left, wanted->top);
+    } else if (first.left == 0.f && first.top == 0.f) {
         at = QPoint(room.center().x() - rack.width() / 2, room.center().y() - rack.height() / 2);
     }
     at.setX(std::max(std::min(at.x(), room.right() + 1 - rack.width()), room.left()));
@@ -90,8 +102,9 @@ void RackWindow::joined(Form& form) {
 }
 
 void RackWindow::placeViews() {
-    const Scale& scale = makeView(lead()).scale();
+    const Scale scale = makeView(lead()).wantedScale();
     QRect all;
+    inset_ = isWhole() ? insetNow() : QPoint();
     for (std::size_t i = 0; i < forms_.size(); ++i) {
         Form& form = *forms_[i];
         if (!form.visible) {
@@ -99,8 +112,10 @@ void RackWindow::placeViews() {
             continue;
         }
         FormView& view = makeView(form);
-        const QRect box = scale.whole(
-            Box{form.left - lead().left, form.top - lead().top, form.width, form.height});
+        const QRect box =
+            scale
+                .whole(Box{form.left - lead().left, form.top - lead().top, form.width, form.height})
+                .translated(inset_);
         if (view.geometry() != box) view.setGeometry(box);
         view.sync();
         if (view.isHidden()) {
@@ -111,12 +126,84 @@ void RackWindow::placeViews() {
     }
     if (newView_) orderTabs();
     newView_ = false;
-    if (all.isEmpty()) return;
+    if (!all.isEmpty()) sizeFor(all);
+}
+
+/// The margin that centres the rack on the whole screen, in whole device pixels.
+QPoint RackWindow::insetNow() const {
+    const QSize room = desktop_.rackScreen().size() - desktop_.rackSize();
+    const int grid = desktop_.scale().grid();
+    return {std::max(0, room.width() / 2 / grid * grid),
+            std::max(0, room.height() / 2 / grid * grid)};
+}
+
+void RackWindow::sizeFor(const QRect& panels) {
+    if (isWhole()) {
+        const QRect screen = desktop_.rackScreen().geometry();
+        if (geometry() != screen) setGeometry(screen);
+        grip_.hide();
+        return;
+    }
     // Where the window system places windows by itself, it must know from the first show how large
     // this one will get; otherwise panels that are shown later hang over the edge of the screen.
-    const QSize wanted =
-        desktop_.systemMovesWindows() ? all.size().expandedTo(desktop_.rackSize()) : all.size();
+    const QSize wanted = desktop_.systemMovesWindows()
+                             ? panels.size().expandedTo(desktop_.rackSize())
+                             : panels.size();
     if (size() != wanted || minimumSize() != wanted) setFixedSize(wanted);
+    // At its corner the rack is dragged larger; while it is folded there is none.
+    grip_.setVisible(lead().windowState == WindowState::Normal);
+    grip_.settle(desktop_.scale().whole(desktop_.scale().px(220)));
+}
+
+RackPlace RackWindow::place() const {
+    return before_ ? *before_ : RackPlace{pos().x(), pos().y(), desktop_.rackSize().width(), false};
+}
+
+void RackWindow::takeWhole() {
+    before_ = place();
+    before_->whole = true;
+    setMinimumSize(0, 0);
+    setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    setWindowState(windowState() | Qt::WindowFullScreen);
+    setGeometry(desktop_.rackScreen().geometry());
+}
+
+void RackWindow::leaveWhole() {
+    const QPoint corner(before_->left, before_->top);
+    before_.reset();
+    inset_ = {};
+    setWindowState(windowState() & ~Qt::WindowFullScreen);
+    shiftModel(corner);
+    placeWindow();
+}
+
+/// The first panel stands there, in pixels on the screen, and the others below it as before.
+void RackWindow::shiftModel(QPoint corner) {
+    if (desktop_.screenPoint(lead().left, lead().top) == corner) return;
+    const float across = desktop_.modelX(corner.x()) - lead().left;
+    const float down = desktop_.modelY(corner.y()) - lead().top;
+    for (Form* form : forms_) {
+        form->left = form->left + across;
+        form->top = form->top + down;
+    }
+}
+
+void RackWindow::rescaled() {
+    if (forms_.empty() || !placed_) return;
+    inset_ = isWhole() ? insetNow() : QPoint();
+    shiftModel(pos() + inset_);
+}
+
+void RackWindow::beginDrag(QPoint at) {
+    gripped_ = at;
+    widthGripped_ = desktop_.rackSize().width();
+}
+
+void RackWindow::drag(QPoint at) {
+    // The rack keeps its shape: the corner follows the pointer along its diagonal.
+    const QPoint way = at - gripped_;
+    const qreal shape = QtDesktop::kRack.width() / QtDesktop::kRack.height();
+    desktop_.resizeRack(widthGripped_ + (way.x() + way.y() * shape) / 2);
 }
 
 /// From the top of the rack to its bottom, in whatever order the panels were shown.
@@ -132,6 +219,11 @@ void RackWindow::orderTabs() {
 }
 
 void RackWindow::placeWindow() {
+    if (isWhole()) {
+        // It does not move: panels that were dragged come back.
+        shiftModel(pos() + inset_);
+        return;
+    }
     const QPoint wanted = desktop_.screenPoint(lead().left, lead().top);
     if (wanted != pos()) move(wanted);
 }
@@ -158,7 +250,17 @@ void RackWindow::sync() {
         show();
         raise();
         activateWindow();
+        takeWholeIfWanted();
     }
+}
+
+/// As it was left; it stands first where it stands else.
+void RackWindow::takeWholeIfWanted() {
+    const auto& wanted = desktop_.wantedPlace();
+    if (!wanted || !wanted->whole || std::exchange(wholeTaken_, true)) return;
+    QTimer::singleShot(0, this, [this] {
+        if (!isWhole()) desktop_.turnWholeScreen();
+    });
 }
 
 void RackWindow::fold() {
@@ -243,17 +345,26 @@ void RackWindow::changeEvent(QEvent* event) {
 void RackWindow::moveEvent(QMoveEvent* event) {
     QWidget::moveEvent(event);
     if (!isVisible() || isMinimized() || forms_.empty()) return;
-    if (desktop_.screenPoint(lead().left, lead().top) == pos()) return;
-    // The window manager moved the window: all its panels moved with it.
-    const float across = desktop_.modelX(pos().x()) - lead().left;
-    const float down = desktop_.modelY(pos().y()) - lead().top;
-    for (Form* form : forms_) {
-        form->left = form->left + across;
-        form->top = form->top + down;
-    }
+    desktop_.rackPlaced();
+    // Where the window manager moved the window, all its panels moved with it.
+    shiftModel(pos() + inset_);
 }
 
 void RackWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F11) {
+        if (!event->isAutoRepeat()) desktop_.turnWholeScreen();
+        return;
+    }
+    if (event->modifiers().testFlag(Qt::ControlModifier) && !isWhole()) {
+        constexpr qreal kStep = 1.1;
+        const qreal width = desktop_.rackSize().width();
+        const bool larger = event->matches(QKeySequence::ZoomIn) || event->key() == Qt::Key_Plus;
+        if (larger || event->matches(QKeySequence::ZoomOut)) {
+            desktop_.resizeRack(larger ? width * kStep : width / kStep);
+            desktop_.rackPlaced();
+            return;
+        }
+    }
     const auto key = digitKeyOf(*event, QGuiApplication::platformName());
     if (!key || forms_.empty()) {
         QWidget::keyPressEvent(event);
