@@ -5,6 +5,7 @@
 #include "analyses/form_dd3.h"
 #include "analyses/scan_file.h"
 #include "analyzer/frm_spectrum_analizer.h"
+#include "limits/form_limits.h"
 #include "performance/form_d4a.h"
 #include "program/make_form.h"
 #include "program/report_fault.h"
@@ -49,6 +50,7 @@ void Form_D::bindDoors() {
     bindKey(KeyHistory, "HistoryN", "HistoryA", [this] {
         if (program.Form_History.filled()) program.Form_History->open();
     });
+    bindKey(KeyLimits, "MinN", "MinA", door(program, program.FormLimits));
     Image5.onRelease = [this] { turnSwitch(); };
     Image6.onClick = door(program, program.frmSpectrumAnalizer);
     // After its window was closed there is no other way to open the channel spectrum.

@@ -35,6 +35,7 @@ class Form_D final : public ProgramForm {
     display::Label Label_ResponseSwitch{*this, "Label_ResponseSwitch"};
     display::Picture Image4{*this, "Image4"};          ///< on-air performance
     display::Picture KeyHistory{*this, "KeyHistory"};  ///< what was recorded
+    display::Picture KeyLimits{*this, "KeyLimits"};    ///< limits of the figures
     display::Label Label_SpectrumAnalyzer{*this, "Label_SpectrumAnalyzer"};
     display::Label Label_bandScanner{*this, "Label_bandScanner"};
     display::Label Label_SpectralZoom{*this, "Label_SpectralZoom"};

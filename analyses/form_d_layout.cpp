@@ -8,8 +8,8 @@ using namespace display;
 
 namespace {
 
-/// The keys stand in two columns and three rows.
-constexpr float kColumns[] = {look::kMargin, 2950};
+/// The keys stand in three columns and three rows.
+constexpr float kColumns[] = {look::kMargin, 2950, 5500};
 constexpr Box keyAt(int column, int line) {
     return {kColumns[column], 200 + 345 * static_cast<float>(line), 640, 290};
 }
@@ -31,8 +31,8 @@ void Form_D::layOut() {
         .drawing.scale(1, 0);
     layOutFigures();
     placeSign(sign, 45, {});
-    tabOrder(Image1, Image2, Image6, Image3, Image5, Image4, KeyHistory, PictureGraph1, Text1,
-             Text2, Text3, Text4);
+    tabOrder(Image1, Image2, Image6, Image3, Image5, Image4, KeyHistory, KeyLimits, PictureGraph1,
+             Text1, Text2, Text3, Text4);
 }
 
 void Form_D::layOutDoors() {
@@ -56,6 +56,8 @@ void Form_D::layOutDoors() {
           SaysAndTip{"Abrir el historial de todas las figuras (F3)",
                      "Open the history of all figures (F3)"})
         .shortcut = "F3";
+    place(KeyLimits, keyAt(2, 2), "MinN", Caption{"LIMITES", "LIMITS"},
+          SaysAndTip{"Editar los límites de las medidas", "Edit the limits of the figures"});
     const auto word = [](Label& label, int column, int line, const Words& words) {
         place(label, besideKey(column, line), look::kPlainText, words);
     };

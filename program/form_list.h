@@ -12,6 +12,7 @@
     FORM(Form_B, formB)                                     \
     FORM(Form_C, formC)                                     \
     FORM(Form_D, formD)                                     \
+    FORM(FormLimits, formLimits)                            \
     FORM(Form_bSetMemories, formSetMemories)                \
     FORM(Form_bTuner, formTuner)                            \
     FORM(Form_NewSpectro, formNewSpectro)                   \

@@ -9,6 +9,7 @@
 #include "program/driver_door.h"
 #include "program/figure_tips.h"
 #include "program/form_list.h"
+#include "program/limit_alarms.h"
 #include "program/program_words.h"
 #include "program/slot.h"
 #include "program/unit_in_use.h"
@@ -27,7 +28,9 @@ HMONITOR_EACH_FORM(HMONITOR_DECLARE)
 /// and a slot for each form.
 struct Program {
     Program(display::Desktop& itsDesktop, DriverLibrary& library, const Files& folder)
-        : desktop(itsDesktop), driver(library, itsDesktop), files(folder) {}
+        : desktop(itsDesktop), driver(library, itsDesktop), files(folder) {
+        driver.listeners().join(limits);
+    }
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
@@ -43,6 +46,8 @@ struct Program {
     hmonitor::HistoryNotice HistoryNotice;
     UnitInUse unitInUse;
     FigureTips figureTips;
+    /// Hears the driver door.
+    LimitAlarms limits;
     /// Does every tuning.
     hmonitor::Tuner* tuner = nullptr;
 

@@ -10,6 +10,7 @@
 #include "panels/audio/held_figures.h"
 #include "panels/audio/level_bar.h"
 #include "panels/audio/phase_vector.h"
+#include "program/limit_marks.h"
 #include "program/program_form.h"
 #include "program/tuner.h"
 #include "program/tuning_panels.h"
@@ -106,6 +107,7 @@ class Form_B final : public ProgramForm {
     display::Picture Image2{*this, "Image2"};      ///< mode L+R and L-R
     display::ScrollBar HScroll1{*this, "HScroll1"};
 
+    LimitMarks limits{*this};
     PanelSign sign{*this, 6};
 
     display::Timer Timer2{*this, "Timer2"};  ///< heartbeat

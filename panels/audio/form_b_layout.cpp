@@ -50,6 +50,7 @@ void Form_B::layOut() {
     layOutPower();
     layOutPhase();
     layOutTuning();
+    limits.layOut();
     placeSign(sign, 90,
               {&LevelWell, &PowerWell, &PowerDigits, &PhaseWell, &PhaseDigits, &PhaseReadout});
     program.figureTips.tell(*this);

@@ -51,6 +51,7 @@ void Form1::onLoad() {
     program.Form_D->Text3.text = defaults.Text3;
     program.Form_D->Text4.text = defaults.Text4;
 
+    program.limits.read(program.files);
     readPresetAndCorrection();
     if (StationState.FirstSelect.empty()) driver.HM_setSintoMode(0);
     StationState.FirstSelect = "1";

@@ -10,6 +10,7 @@
 #include "panels/modulation/carrier_deviation.h"
 #include "panels/modulation/modulation_hold.h"
 #include "panels/modulation/multipath_meter.h"
+#include "program/limit_marks.h"
 #include "program/program_form.h"
 
 namespace hmonitor {
@@ -99,6 +100,7 @@ class Form1 final : public ProgramForm {
     display::Label Label_Bad_CarrierDev{*this, "Label_Bad_CarrierDev"};
 
     display::Label Trouble{*this, "Trouble"};  ///< why nothing is stored, as long as it holds
+    LimitMarks limits{*this};
     PanelSign sign{*this, 8};
 
     display::Timer Timer1{*this, "Timer1"};  ///< fall of the peak, relative power
@@ -162,6 +164,7 @@ class Form1 final : public ProgramForm {
     void showSigns();
     void showTrouble();
     std::string troubleText() const;
+    std::string noticeText() const;
     float correctedField(float field) const;
     int multipathLit() const;
 };

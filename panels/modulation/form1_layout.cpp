@@ -37,6 +37,7 @@ void Form1::layOut() {
     layOutReadouts();
     place(Trouble, {3500, 115, 5500, 180}, look::kPlainText.in(look::kNoticeColour), "", Hidden{},
           Readout{"Por qué no se guarda", "Why nothing is stored"});
+    limits.layOut();
     placeSign(sign, 95,
               {&BarWell, &MultipathWell, &PercentWell, &DeviationWell, &PeaksWell, &FieldWell,
                &CarrierWell, &LampWell});

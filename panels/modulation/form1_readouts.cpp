@@ -102,15 +102,15 @@ void Form1::showSigns() {
          {&sign, &program.Form_B->sign, &program.Form_C->sign, &program.Form_D->sign}) {
         panel->show(text, figures);
     }
+    for (LimitMarks* panel : {&limits, &program.Form_B->limits, &program.Form_C->limits}) {
+        panel->show(program.limits);
+    }
     showTrouble();
 }
 
 std::string Form1::troubleText() const {
     const WriteTroubles& troubles = program.files.troubles();
-    if (!troubles.any()) {
-        const HistoryNotice& notice = program.HistoryNotice;
-        return language == display::Language::Spanish ? notice.spanish : notice.english;
-    }
+    if (!troubles.any()) return noticeText();
     const std::string name = troubles.file().filename().string();
     std::string text;
     if (name.empty()) {
@@ -129,6 +129,16 @@ std::string Form1::troubleText() const {
             break;
     }
     return text;
+}
+
+/// What is to be said while everything can be stored.
+std::string Form1::noticeText() const {
+    const bool spanish = language == display::Language::Spanish;
+    if (const auto& limits = program.limits.fault()) {
+        return spanish ? limits->spanish : limits->english;
+    }
+    const HistoryNotice& notice = program.HistoryNotice;
+    return spanish ? notice.spanish : notice.english;
 }
 
 void Form1::showTrouble() {

@@ -5,6 +5,7 @@
 
 #include "display/controls/pictures.h"
 #include "panels/quality/quality_figures.h"
+#include "program/limit_marks.h"
 #include "program/program_form.h"
 
 namespace hmonitor {
@@ -104,6 +105,7 @@ class Form_C final : public ProgramForm {
     display::Key SoundUp{*this, "SoundUp"};
     display::Key SoundMute{*this, "SoundMute"};
 
+    LimitMarks limits{*this};
     PanelSign sign{*this, 12};
 
     // The panel's state lives for the run.

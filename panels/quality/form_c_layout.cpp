@@ -22,6 +22,7 @@ void Form_C::layOut() {
     layOutDigits();
     layOutResets();
     layOutSound();
+    limits.layOut();
     placeSign(sign, 60,
               {&Error19Well, &Error19Digits, &PilotWell, &PilotDigits, &NoiseWell, &NoiseDigits,
                &DistortionWell, &DistortionDigits, &SeparationWell, &SeparationDigits, &Error57Well,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/qt/painting/mark_pictures.h"
 
+#include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QLinearGradient>
 #include <QPolygonF>
@@ -105,6 +106,45 @@ void amberRing(QPainter& painter, const QRectF& box, const PictureLook& look) {
     painter.drawRoundedRect(box.adjusted(half, half, -half, -half), 5 * look.unit, 5 * look.unit);
 }
 
+/// The frame around a figure beyond its limit. A black line inside keeps it apart from figures of
+/// its own colour.
+void limitFrame(QPainter& painter, const QRectF& box, qreal unit, QRgb colour) {
+    const qreal width = 2 * unit;
+    const auto ring = [&](qreal in, QRgb its) {
+        painter.setPen(QPen(QColor(its), width));
+        painter.drawRoundedRect(box.adjusted(in, in, -in, -in), 4 * unit, 4 * unit);
+    };
+    painter.setBrush(Qt::NoBrush);
+    ring(width * 1.2, kWellBottom);
+    ring(width / 2, colour);
+}
+void limitWarning(QPainter& painter, const QRectF& box, const PictureLook& look) {
+    limitFrame(painter, box, look.unit, kAmber);
+}
+void limitAlarm(QPainter& painter, const QRectF& box, const PictureLook& look) {
+    limitFrame(painter, box, look.unit, kAlarm);
+}
+
+/// Its word, on a ground of the frame's colour that is as wide as the word needs.
+void limitWord(QPainter& painter, const QRectF& box, const PictureLook& look, QRgb ground) {
+    const QFont font = Fonts::get().font(box.height() * 0.78, Weight::Bold);
+    const qreal wide =
+        std::min(box.width(), QFontMetricsF(font).horizontalAdvance(look.caption) + 8 * look.unit);
+    const QRectF plate(box.left(), box.top(), wide, box.height());
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(ground));
+    painter.drawRoundedRect(plate, 2 * look.unit, 2 * look.unit);
+    painter.setFont(font);
+    painter.setPen(QColor(kLitText));
+    painter.drawText(plate, Qt::AlignCenter | Qt::TextDontClip, look.caption);
+}
+void limitWarningWord(QPainter& painter, const QRectF& box, const PictureLook& look) {
+    limitWord(painter, box, look, kAmber);
+}
+void limitAlarmWord(QPainter& painter, const QRectF& box, const PictureLook& look) {
+    limitWord(painter, box, look, kAlarm);
+}
+
 /// A warning in the head of a panel.
 void sign(QPainter& painter, const QRectF& box, const PictureLook& look) {
     painter.setFont(Fonts::get().font(box.height() * 0.78, Weight::Bold));
@@ -116,11 +156,23 @@ void sign(QPainter& painter, const QRectF& box, const PictureLook& look) {
 
 const std::vector<NamedPicture>& markPictures() {
     static const std::vector<NamedPicture> pictures = {
-        {"multyon", lampOn},      {"multyoff", lampOff},        {"Logo1", teskel},
-        {"Logo2", marvenia},      {"LogoTeskel", teskel},       {"LogoMarvenia", marvenia},
-        {"InkTeskel", teskelInk}, {"InkMarvenia", marveniaInk}, {"GraphPaper", graphPaper},
-        {"MarkTop", markTop},     {"MarkBottom", markBottom},   {"AmberRing", amberRing},
+        {"multyon", lampOn},
+        {"multyoff", lampOff},
+        {"Logo1", teskel},
+        {"Logo2", marvenia},
+        {"LogoTeskel", teskel},
+        {"LogoMarvenia", marvenia},
+        {"InkTeskel", teskelInk},
+        {"InkMarvenia", marveniaInk},
+        {"GraphPaper", graphPaper},
+        {"MarkTop", markTop},
+        {"MarkBottom", markBottom},
+        {"AmberRing", amberRing},
         {"Sign", sign},
+        {"LimitWarning", limitWarning},
+        {"LimitWarningWord", limitWarningWord},
+        {"LimitAlarm", limitAlarm},
+        {"LimitAlarmWord", limitAlarmWord},
     };
     return pictures;
 }

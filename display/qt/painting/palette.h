@@ -36,6 +36,8 @@ inline constexpr QRgb kLitTop = 0xffeff2f6;
 inline constexpr QRgb kLitBottom = 0xffb7c0cb;
 inline constexpr QRgb kLitText = 0xff171a1f;
 inline constexpr QRgb kAmber = 0xfff5a50a;
+/// What marks an alarm: a red on which dark words read as well.
+inline constexpr QRgb kAlarm = 0xffff5a52;
 /// The symbol on a lit start or pause key.
 inline constexpr QRgb kRunMark = 0xff0a7a24;
 inline constexpr QRgb kFocus = 0xffffc24a;
