@@ -92,5 +92,10 @@ int main(int argc, char** argv) {
         rackFile.place = desktop.rackPlace();
         rackFile.write(files);
     };
+    program.FirstStart.showsCard = !rackFile.cardSeen;
+    program.FirstStart.onRead = [&] {
+        rackFile.cardSeen = true;
+        rackFile.write(files);
+    };
     return desktop.run([&forms] { forms.formWaitLoad.show(); });
 }

@@ -8,6 +8,7 @@
     FORM(Form_WaitLoad, formWaitLoad)                       \
     FORM(FormModoDemo, formModoDemo)                        \
     FORM(Form3, form3)                                      \
+    FORM(FormCard, formCard)                                \
     FORM(Form1, form1)                                      \
     FORM(Form_B, formB)                                     \
     FORM(Form_C, formC)                                     \

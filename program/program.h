@@ -44,6 +44,7 @@ struct Program {
     hmonitor::LibraryFault LibraryFault;
     hmonitor::FirstFolder FirstFolder;
     hmonitor::HistoryNotice HistoryNotice;
+    hmonitor::FirstStart FirstStart;
     UnitInUse unitInUse;
     FigureTips figureTips;
     /// Hears the driver door.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "core/small_text.h"
@@ -36,6 +37,12 @@ struct HistoryNotice {
 /// program's own; else empty.
 struct FirstFolder {
     std::string path;
+};
+
+/// The card of the first start.
+struct FirstStart {
+    bool showsCard = false;
+    std::function<void()> onRead;  ///< the user has put it away
 };
 
 }  // namespace hmonitor

@@ -13,6 +13,7 @@
 #include "program/report_fault.h"
 #include "spectrum/open_spectrum.h"
 #include "startup/form3.h"
+#include "startup/form_card.h"
 #include "startup/form_modo_demo.h"
 
 namespace hmonitor {
@@ -118,7 +119,17 @@ void Form1::resized() {
     const bool starting = RackPhase == kStarting;
     if (starting) program.Form_B->InicioForm();
     program.Form_B->show();
-    if (starting) showChannelSpectrumOfStart(program);
+    if (!starting) return;
+    showChannelSpectrumOfStart(program);
+    if (program.FirstStart.showsCard) showCard();
+}
+
+/// Over the analyses panel, where it hides no figure.
+void Form1::showCard() {
+    hmonitor::FormCard& card = *program.FormCard;
+    card.left = left + (width - card.width) / 2;
+    card.top = program.Form_D->top + (program.Form_D->height - card.height) / 2;
+    card.show();
 }
 
 void Form1::stackRack() {

@@ -145,7 +145,7 @@ class Form1 final : public ProgramForm {
     void readPresetAndCorrection();
     void takeCorrection(double correction);
     void refreshDefaults();
-    void startRack();
+    void showCard();
     void stackRack();
     void showVersion();
     void powerOff();

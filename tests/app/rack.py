@@ -38,6 +38,8 @@ class Rack:
             ["bash", "-euc", '. "$1/scripts/lay_rack.sh"; lay_rack "$1" "$2" "$3" simulated', "lay",
              str(tree), str(build), str(self.folder)], check=True)
         self.set_unit(**unit)
+        # The card of the first start was read long ago.
+        (self.folder / "rack.ini").write_text("card = seen\n")
         self.environment = dict(screen.environment, LANG=language + ".UTF-8",
                                 LC_ALL=language + ".UTF-8", QT_SCALE_FACTOR=str(factor),
                                 QT_QPA_PLATFORM="xcb", XDG_RUNTIME_DIR=str(self.folder))
