@@ -43,7 +43,9 @@ TEST(WriteTroublesOfTheRack, AreALineFromTheStartAndNoBoxUntilAnActOfTheUserFail
         bench.desktop.boxAnswers = {"ok"};
         bench.press(bench.form1.Image_Average);
         ASSERT_EQ(bench.desktop.boxes.size(), 1u);
-        EXPECT_TRUE(bench.desktop.boxes[0].text.starts_with("hm-16.dat cannot be written: "));
+        EXPECT_TRUE(bench.desktop.boxes[0].text.starts_with(language == RackBench::kSpanish
+                                                                ? "hm-16.dat no se puede escribir: "
+                                                                : "hm-16.dat cannot be written: "));
         // No further box: not for another file, nor at the power key.
         bench.press(bench.form1.Image6);
         bench.click(bench.formD.Image5);
