@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analyzer/frm_spectrum_analizer.h"
 
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
 #include "analyzer/analyzer_words.h"
 #include "analyzer/frm_edit_measurement.h"
 #include "analyzer/place_text.h"
@@ -101,13 +106,16 @@ void frmSpectrumAnalizer::SelectCurrentSession() {
 bool frmSpectrumAnalizer::LoadSession(std::string_view fileName) {
     const std::string wanted(fileName);
     if (!measurement.LoadSession(folder, wanted)) return false;
+    unsaved_ = unsavedText_ = false;
     ShowSessionInfo();
     return true;
 }
 
 void frmSpectrumAnalizer::SaveSession(std::string_view fileName) {
     const std::string wanted(fileName);
-    tellOnce(measurement.SaveSession(folder, wanted));
+    const auto fault = measurement.SaveSession(folder, wanted);
+    unsaved_ = fault.has_value();
+    tellOnce(fault);
     showCondition();
 }
 
@@ -166,6 +174,7 @@ void frmSpectrumAnalizer::deleteSession() {
         return;
     // A running scan would write the files again, so it is ended before they are deleted.
     if (measurement.ScanRunning != 0) butPause_Click();
+    unsaved_ = unsavedText_ = false;
     (void)folder.remove(measurement.CurrentSessionFile);
     (void)folder.remove(sweepFileName(measurement.CurrentSessionFile));
     loadRoutine();

@@ -4,6 +4,9 @@
 #include <array>
 #include <map>
 #include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
 
 #include "analyzer/density_colors.h"
 #include "analyzer/measurement.h"
@@ -174,6 +177,7 @@ class frmSpectrumAnalizer final : public ProgramForm, private LevelSink {
     void openBars();
     void butPause_Click();
     void endScan();
+    void saveWhatWasNot();
     void close();
     float fieldCorrection() const;
     display::NumberTable tableOf(std::string_view title) const;
@@ -195,9 +199,11 @@ class frmSpectrumAnalizer final : public ProgramForm, private LevelSink {
         int level = 0;
     };
     std::map<int, Bar> shownBars_;
-    Int16 shownColumns_ = 0;  ///< of the graph that they stand in
-    Class1* map_ = nullptr;   ///< true while ShowSpectrum_3D draws
-    bool toldFault_ = false;  ///< a failed save was reported in this scan
+    Int16 shownColumns_ = 0;    ///< of the graph that they stand in
+    Class1* map_ = nullptr;     ///< true while ShowSpectrum_3D draws
+    bool toldFault_ = false;    ///< a failed save was reported in this scan
+    bool unsaved_ = false;      ///< the last save of the session failed
+    bool unsavedText_ = false;  ///< the last save of a frame's sweep failed
     bool closeAfterRun_ = false;
 };
 

@@ -116,6 +116,7 @@ void frmSpectrumAnalizer::roundEnds() {
     // Both files are written, even if one of them fails.
     const auto textFault = sweep_.writeText(folder);
     if (frame) {
+        unsavedText_ = textFault.has_value();
         SaveSession(measurement.CurrentSessionFile);
         bars_.reset();
         FrameBusy = 0;
@@ -136,8 +137,18 @@ void frmSpectrumAnalizer::endScan() {
     showRunning(Running::No);
     StopScan();
     frames_.stop();
+    saveWhatWasNot();
     driver.HM_Parar();
     program.tuner->retune();
+}
+
+void frmSpectrumAnalizer::saveWhatWasNot() {
+    // A disk that was full at the last frame may have room by now.
+    if (unsaved_) SaveSession(measurement.CurrentSessionFile);
+    if (!unsavedText_) return;
+    const auto fault = sweep_.writeText(folder);
+    unsavedText_ = fault.has_value();
+    tellOnce(fault);
 }
 
 }  // namespace hmonitor

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // How the analyzer's window shows the state of its scan, and how it closes.
 #include "analyzer/analyzer_graphs.h"
+
+#include <memory>
+#include <string>
+
 #include "analyzer/frm_spectrum_analizer.h"
 #include "core/numbers.h"
 #include "program/language.h"
@@ -85,6 +89,7 @@ void frmSpectrumAnalizer::close() {
 
 void frmSpectrumAnalizer::onUnload() {
     measurement.ScanRunning = 0;
+    saveWhatWasNot();
     // Returns the unit to the panels and enables the rack.
     lease_.close(UnitLease::Back::AsStored);
 }

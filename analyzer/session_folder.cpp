@@ -2,8 +2,10 @@
 #include "analyzer/session_folder.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <set>
 #include <system_error>
+#include <utility>
 
 #include "analyzer/session_names.h"
 #include "core/code_page.h"
@@ -35,7 +37,7 @@ std::string SessionFolder::folderName() const {
 }
 
 Files SessionFolder::files() const {
-    return Files(working_->folder() / folderName(), watcher_);
+    return working_->below(folderName(), watcher_);
 }
 
 std::vector<std::string> SessionFolder::list() const {
@@ -88,7 +90,8 @@ std::optional<FileFault> SessionFolder::write(std::string_view fileName,
     std::filesystem::create_directory(folder.folder(), reason);
     if (reason) {
         return FileFault{FileFaultKind::NotWritten,
-                         folderName() + " cannot be made: " + reason.message()};
+                         folderName() + " cannot be made: " + reason.message(),
+                         working_->troubles().failed(folder.folder(), reason.value(), 0)};
     }
     return folder.rewrite(fileName, bytes);
 }

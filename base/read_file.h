@@ -3,6 +3,8 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
+#include <system_error>
 
 namespace base {
 
@@ -17,5 +19,10 @@ struct FileBytes {
 /// Reads a regular file. Anything else is refused before it is read (EISDIR, EINVAL): a pipe named
 /// like a settings file would block the program for ever.
 FileBytes readFile(const std::filesystem::path& file);
+
+/// "NAME cannot be read: REASON", without a full stop.
+inline std::string notRead(std::string_view name, int reason) {
+    return std::string(name) + " cannot be read: " + std::generic_category().message(reason);
+}
 
 }  // namespace base

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/files.h"
 
-#include <unistd.h>
-
 #include <cerrno>
 #include <system_error>
+#include <utility>
 
 #include "base/leftovers.h"
 #include "base/read_file.h"
+#include "base/remove_file.h"
 #include "base/rewrite_file.h"
 #include "core/numbers.h"
 #include "core/text_lines.h"
@@ -21,13 +21,19 @@ FileFault missing(std::string_view name) {
 }
 
 FileFault unreadable(std::string_view name, int reason) {
-    return {FileFaultKind::Unreadable,
-            std::string(name) + " cannot be read: " + std::generic_category().message(reason)};
+    return {FileFaultKind::Unreadable, base::notRead(name, reason)};
 }
+
+/// What no name of a file has. On Windows a colon names a disk or a file's second content.
+#if defined(_WIN32)
+constexpr std::string_view kOfPaths("/\\:\0", 4);
+#else
+constexpr std::string_view kOfPaths("/\0", 2);
+#endif
 
 bool isBareName(std::string_view name) {
     return !name.empty() && name != "." && name != ".." &&
-           name.find_first_of(std::string_view("/\0", 2)) == std::string_view::npos;
+           name.find_first_of(kOfPaths) == std::string_view::npos;
 }
 
 }  // namespace
@@ -36,10 +42,10 @@ Files::Files(std::filesystem::path folder, base::RewriteWatcher* watcher)
     : folder_(std::move(folder)),
       watcher_(watcher),
       names_(std::make_shared<FolderNames>(folder_)),
-      troubles_(std::make_shared<WriteTroubles>()) {}
+      troubles_(std::make_shared<FileTroubles>()) {}
 
 Files Files::below(std::string_view name, base::RewriteWatcher* watcher) const {
-    Files files(folder_ / name, watcher);
+    Files files(folder_ / name, watcher ? watcher : watcher_);
     files.troubles_ = troubles_;
     return files;
 }
@@ -55,9 +61,14 @@ std::optional<std::string> Files::find(std::string_view name) const {
 FileResult<std::string> Files::read(std::string_view name) const {
     const auto found = find(name);
     if (!found) return missing(name);
-    auto read = base::readFile(folder_ / *found);
+    const auto file = folder_ / *found;
+    auto read = base::readFile(file);
     if (read.reason == ENOENT) return missing(name);
-    if (!read) return unreadable(name, read.reason);
+    if (!read) {
+        troubles_->unreadable(file);
+        return unreadable(name, read.reason);
+    }
+    troubles_->read(file);
     return std::move(read.bytes);
 }
 
@@ -81,7 +92,10 @@ std::optional<FileFault> Files::rewrite(std::string_view name, std::string_view 
     const bool isBare = isBareName(name);
     const auto file = folder_ / (isBare ? find(name).value_or(std::string(name)) : "");
     const int reason = isBare ? base::rewriteFile(file, bytes, watcher_) : EINVAL;
-    if (!reason) return std::nullopt;
+    if (!reason) {
+        troubles_->written(file);
+        return std::nullopt;
+    }
     return FileFault{FileFaultKind::NotWritten, base::notWritten(name, reason),
                      troubles_->failed(file, reason, bytes.size())};
 }
@@ -89,9 +103,10 @@ std::optional<FileFault> Files::rewrite(std::string_view name, std::string_view 
 std::optional<FileFault> Files::remove(std::string_view name) const {
     const auto found = find(name);
     if (!found) return std::nullopt;
-    if (::unlink((folder_ / *found).c_str()) == 0 || errno == ENOENT) return std::nullopt;
+    const int reason = base::removeFile(folder_ / *found);
+    if (reason == 0 || reason == ENOENT) return std::nullopt;
     return FileFault{FileFaultKind::NotWritten, std::string(name) + " cannot be deleted: " +
-                                                    std::generic_category().message(errno)};
+                                                    std::generic_category().message(reason)};
 }
 
 void Files::removeLeftovers() const {

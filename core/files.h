@@ -10,8 +10,8 @@
 
 #include "base/rewrite_steps.h"
 #include "core/file_result.h"
+#include "core/file_troubles.h"
 #include "core/folder_names.h"
-#include "core/write_troubles.h"
 
 namespace hmonitor {
 
@@ -46,18 +46,18 @@ class Files {
     /// Deletes what a rewrite left beside its file when a program died in the middle.
     void removeLeftovers() const;
 
-    /// A folder in this one, which shares its troubles.
+    /// A folder in this one, which shares its troubles, and its watcher unless one is given.
     Files below(std::string_view name, base::RewriteWatcher* watcher = nullptr) const;
 
-    /// What could not be written and still cannot.
-    WriteTroubles& troubles() const { return *troubles_; }
+    /// What could not be written or read and still cannot.
+    FileTroubles& troubles() const { return *troubles_; }
 
  private:
     std::filesystem::path folder_;
     base::RewriteWatcher* watcher_;
     /// Of the folder, for the names that it does not have as they are asked for.
     std::shared_ptr<FolderNames> names_;
-    std::shared_ptr<WriteTroubles> troubles_;
+    std::shared_ptr<FileTroubles> troubles_;
 };
 
 }  // namespace hmonitor

@@ -18,8 +18,9 @@ class CallBox {
     virtual ~CallBox() = default;
 
     /// Shows the box with these keys until one is pressed or `over` tells that nobody needs an
-    /// answer any more. The first key is what Enter and Escape press. Answers which key, from 0;
-    /// none when it is over.
+    /// answer any more. Enter presses the first key. Escape and the window's close press a key that
+    /// stands alone, and else none: each of several gives something up, and waiting gives up least.
+    /// Answers which key, from 0; none when it is over.
     virtual std::optional<std::size_t> standWhile(const MessageBox& box,
                                                   const std::vector<std::string>& keys,
                                                   const std::function<bool()>& over) = 0;

@@ -20,6 +20,8 @@ std::optional<int> partOf(std::string_view text, std::size_t place, std::size_t 
     return value;
 }
 
+constexpr int kLastYear = 2199;
+
 std::optional<LocalTime> timeIn(std::string_view text) {
     constexpr std::string_view kShape = "0000-00-00 00:00:00";
     if (text.size() != kShape.size()) return std::nullopt;
@@ -31,7 +33,9 @@ std::optional<LocalTime> timeIn(std::string_view text) {
                second = partOf(text, 17, 2);
     if (!year || !month || !day || !hour || !minute || !second) return std::nullopt;
     const LocalTime time{*year, *month, *day, *hour, *minute, *second};
-    if (*year < 1970 || localTimeAt(momentOf(time)) != time) return std::nullopt;
+    // The system counts nanoseconds to 2262.
+    if (*year < 1970 || *year > kLastYear || localTimeAt(momentOf(time)) != time)
+        return std::nullopt;
     return time;
 }
 

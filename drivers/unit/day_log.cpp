@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drivers/unit/day_log.h"
 
+#include <cerrno>
 #include <map>
+#include <set>
 #include <utility>
 
 #include "base/number_in_text.h"
@@ -14,6 +16,11 @@ namespace {
 
 // The shortest part of an hour that is logged.
 constexpr double kLeastSeconds = 60;
+// How long until a line that could not be written is tried again.
+constexpr double kTryEvery = 60;
+// A month of hours; who lets a disk stand full for longer loses the oldest.
+constexpr std::size_t kMostWaiting = 24 * std::size_t{31};
+constexpr std::size_t kMostFailures = 3;
 
 struct HourLine {
     int hour = -1;
@@ -76,14 +83,42 @@ std::optional<std::string> DayLog::add(const Readings& readings, double radiated
         hour_ = now;
     }
     summary_.add(readings, radiatedPower, seconds);
+    sinceTried_ += seconds;
+    if (!waiting_.empty() && sinceTried_ >= kTryEvery) fault = writeWaiting();
     return fault;
 }
 
 std::optional<std::string> DayLog::close() {
     const HourSummary summary = std::exchange(summary_, {});
-    if (summary.seconds() < kLeastSeconds) return std::nullopt;
-    const auto file = folder_ / (dayMark(hour_) + ".log");
-    return replaceFile(file, withHourLine(base::readFile(file).bytes, summary.line(hour_.hour)));
+    if (summary.seconds() >= kLeastSeconds) {
+        waiting_.push_back({dayMark(hour_) + ".log", summary.line(hour_.hour)});
+        if (waiting_.size() > kMostWaiting) waiting_.pop_front();
+    }
+    return writeWaiting();
+}
+
+std::optional<std::string> DayLog::writeWaiting() {
+    sinceTried_ = 0;
+    std::optional<std::string> first;
+    std::set<std::string> failed;
+    std::erase_if(waiting_, [&](const WaitingLine& next) {
+        // One day's file may be unreadable by itself; where several fail, it is the disk.
+        if (failed.size() >= kMostFailures || failed.contains(next.file)) return false;
+        const auto fault = write(next.file, next.line);
+        if (!fault) return true;
+        failed.insert(next.file);
+        if (!first) first = fault;
+        return false;
+    });
+    return first;
+}
+
+std::optional<std::string> DayLog::write(const std::string& file, const std::string& line) const {
+    const auto path = folder_ / file;
+    const auto log = base::readFile(path);
+    // What cannot be read may hold a day: it is no empty one.
+    if (!log && log.reason != ENOENT) return base::notRead(path.string(), log.reason) + ".";
+    return replaceFile(path, withHourLine(log.bytes, line));
 }
 
 }  // namespace hm16

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cmath>
 
 #include "base/number_in_text.h"
@@ -19,7 +20,9 @@ constexpr std::size_t kLines = 24;
 using Lines = std::array<std::string, kLines>;
 
 std::filesystem::path fileOf(const std::filesystem::path& folder, double frequency) {
-    return folder / (frequencyKey(frequency) + ".dat");
+    // A frequency that was worked out from megahertz is no whole number to the last bit.
+    const double tuned = std::round(100 * frequency) / 100;
+    return folder / base::frequencyKey(tuned).append(".dat").view();
 }
 
 Lines linesOf(std::string_view text) {
@@ -36,6 +39,13 @@ Lines linesOf(std::string_view text) {
 float valueOf(const std::string& line) {
     const double value = base::numberIn(line).value_or(0);
     return std::abs(value) <= 1e6 ? static_cast<float>(value) : 0.0f;
+}
+
+// A station is measured for years: longer than a float counts to the second.
+double secondsOf(const std::string& line) {
+    constexpr double kMost = 1e10;
+    const double seconds = base::numberIn(line).value_or(0);
+    return seconds >= 0 && seconds <= kMost ? seconds : 0;
 }
 
 // In these three fields 0 means that there is no result.
@@ -63,21 +73,20 @@ std::string twoDigits(int number) {
 
 }  // namespace
 
-std::string frequencyKey(double frequency) {
-    std::string key(frequency < 1000 ? 1 : 0, '0');
-    return key += base::decimalText(frequency, 2);
-}
-
 StationResults::StationResults(double frequency) : frequency_(frequency) {}
 
 StationResults StationResults::read(const std::filesystem::path& folder, double frequency) {
-    return parse(frequency, base::readFile(fileOf(folder, frequency)).bytes);
+    const auto file = base::readFile(fileOf(folder, frequency));
+    StationResults results = parse(frequency, file.bytes);
+    // A folder by that name holds no results.
+    results.unread_ = file.reason != 0 && file.reason != ENOENT && file.reason != EISDIR;
+    return results;
 }
 
 StationResults StationResults::parse(double frequency, std::string_view text) {
     const Lines lines = linesOf(text);
     StationResults results(frequency);
-    results.seconds_ = std::max(0.0f, valueOf(lines[3]));
+    results.seconds_ = secondsOf(lines[3]);
     results.highestModulation_ = valueOf(lines[4]);
     results.last_.peakModulation = valueOf(lines[5]);
     results.last_.levelFirst = valueOf(lines[6]);
@@ -112,6 +121,18 @@ void StationResults::add(const Readings& readings, double seconds) {
     keepBest(separationLeft_, readings.separationLeft, Best::Highest);
     keepBest(separationRight_, readings.separationRight, Best::Highest);
     keepBest(distortion_, readings.distortion, Best::Lowest);
+}
+
+void StationResults::join(const StationResults& earlier) {
+    seconds_ += earlier.seconds_;
+    highestModulation_ = std::max(highestModulation_, earlier.highestModulation_);
+    worstMultipath_ = std::max(worstMultipath_, earlier.worstMultipath_);
+    mostPeaks_ = std::max(mostPeaks_, earlier.mostPeaks_);
+    keepBest(noiseLeft_, earlier.noiseLeft_.value_or(0), Best::Lowest);
+    keepBest(noiseRight_, earlier.noiseRight_.value_or(0), Best::Lowest);
+    keepBest(separationLeft_, earlier.separationLeft_.value_or(0), Best::Highest);
+    keepBest(separationRight_, earlier.separationRight_.value_or(0), Best::Highest);
+    keepBest(distortion_, earlier.distortion_.value_or(0), Best::Lowest);
 }
 
 void StationResults::clear(StoredResult what) {
@@ -163,7 +184,14 @@ std::string StationResults::text(const LocalTime& now) const {
 }
 
 std::optional<std::string> StationResults::write(const std::filesystem::path& folder,
-                                                 const LocalTime& now) const {
+                                                 const LocalTime& now) {
+    if (unread_) {
+        const auto file = fileOf(folder, frequency_);
+        const auto read = base::readFile(file);
+        if (!read && read.reason != ENOENT) return base::notRead(file.string(), read.reason) + ".";
+        join(parse(frequency_, read.bytes));
+        unread_ = false;
+    }
     return replaceFile(fileOf(folder, frequency_), text(now));
 }
 

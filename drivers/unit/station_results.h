@@ -14,9 +14,6 @@ namespace hm16 {
 // The codes of HM_Reset.
 enum class StoredResult { Noise = 1, Distortion = 2, Separation = 3 };
 
-// "0985", "1025", "1025.5": how the per-frequency files of a frequency are named.
-std::string frequencyKey(double frequency);
-
 // What is kept of one frequency: the file KEY.dat of 24 lines, carriage return and line feed behind
 // each. docs/driver.md lists the lines.
 //
@@ -28,7 +25,8 @@ class StationResults {
  public:
     explicit StationResults(double frequency);
 
-    // Reads the file; one that is missing, torn or odd counts as missing line by line.
+    // Reads the file; one that is missing, torn or odd counts as missing line by line. What stands
+    // in a file that cannot be read is joined as soon as it can be.
     static StationResults read(const std::filesystem::path& folder, double frequency);
     static StationResults parse(double frequency, std::string_view text);
 
@@ -40,9 +38,9 @@ class StationResults {
     // The 24 lines; `now` is the date in two of them.
     std::string text(const LocalTime& now) const;
 
-    // Writes the file to `folder`; returns a sentence on failure.
-    std::optional<std::string> write(const std::filesystem::path& folder,
-                                     const LocalTime& now) const;
+    // Writes the file to `folder`; returns a sentence on failure. A file that stands there and
+    // still cannot be read is left as it is.
+    std::optional<std::string> write(const std::filesystem::path& folder, const LocalTime& now);
 
     double frequency() const { return frequency_; }
     double seconds() const { return seconds_; }
@@ -58,7 +56,11 @@ class StationResults {
     float mostPeaks() const { return mostPeaks_; }
 
  private:
+    // What was measured before; the last readings stay.
+    void join(const StationResults& earlier);
+
     double frequency_;
+    bool unread_ = false;  // the file was there and could not be read
     double seconds_ = 0;
     Readings last_;
     float highestModulation_ = 0;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
 #include <cstdlib>
+#include <string>
 
 #include "analyses/form_d.h"
 #include "core/files.h"
@@ -109,23 +110,25 @@ void Form1::showSigns() {
 }
 
 std::string Form1::troubleText() const {
-    const WriteTroubles& troubles = program.files.troubles();
+    const FileTroubles& troubles = program.files.troubles();
     if (!troubles.any()) return noticeText();
     const std::string name = troubles.file().filename().string();
+    const bool spanish = language == display::Language::Spanish;
+    if (troubles.why() == FileTroubles::Why::Unreadable)
+        return spanish ? "No se puede leer " + name : name + " cannot be read";
     std::string text;
     if (name.empty()) {
         text = wordsIn(language, {"No se puede guardar nada", "Nothing can be stored"});
-    } else if (language == display::Language::Spanish) {
-        text = "No se puede guardar " + name;
     } else {
-        text = name + " cannot be stored";
+        text = spanish ? "No se puede guardar " + name : name + " cannot be stored";
     }
     switch (troubles.why()) {
-        case WriteTroubles::Why::ReadOnly:
+        case FileTroubles::Why::ReadOnly:
             return text.append(wordsIn(language, {": es de solo lectura", ": it is read-only"}));
-        case WriteTroubles::Why::DiskFull:
+        case FileTroubles::Why::DiskFull:
             return text.append(wordsIn(language, {": el disco está lleno", ": the disk is full"}));
-        case WriteTroubles::Why::Other:
+        case FileTroubles::Why::Other:
+        case FileTroubles::Why::Unreadable:
             break;
     }
     return text;
@@ -143,7 +146,7 @@ std::string Form1::noticeText() const {
 
 void Form1::showTrouble() {
     using namespace std::chrono_literals;
-    WriteTroubles& troubles = program.files.troubles();
+    FileTroubles& troubles = program.files.troubles();
     const bool seen = troubleSeen.count() != 0;
     if (seen && desktop().now() - troubleSeen < 2s) {
         if (!troubles.any() || Trouble.visible) return;

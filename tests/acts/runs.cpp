@@ -116,8 +116,9 @@ Keys noKeys(RunBench&) {
 
 }  // namespace
 
-RunBench::RunBench(const UnitKind& kind)
-    : RackBench(std::make_unique<CalledDriver>()), called(static_cast<CalledDriver&>(driver)) {
+RunBench::RunBench(const UnitKind& kind, int languageId)
+    : RackBench(languageId, Brand::Marvenia, std::make_unique<CalledDriver>()),
+      called(static_cast<CalledDriver&>(driver)) {
     desktop.answerEveryBox = true;
     desktop.modalScripts["FormModoDemo"] = [this](display::Form&) {
         hand.click(forms.formModoDemo.Command1);

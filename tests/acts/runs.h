@@ -28,7 +28,7 @@ inline constexpr std::array<UnitKind, 5> kUnitKinds{{{"Points", 1.5f, 1.5f},
 /// The whole program, measuring, on a unit of that kind.
 class RunBench : public RackBench {
  public:
-    explicit RunBench(const UnitKind& kind);
+    explicit RunBench(const UnitKind& kind, int languageId = kEnglish);
     CalledDriver& called;
 
     bool inDemoMode() const { return state.DemoMode == "si"; }

@@ -13,7 +13,7 @@ import time
 
 sys.dont_write_bytecode = True
 from cases import ENGLISH, case, main
-from rack import PRESET
+from rack import LOG, PRESET
 from screen import wait_for
 
 ORDERLY = 2.0  # seconds behind the return of the call in work
@@ -145,6 +145,23 @@ def behind_a_box(rack, album):
     wait_for(rack.boxes, "the version box")
     rack.program.send_signal(signal.SIGTERM)
     expect_order(rack, preset)
+
+
+@case(languages=(ENGLISH,), started=False, units=({"pace": 100, "clock": "2026-03-04 12:10:00"},))
+def the_hours_line(rack, album):
+    """The unfinished hour of the day's log is written by an end from outside too."""
+    settings = (rack.folder / "hm-16.dat").read_bytes().split(b"\r\n")
+    settings[LOG] = b"1"
+    (rack.folder / "hm-16.dat").write_bytes(b"\r\n".join(settings))
+    log = rack.folder / "20260304.log"
+    rack.start()
+    time.sleep(1)
+    assert not log.exists(), "the hour is over before its end was asked for"
+    rack.program.send_signal(signal.SIGTERM)
+    rack.wait_end()
+    lines = log.read_text().splitlines()
+    assert len(lines) == 1 and lines[0].split()[0] in ("12", "13"), f"the log: {lines}"
+    assert float(lines[0].split()[6]) >= 1, f"minutes measured: {lines}"
 
 
 class NoServer:

@@ -103,6 +103,66 @@ TEST(DayLog, SaysWhatCannotBeWritten) {
               "/no/such/folder/20260304.log cannot be written: No such file or directory.");
 }
 
+TEST(DayLog, ALineThatCannotBeWrittenWaitsUntilItCan) {
+    const TempFolder folder;
+    const auto later = folder.path() / "later";
+    DayLog log(later);
+    log.tune(985, at(8, 0));
+    log.add(hourOnAir(90), 1, 600, at(8, 10));
+    EXPECT_NE(log.add(hourOnAir(80), 1, 600, at(9, 10)), std::nullopt);
+    EXPECT_NE(log.add(hourOnAir(70), 1, 600, at(10, 10)), std::nullopt);
+    std::filesystem::create_directory(later);
+    EXPECT_EQ(log.add(hourOnAir(70), 1, 30, at(10, 11)), std::nullopt);
+    EXPECT_FALSE(folder.has("later/20260304.log")) << "it was tried half a minute ago";
+    EXPECT_EQ(log.add(hourOnAir(70), 1, 30, at(10, 12)), std::nullopt);
+    EXPECT_EQ(folder.read("later/20260304.log"),
+              "8 90 -6 -6 45 1 10 0 0 0 \r\n9 80 -6 -6 45 1 10 0 0 0 \r\n");
+    log.close();
+    EXPECT_TRUE(folder.read("later/20260304.log").ends_with("\r\n10 70 -6 -6 45 1 11 0 0 0 \r\n"));
+}
+
+TEST(DayLog, AFullDiskOfMonthsKeepsTheNewestMonthOfHours) {
+    const TempFolder folder;
+    const auto later = folder.path() / "later";
+    DayLog log(later);
+    log.tune(985, {2026, 1, 1, 0, 0, 0});
+    for (int hour = 0; hour < 90 * 24; ++hour) {
+        const LocalTime now = localTimeAt(momentOf({2026, 1, 1, hour, 30, 0}));
+        log.add(hourOnAir(90), 1, 3600, now);
+    }
+    std::filesystem::create_directory(later);
+    log.close();
+    EXPECT_FALSE(folder.has("later/20260228.log"));
+    EXPECT_EQ(std::ranges::count(folder.read("later/20260303.log"), '\n'), 24);
+    EXPECT_EQ(std::ranges::count(folder.read("later/20260331.log"), '\n'), 24);
+}
+
+TEST(DayLog, TheHourThatIsTwiceInAutumnIsOneLine) {
+    const TempFolder folder;
+    DayLog log(folder.path());
+    log.tune(985, {2026, 10, 25, 2, 0, 0});
+    for (int minute = 1; minute <= 120; ++minute)
+        log.add(hourOnAir(90), 1, 60, {2026, 10, 25, 2, (minute - 1) % 60, 59});
+    log.add(hourOnAir(80), 1, 60, {2026, 10, 25, 3, 1, 0});
+    log.close();
+    EXPECT_EQ(folder.read("20261025.log"),
+              "2 90 -6 -6 45 1 120 0 0 0 \r\n3 80 -6 -6 45 1 1 0 0 0 \r\n");
+}
+
+TEST(DayLog, AClockSetBackADayLeavesBothDaysWhatWasMeasuredForLonger) {
+    const TempFolder folder;
+    folder.write("20260303.log", "9 60 -6 -6 45 1 60 0 0 0 \r\n");
+    DayLog log(folder.path());
+    log.tune(985, at(9, 0));
+    log.add(hourOnAir(90), 1, 1800, at(9, 30));
+    log.add(hourOnAir(80), 1, 1800, {2026, 3, 3, 9, 59, 0});
+    log.add(hourOnAir(70), 1, 1800, {2026, 3, 3, 10, 30, 0});
+    log.close();
+    EXPECT_EQ(folder.read("20260304.log"), "9 90 -6 -6 45 1 30 0 0 0 \r\n");
+    EXPECT_EQ(folder.read("20260303.log"),
+              "9 60 -6 -6 45 1 60 0 0 0 \r\n10 70 -6 -6 45 1 30 0 0 0 \r\n");
+}
+
 TEST(WithHourLine, AnHourMeasuredForLongerStands) {
     const std::string log = "9 90 -6 -6 45 1 50 0 0 0 \r\n";
     EXPECT_EQ(withHourLine(log, "9 70 -6 -6 45 1 10 0 0 0 "), log);

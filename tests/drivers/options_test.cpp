@@ -46,8 +46,9 @@ TEST(Options, TakesEverySetting) {
 }
 
 TEST(Options, RefusesATimeThatNoClockShows) {
-    for (const char* clock : {"2026-02-30 10:00:00", "2026-03-04 24:00:00", "tomorrow",
-                              "2026-03-04", "2026-03-04T10:00:00", "2026-03-0x 10:00:00", ""}) {
+    for (const char* clock :
+         {"2026-02-30 10:00:00", "2026-03-04 24:00:00", "tomorrow", "2026-03-04",
+          "2026-03-04T10:00:00", "2026-03-0x 10:00:00", "9421-01-01 10:00:00", ""}) {
         Settings settings = Settings::parse(std::string("clock = ") + clock, "hm-16.ini");
         EXPECT_EQ(readOptions(settings).clock, std::nullopt);
         EXPECT_THAT(settings.faults(),

@@ -36,14 +36,6 @@ Readings someReadings() {
     return r;
 }
 
-TEST(FrequencyKey, HasFourDigitsAndTheHalfStepBehindAPoint) {
-    EXPECT_EQ(frequencyKey(985), "0985");
-    EXPECT_EQ(frequencyKey(999.5), "0999.5");
-    EXPECT_EQ(frequencyKey(1000), "1000");
-    EXPECT_EQ(frequencyKey(1025), "1025");
-    EXPECT_EQ(frequencyKey(1025.5f), "1025.5");
-}
-
 TEST(StationResults, WritesTwentyFourLinesInTheirOrder) {
     StationResults results(887);
     results.add(someReadings(), 12.7);
@@ -130,6 +122,17 @@ TEST(StationResults, ClearsSeparationAlone) {
     EXPECT_EQ(results.distortion(), 0.351f);
 }
 
+TEST(StationResults, CountsSecondsForYears) {
+    StationResults results(887);
+    const double years = 3e8;
+    results.add(someReadings(), years);
+    StationResults read = StationResults::parse(887, results.text(kNow));
+    EXPECT_EQ(read.seconds(), years);
+    read.add(someReadings(), 1);
+    EXPECT_EQ(StationResults::parse(887, read.text(kNow)).seconds(), years + 1);
+    EXPECT_EQ(StationResults::parse(887, "\n\n\n-5\n").seconds(), 0);
+}
+
 TEST(StationResults, ReadsBackWhatItWrote) {
     const TempFolder folder;
     StationResults results(1025.5);
@@ -167,6 +170,14 @@ TEST(StationResults, ReadsAFileCutAtEveryLengthLineByLine) {
     EXPECT_EQ(read.noiseLeft(), -66.2f);
     EXPECT_EQ(read.noiseRight(), std::nullopt);
     EXPECT_EQ(read.distortion(), std::nullopt);
+}
+
+TEST(StationResults, AreFoundUnderAFrequencyThatWasWorkedOutFromMegahertz) {
+    const TempFolder folder;
+    ASSERT_EQ(StationResults(10.0 * 98.7f).write(folder.path(), kNow), std::nullopt);  // 986.99997
+    ASSERT_EQ(StationResults(1025.5).write(folder.path(), kNow), std::nullopt);
+    EXPECT_TRUE(std::filesystem::exists(folder.path() / "0987.dat"));
+    EXPECT_TRUE(std::filesystem::exists(folder.path() / "1025.5.dat"));
 }
 
 TEST(StationResults, TakesOddLinesForMissingOnes) {

@@ -34,7 +34,7 @@ RackBench::RackBench(int languageId, Brand brand, std::unique_ptr<ScriptedDriver
       unit(std::move(its)),
       driver(*unit),
       readings(driver.readings),
-      files(scratch.path()),
+      files(scratch.path(), &disk),
       program(desktop, driver, files),
       forms(program, brand),
       form1(forms.form1),

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -10,6 +11,7 @@
 
 #include "all_forms.h"
 #include "app/forms.h"
+#include "base/rewrite_steps.h"
 #include "core/files.h"
 #include "display/headless/headless_desktop.h"
 #include "program/program.h"
@@ -28,6 +30,15 @@ struct Memory {
     std::string frequency;
 };
 std::string memoryBlock(const std::vector<Memory>& memories);
+
+/// A disk that does as it is told at each step of a rewrite.
+struct ToldDisk final : base::RewriteWatcher {
+    /// Nothing: all goes well. Answers 0, or the `errno` value of what fails.
+    std::function<int(base::RewriteStep, base::StepMoment)> told;
+    int at(base::RewriteStep step, base::StepMoment moment) override {
+        return told ? told(step, moment) : 0;
+    }
+};
 
 /// The whole program on the headless desktop, a scripted unit of version 1.8 (or the one that is
 /// given) and a working folder of its own with the shipped kind of settings: preset 1 of three
@@ -84,6 +95,7 @@ class RackBench {
     std::vector<std::string> takeCalls();
 
     TempFolder scratch;
+    ToldDisk disk;  ///< all that the program writes to its folder
     display::HeadlessDesktop desktop;
     std::unique_ptr<ScriptedDriver> unit;
     ScriptedDriver& driver;

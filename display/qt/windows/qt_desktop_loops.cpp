@@ -3,6 +3,12 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <algorithm>
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "display/qt/widgets/control_widget.h"
 #include "display/qt/windows/form_window.h"
@@ -239,7 +245,6 @@ std::optional<std::size_t> QtDesktop::standCallBox(const MessageBox& box,
         buttons.push_back(shown.addButton(qText(key), QMessageBox::AcceptRole));
     }
     shown.setDefaultButton(buttons.front());
-    shown.setEscapeButton(buttons.front());
     QTimer glance;
     QObject::connect(&glance, &QTimer::timeout, &shown, [&shown, &over] {
         if (over()) shown.hide();

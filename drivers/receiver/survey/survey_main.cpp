@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Goes over the band of a receiver once and lists its stations, for whoever lays a rack.
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <iostream>
+#include <optional>
 #include <random>
 #include <span>
 #include <string>
 #include <string_view>
+#include <system_error>
+#include <utility>
 #include <vector>
 
 #include "base/number_text.h"
@@ -119,32 +123,32 @@ int survey(const Options& asked) {
         std::cout << base::decimalText(station.mhz, 2) << ','
                   << base::decimalText(station.levelDbuv, 1) << ',' << station.name << '\n';
     if (asked.presets.empty()) return 0;
-    const auto block = base::readFile(asked.presets).bytes;
-    if (const auto fault = hm16::replaceFile(asked.presets, withPresets(block, stations)))
+    const auto block = base::readFile(asked.presets);
+    // What cannot be read may hold stations that the user gave names to.
+    if (!block && block.reason != ENOENT)
+        return fail(base::notRead(asked.presets.string(), block.reason) + ".");
+    if (const auto fault = hm16::replaceFile(asked.presets, withPresets(block.bytes, stations)))
         return fail(*fault);
     return 0;
 }
 
 int answer(std::span<const std::string_view> words) {
     Options options;
-    std::string driver;
-    CLI::App app(kAbout, "hm16-survey");
-    app.add_option("INI", options.ini, "the settings file of a receiver");
-    app.add_flag("--check", options.checkOnly, "opens the receiver and no more");
-    app.add_option("--presets", options.presets,
-                   "writes the sixteen strongest stations into this rack's memories");
-    const CLI::Option* radios =
-        app.add_option("--radios", driver,
-                       "lists the radios that SoapySDR finds, of this driver alone when one is "
-                       "named, as a device and its label with a tab between them; 1 where there is "
-                       "none")
-            ->expected(0, 1);
-    if (const auto end = hm16::readCommandLine(app, words)) {
+    std::optional<std::string> radiosOf;
+    hm16::CommandLine line(kAbout, "hm16-survey");
+    line.path("INI", options.ini, "the settings file of a receiver");
+    line.flag("--check", options.checkOnly, "opens the receiver and no more");
+    line.path("--presets", options.presets,
+              "writes the sixteen strongest stations into this rack's memories");
+    line.maybeWord("--radios", radiosOf,
+                   "lists the radios that SoapySDR finds, of this driver alone when one is named, "
+                   "as a device and its label with a tab between them; 1 where there is none");
+    if (const auto end = line.read(words)) {
         if (!end->help) return fail(end->text);
         std::cout << end->text;
         return 0;
     }
-    if (radios->count() > 0) return listThem(driver);
+    if (radiosOf) return listThem(*radiosOf);
     if (options.ini.empty()) return fail("Name a settings file; --help tells more.");
     options.ini = std::filesystem::absolute(options.ini);
     return survey(options);

@@ -38,7 +38,7 @@ TEST_F(CallBoxOnScreen, LetsNothingElsePassUntilAKeyIsPressed) {
     EXPECT_TRUE(until([&] { return times("Timer1 tick") > before; }));
 }
 
-TEST_F(CallBoxOnScreen, GoesByItselfWhenItIsOverAndEscapePressesItsFirstKey) {
+TEST_F(CallBoxOnScreen, GoesByItselfWhenItIsOver) {
     showSample();
     QElapsedTimer time;
     time.start();
@@ -46,13 +46,35 @@ TEST_F(CallBoxOnScreen, GoesByItselfWhenItIsOverAndEscapePressesItsFirstKey) {
                                   {"Again", "Without"}, [&] { return time.hasExpired(200); }),
               std::nullopt);
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(CallBoxOnScreen, EscapeAndCloseGiveNothingUpAndEnterPressesTheFirstKey) {
+    showSample();
+    int tried = 0;
+    QTimer later;
+    QObject::connect(&later, &QTimer::timeout, &later, [&] {
+        QWidget* box = QApplication::activeModalWidget();
+        ASSERT_NE(box, nullptr);
+        const Qt::Key keys[] = {Qt::Key_Escape, Qt::Key_Escape, Qt::Key_Return};
+        if (tried == 1) box->close();
+        QTest::keyClick(box, keys[tried++]);
+    });
+    later.start(100);
+    EXPECT_EQ(desktop->standWhile({"HMonitor", "The unit does not answer.", BoxIcon::Critical},
+                                  {"Again", "Without"}, [] { return false; }),
+              0u);
+    EXPECT_EQ(tried, 3);
+}
+
+TEST_F(CallBoxOnScreen, EscapePressesAKeyThatStandsAlone) {
+    showSample();
     QTimer later;
     later.setSingleShot(true);
     QObject::connect(&later, &QTimer::timeout, &later,
                      [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
     later.start(200);
     EXPECT_EQ(desktop->standWhile({"HMonitor", "The unit does not answer.", BoxIcon::Critical},
-                                  {"Again", "Without"}, [] { return false; }),
+                                  {"End"}, [] { return false; }),
               0u);
 }
 
