@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The Windows versions of leftovers.cpp, read_file.cpp and rewrite_file.cpp. A file that is being
-// written is opened without sharing, so the system keeps it from being removed.
+// The Windows versions of leftovers.cpp, read_file.cpp, remove_file.cpp and rewrite_file.cpp. A
+// file that is being written is opened without sharing, so the system keeps it from being removed.
 #include <windows.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <string_view>
+#include <system_error>
 #include <vector>
 
 #include "base/leftovers.h"
 #include "base/read_file.h"
+#include "base/remove_file.h"
 #include "base/rewrite_file.h"
 
 namespace base {
@@ -108,6 +111,10 @@ int rewriteFile(const fs::path& target, std::string_view bytes, RewriteWatcher*)
     const FileBytes old = readFile(real);
     if (old.reason == EISDIR || old.reason == EINVAL) return old.reason;
     return old && old.bytes == bytes ? 0 : replace(real, bytes);
+}
+
+int removeFile(const fs::path& file) {
+    return DeleteFileW(file.c_str()) ? 0 : reasonNow();
 }
 
 void removeLeftovers(const fs::path& folder) {

@@ -16,11 +16,15 @@ class FolderLock {
     FolderLock& operator=(const FolderLock&) = delete;
 
     /// Whether another run has locked the folder. A folder on a file system without locks counts as
-    /// free.
+    /// free; on Windows so does one that another computer has locked.
     bool isTakenByAnother() const { return isTaken_; }
 
  private:
+#if defined(_WIN32)
+    void* mutex_ = nullptr;
+#else
     int fd_ = -1;
+#endif
     bool isTaken_ = false;
 };
 

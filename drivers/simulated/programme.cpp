@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 #include "drivers/simulated/chance.h"
 
@@ -83,8 +84,8 @@ Programme programmeAt(const Station& station, std::uint64_t seed, double time) {
     programme.left = loud - std::max(0.0, -balance);
     programme.right = loud - std::max(0.0, balance);
 
-    const double direction =
-        std::atan2(toAmplitude(programme.left), toAmplitude(programme.right)) * 180 / M_PI;
+    const double direction = std::atan2(toAmplitude(programme.left), toAmplitude(programme.right)) *
+                             180 / std::numbers::pi;
     programme.phase =
         std::clamp(direction + 2.2 * stage * chance(kSpread).wander(time, 0.15), 0.0, 90.0);
     programme.width = station.isStereo() ? 22 - 3 * std::abs(balance) - stage : 60;
