@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analyses/chart_sheet.h"
 
+#include <string_view>
+
 #include "program/look.h"
 
 namespace hmonitor {

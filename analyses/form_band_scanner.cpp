@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analyses/form_band_scanner.h"
 
+#include <cstdint>
+#include <string>
+#include <string_view>
+
 #include "analyses/form_print_band_scan.h"
 #include "core/numbers.h"
 #include "program/language.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
+#include <string_view>
 
 #include "analyses/form_band_scanner.h"
 #include "core/memory_block.h"

@@ -9,9 +9,13 @@ using namespace display;
 namespace {
 
 /// The keys stand in three columns and three rows.
-constexpr float kColumns[] = {look::kMargin, 2950, 5500};
+constexpr float kColumns[] = {look::kMargin, 2950};
 constexpr Box keyAt(int column, int line) {
     return {kColumns[column], 200 + 345 * static_cast<float>(line), 640, 290};
+}
+/// In the third stand the keys that tell their window by themselves.
+constexpr Box namedKeyAt(int line) {
+    return {5440, keyAt(0, line).top, 860, 290};
 }
 constexpr Box besideKey(int column, int line) {
     const Box key = keyAt(column, line);
@@ -52,11 +56,11 @@ void Form_D::layOutDoors() {
                      "Arm the frequency response measurement"});
     place(Image4, keyAt(1, 2), "LogN",
           SaysAndTip{"Abrir la performance On-Air", "Open the on-air performance"});
-    place(KeyHistory, {5440, 200, 860, 290}, "HistoryN", Caption{"HISTORIAL", "HISTORY"},
+    place(KeyHistory, namedKeyAt(0), "HistoryN", Caption{"HISTORIAL", "HISTORY"},
           SaysAndTip{"Abrir el historial de todas las figuras (F3)",
                      "Open the history of all figures (F3)"})
         .shortcut = "F3";
-    place(KeyLimits, keyAt(2, 2), "MinN", Caption{"LIMITES", "LIMITS"},
+    place(KeyLimits, namedKeyAt(2), "MinN", Caption{"LIMITES", "LIMITS"},
           SaysAndTip{"Editar los límites de las medidas", "Edit the limits of the figures"});
     const auto word = [](Label& label, int column, int line, const Words& words) {
         place(label, besideKey(column, line), look::kPlainText, words);

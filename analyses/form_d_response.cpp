@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analyses/form_d.h"
+
+#include <optional>
+
 #include "analyses/response_charts.h"
 #include "analyses/response_file.h"
 #include "analyses/response_readout.h"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analyses/form_dd3.h"
 
+#include <optional>
+
 #include "analyses/form7.h"
 #include "analyses/response_curve.h"
 #include "core/numbers.h"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <optional>
+
 #include "display/chart.h"
 #include "display/family.h"
 #include "program/program_form.h"

@@ -2,6 +2,7 @@
 #include "analyses/response_curve.h"
 
 #include <array>
+#include <cstdint>
 
 #include "core/numbers.h"
 #include "display/chart.h"

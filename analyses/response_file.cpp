@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analyses/response_file.h"
 
+#include <cstdint>
+#include <vector>
+
 #include "core/numbers.h"
 #include "core/text_lines.h"
 

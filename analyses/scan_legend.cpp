@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analyses/scan_legend.h"
 
+#include <array>
+
 #include "display/controls/shapes.h"
 
 namespace hmonitor {

@@ -2,6 +2,7 @@
 #include "analyses/station_list.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "analyses/scan_channels.h"
 #include "core/numbers.h"

@@ -2,6 +2,7 @@
 #include "analyzer/analyzer_graphs.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 
 #include "core/numbers.h"

@@ -2,6 +2,8 @@
 #include "analyzer/frm_edit_measurement.h"
 
 #include <algorithm>
+#include <string>
+#include <string_view>
 
 #include "analyzer/frm_spectrum_analizer.h"
 #include "analyzer/place_text.h"

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <string>
+#include <string_view>
+
 #include "analyzer/session_info.h"
 #include "core/int16.h"
 #include "display/controls/lists.h"

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analyzer/frm_spectrum_analizer.h"
+
+#include <chrono>
+
 #include "core/numbers.h"
 #include "program/language.h"
 #include "program/look.h"

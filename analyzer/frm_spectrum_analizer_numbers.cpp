@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analyzer/analyzer_graphs.h"
+
+#include <string>
+
 #include "analyzer/frm_spectrum_analizer.h"
 #include "analyzer/session_names.h"
 #include "core/numbers.h"

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analyzer/frm_spectrum_analizer_span.h"
 
+#include <string>
+#include <string_view>
+
 #include "analyzer/analyzer_graphs.h"
 #include "analyzer/frm_spectrum_analizer.h"
 #include "analyzer/session_names.h"

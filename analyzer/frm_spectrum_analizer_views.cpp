@@ -1,5 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analyzer/analyzer_graphs.h"
+
+#include <cstdint>
+#include <string>
+
 #include "analyzer/frm_spectrum_analizer.h"
 #include "analyzer/sparse_labels.h"
 #include "core/numbers.h"

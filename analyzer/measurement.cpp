@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analyzer/measurement.h"
 
+#include <cstdint>
 #include <limits>
 
 #include "analyzer/session_names.h"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analyzer/sparse_labels.h"
 
+#include <string_view>
+
 namespace hmonitor {
 
 namespace {

@@ -2,6 +2,7 @@
 #include "app/arguments.h"
 
 #include <CLI/CLI.hpp>
+#include <utility>
 #include <vector>
 
 namespace hmonitor {

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/built_in_manual.h"
 
+#include <QString>
+#include <string>
+
 #include <QFile>
 
 namespace hmonitor {

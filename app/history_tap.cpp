@@ -2,6 +2,8 @@
 #include "app/history_tap.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <utility>
 
 #include "core/numbers.h"
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/library_fault.h"
 
+#include <string>
+
 #include "core/numbers.h"
 
 namespace hmonitor {

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/library_watch.h"
 
+#include <functional>
 #include <iostream>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "app/library_fault.h"
 #include "core/files.h"

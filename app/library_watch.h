@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
+#include <optional>
+
 #include "display/call_box.h"
 #include "drivers/host/host_watch.h"
 #include "program/program.h"

@@ -4,13 +4,14 @@
 #include <cstdio>
 #include <filesystem>
 #include <string>
+#include <system_error>
+#include <utility>
 #include <vector>
 
 #include "app/arguments.h"
 #include "app/built_in_manual.h"
 #include "app/forms.h"
 #include "app/opened_driver.h"
-#include "app/rack_file.h"
 #include "app/recorded_history.h"
 #include "core/files.h"
 #include "core/folder_lock.h"
@@ -19,6 +20,7 @@
 #include "display/qt/windows/qt_desktop.h"
 #include "program/help_topic.h"
 #include "program/language.h"
+#include "program/rack_file.h"
 #include "startup/form3.h"
 #include "startup/form_wait_load.h"
 

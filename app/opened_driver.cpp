@@ -2,6 +2,7 @@
 #include "app/opened_driver.h"
 
 #include <iostream>
+#include <utility>
 
 #include "app/library_fault.h"
 #include "program/loaded_driver.h"

@@ -2,6 +2,9 @@
 #include "app/recorded_history.h"
 
 #include <cerrno>
+#include <chrono>
+#include <filesystem>
+#include <utility>
 
 #include "core/files.h"
 

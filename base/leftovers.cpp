@@ -5,6 +5,7 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 
+#include <system_error>
 #include <vector>
 
 #include "base/descriptor.h"

@@ -122,6 +122,11 @@ SmallText mask(std::string_view pattern, double value) {
     return masked(pattern, value, kDoubleDigits);
 }
 
+SmallText frequencyKey(double frequency) {
+    const SmallText text = shortText(frequency);
+    return frequency < 1000 ? SmallText("0").append(text) : text;
+}
+
 std::string decimalText(double value, int decimals) {
     if (!std::isfinite(value)) return "0";
     std::array<char, 400> buffer;

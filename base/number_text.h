@@ -46,6 +46,10 @@ SmallText mask(std::string_view pattern, T value) {
     return mask(pattern, static_cast<double>(value));
 }
 
+/// Name of what belongs to a frequency (units of 100 kHz, .5 for a half step): 985 is "0985",
+/// 1025.5 is "1025.5". Files of the program and of our driver libraries are named by it.
+SmallText frequencyKey(double frequency);
+
 /// Decimal text with at most `decimals` places, trailing zeros cut, never "-0" and never an
 /// exponent; rounded by the exact binary value, as the files of a driver library have it.
 /// Not-a-number and infinities give "0".

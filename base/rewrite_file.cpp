@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 
 #include <cstdio>
+#include <utility>
 
 #include "base/descriptor.h"
 #include "base/leftovers.h"

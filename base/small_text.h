@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <iosfwd>
+#include <ostream>
 #include <string>
 #include <string_view>
 

@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstdint>
 #include <system_error>
+#include <utility>
 
 #include "core/code_page.h"
 

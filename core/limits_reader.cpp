@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 #include "base/number_in_text.h"
 #include "base/number_text.h"

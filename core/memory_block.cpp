@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/memory_block.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "core/code_page.h"
 
 namespace hmonitor {

@@ -48,11 +48,6 @@ float demoPhase(double random, float last) {
     return (static_cast<float>(std::floor(random * kShareDegrees)) + last + kOffsetDegrees) / 2;
 }
 
-SmallText frequencyKey(double frequency) {
-    SmallText text = shortText(frequency);
-    return frequency < 1000 ? SmallText("0").append(text) : text;
-}
-
 SmallText frequencyFileName(double frequency, std::string_view ending) {
     return frequencyKey(frequency).append(ending);
 }

@@ -15,6 +15,7 @@
 
 namespace hmonitor {
 
+using base::frequencyKey;
 using base::longText;
 using base::mask;
 using base::printText;
@@ -39,9 +40,6 @@ std::int32_t demoFigure(double random, double span, double held, double offset);
 /// Simulated phase in degrees: only the random share of 90 is rounded down.
 float demoPhase(double random, float last);
 
-/// Name part of a file that belongs to a frequency (units of 100 kHz, .5 for a half step):
-/// 985 is "0985", 1025.5 is "1025.5".
-SmallText frequencyKey(double frequency);
 /// `frequencyKey` with an ending: frequencyFileName(875, ".res") is "0875.res".
 SmallText frequencyFileName(double frequency, std::string_view ending);
 

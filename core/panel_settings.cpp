@@ -2,6 +2,7 @@
 #include "core/panel_settings.h"
 
 #include <cassert>
+#include <utility>
 
 #include "core/numbers.h"
 #include "core/text_lines.h"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/response_switch.h"
 
+#include <utility>
+
 #include "core/numbers.h"
 #include "core/text_lines.h"
 

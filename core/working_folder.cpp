@@ -2,6 +2,7 @@
 #include "core/working_folder.h"
 
 #include <cstdlib>
+#include <string>
 #include <string_view>
 #include <system_error>
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/control.h"
 
+#include <utility>
+
 #include "display/form.h"
 
 namespace display {

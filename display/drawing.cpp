@@ -2,6 +2,7 @@
 #include "display/drawing.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace display {
 

@@ -2,6 +2,7 @@
 #include "display/drawing_export.h"
 
 #include <algorithm>
+#include <string>
 
 #include "display/form.h"
 #include "display/number_table.h"

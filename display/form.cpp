@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/form.h"
 
+#include <utility>
+
 namespace display {
 
 Form::Form(Desktop& desktop, std::string name)

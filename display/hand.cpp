@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <iterator>
+#include <string>
+#include <utility>
 
 #include "display/controls/lists.h"
 #include "display/controls/pictures.h"

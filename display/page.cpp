@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/page.h"
 
+#include <algorithm>
 #include <charconv>
+#include <system_error>
+#include <utility>
 
 namespace display {
 

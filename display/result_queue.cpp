@@ -2,6 +2,7 @@
 #include "display/result_queue.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace display {
 

@@ -2,7 +2,13 @@
 #include "history/day_file.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
 #include <set>
+#include <string>
+#include <string_view>
 
 #include "history/crc.h"
 

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <span>
+#include <stdexcept>
 #include <vector>
 
 #include "history/database.h"

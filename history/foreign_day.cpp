@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "history/foreign_day.h"
 
+#include <cstdint>
+#include <system_error>
+#include <utility>
+
 #include <sqlite3.h>
 
 namespace history {

@@ -2,7 +2,12 @@
 #include "history/index_file.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <filesystem>
 #include <set>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "history/crc.h"
 

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <span>
+#include <vector>
 
 #include "history/day_file.h"
 #include "history/span_block.h"

@@ -2,8 +2,12 @@
 #include "history/query.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
+#include <cstdint>
 #include <set>
+#include <string>
+#include <utility>
 
 #include "history/kind_sum.h"
 #include "history/retention.h"

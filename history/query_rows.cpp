@@ -2,6 +2,8 @@
 #include "history/query_rows.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <string>
 
 #include "history/retention.h"
 

@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "history/recorder.h"
 
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <utility>
+
 namespace history {
 
 namespace {

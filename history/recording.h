@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
+#include <string>
 
 #include "history/event.h"
 #include "history/input.h"

@@ -2,6 +2,7 @@
 #include "history/retention.h"
 
 #include <algorithm>
+#include <system_error>
 
 namespace history {
 

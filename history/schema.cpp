@@ -2,6 +2,10 @@
 #include "history/schema.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
 
 #include "core/numbers.h"
 #include "history/figure_second.h"

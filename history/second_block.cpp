@@ -2,6 +2,8 @@
 #include "history/second_block.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <vector>
 
 #include "history/packed.h"
 

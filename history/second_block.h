@@ -2,10 +2,12 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "history/figure_columns.h"
 #include "history/figure_second.h"

@@ -2,6 +2,9 @@
 #include "history/store.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <utility>
+#include <vector>
 
 #include "core/numbers.h"
 

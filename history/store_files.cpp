@@ -3,7 +3,12 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
+#include <memory>
+#include <string>
 #include <system_error>
+#include <utility>
+#include <vector>
 
 #include "core/numbers.h"
 #include "history/store.h"

@@ -1,5 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
+#include <cstdint>
+#include <filesystem>
+#include <span>
+#include <vector>
 
 #include "history/store.h"
 

@@ -2,6 +2,7 @@
 #include "history/timeline.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace history {
 

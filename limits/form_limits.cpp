@@ -2,7 +2,9 @@
 #include "limits/form_limits.h"
 
 #include <algorithm>
+#include <initializer_list>
 #include <string>
+#include <utility>
 
 #include "base/number_text.h"
 #include "program/limit_marks.h"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "performance/day_report.h"
 
+#include <utility>
+
 #include "core/code_page.h"
 #include "core/text_lines.h"
 

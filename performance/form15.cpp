@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "performance/form15.h"
 
+#include <string>
+#include <string_view>
+
 #include "performance/day_lists.h"
 #include "performance/day_report.h"
 #include "performance/form_d4a.h"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <string_view>
+
 #include "display/controls/lists.h"
 #include "display/family.h"
 #include "display/page.h"

@@ -2,6 +2,8 @@
 #include "performance/form4.h"
 
 #include <algorithm>
+#include <string>
+#include <string_view>
 
 #include "core/numbers.h"
 #include "performance/form_d4a.h"

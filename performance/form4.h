@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <string>
+
 #include "display/controls/pictures.h"
 #include "display/controls/scroll_bar.h"
 #include "display/controls/text_field.h"

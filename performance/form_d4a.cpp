@@ -2,6 +2,10 @@
 #include "performance/form_d4a.h"
 
 #include <array>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 #include "core/numbers.h"
 #include "performance/day_lists.h"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <string>
+
 #include "display/chart.h"
 #include "display/controls/lists.h"
 #include "display/controls/pictures.h"

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <array>
+#include <cstdint>
+#include <optional>
+
 #include "display/desktop.h"
 #include "program/door_listeners.h"
 #include "program/driver.h"

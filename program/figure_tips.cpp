@@ -2,6 +2,7 @@
 #include "program/figure_tips.h"
 
 #include <cmath>
+#include <utility>
 
 #include "core/numbers.h"
 

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "program/limit_alarms.h"
 
+#include <chrono>
 #include <utility>
+#include <variant>
 
 namespace hmonitor {
 

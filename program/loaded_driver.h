@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstdint>
+#include <optional>
+
 #include "drivers/hm16.h"
 #include "drivers/hm16_more.h"
 #include "drivers/loader/read_data.h"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "program/panel_sign.h"
 
+#include <string>
+
 #include "core/numbers.h"
 
 namespace hmonitor {

@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "program/program_form.h"
 
+#include <initializer_list>
+#include <string_view>
+#include <utility>
+#include <vector>
+
 #include "program/language.h"
 #include "program/look.h"
 

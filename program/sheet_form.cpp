@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "program/sheet_form.h"
 
+#include <utility>
+
 #include "program/language.h"
 #include "program/page_file.h"
 #include "program/rack_place.h"

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <bit>
+#include <chrono>
 #include <cstdint>
 
 #include "display/timer.h"

@@ -4,14 +4,14 @@
 # What the program is built from and runs with.
 build_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev
   libqcustomplot-dev libgl1-mesa-dev libfftw3-dev libsndfile1-dev
-  nlohmann-json3-dev libsoapysdr-dev libcli11-dev libutfcpp-dev libsqlite3-dev libmd4c-dev
-  libmd4c-html0-dev fonts-b612 qt6-qpa-plugins qt6-wayland)
+  nlohmann-json3-dev libsoapysdr-dev libasound2-dev libcli11-dev libutfcpp-dev libsqlite3-dev
+  libmd4c-dev libmd4c-html0-dev fonts-b612 qt6-qpa-plugins qt6-wayland)
 # A display where there is none, and the picture of it.
 picture_packages=(xvfb xauth imagemagick x11-utils)
 # What the tests need besides.
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev libsm-dev openbox xdotool dbus-x11 at-spi2-core
   gir1.2-atspi-2.0 python3-gi
-  libasound2-dev soapysdr-module-remote soapyremote-server cups-daemon poppler-utils locales
+  soapysdr-module-remote soapyremote-server cups-daemon poppler-utils locales
   python3 python3-xlib git desktop-file-utils appstream groff-base clang libclang-rt-dev clang-format clang-tidy)
 
 say() { printf '%s\n' "$*" >&2; }

@@ -2,6 +2,7 @@
 #include "spectrum/channel_spectrum_file.h"
 
 #include <algorithm>
+#include <cstdint>
 
 #include "core/numbers.h"
 #include "core/text_lines.h"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "spectrum/form_d1.h"
 
+#include <string_view>
+
 #include "core/numbers.h"
 #include "program/language.h"
 #include "program/make_form.h"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <string_view>
+
 #include "core/int16.h"
 #include "display/controls/pictures.h"
 #include "program/program_form.h"

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "program/look.h"
+
+#include <chrono>
+
 #include "spectrum/form_d1.h"
 
 namespace hmonitor {

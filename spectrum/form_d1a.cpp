@@ -2,6 +2,8 @@
 #include "spectrum/form_d1a.h"
 
 #include <algorithm>
+#include <chrono>
+#include <optional>
 
 #include "core/numbers.h"
 #include "program/language.h"

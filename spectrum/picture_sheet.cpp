@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "spectrum/picture_sheet.h"
 
+#include <string>
+#include <utility>
+
 #include "spectrum/channel_table.h"
 
 #include "program/language.h"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <string>
+
 #include "display/controls/pictures.h"
 #include "program/sheet_form.h"
 

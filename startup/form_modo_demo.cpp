@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "startup/form_modo_demo.h"
 
+#include <string>
+
 #include "program/look.h"
 #include "program/make_form.h"
 #include "startup/breakable.h"

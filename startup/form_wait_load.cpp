@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <numbers>
+#include <string>
 
 #include "panels/modulation/form1.h"
 #include "program/language.h"

@@ -2,6 +2,11 @@
 #include "trends/form_history.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
 
 #include "core/files.h"
 #include "core/numbers.h"
@@ -85,13 +90,17 @@ void Form_History::activated() {
     ask();
 }
 
-/// Where the user put it at another time, on the screen as it is now; else over the rack.
+/// Where the user put it at another time, else over the rack; on the screen as it is now.
 void Form_History::takePlace() {
     placeOverRack(*this, program);
     if (keptPlace_) {
-        const Box room = desktop().room(*this);
-        left = std::max(std::min(keptPlace_->left, room.right() - width), room.left);
-        top = std::max(std::min(keptPlace_->top, room.bottom() - height), room.top);
+        left = keptPlace_->left;
+        top = keptPlace_->top;
+    }
+    const Box room = desktop().room(*this);
+    if (room.width > 0) {
+        left = std::max(std::min(left.get(), room.right() - width), room.left);
+        top = std::max(std::min(top.get(), room.bottom() - height), room.top);
     }
     given_ = where();
 }

@@ -1,5 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "program/language.h"
+
+#include <algorithm>
+#include <chrono>
+
 #include "program/look.h"
 #include "trends/form_history.h"
 #include "trends/history_words.h"
@@ -62,7 +66,9 @@ void Form_History::layOutHead() {
     place(Combo_Station, {kPlots.right() - 1700, 100, 1700, 330},
           SaysAndTip{"La emisora que se muestra", "The station that is shown"});
     place(Label_Known, {8250, 190, 1740, 180}, look::kCaptionText.right(),
-          Readout{"Parte conocida del tiempo mostrado", "Known share of the time shown"});
+          Readout{"Parte conocida del tiempo mostrado", "Known share of the time shown"},
+          Tip{{"Cuánto del tiempo mostrado se conoce; el resto está rayado con su causa",
+               "How much of the time shown is known; the rest is hatched by its cause"}});
 }
 
 void Form_History::layOutFigures() {
@@ -130,14 +136,17 @@ void Form_History::sharePlots() {
 
 void Form_History::layOutValues() {
     place(Label_Time, {kValuesLeft, 560, kValuesWidth, 290}, kBigText,
-          Readout{"Hora de la marca", "Time of the mark"});
+          Readout{"Hora de la marca", "Time of the mark"},
+          Tip{{"La hora bajo la marca", "The time under the mark"}});
     place(Label_Date, {kValuesLeft, 860, kValuesWidth, 180}, look::kCaptionText);
     place(Label_Between, {kValuesLeft, 1060, kValuesWidth, 180}, look::kNoteText.in(kWhite));
     Label_Between.align = Align::Left;
     for (std::size_t i = 0; i < FigureChoice::kMost; ++i) {
         const float y = 1370 + 770 * static_cast<float>(i);
         place(Label_Value[i], {kValuesLeft, y, kValuesWidth, 290}, kBigText,
-              Readout{"Valor en la marca", "Value at the mark"});
+              Readout{"Valor en la marca", "Value at the mark"},
+              Tip{{"La media en la marca; debajo, del menor al mayor",
+                   "The mean at the mark; below, from lowest to highest"}});
         place(Label_Band[i], {kValuesLeft, y + 300, kValuesWidth, 180}, look::kCaptionText);
         place(Label_Step[i], {kValuesLeft, y + 490, kValuesWidth, 180}, look::kCaptionText);
     }

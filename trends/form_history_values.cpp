@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
+#include <optional>
+#include <string>
 
 #include "core/numbers.h"
 #include "trends/form_history.h"

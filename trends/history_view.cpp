@@ -2,6 +2,7 @@
 #include "trends/history_view.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace hmonitor {
 

@@ -3,6 +3,7 @@
 
 #include <cstdlib>
 #include <string>
+#include <utility>
 
 #include "core/numbers.h"
 #include "panels/audio/form_b.h"

@@ -3,6 +3,8 @@
 
 #include <array>
 #include <optional>
+#include <string>
+#include <string_view>
 
 #include "core/memory_block.h"
 #include "display/controls/text_field.h"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/controls/control_kind.h"
 
+#include <string_view>
+
 #include "display/chart.h"
 #include "display/controls/buttons.h"
 #include "display/controls/containers.h"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/controls/text_field.h"
 
+#include <string_view>
+
 #include "display/form.h"
 
 namespace display {

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <functional>
+#include <string>
+#include <string_view>
 
 #include "display/controls/appearance.h"
 #include "display/controls/control_kind.h"

@@ -2,6 +2,7 @@
 #include "drivers/host/call_journal.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <ctime>
 

@@ -2,6 +2,7 @@
 #include "drivers/host/hosted_library.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <system_error>
 #include <utility>

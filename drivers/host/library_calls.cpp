@@ -2,6 +2,7 @@
 #include "drivers/host/library_calls.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace hm16 {
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drivers/loader/library.h"
 
+#include <system_error>
 #include <utility>
 
 #include "drivers/loader/symbols.h"

@@ -2,7 +2,9 @@
 #include <array>
 #include <filesystem>
 #include <iostream>
+#include <string>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 #include "drivers/hm16_report.h"

@@ -27,40 +27,32 @@ constexpr const char* kWhatTheyAre = R"(WHAT:
   figures    what the library tells beyond the nineteen functions
   slots      every figure of every 50 ms, or in words why it is not known)";
 
-template <typename Number>
-void addNumber(CLI::App& app, const std::string& name, Number& into, double low, double high,
-               const std::string& about) {
-    app.add_option(name, into, about)->check(numberWithin(low, high))->capture_default_str();
-}
-
 }  // namespace
 
 Parsed parseArguments(std::span<const std::string_view> arguments) {
     Options options;
     std::string what = kWhats.front();
-    CLI::App app(kAbout, "hm16-probe");
-    app.footer(kWhatTheyAre);
-    app.add_option("FOLDER", options.library, "where the driver library is")->required();
-    app.add_option("WHAT", what, "what to measure")->check(CLI::IsMember(kWhats));
-    addNumber(app, "--frequency", options.frequency, 60, 130, "tune here, MHz");
-    addNumber(app, "--seconds", options.seconds, 0, 1000000,
-              "for how long; for sweep and response at most");
-    addNumber(app, "--every", options.every, 0.001, 3600, "seconds between two looks");
-    addNumber(app, "--from", options.from, 60, 130, "lowest frequency of levels and sweep, MHz");
-    addNumber(app, "--to", options.to, 60, 130, "highest frequency, MHz");
-    addNumber(app, "--step", options.stepKhz, 25, 1000,
-              "step of levels and sweep: 25, 100, 250 kHz");
-    addNumber(app, "--rounds", options.rounds, 0, 1000000,
-              "rounds of levels or frames; 0: as many as --seconds holds");
-    app.add_flag("--average", options.average, "average detector instead of the peak detector");
-    app.add_flag("--sum", options.sum, "L+R and L-R instead of L and R");
-    app.add_flag("--log", options.log, "let the library keep its log of the day");
-    app.add_flag("--report", options.report,
-                 "at the end, print what the library tells beyond the readings");
-    app.add_option("--files", options.files, "the library keeps its own files here")
-        ->capture_default_str();
+    CommandLine line(kAbout, "hm16-probe", kWhatTheyAre);
+    line.path("FOLDER", options.library, "where the driver library is",
+              CommandLine::Need::Required);
+    line.oneOf("WHAT", what, kWhats, "what to measure");
+    line.number("--frequency", options.frequency, 60, 130, "tune here, MHz");
+    line.number("--seconds", options.seconds, 0, 1000000,
+                "for how long; for sweep and response at most");
+    line.number("--every", options.every, 0.001, 3600, "seconds between two looks");
+    line.number("--from", options.from, 60, 130, "lowest frequency of levels and sweep, MHz");
+    line.number("--to", options.to, 60, 130, "highest frequency, MHz");
+    line.number("--step", options.stepKhz, 25, 1000, "step of levels and sweep: 25, 100, 250 kHz");
+    line.number("--rounds", options.rounds, 0, 1000000,
+                "rounds of levels or frames; 0: as many as --seconds holds");
+    line.flag("--average", options.average, "average detector instead of the peak detector");
+    line.flag("--sum", options.sum, "L+R and L-R instead of L and R");
+    line.flag("--log", options.log, "let the library keep its log of the day");
+    line.flag("--report", options.report,
+              "at the end, print what the library tells beyond the readings");
+    line.path("--files", options.files, "the library keeps its own files here");
 
-    if (const auto end = readCommandLine(app, arguments)) {
+    if (const auto end = line.read(arguments)) {
         return {std::nullopt, end->help, end->text};
     }
     if (options.to < options.from) return {std::nullopt, false, "--to lies below --from."};

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <filesystem>
+#include <memory>
+#include <string_view>
 
 #include "drivers/simulated/options.h"
 #include "drivers/simulated/simulated_unit.h"

@@ -4,8 +4,11 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <chrono>
 #include <cmath>
+#include <cstdint>
 #include <limits>
+#include <string>
 #include <utility>
 
 #include "base/leftovers.h"

@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <mutex>
 #include <optional>
+#include <span>
+#include <string>
 #include <thread>
 #include <vector>
 

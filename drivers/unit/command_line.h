@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace hm16 {
-
-// A value that is a number from `low` to `high`, written as in our files: no exponent, no words,
-// never a locale.
-CLI::Validator numberWithin(double low, double high);
 
 // What a command line asks of the program before its own work begins.
 struct CommandLineEnd {
@@ -19,9 +17,45 @@ struct CommandLineEnd {
     std::string text;   // else a sentence that says what is wrong
 };
 
-// Reads the words behind the program's name into what `app` was told of; an option that stands
-// there twice counts by its last value. Gives nothing when the program is to go on.
-std::optional<CommandLineEnd> readCommandLine(CLI::App& app,
-                                              std::span<const std::string_view> words);
+// The words that a program takes. A name that begins with -- is an option, any other name a word
+// that is known by its place. A variable that is not spoken of keeps its value, and the help shows
+// it as what holds without. All variables must outlive the object.
+//
+// CLI11, which does the work, stays inside: its header alone costs seconds in each file.
+class CommandLine {
+ public:
+    // `about` begins the help and `footer` ends it.
+    CommandLine(const std::string& about, const std::string& program,
+                const std::string& footer = "");
+    ~CommandLine();
+    CommandLine(const CommandLine&) = delete;
+    CommandLine& operator=(const CommandLine&) = delete;
+
+    enum class Need { Optional, Required };
+
+    void flag(const std::string& name, bool& into, const std::string& about);
+    void path(const std::string& name, std::filesystem::path& into, const std::string& about,
+              Need need = Need::Optional);
+    void oneOf(const std::string& name, std::string& into, const std::vector<std::string>& words,
+               const std::string& about, Need need = Need::Optional);
+    // From `low` to `high`, written as in our files: no exponent, no words, never a locale.
+    void number(const std::string& name, double& into, double low, double high,
+                const std::string& about);
+    void number(const std::string& name, int& into, double low, double high,
+                const std::string& about);
+    void number(const std::string& name, long& into, double low, double high,
+                const std::string& about);
+    // An option that may stand by itself: `into` is then the empty text.
+    void maybeWord(const std::string& name, std::optional<std::string>& into,
+                   const std::string& about);
+
+    // Reads the words behind the program's name; an option that stands there twice counts by its
+    // last value. Gives nothing when the program is to go on.
+    std::optional<CommandLineEnd> read(std::span<const std::string_view> words);
+
+ private:
+    struct Parser;
+    std::unique_ptr<Parser> parser_;
+};
 
 }  // namespace hm16

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
 #include <exception>
 #include <filesystem>
+#include <memory>
 #include <string>
+#include <system_error>
 #include <utility>
 
 #include "base/shared_object.h"

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <system_error>
+#include <utility>
 
 #include "base/number_in_text.h"
 #include "base/number_text.h"

@@ -2,6 +2,7 @@
 #include "drivers/unit/slot_figures.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <vector>
 

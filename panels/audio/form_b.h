@@ -24,13 +24,13 @@ class Form_B final : public ProgramForm {
     explicit Form_B(Program& program);
     ~Form_B() override;
 
-    void InicioForm();                      ///< selects the stored preset, which starts the rack
-    void Command1();                        ///< shows the station name
-    void Command4(int digit);               ///< draws the units digit of the memory number
-    void Command5();                        ///< shows the memory number
-    void Command9();                        ///< loads the memory and tunes
-    void Command11();                       ///< takes the memory of the editor and tunes
-    void Command13();                       ///< shows the frequency
+    void InicioForm();         ///< selects the stored preset, which starts the rack
+    void Command1();           ///< shows the station name
+    void Command4(int digit);  ///< draws the units digit of the memory number
+    void Command5();           ///< shows the memory number
+    void Command9();           ///< loads the memory and tunes
+    void Command11();          ///< takes the memory of the editor and tunes
+    void Command13();          ///< shows the frequency
     /// Tunes as by a memory key, or as by a hand on the bar.
     void tuneTo(const WantedStation& station);
     void tuneMemory(int memory);            ///< 1 to 16; an empty one does nothing

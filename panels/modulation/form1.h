@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <array>
 #include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "core/file_result.h"
 #include "core/int16.h"

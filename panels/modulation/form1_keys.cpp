@@ -1,5 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analyses/form_d.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
 #include "core/memory_block.h"
 #include "core/numbers.h"
 #include "core/panel_settings.h"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "panels/quality/form_c.h"
 
+#include <string>
+
 #include "core/response_switch.h"
 #include "panels/audio/form_b.h"
 #include "program/look.h"

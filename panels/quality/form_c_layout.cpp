@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "panels/quality/form_c.h"
+
+#include <initializer_list>
+
 #include "program/figure_tips.h"
 #include "program/look.h"
 

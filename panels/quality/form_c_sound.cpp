@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The keys of the loudspeakers, visible only while the driver library plays the station.
 #include <algorithm>
+#include <initializer_list>
 
 #include "core/numbers.h"
 #include "panels/quality/form_c.h"

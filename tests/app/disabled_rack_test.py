@@ -39,18 +39,27 @@ class Edge:
         self.thread.join()
 
 
+def beside(rack, form):
+    """Two places of the rack that the window leaves free: rims of panels, and ends of keys."""
+    left, top, width, height = rack.screen.box(rack.opened(form))
+    places = [rack.point(*place) for place in
+              (("Form1", "Faceplate", 0.012), ("Form_B", "Image3", 0.97),
+               ("Form_D", "KeyLimits", 0.95), ("Form_D", "Image2", 0.05))]
+    free = [(x, y) for x, y in places
+            if not (left - 4 <= x < left + width + 4 and top - 30 <= y < top + height + 4)]
+    assert len(free) >= 2, f"{form} covers the rack"
+    return free[:2]
+
+
 def each_window(rack, album):
     for door, form in DOORS.items():
         rack.click("Form_D", door)
         rack.wait_open(form)
         open_look = rack.steady_look(form, CLOSE[form])
-        # Beside the window, on the rack: the rim of a panel, and the end of a key.
-        for panel, control, across in (("Form1", "Faceplate", 0.012), ("Form_B", "Image3", 0.97)):
-            at = rack.point(panel, control, across)
+        for at in beside(rack, form):
             with Edge(rack, form) as edge:
                 rack.screen.click(*at)
-                if control == "Image3":
-                    album.take(rack.screen, f"flash_{form}")
+                album.take(rack.screen, f"flash_{form}")
                 wait_for(lambda: AMBER in edge.seen, f"a flash of {form}")
                 wait_for(lambda: edge.look() != AMBER, "the end of the flash")
             wait_for(lambda: rack.look(form, CLOSE[form]) == open_look, f"{form} above the rack")

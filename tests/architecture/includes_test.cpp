@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <regex>
 #include <set>
 #include <string>
@@ -9,6 +10,7 @@
 
 #include "tests/architecture/house_picture.h"
 #include "tests/architecture/source_tree.h"
+#include "tests/architecture/standard_names.h"
 
 namespace hmonitor::test {
 namespace {
@@ -145,6 +147,84 @@ TEST(Includes, AreWrittenFromTheTopOfTheTree) {
             EXPECT_FALSE(include.target.starts_with("..")) << file.at(include.line);
         }
     }
+}
+
+/// The standard headers that a file includes, itself or by the header of its own name.
+std::set<std::string> standardHeadersFor(const SourceFile& file) {
+    std::set<std::string> headers;
+    for (const Include& include : includesOf(file)) {
+        if (!include.quoted) headers.insert(include.target);
+    }
+    if (file.isHeader()) return headers;
+    for (const Include& include : includesOf(file)) {
+        const std::string stem = include.target.substr(0, include.target.rfind('.'));
+        if (!include.quoted || !file.path.starts_with(stem)) continue;
+        const auto own = std::ranges::find(sourceFiles(), include.target, &SourceFile::path);
+        if (own != sourceFiles().end()) headers.merge(standardHeadersFor(*own));
+    }
+    return headers;
+}
+
+/// Whether one of these headers declares what `header` is asked for.
+bool declares(const std::set<std::string>& headers, std::string_view header) {
+    if (headers.contains(std::string(header))) return true;
+    if (header == "string_view") return headers.contains("string");
+    if (header == "ostream" || header == "istream") {
+        return headers.contains("iostream") || headers.contains("fstream") ||
+               headers.contains("sstream");
+    }
+    return false;
+}
+
+// The standard headers are compiled once for all files of the program, so that no compiler finds
+// one that a file forgot.
+TEST(Includes, NameTheStandardHeadersThatAreUsed) {
+    std::size_t seen = 0;
+    for (const SourceFile& file : sourceFiles()) {
+        if (!isOfTheProgram(file) || file.path.ends_with(".c")) continue;
+        const std::set<std::string> headers = standardHeadersFor(file);
+        for (const std::string& name : standardNamesIn(file)) {
+            const std::string_view header = standardHeaderOf(name);
+            if (header.empty()) continue;
+            ++seen;
+            EXPECT_TRUE(declares(headers, header))
+                << file.path << ": std::" << name << " wants <" << header << ">";
+        }
+    }
+    EXPECT_GT(seen, 1000u) << "the tree's standard names were not found";
+}
+
+// These three are compiled once for the Qt desktop, with all that they include.
+TEST(Includes, NameTheQtHeadersThatAreCompiledOnce) {
+    static const std::regex kWord(R"(\b(class )?(QPainter|QString|QWidget)\b)");
+    std::size_t seen = 0;
+    for (const SourceFile& file : sourceFiles()) {
+        if (!file.isUnder("display/qt") && !file.isUnder("app")) continue;
+        std::set<std::string> headers = standardHeadersFor(file);
+        std::set<std::string> used;
+        for (const std::string& line : file.lines) {
+            const std::string code = line.substr(0, line.find("//"));
+            if (code.starts_with("#include")) continue;
+            for (std::sregex_iterator at(code.begin(), code.end(), kWord), end; at != end; ++at) {
+                ((*at)[1].matched ? headers : used).insert((*at)[2]);
+            }
+        }
+        seen += used.size();
+        for (const std::string& name : used) {
+            EXPECT_TRUE(headers.contains(name)) << file.path << " wants <" << name << ">";
+        }
+    }
+    EXPECT_GT(seen, 50u);
+}
+
+TEST(Includes, OfStandardNamesAreKnown) {
+    EXPECT_EQ(standardHeaderOf("vector"), "vector");
+    EXPECT_EQ(standardHeaderOf("ranges::sort"), "algorithm");
+    EXPECT_EQ(standardHeaderOf("chrono::"), "chrono");
+    EXPECT_EQ(standardHeaderOf("no_such_name"), "");
+    const SourceFile file{
+        "a.cpp", {"std::chrono::seconds a; // std::array", "std::ranges::sort(b, std::less<>());"}};
+    EXPECT_EQ(standardNamesIn(file), (std::set<std::string>{"chrono::", "less", "ranges::sort"}));
 }
 
 TEST(Includes, OfQtAreToldFromOthers) {

@@ -31,8 +31,7 @@ inline std::vector<SourceFile> readSourceFiles() {
     std::vector<SourceFile> files;
     for (const char* folder : {"app", "startup", "base", "core", "history", "manual", "program",
                                "panels", "tuner", "analyses", "performance", "spectrum", "analyzer",
-                               "limits", "trends",
-                               "display", "drivers", "tests", "bench"}) {
+                               "limits", "trends", "display", "drivers", "tests", "bench"}) {
         for (const auto& entry : fs::recursive_directory_iterator(top / folder)) {
             const std::string ending = entry.path().extension().string();
             if (ending != ".h" && ending != ".cpp" && ending != ".c") continue;

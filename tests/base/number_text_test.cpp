@@ -66,5 +66,13 @@ TEST(ScaledNumber, AnythingElseIsNone) {
         EXPECT_EQ(scaledNumberIn(text), std::nullopt) << text;
 }
 
+TEST(FrequencyKey, HasAZeroInFrontUnderAThousand) {
+    EXPECT_EQ(frequencyKey(875), "0875");
+    EXPECT_EQ(frequencyKey(875.5), "0875.5");
+    EXPECT_EQ(frequencyKey(999.5), "0999.5");
+    EXPECT_EQ(frequencyKey(1000), "1000");
+    EXPECT_EQ(frequencyKey(1025.5f), "1025.5");
+}
+
 }  // namespace
 }  // namespace base

@@ -199,12 +199,7 @@ TEST(DemoPhase, RoundsOnlyTheRandomShareDown) {
     EXPECT_FLOAT_EQ(demoPhase(0.999, 0.5f), 47.25f);  // (89 + 0.5 + 5) / 2
 }
 
-TEST(FrequencyKey, HasAZeroInFrontUnderAThousand) {
-    EXPECT_EQ(frequencyKey(875), "0875");
-    EXPECT_EQ(frequencyKey(875.5), "0875.5");
-    EXPECT_EQ(frequencyKey(999.5), "0999.5");
-    EXPECT_EQ(frequencyKey(1000), "1000");
-    EXPECT_EQ(frequencyKey(1025.5f), "1025.5");
+TEST(FrequencyFileName, IsTheKeyWithAnEnding) {
     EXPECT_EQ(frequencyFileName(1025.5, ".dat"), "1025.5.dat");
     EXPECT_EQ(frequencyFileName(985, ".res"), "0985.res");
 }

@@ -94,7 +94,7 @@ TEST(HeadOfTheResponse, IsTheStationOfTheShownCurve) {
     bench.click(bench.forms.formDd3.Command3D2);
     bench.click(bench.formB.SSCommand1);
     bench.click(bench.formD.Image3);
-    EXPECT_EQ(bench.forms.formDd3.Station.caption, "RADIO TRES 102.55 MHz") << "not measured";
+    EXPECT_EQ(bench.forms.formDd3.Station.caption, "R. TRES 102.55 MHz") << "not measured";
 }
 
 }  // namespace hmonitor::test

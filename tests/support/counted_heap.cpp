@@ -30,9 +30,19 @@ void* operator new(std::size_t size) {
     bytes.fetch_add(static_cast<long>(malloc_usable_size(memory)), std::memory_order_relaxed);
     return memory;
 }
-// The array operators too, since a sanitizer brings its own.
+// The array operators and those that do not throw too, since a sanitizer brings its own.
 void* operator new[](std::size_t size) {
     return operator new(size);
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    try {
+        return operator new(size);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+void* operator new[](std::size_t size, const std::nothrow_t& none) noexcept {
+    return operator new(size, none);
 }
 void operator delete(void* memory) noexcept {
     giveBack(memory);
@@ -44,6 +54,13 @@ void operator delete[](void* memory) noexcept {
     giveBack(memory);
 }
 void operator delete[](void* memory, std::size_t) noexcept {
+    giveBack(memory);
+}
+
+void operator delete(void* memory, const std::nothrow_t&) noexcept {
+    giveBack(memory);
+}
+void operator delete[](void* memory, const std::nothrow_t&) noexcept {
     giveBack(memory);
 }
 

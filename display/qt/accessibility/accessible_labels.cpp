@@ -3,7 +3,9 @@
 
 #include <QAccessibleWidget>
 #include <QPointer>
+#include <QString>
 #include <algorithm>
+#include <string_view>
 
 #include "display/qt/widgets/control_widget.h"
 #include "display/qt/windows/form_view.h"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/qt/accessibility/arrow_focus.h"
 
+#include <QString>
+
 namespace display::qt {
 
 namespace {

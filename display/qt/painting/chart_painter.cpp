@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/qt/painting/chart_painter.h"
 
+#include <algorithm>
+
 #include <QPolygonF>
 
 #include "display/qt/painting/fonts.h"

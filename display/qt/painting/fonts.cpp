@@ -8,7 +8,9 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QtEndian>
+#include <algorithm>
 #include <cstdio>
+#include <utility>
 
 namespace display::qt {
 

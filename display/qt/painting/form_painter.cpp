@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/qt/painting/form_painter.h"
 
+#include <memory>
+
 #include "display/qt/painting/painted_on_paper.h"
 #include "display/qt/painting/surfaces.h"
 

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/qt/painting/key_pictures.h"
 
+#include <QPainter>
 #include <QPolygonF>
+#include <QString>
 #include <algorithm>
 
 #include "display/qt/painting/key_cap.h"

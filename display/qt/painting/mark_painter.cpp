@@ -3,6 +3,7 @@
 
 #include <QFontMetricsF>
 #include <QImage>
+#include <QString>
 #include <algorithm>
 #include <cmath>
 

@@ -4,8 +4,10 @@
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QLinearGradient>
+#include <QPainter>
 #include <QPolygonF>
 #include <QScreen>
+#include <QString>
 #include <algorithm>
 
 #include "display/qt/painting/fonts.h"

@@ -3,6 +3,7 @@
 
 #include <QFontMetricsF>
 #include <QPolygonF>
+#include <QString>
 
 #include "display/qt/painting/fonts.h"
 #include "display/qt/painting/palette.h"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/qt/painting/page_writer.h"
 
+#include <cmath>
+
 #include "display/qt/painting/form_painter.h"
 
 namespace display::qt {

@@ -2,6 +2,7 @@
 #include "display/qt/painting/painted.h"
 
 #include <QLinearGradient>
+#include <QString>
 
 #include "display/qt/painting/fonts.h"
 #include "display/qt/painting/palette.h"

@@ -1,5 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/qt/painting/drawing_image.h"
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
 #include "display/qt/painting/painted.h"
 
 namespace display::qt {

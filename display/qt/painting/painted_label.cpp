@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QFontMetricsF>
+#include <QString>
 
 #include "display/qt/painting/fonts.h"
+
+#include <memory>
+
 #include "display/qt/painting/painted.h"
 #include "display/qt/painting/palette.h"
 #include "display/qt/painting/surfaces.h"

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/qt/painting/painted_on_paper.h"
 
+#include <QPainter>
+#include <QString>
+#include <utility>
+
 #include <QFontMetricsF>
 
 #include "display/chart.h"

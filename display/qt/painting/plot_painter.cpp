@@ -4,6 +4,9 @@
 #include <QPolygonF>
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <utility>
+#include <vector>
 
 #include "display/qt/painting/chart_painter.h"
 #include "display/qt/painting/fonts.h"

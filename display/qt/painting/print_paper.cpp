@@ -5,6 +5,7 @@
 #include <QPageSize>
 #include <QPdfWriter>
 #include <QPrinter>
+#include <QString>
 
 namespace display::qt {
 

@@ -13,6 +13,8 @@ constexpr qreal kLargest = 1.45 * kNatural;
 constexpr qreal kSmallest = 0.5 * kNatural;
 /// The rack is 960 pixels wide then.
 constexpr qreal kSmallestByHand = 0.8 * kNatural;
+/// How small it may be made on a screen that is narrower than that.
+constexpr qreal kShareOfSmall = 0.6;
 /// The part of the screen that stays free beside the rack.
 constexpr qreal kRoom = 0.99;
 
@@ -41,7 +43,8 @@ qreal Scale::filling(QSizeF rackTwips, QSizeF screen) {
 
 qreal Scale::within(qreal wanted, QSizeF rackTwips, QSizeF screen) {
     const qreal largest = filling(rackTwips, screen);
-    return std::clamp(wanted, std::min(kSmallestByHand, largest), largest);
+    const qreal smallest = largest > kSmallestByHand ? kSmallestByHand : kShareOfSmall * largest;
+    return std::clamp(wanted, smallest, largest);
 }
 
 qreal Scale::snapped(qreal px) const {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/qt/painting/surfaces.h"
 
+#include <cstdint>
+
 #include <QLinearGradient>
 #include <QPainterPath>
 #include <QRadialGradient>

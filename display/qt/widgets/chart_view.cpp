@@ -5,9 +5,11 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QString>
 #include <QToolTip>
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include "display/qt/accessibility/arrow_focus.h"
 #include "display/qt/painting/chart_painter.h"

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QString>
 #include <QWidget>
 #include <memory>
+#include <string>
+#include <string_view>
 
 #include "display/control.h"
 

@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QShortcut>
+#include <QWidget>
 
 #include "display/qt/accessibility/arrow_focus.h"
 #include "display/qt/painting/fonts.h"

@@ -3,7 +3,10 @@
 
 #include <QAbstractButton>
 #include <QCheckBox>
+#include <QPainter>
 #include <QRadioButton>
+#include <QString>
+#include <QWidget>
 
 #include "display/controls/buttons.h"
 #include "display/controls/pictures.h"

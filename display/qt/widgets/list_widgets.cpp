@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/qt/widgets/list_widgets.h"
 
+#include <QString>
+#include <QWidget>
+#include <algorithm>
+#include <string>
+
 #include <QKeyEvent>
 #include <QPainter>
 
@@ -83,6 +88,9 @@ void ListBoxWidget::sync() {
         addItems(rows);
     }
     setCurrentRow(box_.list.selected());
+    // At once, so that no frame shows the new rows at the old place.
+    executeDelayedItemsLayout();
+    if (currentItem()) scrollToItem(currentItem());
     syncing_ = false;
 }
 

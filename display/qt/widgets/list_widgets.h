@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QListWidget>
 #include <QTabBar>
+#include <QWidget>
 
 #include "display/controls/containers.h"
 #include "display/controls/lists.h"

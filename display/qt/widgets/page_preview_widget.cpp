@@ -2,7 +2,9 @@
 #include "display/qt/widgets/page_preview_widget.h"
 
 #include <QGraphicsView>
+#include <QPainter>
 #include <QScrollBar>
+#include <QWidget>
 #include <limits>
 
 #include "display/qt/painting/page_painter.h"

@@ -3,6 +3,7 @@
 
 #include <QPrintPreviewWidget>
 #include <QPrinter>
+#include <QWidget>
 
 #include "display/page.h"
 #include "display/qt/widgets/control_widget.h"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/qt/widgets/picture_box_widget.h"
 
+#include <optional>
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>

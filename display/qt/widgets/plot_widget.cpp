@@ -5,10 +5,14 @@
 #include <QApplication>
 #include <QHelpEvent>
 #include <QMouseEvent>
+#include <QPainter>
+#include <QString>
 #include <QToolTip>
 #include <QWheelEvent>
+#include <algorithm>
 #include <cmath>
 #include <optional>
+#include <string>
 
 #include "display/qt/widgets/key_widgets.h"
 #include "display/qt/windows/qt_desktop.h"

@@ -4,8 +4,11 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QString>
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <string>
 
 #include "display/form.h"
 #include "display/qt/painting/fonts.h"

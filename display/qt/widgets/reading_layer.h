@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QPainter>
+#include <optional>
+
 #include <QStringList>
 #include <QWidget>
 

@@ -6,6 +6,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
+#include <QWidget>
+#include <algorithm>
 #include <cmath>
 
 #include "display/controls/scroll_bar.h"

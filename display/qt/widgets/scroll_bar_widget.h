@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QAbstractSlider>
+#include <QPainter>
+#include <QWidget>
 
 #include "display/controls/scroll_bar.h"
 #include "display/qt/widgets/control_widget.h"

@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/qt/widgets/text_field_widget.h"
 
+#include <QString>
+#include <QWidget>
+#include <algorithm>
+#include <string>
+
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPointer>

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QLineEdit>
+#include <QString>
+#include <QWidget>
 
 #include "display/controls/text_field.h"
 #include "display/qt/widgets/control_widget.h"

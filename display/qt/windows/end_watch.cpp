@@ -10,6 +10,7 @@
 #include <QGuiApplication>
 #include <QSessionManager>
 #include <QSocketNotifier>
+#include <QString>
 #include <QThread>
 #include <array>
 #include <atomic>

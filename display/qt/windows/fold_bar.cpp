@@ -3,6 +3,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QString>
 
 #include "display/qt/painting/key_cap.h"
 #include "display/qt/painting/palette.h"

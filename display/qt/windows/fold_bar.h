@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QString>
 
 #include "display/qt/widgets/control_widget.h"
 

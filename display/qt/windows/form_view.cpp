@@ -2,7 +2,12 @@
 #include "display/qt/windows/form_view.h"
 
 #include <QPaintEvent>
+#include <QPainter>
+#include <QString>
 #include <algorithm>
+#include <cstdint>
+#include <string_view>
+#include <utility>
 
 #include "display/qt/painting/surfaces.h"
 #include "display/qt/windows/qt_desktop.h"

@@ -2,9 +2,12 @@
 #pragma once
 
 #include <QHelpEvent>
+#include <QPainter>
 #include <QPixmap>
 #include <QRegion>
+#include <QString>
 #include <QWidget>
+#include <cstdint>
 #include <memory>
 #include <vector>
 

@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QString>
 #include <QWindow>
 #include <algorithm>
 

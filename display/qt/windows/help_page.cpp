@@ -3,9 +3,12 @@
 
 #include <QImage>
 #include <QScrollBar>
+#include <QString>
 #include <QTextDocument>
+#include <QWidget>
 #include <algorithm>
 #include <cmath>
+#include <string>
 #include <vector>
 
 #include "display/qt/painting/fonts.h"

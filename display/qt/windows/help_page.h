@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QString>
 #include <QTextBrowser>
+#include <QWidget>
 #include <functional>
 
 #include "display/help_book.h"

@@ -6,10 +6,14 @@
 #include <QScrollBar>
 #include <QShortcut>
 #include <QSplitter>
+#include <QString>
 #include <QTextDocument>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <iterator>
+#include <memory>
+#include <string>
+#include <string_view>
 #include <utility>
 
 #include "display/qt/painting/fonts.h"

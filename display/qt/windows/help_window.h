@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QString>
 #include <QToolButton>
 #include <QWidget>
 #include <vector>

@@ -6,6 +6,9 @@
 #include <QStyleFactory>
 #include <chrono>
 #include <cstdio>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 #include "display/qt/accessibility/accessible_labels.h"
 #include "display/qt/painting/fonts.h"

@@ -4,11 +4,19 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QPointF>
+#include <QString>
 #include <QTimer>
+#include <QWidget>
+#include <filesystem>
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <random>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 #include "display/call_box.h"
 #include "display/desktop.h"

@@ -3,6 +3,10 @@
 #include <QTimeZone>
 
 #include "display/qt/widgets/control_widget.h"
+
+#include <chrono>
+#include <string>
+
 #include "display/qt/windows/desktop_language.h"
 #include "display/qt/windows/qt_desktop.h"
 

@@ -7,6 +7,10 @@
 #include <QStandardPaths>
 
 #include "display/open_question.h"
+
+#include <filesystem>
+#include <optional>
+
 #include "display/qt/widgets/control_widget.h"
 #include "display/qt/windows/qt_desktop.h"
 

@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QBuffer>
+#include <QPainter>
 #include <QPdfWriter>
 
 #include "display/qt/painting/drawing_picture.h"
+
+#include <string>
+#include <vector>
+
 #include "display/qt/painting/page_painter.h"
 #include "display/qt/painting/page_writer.h"
 #include "display/qt/painting/print_paper.h"

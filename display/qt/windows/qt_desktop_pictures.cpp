@@ -7,6 +7,9 @@
 #include <QSvgGenerator>
 
 #include "display/qt/painting/drawing_picture.h"
+
+#include <string>
+
 #include "display/qt/windows/qt_desktop.h"
 
 namespace display::qt {

@@ -5,6 +5,11 @@
 #include <QPrinterInfo>
 
 #include "display/qt/painting/page_painter.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
 #include "display/qt/painting/page_writer.h"
 #include "display/qt/painting/print_paper.h"
 #include "display/qt/painting/print_queue.h"

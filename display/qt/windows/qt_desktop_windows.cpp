@@ -4,6 +4,9 @@
 #include <QWindow>
 
 #include "display/qt/windows/form_window.h"
+
+#include <memory>
+
 #include "display/qt/windows/help_window.h"
 #include "display/qt/windows/qt_desktop.h"
 #include "display/qt/windows/rack_window.h"
@@ -55,7 +58,9 @@ void QtDesktop::formShown(Form& form) {
         // Always tied to the rack, not to the window that opened it: that one may be hidden, and
         // then a click on the rack would cover this one.
         const bool rackStands = rack_ && rack_->isVisible();
-        window.appear(over, rackStands ? rack_.get() : over);
+        // One that looks on stands beside the rack: whichever is clicked comes to the front.
+        const QWidget* above = rackStands ? rack_.get() : over;
+        window.appear(over, form.looksOn ? nullptr : above);
     }
     enableViews();
     if (!queue().gateOpen()) paintNow(form);

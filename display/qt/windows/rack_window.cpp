@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QString>
 #include <QWindow>
 #include <algorithm>
 #include <utility>

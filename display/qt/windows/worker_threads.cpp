@@ -2,6 +2,7 @@
 #include "display/qt/windows/worker_threads.h"
 
 #include <system_error>
+#include <utility>
 
 namespace display::qt {
 

@@ -10,8 +10,8 @@
 namespace hm16::receiver {
 namespace {
 
-// Wide enough to leave a stereo programme of 75 kHz its sidebands; what a neighbour swings in here
-// is known by the envelope.
+// Wide enough for the sidebands of a stereo programme with 75 kHz of deviation. What a neighbour
+// adds within it is estimated from the envelope.
 constexpr double kNarrowFlatHz = 110e3;
 constexpr double kNarrowStopHz = 150e3;
 constexpr double kNarrowStopbandDb = 60;

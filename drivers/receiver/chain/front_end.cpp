@@ -2,6 +2,7 @@
 #include "drivers/receiver/chain/front_end.h"
 
 #include <algorithm>
+#include <cstdint>
 
 #include "drivers/receiver/chain/peak_noise.h"
 #include "drivers/receiver/dsp/filter_design.h"
@@ -12,14 +13,14 @@ namespace {
 constexpr double kWideFlatHz = 190e3;
 constexpr double kWideStopHz = 290e3;
 
-// At low rates as wide as the rate allows.
+// Half width of the flat part; at low sample rates what the rate allows.
 double flatFor(double channelHz) {
     return std::min(kWideFlatHz, 0.39 * channelHz);
 }
 
 std::vector<double> wideTaps(const Rates& rates) {
     const double flat = flatFor(rates.channel);
-    // What folds over from beyond half the rate may reach down to the flat part, not into it.
+    // Aliases may reach down to the edge of the flat part, but not into it.
     const double stop = std::min(kWideStopHz, rates.channel - flat);
     return designLowPass(rates.source, flat, stop);
 }

@@ -20,7 +20,7 @@ std::vector<double> noiseBandTaps(const Rates& rates) {
     return designLowPass(rates.composite, kBandFlatHz, kBandStopHz, kBandStopbandDb);
 }
 
-// Power behind the multiplex filter of noise whose density is the frequency squared.
+// Power of noise with a density of f^2 (FM noise) after the multiplex filter.
 double noisePower(const Rates& rates, PeakEdge edge) {
     constexpr double kStepHz = 500;
     const std::vector<double> taps = compositeTaps(rates.channel, Droop::None, edge);
@@ -32,7 +32,7 @@ double noisePower(const Rates& rates, PeakEdge edge) {
     return power;
 }
 
-// The same as it comes out of the band around 68 kHz, whose filter halves amplitudes.
+// The same after the band filter around 68 kHz, which halves amplitudes.
 double noisePowerInBand(const Rates& rates, PeakEdge edge) {
     constexpr double kStepHz = 100;
     const std::vector<double> multiplex = compositeTaps(rates.channel, Droop::None, edge);

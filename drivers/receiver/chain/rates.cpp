@@ -20,7 +20,7 @@ std::size_t stepNear(double from, double wanted) {
 Rates planRates(double sourceHz, Domain domain) {
     Rates rates;
     rates.source = sourceHz;
-    // Half a per mille of tolerance, so that a clock's error does not change the plan.
+    // A tolerance of 0.05 percent, so that an error of the clock does not change the plan.
     rates.channelStep = domain == Domain::Band ? stepDown(sourceHz, 499.75e3) : 1;
     rates.channel = sourceHz / static_cast<double>(rates.channelStep);
     rates.compositeStep = stepDown(rates.channel, 249.9e3);

@@ -6,13 +6,15 @@
 namespace hm16::receiver {
 namespace {
 
-// Longer than this the multiplex has gone elsewhere meanwhile.
+// Gaps longer than this are not bridged by interpolation: the multiplex has no relation across
+// them.
 constexpr std::uint64_t kBridged = 128;
 
-// Spans this close together are one.
+// Spans closer together than this are merged.
 constexpr std::uint64_t kClose = 64;
 
-// From and to the middle of a long one the signal is led over so many samples: a step would ring.
+// At the ends of a long gap the signal fades to and from the carrier over this many samples, since
+// a step would ring in the filters.
 constexpr std::uint64_t kRamp = 64;
 
 }  // namespace
@@ -41,7 +43,7 @@ void SpoiltSamples::mend(std::uint64_t first, std::size_t count, std::span<float
         if (span.to <= first || span.from >= end) continue;
         const std::uint64_t from = std::max(span.from, first);
         if (!span.before) span.before = from > first ? frequency[from - first - 1] : carrierHz;
-        // Further away than the ramp it does not matter.
+        // Beyond the length of the ramp the distance does not matter.
         const bool known = span.to - first < frequency.size();
         const float after = known ? frequency[span.to - first] : carrierHz;
         const std::uint64_t length = span.to - span.from;

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <complex>
+#include <cstdint>
 
 #include "drivers/receiver/dsp/filter_design.h"
 
@@ -14,51 +16,53 @@ constexpr double kPilotFitSeconds = 0.2;
 constexpr double kPilotAroundSeconds = 0.025;  // on each side of a slot, for decoding
 constexpr double kLeastPilotHz = 450;          // 0.6 percent
 
-// More variation of the envelope than this, at equal deviation, is noise and no carrier: at some
-// 10 dB of carrier to noise in 200 kHz the discriminator's threshold begins.
+// Relative variance of the envelope above which there is noise and no carrier: about 10 dB of
+// carrier-to-noise ratio in 200 kHz, the threshold of FM discriminators.
 constexpr double kMostRoughness = 0.1;
 
-// A programme's crest that comes once in a slot keeps the noise that it meets: below some 20 dB of
-// carrier to noise in 200 kHz a peak may be wrong by more than 3 kHz.
+// The highest peak of a slot carries the noise of that one moment. Below a carrier-to-noise ratio
+// of about 20 dB in 200 kHz the error may exceed 3 kHz, so the peak is then unknown.
 constexpr double kMostPeakNoiseHz = 2700;
 
-// The discriminator clicks now and then, and a click is no peak of the station.
+// Above this the discriminator clicks now and then, and a click would read as a peak.
 constexpr double kMostPeakRoughness = 0.04;
-// What a neighbour may have added, so that a peak is within 3 kHz.
+// Largest estimated share of a neighbour in a peak for which the peak is still within 3 kHz.
 constexpr double kMostDoubtHz = 5000;
-// Beside one this much stronger its swings are longer and steeper.
+// A neighbour this many times stronger than the station disturbs more, so less is allowed.
 constexpr double kMuchStronger = 4;
 constexpr double kMostDoubtBesideStrongHz = 2500;
 
-// A neighbour within these 200 kHz away beats with the carrier inside the multiplex.
+// Shares of a neighbour in the power of the channel at which the narrow filter is taken and left. A
+// neighbour at 200 kHz beats with the carrier inside the band of the multiplex.
 constexpr double kNeighbourNarrow = 0.04;
 constexpr double kNeighbourWide = 0.03;
 
-// How rough a neighbour makes the envelope at least, against its share of the power.
+// Least variance of the envelope that a neighbour causes, relative to its share of the power.
 constexpr double kNeighbourRoughness = 0.1;
 constexpr double kStrongerNeighbour = 1;
 
-// Slots after a change of the filter that hold its transient.
+// Slots after a change of the filter that contain its transient.
 constexpr std::size_t kSettling = 2;
 
-// What a gap may still reach before the place where it was found, in samples of the channel.
+// How far before the place of its detection a gap may begin, in samples of the channel.
 constexpr std::size_t kBeforeFinding = CarrierWatch::kBlock + 64;
 
-// Through so many slots in a row that are spoilt figures stand: 150 ms.
+// Figures hold their last value through this many spoilt slots in a row (150 ms).
 constexpr std::size_t kMostSpoiltSlots = 3;
 
-// The audio's filters spread a disturbance by as much to each side.
+// The audio filters spread a disturbance by this much to each side.
 constexpr double kAudioSpreadSeconds = 0.002;
 
-// The pilot's filter does by this; what is shorter than a bridge hardly moves it.
+// The pilot filter spreads a disturbance by this much; one shorter than the second figure has no
+// visible effect on it.
 constexpr double kPilotSpreadSeconds = 0.007;
 constexpr double kPilotHardlyMovedSeconds = 0.0005;
 
-// The carrier is brought to the middle when it is this far from it, and known for so many slots.
+// The channel is centred on the carrier once it has been this far off for this many slots.
 constexpr double kOffCentreHz = 4000;
 constexpr std::size_t kSteadySlots = 4;
 
-// Slots from which the carrier is known well enough to take it out of the audio.
+// Slots after which the carrier offset is known well enough to be subtracted from the audio.
 constexpr std::size_t kFewestForAudio = 1;
 
 std::vector<double> pilotBandTaps(const Rates& rates) {
@@ -117,8 +121,8 @@ void StationChain::pushBand(std::span<const Sample> channel) {
     watchBlocks();
 }
 
-// Far from the middle, strong modulation is cut on one side, and looks like a neighbour there. The
-// frequency that comes out stays the true one through every change.
+// With the carrier far off the centre the filter cuts strong modulation on one side, which looks
+// like a neighbour there. The demodulated frequency is corrected, so that it does not jump.
 void StationChain::recentre() {
     if (std::fabs(carrier_.hz() - shiftHz_) < kOffCentreHz) return;
     shiftBeforeHz_ = shiftHz_;
@@ -126,7 +130,7 @@ void StationChain::recentre() {
     recentring_.setTurns(shiftHz_ / rates_.channel);
     const std::uint64_t delay = filter_.delay();
     shiftFrom_ = taken_ > delay ? taken_ - delay : 0;
-    // A narrow filter blurs the step.
+    // The narrow filter spreads the frequency step over its length.
     if (filter_.width() == ChannelWidth::Narrow)
         spoilt_.add(shiftFrom_ - std::min<std::uint64_t>(shiftFrom_, filter_.length()),
                     shiftFrom_ + filter_.length());
@@ -149,8 +153,8 @@ void StationChain::spoil(std::uint64_t from, std::uint64_t to, std::uint64_t los
     }
     if (lostSamples == 0) splice(from);
     if (settings_.domain == Domain::Band) {
-        // The moment of the channel's sample `from` comes out of its filter as number
-        // `from - delay`; the narrow filter spreads it over its whole length.
+        // The filter delivers input sample `from` as output sample `from - delay`; the narrow one
+        // spreads it over its whole length.
         const bool narrow = filter_.width() == ChannelWidth::Narrow;
         const std::uint64_t before = narrow ? filter_.length() : filter_.delay() + 1;
         const std::uint64_t behind = narrow ? 0 : filter_.delay();
@@ -172,16 +176,14 @@ void StationChain::watchBlocks() {
     handOn(static_cast<std::size_t>(spoilt_.besideBridges(place) - handedOn_));
 }
 
-// What the source has told is counted already.
 void StationChain::takeFinding(const CarrierWatch::Look& look, std::uint64_t block) {
     const std::uint64_t end = block + CarrierWatch::kBlock;
     const bool gap = look.finding == CarrierWatch::Finding::Gap;
     if (gap) {
-        // Its edge has looked like a burst.
+        // The edge of a gap is first detected as a burst.
         const bool edge = countedBurst_ && *countedBurst_ + CarrierWatch::kBlock == block;
         if (!inGap_ && edge) --disturbances_.bursts;
         if (!inGap_ && (edge || !spoilt_.touches(block, end))) ++disturbances_.gaps;
-        // Where in its blocks it began and where it ends within a block is not known.
         spoilt_.add(block - std::min<std::uint64_t>(block, CarrierWatch::kBlock),
                     end + CarrierWatch::kBlock);
     } else if (look.finding == CarrierWatch::Finding::Burst) {
@@ -195,7 +197,7 @@ void StationChain::takeFinding(const CarrierWatch::Look& look, std::uint64_t blo
     inGap_ = gap;
 }
 
-// Behind this place of the channel time may go on elsewhere, and with it the pilot's phase.
+// After this place the signal may continue at another time, so the phase of the pilot may jump.
 void StationChain::splice(std::uint64_t place) {
     const double seconds = static_cast<double>(place) / rates_.channel;
     splices_.push_back(seconds);
@@ -260,7 +262,7 @@ void StationChain::addPilot(std::span<const float> composite) {
     }
 }
 
-// In the multiplex's time; only what is as long as `leastSeconds` counts.
+// Times are those of the multiplex; only spans of at least `leastSeconds` count.
 bool StationChain::liesBetween(const SpoiltSamples& spans, double fromSeconds, double toSeconds,
                                double leastSeconds) const {
     const auto place = [this](double seconds) {
@@ -280,7 +282,7 @@ void StationChain::endSlot() {
     slot_.spoilt = spoiltBetween(now - length, now);
     slot_.away = liesBetween(away_, now - length, now);
     spoiltSlots_ = slot_.spoilt ? spoiltSlots_ + 1 : 0;
-    // Where every slot is spoilt, what is left of them must do.
+    // When every slot is spoilt, their good samples are used instead of holding for ever.
     standing_ = slot_.spoilt && spoiltSlots_ <= kMostSpoiltSlots;
     if (settings_.domain == Domain::Band) settleRadio();
     rds_.endSlot();
@@ -301,7 +303,7 @@ void StationChain::endSlot() {
     if (onSlot_) onSlot_(slot_);
 }
 
-// What only a channel has: power, noise, width.
+// Figures that need the radio channel and not only the multiplex: power, noise, filter width.
 void StationChain::settleRadio() {
     watch_.endSlot();
     if (standing_) {
@@ -323,7 +325,7 @@ void StationChain::settleRadio() {
 
 void StationChain::settleSlot(const SlotMoments& moments, double now) {
     const bool band = settings_.domain == Domain::Band;
-    // Through a gap what was there before stands.
+    // The state of the carrier holds through a gap.
     const bool settled = sinceWidth_ > kSettling;
     if (!figures_.carrier || (settled && !standing_))
         figures_.carrier =
@@ -334,7 +336,8 @@ void StationChain::settleSlot(const SlotMoments& moments, double now) {
         return;
     }
     if (settled) settleCarrier(moments);
-    // Asked each time: what a change of the filter shows is no doubt of the slots behind it.
+    // Called in every slot, so that the transient of a filter change does not count for later
+    // slots.
     const bool hidden = band && peakHidden();
     if (settled && !standing_) tooNoisy_ = hidden;
     // Beside a strong neighbour the good samples of a spoilt slot are no better than the others.
@@ -345,7 +348,7 @@ void StationChain::settleSlot(const SlotMoments& moments, double now) {
     figures_.peaksPerMinute = peaks_.count();
 }
 
-// By noise, or by a neighbour whose swings come in.
+// Whether noise or a neighbour makes the peak uncertain.
 bool StationChain::peakHidden() {
     const double doubtHz = peakDoubt_.takeHz();
     if (watch_.roughness() > kMostPeakRoughness) return true;
@@ -357,8 +360,8 @@ bool StationChain::peakHidden() {
 void StationChain::chooseWidth() {
     double neighbour = channelPower_.neighbour();
     const bool narrow = filter_.width() == ChannelWidth::Narrow;
-    // Strong modulation reaches as far as a neighbour, but only a neighbour beats in the envelope.
-    // One stronger than the station smooths it again.
+    // Strong modulation has power where a neighbour would have it, but only a neighbour makes the
+    // envelope vary, unless it is stronger than the station.
     if (!narrow && neighbour < kStrongerNeighbour &&
         watch_.roughness() < kNeighbourRoughness * std::min(neighbour, 0.3))
         neighbour = 0;
@@ -371,7 +374,7 @@ void StationChain::chooseWidth() {
     }
     figures_.narrow = !narrow;
     sinceWidth_ = 0;
-    // What the other filter showed is no history for this one.
+    // Averages over the other filter's output do not apply to this one.
     multipath_ = Multipath(rates_.channel);
     carrier_ = CarrierMean();
     carrierSlots_ = 0;
@@ -384,10 +387,10 @@ void StationChain::settleCarrier(const SlotMoments& moments) {
         ++carrierSlots_;
         figures_.carrierHz = carrier_.hz();
     }
-    // What a neighbour beats into the envelope is no noise.
+    // With a neighbour the variance of the envelope is no measure of noise.
     const bool noisy = settings_.domain == Domain::Band && !figures_.narrow;
     const double noise = noisy ? peakNoise_.rmsHz(watch_.roughness()) : 0;
-    // In a spoilt slot what its good samples show: never more than the truth.
+    // In a spoilt slot this is the peak of its good samples, a lower bound.
     figures_.peakHz = peak_.peakFrom(figures_.carrierHz, noise);
     if (!standing_) meanSquares_.add(moments.meanSquare - figures_.carrierHz * figures_.carrierHz);
 }
@@ -416,7 +419,7 @@ void StationChain::settlePower() {
     figures_.relativePower = std::max(0.0, figures_.multiplexPower - pilot - rds) / kFull;
 }
 
-// Nothing but noise is there: no figure but the field's is known.
+// Without a carrier only the field is known.
 void StationChain::blank() {
     const double field = figures_.fieldDb;
     const bool narrow = figures_.narrow;
@@ -433,7 +436,7 @@ void StationChain::blank() {
 void StationChain::settleAudio() {
     const double from = decoder_.nextSeconds();
     const double to = from + kSlotSeconds;
-    // The pilot must be known on both sides of what is decoded.
+    // Decoding needs the phase of the pilot on both sides.
     if (pilot_.newest() < to + kPilotAroundSeconds) return;
     left_.clear();
     right_.clear();
@@ -441,17 +444,16 @@ void StationChain::settleAudio() {
     if (!figures_.stereo) line = PilotLine();
     decoder_.decode(to, line, left_, right_);
     if (!figures_.carrier) {
-        // Nobody wants to hear the noise of an empty channel.
         std::fill(left_.begin(), left_.end(), 0.0F);
         std::fill(right_.begin(), right_.end(), 0.0F);
     }
-    // What a carrier beside its frequency leaves: a constant that would count in every power.
+    // A carrier offset leaves a constant in the audio, which would count in every power.
     const auto constant = static_cast<float>(figures_.carrierHz * decoder_.constantGain());
     for (float& value : left_) value -= constant;
     for (float& value : right_) value -= constant;
     if (onSound_) onSound_(left_, right_);
     if (!figures_.carrier) return;
-    // A pilot's line over a splice fits neither side.
+    // A phase fitted across a splice is wrong on both sides.
     const bool spliced = std::any_of(splices_.begin(), splices_.end(), [=](double at) {
         return at > from - kPilotAroundSeconds - kPilotSpreadSeconds &&
                at < to + kPilotAroundSeconds + kPilotSpreadSeconds;

@@ -3,16 +3,16 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 namespace hm16::receiver {
 namespace {
 
-// Pieces that stay in the processor's cache all along the chain, and short enough to keep no slot
-// waiting for samples that have long come.
+// Samples handled at once: they stay in the processor's cache along the chain, and delay no slot.
 constexpr std::size_t kLongestPiece = 8192;
 constexpr double kPieceSeconds = 0.0025;
 
-// What is longer is not filled up further.
+// A gap is filled up to this length; the rest of a longer one is left out.
 constexpr double kLongestGapSeconds = 0.5;
 
 }  // namespace

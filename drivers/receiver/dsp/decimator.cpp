@@ -14,7 +14,7 @@ std::size_t padded(std::size_t floats) {
     return (floats + kKernelFloats - 1) / kKernelFloats * kKernelFloats;
 }
 
-// Adds a block behind what is held, less what a step longer than the filter passes over.
+// Appends a block to the held samples, without those that a step longer than the filter skips.
 template <typename Value>
 void append(std::vector<Value>& held, std::span<const Value> in, std::size_t& skip) {
     const std::size_t dropped = std::min(skip, in.size());

@@ -29,7 +29,7 @@ typedef float Lanes __attribute__((vector_size(kLaneBytes)));
 typedef float UnalignedLanes __attribute__((vector_size(kLaneBytes), aligned(4), may_alias));
 
 #if defined(__clang__)
-// A reference forgets there how little is aligned.
+// By value: with clang a reference loses the reduced alignment of the type.
 inline Lanes lanesAt(const float* address) {
     return *reinterpret_cast<const UnalignedLanes*>(address);
 }

@@ -63,7 +63,7 @@ void CarrierMean::add(std::span<const float> slot) {
     settle();
 }
 
-// Within a part the weight is as good as a parabola.
+// Within one part the weight is approximated by a parabola.
 void CarrierMean::settle() {
     const double turn = 2 * std::numbers::pi / static_cast<double>(slots_.size());
     double sum = 0;

@@ -12,34 +12,34 @@ constexpr std::size_t kKept = 500;       // blocks: half a second or more
 constexpr std::size_t kFewestKept = 20;  // before anything can stand out of them
 constexpr float kStandsOut = 2.5F;       // times the middle spike
 
-// More blocks with one are how this air is.
+// With more bursts than this among the kept blocks they are taken for a property of the signal.
 constexpr std::size_t kMostBursts = 100;
-// Behind so many, and once half a second is known, only what stands so much further out is one:
-// what is left may belong to the signal.
+// After this many bursts in the kept blocks the thresholds are raised by the factor, since smaller
+// spikes may belong to the signal.
 constexpr std::size_t kDoubtfulBursts = 3;
 constexpr float kFurtherOut = 4;
 
-// The envelope of a burst: under this share of where the middle block has its lowest, or as much
-// further over its mean.
+// A burst is also an envelope below this share of the median block's minimum, or above its mean by
+// this multiple of the median block's excess plus a fixed share.
 constexpr float kDeep = 0.5F;
 constexpr float kHigh = 2;
 constexpr float kHighAnyway = 0.15F;
 
-// The strongest that a multiplex of broadcast has near its upper end.
+// Largest deviation that a broadcast multiplex has near its upper end, and that frequency.
 constexpr double kStrongestHz = 110e3;
 constexpr double kUpperEndHz = 53e3;
 
-// In a block: more is no carrier.
+// Relative variance of the envelope within a block above which there is no carrier,
 constexpr double kNoCarrier = 0.15;
-// Only where the air is this good otherwise.
+// provided that the median of all blocks is below this.
 constexpr double kGoodAir = 0.03;
-// A level this far under the middle one is none.
+// A level below this share of the median counts as no signal.
 constexpr float kNoLevel = 0.05F;
 
-// What lasts longer is no gap.
+// A longer loss of the carrier is reported as such and not bridged as a gap.
 constexpr std::size_t kLongestGapBlocks = 160;
 
-// Samples around a burst that the filters in front have touched.
+// Samples around a burst that the preceding filters have spread it over.
 constexpr std::size_t kSpread = 8;
 
 float fourthDifference(const float* f) {
@@ -68,7 +68,7 @@ CarrierWatch::Block CarrierWatch::measured(const float* frequency, const float* 
     for (std::size_t from = 0; from < kBlock; from += kLanes) {
         for (std::size_t lane = 0; lane < kLanes; ++lane) {
             const float* e = envelope + from + lane;
-            // Two apart: that passes most in the middle of the channel.
+            // The difference of samples two apart passes most in the middle of the channel.
             const float bend = e[-2] - 2 * e[0] + e[2];
             sum[lane] += e[0];
             rough[lane] += bend * bend;
@@ -102,7 +102,7 @@ CarrierWatch::Finding CarrierWatch::judged(const Block& block) {
     without_ = 0;
     const std::size_t most = means_.size() < kKept ? kDoubtfulBursts : kMostBursts;
     if (middleMean_ <= 0 || burstsKept_ > most) return Finding::Carrier;
-    // In noise nothing stands out.
+    // No burst can be told from noise.
     if (bursts_ == Bursts::NotSought || echoes_ || middleRoughness_ >= kGoodAir)
         return Finding::Carrier;
     limits_ = limitsFor(block);
@@ -126,7 +126,7 @@ CarrierWatch::Look CarrierWatch::look(const float* frequency, const float* envel
     Look look;
     look.finding = judged(block);
     if (look.finding == Finding::Gap) return look;
-    // What counts as outstanding counts for how this air is, too.
+    // Bursts enter the medians too, so that frequent ones raise the thresholds.
     const bool burst = look.finding == Finding::Burst;
     const auto mean = static_cast<float>(block.mean);
     const float lowest = mean > 0 ? block.lowest / mean : 1;
@@ -168,7 +168,7 @@ CarrierWatch::Look CarrierWatch::look(const float* frequency, const float* envel
     return look;
 }
 
-// In the half second, and just now: noise may come up fast.
+// Medians over all kept blocks (half a second).
 void CarrierWatch::settleMiddle() {
     if (spikes_.size() < kFewestKept) return;
     middleMean_ = middleOf(means_, means_.size());
@@ -177,7 +177,7 @@ void CarrierWatch::settleMiddle() {
     middleHighest_ = middleOf(highest_, highest_.size());
 }
 
-// Middle one of the `count` newest.
+// Median of the `count` newest values.
 float CarrierWatch::middleOf(const std::vector<float>& values, std::size_t count) {
     sorted_.clear();
     for (std::size_t back = 1; back <= count; ++back)

@@ -9,15 +9,15 @@ namespace {
 
 constexpr double kLongestDelaySeconds = 50e-6;
 
-// With this per slot the figure looks back over half a second; what is tried once in a while, over
-// its last visits.
+// Weight of a new slot: the figure averages over half a second. Delays that are tried in turn
+// average over their own last trials.
 constexpr float kKeptOfBest = 0.9F;
 constexpr float kKeptOfTried = 0.6F;
 
-// A bin visited less says more about noise than about the channel.
+// Bins with fewer samples than this are mostly noise and are left out.
 constexpr float kFewest = 16;
 
-// Another delay must leave so much less unexplained.
+// A new delay replaces the old one only when its residual is smaller by this factor.
 constexpr double kBetter = 0.9;
 
 }  // namespace

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drivers/receiver/figures/noise_floor.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "drivers/receiver/figures/audio_power.h"
 
 namespace hm16::receiver {

@@ -11,9 +11,9 @@ namespace {
 constexpr double kKeptSeconds = 1.0;
 constexpr std::size_t kFewestPoints = 8;
 constexpr double kSteadyCoherence = 0.7;
-// Around a splice the points are neither of before nor of behind.
+// Points this close to a splice contain both sides and are left out.
 constexpr double kBlurredSeconds = 0.007;
-// So long a stretch tells where the phase goes on.
+// Length on each side from which the phase jump at a splice is estimated.
 constexpr double kJoinSeconds = 0.02;
 constexpr double kJumpRadians = 0.1;
 constexpr double kTwoPi = 2 * std::numbers::pi;
@@ -46,7 +46,7 @@ void PilotTrack::join(double seconds) {
     const PilotLine before = fit(seconds - kKeptSeconds, seconds - kBlurredSeconds);
     const PilotLine behind = fit(seconds + kBlurredSeconds, seconds + kKeptSeconds);
     if (!before.steady() || !behind.steady()) return;
-    // With whole turns between the two sides.
+    // Up to whole turns between the two sides.
     const double apart = behind.phase - before.phaseAt(behind.time);
     const double jump = apart - kTwoPi * std::round(apart / kTwoPi);
     if (std::fabs(jump) < kJumpRadians) return;

@@ -103,7 +103,7 @@ void RdsBand::update() {
     }
     power /= static_cast<double>(points_.size());
     errorHz_ = lineSlope_ / 2 / (2 * std::numbers::pi);
-    // Within a point the line has turned on a little, which weakens the point's sum.
+    // The phase turns a little within a point, which reduces the sum of that point.
     const double turned = lineSlope_ * static_cast<double>(perPoint_) / rateHz_ / 2;
     const double kept = turned == 0 ? 1 : std::sin(turned) / turned;
     amplitudeSquared_ =

@@ -14,7 +14,7 @@ constexpr double kQuietToneDb = -45;
 constexpr double kOffBy = 0.03;  // share by which a generator may miss the frequency
 constexpr double kOffByHz = 3;
 constexpr std::size_t kSilentLooks = 12;
-// A tone that has come last has filled a look by then, however long it goes on.
+// After this time even the last tone has filled a whole window.
 constexpr std::size_t kLastLooks = 4;
 constexpr int kReferenceHz = 1000;
 
@@ -30,7 +30,7 @@ void ResponseTones::look(const SteadyTone& tone) {
     if (ended_) return;
     const double db = levelDb(tone.meanSquare);
     const int hz = testToneAt(tone.hz);
-    // Harmonics of a test tone belong to it; what else stands beside it makes it no test tone.
+    // Harmonics belong to a test tone; other lines beside it mean that it is programme.
     if (hz == 0 || tone.dominanceDb() < kToneDb || db < kQuietToneDb) {
         const std::size_t patience = count_ == kTones.size() ? 1 : kSilentLooks;
         if (count_ > 0 && ++looksWithout_ >= patience) ended_ = true;
@@ -40,7 +40,7 @@ void ResponseTones::look(const SteadyTone& tone) {
     if (count_ == kTones.size() && ++looksAtLast_ >= kLastLooks) ended_ = true;
     for (std::size_t n = 0; n < count_; ++n) {
         if (found_[n]->hz != hz) continue;
-        // A look that a tone only partly fills reads low: the highest one is the whole tone.
+        // A window that the tone fills only in part reads low, so the highest reading counts.
         found_[n]->db = std::max(found_[n]->db, db);
         return;
     }

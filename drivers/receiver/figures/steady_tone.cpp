@@ -11,7 +11,7 @@ namespace {
 
 constexpr double kLowestHz = 20;
 constexpr double kHighestHz = 15000;
-// No line at all reads as standing nowhere.
+// Without any line the frequency is 0.
 constexpr double kNothingDb = -300;
 
 double sumAround(std::span<const double> power, std::size_t centre, std::size_t reach,
@@ -74,7 +74,7 @@ SteadyTone findTone(std::span<const double> power, double binHz, std::size_t lob
         tone.harmonics += lobe - floor;
         tone.harmonicsInBand = true;
     }
-    // Over many orders the floor's ups and downs cancel out; what is left of them is no distortion.
+    // The noise floor is subtracted per harmonic; over many harmonics its fluctuations average out.
     tone.harmonics = std::max(0.0, tone.harmonics);
     for (std::size_t k = first; k <= last; ++k)
         if (!taken[k]) tone.rest += power[k];

@@ -9,7 +9,7 @@ namespace {
 
 constexpr double kTooQuietDb = -50;
 
-// R alone lies at 0 and at 180 degrees alike; noise must not make it jump between the two.
+// R alone is 0 and 180 degrees at once; hysteresis keeps noise from switching between the two.
 constexpr double kFoldDegrees = 175;
 
 }  // namespace

@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <filesystem>
+#include <memory>
 #include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
 
 #include "drivers/hm16_more.h"
 #include "drivers/hm16_report.h"

@@ -5,6 +5,8 @@
 #include "base/plain_text.h"
 
 #include <array>
+#include <string>
+#include <string_view>
 
 namespace hm16::receiver {
 namespace {

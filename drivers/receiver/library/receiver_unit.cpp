@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drivers/receiver/library/receiver_unit.h"
 
+#include <span>
 #include <utility>
 
 #include "base/leftovers.h"

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdio>
 #include <numbers>
+#include <string>
 
 #include "base/number_text.h"
 #include "drivers/receiver/library/open_source.h"

@@ -1,7 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the unit's own thread does, or whoever drives it in steps: stretch by stretch from the
 // signal to published readings, frames and files.
+#include <algorithm>
+#include <chrono>
 #include <cmath>
+#include <cstdint>
+#include <mutex>
+#include <optional>
+#include <span>
+#include <string>
 #include <utility>
 
 #include "drivers/receiver/library/readings_of.h"

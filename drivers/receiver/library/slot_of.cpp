@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drivers/receiver/library/slot_of.h"
 
+#include <cstdint>
+
 #include "drivers/receiver/library/readings_of.h"
 #include "drivers/unit/slot_figures.h"
 

@@ -2,6 +2,7 @@
 #include "drivers/receiver/radio/soapy_source.h"
 
 #include <cmath>
+#include <span>
 
 #include "base/shared_object.h"
 

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <span>
 #include <thread>
+#include <vector>
 
 #include "drivers/receiver/radio/radio_loop.h"
 #include "drivers/receiver/samples/sample_source.h"

@@ -30,7 +30,7 @@ struct Options {
     Scene scene = Scene::Station;
     RecordingPlan plan;
     double seconds = 10;
-    double centreMhz = 0;
+    double centreMhz = 98.2;
 };
 
 int fail(const std::string& sentence) {
@@ -43,20 +43,17 @@ std::optional<hm16::CommandLineEnd> read(std::span<const std::string_view> words
                                          Options& options) {
     std::string scene;
     std::string format;
-    CLI::App app(kAbout, "hm16-synth");
-    app.add_option("SCENE", scene)->required()->check(CLI::IsMember(kScenes));
-    app.add_option("FILE", options.plan.file)->required();
-    app.add_option("--seconds", options.seconds, "length")
-        ->check(hm16::numberWithin(0.1, 3600))
-        ->capture_default_str();
-    app.add_option("--rate", options.plan.rateHz, "samples a second")
-        ->check(hm16::numberWithin(kLowestBandRateHz, kHighestRateHz))
-        ->capture_default_str();
-    app.add_option("--centre", options.centreMhz, "frequency in the middle, MHz (98.2)")
-        ->check(hm16::numberWithin(1, 6000));
-    app.add_option("--format", format, "samples of a SigMF pair (cs16)")
-        ->check(CLI::IsMember({"cu8", "cs8", "cs16", "cf32"}));
-    const auto end = hm16::readCommandLine(app, words);
+    using Need = hm16::CommandLine::Need;
+    hm16::CommandLine line(kAbout, "hm16-synth");
+    line.oneOf("SCENE", scene, kScenes, "", Need::Required);
+    line.path("FILE", options.plan.file, "", Need::Required);
+    line.number("--seconds", options.seconds, 0.1, 3600, "length");
+    line.number("--rate", options.plan.rateHz, kLowestBandRateHz, kHighestRateHz,
+                "samples a second");
+    line.number("--centre", options.centreMhz, 1, 6000, "frequency in the middle, MHz");
+    line.oneOf("--format", format, {"cu8", "cs8", "cs16", "cf32"},
+               "samples of a SigMF pair (cs16)");
+    const auto end = line.read(words);
     if (end) return end;
     options.scene = static_cast<Scene>(std::ranges::find(kScenes, scene) - kScenes.begin());
     if (!format.empty()) options.plan.format = *rawFormat(format);

@@ -4,7 +4,10 @@
 #include <algorithm>
 #include <cerrno>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
+#include <span>
+#include <string>
 #include <system_error>
 
 #include "drivers/receiver/samples/recording_file.h"

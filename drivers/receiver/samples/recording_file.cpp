@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drivers/receiver/samples/recording_file.h"
 
+#include <string>
+#include <system_error>
+
 #include "drivers/receiver/samples/sample_source.h"
 
 namespace hm16::receiver {

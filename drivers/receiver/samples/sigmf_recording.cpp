@@ -2,9 +2,11 @@
 #include "drivers/receiver/samples/sigmf_recording.h"
 
 #include <cmath>
+#include <cstdint>
 #include <fstream>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <vector>
 
 #include "drivers/receiver/samples/recording_file.h"
 

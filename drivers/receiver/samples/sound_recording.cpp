@@ -4,6 +4,9 @@
 #include <sndfile.h>
 
 #include <cmath>
+#include <cstdint>
+#include <span>
+#include <string>
 
 #include "drivers/receiver/samples/recording_file.h"
 

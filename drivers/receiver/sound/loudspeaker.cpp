@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "base/shared_object.h"

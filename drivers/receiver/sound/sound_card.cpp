@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// ALSA, through which the sound servers of today are reached as well. The signatures are those of
-// its documentation.
+// ALSA, through which the sound servers of today are reached as well. Of its header the build takes
+// the signatures alone, the library is looked for when the program runs.
 #include "drivers/receiver/sound/sound_card.h"
 
+#include <string>
 #include <utility>
 
 #if defined(__linux__)
+#include <alsa/asoundlib.h>
+
 #include "base/shared_object.h"
 #endif
 
@@ -15,12 +18,6 @@ namespace hm16::receiver {
 
 namespace {
 
-struct AlsaPcm;
-
-constexpr int kPlayback = 0;
-constexpr int kNonBlocking = 1;
-constexpr int kFloatLittleEndian = 14;
-constexpr int kInterleaved = 3;
 constexpr unsigned kLatencyMicroseconds = 100000;
 static_assert(sizeof(StereoSample) == 2 * sizeof(float), "as a card takes it");
 
@@ -48,19 +45,17 @@ class AlsaLibrary {
     AlsaLibrary& operator=(const AlsaLibrary&) = delete;
     bool isWhole() const { return isWhole_; }
 
-    int (*open)(AlsaPcm**, const char* name, int stream, int mode) = nullptr;
-    int (*nonblock)(AlsaPcm*, int) = nullptr;
-    int (*setParams)(AlsaPcm*, int format, int access, unsigned channels, unsigned rate,
-                     int resample, unsigned latency) = nullptr;
-    long (*write)(AlsaPcm*, const void*, unsigned long frames) = nullptr;
-    int (*recover)(AlsaPcm*, int error, int silent) = nullptr;
-    int (*delay)(AlsaPcm*, long*) = nullptr;
-    int (*drop)(AlsaPcm*) = nullptr;
-    int (*close)(AlsaPcm*) = nullptr;
+    decltype(&snd_pcm_open) open = nullptr;
+    decltype(&snd_pcm_nonblock) nonblock = nullptr;
+    decltype(&snd_pcm_set_params) setParams = nullptr;
+    decltype(&snd_pcm_writei) write = nullptr;
+    decltype(&snd_pcm_recover) recover = nullptr;
+    decltype(&snd_pcm_delay) delay = nullptr;
+    decltype(&snd_pcm_drop) drop = nullptr;
+    decltype(&snd_pcm_close) close = nullptr;
 
  private:
-    using ErrorHandler = void (*)(const char*, int, const char*, int, const char*, ...);
-    int (*setErrorHandler)(ErrorHandler) = nullptr;
+    decltype(&snd_lib_error_set_handler) setErrorHandler = nullptr;
     std::string reason_;
     base::SharedObject object_ = base::SharedObject::open("libasound.so.2", reason_);
     bool isWhole_ = false;
@@ -71,12 +66,12 @@ class AlsaCard : public SoundCard {
     // Empty where there is no card.
     AlsaCard() {
         if (!alsa_.isWhole()) return;
-        if (alsa_.open(&pcm_, "default", kPlayback, kNonBlocking) != 0) {
+        if (alsa_.open(&pcm_, "default", SND_PCM_STREAM_PLAYBACK, SND_PCM_NONBLOCK) != 0) {
             pcm_ = nullptr;
             return;
         }
         const bool fits =
-            alsa_.setParams(pcm_, kFloatLittleEndian, kInterleaved, 2,
+            alsa_.setParams(pcm_, SND_PCM_FORMAT_FLOAT_LE, SND_PCM_ACCESS_RW_INTERLEAVED, 2,
                             static_cast<unsigned>(kSoundHz), 1, kLatencyMicroseconds) == 0 &&
             alsa_.nonblock(pcm_, 0) == 0;
         if (!fits) close();
@@ -87,7 +82,7 @@ class AlsaCard : public SoundCard {
 
     bool play(std::span<const StereoSample> sound) override {
         while (!sound.empty()) {
-            const long played = alsa_.write(pcm_, sound.data(), sound.size());
+            const snd_pcm_sframes_t played = alsa_.write(pcm_, sound.data(), sound.size());
             if (played > 0) {
                 sound = sound.subspan(static_cast<std::size_t>(played));
             } else if (alsa_.recover(pcm_, static_cast<int>(played), 1) != 0) {
@@ -98,7 +93,7 @@ class AlsaCard : public SoundCard {
     }
 
     std::size_t waiting() override {
-        long frames = 0;
+        snd_pcm_sframes_t frames = 0;
         return alsa_.delay(pcm_, &frames) == 0 && frames > 0 ? static_cast<std::size_t>(frames) : 0;
     }
 
@@ -111,7 +106,7 @@ class AlsaCard : public SoundCard {
     }
 
     AlsaLibrary alsa_;
-    AlsaPcm* pcm_ = nullptr;
+    snd_pcm_t* pcm_ = nullptr;
 };
 
 }  // namespace

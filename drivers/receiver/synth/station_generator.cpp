@@ -2,6 +2,7 @@
 #include "drivers/receiver/synth/station_generator.h"
 
 #include <cmath>
+#include <cstdint>
 #include <numbers>
 
 namespace hm16::receiver {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/display/qt/form_picture.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QTest>
 #include <algorithm>
@@ -38,8 +39,13 @@ QImage FormPicture::taken() {
     view_->sync();
     const QRectF whole = view_->scale().snapped(Box{0, 0, form_.width, form_.height});
     view_->resize(whole.size().toSize());
-    // A chart lays itself out when the events run that its size and its data have brought.
-    QCoreApplication::processEvents();
+    // A chart lays itself out when the events run that its size and its data have brought: in the
+    // idle time behind all others.
+    constexpr int kMostRounds = 100;
+    auto* const events = QAbstractEventDispatcher::instance();
+    for (int round = 0; round < kMostRounds; ++round) {
+        if (!events->processEvents(QEventLoop::AllEvents)) break;
+    }
     return view_->grab().toImage().convertToFormat(QImage::Format_RGB32);
 }
 

@@ -19,7 +19,6 @@ using display::NumberTable;
 using display::qt::FormPicture;
 using display::qt::inkBox;
 using display::qt::kChartShadow;
-using display::qt::kFocus;
 using display::qt::qColour;
 
 /// A grabbed picture begins up to a pixel beside the control's box.
@@ -104,13 +103,14 @@ TEST_F(MarksOfTheScan, TheEarlierLevelIsAShadowBehindTheBar) {
 TEST_F(MarksOfTheScan, APointerStandsOnTheChosenBar) {
     display::Chart& chart = scanner.Graph1;
     chart.chosen = {};
-    const QRect view = picture->boxOf(scanner.ChartView);
-    EXPECT_TRUE(inkBox(picture->taken(), view, QColor(kFocus)).isEmpty());
     chart.row = 4;
     chart.column = 2;
     chart.data("50");
-    chart.chosen = {4, 2};
-    const QRect pointer = inkBox(picture->taken(), view, QColor(kFocus));
+    const QRect pointer = inkBox(picture->changedBy(
+        [&] {
+            chart.chosen = {4, 2};
+        },
+        [&] { chart.chosen = {}; }));
     const QPointF top = pixelOf(*picture, chart, {0, 1, chart.barMiddle(4, 2), 50});
     ASSERT_FALSE(pointer.isEmpty());
     EXPECT_NEAR(QRectF(pointer).center().x(), top.x(), kSlack);

@@ -4,6 +4,9 @@
 #include <QScreen>
 
 #include "display/qt/painting/fonts.h"
+
+#include <chrono>
+
 #include "display/qt/windows/form_window.h"
 #include "display/qt/windows/qt_desktop.h"
 #include "display/qt/windows/rack_window.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/rack_file.h"
+#include "program/rack_file.h"
 
 #include "base/number_in_text.h"
 #include "base/number_text.h"
