@@ -87,6 +87,7 @@ def stays_above_whatever_is_raised(rack, album):
         wait_for(lambda: rack.screen.x.managed()[-1:] == [window], f"{form} above the raised rack")
         rack.type(form, "Escape")
         rack.wait_closed(form)
+        rack.wait_back()
 
 
 @case(languages=TWO)

@@ -34,7 +34,9 @@ class Bus:
 
 def tree(environment, process):
     """The tree of a process, None while it is not on the bus."""
-    told = subprocess.run([sys.executable, __file__, str(process)], env=environment, check=False,
+    # The bus is asked for on the session, not on the screen, which may name one that is gone.
+    asked = {name: value for name, value in environment.items() if name != "DISPLAY"}
+    told = subprocess.run([sys.executable, __file__, str(process)], env=asked, check=False,
                           capture_output=True, text=True, timeout=60)
     return json.loads(told.stdout) if told.returncode == 0 and told.stdout.strip() else None
 
