@@ -17,9 +17,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 namespace {
 
 #ifdef HMONITOR_MUTATIONS
-constexpr int kMutations = HMONITOR_MUTATIONS;
+constexpr int kAllMutations = HMONITOR_MUTATIONS;
 #else
-constexpr int kMutations = 20000;
+constexpr int kAllMutations = 20000;
+#endif
+// The first fifth of what the plain build walks through.
+#ifdef HMONITOR_SANITIZED_ADDRESS
+constexpr int kMutations = kAllMutations / 5;
+#else
+constexpr int kMutations = kAllMutations;
 #endif
 
 void feed(const std::string& input) {

@@ -52,7 +52,8 @@ void cellsShown(const Density& density, std::size_t filled, int sweeps) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string bytes(reinterpret_cast<const char*>(data), size);
     SessionInfo info;
-    Density density;
+    // Kept from input to input, half a megabyte each: reading clears them.
+    static Density density, cells;
     const SessionCondition condition = readSession(bytes, info, density);
     shown(info);
     cellsShown(density, size / sizeof(double), std::max(info.Acquisitions, 1));
@@ -61,7 +62,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string written = sessionBytes(info, density);
     if (condition == SessionCondition::Whole) FUZZ_CHECK(written == bytes);
     SessionInfo again;
-    Density cells;
     readSession(written, again, cells);
     FUZZ_CHECK(sessionBytes(again, cells) == written);
     return 0;
