@@ -24,11 +24,10 @@ class ReadingMarks {
     /// Whether there is a number to be read.
     bool any();
 
-    /// Goes to the number nearest to that place: first by its distance sideways.
+    /// Goes to the nearest number, first by its distance sideways.
     void point(Place at);
-    /// Goes one number on, ten with a far step; Up and Down between numbers that stand over one
-    /// another. Without a mark yet, to the first number. False where no number lies in that
-    /// direction.
+    /// Goes one number on, or ten with a far step; Up and Down go between numbers above one
+    /// another. Without a mark, to the first number. False if there is no number in that direction.
     bool step(Step step);
     /// Fixes a second mark where the moving one stands; removes it where it already stands there.
     void fix();
@@ -36,7 +35,7 @@ class ReadingMarks {
     void leave() { at_.reset(); }
     void clear();
 
-    /// Where the marks stand now; none without them, or when their number is gone.
+    /// The places of the marks; none without a mark, or if its number is gone.
     std::optional<Place> at();
     std::optional<Place> fixedAt();
     /// The row of the moving mark in the table.
@@ -49,8 +48,8 @@ class ReadingMarks {
     using Spot = NumberTable::Spot;
     void refresh();
     Place placeOf(const Spot& spot) const { return drawing_.placeOf(spot.x, spot.y); }
-    /// The spot of a mark in the table as it is now. A drawing that goes on keeps its marks where
-    /// they stand: at the same place sideways and in the same column.
+    /// The spot of a mark in the table as it is now. If a drawing goes on, its marks stay at the
+    /// same place sideways and in the same column.
     const Spot* spotOf(const std::optional<Spot>& mark) const;
     std::optional<Place> shown(const std::optional<Spot>& mark);
     const Spot* beside(const Spot& from, bool toTheRight) const;

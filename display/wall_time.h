@@ -6,8 +6,8 @@
 
 namespace display {
 
-/// What the wall clock says: a moment in UTC, and what the machine's zone makes of it there. It may
-/// step, unlike `Desktop::now()`.
+/// The wall clock: a moment in UTC, and the zone's offset at that moment. Unlike `Desktop::now()`
+/// it may be set.
 struct WallTime {
     std::chrono::sys_time<std::chrono::milliseconds> utc{};
     std::chrono::seconds fromUtc{0};  ///< the zone's time less UTC, at that moment

@@ -8,7 +8,7 @@
 
 namespace history {
 
-/// A day as the machine's zone counts them: of 23, 24 or 25 hours.
+/// A calendar day in the machine's time zone; it has 23, 24 or 25 hours.
 struct CivilDay {
     int year = 1970;
     int month = 1;  ///< 1 to 12
@@ -19,11 +19,11 @@ struct CivilDay {
     /// "2026-11-21".
     std::string text() const;
     static std::optional<CivilDay> parse(std::string_view text);
-    /// The day in which a second since 1970 (UTC) lies.
+    /// The day that a second since 1970 (UTC) belongs to.
     static CivilDay of(std::int64_t t);
 };
 
-/// The first second of the day in which `t` lies, and the first second behind it.
+/// The first second of the day of `t`, and the first second after it.
 struct DayBounds {
     std::int64_t begin = 0;
     std::int64_t end = 0;

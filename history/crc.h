@@ -6,7 +6,7 @@
 
 namespace history {
 
-/// CRC-32 as zip files and Python's zlib have it (polynomial 0xEDB88320, reflected).
+/// CRC-32 as in zip files and Python's zlib (polynomial 0xEDB88320, reflected).
 std::uint32_t crc32Of(std::string_view bytes);
 
 }  // namespace history

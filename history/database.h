@@ -13,13 +13,13 @@ struct sqlite3_stmt;
 
 namespace history {
 
-/// What went wrong with a file. Stays inside history/: the store answers with words.
+/// A failure of a database file. It never leaves history/: the store reports it in words.
 class DatabaseFault : public std::runtime_error {
  public:
     DatabaseFault(int code, const std::string& what) : std::runtime_error(what), code_(code) {}
-    /// The file is not what it should be; else the disk, its room or its rights are at fault.
+    /// The file is damaged; otherwise the disk, its space or its rights are at fault.
     bool isDamage() const;
-    /// As the system's errno tells it, roughly.
+    /// The nearest `errno` value.
     int systemError() const;
 
  private:
@@ -28,26 +28,26 @@ class DatabaseFault : public std::runtime_error {
 
 /// How a file is opened.
 enum class Access {
-    Write,    ///< made if it is not there
-    Read,     ///< beside the recorder, which may be writing
-    Foreign,  ///< from anywhere: alone, read-only, trusting nothing in it
+    Write,    ///< created if missing
+    Read,     ///< by a second reader, while the recorder may be writing
+    Foreign,  ///< from any source: exclusive, read-only, nothing in it is trusted
 };
 
 class Statement;
 
-/// An open SQLite file. Every failure is a DatabaseFault.
+/// An open SQLite file. Every failure throws DatabaseFault.
 class Database {
  public:
-    /// ":memory:" is a file that is nowhere. `vfs`: the name of the system layer, null for the
-    /// usual one; tests have others.
+    /// ":memory:" opens a database in memory. `vfs`: the name of SQLite's system layer, null for
+    /// the default one; tests use others.
     Database(const std::filesystem::path& file, Access access, const char* vfs = nullptr);
-    /// A foreign file's bytes, copied.
+    /// Opens a copy of a foreign file's bytes.
     explicit Database(std::span<const std::uint8_t> bytes);
     ~Database();
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
 
-    /// Holds half a megabyte of pages in memory in place of two.
+    /// Lets SQLite cache half a megabyte of pages instead of two.
     void keepLittle();
 
     void run(const std::string& sql);
@@ -61,7 +61,7 @@ class Database {
     sqlite3* handle_ = nullptr;
 };
 
-/// A prepared statement; binds count from 1, columns from 0.
+/// A prepared statement. Parameters count from 1, columns from 0.
 class Statement {
  public:
     Statement(Database& database, std::string_view sql);
@@ -72,12 +72,12 @@ class Statement {
     Statement& bind(int at, std::int64_t value);
     Statement& bind(int at, double value);
     Statement& bindText(int at, std::string_view text);
-    /// The bytes must live until the statement has run.
+    /// The bytes must stay valid until the statement has run.
     Statement& bindBytes(int at, std::string_view bytes);
 
-    /// True while there is a row.
+    /// Goes to the next row; false if there is none.
     bool step();
-    /// Runs it to its end and makes it ready again.
+    /// Runs it to the end and resets it.
     void run();
     void reset();
 
@@ -91,7 +91,7 @@ class Statement {
     sqlite3_stmt* statement_ = nullptr;
 };
 
-/// A transaction that is taken back unless it was committed.
+/// A transaction that is rolled back unless commit() was called.
 class Transaction {
  public:
     explicit Transaction(Database& database);

@@ -27,38 +27,39 @@ struct MinuteKey {
     static MinuteKey of(const Second& second);
 };
 
-/// A file was made by a newer version of the program.
+/// Thrown if a file was written by a newer version of the program.
 class NewerFile : public std::runtime_error {
  public:
     using std::runtime_error::runtime_error;
 };
 
-/// The seconds of one day, for whoever reads them. Nothing in the file is trusted: a block whose
-/// length or CRC is wrong tells of gaps.
+/// The seconds of one day, for readers. Nothing in the file is trusted: a block whose length or CRC
+/// is wrong reads as gaps.
 class DayRows {
  public:
     explicit DayRows(Database& database);
 
     const FigureColumns& columns() const { return columns_; }
 
-    /// Minutes with a second in [begin, end), those still open included, each once.
+    /// All minutes with a second in [begin, end), each once; minutes that are not packed yet are
+    /// included.
     std::vector<MinuteKey> minutes(std::int64_t begin, std::int64_t end) const;
     std::vector<int> stations() const;
     std::vector<Event> events(std::int64_t begin, std::int64_t end) const;
 
     using Take = std::function<void(std::int64_t t, int epoch, const FigureSecond&)>;
-    /// One figure, by its place in the registry, of the seconds in [begin, end). Blocks come in the
-    /// order of time, then what is not in a block yet.
+    /// The seconds of one figure (by its index in the registry) in [begin, end). Packed seconds
+    /// come first, in the order of time, then those that are not packed yet.
     void seconds(int station, std::int64_t begin, std::int64_t end, std::size_t index,
                  const Take& take) const;
-    /// The highest epoch, and the first second behind all that it tells of.
+    /// The highest epoch, and the first second after everything recorded in it.
     struct Told {
         int epoch = 0;
         std::int64_t end = INT64_MIN;
         auto operator<=>(const Told&) const = default;
     };
     Told lastTold() const;
-    /// All figures of a minute, tail included, in the order of time.
+    /// All figures of a minute in the order of time, seconds that are not packed yet included.
     std::vector<Second> minute(const MinuteKey& key) const;
 
  private:
@@ -71,29 +72,31 @@ class DayRows {
     FigureColumns columns_;
 };
 
-/// A closed minute and its seconds.
+/// A packed minute and its seconds.
 struct ClosedMinute {
     MinuteKey key;
     std::vector<Second> seconds;
 };
 
-/// The seconds of one day, for the one who records them.
+/// The seconds of one day, for the recorder.
 class DayFile {
  public:
-    /// Opens or makes it. A DatabaseFault that is damage, or a NewerFile, leaves it as it is.
+    /// Opens or creates the file. If this throws because the file is damaged or from a newer
+    /// version, the file is unchanged.
     DayFile(const std::filesystem::path& path, Flush flush, const char* vfs);
 
     const std::filesystem::path& path() const { return path_; }
     DayRows& rows() { return rows_; }
     Database& database() { return database_; }
 
-    /// Writes seconds and events and packs minutes that are over, all or nothing.
+    /// Writes seconds and events, and packs minutes that are over, all or nothing.
     std::vector<ClosedMinute> keep(std::span<const Second> seconds, std::span<const Event> events,
                                    std::span<const MinuteKey> over);
     /// Minutes that are not packed yet.
     std::vector<MinuteKey> openMinutes();
 
-    /// The day is over: one file without a journal, which can be mailed as it stands.
+    /// The day is over: makes the file complete in itself, without a journal beside it, so that it
+    /// can be copied.
     void finish();
 
  private:

@@ -6,7 +6,7 @@
 
 namespace history {
 
-/// What happened. The numbers stand in files for ever.
+/// What happened. The numbers are stored in files, so they never change.
 enum class EventKind : std::uint8_t {
     Start = 1,
     Stop = 2,
@@ -19,14 +19,14 @@ enum class EventKind : std::uint8_t {
     FieldCorrection = 9,
     Away = 10,    ///< an analysis takes the unit
     Lost = 11,    ///< seconds that could not be written
-    Damaged = 12  ///< a file that was set aside
+    Damaged = 12  ///< a damaged file was set aside
 };
 
 struct Event {
     std::int64_t t = 0;  ///< seconds since 1970, UTC
-    int station = 0;     ///< kHz; 0: of no station
+    int station = 0;     ///< kHz; 0: no station
     EventKind kind = EventKind::Start;
-    std::string text;  ///< numbers and names only, no sentence: "detector 1, mode 0", "-3600 s"
+    std::string text;  ///< numbers and names, no sentence: "detector 1, mode 0", "-3600 s"
 
     auto operator<=>(const Event&) const = default;
 };

@@ -10,24 +10,24 @@
 
 namespace history {
 
-/// A figure as one file has it: by a number of that file's own.
+/// A figure as one file stores it, under a number of that file.
 struct FileFigure {
     int id = 0;
     std::string key;
     std::string unit;
     figures::Kind kind = figures::Kind::Mean;
     double step = 1;
-    std::optional<std::size_t> index;  ///< its place in the registry; none: not known to us
+    std::optional<std::size_t> index;  ///< its index in the registry; none: unknown to this program
 };
 
 /// The figures of one file.
 class FigureColumns {
  public:
-    /// Passed over: a number that stands twice, a step that is none.
+    /// Ignores a number that was added already, and a step that is no step.
     void add(FileFigure figure);
 
     const std::vector<FileFigure>& all() const { return figures_; }
-    /// The figure with that place in the registry, or null.
+    /// The figure with that index in the registry, or null.
     const FileFigure* of(std::size_t index) const;
     const FileFigure* byKey(const std::string& key) const;
     int highestId() const;
@@ -36,7 +36,7 @@ class FigureColumns {
     std::vector<FileFigure> figures_;
 };
 
-/// A value as whole steps, and back.
+/// Converts a value to whole steps, and back.
 std::int64_t stepsOf(double value, double step);
 
 }  // namespace history

@@ -9,23 +9,23 @@
 
 namespace history {
 
-/// Room for the registry's figures, with some to come.
+/// Capacity for the figures of the registry, with room for some more.
 inline constexpr std::size_t kMostFigures = 32;
 
-/// How many figures are kept: all of the registry, by their place in it.
+/// The number of figures that are recorded: all of the registry, by their index in it.
 std::size_t figureCount();
 
-/// To which a figure is stored, exact in decimals (0.01, not the float beside it).
+/// The step in which a figure is stored, as an exact decimal (0.01, not the nearest float).
 double stepOf(const figures::Figure& figure);
 
-/// What one figure was in one second.
+/// The value of one figure in one second.
 struct FigureSecond {
-    float value = 0;                   ///< by the figure's kind; counts where knownMs is over 0
+    float value = 0;                   ///< by the figure's kind; valid if knownMs is over 0
     std::uint16_t knownMs = 0;         ///< 0 to 1000
-    State state = State::NotMeasured;  ///< Known exactly where knownMs is 1000
+    State state = State::NotMeasured;  ///< Known exactly if knownMs is 1000
 };
 
-/// One second of one station. `epoch` tells apart seconds that a clock which was set has twice.
+/// One second of one station. When the clock was set back, `epoch` tells equal times apart.
 struct Second {
     std::int64_t t = 0;  ///< seconds since 1970, UTC
     int station = 0;     ///< kHz
@@ -33,7 +33,7 @@ struct Second {
     std::array<FigureSecond, kMostFigures> figures{};
 };
 
-/// Joins two records of one second: of each figure what was known for longer.
+/// Merges two records of one second: of each figure, the one that was known for longer.
 void joinSecond(Second& into, const Second& other);
 
 }  // namespace history

@@ -15,9 +15,9 @@ namespace history {
 
 inline constexpr const char* kIndexName = "index.sqlite";
 inline constexpr std::int64_t kHour = 3600;
-inline constexpr std::int64_t kDayStep = 86400;  ///< names the days' spans, however long a day is
+inline constexpr std::int64_t kDayStep = 86400;  ///< the key of days, whatever their length
 
-/// Spans of minutes, hours and days, for whoever reads them. Nothing is trusted.
+/// Spans of minutes, hours and days, for readers. Nothing in the file is trusted.
 class IndexRows {
  public:
     explicit IndexRows(Database& database);
@@ -26,13 +26,13 @@ class IndexRows {
     std::vector<int> stations() const;
     std::vector<Event> events(std::int64_t begin, std::int64_t end) const;
     bool has(int station, std::int64_t step, std::int64_t t, int epoch) const;
-    /// When the first and the last span of a step begin, or none.
+    /// The begin of the first and of the last span of a step; none if there are no spans.
     std::optional<std::int64_t> first(int station, std::int64_t step) const;
     std::optional<std::int64_t> last(int station, std::int64_t step) const;
 
     using Take = std::function<void(std::int64_t t, std::int64_t seconds, int epoch,
                                     const std::optional<SpanValue>&)>;
-    /// One figure of the spans of a step that begin in [begin, end); none for a damaged one.
+    /// One figure of all spans of a step that begin in [begin, end); none for a damaged one.
     void spans(int station, std::int64_t step, std::int64_t begin, std::int64_t end,
                std::size_t index, const Take& take) const;
 
@@ -43,7 +43,7 @@ class IndexRows {
     FigureColumns columns_;
 };
 
-/// The index, for the one who records.
+/// The index, for the recorder.
 class IndexFile {
  public:
     IndexFile(const std::filesystem::path& path, Flush flush, const char* vfs);
@@ -56,7 +56,7 @@ class IndexFile {
         Span span;
     };
     void keep(std::span<const StepSpan> spans, std::span<const Event> events);
-    /// Events that are not there yet.
+    /// Adds the events that are not in the file yet.
     void keepMissing(std::span<const Event> events);
     void removeBefore(std::int64_t step, std::int64_t t);
 

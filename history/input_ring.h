@@ -8,18 +8,18 @@
 
 namespace history {
 
-/// Hands inputs from one thread to another. Neither waits for the other; neither allocates. What
-/// comes while it is full is lost, and the next input that finds room says so.
+/// Passes inputs from one thread to another. Neither thread waits for the other or allocates.
+/// Inputs that come while the ring is full are lost, and the next one that fits says so.
 class InputRing {
  public:
-    /// A minute of a heartbeat of 30 ms and of slots of 50 ms, with some to spare.
+    /// Room for a minute of heartbeats of 30 ms and of slots of 50 ms.
     static constexpr std::size_t kRoom = 3600;
 
     explicit InputRing(std::size_t room = kRoom);
 
-    /// For the one thread that puts in. False when it was lost.
+    /// Called by the writing thread only. False if the input was lost.
     bool put(const Input& input) noexcept;
-    /// For the one thread that takes out. False when there is nothing.
+    /// Called by the reading thread only. False if there is no input.
     bool take(Input& input) noexcept;
 
  private:

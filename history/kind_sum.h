@@ -10,12 +10,13 @@
 
 namespace history {
 
-/// The mean of many values as a figure's kind wants it, each with the time for which it held.
+/// The mean of many values by the rule of the figure's kind, each weighted with the time for which
+/// it held.
 class KindSum {
  public:
     explicit KindSum(figures::Kind kind = figures::Kind::Mean) : kind_(kind) {}
 
-    /// `length` is of an angle that is a mean itself: how closely its values stood together, 0
+    /// `length` is used if the value is itself a mean of angles: the length of its mean vector, 0
     /// to 1.
     void add(double value, double weight, double length = 1) {
         weight_ += weight;
@@ -37,9 +38,9 @@ class KindSum {
 
     double weight() const { return weight_; }
 
-    /// Peak, Mean, Share: the arithmetic mean; Count: of the rate per minute, which times the known
-    /// minutes is the count; Level: of the powers, in dB; Angle: 0 up to 180; State: the value that
-    /// held longest.
+    /// Peak, Mean, Share: the arithmetic mean. Count: the mean rate per minute; times the known
+    /// minutes it is the count. Level: the mean of the powers, in dB. Angle: 0 up to 180. State:
+    /// the value that held longest.
     double mean() const {
         if (weight_ <= 0) return 0;
         switch (kind_) {
@@ -54,7 +55,8 @@ class KindSum {
         }
     }
 
-    /// Length of an angle's mean vector, 0 (all ways) to 1 (one way); 1 for other kinds.
+    /// The length of an angle's mean vector, from 0 (all directions) to 1 (one direction); 1 for
+    /// other kinds.
     double length() const {
         if (kind_ != figures::Kind::Angle || weight_ <= 0) return 1;
         return std::hypot(x_, y_) / weight_;
@@ -64,7 +66,7 @@ class KindSum {
     static double doubled(double degrees) { return degrees * 2 * std::numbers::pi / 180; }
 
     double axis() const {
-        // Values that cancel one another have no mean; rounding must not invent one.
+        // Axes that cancel one another have no mean; rounding errors must not make one.
         constexpr double kNoLength = 1e-9;
         if (length() < kNoLength) return 0;
         const double degrees = std::atan2(y_, x_) / 2 * 180 / std::numbers::pi;
@@ -80,7 +82,7 @@ class KindSum {
         }
         held_.emplace_back(value, weight);
     }
-    /// Of equals the lowest value, so that the order of adding does not matter.
+    /// Of equal times the lowest value, so that the order of adding does not matter.
     double longest() const {
         std::pair<double, double> best{0, -1};
         for (const auto& one : held_) {

@@ -7,8 +7,8 @@
 
 namespace history {
 
-// Numbers in blocks: seven bits a byte, lowest first, the eighth bit says that more follow. A
-// signed one is folded first (0, -1, 1, -2 become 0, 1, 2, 3), so that small differences of either
+// Packed numbers: seven bits a byte, lowest first; the eighth bit says that more bytes follow. A
+// signed number is folded first (0, -1, 1, -2 become 0, 1, 2, 3), so that small numbers of either
 // sign take one byte.
 
 void packUnsigned(std::string& to, std::uint64_t value);
@@ -16,8 +16,8 @@ void packSigned(std::string& to, std::int64_t value);
 /// Four bytes, lowest first.
 void packFloat(std::string& to, float value);
 
-/// Reads what was packed. Never reads behind the end: from the first number that is cut or too long
-/// on `failed()` holds and every answer is 0.
+/// Reads packed numbers. It never reads beyond the end: after a number that is cut or too long,
+/// `failed()` is true and every result is 0.
 class Unpacker {
  public:
     explicit Unpacker(std::string_view bytes) : bytes_(bytes) {}
@@ -31,7 +31,7 @@ class Unpacker {
 
     bool failed() const { return failed_; }
     bool atEnd() const { return bytes_.empty(); }
-    /// What was not read yet.
+    /// The number of bytes that are left.
     std::string_view rest() const { return bytes_; }
     void fail() {
         failed_ = true;

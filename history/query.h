@@ -11,47 +11,47 @@
 
 namespace history {
 
-/// One column of a plot: what a figure was while it lasted.
+/// One column of a plot: the figure during that time.
 struct Band {
     float lowest = 0;
     float mean = 0;  ///< by the figure's kind
     float highest = 0;
-    double knownMs = 0;          ///< 0: the three above say nothing
-    State cause = kNotRecorded;  ///< why the rest is not known; Known where nothing is missing
+    double knownMs = 0;          ///< 0: the three above are invalid
+    State cause = kNotRecorded;  ///< why the rest is not known; Known if nothing is missing
 };
 
-/// What a plot asks for: one figure of one station between two times, in so many columns.
+/// What a plot needs: one figure of one station between two times, in that many columns.
 struct Asked {
     int station = 0;         ///< kHz
-    std::size_t figure = 0;  ///< its place in the registry
+    std::size_t figure = 0;  ///< its index in the registry
     std::int64_t fromMs = 0;
-    std::int64_t toMs = 0;  ///< since 1970, UTC; behind fromMs
+    std::int64_t toMs = 0;  ///< since 1970, UTC; after fromMs
     int columns = 0;
 };
 
-/// What one figure was at a mark.
+/// The value of one figure at a mark.
 struct MarkValue {
-    Step step = Step::Second;  ///< how long a span the value stands for
+    Step step = Step::Second;  ///< the length of the span that the value is of
     SpanValue value;
 };
 
-/// Looks into a folder of history, also while somebody records there. Takes nothing, changes
-/// nothing; a file that cannot be read tells nothing.
+/// Reads a folder of history, also while it is being recorded to. It changes nothing; a file that
+/// cannot be read counts as empty.
 class Query {
  public:
     explicit Query(std::filesystem::path folder, const char* vfs = nullptr);
 
-    /// Stations that were ever recorded, kHz, rising.
+    /// All recorded stations in kHz, lowest first.
     std::vector<int> stations() const;
-    /// Since when anything of a station is there: the begin of its first span or, while there is
-    /// none, of the first day with a file. Seconds since 1970.
+    /// The earliest time recorded of any station, in seconds since 1970: the begin of its first
+    /// span or, without spans, of the first day that has a file.
     std::optional<std::int64_t> begin(int station) const;
-    /// One band a column. From seconds, minutes, hours or days, whatever a column is as long as;
-    /// where the fine ones are gone, from the next that are there.
+    /// One band for each column, made of seconds, minutes, hours or days, whichever suits the
+    /// column's length; where the fine ones are gone, of the next coarser ones.
     std::vector<Band> bands(const Asked& asked) const;
     /// All figures of the registry in the second t, else in its minute or hour.
     std::vector<std::optional<MarkValue>> at(int station, std::int64_t t) const;
-    /// Events with from <= t < to, seconds since 1970.
+    /// Events with from <= t < to, in seconds since 1970.
     std::vector<Event> events(std::int64_t from, std::int64_t to) const;
 
  private:

@@ -13,10 +13,10 @@ namespace history {
 
 enum class Step { Second, Minute, Hour, Day };
 
-/// The step whose spans are no longer than a column of so many seconds.
+/// The coarsest step whose spans are no longer than a column of that many seconds.
 Step stepFor(double secondsPerColumn);
 
-/// Something known of a stretch of time.
+/// The figure during a stretch of time.
 struct Piece {
     std::int64_t begin = 0;  ///< seconds since 1970
     std::int64_t end = 0;
@@ -24,7 +24,7 @@ struct Piece {
     SpanValue value;
 };
 
-/// Reads one figure of one station out of all files of a folder.
+/// Reads one figure of one station from all files of a folder.
 class QueryRows {
  public:
     using Take = std::function<void(const Piece&)>;
@@ -33,7 +33,8 @@ class QueryRows {
               std::size_t figure);
     ~QueryRows();
 
-    /// Everything that touches [begin, end), not finer than `step` where that is there.
+    /// Everything that overlaps [begin, end), in spans of `step` or, where there are none, coarser
+    /// or finer ones.
     void gather(Step step, std::int64_t begin, std::int64_t end, const Take& take);
 
  private:

@@ -14,30 +14,30 @@
 
 namespace history {
 
-/// Records what it is handed, on a thread of its own. Whoever hands in never waits: not for the
-/// disk, not for a lock.
+/// Records inputs on a thread of its own. Callers never wait, neither for the disk nor for a lock.
 class Recorder final : public InputSink {
  public:
-    /// With a second that is not over and half a second of sleep, less than five are lost when the
-    /// machine dies.
+    /// Together with an unfinished second and half a second of sleep, less than five seconds are
+    /// lost when the machine crashes.
     static constexpr std::int64_t kCommitMs = 3500;
 
     explicit Recorder(StoreSettings settings, std::function<Moment()> clock = &Moment::now);
-    /// Writes what is left.
+    /// Writes everything that is left.
     ~Recorder() override;
     Recorder(const Recorder&) = delete;
     Recorder& operator=(const Recorder&) = delete;
 
     void start();
-    /// Ends the recording and writes what is left.
+    /// Ends the recording and writes everything that is left.
     void stop();
 
-    /// From one thread alone. False when a minute waits already: then it is lost, and later told.
+    /// From one thread only. False if a minute of inputs is waiting already: then it is lost, which
+    /// is recorded later.
     bool put(const Input& input) noexcept { return ring_.put(input); }
     void take(const Input& input) override { put(input); }
 
     StoreStatus status() const;
-    /// Another number when `status` says something else. Costs nothing to ask.
+    /// Changes whenever `status` would return something else. Cheap to call.
     unsigned statusNumber() const noexcept { return statusNumber_.load(); }
 
  private:

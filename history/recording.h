@@ -13,32 +13,33 @@
 
 namespace history {
 
-/// Where a recording's seconds and events go.
+/// Receives the seconds and events that a recording makes.
 struct RecordingSink {
     virtual ~RecordingSink() = default;
     virtual void keep(const Second& second) = 0;
     virtual void keep(const Event& event) = 0;
 };
 
-/// Makes seconds and events of what passes the driver's door. No thread, no disk.
+/// Makes seconds and events of the inputs from the driver door. It has neither thread nor disk.
 class Recording final : public InputSink {
  public:
-    /// Readings hold until the next ones, at most so long; a heartbeat comes every 30 ms.
+    /// Readings count until the next ones come, but not for longer than this; a heartbeat comes
+    /// every 30 ms.
     static constexpr std::int64_t kHoldMs = 500;
-    /// A longer silence was not a slow machine: nobody recorded.
+    /// After a longer silence the program was not slow, but absent: nobody recorded.
     static constexpr std::int64_t kLongestSlowMs = 10000;
-    /// Slots whose number stands still for so long are stale.
+    /// If the slots' number does not change for so long, they are stale.
     static constexpr std::int64_t kStaleMs = 3000;
-    /// A slot's own time is believed within so much of the time at which it came.
+    /// A slot's own time is used if it is this close to the time at which the slot came.
     static constexpr std::int64_t kSlotAgeMs = 60000;
-    /// A unit that is away for longer was taken; each tuning halts it for a moment.
+    /// A unit that is halted for longer is in use elsewhere; each tuning halts it for a moment.
     static constexpr std::int64_t kTakenMs = 1000;
 
     explicit Recording(RecordingSink& sink, int epoch = 0);
 
     void take(const Input& input) override;
 
-    /// From a moment at which the clock stands behind what was recorded before: another epoch.
+    /// Starts a new epoch at a time that was recorded already: the clock was set back.
     void beginEpoch(int epoch) { timeline_.beginEpoch(epoch); }
     int epoch() const { return timeline_.epoch(); }
 
@@ -53,7 +54,7 @@ class Recording final : public InputSink {
     void takeSlot(const Input& input, std::int64_t now);
     void demo(const Input& input, std::int64_t now);
     void correctField(const Input& input, std::int64_t now);
-    /// Tells of all time up to `now` by what is known of it.
+    /// Fills the time up to `now` with what is known of it.
     void fillUpTo(std::int64_t now, bool lost);
     void fillReadings(std::int64_t now, bool lost);
     void fill(std::int64_t until, const FigureValues& values);
@@ -68,10 +69,10 @@ class Recording final : public InputSink {
     SecondBuilder builder_;
     Unit unit_ = Unit::Nowhere;
     bool isDemo_ = false;
-    bool isLost_ = false;  // the unit says nothing new
+    bool isLost_ = false;  // the unit has no new readings
     int station_ = 0;
     float fieldCorrection_ = 0;
-    std::int64_t cursor_ = 0;             // up to here time is told
+    std::int64_t cursor_ = 0;             // up to here everything is recorded
     std::optional<std::int64_t> awayAt_;  // halted then, and nobody was told yet
     bool hasHeld_ = false;                // readings since the tuning
     FigureValues held_;

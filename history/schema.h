@@ -14,21 +14,21 @@ namespace history {
 inline constexpr std::int64_t kApplicationId = 0x484D3136;  // "HM16"
 inline constexpr std::int64_t kSchemaVersion = 1;
 
-/// What a file is, by the two numbers in its head.
+/// The type of a file, by the two numbers in its header.
 enum class FileKind { Empty, Ours, Newer, Foreign };
 FileKind kindOf(Database& database);
 
-/// What it takes for one flush to last: everything, or nothing (tests that have no disk to lose).
+/// How thoroughly a flush writes: everything, or nothing (for tests that cannot lose a disk).
 enum class Flush { Full, Off };
 
-/// Makes a file ready for writing: head, tables, the registry's figures.
+/// Prepares a file for writing: header, tables, the registry's figures.
 void prepareDay(Database& database, Flush flush);
 void prepareIndex(Database& database, Flush flush);
 
-/// The figures that a file names, joined with the registry.
+/// The figures that a file names, matched with the registry.
 FigureColumns readFigures(Database& database);
 
-/// Notes a station that is not there yet.
+/// Adds a station that is not in the file yet.
 void addStation(Database& database, int khz);
 void addEvent(Database& database, const Event& event);
 /// Events with begin <= t < end, in the order of time. Texts are cut at 200 bytes.

@@ -16,24 +16,24 @@ namespace history {
 
 inline constexpr std::int64_t kMinute = 60;
 
-// A block holds seconds of one minute of one station, figure by figure. docs/history.md has it byte
-// by byte.
+// A block holds the seconds of one minute of one station, figure by figure. docs/history.md
+// describes each byte.
 
-/// Packs seconds of one minute, in the order of their times, each there once.
+/// Packs seconds of one minute; they must be in order and each must occur once.
 std::string packSeconds(std::span<const Second> seconds, const FigureColumns& columns);
 
 /// Reads a block without trusting it.
 class SecondBlock {
  public:
-    /// None when the block's frame is not what `packSeconds` writes. `data` must outlive it.
+    /// None if the block does not have the frame that `packSeconds` writes. `data` must outlive it.
     static std::optional<SecondBlock> open(std::string_view data);
 
     int size() const { return size_; }
-    /// Which second of the minute the i-th is, 0 to 59, rising.
+    /// The second of the minute that is the i-th of the block, 0 to 59, rising.
     int offset(int i) const { return offsets_[static_cast<std::size_t>(i)]; }
 
-    /// Reads one figure into `out`, which has room for size(). A figure that the block does not
-    /// have is not measured. False when its column is damaged; `out` then holds gaps.
+    /// Reads one figure into `out`, which has room for size(). A figure that the block lacks is not
+    /// measured. False if its column is damaged; `out` then holds gaps.
     bool column(const FileFigure& figure, std::span<FigureSecond> out) const;
 
  private:
@@ -42,7 +42,7 @@ class SecondBlock {
     std::array<std::uint8_t, kMinute> offsets_{};
 };
 
-/// All figures of a block's seconds; `minute` is its first second. A damaged column becomes a gap.
+/// All figures of a block's seconds; `minute` is its first second. A damaged column reads as gaps.
 std::vector<Second> secondsOf(const SecondBlock& block, const FigureColumns& columns, int station,
                               std::int64_t minute, int epoch);
 

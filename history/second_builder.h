@@ -12,12 +12,12 @@
 
 namespace history {
 
-/// What every figure was for a while.
+/// The value of every figure during a stretch of time.
 struct FigureValues {
     std::array<float, kMostFigures> value{};
-    std::array<State, kMostFigures> state{};  ///< a value counts only where this is Known
+    std::array<State, kMostFigures> state{};  ///< a value is valid if this is Known
 
-    /// All unknown for one reason.
+    /// All figures unknown, for one reason.
     static FigureValues unknown(State why) {
         FigureValues values;
         values.state.fill(why);
@@ -25,20 +25,21 @@ struct FigureValues {
     }
 };
 
-/// Makes seconds of stretches of time. A stretch over the edge of a second counts in both.
+/// Makes seconds of stretches of time. A stretch across the edge of a second counts in both.
 class SecondBuilder {
  public:
     using Finished = std::function<void(const Second&)>;
 
     explicit SecondBuilder(Finished finished);
 
-    /// What is added from now on is of this station and epoch; an unfinished second is finished.
+    /// What is added from now on belongs to this station and epoch; an unfinished second is
+    /// finished.
     void begin(int station, int epoch);
 
-    /// Adds [fromMs, toMs). Time runs forward between two calls of begin.
+    /// Adds [fromMs, toMs). Times must not go back between two calls of begin.
     void add(std::int64_t fromMs, std::int64_t toMs, const FigureValues& values);
 
-    /// Ends the second that stands open: for what is not told of it the unit was away.
+    /// Ends the unfinished second: in the rest of it the unit was away.
     void finish();
 
  private:

@@ -15,7 +15,7 @@ namespace history {
 /// All figures of a minute, an hour or a day of one station.
 struct Span {
     std::int64_t t = 0;        ///< its first second, since 1970 UTC
-    std::int64_t seconds = 0;  ///< how long it is: 60, 3600, a civil day of 23, 24 or 25 hours
+    std::int64_t seconds = 0;  ///< its length: 60, 3600, or a civil day of 23, 24 or 25 hours
     int station = 0;           ///< kHz
     int epoch = 0;
     std::array<SpanValue, kMostFigures> figures{};
@@ -29,7 +29,7 @@ class SpanBlock {
     static std::optional<SpanBlock> open(std::string_view data);
 
     std::int64_t seconds() const { return seconds_; }
-    /// One figure; none when its column is damaged, an empty value when it is not there.
+    /// One figure; none if its column is damaged, an empty value if the span lacks it.
     std::optional<SpanValue> figure(const FileFigure& figure) const;
 
  private:

@@ -23,48 +23,48 @@ namespace history {
 struct StoreSettings {
     std::filesystem::path folder;
     Flush flush = Flush::Full;
-    const char* vfs = nullptr;  ///< SQLite's layer to the disk; tests have others
+    const char* vfs = nullptr;  ///< the name of SQLite's system layer; tests use others
     Retention retention;
 };
 
-/// How the store stands.
+/// The state of the store.
 struct StoreStatus {
     enum class State {
         Recording,
         LookingOn,  ///< another recorder has the folder
         Newer,      ///< `file` was made by a newer version; nothing is recorded
-        Failing     ///< `file` could not be written for `reason`; what is measured waits
+        Failing     ///< `file` could not be written for `reason`; the data waits
     };
     State state = State::Recording;
-    bool thinning = false;  ///< little room on the disk: old days of seconds go
+    bool thinning = false;  ///< little space on the disk: old days of seconds are removed
     std::string file;
     std::string reason;
-    int systemError = 0;           ///< Failing: the errno that comes next to it
+    int systemError = 0;           ///< Failing: the nearest errno value
     std::string setAside;          ///< the damaged file that was set aside last
-    std::int64_t lostSeconds = 0;  ///< that found no room before the disk took them
+    std::int64_t lostSeconds = 0;  ///< lost, because the disk failed for too long
 
     bool operator==(const StoreStatus&) const = default;
 };
 
-/// Seconds and events to files: the day's file every few seconds, the index every minute. Nothing
-/// throws: what cannot be written waits and is tried again.
+/// Writes seconds and events to files: the day's file every few seconds, the index every minute.
+/// Nothing throws: data that cannot be written waits, and writing is tried again.
 class Store final : public RecordingSink {
  public:
-    /// Seconds that wait for a disk that fails; older ones are lost.
+    /// So many seconds wait while the disk fails; older ones are lost.
     static constexpr std::size_t kMostWaiting = 600;
 
     explicit Store(StoreSettings settings);
     ~Store() override;
 
-    /// Takes the folder and brings in order what the last run left. `now`: seconds since 1970.
+    /// Locks the folder and repairs what the last run left. `now`: seconds since 1970.
     void open(std::int64_t now);
-    /// In which epoch a recording begins at `now`: a new one where that time was told already.
+    /// The epoch of a recording that begins at `now`: a new one if that time was recorded already.
     int epochFor(std::int64_t now) const;
 
     void keep(const Second& second) override;
     void keep(const Event& event) override;
 
-    /// Writes what waits; `now` closes minutes, hours and days that are over.
+    /// Writes all waiting data; `now` closes minutes, hours and days that are over.
     void commit(std::int64_t now);
     /// Removes what is too old or too much.
     void tidy(std::int64_t now);
@@ -92,7 +92,7 @@ class Store final : public RecordingSink {
     void closeDay();
     void setAside(const std::filesystem::path& path, std::int64_t now);
     void fail(const std::string& file, const std::string& reason, int systemError);
-    /// Runs `work`; a fault of the disk or damage of `file` ends it. False when it did not run.
+    /// Runs `work`; a fault of the disk or damage of `file` stops it. False if it did not finish.
     template <typename Work>
     bool guarded(const std::filesystem::path& file, std::int64_t now, Work work);
 
@@ -113,7 +113,7 @@ class Store final : public RecordingSink {
     StoreStatus status_;
     std::unique_ptr<hmonitor::FolderLock> lock_;
     std::unique_ptr<IndexFile> index_;
-    bool isUp_ = false;  // what the last run left is in order
+    bool isUp_ = false;  // what the last run left is repaired
     std::unique_ptr<DayFile> day_;
     CivilDay dayOpen_;
     std::set<MinuteKey> openMinutes_;

@@ -22,7 +22,7 @@ class FormLimits final : public ProgramForm {
     display::ListBox Rules{*this, "Rules"};
     display::Key KeyNew{*this, "KeyNew"};
     display::Key KeyDelete{*this, "KeyDelete"};
-    display::Key KeyUsual{*this, "KeyUsual"};  ///< back to the usual rules
+    display::Key KeyUsual{*this, "KeyUsual"};  ///< restores the default rules
 
     // The chosen rule.
     display::Label FigureCaption{*this, "FigureCaption"};
@@ -44,7 +44,7 @@ class FormLimits final : public ProgramForm {
     display::Option Warning{*this, "Warning"};
     display::Option Alarm{*this, "Alarm"};
 
-    display::Label Note{*this, "Note"};  ///< what is wrong
+    display::Label Note{*this, "Note"};  ///< the fault of the entry
     display::Key KeyAccept{*this, "KeyAccept"};
     display::Key KeyCancel{*this, "KeyCancel"};
 
@@ -59,7 +59,7 @@ class FormLimits final : public ProgramForm {
     void bindFields();
 
     LimitRule* chosen();
-    /// Fills the list anew; the fields stay.
+    /// Fills the list again; the fields stay.
     void list(int select);
     void choose(int row);
     void showRule();
@@ -76,8 +76,8 @@ class FormLimits final : public ProgramForm {
     void close();
 
     LimitsFile limits_;
-    bool filling_ = false;  ///< fields are filled by the program
-    bool faulty_ = false;   ///< what is entered makes no rule
+    bool filling_ = false;  ///< the program is filling the fields
+    bool faulty_ = false;   ///< the entry is no valid rule
 };
 
 }  // namespace hmonitor

@@ -9,29 +9,29 @@
 
 namespace hmonitor {
 
-/// Which bounds a rule has.
+/// The bounds that a rule has.
 enum class LimitKind { Above, Below, Outside };
 LimitKind kindOf(const LimitRule& rule);
 
-/// A rule as the user has it in fields.
+/// A rule as the texts and choices of the window.
 struct LimitEntry {
     const figures::Figure* figure = nullptr;
     LimitKind kind = LimitKind::Above;
-    std::string lowest, highest;  ///< the one that the kind does not use counts for nothing
+    std::string lowest, highest;  ///< the one that the kind does not use is ignored
     std::string holdsFor, release;
     LimitSeverity severity = LimitSeverity::Warning;
 };
 LimitEntry entryOf(const LimitRule& rule);
 
-/// What is wrong with an entry; empty words for nothing.
+/// The fault of an entry; empty words if it has none.
 display::Words faultOf(const LimitEntry& entry);
 
-/// `rule` with what was entered, which has no fault. A rule that is changed by it gets lines of its
-/// own in the file; its comment stays.
+/// `rule` with the entry's values; the entry must have no fault. If that changes the rule, it gets
+/// new lines in the file; its comment stays.
 LimitRule ruleOf(const LimitEntry& entry, LimitRule rule);
 
-/// The same entry for another figure or another kind: bounds that it had not are what is good for
-/// the figure, or else the ends of its range.
+/// Adapts an entry to another figure or kind: bounds that it lacked become the figure's good
+/// values, or else the ends of its range.
 void offerBounds(LimitEntry& entry);
 
 }  // namespace hmonitor

@@ -29,7 +29,7 @@ PEAK, LEVEL, MEAN, ANGLE, SHARE, COUNT, STATE = range(7)
 
 
 class Damaged(Exception):
-    """A block is not what its row says."""
+    """A block does not match its row."""
 
 
 class Numbers:
@@ -121,7 +121,7 @@ class Day:
     """The seconds of a file, as {(station, epoch, t): {figure: (steps, state, known)}}."""
 
     def __init__(self, path):
-        # Alone and read-only: the file may come from anywhere.
+        # Opened alone and read-only, since the file may come from anywhere.
         self.base = sqlite3.connect("file:%s?mode=ro" % urllib.parse.quote(str(path)), uri=True)
         self.base.execute("PRAGMA trusted_schema=OFF")
         self.base.execute("PRAGMA query_only=ON")
@@ -158,7 +158,7 @@ class Day:
 
 
 def mean_of(kind, values):
-    """Of (value, milliseconds), as the figure's kind wants it."""
+    """The mean of (value, milliseconds) by the figure's kind."""
     weight = sum(known for _, known in values)
     if kind == LEVEL:
         return 10 * math.log10(sum(known * 10 ** (value / 10) for value, known in values) / weight)

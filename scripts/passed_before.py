@@ -51,7 +51,7 @@ def tests_by_program(build):
 
 
 def by_prefix(names, dots):
-    """Names by their beginning up to the first or the second dot."""
+    """Groups names by their beginning up to the first or the second dot."""
     groups = {}
     for name in names:
         groups.setdefault(".".join(name.split(".")[:dots]) + ".", set()).add(name)
@@ -88,7 +88,7 @@ def made_by(build):
 
 
 class Ground:
-    """What all programs of a build stand on."""
+    """A digest of everything on which all programs of a build depend."""
 
     def __init__(self, build):
         self.made = made_by(build)
@@ -134,7 +134,7 @@ def skip(build, notes):
 
 
 def passed(logs):
-    """Names that passed, and names that ctest ran at all."""
+    """The names that passed, and the names that ctest ran at all."""
     good, run = set(), set()
     line = re.compile(r"^ *\d+/\d+ Test +#\d+: (.*?) \.{2,}(\*\*\*)? *(\S+)")
     for log in logs:

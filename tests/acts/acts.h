@@ -9,18 +9,18 @@
 
 namespace hmonitor::test {
 
-/// One thing that a person does, or that comes from outside. It is posted: when it comes through,
-/// the queue decides.
+/// One act of the user, or an event from outside. It is posted to the queue, which decides when it
+/// is delivered.
 struct Act {
     std::string name;
     std::function<void()> go;
 };
 
-/// All that can be done to the form: each control in each way that its kind knows, the window's
-/// own close, Enter, Escape, help and unfolding.
+/// Everything that can be done to the form: each control in each way that its kind supports, the
+/// window's own close, Enter, Escape, help and restoring.
 std::vector<Act> actsOn(display::Form& form, display::Hand& hand);
 
-/// Each act of the list behind each, as quick fingers do both inside one call.
+/// Every ordered pair of the list's acts, both inside one call, as a fast user can do.
 std::vector<Act> pairsOf(const std::vector<Act>& acts);
 
 }  // namespace hmonitor::test

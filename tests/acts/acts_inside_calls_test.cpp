@@ -23,7 +23,7 @@ unsigned fromEnvironment(const char* name, unsigned otherwise) {
     return text ? static_cast<unsigned>(std::strtoul(text, nullptr, 10)) : otherwise;
 }
 
-/// The acts that are in reach while a bench stands as it does.
+/// The acts that are possible in the bench's present state.
 std::vector<Act> actsInReach(RunBench& bench, const RunKind& run) {
     std::vector<Act> acts;
     for (display::Form* form : bench.desktop.forms()) {
@@ -31,7 +31,7 @@ std::vector<Act> actsInReach(RunBench& bench, const RunKind& run) {
         for (Act& act : actsOn(*form, bench.hand)) acts.push_back(std::move(act));
     }
     acts.push_back({"the end is wanted", [&bench] { bench.desktop.wantEnd(); }});
-    // What begins and ends the run, in every order inside one call.
+    // The keys that begin and end the run, in every order inside one call.
     std::vector<Act> own;
     for (display::Control* key : run.ownKeys(bench)) {
         if (!key->form().visible) continue;
@@ -54,8 +54,8 @@ std::vector<Act> actsInReach(RunBench& bench, const RunKind& run) {
     return acts;
 }
 
-/// The calls of a run by their numbers, of a long series the first two and the last two: the
-/// functions that let nothing through are asked for hundreds of times.
+/// The numbers of the calls to try. Of a long series only the first two and the last two: functions
+/// that deliver no events are called hundreds of times.
 std::vector<int> notableCalls(const std::vector<std::string>& calls) {
     std::vector<int> notable;
     for (std::size_t i = 0; i < calls.size(); ++i) {
@@ -73,14 +73,14 @@ class ActsInsideCalls : public testing::TestWithParam<std::tuple<std::size_t, st
     const RunKind& run = runKinds()[std::get<0>(GetParam())];
     const UnitKind& unit = kUnitKinds[std::get<1>(GetParam())];
 
-    /// The whole run with something done inside its call of that number.
+    /// Does the whole run, and calls `inside` within its call of that number.
     void goThrough(RunBench& bench, int at, const std::function<void()>& inside,
                    std::vector<std::string>* told = nullptr) {
         int number = 0;
         bench.called.inCall = [&, at](const char* call) {
             if (told) told->push_back(call);
             if (number++ == at) inside();
-            // Timers come through where the unit is slow.
+            // A slow unit: timers come due during the call.
             if (std::string_view(call) == "HM_Super")
                 bench.desktop.elapse(std::chrono::milliseconds(7));
         };

@@ -16,7 +16,7 @@ namespace hmonitor::test {
 namespace {
 
 namespace fs = std::filesystem;
-/// All files below the working folder, by their places in it.
+/// The contents of all files below the working folder, by their relative paths.
 std::map<std::string, std::string> contents(const RackBench& bench) {
     std::map<std::string, std::string> files;
     for (const auto& entry : fs::recursive_directory_iterator(bench.scratch.path())) {
@@ -45,7 +45,7 @@ struct Writer {
     void (*go)(RunBench&);
 };
 
-/// All that stores something, on all its files.
+/// Everything that stores something, with the files that it writes.
 const std::vector<Writer>& writers() {
     static const std::vector<Writer> all = [] {
         std::vector<Writer> list{{"Presets", presets}};
@@ -66,8 +66,8 @@ class DiskFaults : public testing::TestWithParam<std::tuple<std::size_t, std::si
     const Writer& writer = writers()[std::get<0>(GetParam())];
     const UnitKind& unit = kUnitKinds[std::get<1>(GetParam())];
 
-    /// What stands in the folder after it was done twice, and how many steps of rewrites the first
-    /// took.
+    /// The folder's contents after the action was done twice, and the number of rewrite steps of
+    /// the first time.
     struct Healthy {
         std::map<std::string, std::string> files;
         int steps = 0;
@@ -97,7 +97,7 @@ TEST_P(DiskFaults, ADiskThatIsFullAtEachWriteInTurnIsToldAndLosesNothing) {
         bool matters = false;
         bench.disk.told = [&](base::RewriteStep what, base::StepMoment moment) {
             if (moment != base::StepMoment::Before || step++ != at) return 0;
-            // The new file stands already when its folder is flushed.
+            // When the folder is flushed, the new file is already in place.
             matters = what != base::RewriteStep::FlushFolder;
             return ENOSPC;
         };
@@ -135,7 +135,7 @@ INSTANTIATE_TEST_SUITE_P(EachWriter, DiskFaults,
                                     kUnitKinds[std::get<1>(cell.param)].name;
                          });
 
-/// A file that its program may not read for as long as this lives; others may write all of the
+/// A file that the program may not read while this object exists. Other users may write in the
 /// folder.
 class Unreadable {
  public:

@@ -39,7 +39,7 @@ void put(const fs::path& file, const std::string& bytes) {
 }  // namespace
 
 std::string FolderDamage::anything(std::size_t length) {
-    // Texts that look like figures, and bytes that look like nothing.
+    // Half of the time only characters of which numbers are made, else any bytes.
     constexpr std::string_view kFigures = "0123456789.-+ \r\n\t,;eEinfa";
     const bool figures = draw(2) == 0;
     std::string bytes(length, ' ');
@@ -56,7 +56,7 @@ std::string FolderDamage::pick() {
     for (fs::recursive_directory_iterator at(folder_, none), end; !none && at != end;
          at.increment(none)) {
         std::string name = fs::relative(at->path(), folder_, none).string();
-        // The program ends by a needed one: seldom.
+        // Rarely a file without which the program ends.
         if (isNeeded(name) && draw(12) != 0) continue;
         names.push_back(std::move(name));
     }

@@ -16,11 +16,11 @@ class FolderDamage {
     FolderDamage(std::filesystem::path folder, std::mt19937_64& random)
         : folder_(std::move(folder)), random_(random) {}
 
-    /// Damages one file, and answers what was done.
+    /// Damages one file, and returns what was done.
     std::string damageOne();
-    /// Brings back what the program cannot be without.
+    /// Restores the files without which the program ends.
     void mendNeeded();
-    /// Whether one of the files without which the program ends with a sentence was damaged of late.
+    /// Whether a file without which the program ends is damaged now.
     bool neededIsDamaged() const { return !needed_.empty(); }
     /// Whether that file was ever damaged.
     bool everDamaged(const std::string& name) const { return ever_.contains(name); }
@@ -33,7 +33,7 @@ class FolderDamage {
 
     std::filesystem::path folder_;
     std::mt19937_64& random_;
-    std::map<std::string, std::string> needed_;  ///< damaged ones: name and bytes before
+    std::map<std::string, std::string> needed_;  ///< the damaged ones: name, and bytes before
     std::map<std::string, int> ever_;
 };
 

@@ -17,11 +17,11 @@ using namespace std::chrono_literals;
 
 constexpr std::array kLanguages{RackBench::kEnglish, RackBench::kSpanish, RackBench::kPortuguese};
 constexpr std::size_t kTold = 60;
-/// A run that goes round until somebody stops it is stopped by then.
+/// After so many calls a run is stopped that would go on until somebody stops it.
 constexpr int kLongRun = 400;
 constexpr int kEndlessRun = 20000;
 
-/// The words of a text, as far as they can be a figure.
+/// Whether a text shows a floating-point value that is no number.
 bool saysNoNumber(std::string_view text) {
     for (const std::string_view odd : {"nan", "-nan", "inf", "-inf", "1.#IND", "1.#INF"}) {
         if (text == odd) return true;
@@ -71,7 +71,7 @@ void Life::actOn(display::Form& form) {
     auto& acts = acts_[&form];
     if (acts.empty()) acts = actsOn(form, bench_->hand);
     const Act& act = acts[static_cast<std::size_t>(draw(static_cast<int>(acts.size())))];
-    // The power key ends a life: seldom.
+    // Rarely the power key, which ends the life.
     const bool ends = act.name.starts_with("Form1.Image_Power") || act.name == "Form1 close" ||
                       act.name == "Form1 escape";
     if (ends && !one(15)) return;
@@ -175,7 +175,7 @@ void Life::changeUnit() {
             tell("the end of a response");
             break;
         default:
-            // More frames than anything else: runs wait for them.
+            // More frames than anything else, because runs wait for them.
             for (int i = draw(20); i >= 0; --i) unit.frames.push_back(one(3) ? 0 : 1);
             tell("frames");
             break;
@@ -307,7 +307,7 @@ std::string Life::faultOfStep() {
 std::string Life::faultOfTheEnd() {
     const std::string fault = faultOfEnd(*bench_);
     if (fault.empty()) return {};
-    // A file that the program cannot be without ends it with a sentence and no further call.
+    // A damaged file that the program needs must end it with a sentence, without a further call.
     if (damage_->neededIsDamaged()) {
         for (const char* name :
              {"hm-16.dat", "Hm-res.dat", "halden.dat", "normal.hm", "scan.dat"}) {

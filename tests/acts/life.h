@@ -25,7 +25,8 @@ class Life {
     explicit Life(std::uint64_t seed);
     ~Life();
 
-    /// Lives that many steps, or until the program ends. Answers what is wrong, empty for nothing.
+    /// Lives that many steps, or until the program ends. Returns what went wrong; empty if nothing
+    /// did.
     std::string live(int steps);
     int steps() const { return steps_; }
     /// The last things that happened, a line each.

@@ -26,7 +26,7 @@ int given(const char* name, int otherwise) {
     return text ? std::atoi(text) : otherwise;
 }
 
-/// The program on a unit of frames, and the log that a unit would keep meanwhile.
+/// The program on a unit that sends frames, and the log that such a unit would keep.
 class LongMeasuring {
  public:
     LongMeasuring(const hm16::LocalTime& from, const std::filesystem::path& logs)
@@ -36,7 +36,7 @@ class LongMeasuring {
 
     hm16::LocalTime clock() const { return hm16::localTimeAt(begin_ + bench_.desktop.now()); }
 
-    /// To the next full hour, measuring the first minutes second by second.
+    /// Goes on to the next full hour; of it, the first minutes are measured second by second.
     void hour(int minutes) {
         const int hour = clock().hour;
         for (int minute = 0; minute < minutes && clock().hour == hour; ++minute) {
@@ -59,12 +59,12 @@ class LongMeasuring {
         random_.put(bench_.readings);
         const auto before = clock();
         bench_.advance(1s);
-        // A second belongs to the hour in which it began.
+        // A second counts for the hour in which it began.
         EXPECT_EQ(log_.add(bench_.readings, 1, 1, before), std::nullopt);
         const auto now = clock();
         bench_.desktop.date = {now.year, now.month, now.day, 0, now.hour, now.minute, now.second};
     }
-    /// What a run takes counts as measured for the log, which knows nothing of runs.
+    /// The time of a run counts as measured: the log knows nothing of runs.
     void go(const RunKind& run) {
         const auto start = bench_.desktop.now();
         run.go(bench_);
@@ -72,7 +72,7 @@ class LongMeasuring {
         const std::chrono::duration<double> took = bench_.desktop.now() - start;
         EXPECT_EQ(log_.add(bench_.readings, 1, took.count(), clock()), std::nullopt);
     }
-    /// Clears what the test's own desktop and driver recorded.
+    /// Clears what the headless desktop and the driver have recorded.
     void forget() {
         bench_.takeCalls();
         bench_.called.frames.clear();
@@ -97,7 +97,7 @@ TEST(LongMeasuring, GrowsNothingAndLogsEachHour) {
     const int minutes = given("HMONITOR_MONTH_MINUTES", 1);
     const hm16::LocalTime from = startOf(given("HMONITOR_MONTH_START", 20261230));
     const TempFolder logs;
-    // By then each kind of run was made twice: what is kept of it is kept.
+    // By then each kind of run was made twice, so whatever is cached is cached.
     const int warm = std::min(hours - 1, 2 * static_cast<int>(runKinds().size()));
     const int round = static_cast<int>(runKinds().size());
     LongMeasuring measuring(from, logs.path());
@@ -108,7 +108,7 @@ TEST(LongMeasuring, GrowsNothingAndLogsEachHour) {
         const CountedHeap now = CountedHeap::now();
         if (hour == warm) before = now;
         if (hour > warm && (hour - warm) % round == 0) {
-            // A block of the queue of inputs more or less, and a line that waits.
+            // A little room for the input queue's blocks and for a log line that waits.
             EXPECT_LE(now.live, before.live + 4) << "hour " << hour;
             EXPECT_LE(now.bytes, before.bytes + 2048) << "hour " << hour;
         }

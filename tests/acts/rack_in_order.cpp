@@ -13,7 +13,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Puts another handler in the place of a control's own, where it has one, and gives it back.
+/// Replaces a control's handler, if it has one, and puts it back at the end.
 class Listening {
  public:
     explicit Listening(display::Event& handler) : handler_(handler), own_(std::move(handler)) {
@@ -31,7 +31,7 @@ class Listening {
     bool heard_ = false;
 };
 
-/// Whether a click on the key reaches it.
+/// Whether a click reaches the key.
 bool answers(RunBench& bench, display::Picture& key) {
     const Listening press(key.onPress), release(key.onRelease), click(key.onClick);
     bench.hand.click(key);
@@ -91,7 +91,7 @@ std::string closeAll(RunBench& bench) {
     constexpr int kPatience = 8;
     for (int i = 0; i < kPatience && !bench.windows().empty() && !bench.desktop.ended(); ++i) {
         const auto windows = bench.windows();
-        // The newest first, as they lie over each other.
+        // The newest first, as they lie on top of each other.
         for (auto window = windows.rbegin(); window != windows.rend(); ++window)
             bench.hand.close(**window);
         bench.settle();

@@ -7,15 +7,15 @@
 
 namespace hmonitor::test {
 
-/// Closes what stands open as a person does, who asks again where it waits. Answers what does not
-/// close, empty when the rack stands alone.
+/// Closes every open window as a user does, and again while one of them waits. Returns which ones
+/// do not close; empty when only the rack is left.
 std::string closeAll(RunBench& bench);
 
-/// What is wrong with a rack that stands alone: it has to measure, and each of its keys to answer.
-/// Empty where nothing is.
+/// What is wrong with a rack without other windows: it has to measure, and each of its keys to
+/// react. Empty if nothing is wrong.
 std::string faultOf(RunBench& bench);
 
-/// What is wrong with an end of the program: it has to be in good order.
+/// What is wrong with how the program ended; empty if it ended in good order.
 std::string faultOfEnd(RunBench& bench);
 
 }  // namespace hmonitor::test

@@ -55,7 +55,7 @@ void choiceOfChannels(RunBench& bench) {
 void analyzer(RunBench& bench) {
     bench.click(bench.formD.Image6);
     framesCome(bench, 2);
-    // On a unit of points it goes round until somebody stops it.
+    // On a unit of points it goes round and round until it is stopped.
     int levels = 0;
     constexpr int kMoreThanARound = 20;
     bench.called.duringSuper = [&](float) {
@@ -126,7 +126,7 @@ RunBench::RunBench(const UnitKind& kind, int languageId)
     called.hardwareVersion = kind.atStart;
     output(14) = 60;
     called.superLevel = 55;
-    // A session of a few points, so that rounds of it end.
+    // A session of few points, so that its rounds end.
     std::filesystem::create_directory(scratch.path() / "Logs");
     SessionInfo info = newSessionInfo(46347.75);
     info.StartMHz = 88;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A person who closes, stops and starts the analyses in every order, in the middle of runs too.
+// A user who closes, stops and starts the analyses in every order, also in the middle of runs.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -21,7 +21,7 @@ class Analyses {
         bench.readings.field = 70;
         bench.driver.superLevel = 55;
         bench.start();
-        // From here on: at the start version 0 would bring the demo offer.
+        // Set only now: at the start, version 0 would bring up the demo offer.
         bench.driver.hardwareVersion = version;
         bench.driver.duringSuper = [this](float) { measuring(); };
     }
@@ -33,7 +33,7 @@ class Analyses {
     Form_BandSCanner& scanner = bench.forms.formBandSCanner;
     Form_Dd3& response = bench.forms.formDd3;
     const std::vector<display::Form*> windows{&shows, &asks, &width, &scanner, &response};
-    /// What happens while a level is measured.
+    /// Called while a level is measured.
     std::function<void()> meanwhile;
 
     bool anyOpen() const {
@@ -56,11 +56,11 @@ class Analyses {
         return !anyOpen();
     }
 
-    /// True of every moment in which nothing runs.
+    /// What must hold whenever no run is going on.
     void expectInOrder() {
         EXPECT_TRUE(bench.desktop.boxes.empty());
         EXPECT_FALSE(bench.desktop.ended());
-        // The rack is never half enabled, and stands back while an analysis has the unit.
+        // The rack is enabled or disabled as a whole, and disabled while an analysis has the unit.
         EXPECT_TRUE(rackIs(true) || rackIs(false));
         const bool away = width.visible || scanner.visible || response.visible;
         EXPECT_TRUE(!away || rackIs(false));
@@ -73,7 +73,7 @@ class Analyses {
         EXPECT_THAT(bench.driver.calls.back(), StartsWith("HM_Normal("));
         EXPECT_FALSE(bench.desktop.queue().running());
     }
-    /// What a run leaves is whole or not there.
+    /// The file of a run is whole, or does not exist.
     void expectFilesWhole() const {
         for (const auto& entry : std::filesystem::directory_iterator(bench.scratch.path())) {
             const std::string name = entry.path().filename().string();
@@ -90,7 +90,8 @@ class Analyses {
 
  private:
     void measuring() {
-        // The unit does one thing at a time: no level inside another's measuring, none in a sweep.
+        // The unit does one thing at a time: no level within the measuring of another, none during
+        // a sweep.
         ASSERT_FALSE(inLevel_);
         EXPECT_FALSE(bench.driver.hardwareVersion >= 1.7f && bench.driver.hardwareVersion < 2 &&
                      (scanner.Timer1.enabled || width.Timer1.enabled));
@@ -104,7 +105,7 @@ class Analyses {
 
 class ClosingInEveryOrder : public testing::TestWithParam<float> {
  protected:
-    /// Starts a run, closes the windows in each order in its middle, and again behind it.
+    /// Starts a run, closes the windows in each order in the middle of it, and again after it.
     void closeAround(std::vector<display::Form*> order, const std::function<void()>& run) {
         std::ranges::sort(order);
         do {
@@ -156,7 +157,7 @@ TEST_P(ClosingInEveryOrder, AroundABandwidthRun) {
         click(my.width.Command3D1);
         my.bench.driver.frames = {1, 0, 1};
         my.bench.advance(450ms);
-        // On a unit of points the close in the middle of the run has closed the window.
+        // On a unit of points the window was closed by the close in the middle of the run.
     });
 }
 
@@ -181,13 +182,13 @@ TEST_P(ClosingInEveryOrder, AroundAChoiceOfChannels) {
 INSTANTIATE_TEST_SUITE_P(UnitsOfPointsAndOfFrames, ClosingInEveryOrder, testing::Values(1.5f, 1.8f),
                          [](const auto& unit) { return unit.param < 1.7f ? "Points" : "Frames"; });
 
-/// A seeded walk over everything that a person can do with the analyses.
+/// A seeded walk over everything that a user can do with the analyses.
 class Walk {
  public:
     Walk(float version, unsigned seed) : my_(version), generator_(seed) {
         my_.meanwhile = [this] {
             if (chance(12)) act();
-            // Slow units let the timers come through.
+            // A slow unit: timers come due during the call.
             my_.bench.desktop.elapse(10ms);
             my_.bench.driver.superResults.push_back(chance(100) ? 1 : 0);
         };

@@ -19,7 +19,7 @@ std::vector<std::string> captions(const Form_D& form) {
             form.Label_FrequencyResponse.caption.get(), form.Label_OnAirPerformance.caption.get()};
 }
 
-/// Bars of the thumbnail: filled boxes in the trace colour.
+/// The number of bars in the thumbnail: filled boxes in the trace colour.
 int bars(const Form_D& form) {
     int count = 0;
     for (const display::Mark& mark : form.PictureGraph1.drawing.marks())
@@ -61,7 +61,7 @@ TEST(AnalysesPanel, ItsLoadMeasuresTheFirstSpectrumInTheMiddleOfTheStart) {
         wanted.push_back("HM_Super(" + shortText(873 + 0.25 * i).str() + ")");
     wanted.insert(wanted.end(), {"HM_Parar", "HM_Normal(875, 0, 0, 0, 0)", "HM_setSintoMode(0)",
                                  "HM_Parar", "HM_Normal(981, 0, 0, 0, 0)"});
-    // Readings that the panels' own refresh takes after each tuning are none of the order.
+    // Readings that the panels ask for after each tuning do not count.
     std::vector<std::string> calls = bench.takeCalls();
     bool first = true;
     std::erase_if(calls, [&first](const std::string& call) {
@@ -193,7 +193,7 @@ TEST(AnalysesPanel, WaitsWhileTheBandwidthThatTheSpectrumOpenedHasTheUnit) {
     EXPECT_THAT(enabledPanels(bench), Each(true));
 }
 
-/// What the table of the channel spectrum says beside its offsets.
+/// The values in the table of the channel spectrum, without its offsets.
 std::vector<std::string> valuesShown(RackBench& bench) {
     std::vector<std::string> values;
     for (const display::Mark& mark : bench.forms.formD1.Picture2.drawing.marks())
@@ -206,7 +206,8 @@ TEST(AnalysesPanel, TheThumbnailOpensTheStationThatIsTunedNow) {
     bench.readings.field = 70;
     bench.start();
     bench.write("0981.spc", lines({"3", "25", "98.0", "40", "0", "33", ""}));
-    // Still open from the start, and hidden behind the bandwidth that was closed since.
+    // Once while it is still open from the start, and once hidden by the bandwidth window, which
+    // was closed since.
     for (const bool hidden : {false, true}) {
         if (hidden) {
             bench.hand.click(bench.forms.formD1.SSCommand2);
@@ -333,7 +334,7 @@ TEST(AnalysesPanel, ItsFourFiguresAreLockedForAHandAndTheirTipNamesTheFile) {
         EXPECT_THAT(std::string(field->tip.english), testing::HasSubstr("normal.hm"));
         EXPECT_THAT(std::string(field->tip.spanish), testing::HasSubstr("normal.hm"));
     }
-    // The file's own edit reaches them as ever.
+    // An edit of the file still reaches them.
     bench.write("normal.hm", lines({"99", "0", "0", "0", "2.500", "0", "0", "3", "45"}));
     bench.advance(std::chrono::seconds(60));
     EXPECT_EQ(panel.Text1.text, "2.500");

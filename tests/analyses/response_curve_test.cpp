@@ -84,7 +84,7 @@ TEST(ResponseCurve, AShownCurveMakesTheChartAsLongAsItself) {
     ResponseCurve::of(pairs).show(chart);
     EXPECT_EQ(chart.rowCount(), 3);
     EXPECT_EQ(chart.dataAt(2, 1), "15");
-    // The label of the curve before is gone.
+    // The label of the previous curve is gone.
     EXPECT_EQ(chart.rowLabelAt(2), "");
     EXPECT_EQ(chart.rowLabelAt(3), "1K");
 }

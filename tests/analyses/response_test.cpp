@@ -32,7 +32,7 @@ class Response : public testing::Test {
         bench.driver.response.frequency = {15000, 12000, 8000, 4000, 1000, 400, 125, 30};
         bench.driver.response.level = {-30, -12, -5, 0, 0, 1, 15, 20};
     }
-    /// "label=data" of each row, which must stand alike on the window and on the page.
+    /// "label=data" of each row, which must be the same in the window and on the page.
     std::vector<std::string> rows() {
         EXPECT_EQ(told(bench.forms.formDd3.Graph1), told(bench.forms.form7.Graph1));
         return told(bench.forms.formDd3.Graph1);
@@ -114,7 +114,7 @@ TEST_F(Response, TurningTheSwitchOffTakesWhatWasMeasured) {
     EXPECT_EQ(bench.read("Hm-res.dat"), lines({"0", "0", "0"}));
     EXPECT_EQ(bench.read("0981.res"), kStoredRun);
     EXPECT_EQ(rows(), curve);
-    // Tuned once by the read-out and once by the switch.
+    // The read-out tunes once, and the switch once.
     EXPECT_THAT(bench.takeCalls(), ElementsAre("HM_Parar", "HM_RespFrecuencia", "HM_Parar",
                                                "HM_Parar", "HM_Normal(981, 0, 0, 0, 0)", "HM_Parar",
                                                "HM_Normal(981, 0, 0, 0, 0)"));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the scanner's close key says of itself while it means something else.
+// The tool tip of the scanner's close key while it stops the run instead of closing.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

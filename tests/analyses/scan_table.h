@@ -8,20 +8,19 @@
 
 namespace hmonitor::test {
 
-/// One cell of the table that scan_cells.py works out.
+/// One cell of the table that scan_cells.py calculates.
 struct TableCell {
     ScanCell cell;
     int hundredths;  ///< of a MHz
 };
 
-/// All writes of one way of filling the chart, in order.
+/// The cells of one way of filling the chart, in the order of writing.
 struct TableFill {
     std::string fill;
     ScanSpacing spacing;
     std::vector<TableCell> cells;
 };
 
-/// All lines of the table.
 const std::vector<TableFill>& scanTable();
 /// The line of that name; throws if the table has none.
 const TableFill& tableFill(const std::string& fill, ScanSpacing spacing);

@@ -8,8 +8,8 @@
 
 namespace hmonitor::test {
 
-/// The measuring rack with the band scanner open on a unit of some version. Each channel has a
-/// level of its own, so that a cell tells which channel it holds.
+/// The measuring rack with the band scanner open, on a unit of some version. Each channel has its
+/// own level, so that a cell tells which channel it holds.
 class ScannerBench : public testing::Test {
  protected:
     ScannerBench();
@@ -24,10 +24,10 @@ class ScannerBench : public testing::Test {
     void click(display::Key& key);
     /// Clicks the run key; `during` is called while each channel is measured.
     void run(std::function<void(float)> during = {});
-    /// Lets frames arrive, one at each tick.
+    /// Delivers frames, one at each tick.
     void frames(int count);
 
-    /// Each cell of the table holds its channel's level, on both charts.
+    /// Expects that each cell of the table holds its channel's level, on both charts.
     void expectLevels(const TableFill& table, int added = 0);
     std::string storedLevels(const TableFill& table, int added = 0) const;
     std::vector<std::string> supers(const TableFill& table) const;

@@ -238,7 +238,7 @@ TEST_F(Sweep, EveryFrameDrawsFromTheStartOfTheBand) {
             frames(1);
             const TableFill& last = tableFill("frame108.0", spacing);
             expectLevels(last);
-            // Stored whatever the choice, unlike a run that is measured one by one.
+            // Stored for every choice of channels, unlike a run that measures one by one.
             EXPECT_EQ(bench.read("scan.dat"), storedLevels(last));
             EXPECT_EQ(scanner.Command3D1.caption, "&New Run");
             EXPECT_EQ(scanner.CommandClose.caption, "Ok");

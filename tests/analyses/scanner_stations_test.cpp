@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The list beside the band chart, the bar that tunes, the whole band in one view and the last run
-// behind the new one.
+// The list beside the band chart, tuning by a click on a bar, the view of the whole band, and the
+// previous run as a shadow behind the new one.
 #include <gmock/gmock.h>
 
 #include "tests/analyses/scanner_bench.h"
@@ -15,7 +15,7 @@ using testing::IsEmpty;
 class ScannerStations : public ScannerBench {
  protected:
     const std::vector<std::string>& rows() { return scanner.Stations.list.rows(); }
-    /// The row of the table that a channel has.
+    /// The row of the table in which a channel stands.
     std::size_t rowOf(const char* mhz) {
         const display::NumberTable table = scanner.numbersShown();
         for (std::size_t i = 0; i < table.rows.size(); ++i)
@@ -27,7 +27,8 @@ class ScannerStations : public ScannerBench {
         bench.hand.pick(scanner.Graph1, rowOf(mhz));
         bench.desktop.settle();
     }
-    /// The odd channels are chosen from the start, and a choice that stands measures nothing.
+    /// The odd channels are chosen from the start, and choosing the current choice again measures
+    /// nothing.
     void measureOdd() {
         choose(ScanSpacing::Even);
         choose(ScanSpacing::Odd);
@@ -97,7 +98,7 @@ TEST_F(ScannerStations, AHalfStepIsTunedAsOne) {
     bench.takeCalls();
     pick("87.75");
     EXPECT_THAT(bench.takeCalls(), ElementsAre("HM_Parar", "HM_Normal(877.5, 0, 0, 0, 0)"));
-    // The bar stands where it stood; only the half step goes.
+    // The bar's position does not change; only the half step goes.
     choose(ScanSpacing::All);
     bench.takeCalls();
     pick("87.7");
@@ -234,7 +235,7 @@ TEST_F(ScannerStations, TheLastRunStandsBehindTheNewOneByItsChannels) {
     frames(11);
     EXPECT_FALSE(scanner.EarlierWords.visible) << "there was none before";
     bench.driver.spectrum[875.f] = 55;
-    // The sweep of all channels puts each channel into another cell.
+    // A sweep of all channels puts each channel into another cell.
     choose(ScanSpacing::All);
     click(scanner.Command3D1);
     EXPECT_TRUE(scanner.EarlierWords.visible);

@@ -214,7 +214,7 @@ TEST_F(ScannerWindow, AfterAReopeningThePointerIsStillToldTheChannelThatWasMeasu
         click(scanner.CommandClose);
         ASSERT_FALSE(scanner.visible);
         open(1.8f);
-        // The bars lie as those of the odd channels all the same.
+        // The bars lie as those of the odd channels nevertheless.
         EXPECT_EQ(scanner.Graph1.tellCell(1, 3), atCell(scanner, run.first, 1, 3));
         EXPECT_EQ(scanner.Graph1.tellCell(1, 4), atCell(scanner, run.second, 1, 4));
         click(scanner.CommandClose);

@@ -20,7 +20,7 @@ TEST(AnalysesWindows, StandAsTheyShould) {
     EXPECT_THAT(faultsOf(bench.forms.formDd3), IsEmpty());
     EXPECT_THAT(faultsOf(bench.forms.form7), IsEmpty());
     EXPECT_THAT(faultsOf(bench.forms.formPrintBandScan), IsEmpty());
-    // The chart of the band is wider than its view: the bar moves it.
+    // The band's chart is wider than the view: the scroll bar moves it.
     EXPECT_THAT(faultsOf(bench.forms.formBandSCanner),
                 ElementsAre("Form_BandSCanner.Graph1 reaches out of ChartView"));
 }

@@ -10,23 +10,22 @@
 
 namespace hmonitor::test {
 
-/// The measuring rack and the analyzer over it, its sessions in a folder of the test's own.
+/// The measuring rack with the analyzer, and its sessions in a temporary folder.
 class AnalyzerBench : public testing::Test {
  protected:
     explicit AnalyzerBench(int languageId = RackBench::kEnglish);
 
     /// Opens the window by its key, and clears the journal of driver calls.
     void open(float version = 1.8f);
-    /// Stores a session with this number of sweeps, in which each cell of its columns is at one
-    /// level.
+    /// Stores a session of that many sweeps, in which each column has all its counts at one level.
     void store(const std::string& name, int sweeps, const std::string& comment = "stored");
-    /// Lets a frame arrive, one at each tick of 500 ms.
+    /// Delivers frames, one at each tick of 500 ms.
     void frames(int count);
     void click(display::Key& key);
     void click(display::Picture& key);
     void choose(const std::string& session);
 
-    /// The session, read from its file.
+    /// The session as its file holds it.
     SessionInfo storedInfo(const std::string& name);
     bool hasLog(const std::string& name) const { return bench.exists("Logs/" + name); }
     std::string log(const std::string& name) const { return bench.read("Logs/" + name); }

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A second reckoning of the analyzer's rules, for the tests to compare with.
+"""A second calculation of the analyzer's rules, for the tests to compare with.
 
-Shares no code with the program. Writes analyzer_tables.txt, a line a case: what it is of, what goes
-in, what comes out. Sessions are told by size and FNV-1a hash of all their bytes.
+Shares no code with the program. Writes analyzer_tables.txt, a line a case: the rule, its
+input, its result. Of a session the table has the size and the FNV-1a hash of all its bytes.
 """
 import datetime
 import math

@@ -26,7 +26,7 @@ class SessionEditor : public AnalyzerBench {
         ASSERT_TRUE(editor.visible);
     }
     void accept() { click(editor.PicOk2); }
-    /// The editor with a session at that place.
+    /// Opens the editor for a session at that place.
     void editAt(double latitude, double longitude, float altitude = 25) {
         measurement.SessionInfo.Latitude = latitude;
         measurement.SessionInfo.Longitude = longitude;
@@ -287,7 +287,7 @@ TEST_F(SessionEditor, ANewSessionIsSavedAndMeasured) {
     EXPECT_EQ(info.Created, serialDate(bench.desktop.date));
     EXPECT_EQ(form.MeasurementAquisitonsField.caption, "0");
     EXPECT_EQ(form.cboCurrentMeasurementFile.list.text(), "New.3Ds");
-    // What no view shows is spared.
+    // What no view shows stays.
     EXPECT_EQ(measurement.SpectralDensity.at(800, 3), 4);
     EXPECT_EQ(measurement.SpectralDensity.at(3, 70), 4);
     EXPECT_EQ(measurement.SpectralDensity.at(5, 5), 0);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What goes wrong around a session: kills, disks, files that change behind the program's back.
+// Faults around a session: kills, full disks, files that others change.
 #include <gmock/gmock.h>
 #include <signal.h>
 #include <sys/resource.h>
@@ -25,7 +25,7 @@ class AnalyzerFaults : public AnalyzerBench {
         bench.desktop.answerEveryBox = true;
     }
     void start() { click(form.butStart_BW); }
-    /// Files cannot grow beyond that many bytes.
+    /// Limits how large this process's files can grow, in bytes.
     void limitFiles(rlim_t bytes) {
         struct rlimit limit = {};
         ::getrlimit(RLIMIT_FSIZE, &limit);
@@ -50,7 +50,7 @@ TEST_F(AnalyzerFaults, AFullDiskIsToldOnceAndTheScanGoesOn) {
     EXPECT_TRUE(hasLog("a.spc")) << "the sweep is small enough";
     frames(1);
     EXPECT_EQ(storedInfo("a.3Ds").Acquisitions, 6) << "nothing of it is lost";
-    // The next scan tells anew.
+    // The next scan reports it again.
     click(form.butPause_BW);
     start();
     ::signal(SIGXFSZ, SIG_IGN);
@@ -73,7 +73,7 @@ TEST_F(AnalyzerFaults, ASweepTextThatCannotBeWrittenLeavesTheSessionSaved) {
 TEST_F(AnalyzerFaults, AReadOnlyFolderIsToldOnceAndTheScanGoesOn) {
     const auto logs = bench.scratch.path() / "Logs";
     start();
-    // Others may look into the test's folder, but not write.
+    // Without the administrator's rights the test can then read the folder, but not write in it.
     ::chmod(bench.scratch.path().c_str(), 0755);
     ::chmod(logs.c_str(), 0555);
     {
@@ -122,7 +122,7 @@ TEST_F(AnalyzerFaults, ASessionReplacedInTheMiddleOfAScanIsReplacedByWhatIsInMem
 
 TEST_F(AnalyzerFaults, ADeleteThatFailsShowsTheSessionAgain) {
     const auto logs = bench.scratch.path() / "Logs";
-    // Others may look into the test's folder, but not write.
+    // Without the administrator's rights the test can then read the folder, but not write in it.
     ::chmod(bench.scratch.path().c_str(), 0755);
     ::chmod(logs.c_str(), 0555);
     {
@@ -151,7 +151,7 @@ TEST_F(AnalyzerFaults, AClockSetBackChangesNoScanAndNoStoredDate) {
 TEST_F(AnalyzerFaults, ThreeHundredKillsAlwaysLeaveAWholeSession) {
     const Files working(bench.scratch.path());
     const SessionFolder folder(working);
-    // Two states that no mixture of bytes could be: every cell tells which it belongs to.
+    // Two states that cannot be mixed unnoticed: every cell tells to which one it belongs.
     const auto bytesOf = [](int sweeps) {
         SessionInfo info = newSessionInfo(1);
         info.Acquisitions = sweeps;

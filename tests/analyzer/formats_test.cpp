@@ -50,7 +50,7 @@ TEST(AnalyzerFormats, TheSessionsExampleIsWhatIsWritten) {
     EXPECT_TRUE(read == exampleInfo());
 }
 
-/// The example's session with other bytes at a place counted from its date, and what was read.
+/// The example's session with other bytes at an offset from its date, and the result of reading it.
 class Damage {
  public:
     Damage() { density_.set(0, 0, 5); }

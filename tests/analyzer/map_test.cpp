@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The density map: which cell has which colour, and that one mark is the same as its slivers.
+// The density map: the colour of each cell, and that the map is stored as one mark and not as its
+// boxes.
 #include <gmock/gmock.h>
 
 #include <optional>
@@ -13,7 +14,7 @@ namespace hmonitor::test {
 namespace {
 
 TEST(DensityEntry, IsTheShareOfTheSweepsHalvesToEven) {
-    // Of 5280 sweeps a count is its own share.
+    // With 5280 sweeps the count equals its share.
     const struct {
         double count;
         int entry;
@@ -37,7 +38,7 @@ TEST(SparseLabels, LeaveOutWhatWouldTouchTheTextBefore) {
         canvas.textY = y;
         canvas.print(text);
     };
-    // 120 twips high: "88.0" reaches 302 twips with its gap.
+    // At a height of 120 twips, "88.0" with its gap ends at 302 twips.
     print(0, 10, "88.0 ");
     print(300, 10, "88.5 ");
     print(600, 10, "89.0 ");
@@ -50,7 +51,7 @@ TEST(SparseLabels, LeaveOutWhatWouldTouchTheTextBefore) {
 
 class AnalyzerMap : public AnalyzerBench {
  protected:
-    /// The cells of the map: none, or one mark.
+    /// The cells of the map; null if none was drawn.
     const display::CellMap* map() const {
         const display::CellMap* found = nullptr;
         for (const display::Mark& mark : form.Picture3d.drawing.marks()) {
@@ -66,7 +67,7 @@ class AnalyzerMap : public AnalyzerBench {
         if (pixel == 0) return std::nullopt;
         return display::Colour{(pixel & 0xff) << 16 | (pixel & 0xff00) | (pixel >> 16 & 0xff)};
     }
-    /// The colour of column x + 1 at row 99 - level, none where nothing was painted.
+    /// The colour of column x + 1 at row 99 - level; none where nothing was painted.
     std::optional<display::Colour> shown(int x, int level) const {
         return painted(x + 1, 99 - level);
     }
@@ -105,7 +106,7 @@ TEST_F(AnalyzerMap, StandsAtItsPlaceWithItsColours) {
     ASSERT_NE(map(), nullptr);
     const display::CellGrid wanted{18, 24, 1, 5, 801, 70};
     EXPECT_EQ(map()->grid, wanted);
-    // Stored: column 5 at 35 dB in every sweep.
+    // The stored session has column 5 at 35 dB in every sweep.
     EXPECT_EQ(shown(5, 35), display::kBlack);
     EXPECT_EQ(shown(5, 36), std::nullopt);
 }
@@ -174,7 +175,7 @@ TEST_F(AnalyzerBars, AreThoseOfTheSweepText) {
     std::string text = "800\r\n 25\r\n87.975\r\n";
     for (int i = 0; i <= 800; ++i) text += std::to_string(30 + i % 71) + "\r\n";
     const auto found = bars(text + "\r\n");
-    // 801 levels, and the reader takes as many as the count says.
+    // The file has 801 levels; the reader takes as many as the count says.
     ASSERT_EQ(found.size(), 800u);
     for (std::size_t i = 0; i < found.size(); ++i)
         ASSERT_EQ(found[i].y1, 400.f + 59 * (70 - static_cast<float>(i % 71))) << i;

@@ -64,8 +64,8 @@ TEST_F(ScanFrames, TheStartKeyBlinksAt500MsWithoutAFrameToo) {
 }
 
 TEST_F(ScanFrames, AFrameIsCountedWrittenAndSaved) {
-    bench.driver.spectrum[880] = 100.9f;  // row 70, which no view reads
-    bench.driver.spectrum[880.25f] = 12;  // below 30 counts in row 0
+    bench.driver.spectrum[880] = 100.9f;  // row 70, which no view shows
+    bench.driver.spectrum[880.25f] = 12;  // below 30: counted in row 0
     bench.driver.spectrum[1080] = 55.9f;
     start();
     frames(1);
@@ -145,7 +145,7 @@ TEST_F(ScanFrames, PauseHaltsTheUnitAndReturnsIt) {
     bench.driver.frames = {1};
     bench.advance(2s);
     EXPECT_EQ(measurement.SessionInfo.Acquisitions, 4);
-    // Stopped already, it halts nothing.
+    // The scan has stopped already, so the key stops nothing.
     bench.takeCalls();
     click(form.butPause);
     EXPECT_THAT(bench.takeCalls(), ElementsAre());
@@ -287,7 +287,7 @@ TEST_F(ScanFrames, WhatLiesBelow88MhzIsWrittenButNotCountedNorDrawn) {
     EXPECT_EQ(log("a.spc"), text + "\r\n");
     double all = 0;
     for (int x = 0; x <= 800; ++x) all += measurement.SpectralDensity.at(x, 3);
-    // 41 points, and what the stored session had at that level.
+    // 41 points, and the cells that the stored session had at that level.
     EXPECT_EQ(all, 41 + 2 * 14);
     int bars = 0;
     for (const display::Mark& mark : form.PictureZoom.drawing.marks())

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Scans of a unit that is measured point by point, which hold the thread.
+// Scans of a unit that is measured point by point, during which the thread is held.
 #include <gmock/gmock.h>
 
 #include "tests/analyzer/analyzer_bench.h"
@@ -19,7 +19,7 @@ class ScanPoints : public AnalyzerBench {
         measurement.SessionInfo.StopMHz = 89;  // 41 points
     }
 
-    /// Runs a scan; what happens at each point is told its number, from 1.
+    /// Runs a scan; `at` is called at each point with its number, from 1.
     void scan(std::function<void(int)> at) {
         points = 0;
         bench.driver.duringSuper = [this, at](float) { at(++points); };
@@ -190,7 +190,7 @@ TEST_F(ScanPoints, ARangeWithoutAPointEndsAtOnce) {
 }
 
 TEST_F(ScanPoints, TogglingARunningScanCountsAndSavesASweep) {
-    // Nothing in the window does it but the span dialog, which the scan's state allows.
+    // In the window only the span dialog does this, which the scan's state allows.
     measurement.ScanRunning = -1;
     bench.driver.superResults = {1};
     form.ToggleScan();

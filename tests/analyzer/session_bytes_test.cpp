@@ -142,7 +142,7 @@ TEST(SessionBytes, ATornCommentGivesWhatIsThere) {
 
 class OddSession : public testing::Test {
  protected:
-    /// The session with other bytes at a place counted from `Created`.
+    /// The session with other bytes at an offset from `Created`.
     template <typename Number>
     SessionCondition readWith(std::size_t behindCreated, Number value) {
         const Stored of = stored("empty");

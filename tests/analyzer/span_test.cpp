@@ -56,7 +56,7 @@ TEST_F(SpanDialog, InARunningScanMeasures400PointsAround98MhzAndGoesOn) {
     measurement.ScanRunning = -1;
     int points = 0;
     bench.driver.duringSuper = [&](float) {
-        // The scan that goes on behind the run is ended at its first point.
+        // Ends the scan that continues after the run, at its first point.
         if (++points == 401) bench.driver.superResults = {1};
     };
     click(span.Command3D1);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A person who presses every key of the analyzer in any order, in the middle of scans too: the rack
-// always comes back measuring.
+// A user who presses every key of the analyzer in any order, in the middle of scans too: the rack
+// always measures again in the end.
 #include <gmock/gmock.h>
 
 #include <random>
@@ -16,7 +16,7 @@ class AnalyzerWalk : public AnalyzerBench, public testing::WithParamInterface<fl
  protected:
     int draw(int below) { return static_cast<int>(random_() % static_cast<unsigned>(below)); }
 
-    /// One thing that a hand does, wherever it is heard.
+    /// One random act of the user.
     void act() {
         switch (draw(20)) {
             case 0:
@@ -89,7 +89,7 @@ TEST_P(AnalyzerWalk, TheRackAlwaysComesBackMeasuring) {
     if (GetParam() == 0) bench.state.DemoMode = "si";
     int points = 0;
     bench.driver.duringSuper = [&](float) {
-        // A hand in the middle of a measurement; in the end it stops the scan.
+        // The user acts in the middle of a measurement, and in the end stops the scan.
         if (++points % 7 == 0) act();
         if (points % 60 == 0) bench.hand.click(form.butPause_BW);
         bench.desktop.elapse(20ms);

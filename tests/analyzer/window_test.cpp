@@ -44,7 +44,7 @@ TEST_F(AnalyzerWindow, WithoutSessionsOffersANameAndShowsTheDefaults) {
     EXPECT_EQ(form.MeasurementAquisitonsField.caption, "0");
     EXPECT_EQ(form.MeasurementStartFreqField.caption, "88.0 MHz");
     EXPECT_EQ(form.MeasurementStopFreqField.caption, "108.0 MHz");
-    // A new session shows 0 degrees until it has been through the editor.
+    // A new session shows 0 degrees until it was edited.
     EXPECT_EQ(form.MeasurementLatField.caption, "0°  0' 00.0''  S ");
     EXPECT_EQ(form.MeasurementLonField.caption, "0°  0' 00.0''  W ");
     EXPECT_EQ(form.MeasurementAltField.caption, "Not available");
@@ -180,7 +180,8 @@ TEST_F(AnalyzerWindow, TheDetailKeysHaveTheirTipsAndShortcuts) {
 }
 
 TEST_F(AnalyzerWindow, EachWidthOfTheBarsHoldsTheWholeBand) {
-    // The columns' width is rounded: none of the three widths may cut bars off at the right.
+    // The width of a column is rounded: at none of the three widths may bars be cut off at the
+    // right.
     open();
     const auto rightmost = [&] {
         form.ShowSpectrum_SpectralZoom("none");
@@ -227,14 +228,14 @@ TEST_F(AnalyzerWindow, ChoosingASessionLoadsAndShowsIt) {
     EXPECT_EQ(form.MeasurementCommentField.caption, "of a");
     EXPECT_EQ(form.MeasurementAquisitonsField.caption, "9");
     EXPECT_TRUE(form.Picture3d.visible);
-    // Fewer than four sweeps go to the bars.
+    // With fewer than four sweeps the bars are shown.
     choose("b.3Ds");
     EXPECT_EQ(measurement.CurrentSessionFile, "b.3Ds");
     EXPECT_FALSE(form.Picture3d.visible);
     EXPECT_TRUE(form.PictureZoom.visible);
     EXPECT_EQ(form.butSpecMode.caption, "3D spectrum mode");
     EXPECT_EQ(form.LabelMode.caption, "Spectral Zoom Analyzer");
-    // Many leave the view as it is.
+    // With many sweeps the view stays.
     choose("a.3Ds");
     EXPECT_TRUE(form.PictureZoom.visible);
 }
@@ -420,7 +421,7 @@ TEST_F(AnalyzerWindow, TheMadeUpSpectrumHasAPeakEach100Steps) {
     for (int i = 1; i <= 800; ++i) {
         const int along = i % 100;
         const int peak = along <= 10 ? (5 - std::abs(along - 5)) * 10 : 0;
-        // At a half the noise is 33 dB.
+        // With random numbers of a half the noise is 33 dB.
         ASSERT_EQ(tops[static_cast<std::size_t>(i - 1)], topOf(33 + peak)) << i;
     }
     EXPECT_TRUE(bench.desktop.randoms.empty());

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Sessions of the analyzer as an evening on the band would leave them, measured by the probe on a
-rack's own unit, and a reader of sessions. Shares no code with the program.
+"""Sessions of the analyzer as after an evening of measuring, made by the probe with a rack's own
+unit, and a reader of sessions. Shares no code with the program.
 
     analyzer_sessions.py RACK SWEEPS NAME    writes RACK/Logs/NAME.3Ds and NAME.spc
 """

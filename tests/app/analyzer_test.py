@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The spectrum analyzer on a unit that sweeps and on one that measures point by point: its door, its
+"""The spectrum analyzer on a unit that sweeps and on one that measures point by point: its key, its
 views, a scan that fills a session, the editor, deleting, and closing in the middle. Results are read
 from the bytes of the session and the pixels of the window."""
 
@@ -37,7 +37,7 @@ def close_window(rack):
 
 @case(units=QUICK)
 def scan_and_both_views(rack, album):
-    """A scan draws, both views differ, and the rack measures again behind the close."""
+    """A scan draws, both views differ, and the rack measures again after the close."""
     open_analyzer(rack)
     rack.steady_look(ANALYZER, "Panel3D1")
     made_up = view(rack)

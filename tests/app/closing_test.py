@@ -53,12 +53,12 @@ def close_somehow(rack, form, chance):
 
 
 def close_all(rack, chance):
-    """What a run holds open is asked again; a bandwidth run is stopped by its own key first."""
+    """Closes until all is closed; a bandwidth run is stopped by its own key first."""
     asked = [0.0]
 
     def closed():
         forms = standing(rack)
-        # A person asks again when nothing has happened for a while.
+        # A user tries again when nothing has happened for a while.
         if forms and time.monotonic() - asked[0] > 0.6:
             form = chance.choice(forms)
             if form == "FormD1a" and chance.random() < 0.4:

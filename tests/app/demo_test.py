@@ -13,7 +13,7 @@ without_unit = case(languages=THREE, units=({"version": "0"},), started=False)
 
 
 def offer(rack):
-    """The demo offer, in front of the keyboard."""
+    """The window of the demo offer, once it has the keyboard."""
     rack.program = rack.launch()
     window = wait_for(lambda: rack.opened("FormModoDemo"), "the demo offer")
     rack.screen.activate(window)

@@ -11,7 +11,7 @@ from cases import TWO, case, main
 from screen import wait_for
 
 AMBER = (245, 165, 10)
-# The door of each window in Form_D, and how the window is called.
+# The key of each window on Form_D, and the window's title.
 DOORS = {"Image1": "FormD1a", "Image2": "Form_BandSCanner", "Image3": "Form_Dd3"}
 CLOSE = {"FormD1a": "Command3D2", "Form_BandSCanner": "CommandClose", "Form_Dd3": "Command3D2"}
 
@@ -106,7 +106,7 @@ def folded_by_the_window_manager_folds_all(rack, album):
 
 @case(languages=TWO)
 def the_question_for_a_spectrum_stays_above(rack, album):
-    """Opened by a window that hides: above the rack all the same."""
+    """A window opened by one that hides is above the rack nevertheless."""
     rack.screen.double_click(*rack.point("Form_D", "PictureGraph1"))
     rack.wait_open("Form_D1")
     rack.click("Form_D1", "Command3D1")
@@ -119,9 +119,9 @@ def the_question_for_a_spectrum_stays_above(rack, album):
 
 @case(languages=TWO)
 def tab_goes_from_panel_to_panel(rack, album):
-    """Behind the last control of the first panel comes the first of the second; no key wears the
-    ring before the keyboard was used."""
-    rack.click("Form1", "Faceplate", 0.012)  # beside the keys: the keyboard comes to the rack
+    """After the last control of the first panel comes the first of the second; no key shows the
+    focus ring before the keyboard was used."""
+    rack.click("Form1", "Faceplate", 0.012)  # beside the keys, so that the rack gets the keyboard
     for control in ("Image_Average", "Image7", "Image_Power"):
         assert not rack.has_focus("Form1", control), f"{control} wears the ring before a key"
     rack.screen.click(*rack.point("Form1", "SSbAMmode"))

@@ -57,7 +57,7 @@ def wait_block(rack, wanted, said):
 
 
 def colour_of_key(rack, memory):
-    """Of the figure on a preset key: its lightest pixel."""
+    """The lightest pixel of the number on a preset key."""
     left, top, width, height = rack.box(EDITOR, key_of(memory))
     area = rack.screen.pixels.area(left + width // 3, top + height // 4, width // 3, height // 2)
     pixels = [tuple(area[at:at + 3]) for at in range(0, len(area), 4)]
@@ -91,11 +91,11 @@ def saves_by_mouse(rack, album):
 
 @case()
 def saves_by_keyboard(rack, album):
-    """From the set key on without the mouse; Enter in a field saves, Enter elsewhere accepts."""
+    """By keyboard alone, from the set key on; Enter in a field saves, Enter elsewhere accepts."""
     before = block(rack)
     rack.click("Form_B", "SSCommand1")
     wait_for(lambda: rack.memory() == 2, "memory 2")
-    rack.screen.type("Tab", "space")  # the set key stands behind the step key
+    rack.screen.type("Tab", "space")  # the set key comes after the step key
     rack.screen.activate(rack.wait_open(EDITOR))
     wait_for(lambda: shown_memory(rack) == 2, "the number 2")
     rack.tab_to(EDITOR, key_of(4))
@@ -192,7 +192,7 @@ def a_wrong_frequency_is_told(rack, album):
 
 
 def is_wide(rack):
-    """Whether the options are unfolded; None while the window is between two widths."""
+    """Whether the options are shown; None while the window is between two widths."""
     window = rack.opened(EDITOR)
     if not window:
         return None
@@ -202,13 +202,13 @@ def is_wide(rack):
 
 @case()
 def options(rack, album):
-    """Advanced, a correction behind its lock, the two boxes that exclude each other, the log."""
+    """The options: a locked correction, the two boxes that exclude each other, the log."""
     assert (rack.line(ODD), rack.line(ALL), rack.line(LOG)) == ("0", "1", "0")
     open_editor(rack)
     rack.click(EDITOR, ADVANCED)
     wait_for(lambda: is_wide(rack), "the wide editor")
     rack.click(EDITOR, "label_dbCorrection")
-    rack.screen.type_text("7")  # locked: nothing comes in
+    rack.screen.type_text("7")  # locked: typing changes nothing
     rack.click(EDITOR, "SSCommand21")
     refill(rack, "label_dbCorrection", "-2.5x")
     rack.click(EDITOR, "SSCheck1", 0.05)
@@ -225,7 +225,7 @@ def options(rack, album):
 
 @case()
 def tab_order(rack, album):
-    """Once around, by Tab, the way the eye goes; and one step back."""
+    """All controls by Tab, in reading order, and one step back."""
     open_editor(rack)
     rack.click(EDITOR, ADVANCED)
     order = ([key_of(n) for n in range(1, 17)] + [FREQUENCY, NAME, SAVE, DELETE, ACCEPT, CANCEL,

@@ -1,8 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Ends that come from outside of the windows, on the program itself: signals, the end of the
-user's session, the loss of the display. Each is in good order: the preset is stored, the unit is
-halted and closed."""
+"""Ends from outside the windows: signals, the end of the user's session, the loss of the display.
+Each is in good order: the preset is stored, the unit is halted and closed."""
 
 import os
 import shutil
@@ -16,12 +15,12 @@ from cases import ENGLISH, case, main
 from rack import LOG, PRESET
 from screen import wait_for
 
-ORDERLY = 2.0  # seconds behind the return of the call in work
+ORDERLY = 2.0  # seconds after the call in progress has returned
 alone = case(languages=(ENGLISH,), started=False)
 
 
 def lay_noting_unit(rack, **settings):
-    """A unit that writes its calls down."""
+    """Installs a unit that notes its calls."""
     shutil.copy(rack.build / "tests/app/noting/hm-16.so", rack.folder / "hm-16.so")
     rack.environment["NOTING_UNIT"] = str(rack.folder / "calls.txt")
     for name, value in settings.items():
@@ -36,7 +35,7 @@ def calls(rack):
 
 
 def step_to_another_preset(rack):
-    """Answers the memory that is stored at an orderly end, and no earlier."""
+    """Steps to another memory, which only an end in good order stores; returns its number."""
     before = rack.line(PRESET)
     rack.click("Form_B", "SSCommand1")
     wait_for(lambda: rack.memory() != int(before), "another memory")
@@ -78,7 +77,7 @@ def end_by_signal(rack, number):
 
 @alone
 def kept_hang_up(rack, album):
-    """What the starter keeps from the program stays kept from it."""
+    """Signals that the starter has set to be ignored stay ignored."""
     lay_noting_unit(rack)
     signal.signal(signal.SIGHUP, signal.SIG_IGN)
     rack.start()
@@ -89,7 +88,7 @@ def kept_hang_up(rack, album):
 
 @alone
 def in_a_run(rack, album):
-    """A run that holds the thread ends as by its stop key, behind the level that is measured."""
+    """A run that holds the thread ends as by its stop key, after the level in progress."""
     lay_noting_unit(rack, version="2.0", super_ms=200)
     rack.start()
     preset = step_to_another_preset(rack)
@@ -97,7 +96,7 @@ def in_a_run(rack, album):
     rack.wait_open("Form_BandSCanner")
     measured = calls(rack).count("HM_Super")
     rack.click("Form_BandSCanner", "Command3D1")
-    wait_for(lambda: calls(rack).count("HM_Super") > measured + 1, "a level in work")
+    wait_for(lambda: calls(rack).count("HM_Super") > measured + 1, "a level in progress")
     rack.program.send_signal(signal.SIGTERM)
     sent = calls(rack).count("HM_Super")
     expect_order(rack, preset)
@@ -106,14 +105,14 @@ def in_a_run(rack, album):
 
 @alone
 def twice(rack, album):
-    """Whoever asks twice does not wait for the call in work."""
+    """A second signal does not wait for the call in progress."""
     lay_noting_unit(rack, version="2.0", super_ms=30000)
-    # The first level of the start holds it.
+    # The thread is held by the first level of the start.
     rack.program = rack.launch()
-    wait_for(lambda: "HM_Super" in calls(rack), "a level in work")
+    wait_for(lambda: "HM_Super" in calls(rack), "a level in progress")
     rack.program.send_signal(signal.SIGTERM)
     time.sleep(0.5)
-    assert rack.program.poll() is None, "one signal ended a call in work"
+    assert rack.program.poll() is None, "one signal ended a call in progress"
     start = time.monotonic()
     rack.program.send_signal(signal.SIGTERM)
     rack.program.wait()
@@ -123,7 +122,7 @@ def twice(rack, album):
 
 @alone
 def at_the_demo_offer(rack, album):
-    """No preset is known yet, and the stored one stays."""
+    """No preset is loaded yet, and the stored one stays."""
     lay_noting_unit(rack, version="0")
     before = rack.line(PRESET)
     rack.program = rack.launch()
@@ -165,7 +164,7 @@ def the_hours_line(rack, album):
 
 
 class NoServer:
-    """In the place of a connection that went with its server."""
+    """Replaces a connection whose server has gone."""
 
     def close(self):
         pass
@@ -194,7 +193,7 @@ def screen_is_lost_in_a_run(rack, album):
     rack.wait_open("Form_BandSCanner")
     measured = calls(rack).count("HM_Super")
     rack.click("Form_BandSCanner", "Command3D1")
-    wait_for(lambda: calls(rack).count("HM_Super") > measured + 1, "a level in work")
+    wait_for(lambda: calls(rack).count("HM_Super") > measured + 1, "a level in progress")
     kill_screen(rack)
     expect_order(rack, preset, status=1)
 
@@ -221,7 +220,7 @@ class SessionManager:
 
 @alone
 def logout(rack, album):
-    """The preset is stored when the session's end is in the air, the program ends with it."""
+    """The preset is stored when the session asks for it, and the program ends with the session."""
     lay_noting_unit(rack)
     manager = SessionManager(rack)
     try:

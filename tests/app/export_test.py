@@ -1,7 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What leaves the windows as files: numbers and pictures of charts, and pages as PDF, saved through
-the desktop's dialog by keyboard."""
+"""Exports: numbers and pictures of charts, and pages as PDFs, saved by keys through a dialog."""
 
 import re
 import shutil

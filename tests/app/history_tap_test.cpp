@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the recorder is handed of a running rack, and what it makes of it.
+// What the recorder gets from a running rack, and what it makes of it.
 #include "app/history_tap.h"
 
 #include <gmock/gmock.h>
@@ -25,7 +25,7 @@ using history::test::indexOf;
 using history::test::Kept;
 using testing::ElementsAre;
 
-constexpr std::int64_t kBegin = 1'790'000'000;  // s
+constexpr std::int64_t kBegin = 1'790'000'000;  // seconds since 1970
 
 std::int64_t msOf(const display::HeadlessDesktop& desktop) {
     return std::chrono::duration_cast<std::chrono::milliseconds>(desktop.now()).count();
@@ -35,7 +35,7 @@ std::int64_t msOf(const display::HeadlessDesktop& desktop) {
 struct SlottedUnit final : ScriptedDriver {
     const display::HeadlessDesktop* desktop = nullptr;
     std::uint64_t number = 0;
-    bool stands = false;  ///< no slots come any more
+    bool stands = false;  ///< no further slots come
 
     bool hasSlots() override { return true; }
     std::optional<SaidStates> states() override {
@@ -61,7 +61,7 @@ struct SlottedUnit final : ScriptedDriver {
     }
 };
 
-/// A rack whose tap hands on to a recording without a disk, on the virtual clock.
+/// A rack whose tap feeds a recording without a disk, on the virtual clock.
 struct TappedRack {
     explicit TappedRack(std::unique_ptr<ScriptedDriver> unit = std::make_unique<ScriptedDriver>())
         : bench(std::move(unit)) {
@@ -72,7 +72,7 @@ struct TappedRack {
         bench.start();
         bench.advance(2s);
     }
-    /// Readings that are new with each heartbeat.
+    /// Passes time with readings that change at each heartbeat.
     void live(std::chrono::milliseconds time) {
         for (std::chrono::milliseconds passed{0}; passed < time; passed += 30ms) {
             bench.readings.peakModulation = passed % 60ms == 0ms ? 80.f : 81.f;
@@ -237,7 +237,7 @@ TEST(HistoryTap, AChangeOfTheFieldCorrectionIsAnEventAndCounts) {
 
 TEST(HistoryTap, AllocatesNothingWhileItListens) {
     RackBench bench;
-    history::Recorder recorder{history::StoreSettings{}};  // its ring alone; nobody takes out
+    history::Recorder recorder{history::StoreSettings{}};  // only its ring; nobody reads it
     const HistoryTap tap(bench.program, recorder);
     DriverDoor& door = bench.program.driver;
     door.HM_Normal(981, 0, 0, 0, 0);
@@ -260,7 +260,7 @@ TEST(HistoryTap, AllocatesNothingWhileItListens) {
     EXPECT_EQ(listen(), 0);
 }
 
-/// Counts what it is handed.
+/// Counts the inputs by kind.
 struct CountedInputs final : history::InputSink {
     void take(const history::Input& input) override { ++of[static_cast<std::size_t>(input.what)]; }
     int count(history::Input::What what) const { return of[static_cast<std::size_t>(what)]; }
@@ -280,11 +280,11 @@ TEST(HistoryTap, FillsAMinutesRoomWithNoMoreThanAMinute) {
         bench.readings.peakModulation = static_cast<float>(60 + i % 7);
         bench.beat();
     }
-    // A minute of heartbeats, and 20 slots a second beside them.
+    // A minute of heartbeats and of 20 slots a second fits into the ring.
     const int readings = counted.count(history::Input::What::Readings) - before;
     EXPECT_GE(readings, 2000);
     EXPECT_LE(readings + 20 * 60, static_cast<int>(history::InputRing::kRoom));
-    // Points come as fast as a unit measures them.
+    // Points, which come as fast as a unit measures them, give no input each.
     float level = 0;
     for (int i = 0; i < 1000; ++i) bench.program.driver.HM_Super(900, level);
     EXPECT_LE(counted.count(history::Input::What::Busy), 1);

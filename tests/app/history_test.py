@@ -17,7 +17,7 @@ from cases import ENGLISH, case, main
 from screen import wait_for
 
 STATION = 98500  # kHz, the first memory
-LOST = 5  # the most seconds that a killed program may lose
+LOST = 5  # seconds that a killed program may lose at most
 START, STOP, TUNED = 1, 2, 3
 TREE = pathlib.Path(__file__).resolve().parents[2]
 
@@ -51,12 +51,12 @@ def are_there(rack, seconds):
     try:
         return len(rows(rack)) >= seconds
     except subprocess.CalledProcessError:
-        return False  # the file is just being made
+        return False  # the file is being made
 
 
 def run_until(rack, seconds, ending):
-    """A run of the program that is ended by a signal when so many seconds stand on the disk.
-    Answers when."""
+    """Runs the program and ends it by a signal when so many seconds are on the disk. Returns the
+    time."""
     rack.start()
     wait_for(lambda: are_there(rack, seconds), f"{seconds} recorded seconds")
     rack.program.send_signal(ending)
@@ -77,7 +77,7 @@ def kept_through_a_kill(rack, album):
         assert abs(float(row["field (dBµV)"]) - 88) < 2, row["field (dBµV)"]
         assert 30 < float(row["deviation_peak (kHz)"]) < 90, row["deviation_peak (kHz)"]
 
-    # Another unit: one whose figures follow from the time.
+    # Its figures follow from the time.
     shutil.copy(rack.build / "tests/app/noting/hm-16.so", rack.folder / "hm-16.so")
     rack.environment["NOTING_SLOTS"] = "1"
     ended = run_until(rack, len(first) + 6, signal.SIGTERM)

@@ -27,13 +27,13 @@ def frequency(rack):
 
 
 def ink(rack):
-    """How many pixels of the entry have the red of its digits."""
+    """The number of pixels of the entry in the red of its digits."""
     pixels = rack.look(KEYPAD, "Text1")
     return sum(1 for at in range(0, len(pixels), 4) if pixels[at + 2] > 200 and pixels[at + 1] < 90)
 
 
 def frequency_of_memory(rack, steps):
-    """The readout some memories further on, and back again."""
+    """The readout some memories further on: steps there and back."""
     at_start = rack.steady_look("Form_B", "Label_FrecRadio")
     start = rack.memory()
     stored = list(rack.presets())
@@ -109,7 +109,7 @@ def tab_order(rack, album):
 
 @case()
 def moved_and_closed_by_the_window_manager(rack, album):
-    """Dragged by its faceplate; the window manager's close gives the rack back."""
+    """The keypad is dragged by its faceplate; closing it by the window manager enables the rack."""
     open_keypad(rack)
     window = rack.opened(KEYPAD)
     before = rack.screen.box(window)

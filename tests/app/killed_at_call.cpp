@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Loaded in front of the C library: kills the process at its n-th call that changes a file of a
-// folder, before the call or behind it. KILLED_FOLDER names the folder, KILLED_AT the call, from 1;
-// 0 kills nothing. KILLED_CALLS names a file that gets a line for each such call.
+// Preloaded before the C library: kills the process at its n-th call that changes a file of a
+// folder, before or after the call. KILLED_FOLDER names the folder, KILLED_AT the call, from 1; 0
+// kills nothing. KILLED_CALLS names a file that gets a line for each such call.
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <signal.h>
@@ -17,7 +17,7 @@
 namespace {
 
 std::atomic<int> calls = 0;
-// By descriptor: whether it is a file of the folder that is being written.
+// By descriptor: whether it is a file of that folder, open for writing.
 std::atomic<bool> ours[4096];
 
 const char* setting(const char* name) {
@@ -38,7 +38,7 @@ Function next(Function, const char* name) {
     return reinterpret_cast<Function>(::dlsym(RTLD_NEXT, name));
 }
 
-/// Around one call: odd numbers of KILLED_AT are before calls, even ones behind them.
+/// Wraps one call: odd numbers of KILLED_AT are before calls, even ones after them.
 class Around {
  public:
     Around(const char* call, const char* file, bool counts) : counts_(counts) {

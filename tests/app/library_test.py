@@ -22,7 +22,7 @@ def launch_on(rack, wrong):
 
 
 def stand_before_box(rack):
-    """The window of the box with the keyboard: the one that has no panels and no splash."""
+    """The box, once it has the keyboard: the only window that is neither rack nor splash."""
 
     def has_keyboard():
         known = {rack.window, rack.find_sized("HMonitor", *SPLASH)}
@@ -37,7 +37,7 @@ def stand_before_box(rack):
 
 
 def end_by_key(rack):
-    """The last of the box's keys stands in its corner."""
+    """Clicks the last key of the box, in its lower right corner."""
     left, top, width, height = rack.screen.box(stand_before_box(rack))
     rack.screen.click(left + width - 60, top + height - 25)
     rack.wait_end()
@@ -73,7 +73,7 @@ def ended_by_key_while_the_start_hangs(rack, album):
 
 @case(languages=TWO, started=False)
 def slow_levels_at_the_start_are_waited_for(rack, album):
-    """Each level takes longer than the box waits; it goes by itself when the level is there."""
+    """Each level takes so long that the box comes up; it disappears when the level is there."""
     launch_on(rack, "slow HM_Super 5600\n")
     box = stand_before_box(rack)
     wait_for(lambda: box not in rack.screen.windows("HMonitor"), "the end of the box")

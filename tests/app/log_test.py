@@ -15,7 +15,7 @@ PRINT_MODE, TEXT_MODE, CANCEL = "SSCommand1", "SSCommand2", "SSCommand3"
 
 
 def colours(rack, form, control, wanted):
-    """How many pixels of a control have a colour: red, green and blue, each near enough."""
+    """The number of pixels of a control that have about this colour."""
     area = rack.look(form, control)
     red, green, blue = wanted
     return sum(1 for at in range(0, len(area), 4)
@@ -44,13 +44,13 @@ def bars(rack, view, colour=RED_BARS):
 
 
 def level_bars(rack):
-    """What is seen of both levels' bars."""
+    """The number of visible pixels of both levels' bars."""
     return bars(rack, "View(2)"), bars(rack, "View(2)", BLUE_BARS)
 
 
 @case()
 def days_and_bars(rack, album):
-    """The last day stands there; other days are chosen by keyboard; both bars move their charts."""
+    """The last day is shown; other days are chosen by keyboard; scroll bars move their charts."""
     open_log(rack)
     assert bars(rack, "View(0)") > 2000, "no modulation is shown"
     for view in ("View(1)", "View(3)"):
@@ -101,7 +101,7 @@ def page(rack, album):
     rack.screen.type("Home")
     wait_for(lambda: colours(rack, PAGE, "ViewPro1", PAPER) < 60000, "a small page")
 
-    # The comment stands at the foot of the page, where the station has results.
+    # The comment is at the foot of the page, where the station's results are.
     wait_for(lambda: (rack.folder / "0985.dat").exists(), "the results of the station")
     rack.click(PAGE, "hscZoom", 0.45)
     small = rack.steady_look(PAGE, "ViewPro1")

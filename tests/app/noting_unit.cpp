@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A unit that writes its calls down, one a line, into the file that NOTING_UNIT names; its version
-// is NOTING_VERSION, and a level takes NOTING_SUPER_MS. With NOTING_SLOTS it tells slots whose
-// figures follow from the time at which they end, so that whoever knows the time knows them too.
+// A unit that notes its calls, one a line, in the file that NOTING_UNIT names; its version is
+// NOTING_VERSION, and a level takes NOTING_SUPER_MS. With NOTING_SLOTS it has slots whose figures
+// follow from the time at which they end, so that a test can calculate them.
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -30,7 +30,7 @@ int32_t note(const char* call) {
 constexpr std::int64_t kSlotMs = 50;
 constexpr std::int64_t kKept = 600;
 
-// Which slot of all since 1970 is under way.
+// The number of the slot that is being measured, counted since 1970.
 std::int64_t slotUnderWay() {
     const auto now = std::chrono::system_clock::now().time_since_epoch();
     return std::chrono::duration_cast<std::chrono::milliseconds>(now).count() / kSlotMs;
@@ -64,7 +64,7 @@ HM16_Slot slotOf(std::int64_t n) {
     slot.value[0] = 10 + static_cast<float>(n * 7 % 601) / 10;
     slot.value[1] = 5 + static_cast<float>(n % 40) / 10;
     slot.value[2] = 60;
-    // In every tenth second echoes hide the field.
+    // In every tenth second the field is hidden by echoes.
     if (n / 20 % 10 == 0) slot.state[2] = HM16_MULTIPATH;
     return slot;
 }
@@ -115,7 +115,7 @@ int32_t HM16_CALL HM_Reset(int32_t) {
 int32_t HM16_CALL HM_Data(float* peakModulation, float* levelFirst, float* levelSecond, float*,
                           float*, float*, float*, float*, float*, float*, float*, float*, float*,
                           float* field, float*, float*) {
-    // Bars that move show that the rack asks.
+    // Moving bars show that the rack asks for readings.
     static int asked = 0;
     const auto moving = static_cast<float>(++asked / 8 % 20);
     *peakModulation = 60 + moving;

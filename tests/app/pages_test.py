@@ -21,22 +21,22 @@ def paper(rack, page, control="Sheet"):
 
 
 def ink(rack, page, control):
-    """How many pixels are dark."""
+    """The number of dark pixels."""
     area = rack.look(page, control)
     return sum(1 for at in range(0, len(area), 4)
                if max(area[at], area[at + 1], area[at + 2]) < 110)
 
 
 def letters(rack, page):
-    """How many pixels of the comment's field are light. A window that stands elsewhere rounds the
-    edges of its letters in another way."""
+    """The number of light pixels in the comment's field. In a window at another place the edges of
+    letters are rounded differently."""
     area = rack.look(page, COMMENT)
     return sum(1 for at in range(0, len(area), 4)
                if min(area[at], area[at + 1], area[at + 2]) > 120)
 
 
 def leave_field(rack, page):
-    """Until neither caret nor ring is in the field."""
+    """Waits until the field shows neither caret nor focus ring."""
     rack.click(page, COMMENT)
     wait_for(lambda: rack.has_focus(page, COMMENT), "the keyboard in the comment")
     rack.screen.type("Tab")
@@ -55,7 +55,7 @@ def open_page(rack, window, key, page):
 
 
 def walk(rack, album, window, key, page, least=0.5):
-    """From the key of a window through what can be done on its page."""
+    """Opens a page by the key of its window and uses all its keys."""
     words = {"es": "Antena nueva", "en": "New antenna"}[rack.language[:2]]
     open_page(rack, window, key, page)
     left, top, _, _ = rack.screen.box(rack.opened(page))
@@ -77,7 +77,7 @@ def walk(rack, album, window, key, page, least=0.5):
     open_page(rack, window, key, page)
     wait_letters(rack, page, written, "the comment after Cancel")
 
-    # There is no printer here: nothing is said, the page goes, and the comment stays.
+    # Without a printer there is no message; the page closes, and the comment is kept.
     rack.click(page, PRINT)
     rack.wait_closed(page)
     assert not rack.boxes(), "a print without a printer has a message"
@@ -123,7 +123,7 @@ def spectrum_and_bandwidth(rack, album):
 
 @case()
 def analyzer(rack, album):
-    """The view is as dark on paper as in its window: white stands around it alone."""
+    """The analyzer's view is as dark on the page as in its window; the page around it is white."""
     rack.click("Form_D", "Image6")
     rack.screen.activate(rack.wait_open("frmSpectrumAnalizer"))
     walk(rack, album, "frmSpectrumAnalizer", "SSCommand1", "Form6", least=0.25)

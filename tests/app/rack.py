@@ -38,13 +38,13 @@ class Rack:
             ["bash", "-euc", '. "$1/scripts/lay_rack.sh"; lay_rack "$1" "$2" "$3" simulated', "lay",
              str(tree), str(build), str(self.folder)], check=True)
         self.set_unit(**unit)
-        # The card of the first start was read long ago.
+        # The card of the first start is not shown.
         (self.folder / "rack.ini").write_text("card = seen\n")
         self.environment = dict(screen.environment, LANG=language + ".UTF-8",
                                 LC_ALL=language + ".UTF-8", QT_SCALE_FACTOR=str(factor),
                                 QT_QPA_PLATFORM="xcb", XDG_RUNTIME_DIR=str(self.folder))
         self.environment.pop("LANGUAGE", None)
-        # No test may reach the printer of whoever runs it.
+        # No test may print on the tester's printer.
         self.environment["CUPS_SERVER"] = str(self.folder / "no-server")
         self.program = None
         self.window = None
@@ -61,10 +61,10 @@ class Rack:
         return subprocess.Popen([str(self.folder / "hmonitor")], env=self.environment, cwd="/")
 
     def start(self):
-        """Until the rack stands and its bars move; what the start leaves open stays open."""
+        """Waits until the rack's bars move; windows that the start opens stay open."""
         self.program = self.launch()
         self.window = wait_for(self.find, "the rack")
-        # The readouts' first tick takes over the settings; a key before it would be forgotten.
+        # The first tick of the readouts reads the settings; an earlier key would have no effect.
         wait_for(lambda: self.is_lit("Form1", "Image6"), "the settings on the keys")
         self.wait_measuring()
 
@@ -85,7 +85,7 @@ class Rack:
         return sum(self.places[panel]["."][3] for panel in panels)
 
     def find(self):
-        """The rack's window, once all its panels stand in it."""
+        """The rack's window, once all its panels are in it."""
         return self.find_sized("HMonitor", self.places["Form1"]["."][2], self.height(*PANELS))
 
     def find_sized(self, title, wide, high):
@@ -173,7 +173,7 @@ class Rack:
         return self.screen.pixels.area(*self.box(form, control))
 
     def steady_look(self, form, control):
-        """The pixels of a control that stand still: no picture is half drawn."""
+        """The pixels of a control once they stand still, so that nothing is half drawn."""
         seen = []
 
         def still():
@@ -187,11 +187,11 @@ class Rack:
         return self.screen.pixels.colour(*self.point(form, control, across, down))
 
     def is_lit(self, form, control):
-        """A chosen key is light, the others are dark; looked at beside its word."""
+        """Whether a key is chosen: light, not dark; checked beside its caption."""
         return max(self.colour(form, control, 0.1, 0.75)) > 140
 
     def is_signed(self, panel):
-        """Amber words stand in the head of a panel."""
+        """Whether there is amber text in the head of a panel."""
         area = self.look(panel, "Sign")
         return sum(1 for at in range(0, len(area), 4)
                    if area[at + 2] > 215 and 140 < area[at + 1] < 190 and area[at] < 60) > 30
@@ -201,7 +201,7 @@ class Rack:
         self.screen.type(*keys)
 
     def has_focus(self, form, control):
-        """An amber ring stands around the control that has the keyboard."""
+        """Whether a control shows the focus ring, which is amber."""
         left, top, width, height = self.box(form, control)
         area = self.screen.pixels.area(left, top, width, height)
         amber = sum(1 for at in range(0, len(area), 4)
@@ -215,7 +215,7 @@ class Rack:
         wait_for(lambda: self.look(form, control) != before, f"the focus on {form}.{control}")
 
     def tab_to(self, form, control):
-        """Tab by Tab until the focus stands on a control."""
+        """Presses Tab until a control has the focus."""
         for _ in range(40):
             if self.has_focus(form, control):
                 return
@@ -233,7 +233,7 @@ class Rack:
         return [window for window in self.screen.windows("HMonitor") if window != self.window]
 
     def answer_box(self, said, look=lambda: None, title=None):
-        """Waits for a message box, looks at it and answers it by keyboard."""
+        """Waits for a message box, checks it and answers it by keyboard."""
 
         def standing():
             return self.screen.windows(title) if title else self.boxes()
@@ -283,12 +283,12 @@ class Rack:
         wait_for(lambda: self.line(number) == wanted, said)
 
     def wait_measuring(self):
-        """Level bars that move: the unit is tuned and the panel's clock runs."""
+        """Waits until level bars move: the unit is tuned and the panel's timer runs."""
         before = self.look("Form_B", "LevelWell")
         wait_for(lambda: self.look("Form_B", "LevelWell") != before, "level bars that move")
 
     def wait_back(self):
-        """The rack takes keys again, and measures."""
+        """Waits until the rack takes keys again, and measures."""
         wanted = "1" if self.line(DETECTOR) == "0" else "0"
         key = "Image_Average" if wanted == "1" else "Image6"
 

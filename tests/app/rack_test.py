@@ -41,7 +41,7 @@ def audio_mode(rack, album):
 
 @every
 def memory_steps(rack, album):
-    """Over the empty memories in both directions, by mouse and by keyboard."""
+    """Stepping passes the empty memories in both directions, by mouse and by keyboard."""
     stored = list(rack.presets())
     wait_for(lambda: rack.memory() == stored[0], f"memory {stored[0]} at the start")
 
@@ -63,12 +63,12 @@ def memory_steps(rack, album):
 
 @case(languages=(ENGLISH,), shared=False)
 def digits_tune_memories_by_their_place(rack, album):
-    """On a keyboard that writes digits in the row, and on one that writes them with Shift alone."""
+    """With a layout that has digits in the row, and with one that has them on Shift."""
     stored = list(rack.presets())
     for layout in ("us", "fr"):
         rack.screen.ask("setxkbmap", layout)
         for memory in reversed(stored):
-            # Codes of the X server: 10 is the key of 1, whatever it writes.
+            # The X server's key codes: 10 is the key of 1, whatever the layout.
             key = str(9 + memory) if memory <= 10 else f"shift+{memory - 1}"
             rack.screen.type(key)
             wait_for(lambda: rack.memory() == memory, f"memory {memory} by the {layout} keyboard")
@@ -128,7 +128,7 @@ def fold(rack, album):
     wait_for(lambda: rack.screen.is_folded(rack.window), "the rack folded")
 
     def unfolded():
-        # As a user asks at the task bar: again, where the folding had not come to its end.
+        # As a user does at the task bar: again, if minimising was not finished.
         rack.screen.x.activate(rack.window)
         return not rack.screen.is_folded(rack.window) and rack.find() == rack.window
 
@@ -163,7 +163,7 @@ def handle(rack, album):
     start = rack.point("Form1", "Picture3")
     rack.screen.drag(start, (start[0] + 40, start[1] + 24))
     wanted = (before[0] + 40, before[1] + 24) + before[2:]
-    # The pointer's way is taken in whole twips, and its points come as the server merges them.
+    # Moves are rounded to whole twips, and the server may merge them.
     wait_for(lambda: all(abs(a - b) <= 2 for a, b in zip(rack.screen.box(rack.window), wanted)),
              "the rack 40 pixels to the right and 24 down")
     rack.wait_back()
@@ -178,7 +178,7 @@ def version_box(rack, album):
 
 @every
 def print_key(rack, album):
-    """On a computer without a printer: a sentence, and the rack goes on."""
+    """Without a printer there is a message, and the rack goes on."""
     rack.click("Form1", "Image9")
     rack.answer_box("the box that tells of the missing printer",
                     lambda: album.take(rack.screen, "box"))
@@ -201,7 +201,7 @@ def second_start(rack, album):
 
 @every
 def power(rack, album):
-    """One memory on, and the power key keeps it."""
+    """Steps to the next memory, which the power key stores."""
     stored = list(rack.presets())
     rack.click("Form_B", "SSCommand1")
     wait_for(lambda: rack.memory() == stored[1], "the next memory")
@@ -228,7 +228,7 @@ def closed_by_the_window_manager(rack, album):
 
 @case(factors=(1, 2), units=({"silent_after": "15"},))
 def tells_of_a_unit_that_fell_silent(rack, album):
-    """Each head says so, and what is measured is dimmed."""
+    """Each panel's head says so, and the figures are dimmed."""
 
     def brightest():
         return max(colour for at, colour in enumerate(rack.look("Form1", "Label_FieldIntensity"))

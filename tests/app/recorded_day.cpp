@@ -20,7 +20,7 @@ using history::test::Outputs;
 constexpr std::int64_t kHourLong = 3600;
 constexpr std::int64_t kDayLong = 24 * kHourLong;
 
-/// From -1 to 1, without any order that is seen.
+/// A pseudo-random value from -1 to 1.
 float noise(std::int64_t t, std::int64_t which) {
     auto x = static_cast<std::uint64_t>(t * 40 + which) * 0x9e3779b97f4a7c15u;
     x ^= x >> 31;

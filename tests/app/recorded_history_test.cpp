@@ -36,7 +36,7 @@ std::vector<EventKind> kindsIn(const std::filesystem::path& folder) {
     return kinds;
 }
 
-/// Waits until the recorder, on its own thread, brought the line of the rack's head about.
+/// Waits until the recorder's thread has set or cleared the line in the rack's head.
 bool waitForLine(RackBench& bench, bool stands) {
     for (int i = 0; i < 200; ++i) {
         bench.advance(2100ms);

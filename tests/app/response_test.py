@@ -60,7 +60,7 @@ def measured(rack, album):
     rack.wait_closed(WINDOW)
     rack.wait_back()
 
-    # The next station has none; back on this one the stored curve comes up.
+    # The next station has no curve; back on this one the stored curve is shown.
     rack.click("Form_B", "SSCommand1")
     wait_for(lambda: rack.memory() == 2, "memory 2")
     rack.click("Form_D", "Image3")
@@ -81,7 +81,7 @@ def measured(rack, album):
 
 @case(languages=(SPANISH,))
 def turned_off_by_hand(rack, album):
-    """Off again before a tone has ended: nothing is stored."""
+    """Switched off before a tone has ended: nothing is stored."""
     off = rack.steady_look("Form_D", SWITCH)
     turn(rack)
     wait_for(lambda: armed(rack) == ARMED, "an armed run")

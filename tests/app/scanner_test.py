@@ -42,13 +42,13 @@ def chart(rack):
 
 
 def choose(rack, option):
-    """Until the last scan stands in the chart anew: meanwhile no run can be started."""
+    """Waits until the last scan is drawn again: no run can be started before that."""
 
     def can_run():
         return max(rack.colour(SCANNER, RUN, 0.1, 0.2)) > 60
 
     rack.click(SCANNER, option, 0.1)
-    for _ in range(100):  # one that was drawn between two looks was quick
+    for _ in range(100):  # it was drawn between two looks
         if not can_run():
             break
         time.sleep(0.01)
@@ -56,7 +56,7 @@ def choose(rack, option):
 
 
 def start_run(rack):
-    """Until the first levels stand in the chart."""
+    """Waits until the first levels are in the chart."""
     cleared = chart(rack)
     rack.click(SCANNER, RUN)
     wait_for(lambda: chart(rack) != cleared, "a cleared chart")
@@ -69,8 +69,8 @@ def wait_levels(rack, count):
 
 
 def close_window(rack):
-    """By the window manager, and again while a run holds it open; a frame that a close has cut
-    short is measured anew, so nobody asks quicker than frames come."""
+    """Closes the window by the window manager, and again while a run holds it open. A close cuts a
+    frame short, which is then measured again, so it is not tried more often than frames come."""
     asked = [0.0]
 
     def closed():
@@ -85,7 +85,7 @@ def close_window(rack):
 
 
 def at_band_end(rack):
-    """The thumb of the chart's scroll bar has left its start."""
+    """Whether the thumb of the chart's scroll bar has left its start."""
     return max(rack.colour(SCANNER, "HScroll1", 0.03)) < 60
 
 
@@ -94,8 +94,8 @@ def sweeps(rack):
 
 
 def whole_run(rack, album, option):
-    """As many levels are stored as there are channels, or none at all where a run one by one does
-    not lie under its legend."""
+    """As many levels are stored as there are channels, or none if a run one by one does not match
+    its legend."""
     open_scanner(rack)
     choose(rack, option)
     (rack.folder / "scan.dat").write_bytes(ONE_LEVEL)
@@ -142,7 +142,7 @@ def each_250_khz(rack, album):
 
 @case(units=SLOW)
 def stop_and_next_run(rack, album):
-    """A stopped run stores nothing; the next one begins at once, and stops too; the rack comes back.
+    """A stopped run stores nothing; the next one begins at once, and stops too; the rack is back.
     A sweep is stopped by its own key, a run one by one by the key that closes."""
     before = (rack.folder / "scan.dat").read_bytes()
     stop = RUN if sweeps(rack) else CLOSE
@@ -197,7 +197,7 @@ def closed_after_a_run(rack, album):
 
 @case(languages=(SPANISH,), units=({"version": "2.0", "super_fails_after": "50"},))
 def a_unit_that_fails(rack, album):
-    """Its run ends like a stop: nothing is stored, and the rack comes back."""
+    """The run ends as if stopped: nothing is stored, and the rack is enabled."""
     before = (rack.folder / "scan.dat").read_bytes()
     open_scanner(rack)
     rack.click(SCANNER, RUN)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A screen of its own (Xvfb and openbox), what stands on it, and the hands on it."""
+"""A screen of its own (Xvfb and openbox), its windows, and keyboard and pointer on it."""
 
 import fcntl
 import mmap
@@ -20,7 +20,7 @@ PATIENCE = 40.0  # seconds; a build with sanitizers on a busy machine is slow
 
 
 def wait_for(what, said):
-    """Asks until the answer is true; fails with what was waited for."""
+    """Calls until the result is true; fails with a text that says what was waited for."""
     end = time.monotonic() + PATIENCE
     while time.monotonic() < end:
         answer = what()
@@ -53,7 +53,7 @@ class FrameBuffer:
         for place in range(3):
             colours[place::3] = pixels[2 - place::4]
         line = 3 * self.width
-        # Each line tells first how it is filtered: not at all.
+        # Each line begins with its filter: 0 is none.
         rows = b"".join(b"\0" + colours[row * line:(row + 1) * line] for row in range(self.height))
 
         def chunk(kind, data):
@@ -75,13 +75,13 @@ class FrameBuffer:
 
 
 def started(*command, **options):
-    """A process that outlives this one and holds none of its pipes."""
+    """Starts a process that outlives this one and holds none of its pipes."""
     return subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
                             stderr=subprocess.DEVNULL, start_new_session=True, **options).pid
 
 
 def is_running(process, name):
-    """Numbers of processes come again: the name tells whether it is still that one."""
+    """Whether that process still runs. Process numbers are used again, so the name is compared."""
     try:
         told = pathlib.Path(f"/proc/{process}/stat").read_text()
         return f"({name})" in told and ") Z" not in told
@@ -90,7 +90,7 @@ def is_running(process, name):
 
 
 def stop(process, name):
-    """Until it is gone: a server takes the files of its folder with it."""
+    """Stops a process and waits until it has gone, since a server removes files of its folder."""
     if is_running(process, name):
         os.kill(process, signal.SIGTERM)
         wait_for(lambda: not is_running(process, name), "the end of " + name)
@@ -113,7 +113,7 @@ class Screen:
         self.pixels = FrameBuffer(self.folder / "Xvfb_screen0")
 
     def take(self, screens):
-        """The first screen of this size that nobody holds."""
+        """Takes the first screen of this size that is free."""
         place = 0
         while True:
             folder = screens / f"{self.width}x{self.height}-{place}"
@@ -127,7 +127,7 @@ class Screen:
                 place += 1
 
     def stands(self):
-        """There is a server with a window manager, and nothing on it that a case left."""
+        """Whether there is a server with a window manager, and no window that a case left."""
         try:
             display, manager, server = (self.folder / "state").read_text().split()
         except (FileNotFoundError, ValueError):
@@ -160,8 +160,8 @@ class Screen:
         if not self.managed:
             return
         self.manager = started("openbox", "--sm-disable", env=self.environment)
-        # It says that it is there before it takes requests: a window that comes in between is
-        # never managed. So it is asked for something until it did that.
+        # It announces itself before it takes requests, and a window that is mapped meanwhile is
+        # never managed. So it is sent a request until it has handled one.
         wait_for(self.has_one_desktop, "a window manager")
         (self.folder / "state").write_text(f":{number} {self.manager} {self.server}")
 
@@ -172,7 +172,7 @@ class Screen:
         return False
 
     def close(self, clean):
-        """Gives the screen back; one that a failed case left is not for the next."""
+        """Returns the screen; after a failed case it is not used again."""
         self.pixels.close()
         if self.shared and clean:
             self.x.move_pointer(0, 0)
@@ -225,10 +225,10 @@ class Screen:
         wait_for(active, "the keyboard on a window")
 
     def close_window(self, window):
-        """As the window manager's own close does it."""
+        """Closes a window as the window manager's own key does."""
         self.x.close_window(window)
 
-    # The hands.
+    # Keyboard and pointer.
 
     def click(self, x, y):
         self.x.move_pointer(x, y)
@@ -250,12 +250,12 @@ class Screen:
         self.x.release(button)
 
     def drag(self, start, end, held=lambda: None):
-        """From one point to another with the left button down; `held` looks before the release."""
+        """Drags from one point to another; `held` is called before the release."""
         (x, y), (to_x, to_y) = start, end
         self.x.move_pointer(x, y)
         self.x.press(1)
         for step in range(1, 9):
-            # No hand is everywhere at once: the program sees the way, not its end alone.
+            # A pointer does not jump: the program gets points on the way, too.
             time.sleep(0.01)
             self.x.move_pointer(round(x + (to_x - x) * step / 8),
                                 round(y + (to_y - y) * step / 8))
@@ -273,7 +273,7 @@ class Screen:
 
 
 def end_all(screens):
-    """Stops what stands in a folder of screens."""
+    """Stops all screens of a folder."""
     for state in pathlib.Path(screens).glob("*/state"):
         _, manager, server = state.read_text().split()
         stop(int(manager), "openbox")

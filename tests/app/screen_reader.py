@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What a screen reader finds of a program, over AT-SPI on a bus of its own.
+"""What a screen reader finds in a program, over AT-SPI on a bus of its own.
 
     screen_reader.py PROCESS    prints the tree of that process as JSON: role, name, value, states and
                                 children of each object
@@ -10,7 +10,7 @@ import re
 import subprocess
 import sys
 
-# A control that a person acts on, by the name of its role.
+# The roles of controls on which a user can act.
 ACTED_ON = {"push button", "check box", "radio button", "combo box", "text", "scroll bar", "slider",
             "list", "page tab", "page tab list", "toggle button", "spin button", "entry"}
 
@@ -33,8 +33,8 @@ class Bus:
 
 
 def tree(environment, process):
-    """The tree of a process, None while it is not on the bus."""
-    # The bus is asked for on the session, not on the screen, which may name one that is gone.
+    """The tree of a process; None while it is not on the bus."""
+    # The bus is found through the session bus; the screen may name one that has gone.
     asked = {name: value for name, value in environment.items() if name != "DISPLAY"}
     told = subprocess.run([sys.executable, __file__, str(process)], env=asked, check=False,
                           capture_output=True, text=True, timeout=60)
@@ -53,13 +53,13 @@ def shown(node):
 
 
 def unnamed(node):
-    """What is shown, can be acted on and has no name."""
+    """The shown controls on which a user can act and that have no name."""
     return [f"{each['role']} in {node['name']}" for _, each in walked(node)
             if each["role"] in ACTED_ON and "showing" in each["states"] and not each["name"].strip()]
 
 
 def read_out(node):
-    """A line for each object that is shown, as it would be spoken."""
+    """A line for each shown object, with what a screen reader would say."""
     lines = []
     for depth, each in walked(node):
         if "showing" not in each["states"]:

@@ -10,7 +10,7 @@ import screen_reader
 from cases import case, main
 from screen import wait_for
 
-# What each window is opened by, from the rack or from the window before it.
+# The key that opens each window, on the rack or on the window before it.
 DOORS = (
     ("Form_bSetMemories", "Form_B", "Image3"), ("Form_bTuner", "Form_B", "Image4"),
     ("Form_BandSCanner", "Form_D", "Image2"), ("Form_Dd3", "Form_D", "Image3"),
@@ -27,7 +27,7 @@ class Listener:
                         "the program on the bus")
 
     def hear(self, name, title, *words):
-        """Reads out the window of that title: everything has a name, and the words are among it."""
+        """Reads the window of that title: everything has a name, and these words are among them."""
 
         def found():
             return [window for window in screen_reader.shown(self.tree())
@@ -50,7 +50,7 @@ def every_window(rack, album):
         rack.start()
         listener = Listener(rack, album)
         spanish = rack.spanish_panels
-        # The figures are said with their values.
+        # Figures are read with their values.
         listener.hear("rack", "HMonitor", *(
             ("Memoria siguiente", "Nivel izquierdo, dB: -", "Frecuencia, MHz: 98.50", "Sintonía")
             if spanish else

@@ -26,7 +26,7 @@ Status registered(SmsConn client, SmPointer, char* previousId) {
     char id[] = "2-one-client-of-a-test";
     SmsRegisterClientReply(client, id);
     tell("registered");
-    // As the protocol has it, a client that registers is asked to save once.
+    // The protocol demands that a client is asked to save once when it registers.
     SmsSaveYourself(client, SmSaveLocal, False, SmInteractStyleNone, False);
     return True;
 }
@@ -84,7 +84,7 @@ int main() {
     char wrong[256] = "";
     IceListenObj* listening = nullptr;
     int count = 0;
-    // A client that goes away ends nothing here.
+    // A client that disconnects must not end this process.
     IceSetIOErrorHandler([](IceConn) {});
     if (!SmsInitialize("test", "1", newClient, nullptr, anybody, sizeof wrong, wrong) ||
         !IceListenForConnections(&count, &listening, sizeof wrong, wrong)) {

@@ -29,7 +29,7 @@ def spectrum_file(rack):
 
 
 def show_spectrum(rack):
-    """By its door on the rack, unless the start left it open."""
+    """Opens it by its key on the rack, unless it is still open from the start."""
     if not rack.opened(SHOWN):
         rack.screen.activate(rack.window)
         rack.screen.double_click(*rack.point("Form_D", "PictureGraph1"))
@@ -37,7 +37,7 @@ def show_spectrum(rack):
 
 
 def ask_for(rack, row):
-    """The dialog of a new run with a span chosen by keyboard."""
+    """Starts a run by its dialog, with a span chosen by keyboard."""
     show_spectrum(rack)
     rack.click(SHOWN, NEW)
     rack.screen.activate(rack.wait_open(ASK))
@@ -89,7 +89,7 @@ def a_run_is_alive(rack, album):
 
     wait_for(ended, "the stored spectrum")
     assert len(bars) > 3, f"the bars came in {len(bars)} steps"
-    if not rack.opened(SHOWN):  # closed by a key that came behind the end
+    if not rack.opened(SHOWN):  # closed by a key that came after the end
         rack.wait_back()
         return
     rack.type(SHOWN, "Escape")
@@ -120,7 +120,7 @@ def bandwidth(rack, album):
     rack.click(WIDTH, CLOSE)
     rack.wait_closed(WIDTH)
     rack.wait_back()
-    # Whoever closes the window ends the run with it.
+    # Closing the window ends the run.
     rack.click("Form_D", "Image1")
     rack.screen.activate(rack.wait_open(WIDTH))
     empty = rack.steady_look(WIDTH, "Picture1")
@@ -133,7 +133,7 @@ def bandwidth(rack, album):
 
 @case(languages=(SPANISH,), units=(SWEEPING, POINTS))
 def bandwidth_from_the_spectrum(rack, album):
-    """The spectrum gives its place to the bandwidth; a second run starts over."""
+    """The bandwidth window replaces the spectrum; a second run starts from the beginning."""
     show_spectrum(rack)
     place = rack.screen.box(rack.wait_open(SHOWN))[:2]
     rack.click(SHOWN, "SSCommand2")
@@ -142,7 +142,7 @@ def bandwidth_from_the_spectrum(rack, album):
 
     def in_its_place():
         left, top, _, height = rack.screen.box(rack.wait_open(WIDTH))
-        # The taller window moves up just so far that it stands whole, with its frame.
+        # The taller window moves up just so far that it is fully on the screen, with its frame.
         lowest = min(place[1], rack.screen.height - height)
         return abs(left - place[0]) <= 4 and lowest - 40 <= top <= lowest + 4
 

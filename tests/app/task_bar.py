@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""task_bar.py HEIGHT: a bar along the foot of the screen that keeps its room to itself, as the
-desktop's own task bar does. Stays until it is stopped."""
+"""task_bar.py HEIGHT: a bar at the lower edge of the screen that reserves its room, as a desktop's
+task bar does. Runs until it is stopped."""
 
 import ctypes
 import sys
@@ -24,11 +24,11 @@ class Bar:
             self.display, root, 0, top, width, height, 0, ctypes.c_ulong(0),
             ctypes.c_ulong(0x3a5a7a)))
         self.set("_NET_WM_WINDOW_TYPE", XA_ATOM, [self.atom("_NET_WM_WINDOW_TYPE_DOCK")])
-        # Left, right, top, bottom, and from where to where each of them reaches.
+        # Left, right, top, bottom, then the begin and the end of each.
         self.set("_NET_WM_STRUT", XA_CARDINAL, [0, 0, 0, height])
         self.set("_NET_WM_STRUT_PARTIAL", XA_CARDINAL,
                  [0, 0, 0, height, 0, 0, 0, 0, 0, 0, 0, width - 1])
-        # Without the hint the window manager looks for a place of its own.
+        # Without the hint the window manager chooses a place itself.
         self.change(XA_WM_NORMAL_HINTS, XA_WM_SIZE_HINTS,
                     [PLACED_BY_USER, 0, top, width, height] + 13 * [0])
         x11.XStoreName(self.display, self.window, b"Task bar")

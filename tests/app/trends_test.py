@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The window that looks back, over a day that was recorded before."""
+"""The window HISTORY, with a day that was recorded before."""
 
 import subprocess
 import sys
@@ -19,7 +19,7 @@ def is_cyan(blue, green, red):
 
 
 def curve(rack, plot):
-    """The part of the columns of a plot in which a trace of the first colour stands."""
+    """The share of a plot's columns in which there is a trace of the first colour."""
     left, top, wide, high = rack.box(HISTORY, plot)
     inside = left + wide // 8, top + high // 6, wide * 3 // 4, high * 2 // 3
     area = rack.screen.pixels.area(*inside)
@@ -41,7 +41,7 @@ def a_day_is_shown_and_zoomed_and_stays_beside_the_rack(rack, album):
     wait_for(lambda: curve(rack, "Plot_Figure(0)") > 0.8, "the day's curve")
     album.take(rack.screen, "history_day")
 
-    # Beside it the rack goes on and its keys stand.
+    # Meanwhile the rack goes on, and its keys work.
     rack.wait_measuring()
     rack.click("Form1", "Image_Average")
     wait_for(lambda: rack.is_lit("Form1", "Image_Average"), "the rack to answer")

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The rack is whole on the usual screens beside a task bar, at every scale of the desktop."""
+"""The rack fits the usual screens with a task bar, at every scale of the desktop."""
 
 import pathlib
 import subprocess
@@ -17,7 +17,7 @@ BAR = 40  # pixels
 @case(languages=(SPANISH,), factors=(1, 1.25, 1.5, 2), sizes=((1366, 768), (1920, 1080)),
       grows=False, started=False, shared=False)  # the bar changes the screen itself
 def whole(rack, album):
-    """With the task bar there before the program is."""
+    """The task bar is there before the program starts."""
     screen = rack.screen
     bar = subprocess.Popen(
         [sys.executable, str(pathlib.Path(__file__).with_name("task_bar.py")), str(BAR)],

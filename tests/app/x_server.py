@@ -1,18 +1,18 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What a screen's X server tells of its windows, and what it is asked to do: over one connection,
-since a program started for each question costs more than the program that is tested. A window is
-its number as text; one that went away meanwhile has no box, no name and is not visible."""
+"""Queries and requests to a screen's X server over one connection, since starting a program for
+each would cost more than the program that is tested. A window is its number as text; one that has
+gone meanwhile has no box, no name and is not visible."""
 
 from Xlib import X, display, error
 from Xlib.ext import xtest
 from Xlib.protocol import event
 
 GONE = (error.BadWindow, error.BadDrawable, error.BadMatch)
-FROM_A_PAGER = 2  # who asks the window manager: a user's own wish, which it always follows
+FROM_A_PAGER = 2  # the source of a request: the user, whom the window manager always obeys
 
 
 def unless_gone(what, otherwise):
-    """A window can go between its being listed and its being asked."""
+    """Ignores errors of windows that disappear between two requests."""
     try:
         return what()
     except GONE:
@@ -22,7 +22,7 @@ def unless_gone(what, otherwise):
 class XServer:
     def __init__(self, name):
         self.display = display.Display(name)
-        # Of what was sent to a window that went meanwhile nothing is said.
+        # Errors of events sent to a window that has gone are ignored, too.
         self.display.set_error_handler(lambda *_: None)
         self.root = self.display.screen().root
         self.atoms = {}
@@ -38,7 +38,7 @@ class XServer:
     def window(self, number):
         return self.display.create_resource_object("window", int(number))
 
-    # What it tells.
+    # Queries.
 
     def values(self, window, name):
         """The numbers of a property, none where there is no such property."""
@@ -63,7 +63,7 @@ class XServer:
         return unless_gone(lambda: window.get_attributes().map_state, X.IsUnmapped) == X.IsViewable
 
     def visible(self):
-        """All visible windows of programs, in frames of the window manager or without."""
+        """All visible windows of programs, with or without a window manager's frame."""
         tops = unless_gone(lambda: self.root.query_tree().children, [])
         numbers = {int(number) for number in self.managed()} | {top.id for top in tops}
         return [window for window in map(self.window, sorted(numbers)) if self.is_visible(window)]
@@ -91,11 +91,11 @@ class XServer:
         return self.values(self.window(number), "WM_STATE")[:1] == [3]
 
     def active(self):
-        """The window that has the keyboard by the window manager's word, "" for none."""
+        """The window that has the focus according to the window manager; "" for none."""
         number = self.values(self.root, "_NET_ACTIVE_WINDOW")
         return str(number[0]) if number and number[0] else ""
 
-    # What it is asked.
+    # Requests.
 
     def tell_manager(self, window, message, *values):
         """A client message of the window manager's protocol (EWMH)."""
@@ -109,7 +109,7 @@ class XServer:
         self.tell_manager(self.window(number), "_NET_ACTIVE_WINDOW", FROM_A_PAGER, X.CurrentTime)
 
     def keyboard_is_held(self):
-        """Whether a program has taken all keys, as one does for a list that stands open."""
+        """Whether a program has grabbed the keyboard, as for an open list."""
         answer = self.root.grab_keyboard(False, X.GrabModeAsync, X.GrabModeAsync, X.CurrentTime)
         if answer == X.GrabSuccess:
             self.display.ungrab_keyboard(X.CurrentTime)
@@ -117,12 +117,12 @@ class XServer:
         return answer == X.AlreadyGrabbed
 
     def focus(self, number):
-        """The keyboard itself, where no window manager gives it."""
+        """Sets the focus itself, for screens without a window manager."""
         self.window(number).set_input_focus(X.RevertToParent, X.CurrentTime)
         self.display.sync()
 
     def close_window(self, number):
-        """As the window manager's own close does it."""
+        """Closes a window as the window manager's own key does."""
         self.tell_manager(self.window(number), "_NET_CLOSE_WINDOW", X.CurrentTime, FROM_A_PAGER)
 
     def set_one_desktop(self):

@@ -19,8 +19,7 @@ bool isDriversDoor(const SourceFile& file) {
            file.path.starts_with("program/loaded_driver");
 }
 
-/// The program's own source files, without rules and files and the door to the driver, in which one
-/// of the calls stands.
+/// The program's source files that contain one of the calls, without core/ and the driver door.
 std::set<std::string> filesWith(std::initializer_list<const char*> calls) {
     std::set<std::string> found;
     for (const SourceFile& file : sourceFiles()) {
@@ -64,7 +63,7 @@ TEST(Calls, TheUnitsFramesAreAskedForByARunAlone) {
 }
 
 TEST(Calls, ThePanelSettingsAreWrittenByTheKeysThatStoreThemAlone) {
-    // Power and detector keys; audio mode; the arming of a response; the options of the editor.
+    // Power and detector keys; audio mode; arming a response run; the options of the editor.
     EXPECT_THAT(filesWith({"rewritePanelLine(", ".with(PanelLine::"}),
                 ElementsAre("panels/modulation/form1_keys.cpp", "program/tuner.cpp",
                             "tuner/form_b_set_memories_store.cpp"));

@@ -15,11 +15,11 @@ using namespace display;
 
 namespace {
 
-/// Room that an edge may miss by: half a twip of rounding.
+/// Tolerance for an edge: half a twip of rounding.
 constexpr float kSlack = 0.5f;
 
-/// Whether a hand on it reaches a handler. A field, a list or an option may have none: it is read
-/// when another key is pressed.
+/// Whether a user's act on it reaches a handler. A field, a list or an option may have none: it is
+/// read when another key is pressed.
 bool isHandled(const Control& control) {
     if (const auto* key = dynamic_cast<const Key*>(&control)) return key->onClick != nullptr;
     if (const auto* bar = dynamic_cast<const ScrollBar*>(&control)) return bar->onChange != nullptr;
@@ -78,7 +78,8 @@ class Walk {
                a.top + kSlack < b.bottom() && b.top + kSlack < a.bottom();
     }
 
-    /// Keys of two pages of a tab row never show together; the row itself lies around its pages.
+    /// Controls on two pages of a tab row are never visible together, and the row itself surrounds
+    /// its pages.
     static bool mayMeet(Control& a, Control& b) {
         return a.interactive() && b.interactive() && a.shown() && b.shown() &&
                !dynamic_cast<Tabs*>(&a) && !dynamic_cast<Tabs*>(&b);

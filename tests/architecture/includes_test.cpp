@@ -165,7 +165,7 @@ std::set<std::string> standardHeadersFor(const SourceFile& file) {
     return headers;
 }
 
-/// Whether one of these headers declares what `header` is asked for.
+/// Whether one of these headers declares what `header` declares.
 bool declares(const std::set<std::string>& headers, std::string_view header) {
     if (headers.contains(std::string(header))) return true;
     if (header == "string_view") return headers.contains("string");
@@ -176,8 +176,8 @@ bool declares(const std::set<std::string>& headers, std::string_view header) {
     return false;
 }
 
-// The standard headers are compiled once for all files of the program, so that no compiler finds
-// one that a file forgot.
+// The standard headers are compiled once for all files of the program, so no compiler notices that
+// a file forgot one.
 TEST(Includes, NameTheStandardHeadersThatAreUsed) {
     std::size_t seen = 0;
     for (const SourceFile& file : sourceFiles()) {
@@ -194,7 +194,7 @@ TEST(Includes, NameTheStandardHeadersThatAreUsed) {
     EXPECT_GT(seen, 1000u) << "the tree's standard names were not found";
 }
 
-// These three are compiled once for the Qt desktop, with all that they include.
+// These three are precompiled for the Qt desktop with everything that they include.
 TEST(Includes, NameTheQtHeadersThatAreCompiledOnce) {
     static const std::regex kWord(R"(\b(class )?(QPainter|QString|QWidget)\b)");
     std::size_t seen = 0;

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What ./test may leave out: programs that passed and stand on nothing that has changed."""
+"""What ./test may leave out: programs that passed and depend on nothing that has changed."""
 import os
 import pathlib
 import subprocess

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Whole programs stand side by side in one process: nothing of the program is kept in a variable
-// that the process has once, and nothing looks at the process's own folder.
+// Several whole programs can run in one process: nothing of the program is kept in a variable of
+// the process, and nothing uses the process's current folder.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -12,7 +12,7 @@
 namespace hmonitor::test {
 namespace {
 
-/// Part of what stands in a process several times; a driver library is loaded once.
+/// Part of a program of which a process may have several. A driver library is loaded once.
 bool standsSeveralTimes(const SourceFile& file) {
     for (const char* folder : {"tests", "bench", "drivers"}) {
         if (file.isUnder(folder)) return false;
@@ -20,8 +20,8 @@ bool standsSeveralTimes(const SourceFile& file) {
     return true;
 }
 
-/// A variable with a place of its own for the whole run that can change: "static int seen", and
-/// at the left margin, where a namespace's own lines stand, "int seen = 0;".
+/// A variable that can change and lives for the whole run: "static int seen" or, at the left margin
+/// (in a namespace), "int seen = 0;".
 bool keepsState(const std::string& line) {
     static const std::regex kStatic(
         R"(^\s*(inline\s+)?(static|thread_local)\s+(?!const\b|constexpr|constinit const|inline const))"
@@ -30,7 +30,7 @@ bool keepsState(const std::string& line) {
         R"(^(?!using|namespace|class|struct|enum|template|extern|friend|typedef|return|static_assert)"
         R"(|const\b|constexpr|inline const|case|public|private|protected|else|break|goto|throw)\b)"
         R"([A-Za-z_][\w:<>,*& ]*\s+\w+(\[\w*\])?(\s*=.*|\{.*\})?;)");
-    // Most lines are neither: a search costs more than all else of this test.
+    // Most lines match neither, and the regular expressions would take most of this test's time.
     const auto has = [&line](const char* word) { return line.find(word) != std::string::npos; };
     if ((has("static ") || has("thread_local ")) && std::regex_search(line, kStatic)) return true;
     return line.ends_with(';') && !line.starts_with(' ') && std::regex_search(line, kGlobal);
@@ -55,7 +55,7 @@ TEST(ProcessState, IsToldFromWhatDoesNotChange) {
     }
 }
 
-/// A signal comes to the process, and its handler is given nothing.
+/// A signal comes to the process, and its handler gets no argument for a program.
 bool hearsSignals(const SourceFile& file) {
     return file.path == "display/qt/windows/end_watch.cpp";
 }
@@ -72,7 +72,7 @@ TEST(ProcessState, IsKeptByNothingOfTheProgram) {
     EXPECT_GT(seen, 200u) << "the program's files were not found";
 }
 
-/// Its start makes the program's folder the process's, for the driver library.
+/// Its start makes the program's folder the process's current folder, for the driver library.
 bool isTheStart(const SourceFile& file) {
     return file.path == "app/main.cpp";
 }

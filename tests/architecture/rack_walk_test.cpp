@@ -10,11 +10,12 @@
 namespace hmonitor::test {
 namespace {
 
-/// What is larger than what it lies in, because the edge is meant to cut it.
+/// Controls that are larger than their container on purpose, so that its edge cuts them.
 constexpr const char* kMeant[] = {
-    // The chart is scrolled behind its panel.
+    // The chart scrolls within its panel.
     "Form_BandSCanner.Graph1 reaches out of ChartView",
-    // The charts of the log are scrolled behind their panels, and their backgrounds tremble.
+    // The charts of the log scroll within their panels, and their backgrounds shift a little at
+    // each load.
     "Form_D4A.Graph1 reaches out of View(0)",
     "Form_D4A.Graph2 reaches out of View(1)",
     "Form_D4A.Graph3 reaches out of View(2)",
@@ -25,19 +26,19 @@ constexpr const char* kMeant[] = {
     "Form_D4A.Picture4 reaches out of Well(1)",
     "Form_D4A.Picture5 reaches out of Well(2)",
     "Form_D4A.Picture2 reaches out of Well(3)",
-    // Hours that are out of view at rest.
+    // Hours that are scrolled out of view at first.
     "Form_D4A.Label24 reaches out of View(0)",
     "Form_D4A.Label28 reaches out of View(1)",
     "Form_D4A.Label32 reaches out of View(2)",
     "Form_D4A.Label36 reaches out of View(3)",
-    // So are the analyzer's bars.
+    // The analyzer's bars, too.
     "frmSpectrumAnalizer.PictureZoom reaches out of Panel3D1",
-    // The dials turn about points of their own; the wells show a part of each.
+    // The dials turn about their own points; the wells show a part of each.
     "Form_B.PowerDial reaches out of PowerWell",
     "Form_B.PhaseDial reaches out of PhaseWell",
-    // The head of the bar comes in from the well's left edge at no modulation.
+    // At no modulation the head of the bar is left of the well's edge.
     "Form1.Label10 reaches out of BarWell",
-    // The options lie beyond the narrow form of the editor until it is widened.
+    // The options lie outside the editor's narrow form until it is widened.
     "Form_bSetMemories.Faceplate reaches out of its form",
     "Form_bSetMemories.Options reaches out of its form",
 };

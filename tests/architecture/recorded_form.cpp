@@ -17,7 +17,7 @@ using namespace display;
 
 namespace {
 
-/// Hands each property of a control of any kind to the same function.
+/// Calls the same function with each property of a control of any kind.
 template <class Each>
 class EachProperty final : public ControlVisitor {
  public:
@@ -52,7 +52,7 @@ void forEveryProperty(Control& control, Each each) {
     control.accept(visitor);
 }
 
-/// The plain value of what a list of properties names.
+/// The value of a property, or of a plain member in a list of properties.
 template <class Listed>
 const auto& valueIn(const Listed& listed) {
     if constexpr (requires { listed.get(); }) {

@@ -11,7 +11,7 @@ namespace hmonitor::test {
 /// Every property of every control, a line a control: "Key1 left=1200 ... caption=&Scan".
 std::vector<std::string> recorded(const display::Form& form);
 
-/// Gives every property that is a number, a switch, a colour or a text another value.
+/// Changes every property that is a number, a switch, a colour or a text.
 void upset(const display::Form& form);
 
 }  // namespace hmonitor::test

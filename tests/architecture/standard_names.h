@@ -14,7 +14,7 @@ namespace hmonitor::test {
 /// "chrono::".
 std::string_view standardHeaderOf(std::string_view name);
 
-/// The names behind each `std::` of a file outside its comments, in the same writing.
+/// The names after each `std::` in a file, comments left out, written in the same way.
 std::set<std::string> standardNamesIn(const SourceFile& file);
 
 }  // namespace hmonitor::test

@@ -49,8 +49,8 @@ bool hasItsHeader(const SourceFile& file, const std::set<std::string>& headers) 
 }
 
 TEST(Sources, HaveAHeaderOfTheirName) {
-    // What starts a program, what every driver library has of its own for drivers/unit, and what a
-    // system needs in one piece.
+    // Entry points of programs, what every driver library implements for drivers/unit, and code for
+    // one system in one piece.
     static const std::regex kEntry(
         R"((^|/)(main|probe|synth|survey_main|exports|open_unit|files_windows)\.cpp$)");
     std::set<std::string> headers;
@@ -69,7 +69,7 @@ TEST(Sources, HaveAHeaderOfTheirName) {
 TEST(Headers, AreReadOnce) {
     for (const SourceFile& file : sourceFiles()) {
         if (!file.isHeader()) continue;
-        // The C interface is for any compiler: it guards itself by name.
+        // The C interface is for every compiler, so it has named include guards.
         const bool cInterface = file.path.starts_with("drivers/hm16");
         const bool guarded = std::ranges::any_of(file.lines, [&](const std::string& line) {
             return cInterface ? line.starts_with("#ifndef HM16_") : line == "#pragma once";
@@ -91,7 +91,7 @@ std::string withoutComment(const std::string& line) {
 }
 
 bool formatsOnItsOwn(const std::string& line) {
-    // Most lines have none of the words at all.
+    // For speed: most lines contain none of these words.
     constexpr const char* kWords[] = {"printf", "strto",  "ato",      "sto",
                                       "round",  "nearby", "to_string"};
     if (std::ranges::none_of(
@@ -104,8 +104,8 @@ bool formatsOnItsOwn(const std::string& line) {
 }
 
 TEST(Numbers, AreFormattedParsedAndRoundedByTheNumberRulesOnly) {
-    // A fault on standard error, and the names of a family's elements ("multypath(3)"), which
-    // stand below the number rules.
+    // main.cpp writes a fault to standard error, and family.h the names of elements
+    // ("multypath(3)"): it cannot include the number rules.
     const std::set<std::string> namesElements = {"app/main.cpp", "display/family.h"};
     for (const SourceFile& file : sourceFiles()) {
         if (!isProgram(file) || namesElements.contains(file.path)) continue;

@@ -76,9 +76,9 @@ TEST(Figures, TakeEachOutputOfTheUnitOnceInEachAudioMode) {
 }
 
 TEST(Figures, FollowFromTheOutputByTheirFactor) {
-    EXPECT_FLOAT_EQ(find("deviation_peak")->source.factor, 0.75f);  // kHz of a percent
+    EXPECT_FLOAT_EQ(find("deviation_peak")->source.factor, 0.75f);  // percent to kHz
     EXPECT_FLOAT_EQ(find("relative_power")->source.factor, 10);
-    EXPECT_FLOAT_EQ(find("carrier_error")->source.factor, 100);  // Hz of units of 100 Hz
+    EXPECT_FLOAT_EQ(find("carrier_error")->source.factor, 100);  // units of 100 Hz to Hz
     EXPECT_EQ(find("stereo_phase")->kind, Kind::Angle);
     EXPECT_EQ(find("field")->kind, Kind::Level);
     EXPECT_EQ(find("peaks_per_minute")->kind, Kind::Count);

@@ -38,7 +38,7 @@ struct Point {
     bool operator==(const Point&) const = default;
 };
 
-// Keeps what happened, and answers at one point.
+// Notes the steps, and lets one of them fail.
 struct Watcher : RewriteWatcher {
     std::vector<Point> seen;
     std::optional<Point> place;
@@ -172,7 +172,7 @@ TEST_F(RewriteFile, AFileMadeReadOnlyStays) {
     EXPECT_EQ(temp.read(kName), kOld);
 }
 
-// Runs `work` in a process of its own; gives that process.
+// Runs `work` in a child process; returns that process.
 pid_t inChild(const std::function<void()>& work) {
     const pid_t child = ::fork();
     if (child != 0) return child;

@@ -45,11 +45,11 @@ TEST(CodePage, EachByteThatIsNoUtf8BecomesAQuestionMark) {
     EXPECT_EQ(codePageFromUtf8("\xFF"
                                "a\xC3"),
               "?a?");
-    EXPECT_EQ(codePageFromUtf8("\xC0\xAF"), "??");  // longer than needed
+    EXPECT_EQ(codePageFromUtf8("\xC0\xAF"), "??");  // an overlong encoding
     EXPECT_EQ(codePageFromUtf8("\xE0\x81\x81"), "???");
     EXPECT_EQ(codePageFromUtf8("\xF0\x80\x81\x81"), "????");
-    EXPECT_EQ(codePageFromUtf8("\xED\xA0\x80"), "???");       // half of a pair
-    EXPECT_EQ(codePageFromUtf8("\xF4\x90\x80\x80"), "????");  // beyond the last letter
+    EXPECT_EQ(codePageFromUtf8("\xED\xA0\x80"), "???");       // half of a surrogate pair
+    EXPECT_EQ(codePageFromUtf8("\xF4\x90\x80\x80"), "????");  // beyond U+10FFFF
     EXPECT_EQ(codePageFromUtf8("\xE2\x82"), "??");
 }
 

@@ -135,7 +135,7 @@ TEST(FileTroubles, AreNotedByARewriteThatFails) {
     EXPECT_EQ(files.troubles().file(), temp.path() / "scan.dat");
     *fault->told = true;
     EXPECT_TRUE(*files.rewrite("scan.dat", "bytes")->told);
-    // A folder below shares them.
+    // Files of a subfolder share the troubles.
     std::filesystem::create_directories(temp.path() / "Logs" / "a.3Ds");
     EXPECT_TRUE(*files.below("Logs").rewrite("a.3Ds", "bytes")->told);
     EXPECT_FALSE(files.rewrite("hm-16.dat", "bytes").has_value());

@@ -15,7 +15,7 @@ namespace {
 
 using test::TempFolder;
 
-/// What a look at the folder itself says.
+/// What looking into the folder itself finds.
 std::optional<std::string> sought(const std::filesystem::path& folder, std::string_view name) {
     std::optional<std::string> found;
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
@@ -83,7 +83,7 @@ TEST(FolderNames, LosesNothingOfMoreChangesThanTheSystemTells) {
     TempFolder temp;
     FolderNames names(temp.path());
     EXPECT_EQ(names.find("x"), std::nullopt);
-    // The system keeps 16384 by itself; a rename is two.
+    // The system queues 16384 changes; a rename is two.
     temp.write("First", "");
     for (int i = 0; i < 9001; ++i) {
         const bool there = i % 2 == 0;

@@ -17,7 +17,7 @@ const figures::Figure& figureOf(const char* key) {
     return *figures::find(key);
 }
 
-/// Readings that come every 100 ms.
+/// Readings every 100 ms.
 struct LimitTicks : testing::Test {
     /// A rule of the pilot's level: 8 to 10 percent, told after 3 s, over after 2 s.
     LimitTicks() {
@@ -30,7 +30,7 @@ struct LimitTicks : testing::Test {
         watch.watch({rule});
         states.fill(figures::State::Known);
     }
-    /// The level stands for that time.
+    /// Keeps the level for that time.
     void stand(float level, milliseconds time) {
         readings.pilotLevel = level;
         for (milliseconds gone{0}; gone < time; gone += kTick) {

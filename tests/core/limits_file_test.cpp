@@ -71,7 +71,7 @@ TEST(LimitsFileTest, AFileIsWrittenAsItStood) {
         "; the end\r\n";
     LimitsFile file = parsedLimits(text);
     EXPECT_EQ(file.text(), text);
-    // A rule that is changed is written anew, under its comment; the rest stays.
+    // A changed rule is written again, below its comment; the rest stays.
     file.rules[1].good.lowest = -400;
     file.rules[1].lines.clear();
     const std::string changed = file.text();
@@ -80,7 +80,7 @@ TEST(LimitsFileTest, AFileIsWrittenAsItStood) {
                            "below = -400\r\nfor = 5\r\nrelease = 5\r\nseverity = warning\r\n"),
               std::string::npos);
     EXPECT_TRUE(changed.ends_with("; the end\r\n"));
-    // A rule that goes takes its own comment with it.
+    // A removed rule takes its own comment with it.
     file.rules.erase(file.rules.begin());
     EXPECT_TRUE(file.text().starts_with("; The station's own limits\r\n\r\n; the carrier\r\n"));
 }
@@ -188,7 +188,7 @@ TEST(LimitsFileTest, TheExampleOfThePageReadsAsItSays) {
     EXPECT_EQ(file.rules[0].severity, LimitSeverity::Alarm);
     EXPECT_EQ(file.rules[1].good.lowest, 7.5f);
     EXPECT_EQ(file.rules[1].good.highest, 10.5f);
-    // Each fault of the table is told as it stands there.
+    // Each fault of the table gives the sentence in the table.
     const auto rows = page.rows("limits.ini");
     int faults = 0;
     for (const auto& row : rows) {

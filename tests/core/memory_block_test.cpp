@@ -8,7 +8,7 @@
 namespace hmonitor {
 namespace {
 
-// A block whose every byte tells its place, so that any byte that changes shows.
+// A block in which every byte depends on its place, so that any changed byte is noticed.
 std::string markedBytes(std::size_t size) {
     std::string bytes;
     for (std::size_t i = 0; i < size; ++i) bytes += static_cast<char>('A' + i * 7 % 57);

@@ -91,7 +91,7 @@ TEST(NumberToText, ADoubleHasFifteenDigits) {
 TEST(NumberToText, NoExponentBelowTenToTheFifteenth) {
     EXPECT_EQ(shortText(999999999999999.0), "999999999999999");
     EXPECT_EQ(shortText(1e15), "1E+15");
-    EXPECT_EQ(shortText(999999999999999.5), "1000000000000000");  // rounded up, yet below
+    EXPECT_EQ(shortText(999999999999999.5), "1000000000000000");  // rounded, but below 1E+15
     EXPECT_EQ(shortText(-1.25e20), "-1.25E+20");
     EXPECT_EQ(shortText(1e10f), "10000000000");
     EXPECT_EQ(shortText(1e-7), "0.0000001");
@@ -204,7 +204,7 @@ TEST(FrequencyFileName, IsTheKeyWithAnEnding) {
     EXPECT_EQ(frequencyFileName(985, ".res"), "0985.res");
 }
 
-// Takes a locale with a decimal comma for the length of a test, made on the spot if need be.
+// Sets a locale with a decimal comma for a test; creates one if the system has none.
 class DecimalComma {
  public:
     DecimalComma() {

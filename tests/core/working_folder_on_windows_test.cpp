@@ -67,7 +67,7 @@ TEST_F(OnWindows, AFolderIsLockedByWhicheverPathItIsReached) {
     EXPECT_FALSE(first.isTakenByAnother());
     EXPECT_TRUE(FolderLock(home.path() / "." / "").isTakenByAnother());
     EXPECT_FALSE(FolderLock(installed.path()).isTakenByAnother());
-    // The folder goes on being usable.
+    // The folder can still be used.
     home.write("a", "x");
     EXPECT_EQ(home.read("a"), "x");
 }

@@ -13,7 +13,7 @@ namespace {
 using test::AsNobody;
 using test::TempFolder;
 
-/// A variable of the environment, put back in the end.
+/// An environment variable, restored at the end.
 class Variable {
  public:
     Variable(const char* name, const char* value) : name_(name) {
@@ -28,7 +28,7 @@ class Variable {
 };
 
 struct WorkingFolderTest : testing::Test {
-    /// The program's folder, which only root may write.
+    /// Makes the program's folder writable for root alone.
     WorkingFolderTest() {
         for (const char* name :
              {"hm-16.dat", "normal.hm", "Hm-res.dat", "scan.dat", "halden.dat", "20260301.log"})

@@ -32,7 +32,7 @@ class Controls : public testing::Test {
     SampleForm form{desktop};
 };
 
-/// Writes the kind that each control shows itself as.
+/// Notes the kind as which a control visits.
 class Kinds final : public ControlVisitor {
  public:
     std::string kind;
@@ -83,7 +83,7 @@ TEST_F(Controls, APictureIsAKeyWhenAKeysEventIsBound) {
 }
 
 TEST_F(Controls, StandInTheUnitsOfTheirContainer) {
-    // Panel2 stands at 150, 300 of the faceplate and counts in 15 twips.
+    // Panel2 is at 150, 300 of the faceplate and has a unit of 15 twips.
     EXPECT_EQ(form.Label1.boxOnForm(), (Box{300, 375, 2250, 240}));
     EXPECT_EQ(form.Panel2.boxOnForm(), (Box{150, 300, 4500, 1500}));
     form.Panel1.left = 30.f;

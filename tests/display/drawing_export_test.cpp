@@ -13,7 +13,7 @@ namespace display::test {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// A form with a picture box and a chart that tell their numbers.
+/// A form with a picture box and a chart that have numbers.
 class DrawingExport : public testing::Test {
  protected:
     DrawingExport() {

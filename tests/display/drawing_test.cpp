@@ -76,12 +76,12 @@ TEST_F(Drawings, ACopyStaysAsItIs) {
     EXPECT_EQ(copy.marks()[0].colour, kRed);
     const auto cells = copy.marks()[1].map->cells;
     EXPECT_EQ(cells, drawing.marks()[1].map->cells);
-    // Neither map nor marks of the other one are this one's.
+    // The copy does not share the original's map and marks.
     drawing.cell(grid, 4, 4);
     EXPECT_EQ(copy.marks()[1].map->cells, cells);
     drawing.clear();
     EXPECT_EQ(copy.marks().size(), 2u);
-    // What is drawn on goes on as on any other.
+    // The copy can be drawn on like any other drawing.
     copy.box(0, 0, copy.outerWidth(), copy.outerHeight());
     EXPECT_EQ(copy.marks().size(), 1u);
 }

@@ -22,7 +22,7 @@ class Queue : public testing::Test {
         form.heard.clear();
         other.heard.clear();
     }
-    /// What comes through one pass inside a run with that filter.
+    /// What one pass inside a run with that filter delivers.
     void passDuringRun(EventQueue::RunFilter filter) {
         queue.pushFilter(std::move(filter));
         desktop.letEventsThrough();

@@ -94,7 +94,7 @@ TEST_F(Hands, AnUnfoldBehindAModalFormComesWhenThatIsGone) {
     EXPECT_EQ(form.windowState.get(), WindowState::Minimised);
     desktop.settle();
     EXPECT_EQ(form.windowState.get(), WindowState::Normal);
-    // What a hand does on a control behind it is lost, as ever.
+    // Input on a control below the box is lost.
     EXPECT_EQ(form.heard, (Heard{"resized"}));
 }
 

@@ -10,7 +10,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-/// The words of all lines, in order.
+/// The labels of all lines, in order.
 std::vector<std::string> wordsOf(const std::vector<PlotTick>& ticks) {
     std::vector<std::string> words;
     for (const PlotTick& tick : ticks) words.push_back(tick.words);

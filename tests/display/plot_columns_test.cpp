@@ -16,7 +16,7 @@ PlotPoint band(double x, float lowest, float y, float highest, std::uint8_t caus
     return {x, y, lowest, highest, cause};
 }
 
-/// Points of one each, from 0 on.
+/// A series whose points last one second each, from 0 on.
 PlotSeries seconds(std::vector<PlotPoint> points) {
     PlotSeries series;
     series.points = std::move(points);

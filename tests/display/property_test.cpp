@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A program of its own, since it counts every allocation.
+// A program of its own, because it counts every allocation.
 #include "display/property.h"
 
 #include <gtest/gtest.h>

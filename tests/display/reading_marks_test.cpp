@@ -67,7 +67,7 @@ TEST_F(Marks, OfADrawingThatTellsNoPlacesAreNone) {
 TEST_F(Marks, GoToTheNumberThatIsNearestSideways) {
     marks.point({45, 100});
     EXPECT_EQ(first(), "88.1 MHz: Level 20 dBµV");
-    // Bars of a row stand 42 twips apart: at 39 and 81.
+    // The bars of a row are 42 twips apart: at 39 and 81.
     EXPECT_EQ(marks.at(), (Place{39, 90}));
     marks.point({81, 100});
     EXPECT_EQ(first(), "88.1 MHz: Held 80 dBµV");

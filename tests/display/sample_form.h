@@ -21,13 +21,13 @@
 namespace display::test {
 
 /// A form with one of each control, as any desktop has to show it: a container with a unit of its
-/// own, keys of two pictures, a handle, a page behind each tab, two timers. It keeps what happened
-/// to it in `heard`, one line an event: "Key1 click", "Timer1 tick".
+/// own, keys of two pictures, a handle, tabs with a page each, two timers. It notes its events in
+/// `heard`, one line an event: "Key1 click", "Timer1 tick".
 class SampleForm final : public Form {
  public:
     explicit SampleForm(Desktop& desktop, std::string name = "SampleForm");
 
-    /// The events since the last call that cleared them, in order.
+    /// The events since the list was last cleared, in order.
     std::vector<std::string> heard;
     /// Whether a line is among the events.
     bool didHear(std::string_view line) const;

@@ -14,7 +14,7 @@ using testing::SizeIs;
 namespace {
 
 constexpr std::int64_t kNoon = 1'795'262'400;  // 2026-11-21 12:00 UTC
-/// Central Europe goes back at 01:00 UTC on 2026-10-25, and forward on 2026-03-29.
+/// The clock changes of Central Europe at 01:00 UTC: back on 2026-10-25, forward on 2026-03-29.
 constexpr std::int64_t kBack = 1'792'890'000;
 constexpr std::int64_t kForward = 1'774'746'000;
 

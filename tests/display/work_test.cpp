@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Work beside the program, on the desktop without a screen: in one order, at the time that a script
-// tells.
+// Work beside the program on the headless desktop: always in the same order, with results at the
+// time that a script sets.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -25,7 +25,7 @@ class Work : public testing::Test {
         desktop.queue().openGate();
         desktop.journal.clear();
     }
-    /// Work that notes when it is done and when what came of it is taken.
+    /// Asks for work that notes when it runs and when its result is taken.
     void ask(const std::string& name) {
         desktop.work(
             [this, name] {
@@ -83,7 +83,7 @@ TEST_F(Work, ComesBackWhileAModalFormStands) {
     desktop.modalScripts["Other"] = [this](Form& shown) {
         desktop.hand.click(static_cast<SampleForm&>(shown).Key1);
     };
-    // Nothing else ends it.
+    // Nothing but the end of the work closes the window.
     other.showModal();
     EXPECT_TRUE(other.didHear("Key1 click"));
     EXPECT_THAT(desktop.journal, testing::Contains("done"));
@@ -125,7 +125,7 @@ TEST_F(Work, OfAProgramThatHasEndedIsDoneButNobodyTakesIt) {
 }
 
 TEST_F(Work, OfABoxComesWhileItStandsOnceItIsOnTop) {
-    // Before the rack measures too: what a box waits for may come of work.
+    // A box takes results before the rack measures, too: it may wait for one.
     HeadlessDesktop early;
     std::string came;
     early.work([] { return std::string("read"); }, [&came](std::string what) { came = what; });
@@ -147,7 +147,7 @@ TEST(WallClock, GoesOnInUtcWithTheVirtualClockAndTellsItsZone) {
     EXPECT_EQ(desktop.wallTime().utc, begun + 1500ms);
     EXPECT_EQ(desktop.wallTime().fromUtc, 3600s);
     EXPECT_EQ(desktop.wallTime().zone, "Europe/Madrid");
-    // The local date is a script's: it stands still.
+    // The local date is scripted and stands still.
     EXPECT_EQ(desktop.today().second, 0);
 }
 

@@ -37,7 +37,7 @@ struct Span {
     double mean() const { return sum / count; }
 };
 
-// How a figure moves over two minutes, seen every 30 ms.
+// The range of a figure over two minutes, read every 30 ms.
 Span over(const Tuning& tuning, const std::function<double(const Readings&)>& figure) {
     Span span;
     for (int i = 0; i < 4000; ++i) {
@@ -115,7 +115,7 @@ TEST(Figures, MoveBetweenTwoLooksOfThePanel) {
             const Readings b = figuresAt(kSeed, tunedTo(frequency), (i + 1) * 0.03, 1);
             still += a.levelFirst == b.levelFirst || a.peakModulation == b.peakModulation ? 1 : 0;
         }
-        // A level may rest at the top of its scale for a moment.
+        // A level may stay at the top of its scale for a moment.
         EXPECT_LT(still, 100) << frequency;
     }
 }
@@ -211,7 +211,7 @@ TEST(Figures, BetweenStationsThereIsNoiseAndNoPilot) {
         ASSERT_EQ(stationAt(frequency), nullptr);
         const Tuning tuning = tunedTo(frequency);
         EXPECT_LE(over(tuning, [](auto& r) { return r.pilotLevel; }).high, 0.3) << frequency;
-        // Nowhere near the mark that ends a response run.
+        // Far from the mark that ends a response run.
         EXPECT_LE(over(tuning, [](auto& r) { return std::abs(r.pilotError); }).high, 20);
         EXPECT_GT(over(tuning, [](auto& r) { return r.noiseLeft; }).low, -20) << frequency;
         EXPECT_LT(over(tuning, [](auto& r) { return r.field; }).high, 45) << frequency;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The three days of logs that are laid beside the simulated unit.
+// The three days of logs that are installed beside the simulated unit.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -39,7 +39,7 @@ std::vector<std::vector<std::string>> linesOf(const std::string& day) {
     return lines;
 }
 
-/// What lay_rack lays for a unit into a folder that has these files.
+/// What lay_rack puts for a unit into a folder with these files.
 TempFolder& laid(TempFolder& folder, const std::string& unit) {
     const TempFolder build;
     for (const char* file : {"app/hmonitor", "drivers/simulated/hm-16.so", "receiver/hm-16.so",

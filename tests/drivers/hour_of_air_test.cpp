@@ -28,8 +28,8 @@ LocalTime at(int day, int hour, int second = 0) {
     return {2026, 3, day, hour, second / 60, second % 60};
 }
 
-// The nine fields of each hour of a week, as the unit writes them at a pace of a thousand: a look
-// at the station every ten seconds of its time.
+// The nine fields of each hour of a week, as the unit writes them at a pace of a thousand: it reads
+// the station every ten seconds of its time.
 std::vector<std::vector<double>> week() {
     const TempFolder folder;
     DayLog log(folder.path());

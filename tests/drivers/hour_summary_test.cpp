@@ -39,7 +39,7 @@ TEST(HourSummary, TakesTheHighestModulationAndMeansOfTheOthers) {
     other.stereoPhase = 50;
     other.peaksPerMinute = 9;
     summary.add(other, 0.5, 30);
-    // Half the time without power is 3 dB less.
+    // No power for half of the time is 3 dB less.
     EXPECT_EQ(summary.line(1), "1 120 -9 -8 47 0.75 1 6 0 0 ");
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The first contents of the working folder fit the simulated band.
+// The first contents of the working folder match the simulated band.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -54,7 +54,7 @@ Memory memory(const std::string& block, int number) {
     return {block.substr(base + 1, 9), block.substr(base + 11, 5)};
 }
 
-// 10255 is the half step 1025.5.
+// 10255 stands for 1025.5, a half step.
 double frequencyOf(const Memory& memory) {
     const double value = base::numberIn(memory.frequency).value_or(0);
     return value >= 8755 ? std::floor(value / 10) + 0.5 : value;
@@ -126,7 +126,7 @@ TEST(Install, TheFirstMemoryIsAStrongStereoStation) {
     EXPECT_LT(station->multipath, 6);
 }
 
-// One line a channel from 87.5 by 0.2 MHz: a whole level without the blank in front of it.
+// One line for each channel from 87.5 MHz in steps of 0.2: a whole level without a leading blank.
 TEST(Install, TheFirstBandScanShowsTheSimulatedBand) {
     const auto levels = lines("scan.dat");
     ASSERT_EQ(levels.size(), 103u);

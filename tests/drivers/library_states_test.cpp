@@ -131,7 +131,7 @@ TEST(LibraryStates, SuperTakesFiveMilliseconds) {
     const auto start = std::chrono::steady_clock::now();
     float level = 0;
     for (int i = 0; i < 10; ++i) unit->super(985, &level);
-    // A sleep never ends early; how late it ends is the machine's business.
+    // A sleep never ends early; how late it ends depends on the machine.
     EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(50));
 }
 
@@ -209,7 +209,7 @@ TEST(LibraryStates, AStepOf25GivesTheAnalyzerALevelAtEachOfIts801Points) {
     ASSERT_TRUE(unit.frameComes()) << "frames go on coming";
     EXPECT_NEAR(unit.swept(985), 88, 1);
     EXPECT_GT(unit.swept(985), unit.swept(983.5f) + 20);
-    // The point above 108 MHz was not covered, the one on it was.
+    // 1080.25 was not covered, 1080 was.
     EXPECT_EQ(unit.swept(1080.25f), 24);
     std::set<float> levels;
     for (int i = 0; i <= 800; ++i) levels.insert(unit.swept(880 + 0.25f * static_cast<float>(i)));

@@ -15,8 +15,8 @@
 #include "drivers/unit/readings.h"
 #include "tests/support/temp_folder.h"
 
-// A driver library through the real loader, with settings of its own, in a folder of its own that
-// is the current folder as long as it lives.
+// A driver library through the real loader, with its own settings in its own folder, which is the
+// current folder while this object exists.
 class LoadedLibrary {
  public:
     LoadedLibrary(const std::filesystem::path& file, std::string_view settings)
@@ -95,7 +95,7 @@ class LoadedLibrary {
 
 using figures::showsEndMark;
 
-// Each of the nineteen functions is the one of that name in the library.
+// Expects that each of the nineteen functions is the one of that name in the library.
 inline void expectEachInItsPlace(const hm16::Library& library) {
     const HM16_Functions& f = library.functions();
     const auto is = [&](auto function, const char* name) {

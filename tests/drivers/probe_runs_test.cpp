@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The probe on a library that lets itself be driven, as one that measures a recording does.
+// The probe on a library that is driven step by step, as one that measures a recording.
 #include "drivers/probe/probe_runs.h"
 
 #include <gmock/gmock.h>
@@ -12,7 +12,7 @@
 namespace hm16::probe {
 namespace {
 
-// A library of plain functions whose readings count the slots that it was driven for.
+// A library of plain functions whose readings count the slots by which it was driven.
 struct Scripted {
     int slots = 0;
     int slotsLeft = 1000;

@@ -67,7 +67,7 @@ TEST(PublishedReadings, PassesNotANumberThrough) {
     EXPECT_NE(published.latest().pilotError, published.latest().pilotError);
 }
 
-// Every set has one value in all its fields, so a mixture of two sets would show.
+// All fields of a set have the same value, so a mixture of two sets would be noticed.
 TEST(PublishedReadings, AReaderInAnotherThreadNeverSeesPartsOfTwoSets) {
     PublishedReadings published;
     std::thread writer([&published] {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Calls in any order with any arguments: nothing crashes or hangs, outputs stay sensible.
+// Calls in any order with any arguments: nothing crashes or hangs, and outputs stay within their
+// ranges.
 #include <gtest/gtest.h>
 
 #include <cmath>

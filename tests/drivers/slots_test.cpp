@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the simulated unit says beyond the nineteen functions, through the loaded library.
+// What the simulated unit offers beyond the nineteen functions, through the loaded library.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -30,7 +30,7 @@ class SimulatedSlots : public SimulatedLibrary {
         out.resize(static_cast<std::size_t>(came));
         return out;
     }
-    // At least so many slots of a frequency.
+    // Slots of a frequency, at least `count`.
     std::vector<HM16_Slot> measured(float frequency, std::size_t count) const {
         std::uint64_t before = 0, next = 0;
         slots(0, before);
@@ -85,7 +85,7 @@ TEST(SimulatedFigures, DescribeFillsAsMuchAsTheCallerHasRoomFor) {
     EXPECT_EQ(unit.figures().describe(20, &info), 1);
     EXPECT_EQ(unit.figures().describe(0, nullptr), 1);
     HM16_FigureInfo older{};
-    older.size = 32;  // key only
+    older.size = 32;  // room for the key only
     older.highest = 7;
     EXPECT_EQ(unit.figures().describe(0, &older), 0);
     EXPECT_STREQ(older.key, "deviation_peak");

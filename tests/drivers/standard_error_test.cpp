@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What files and radios hold reaches a terminal as text that it prints, never as orders to it.
+// Text out of files and radios reaches a terminal as printable characters, never as control
+// sequences.
 #include "drivers/unit/standard_error.h"
 
 #include <gmock/gmock.h>
@@ -25,7 +26,7 @@ TEST(Printable, EscapesEachControlCharacter) {
     EXPECT_EQ(printable("a\x1b[2Jb"), "a\\x1b[2Jb");
     EXPECT_EQ(printable(std::string_view("\0\x01\x1f\x7f", 4)), "\\x00\\x01\\x1f\\x7f");
     EXPECT_EQ(printable("\a\b\t\n\v\f\r"), "\\x07\\x08\\x09\\x0a\\x0b\\x0c\\x0d");
-    // The controls beyond ASCII, U+0080 and U+009F, and the blank behind them.
+    // The controls beyond ASCII, U+0080 to U+009F; the no-break space after them is printed.
     EXPECT_EQ(printable("\xc2\x80\xc2\x9f"), "\\xc2\\x80\\xc2\\x9f");
     EXPECT_EQ(printable("\xc2\xa0"), "\xc2\xa0");
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the thread sanitizer is for: readings are copied in one thread while another tunes, stops,
+// Cases for the thread sanitizer: readings are copied in one thread while another tunes, stops,
 // sweeps and resets, and the unit's own thread measures.
 #include <gtest/gtest.h>
 
@@ -21,8 +21,8 @@ TEST(Threads, ReadingsAreWholeWhileAnotherThreadDrivesTheUnit) {
     std::thread reader([&] {
         while (!done) {
             const auto r = unit.readings();
-            // Only a station has separation, and only between stations is the noise that loud: a
-            // mixture of both would be parts of two sets.
+            // Only a station has separation, and only an empty frequency has that much noise: both
+            // together would be parts of two sets.
             if (r.separationLeft > 0 && r.noiseLeft > -20) ++odd;
             ++looks;
             ready = true;
@@ -47,8 +47,8 @@ TEST(Threads, ReadingsAreWholeWhileAnotherThreadDrivesTheUnit) {
     EXPECT_GT(looks, 60);
 }
 
-// A single level takes 50 ms here. Were the readings behind the same lock, they would come once a
-// level at best.
+// A level takes 50 ms here. If readings waited for the same lock, there would be at most one for
+// each level.
 TEST(Threads, ReadingsNeverWaitForAMeasurementOrAnIdleUnit) {
     const SimulatedLibrary unit("pace = 0.1\n");
     unit->init();

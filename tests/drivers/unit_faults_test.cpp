@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The files that the simulated unit keeps, and a unit that is out of order.
+// The files of the simulated unit, and a unit with faults.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -118,7 +118,7 @@ TEST(UnitFiles, ResetKnowsThreeCodesAndOnlyModeIdle) {
 }
 
 TEST(UnitFiles, TheDaysLogGetsOneLineAnHourWhenAsked) {
-    // An hour takes 1.2 seconds.
+    // At this pace an hour takes 1.2 seconds.
     const SimulatedLibrary unit("pace = 3000\nclock = 2026-03-04 21:45:00\n");
     unit->init();
     unit.tune(985, 0, 0, 1);
@@ -134,7 +134,7 @@ TEST(UnitFiles, TheDaysLogGetsOneLineAnHourWhenAsked) {
     std::istringstream fields(lines[1]);
     double hour = 0, modulation = 0, first = 0, second = 0, phase = 0, power = 0, minutes = 0;
     fields >> hour >> modulation >> first >> second >> phase >> power >> minutes;
-    // The highest of however many looks the machine found time for.
+    // The highest of as many readings as the machine had time for.
     EXPECT_GT(modulation, 60);
     EXPECT_LT(modulation, 108);
     EXPECT_NEAR(first, -6, 4);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Files of the unit that are there and cannot be read: told, left as they are, and gone on with as
-// soon as they can be.
+// Files of the unit that exist but cannot be read: reported, left as they are, and used again once
+// they can be read.
 #include <gtest/gtest.h>
 
 #include "drivers/unit/day_log.h"
@@ -28,7 +28,7 @@ TEST(UnreadableFile, OfADaysLogIsToldAndNotTakenForAnEmptyOne) {
     const auto file = folder.path() / "20260304.log";
     folder.write("20260304.log", day);
     std::filesystem::permissions(folder.path(), std::filesystem::perms(0777));
-    // Others may write it, and not read.
+    // Writable for others, but not readable.
     std::filesystem::permissions(file, std::filesystem::perms(0222));
     const Readings readings = onAir();
     DayLog log(folder.path());

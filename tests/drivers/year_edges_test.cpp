@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The day's logs around the edges of the year: both changes of the clock, also those at midnight
-// and by half an hour, the leap day, and the new year. Each hour that the local clock shows has one
-// line, with all that was measured in it.
+// The day's logs around the edges of the year: both changes of the clock, at midnight and by half
+// an hour too, the leap day, and the new year. Each hour that the local clock shows has one line
+// with everything that was measured in it.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -18,13 +18,13 @@ namespace {
 
 using hmonitor::test::TempFolder;
 
-// The zones' rules themselves, so that no list of zones has to be installed.
+// The rules themselves, so that the machine needs no list of zones.
 constexpr const char* kSpain = "CET-1CEST,M3.5.0,M10.5.0/3";
-// As in 2018, when it was changed at midnight.
+// The rules of 2018, with a change at midnight.
 constexpr const char* kBrazilThen = "<-03>3<-02>,M11.1.0/0,M2.3.0/0";
 constexpr const char* kLordHowe = "<+1030>-10:30<+11>-11,M10.1.0,M4.1.0";
 
-/// The minutes that each hour's line of a day tells.
+/// The minutes in each hour's line of a day.
 std::map<int, double> minutesOf(const TempFolder& folder, const std::string& day) {
     std::map<int, double> minutes;
     std::istringstream log(folder.read(day + ".log"));
@@ -42,8 +42,8 @@ std::map<int, double> minutesOf(const TempFolder& folder, const std::string& day
 struct Edge {
     const char* name;
     const char* zone;
-    LocalTime from;             ///< midnight at which three days begin
-    std::map<int, double> odd;  ///< hours of the second day that are no 60 minutes; 0: no line
+    LocalTime from;             ///< the midnight before the three days
+    std::map<int, double> odd;  ///< hours of the second day of other than 60 minutes; 0: no line
     std::array<const char*, 3> days;
 };
 
@@ -66,7 +66,7 @@ TEST_P(YearEdges, EachHourHasALineWithAllThatWasMeasured) {
         log.tune(985, localTimeAt(begin));
         constexpr std::chrono::seconds kStep{10};
         for (auto now = begin + kStep; now <= end; now += kStep) {
-            // A step belongs to the hour in which it began.
+            // A step counts for the hour in which it began.
             const auto fault = log.add(readings, 1, kStep.count(), localTimeAt(now - kStep));
             ASSERT_EQ(fault, std::nullopt);
         }

@@ -22,7 +22,7 @@ FigureColumns registryColumns() {
     return columns;
 }
 
-/// A minute in which each figure wanders over its whole range, with all states in it.
+/// A minute in which each figure takes values from its whole range, with all states.
 std::vector<Second> wildMinute(std::int64_t minute, unsigned seed) {
     std::mt19937 random(seed);
     std::vector<Second> seconds;
@@ -117,7 +117,7 @@ TEST(SecondBlocks, ADamagedColumnIsAGapAndTheOthersStand) {
     Second second;
     for (FigureSecond& figure : second.figures) figure = {2, 1000, State::Known};
     std::string data = packSeconds(std::span(&second, 1), columns);
-    // The last figure's last byte becomes a number that goes on.
+    // The last byte now says that the number continues.
     data.back() = static_cast<char>(0x80);
     const auto block = SecondBlock::open(data);
     ASSERT_TRUE(block);

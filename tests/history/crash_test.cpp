@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The program dies at any step of the disk, and the disk stops at any prefix of what it was given.
-// A short seeded stretch here; scripts/history_crashes runs a thousand of each.
+// The program dies at any step of writing, and the disk stops after any prefix of its writes. A
+// short seeded part here; scripts/history_crashes runs a thousand of each.
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 #include <sys/wait.h>
@@ -18,7 +18,7 @@
 namespace history::test {
 namespace {
 
-constexpr int kRun = 150;  // seconds, over two minutes, an hour and a midnight
+constexpr int kRun = 150;  // seconds; crosses two minutes, an hour and a midnight
 
 int crashes() {
     const char* wanted = std::getenv("HMONITOR_HISTORY_CRASHES");
@@ -38,7 +38,8 @@ struct Crashes : testing::Test {
         feed.stop();
     }
 
-    /// Every second up to `acknowledged` is there, every file opens, and the next run goes on.
+    /// Expects every second up to `acknowledged`, that every file opens, and that the next run
+    /// continues.
     void expectWhole(const std::filesystem::path& folder, std::int64_t acknowledged,
                      const std::string& where) {
         const std::int64_t next = begin + kRun + 10;
@@ -93,13 +94,13 @@ TEST_F(Crashes, KilledAtAnyStepOfTheDiskNothingAcknowledgedIsLost) {
         for (std::int64_t told = 0; ::read(acks[0], &told, sizeof told) > 0;) acknowledged = told;
         ::close(acks[0]);
         ::waitpid(child, nullptr, 0);
-        // The second that was not over was not acknowledged.
+        // The last acknowledged second may still have been open.
         expectWhole(folder, std::max(begin, acknowledged - 1), "step " + std::to_string(last));
         std::filesystem::remove_all(folder);
     }
 }
 
-/// Files as the disk has them after so many steps; the last write may be cut in its middle.
+/// The files on the disk after so many steps; the last write may be cut in half.
 class Image {
  public:
     void take(const DiskStep& step, bool half) {
@@ -137,7 +138,7 @@ class Image {
 
 TEST_F(Crashes, CutAtAnyPrefixOfItsWritesTheDiskHasEveryAcknowledgedSecond) {
     std::vector<DiskStep> steps;
-    std::vector<std::pair<std::size_t, std::int64_t>> acks;  // steps before it, told up to
+    std::vector<std::pair<std::size_t, std::int64_t>> acks;  // steps before it, second
     {
         WatchedDisk disk([&](const DiskStep& step) { return steps.push_back(step), SQLITE_OK; });
         record(temp.path() / "whole",

@@ -11,8 +11,8 @@
 
 namespace history::test {
 
-/// What scripts/history_day.py prints, as rows of fields; the first is the head. It shares no line
-/// with the store.
+/// The output of scripts/history_day.py as rows of fields, the head first. The script shares no
+/// code with the store.
 using Row = std::vector<std::string>;
 
 inline std::vector<Row> readDay(const std::filesystem::path& file, const std::string& options) {
@@ -27,7 +27,7 @@ inline std::vector<Row> readDay(const std::filesystem::path& file, const std::st
     std::istringstream lines(text);
     for (std::string line; std::getline(lines, line);) {
         if (!line.empty() && line.back() == '\r') line.pop_back();
-        // Not quoted, none of them.
+        // No field is quoted.
         Row row;
         std::istringstream fields(line + ",");
         for (std::string field; std::getline(fields, field, ',');) row.push_back(field);

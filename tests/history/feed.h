@@ -15,7 +15,7 @@ using hmonitor::test::TempFolder;
 
 inline constexpr int kStation = 98500;
 
-/// The place of a figure in the registry.
+/// The index of a figure in the registry.
 inline std::size_t indexOf(std::string_view key) {
     const auto registry = figures::all();
     for (std::size_t i = 0; i < registry.size(); ++i) {
@@ -27,7 +27,7 @@ inline std::size_t indexOf(std::string_view key) {
 /// A value for each figure of the registry.
 using Outputs = std::array<float, figures::kCount>;
 
-/// Inputs, one by one, at times that a test chooses.
+/// Makes inputs for times that a test chooses.
 struct Inputs {
     static Input at(std::int64_t utcMs, Input::What what) {
         Input input;
@@ -41,7 +41,7 @@ struct Inputs {
         input.audioMode = static_cast<std::uint8_t>(mode);
         return input;
     }
-    /// Each figure of the registry, all known.
+    /// All figures of the registry, all known.
     static Input readings(std::int64_t utcMs, const Outputs& outputs) {
         Input input = at(utcMs, Input::What::Readings);
         for (std::size_t i = 0; i < outputs.size(); ++i) input.value[i] = outputs[i];
@@ -58,7 +58,7 @@ struct Inputs {
     }
 };
 
-/// What a recording makes, in memory.
+/// Keeps in memory what a recording makes.
 struct Kept final : RecordingSink {
     std::vector<Second> seconds;
     std::vector<Event> events;
@@ -71,13 +71,13 @@ struct Kept final : RecordingSink {
     }
 };
 
-/// A recorder without its thread, on a virtual clock: readings twice a second.
+/// A recorder without its thread, on a virtual clock, that gets readings twice a second.
 class Feed {
  public:
     /// The figures at a second.
     using Series = std::function<Outputs(std::int64_t t)>;
 
-    /// Why a figure is not known at a second.
+    /// The reason why a figure is not known at a second.
     using States = std::function<State(std::size_t figure, std::int64_t t)>;
 
     explicit Feed(const std::filesystem::path& folder, std::int64_t begin,
@@ -98,7 +98,7 @@ class Feed {
         return settings;
     }
 
-    /// Every figure its number, from 1, plus the second of the minute over a hundred.
+    /// Each figure is its number, from 1, plus a hundredth of the second of the minute.
     static Outputs rising(std::int64_t t) {
         Outputs outputs{};
         for (std::size_t i = 0; i < outputs.size(); ++i) {
@@ -107,7 +107,7 @@ class Feed {
         return outputs;
     }
 
-    /// In the mode L and R the two figures of the other one are not measured.
+    /// In the mode L and R, the two figures of the other mode are not measured.
     static State leftAndRight(std::size_t figure, std::int64_t) {
         const bool isOther = figures::all()[figure].source.mode == figures::Mode::SumDifference;
         return isOther ? State::NotMeasured : State::Known;
@@ -115,7 +115,7 @@ class Feed {
 
     void tune(int khz = kStation, int mode = 0) { take(Inputs::tuned(0, khz, mode)); }
 
-    /// Goes on for so many seconds; commits every `commitEvery` and at the end.
+    /// Continues for so many seconds; commits every `commitEvery` seconds and at the end.
     void run(std::int64_t seconds, int commitEvery = 5) {
         for (std::int64_t i = 0; i < seconds; ++i) {
             const auto outputs = series(now);
@@ -143,8 +143,8 @@ class Feed {
         recording.take(input);
     }
 
-    std::int64_t now;          ///< by a clock that nobody sets
-    std::int64_t stepped = 0;  ///< by how much the wall clock was set, seconds
+    std::int64_t now;          ///< a clock that is never set
+    std::int64_t stepped = 0;  ///< how far the wall clock was set, seconds
     Series series;
     States states;
     std::function<void()> onCommit;

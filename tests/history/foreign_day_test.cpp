@@ -30,7 +30,7 @@ struct ForeignDays : testing::Test {
         database.run(sql);
         database.run("PRAGMA wal_checkpoint(TRUNCATE)");
     }
-    /// What a stranger may have done to the file is done without the guards.
+    /// Switches SQLite's guards off, since a stranger's program may have written without them.
     static void sqlite3_db_config_off(Database& database);
     ForeignDay::Refusal refusal() {
         const auto opened = ForeignDay::open(file);

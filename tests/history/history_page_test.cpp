@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The queries of docs/history.md, as they stand there.
+// The queries of docs/history.md, run as they are printed there.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

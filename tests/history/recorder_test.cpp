@@ -86,7 +86,7 @@ TEST(Recorder, WritesWhatItWasHandedBeforeItEnds) {
         EXPECT_EQ(band.knownMs, 1000);
         EXPECT_EQ(band.mean, 5);
     }
-    // What was handed in before its thread stood is older than its start.
+    // Inputs from before its thread ran are older than its start.
     std::multiset<EventKind> kinds;
     for (const Event& event : query.events(begin, begin + 60)) kinds.insert(event.kind);
     EXPECT_EQ(kinds,

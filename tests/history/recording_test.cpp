@@ -23,13 +23,13 @@ struct RecordingTest : testing::Test {
     std::int64_t now = kBegin;
 
     void tuned(int khz = kStation, int mode = 0) { recording.take(Inputs::tuned(now, khz, mode)); }
-    /// Readings every 30 ms, as the heartbeat asks.
+    /// Readings every 30 ms, as of the heartbeat.
     void beats(std::int64_t ms, float value = 5) {
         for (const std::int64_t end = now + ms; now < end; now += 30) {
             recording.take(Inputs::readings(now, outputs(value)));
         }
     }
-    /// Slots of 50 ms; their numbers go on.
+    /// Slots of 50 ms with consecutive numbers.
     void slots(int count, float value = 5) {
         for (int i = 0; i < count; ++i) {
             now += 50;
@@ -220,7 +220,7 @@ TEST_F(RecordingTest, LateSlotsStandWhereTheyWereMeasured) {
     tuned();
     slots(20);
     const std::int64_t held = now;
-    now += 2500;  // the thread was held; the library went on
+    now += 2500;  // the program's thread was held, the library went on
     for (int i = 1; i <= 50; ++i) {
         Input input = Inputs::slot(now, ++number, 8);
         input.slotUtcMs = held + i * 50;

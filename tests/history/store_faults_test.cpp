@@ -41,7 +41,7 @@ TEST_F(StoreFaults, ADiskThatIsFullAtAnyWriteLosesNothingOnceThereIsRoom) {
     int failing = -1;
     WatchedDisk disk([&](const DiskStep& step) {
         if (step.what != DiskStep::What::Write) return SQLITE_OK;
-        // From one write on there is no room, for so long as ten seconds of commits.
+        // From one write on the disk is full, for ten seconds of commits.
         return ++writes > failing && failing >= 0 ? SQLITE_FULL : SQLITE_OK;
     });
     const auto run = [&](int from, const std::filesystem::path& in) {
@@ -144,7 +144,7 @@ TEST_F(StoreFaults, ADayThatIsDamagedInTheMiddleIsSetAsideAndANewOneBegun) {
     EXPECT_EQ(feed.store.status().setAside, "2026-05-04.hm16day");
     EXPECT_EQ(feed.store.status().state, State_::Recording);
     EXPECT_EQ(knownSeconds(begin + 1200, 129), 129);
-    // Its minutes stand in the index.
+    // Its minutes are in the index.
     const auto minutes =
         Query(folder).bands({kStation, indexOf("field"), begin * 1000, (begin + 1200) * 1000, 20});
     for (const Band& band : minutes) EXPECT_EQ(band.knownMs, 60000);

@@ -116,7 +116,7 @@ TEST_F(StoreTest, ARunGoesOnWhereTheLastOneWasEnded) {
     {
         Feed feed(folder, begin);
         feed.tune();
-        feed.run(95);  // ended without a word
+        feed.run(95);  // then killed
     }
     Feed feed(folder, begin + 100);
     feed.tune();
@@ -159,7 +159,7 @@ TEST_F(StoreTest, AClockSetForwardAndBackLeavesEverySecond) {
     feed.stepped = -3600;
     feed.run(70);
     feed.stop();
-    // The second in which the clock was set is known in part.
+    // The second in which the clock was set is only partly known.
     EXPECT_EQ(knownSeconds(begin, 70), 69);
     EXPECT_GE(knownSeconds(begin + 86400 + 70, 70), 69);
     EXPECT_GE(knownSeconds(begin - 3600 + 140, 70), 69);
@@ -186,7 +186,7 @@ TEST_F(StoreTest, AnIndexThatIsLostIsMadeAnewFromTheDays) {
     {
         Feed feed(folder, begin);
         feed.tune();
-        feed.run(3900, 60);  // over a full hour and a midnight
+        feed.run(3900, 60);  // across a full hour and a midnight
         feed.stop();
     }
     const auto indexRows = [this] {

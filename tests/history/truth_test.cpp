@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Known series through recorder and store, compared with what scripts/history_day.py, which shares
-// no line with them, reads out of the files and works out of the seconds by itself.
+// Known series are recorded and stored, then compared with what scripts/history_day.py, which
+// shares no code with the store, reads out of the files and works out itself.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -24,7 +24,7 @@ Outputs waves(std::int64_t t) {
     return outputs;
 }
 
-/// Fades, noise and a pilot that goes, each in minutes of its own.
+/// Fades, noise and a missing pilot, each in some minutes.
 State troubles(std::size_t figure, std::int64_t t) {
     if (figure == 3 || figure == 4) return State::NotMeasured;
     const std::int64_t second = t % 900;
@@ -57,7 +57,7 @@ class Truth : public testing::TestWithParam<Stretch> {
         feed.tune();
         feed.run(GetParam().seconds, 60);
         feed.stop();
-        // So that the last hour and day are summed up too.
+        // Closes the last hour and the last day, too.
         feed.store.commit(GetParam().begin + 3 * 86400);
     }
     std::vector<Row> read(const std::string& day, const std::string& options) const {
@@ -106,7 +106,7 @@ void Truth::compareSpans(std::int64_t step, const std::string& options) {
     }
     int compared = 0;
     for (const std::string& day : GetParam().days) {
-        // An hour over a midnight is in two files, and the reader reads one.
+        // An hour across midnight is in two files, but the reader reads one.
         const auto rows = read(day, options);
         for (std::size_t r = 1; r < rows.size(); ++r) {
             const std::int64_t t = std::stoll(rows[r][1]);
@@ -153,13 +153,13 @@ TEST_P(TruthOfADay, IsWhatTheReaderWorksOut) {
     compareSpans(kDayStep, "--span day");
 }
 
-/// What the reader finds of a clock that was set in the middle of a run.
+/// What the reader finds after the clock was set in the middle of a run.
 class TruthOfClocks : public testing::Test {
  protected:
     static constexpr std::int64_t kHalf = 900;
     const std::int64_t begin = utc(2026, 5, 4, 12);
 
-    /// Half of the run, the step, the other half.
+    /// Half of the run, the step of the clock, the other half.
     void record(std::int64_t step) {
         Feed feed(folder, begin);
         feed.series = &waves;
@@ -169,7 +169,7 @@ class TruthOfClocks : public testing::Test {
         feed.run(kHalf);
         feed.stop();
     }
-    /// Rows of a day by epoch: {time: value of the pilot's level}.
+    /// The rows of a day and an epoch: {time: value of the pilot's level}.
     std::map<std::int64_t, double> pilotOf(const std::string& day, const std::string& epoch) const {
         std::map<std::int64_t, double> found;
         const auto rows = readDay(folder / (day + ".hm16day"), "");
@@ -180,10 +180,10 @@ class TruthOfClocks : public testing::Test {
         }
         return found;
     }
-    /// Every second from `from` on is there, as it was `ago` seconds later by the unset clock.
+    /// Expects half of the run from `from` on, with the values that belong to `ago` seconds later.
     static void expectRun(const std::map<std::int64_t, double>& found, std::int64_t from,
                           std::int64_t ago) {
-        // The second in which the clock is set has no end of its own.
+        // The second in which the clock is set stays open.
         for (std::int64_t t = from; t < from + kHalf - 1; ++t) {
             const auto second = found.find(t);
             ASSERT_NE(second, found.end()) << t;
@@ -219,7 +219,7 @@ TEST_F(TruthOfClocks, MidnightInTheMiddleOfAReadingGivesEachDayItsPart) {
         feed.recording.take(readings);
     };
     feed.recording.take(Inputs::tuned(midnight * 1000 - 1300));
-    // 10 holds from 1.3 s before midnight, 20 from 0.2 s before to 0.3 s behind, then 40.
+    // 10 until 0.2 s before midnight, 20 until 0.3 s after it, then 40.
     tell(-1300, 10);
     tell(-900, 10);
     tell(-500, 10);

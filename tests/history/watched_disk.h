@@ -7,7 +7,7 @@
 
 namespace history::test {
 
-/// What SQLite is about to do to the disk.
+/// One access of SQLite to the disk.
 struct DiskStep {
     enum class What { Open, Write, Truncate, Flush, Delete };
     What what = What::Open;
@@ -16,8 +16,8 @@ struct DiskStep {
     std::string bytes;        ///< Write
 };
 
-/// A layer between SQLite and the disk, by its name. Each step goes past `onStep` first: 0 lets it
-/// happen, an SQLite code makes it fail. One of them at a time.
+/// A layer between SQLite and the disk, registered under its name. `onStep` is called before each
+/// step: 0 lets it happen, an SQLite code makes it fail. Only one may exist at a time.
 class WatchedDisk {
  public:
     static constexpr const char* kName = "watched";

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Days with everything that happens to a recorder: stations and analyses, fades, sleep, kills and
-// starts, a clock that is set. Every second, minute, hour and day is compared with what
-// scripts/history_day.py reads and works out by itself. scripts/history_year lets it run longer.
+// Days with everything that can happen to a recorder: stations and analyses, fades, sleep, kills
+// and starts, a clock that is set. Every second, minute, hour and day is compared with what
+// scripts/history_day.py reads and works out. scripts/history_year runs it longer.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -24,7 +24,7 @@ long setting(const char* name, long otherwise) {
     return text ? std::atol(text) : otherwise;
 }
 
-/// Another value in each second, by a clock that nobody sets.
+/// A different value in each second, by a clock that is never set.
 Outputs anySeries(std::int64_t now) {
     Outputs outputs;
     for (std::size_t i = 0; i < outputs.size(); ++i) {
@@ -59,17 +59,17 @@ class Year : public testing::Test {
     }
     int upTo(int most) { return static_cast<int>(random() % static_cast<unsigned>(most)) + 1; }
 
-    /// One thing that happens.
+    /// One random event.
     void live() {
         switch (upTo(12)) {
-            case 1:  // an orderly end, and a start
+            case 1:  // ends in order and starts again
                 feed->stop();
                 feed.reset();
                 now += upTo(100);
                 begin();
                 feed->tune(station);
                 break;
-            case 2:  // a kill: what was not committed is gone
+            case 2:  // is killed: what was not committed is lost
                 feed.reset();
                 now += upTo(20);
                 begin();
@@ -79,7 +79,7 @@ class Year : public testing::Test {
                 station = kStations[random() % std::size(kStations)];
                 feed->tune(station);
                 break;
-            case 4:  // an analysis
+            case 4:  // an analysis takes the unit
                 feed->take(Inputs::at(0, Input::What::Halted));
                 feed->now += upTo(200);
                 feed->take(Inputs::at(0, Input::What::Tick));
@@ -102,13 +102,13 @@ class Year : public testing::Test {
     void measure(int seconds) {
         for (int i = 0; i < seconds; ++i) {
             feed->run(1);
-            // The one before is whole since this one has begun.
+            // The previous second is complete now that this one has begun.
             const std::int64_t before = feed->now - 2;
             if (i < 2 || anyState(8, before) != State::Known) continue;
             expected[{before + feed->stepped, station, feed->recording.epoch()}] =
                 anySeries(before)[8];
         }
-        // What was handed in and is in no file yet dies with the recorder.
+        // Inputs that are in no file yet would die with the recorder.
         feed->commit();
     }
 
@@ -161,7 +161,7 @@ void Year::compareSpans(const std::filesystem::path& file, std::int64_t step, co
         const int khz = std::stoi(row[2]);
         const int epoch = std::stoi(row[3]);
         std::int64_t t = std::stoll(row[1]);
-        // The reader calls a whole file's span 0.
+        // For the whole file the reader prints the span 0.
         std::int64_t end = t + 1;
         if (step == kDayStep) {
             const auto noon = utc(day.year, day.month, day.day, 11);
@@ -201,12 +201,12 @@ TEST_F(Year, EverySecondMinuteHourAndDayIsWhatTheReaderWorksOut) {
     feed->tune(station);
     for (long day = 0; day < days; ++day) {
         const CivilDay today = CivilDay::of(now + stepped);
-        // Some hours of it; the rest of the day nobody records.
+        // Some hours of recording; nothing in the rest of the day.
         for (int i = 0; i < 24 && CivilDay::of(now + stepped) == today; ++i) live();
         measure(5);
         now = feed->now = boundsOfDay(now + stepped).end - stepped + 7;
         stepped = feed->stepped;
-        // The next day has begun: this one is summed up.
+        // The next day has begun, so this one is summed up.
         feed->commit();
         feed->commit();
         const auto file = folder / (today.text() + ".hm16day");

@@ -8,7 +8,7 @@
 
 namespace history::test {
 
-/// The machine stands in another time zone while this lives.
+/// Sets the machine's time zone while this object exists.
 class Zone {
  public:
     explicit Zone(const char* name) {

@@ -44,7 +44,7 @@ TEST(LimitEntryTest, TheKindSaysWhichBoundCounts) {
     entry.kind = LimitKind::Below;
     EXPECT_EQ(ruleOf(entry, pilotRule()).good.lowest, 8);
     EXPECT_TRUE(std::isinf(ruleOf(entry, pilotRule()).good.highest));
-    // What does not count may be anything.
+    // A bound that the kind does not use may be anything.
     entry.highest = "x";
     EXPECT_STREQ(faultOf(entry).english, "");
 }
@@ -74,7 +74,8 @@ TEST(LimitEntryTest, AnotherFigureIsOfferedItsGoodValues) {
     entry.lowest = "500";
     offerBounds(entry);
     EXPECT_EQ(entry.lowest, "40");
-    // It has no upper bound of its own: the end of its range, but for one that fits already.
+    // The figure has no upper bound, so the end of the range is offered, unless the present entry
+    // fits.
     EXPECT_EQ(entry.highest, "10");
     entry.highest = "";
     offerBounds(entry);

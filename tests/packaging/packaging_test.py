@@ -88,7 +88,7 @@ class Installed(unittest.TestCase):
 
 
 class Described(unittest.TestCase):
-    """What describes the program holds together."""
+    """The files that describe the program agree with one another."""
 
     def version(self):
         return re.search(r"project\(hmonitor VERSION ([0-9.]+)", (TOP / "CMakeLists.txt").read_text())[1]
@@ -145,7 +145,7 @@ class Described(unittest.TestCase):
 
 
 class Started(unittest.TestCase):
-    """Which program the commands start, and in which folder."""
+    """Which program each command starts, and in which folder."""
 
     def setUp(self):
         self.folder = tempfile.TemporaryDirectory()
@@ -230,7 +230,7 @@ class Built(unittest.TestCase):
         self.folder.cleanup()
 
     def cmake(self, build):
-        """A CMake that notes its calls: one prepares, the other builds."""
+        """A stand-in for CMake that notes its calls: the first configures, the second builds."""
         path = self.tree / "bin/cmake"
         path.parent.mkdir(exist_ok=True)
         path.write_text(f"""#!/bin/bash

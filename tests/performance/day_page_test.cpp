@@ -41,7 +41,7 @@ std::vector<std::string> linesOf(const DayPage& page, std::string_view log = "")
     return recorded(composeDayPage(page, tables));
 }
 
-/// The last polyline of a series: the only one of its number of points.
+/// The last polyline of a series: only that one has all its points.
 std::vector<std::string> wholeCurves(std::string_view log) {
     const auto drawn = beginning(linesOf(plainPage(), log), "polyline ");
     std::vector<std::string> curves;
@@ -170,7 +170,7 @@ TEST(DayPage, ClipsWhatLiesBeyondTheRange) {
     EXPECT_EQ(y(0, "151"), 900);
     EXPECT_EQ(y(1, "-12"), 12400);
     EXPECT_EQ(y(1, "-10"), 12400);
-    // Above 5 dB a level leaves the frame, up to the clip at 10 dB.
+    // Above 5 dB a level is drawn outside the frame, up to 10 dB.
     EXPECT_EQ(y(1, "5"), 10399);
     EXPECT_EQ(y(1, "10"), 9732);
     EXPECT_EQ(y(1, "30"), 9732);
@@ -180,7 +180,7 @@ TEST(DayPage, ClipsWhatLiesBeyondTheRange) {
     EXPECT_EQ(y(5, "400"), 4790);
     EXPECT_EQ(y(6, "11"), 7600);
     EXPECT_EQ(y(7, "-1"), 9600);
-    // Halves go to the even unit.
+    // Halves are rounded to the even unit.
     EXPECT_EQ(y(7, "0.0025"), 9600);
     EXPECT_EQ(y(7, "0.0075"), 9598);
 }
@@ -188,7 +188,7 @@ TEST(DayPage, ClipsWhatLiesBeyondTheRange) {
 TEST(DayPage, AnHourWithoutALineLiesAtTheLowEnd) {
     const auto curves = wholeCurves("1 A A A A A A A A A \r\n");
     EXPECT_THAT(curves[0], testing::StartsWith("550 4000 971 4000 1392 4000 "));
-    // An absent figure in a line counts as 0 dB, an absent line as the -10 mark.
+    // A missing figure in a line counts as 0 dB, a missing line as the -10 mark.
     EXPECT_THAT(curves[1], testing::StartsWith("550 12400 971 11066 1392 12400 "));
     EXPECT_THAT(curves[4], testing::StartsWith("550 4000 971 4000 "));
 }

@@ -149,7 +149,7 @@ TEST(DayTables, ALogCutAtAnyLengthReadsAsFarAsItGoes) {
         const DayTables cut = tablesOf(std::string_view(whole).substr(0, length));
         const auto ended =
             std::count(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length), '\n');
-        // A line that is cut behind its first digit is one of that hour.
+        // A line that is cut after its first digit counts for the hour of that digit.
         const bool oneDigit = length > 0 && (length == 1 || whole[length - 2] == '\n');
         const int digit = oneDigit ? whole[length - 1] - '0' : -1;
         for (int hour = 0; hour < 24; ++hour) {

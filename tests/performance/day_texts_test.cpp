@@ -19,7 +19,7 @@ std::string lineOf(std::string_view bytes, int list, int hour) {
     return listLine(tables, kDayLists[list - 1], hour);
 }
 
-/// The report's lines between its heads: of the first and of the second table.
+/// The lines of the report's first table and of its second, without their heads.
 std::vector<std::string> firstTable(const std::vector<std::string>& report) {
     std::vector<std::string> lines;
     for (std::size_t i = 4; i < report.size() && report[i] != "\t\t" + std::string(82, '-'); ++i)

@@ -59,7 +59,7 @@ TEST_F(PageWindow, TheScrollBarSetsTheZoom) {
     bench.hand.set(bench.page.hscZoom, 125);
     bench.desktop.settle();
     EXPECT_EQ(bench.page.ViewPro1.zoom.get(), 125);
-    // A new page keeps it.
+    // A new page keeps the zoom.
     press(bench.page.SSCommand3);
     EXPECT_EQ(bench.page.ViewPro1.zoom.get(), 125);
 }

@@ -140,7 +140,7 @@ TEST(LogWindow, WithoutLogsNoDayIsChosenAndTheChartsAreClear) {
     for (const char* day : {"20260302.log", "20260303.log", "20260304.log"}) bench.remove(day);
     bench.open();
     EXPECT_THAT(bench.charts.Combo1.list.rows(), IsEmpty());
-    // The row under the pointer is written before the pointer moves: the last one stays empty.
+    // Each row is written before the row pointer moves on, so the last one stays empty.
     std::vector<std::string> wanted(23, "0");
     wanted.emplace_back();
     for (display::Chart& chart : bench.charts.Graph) EXPECT_EQ(cellsOf(chart), wanted);
@@ -161,7 +161,7 @@ TEST(LogWindow, ResetWritesTheRowUnderThePointerFirst) {
     }
     form.Graph[2].column = 2;
     form.Reset();
-    // Row 5, under the pointer, then rows 1 to 23; row 24 is left as it was.
+    // Row 5, where the row pointer is, then rows 1 to 23; row 24 stays as it was.
     std::vector<std::string> written(23, "0");
     written.emplace_back("9");
     for (std::size_t i = 0; i < 6; ++i) {
@@ -248,7 +248,7 @@ TEST(LogWindow, BackgroundsTrembleAsTheBarsMove) {
     bench.hand.set(form.HScroll2, 6);
     bench.desktop.settle();
     EXPECT_THAT(lefts(), Each(-120.f));
-    // A new load begins on the same side.
+    // A new load begins at the same side.
     bench.hand.set(form.HScroll1, 0);
     bench.hand.click(form.SSCommand3);
     bench.desktop.settle();

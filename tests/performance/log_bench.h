@@ -8,16 +8,16 @@
 
 namespace hmonitor::test {
 
-/// The measuring rack with three days of logs, and the windows that show them.
+/// The measuring rack with three days of logs, and the windows of the log.
 class LogBench : public RackBench {
  public:
     explicit LogBench(int languageId = kEnglish, Brand brand = Brand::Marvenia);
 
-    /// By the key of the analyses panel.
+    /// Opens the log by the key of the analyses panel.
     void open();
-    /// Through the charts into the text of the chosen day.
+    /// Opens the charts, and from them the text of the chosen day.
     void openText();
-    /// Chooses a day in `Combo1` as a hand does.
+    /// Chooses a day in `Combo1` as the user does.
     void choose(std::string_view day);
 
     hmonitor::Form_D4A& charts;

@@ -130,7 +130,7 @@ def a_day(seed, hours=range(24), two_digits=False, end="\r\n"):
 
 
 LONG = "5 " + "1" * 20 + " " + "2" * 20 + " " + "3" * 20 + " 4 5 6 7 8 "
-NINTH = 102 - len(LONG)  # what remains of an aligned line of 103 characters
+NINTH = 102 - len(LONG)  # the rest of an aligned line of 103 characters
 DAYS = {
     "20260301": a_day(1),
     "20260302": a_day(2, two_digits=True, end="\n"),

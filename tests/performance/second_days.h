@@ -7,7 +7,7 @@
 
 namespace hmonitor::test {
 
-/// One day of log_days.txt, the results of an independent program. Texts are UTF-8.
+/// One day of log_days.txt, which an independent program calculated. Texts are UTF-8.
 struct SecondDay {
     std::string day;
     std::string bytes;  ///< of the log, in the code page

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the driver door tells its listeners: each thing once, in its order, and no call more of the
-// library.
+// What the driver door tells its listeners: everything once and in its order, without any further
+// call of the library.
 #include "program/door_listener.h"
 
 #include <gmock/gmock.h>
@@ -25,7 +25,7 @@ using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// Writes down what it hears, among the driver's calls where it is given their journal.
+/// Notes what it hears; with a journal of driver calls, between those calls.
 struct NotedDoor final : DoorListener {
     explicit NotedDoor(std::vector<std::string>* journal = nullptr)
         : noted(journal ? *journal : own) {}
@@ -297,7 +297,7 @@ TEST_F(ListenedDoor, WhatTheLibrarySaysOfAFigureGoesBeforeTheRule) {
     EXPECT_EQ(stateOf("field"), State::Settling);
     EXPECT_EQ(stateOf("noise_left"), State::Known) << "0 is a figure of its own here";
     EXPECT_EQ(stateOf("noise_right"), State::NotMeasured) << "nothing is said of it";
-    // What the readings cannot hold is not known whatever the library says.
+    // A reading that cannot hold the figure makes it unknown, whatever the library says.
     EXPECT_EQ(stateOf("level_sum"), State::NotMeasured);
     EXPECT_EQ(stateOf("multipath"), State::OutOfRange);
     door.HM_Parar();
@@ -317,7 +317,7 @@ class ListenedRun : public testing::Test {
     UnitLease lease{bench.program, bench.window};
 };
 
-/// Two points or two frequencies.
+/// A run of two points at two frequencies.
 struct TwoLevels final : LevelSink {
     int first() const override { return 0; }
     int last() const override { return 1; }
@@ -372,7 +372,7 @@ TEST(ListenedRack, HearsTheTunedStationWithEveryHeartbeatAndChangesNoCall) {
 
     const auto tunings = std::ranges::count(heard.noted, "tuned 981 peak L R");
     EXPECT_GE(tunings, 1);
-    // Never longer without a word than a slot of the unit.
+    // The gaps are never longer than a slot of the unit.
     display::Time last = heard.measurements.front().at;
     for (const Measured& measured : heard.measurements) {
         EXPECT_LE(measured.at - last, 50ms);

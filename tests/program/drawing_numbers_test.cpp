@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What each drawing of the program tells of its numbers.
+// The numbers that each drawing of the program offers.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

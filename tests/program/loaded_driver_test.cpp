@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Each call of the program reaches its own function of a library, with its arguments in their
-// places.
+// Each call of the program reaches the right function of a library, with its arguments in the right
+// order.
 #include "program/loaded_driver.h"
 
 #include <gmock/gmock.h>
@@ -17,7 +17,7 @@ namespace {
 
 using testing::ElementsAre;
 
-/// What the library was told.
+/// The calls that the library received.
 std::vector<std::string> told;
 
 template <class... Arguments>
@@ -28,7 +28,7 @@ std::int32_t tell(const char* name, std::int32_t result, Arguments... arguments)
     return result;
 }
 
-/// A library in which every function answers with a number of its own and notes what it was told.
+/// A library in which every function returns its own number and notes its arguments.
 HM16_Functions noting() {
     HM16_Functions f = {};
     f.init = []() { return tell("init", 1); };
@@ -155,7 +155,7 @@ TEST_F(LoadedDriverTest, LevelsAndVersionsComeBackInTheirOutputs) {
     EXPECT_EQ(level, 4.2f);
 }
 
-/// Loudspeakers that keep what they are told.
+/// Loudspeakers that keep their settings.
 HM16_ListenState loudspeakers{sizeof(HM16_ListenState), 1, 40, 0};
 const HM16_ListenV1 kListen{sizeof(HM16_ListenV1),
                             [](int32_t volume, int32_t muted) {
@@ -183,7 +183,7 @@ TEST_F(LoadedDriverTest, TheLoudspeakersAreThoseOfTheExtension) {
     EXPECT_EQ(other.sound(), std::nullopt);
 }
 
-/// A library whose slots say three figures, one of which the registry lacks.
+/// A library with slots of three figures, one of which the registry lacks.
 struct Slots {
     std::vector<HM16_Slot> kept;
     int figures = 3;

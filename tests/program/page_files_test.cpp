@@ -31,7 +31,7 @@ TEST(StationLine, OfAFrequencyThatIsNoMemoryHasNoName) {
     EXPECT_EQ(stationLine(bench.program), "100.5 MHz 2026-01-09");
 }
 
-/// What a page's key must leave as it is.
+/// What a page's key must not change.
 struct Untouched {
     explicit Untouched(RackBench& its)
         : bench(its), boxes(its.desktop.boxes.size()), clipboard(its.desktop.clipboard) {
@@ -124,7 +124,7 @@ TEST(PdfKey, OfTheReportWritesWhatPrintPrints) {
     EXPECT_EQ(bench.desktop.saveQuestions[0].stem, "RADIO UNO 98.1 MHz 20260304 Report");
 }
 
-/// What a page shows and hides, and what stands in its two comments.
+/// Which controls a page shows, and the texts of its two comments.
 std::string stateOf(const SheetForm& page) {
     std::string state = page.Text1.text.get() + "|" + page.Text2.text.get() + "|";
     for (const display::Control* control : page.controls()) {

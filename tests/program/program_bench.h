@@ -46,7 +46,7 @@ struct NotedPanels final : TuningPanels {
     std::vector<std::string>& noted;
 };
 
-/// A window with a stop key and a key that a run does not list.
+/// A window with a stop key, and a key that a run does not let through.
 class RunWindow final : public ProgramForm {
  public:
     RunWindow(Program& itsProgram, std::string name) : ProgramForm(itsProgram, std::move(name)) {}
@@ -62,8 +62,8 @@ class RunWindow final : public ProgramForm {
     void layOut() override;
 };
 
-/// The tuner and whatever asks for the unit, without the program's forms. A rack of four blank
-/// panels, a window, settings files with L and R, peak, no log, nothing armed.
+/// The tuner, and windows that take the unit, without the program's forms: a rack of four empty
+/// panels, a window, and settings with L and R, peak, no log, nothing armed.
 struct ProgramBench {
     ProgramBench();
     std::vector<std::string> take() { return std::exchange(desktop.journal, {}); }

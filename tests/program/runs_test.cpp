@@ -21,7 +21,7 @@ using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// Levels of 90, 90.1 ... MHz, as they come.
+/// Notes the levels at 90, 90.1 ... MHz as they come.
 struct NotedLevels final : LevelSink {
     int first() const override { return firstIndex; }
     int last() const override { return lastIndex; }
@@ -95,7 +95,7 @@ TEST_F(Runs, PointByPoint_AStopIsHeardBeforeTheNextPoint) {
     stopAt(901);
     EXPECT_EQ(points.measure(sink), PointRun::End::Stopped);
     EXPECT_THAT(sink.noted, ElementsAre("0: 30", "1: 30"));
-    // In the last point there is no next one: the round was measured whole.
+    // In the last point no point is left to skip: the round was measured whole.
     sink.noted.clear();
     stopAt(902);
     EXPECT_EQ(points.measure(sink), PointRun::End::Done);
@@ -182,7 +182,7 @@ TEST_F(Runs, ByFrames_AHaltedUnitIsAskedForTheSameFrameAgain) {
     frames.look();
     frames.look();
     EXPECT_THAT(bench.take(), ElementsAre("driver HM_StartEspectro(900, 902, 25)"));
-    // Not where the frame had come before the halt.
+    // The sweep is not started again if the frame had come before the halt.
     frames.halt();
     bench.driver.frames = {1};
     frames.look();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What all pages that look like a sheet of paper do, from the key that opens each to the printer.
+// What all pages that look like a sheet of paper do, from the key that opens them to the printer.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -15,11 +15,11 @@ namespace hmonitor::test {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// A page and the way to it.
+/// A page and how it is opened.
 struct PageOf {
     const char* name;
     SheetForm& (*page)(RackBench& bench);
-    /// From the rack to the page, by the keys that lead there.
+    /// Opens the page from the rack, by the keys that lead there.
     void (*open)(RackBench& bench);
     display::Key& (*opener)(RackBench& bench);
 };
@@ -31,7 +31,7 @@ void door(RackBench& bench, display::Picture& key) {
     bench.release(key);
 }
 
-// The forms' own slots are named like their classes.
+// The slots of these forms are named like their classes, hence `bench.forms`.
 const PageOf kPages[] = {
     {"BandScan", [](RackBench& bench) -> SheetForm& { return bench.forms.formPrintBandScan; },
      [](RackBench& bench) { door(bench, bench.formD.Image2); },
@@ -57,7 +57,7 @@ bool isChart(const PageOf& page) {
     return std::string_view(page.name) == "BandScan" || std::string_view(page.name) == "Response";
 }
 
-/// The controls that changed since a look at the form's clock, in the order of their last change.
+/// The controls that changed since that revision, in the order of their last change.
 std::vector<std::string> changedSince(const display::Form& form, std::uint64_t since) {
     std::vector<const display::Control*> changed;
     for (const display::Control* control : form.controls()) {
@@ -84,7 +84,7 @@ class SheetPages : public testing::TestWithParam<PageOf> {
     void show() { bench.click(opener); }
     void comment(std::string_view text) { bench.edit(page.Text1, text); }
     void print() { bench.click(page.SSCommand2); }
-    /// How often it was handed to the printer.
+    /// How often the page was printed.
     std::size_t prints() const { return bench.desktop.printedSheets.size(); }
 
     RackBench bench;
@@ -175,7 +175,7 @@ TEST_P(SheetPages, PaperShowsTheCommentAndNoKeys) {
     };
     print();
     EXPECT_EQ(prints(), 1u);
-    // It stands as before, though nobody sees it.
+    // The printed page is not the shown one, which stays as it was.
     EXPECT_FALSE(page.Text2.enabled);
     EXPECT_TRUE(page.Text1.enabled);
     EXPECT_TRUE(page.Label9.visible);
@@ -285,7 +285,7 @@ TEST_P(SheetPages, AreMovedByTheirTitle) {
     bench.settle();
     EXPECT_EQ(page.left, left + 60);
     EXPECT_EQ(page.top, top - 30);
-    // From then on its place is the user's.
+    // From then on its place is where the user put it.
     bench.click(page.SSCommand1);
     show();
     EXPECT_EQ(page.left, left + 60);

@@ -8,7 +8,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// A station that is heard.
+/// A station that is received.
 Readings station() {
     Readings readings;
     readings.rdsError = 1;
@@ -64,8 +64,8 @@ TEST_F(Still, AreComparedToTheBit) {
 }
 
 TEST_F(Still, AreNeverStaleOnAnEmptyChannel) {
-    // No field at all, and a field on which nothing is heard: levels at their foot, phase in the
-    // middle.
+    // No field, and a field without anything to hear: the levels are at their lowest, the phase in
+    // the middle.
     for (const float field : {0.f, 12.f}) {
         Readings empty;
         empty.levelFirst = empty.levelSecond = -64;

@@ -16,7 +16,7 @@ using testing::Not;
 
 class TunerTest : public testing::Test {
  protected:
-    /// The first tuning is behind us.
+    /// Does the first tuning.
     void start() {
         bench.tuner.ManualTune = 0;
         bench.tuner.tuneByBar();
@@ -48,7 +48,7 @@ TEST_F(TunerTest, TheFirstMoveOfTheBarStartsTheRackAndOpensTheGate) {
                                           "show tuned", "show figures", "rack stands"));
     EXPECT_EQ(tuner.PanelStarted, 1);
     EXPECT_TRUE(bench.desktop.queue().gateOpen());
-    // Only once.
+    // It is announced only once.
     tuner.ManualTune = 0;
     tuner.tuneByBar();
     EXPECT_THAT(bench.take(), Not(Contains("rack stands")));
@@ -59,7 +59,7 @@ TEST_F(TunerTest, AStartFallsBackToLeftAndRight) {
     tuner.tuneByBar();
     EXPECT_THAT(bench.take(), Contains("driver HM_Normal(981, 1, 0, 0, 1)"));
     EXPECT_EQ(bench.scratch.read("hm-16.dat"), lines({"1", "0", "0", "1", "1", "1", "0", "0"}));
-    // A retuning takes what is stored.
+    // The next tuning reads the stored mode.
     tuner.storeMode(AudioMode::SumDifference);
     tuner.retune();
     EXPECT_THAT(bench.take(), Contains("driver HM_Normal(981, 1, 1, 0, 1)"));
@@ -85,7 +85,7 @@ TEST_F(TunerTest, TheFirstMoveArmsTheResponseThatIsSwitchedOn) {
     EXPECT_THAT(journal, Contains("response armed"));
     EXPECT_THAT(journal, Contains("driver HM_Normal(981, 0, 0, 1, 0)"));
     EXPECT_EQ(state.ResponseState, "si");
-    // A retuning keeps it.
+    // The next tuning keeps it.
     tuner.retune();
     EXPECT_THAT(bench.take(), Contains("driver HM_Normal(981, 0, 0, 1, 0)"));
 }

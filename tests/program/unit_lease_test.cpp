@@ -36,7 +36,7 @@ TEST_F(UnitLeaseTest, SaysWhoHasTheUnitAndSinceWhen) {
     EXPECT_EQ(bench.program.unitInUse.window, &bench.window);
     EXPECT_EQ(bench.program.unitInUse.since, 300ms);
     bench.advance(200ms);
-    // Asking again is no new taking.
+    // Taking it again changes nothing.
     EXPECT_TRUE(lease.take());
     EXPECT_EQ(bench.program.unitInUse.since, 300ms);
     EXPECT_THAT(bench.take(), IsEmpty());
@@ -46,7 +46,7 @@ TEST_F(UnitLeaseTest, IsGivenToOneWindowAtATime) {
     EXPECT_TRUE(lease.take());
     EXPECT_FALSE(others.take());
     EXPECT_FALSE(others.held());
-    // Who does not have the unit cannot give it back.
+    // A lease that does not have the unit cannot return it.
     others.giveBack(UnitLease::Back::LeftRight);
     EXPECT_TRUE(lease.held());
     EXPECT_THAT(bench.take(), IsEmpty());
@@ -88,7 +88,7 @@ TEST_F(UnitLeaseTest, GivesTheUnitBackAsItIsStoredOrInLeftAndRight) {
     ASSERT_TRUE(lease.take());
     lease.giveBack(UnitLease::Back::LeftRight);
     EXPECT_THAT(bench.take(), Contains("driver HM_Normal(981, 0, 0, 0, 0)"));
-    // Back it is: once more does nothing.
+    // Returning it again does nothing.
     lease.giveBack(UnitLease::Back::LeftRight);
     EXPECT_THAT(bench.take(), IsEmpty());
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The head of a window says which station it measures, and when.
+// The head of a window says which station is measured, and when.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -10,7 +10,7 @@
 
 namespace hmonitor::test {
 
-/// Lets a file look as if it had been written at that moment of UTC.
+/// Sets the time at which a file was last written, in UTC.
 void datedFile(RackBench& bench, std::string_view name, std::chrono::sys_seconds at) {
     std::filesystem::last_write_time(bench.files.folder() / name,
                                      std::chrono::file_clock::from_sys(at));

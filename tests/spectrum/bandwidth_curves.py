@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A second reckoning of the bandwidth curve, in exact fractions. Shares no code with the program.
+"""A second calculation of the bandwidth curve, in exact fractions. Shares no code with the program.
 
 bandwidth_curves.txt: for each set of six peaks a line "peaks ...", then the percents at 1 to 150
 kHz of the curve through them.

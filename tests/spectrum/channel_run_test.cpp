@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The run of a channel spectrum, from the key that starts it to the file that it leaves.
+// The run of a channel spectrum, from the key that starts it to the file that it writes.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -31,7 +31,7 @@ TEST(ChannelRun, AtTheStartMeasures17PointsAround875AndLeavesTheRackUsable) {
     ASSERT_NE(version, calls.end());
     const std::vector<std::string> opening(version - 2, version);
     EXPECT_THAT(opening, ElementsAre("HM_Data", "HM_Parar"));
-    // A tuning refreshes the panels' figures too, which reads the unit in between.
+    // Without the readings that a tuning takes for the panels.
     std::vector<std::string> rest(version + 1, calls.end());
     std::erase(rest, "HM_Data");
     ASSERT_GE(rest.size(), 22u);
@@ -125,7 +125,7 @@ TEST(ChannelRun, EachSpanMeasuresItsPointsOnBothGenerationsOfUnits) {
 
 TEST(ChannelRun, StoresDbBelowTheCarrierWithNothingAtTheCentre) {
     SpectrumBench bench;
-    // Above the carrier, at it, below, far below; the ninth is the carrier itself.
+    // Above the carrier, equal to it, below, and far below; the ninth is the carrier itself.
     bench.driver.superLevels = {75, 70, 69, 40.5f, 20, 19, -10, 55, 33};
     bench.driver.superLevel = 50;
     bench.runSpan(0);
@@ -225,7 +225,7 @@ TEST(ChannelRun, WithoutAStepOnlyReturnsTheUnit) {
         EXPECT_FALSE(bench.exists("0979.spc"));
         EXPECT_EQ(bench.asks.Refused.caption, "The least step is 1 kHz.");
         EXPECT_EQ(bench.desktop.focus, &bench.asks.Text_Step);
-        // The word goes with the step that it was said of.
+        // The sentence about the step disappears when the step is changed.
         bench.type(bench.asks.Text_Step, "50");
         EXPECT_EQ(bench.asks.Text_Step.text, "50");
         EXPECT_EQ(bench.asks.Refused.caption, "");

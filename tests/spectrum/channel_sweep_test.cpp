@@ -49,7 +49,7 @@ TEST(ChannelSweep, EveryItemOfTheListIsOneOfTheSpans) {
         const SpanChoice& choice = kSpanChoices[i];
         const ChannelSweep sweep{979, valueOf(choice.halfSpan), valueOf(choice.step)};
         EXPECT_EQ(sweep.points(), points[i]) << choice.item;
-        // What the item says is what is run.
+        // The item's text names the span and the step that are run.
         EXPECT_NE(std::string(choice.item).find(std::string(choice.halfSpan) + "Khz"),
                   std::string::npos);
         EXPECT_NE(std::string(choice.item).find("(" + std::string(choice.step) + ")"),
@@ -67,11 +67,11 @@ TEST(ChannelSweep, HalfStepStationIsMeasuredAroundItsOwnFrequency) {
 TEST(ChannelSweep, HalfCountsOfStepsGoUpSoThatTheHighEdgeIsKept) {
     const double goUp[] = {3.5, 5.5, 6.5, 7.5, 9.5, 10.5, 11.5, 13.5, 17.5, 19.5};
     for (const double steps : goUp) {
-        // 2 * halfSpan / step gives exactly these.
+        // 2 * halfSpan / step gives exactly these numbers.
         const ChannelSweep sweep{979, steps * 50, 100};
         EXPECT_EQ(sweep.points(), static_cast<int>(steps + 0.5) + 1) << steps;
     }
-    // The others are rounded as one number, halves to even.
+    // Other numbers of steps are rounded, halves to even.
     EXPECT_EQ((ChannelSweep{979, 225, 100}).points(), 6);   // 4.5 steps
     EXPECT_EQ((ChannelSweep{979, 625, 100}).points(), 14);  // 12.5 steps
     EXPECT_EQ((ChannelSweep{979, 200, 30}).points(), 14);   // 13.33 steps

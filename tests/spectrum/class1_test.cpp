@@ -128,8 +128,8 @@ TEST(OffsetLabels, EverySecondColumnIsLabelledAndThePatternRunsOnAcrossTheCarrie
     TextCanvas canvas(kWidth, kHeight);
     Class1 graph = channelGraph(canvas, 29, 25);
     graph.GraphInit();
-    // 14 columns stand before the carrier, so the one before it has no label and the one behind
-    // it has.
+    // 14 columns are before the carrier, so the last of them has no label, and the one after the
+    // carrier has one.
     EXPECT_THAT(frequencies(canvas, kOffsetFrame),
                 ElementsAre(" -350", " -300", " -250", " -200", " -150", " -100", " -50", "  F0",
                             "  25", "  75", "  125", "  175", "  225", "  275", "  325"));
@@ -183,7 +183,7 @@ TEST(BandTicks, StandEachFourColumnsAndAreHeavyEachTwenty) {
     TextCanvas canvas(kWidth, 4000);
     Class1 graph = bandGraph(canvas);
     graph.GraphInit();
-    // 42 units a row and 12 a column: the ticks stand at 70 rows and 390.
+    // A row is 42 units high and a column 12 wide: the ticks are at 70 rows and at 390.
     EXPECT_THAT(canvas.startingWith("box 808080 300.00 3330.00 314.00 3400.00"), SizeIs(1));
     EXPECT_THAT(canvas.startingWith("line 808080 w1 348.00 3330.00 348.00 3390.00"), SizeIs(1));
     EXPECT_THAT(canvas.startingWith("box 808080 540.00 3330.00 554.00 3400.00"), SizeIs(1));

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A second reckoning of what the graph draws, one line a mark, for the tests to compare with.
+"""A second calculation of what the graph draws, one line a mark, for the tests to compare with.
 
 Shares no code with the program. Writes one text for each drawing into drawings/.
 """
@@ -93,7 +93,7 @@ def labels(paper, g, px, py):
             paper.text(ink, 10, y, "  0" if i == 0 else "-" + str(10 * i))
         else:
             paper.text(ink, 0, y, (str(100 - 10 * i) + " ")[-3:])
-    # Uprights.
+    # Vertical lines.
     if kind == 3:
         y1, y2, x2 = g["top"] - 3, h - g["foot"] + 12, w - 5
     else:

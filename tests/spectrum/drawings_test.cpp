@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Whole drawings against a second reckoning of them (drawings.py), to a hundredth of a unit.
+// Whole drawings compared with a second calculation (drawings.py), to a hundredth of a unit.
 #include <gtest/gtest.h>
 
 #include <fstream>

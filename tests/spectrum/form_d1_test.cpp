@@ -12,7 +12,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-/// A file for the tuned frequency, shown anew.
+/// Stores a file for the tuned frequency and shows it.
 struct StoredBench : SpectrumBench {
     explicit StoredBench(const std::string& bytes) {
         write("0979.spc", bytes);
@@ -47,7 +47,7 @@ TEST(Form_D1, AfterThePresetEditorItsDoorShowsTheStationsSpectrumAllTheSame) {
     bench.desktop.settle();
     bench.hand.click(bench.forms.formSetMemories.SSCommand18);
     bench.desktop.settle();
-    // Whatever still stands in the frequency's place.
+    // Another value in the state's frequency must not matter.
     bench.state.CurrentFreq = "1";
     bench.hand.doubleClick(bench.formD.PictureGraph1);
     bench.desktop.settle();

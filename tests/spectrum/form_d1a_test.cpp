@@ -350,7 +350,7 @@ TEST(FormD1a, ClosedWhileTheReferenceIsMeasuredItGoesWithoutSampling) {
     const auto calls = bench.takeCalls();
     EXPECT_EQ(SpectrumBench::count(calls, "HM_StartEspectro"), 0u);
     EXPECT_THAT(calls.back(), StartsWith("HM_Normal(979,"));
-    // The next time it opens as ever.
+    // The next time it opens as usual.
     bench.driver.duringSuper = nullptr;
     bench.openBandwidth();
     bench.run();
@@ -383,7 +383,7 @@ TEST(FormD1aCurve, Is75kHzTheLastColumnInBlue) {
     bench.driver.superLevel = 70;
     bench.run();
     bench.advance(milliseconds(200));
-    // A kHz is (10200 - 400) / 150 units.
+    // 75 kHz; a kHz is (10200 - 400) / 150 units.
     const float at75 = 400 + 75 * (9800.f / 150);
     for (const display::Mark& mark : curveOf(bench.width.Picture1)) {
         if (mark.kind != display::Mark::Kind::Filled) continue;
@@ -424,7 +424,7 @@ TEST(FormD1aCurve, TestPatternJoinsItsSevenCorners) {
     for (const display::Mark& mark : marks) {
         if (mark.kind == display::Mark::Kind::Stroke) rows.push_back(mark.y2);
     }
-    // 55 units a percent from 400 on: 80, 80, 40, 20, 20, 80.
+    // The percents 80, 80, 40, 20, 20, 80; a percent is 55 units, counted from 400.
     EXPECT_THAT(rows, ElementsAre(1500, 1500, 3700, 4800, 4800, 1500));
 }
 

@@ -5,7 +5,7 @@
 
 namespace hmonitor::test {
 
-/// The thumbnail of the analyses panel.
+/// The graph of the analyses panel's thumbnail.
 Class1 bareGraph(display::Canvas& canvas);
 /// The band at full size, 800 columns.
 Class1 bandGraph(display::Canvas& canvas);

@@ -14,7 +14,7 @@ class SpectrumBench : public RackBench {
     void runSpan(int item);
     /// Opens the bandwidth window from the analyses panel.
     void openBandwidth();
-    /// What was printed on a picture at this x, top to bottom.
+    /// The texts on a picture at this x, from top to bottom.
     static std::vector<std::string> printedAt(const display::PictureBox& picture, float x);
     static std::size_t count(const std::vector<std::string>& calls, std::string_view start);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the pages of channel spectrum and bandwidth take over from their windows.
+// What the pages of channel spectrum and bandwidth copy from their windows.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -24,7 +24,7 @@ void expectSame(const display::PictureBox& copy, const display::PictureBox& from
     }
 }
 
-/// A started rack with a stored spectrum, its window and the page of it open.
+/// A started rack with a stored spectrum; its window and its page are open.
 struct SpectrumPage : SpectrumBench {
     SpectrumPage() {
         write("0979.spc", lines({"3", "50", "97.8", "12", "0", "7", ""}));
@@ -47,7 +47,7 @@ TEST(SpectrumPages, TheBarsTakeTheirLeftEdgeAndTheWidthOfTheirWindow) {
     SpectrumPage bench;
     EXPECT_EQ(bench.page.Picture1.left, bench.shows.Picture1.left);
     EXPECT_EQ(bench.page.Picture1.width, bench.shows.width);
-    // The bars alone are narrower: the table stands beside them.
+    // The table is beside the bars.
     EXPECT_GE(bench.page.Picture1B.left, bench.page.Picture1.left + bench.shows.Picture1.width);
     EXPECT_GE(bench.page.Picture1.height, bench.shows.Picture1.height);
     EXPECT_GE(bench.page.Picture1B.height, bench.shows.Picture2.height);
@@ -60,7 +60,7 @@ TEST(SpectrumPages, ThePageStaysAsItWasWhileItsWindowMeasuresOn) {
     bench.runSpan(0);
     EXPECT_THAT(SpectrumBench::printedAt(bench.shows.Picture2, 500), SizeIs(17));
     EXPECT_EQ(SpectrumBench::printedAt(bench.page.Picture1B, 500), before);
-    // Its key takes over what stands there now.
+    // The window's key copies what it shows now.
     bench.click(bench.shows.SSCommand1);
     expectSame(bench.page.Picture1B, bench.shows.Picture2);
 }
@@ -72,7 +72,7 @@ TEST(SpectrumPages, PrintedInTheMiddleOfARunItShowsThePointsThatAreMeasured) {
         EXPECT_THAT(SpectrumBench::printedAt(bench.page.Picture1B, 500), SizeIs(3));
         printed = true;
     };
-    // A run holds the thread: the key waits until it has ended, and nothing is lost.
+    // The run holds the thread, so the key's click waits until it has ended.
     int points = 0;
     bench.driver.duringSuper = [&](float) {
         if (++points == 5) bench.hand.click(bench.page.SSCommand2);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The windows' controls with their words, and what drawing them anew for an hour leaves.
+// The windows' controls with their accessible names, and the marks that are left after drawing for
+// an hour.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -97,14 +98,14 @@ TEST(SpectrumWindows, AnHourOfBandwidthRunsDoesNotGrowTheDrawing) {
     for (int run = 0; run < 30; ++run) {
         bench.hand.click(bench.width.Command3D1);
         for (int tick = 0; tick < 12; ++tick) {
-            // Peaks that grow at nearly each sample, so that nearly each one is drawn.
+            // Peaks that grow with nearly each sample, so that nearly each one is drawn.
             bench.driver.superLevel = 40 + static_cast<float>((run + 3 * tick) % 31);
             bench.advance(200ms);
         }
         bench.hand.click(bench.width.Command3D1);
         bench.desktop.settle();
         const std::size_t marks = bench.width.Picture1.drawing.marks().size();
-        // Curves that cross hide more or less of one another, the count has more or fewer figures.
+        // Crossing curves hide more or less of one another, and the count has more or fewer digits.
         if (run == 0) first = marks;
         ASSERT_LE(marks, first + 150) << run;
     }

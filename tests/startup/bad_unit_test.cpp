@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A unit that is out of order behind the whole rack: it falls silent, fails to open, or says what
-// no unit can measure.
+// A faulty unit with the whole rack: it falls silent, cannot be opened, or gives values that no
+// unit can measure.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -29,8 +29,7 @@ std::map<std::string, std::string> texts(RackBench& bench) {
     return all;
 }
 
-/// A station that every panel can show; the carrier stands where it belongs, so that nothing
-/// drifts.
+/// A station that every panel can show, with the carrier on its frequency.
 void measureWell(RackBench& bench) {
     const float figures[16] = {80,  -6, -7, 45,   3.5f, 1.5f, 9.1f, -61,
                                -62, 40, 41, 0.3f, 0,    67,   5,    12};
@@ -98,7 +97,7 @@ TEST(BadUnit, AUnitThatFallsSilentLeavesTheReadoutsStandingWithoutAWord) {
     EXPECT_EQ(texts(bench), before);
     EXPECT_TRUE(bench.desktop.boxes.empty());
     EXPECT_FALSE(bench.desktop.ended());
-    // The rack goes on being used, and the readouts move again with the unit.
+    // The rack can still be used, and the readouts follow the unit again.
     bench.driver.silent = false;
     bench.readings.field = 50;
     bench.advance(100ms);

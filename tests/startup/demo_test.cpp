@@ -105,7 +105,7 @@ TEST_F(Demo, AVersionThatIsNoNumberCountsAsNoUnit) {
     EXPECT_EQ(bench.state.DemoMode, "si");
 }
 
-/// The offer as it is seen when the driver library could not be loaded.
+/// The demo offer after the driver library could not be loaded.
 class DemoFault : public Demo, public testing::WithParamInterface<int> {
  protected:
     void offerAfter(const LibraryFault& fault) {
@@ -124,7 +124,7 @@ class DemoFault : public Demo, public testing::WithParamInterface<int> {
         };
         bench.start();
     }
-    /// Without what lets a long path be divided into lines.
+    /// The reason without the marks at which a long path may be broken into lines.
     std::string plainReason() const {
         std::string text = reason;
         for (std::size_t at; (at = text.find("\u200b")) != std::string::npos;) text.erase(at, 3);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// An end that comes from outside of the windows: the power key's steps, without a box, whatever
-// stands in the way.
+// An end from outside the windows does what the power key does, without its box, whatever is going
+// on.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@ std::string firstLine(const std::string& bytes) {
     return bytes.substr(0, bytes.find('\r'));
 }
 
-/// Steps from preset 1 to preset 3, which is stored by an orderly end alone.
+/// Steps from preset 1 to preset 3, which only an end in good order stores.
 void stepOn(RackBench& bench) {
     bench.click(bench.formB.SSCommand1);
     ASSERT_EQ(bench.state.MemoryNumber, "3");
@@ -136,7 +136,7 @@ TEST(EndWanted, WhileThePowerKeySaysWhatItCannotStoreEndsOnce) {
     RackBench bench;
     bench.start();
     stepOn(bench);
-    // A folder in the place of the file: root may write anything else.
+    // A folder in place of the file: a file without rights would not stop root.
     bench.desktop.boxAnswers = {"ok"};
     bench.desktop.duringBox = [&] { bench.desktop.wantEnd(); };
     bench.remove("hm-16.dat");

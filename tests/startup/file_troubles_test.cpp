@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A folder that cannot be written: one line in the rack's head while it holds, one box at the first
-// act of the user that failed, none at the start.
+// A folder that cannot be written: one line in the rack's head as long as that lasts, and one box,
+// at the user's first act that failed and not at the start.
 #include <gtest/gtest.h>
 
 #include "tests/support/as_nobody.h"
@@ -11,7 +11,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// The working folder is read-only for as long as this lives, also for an administrator.
+/// Makes the working folder read-only while this object exists, also for root.
 class ReadOnly {
  public:
     explicit ReadOnly(RackBench& bench) : folder_(bench.scratch.path()) {
@@ -31,7 +31,7 @@ class ReadOnly {
 TEST(FileTroublesOfTheRack, AreALineFromTheStartAndNoBoxUntilAnActOfTheUserFails) {
     for (const int language : {RackBench::kEnglish, RackBench::kSpanish}) {
         RackBench bench(language);
-        // The start falls back to L and R, and measures a spectrum.
+        // With this mode the start writes (it falls back to L and R), and it measures a spectrum.
         bench.write("hm-16.dat", lines({"1", "0", "0", "1", "0", "0", "1", "0"}));
         const ReadOnly readOnly(bench);
         bench.start();
@@ -46,7 +46,7 @@ TEST(FileTroublesOfTheRack, AreALineFromTheStartAndNoBoxUntilAnActOfTheUserFails
         EXPECT_TRUE(bench.desktop.boxes[0].text.starts_with(language == RackBench::kSpanish
                                                                 ? "hm-16.dat no se puede escribir: "
                                                                 : "hm-16.dat cannot be written: "));
-        // No further box: not for another file, nor at the power key.
+        // No second box, neither for another file nor at the power key.
         bench.press(bench.form1.Image6);
         bench.click(bench.formD.Image5);
         bench.advance(5000ms);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The whole start of the program in one piece: each call of the driver and each window, in their
-// order and at their time, from the splash to the first tick of the slow readouts.
+// The whole start of the program: each call of the driver and each window, in their order and with
+// their time, from the splash to the first tick of the slow readouts.
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -23,8 +23,8 @@ std::vector<std::string> golden(const std::string& name) {
     return lines;
 }
 
-/// Lets 200 ms pass and notes the time in front of what happened then. A call that comes several
-/// times in a row stands once with its number.
+/// Passes 200 ms and notes what happened, with the time before it. Equal calls in a row are noted
+/// once, with their number.
 std::vector<std::string> journalOfStart(RackBench& bench) {
     std::vector<std::string> lines;
     std::size_t seen = 0;
@@ -46,7 +46,7 @@ std::vector<std::string> journalOfStart(RackBench& bench) {
     return lines;
 }
 
-/// On a difference the journal as it is now lies beside the test program, to be compared.
+/// If they differ, the actual journal is written beside the test program.
 void expectGolden(const std::vector<std::string>& journal, const std::string& name) {
     EXPECT_EQ(journal, golden(name));
     if (!testing::Test::HasFailure()) return;

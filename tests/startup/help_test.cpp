@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The help that comes with the program: under its name, and whole for the rack's keys.
+// The help that comes with the program: its name, and that all keys of the rack are in it.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -19,7 +19,7 @@ std::string installedHelp() {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// A bar divides the cells of a table, so that one inside a cell stands behind a backslash.
+/// A bar separates the cells of a table, so one inside a cell has a backslash before it.
 std::string asInATable(std::string caption) {
     for (std::size_t at = 0; (at = caption.find('|', at)) != std::string::npos; at += 2) {
         caption.insert(at, 1, '\\');

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The whole program on driver libraries that the real loader loads: the simulated unit, and
-// libraries and files that are none.
+// The whole program with driver libraries from the real loader: the simulated unit, and libraries
+// and files that cannot be loaded.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -27,7 +27,7 @@ namespace {
 using namespace std::chrono_literals;
 namespace fs = std::filesystem;
 
-/// A folder as it is installed, with the library that is put there, and the program in it.
+/// A folder as it is installed, with the library that a test puts there, and the program in it.
 class InstalledRack {
  public:
     InstalledRack() : before_(fs::current_path()) {
@@ -50,7 +50,8 @@ class InstalledRack {
 
     std::string file() const { return (folder.path() / hm16::libraryName()).string(); }
 
-    /// As the program does it: what does not load is said and stands back for no library at all.
+    /// As the program does it: a library that cannot be loaded is reported and replaced by one
+    /// without functions.
     void start() {
         library = hm16::Library::load(folder.path());
         if (library.library) {
@@ -114,7 +115,7 @@ TEST(OnALibrary, ItsSlotsSayWhyAFigureIsNotKnown) {
     rack.start();
     DriverDoor& door = rack.program->driver;
     door.HM_Parar();
-    door.HM_Normal(876, 0, 0, 0, 0);  // nobody sends there
+    door.HM_Normal(876, 0, 0, 0, 0);  // a frequency without a station
     for (int i = 0; i < 5000 && !rack.driver->states(); ++i) {
         std::this_thread::sleep_for(1ms);
         door.HM_Data();
@@ -167,7 +168,7 @@ TEST(OnALibrary, AFileThatIsNoLibraryBringsTheOffer) {
     EXPECT_THAT(
         fault.spanish,
         testing::StartsWith(rack.file() + " no se puede cargar como biblioteca de la unidad: "));
-    // The file is named once.
+    // The file is named only once.
     EXPECT_EQ(fault.english.rfind(rack.file()), 0u) << fault.english;
 }
 
@@ -193,7 +194,7 @@ TEST(OnALibrary, AUnitThatFallsSilentAfterFiveSecondsIsToldOfAtEight) {
     rack.folder.write("hm-16.ini", "silent_after = 5\npace = " + std::to_string(kPace) + "\n");
     const auto opened = std::chrono::steady_clock::now();
     rack.start();
-    // The rack's clock goes as the unit's does.
+    // The rack's clock runs at the unit's speed.
     display::Time passed = 100ms;
     display::Time longestStep = 0ms;
     const auto runTo = [&](display::Time time) {
@@ -211,7 +212,7 @@ TEST(OnALibrary, AUnitThatFallsSilentAfterFiveSecondsIsToldOfAtEight) {
     const display::Picture& sign = rack.forms->form1.sign.words;
     runTo(7s);
     EXPECT_EQ(sign.caption, "");
-    // A busy computer makes the rack look late at the last thing that the unit said.
+    // A busy machine delays what the rack hears of the unit's last slot.
     runTo(8300ms + longestStep);
     EXPECT_THAT(std::string(sign.caption.get()), testing::StartsWith("NO DATA "));
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The whole program on a library that crashes or hangs in its own process.
+// The whole program with a library that crashes or hangs in its own process.
 #include "app/library_watch.h"
 
 #include <gmock/gmock.h>
@@ -31,7 +31,7 @@ namespace files = std::filesystem;
 
 constexpr int kSpanishOfSpain = 0x0c0a;
 
-/// Answers as a test says, with the text of a key, or "over" to wait until it is.
+/// Answers with the key that a test names, or waits until the call is over ("over").
 struct ScriptedBox final : display::CallBox {
     std::vector<display::MessageBox> boxes;
     std::deque<std::string> answers;
@@ -55,7 +55,7 @@ struct ScriptedBox final : display::CallBox {
     }
 };
 
-/// A folder as it is installed, with a library that does wrong what it is told to.
+/// A folder as it is installed, with a library that misbehaves as it is told.
 class WatchedRack {
  public:
     explicit WatchedRack(const std::string& wrong, int languageId = 0x0409)
@@ -89,7 +89,7 @@ class WatchedRack {
 
     std::string file() const { return (folder.path() / hm16::libraryName()).string(); }
     bool measures() const { return program->Form_B->Timer2.enabled && !desktop.ended(); }
-    /// The first line of the settings: the preset.
+    /// The first line of the settings, the preset.
     std::string preset() const {
         const std::string bytes = folder.read("hm-16.dat");
         return bytes.substr(0, bytes.find('\r'));
@@ -110,7 +110,7 @@ class WatchedRack {
     files::path before_;
 };
 
-/// Without the marks where a line may break.
+/// Without the marks at which a line may break.
 std::string plain(std::string text) {
     const std::string mark = "\u200b";
     for (std::size_t at; (at = text.find(mark)) != std::string::npos;) text.erase(at, mark.size());
@@ -204,7 +204,7 @@ TEST(LibraryWatch, ACrashInTheLastCallIsNoQuestion) {
 TEST(LibraryWatch, ALevelThatTakesLongAtTheStartIsToldAndWaitedFor) {
     WatchedRack rack("slow HM_Super 1500\nonce");
     rack.patience = 700ms;
-    // The start is seventeen levels: the user has enough after the first.
+    // The start measures seventeen levels: the user gives up after the first.
     rack.box.answers = {"over", "End HMonitor"};
     rack.start();
     ASSERT_EQ(rack.box.boxes.size(), 2u);

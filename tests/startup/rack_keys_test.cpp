@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The keys that belong to the whole rack: fold, handle, version box, power and print.
+// The keys of the whole rack: fold, handle, version box, power and print.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -138,7 +138,7 @@ TEST(Settings, ChangeOnDiskOnlyThroughTheKeysThatStoreThem) {
     RackBench bench;
     bench.start();
     const std::string before = bench.read("hm-16.dat");
-    // Stepping, tuning, ten minutes of measuring, a fold: a crash then keeps the old preset.
+    // None of these acts stores the preset, so a crash would keep the old one.
     bench.hand.click(bench.formB.SSCommand1);
     bench.hand.set(bench.formB.HScroll1, 150);
     bench.advance(600s);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A start on settings files that are missing, torn, too long or no text: one sentence and the end,
-// or a live rack. The panel settings of a live rack have been rewritten once, with the audio mode
-// of every start; no other file has changed by a byte.
+// A start with settings files that are missing, torn, too long or no text: either one sentence and
+// the end, or a live rack. The panel settings of a live rack have been rewritten once, with the
+// audio mode, as at every start; no other file has changed.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -19,8 +19,8 @@ using testing::Not;
 
 const std::string kSettings = "hm-16.dat";
 
-/// Starts on a file of that content; gives the one sentence that ended the program, "" when the
-/// rack came up and measured.
+/// Starts with that content in a file; returns the sentence that ended the program, "" if the rack
+/// came up and measured.
 std::string startOn(const std::string& name, const std::string& content,
                     const std::string& rewritten = "") {
     RackBench bench;
@@ -60,11 +60,11 @@ TEST(SettingsFaults, AShortOrEmptyFileNamesItsMissingLine) {
               "normal.hm: line 7 is missing");
     EXPECT_EQ(startOn(kSettings, ""), "hm-16.dat: line 1 is missing");
     EXPECT_EQ(startOn(kSettings, "1\r\n"), "hm-16.dat: line 2 is missing");
-    // The preset and the correction are read first, the rest at the first tuning.
+    // The preset and the correction are read first, the other lines at the first tuning.
     EXPECT_EQ(startOn(kSettings, lines({"1", "0"})), "hm-16.dat: line 3 is missing");
     EXPECT_EQ(startOn(kSettings, lines({"1", "0", "0", "1", "0", "0"})),
               "hm-16.dat: line 7 is missing");
-    // What is rewritten has to be whole.
+    // A file that is rewritten has to be whole.
     EXPECT_EQ(startOn(kSettings, lines({"1", "0", "0", "1", "0", "0", "0"})),
               "hm-16.dat: line 8 is missing");
     EXPECT_EQ(startOn("Hm-res.dat", ""), "Hm-res.dat: line 1 is missing");

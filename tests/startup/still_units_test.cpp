@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Our own units on frequencies where nobody sends: what they say there is never taken for a unit
-// that has stopped.
+// Our own units on frequencies without a station: their readings never count as stale.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -37,7 +36,7 @@ TEST(StillUnits, TheSimulatedOneNeverOnAnEmptyFrequencyForAMinute) {
 }
 
 #ifdef HM16_RECEIVER
-// The noise's field is 40.0 dB there, so its whole decibels stand still however it moves.
+// The field of the noise is 40.0 dB there, and in whole decibels it does not change.
 TEST(StillUnits, TheReceiverNeverOnAnEmptyFrequencyForAMinute) {
     ReceiverLibrary receiver(
         "source = synthetic\nscene = silence\npace = fast\nrate_hz = 300000\n"
@@ -58,7 +57,7 @@ TEST(StillUnits, TheReceiverNeverOnAnEmptyFrequencyForAMinute) {
         ASSERT_EQ(still.staleSeconds(at), 0);
     }
     EXPECT_GT(longestStill, 10 * StillReadings::kStale);
-    // The noise has a field; nothing else is there.
+    // The noise has a field, and nothing else.
     EXPECT_GT(now.field, 0);
     EXPECT_EQ(now.pilotLevel, 0);
     EXPECT_EQ(now.peakModulation, 0);

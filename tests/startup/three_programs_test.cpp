@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Three whole programs in one process, each with its own unit, folder and clock: what each of them
-// does is what it does alone.
+// Three whole programs in one process, each with its own unit, folder and clock: each behaves as if
+// it were alone.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// How one program differs from another.
+/// What differs between the programs.
 struct Own {
     int languageId;
     int bar;  ///< where it tunes to: steps of 100 kHz from 87.5 MHz
@@ -28,7 +28,7 @@ constexpr std::array<Own, 3> kThree{{{RackBench::kEnglish, 31, 61.5f, 41, 7},
                                      {RackBench::kSpanish, 106, 88.25f, 57, 8},
                                      {RackBench::kPortuguese, 190, 103, 73, 9}}};
 
-/// One program and what its user does with it, step by step.
+/// One program, and the user's acts on it, step by step.
 class OneProgram {
  public:
     static constexpr int kSteps = 9;
@@ -73,11 +73,10 @@ class OneProgram {
         }
     }
 
-    /// Happens inside the measuring of each point, while this program's handler is held.
+    /// Called while each point is measured, with this program's handler running.
     std::function<void()> meanwhile;
 
-    /// All that came of it: each window and each call in their order, each text that stands on a
-    /// form, each file.
+    /// The results: all windows and calls in their order, all texts on the forms, all files.
     std::vector<std::string> journal() const { return bench_.desktop.journal; }
     std::map<std::string, std::string> texts() const {
         std::map<std::string, std::string> texts;
@@ -123,7 +122,7 @@ TEST(ThreePrograms, InterleavedStepByStepDisturbNoneOfThem) {
         SCOPED_TRACE(i);
         expectSame(*programs[i], *ranAlone(kThree[i]));
     }
-    // They are three, and not one that is looked at three times.
+    // The three really differ.
     EXPECT_NE(programs[0]->texts(), programs[1]->texts());
     EXPECT_NE(programs[1]->journal(), programs[2]->journal());
     EXPECT_NE(programs[0]->files(), programs[1]->files());
@@ -134,8 +133,8 @@ TEST(ThreePrograms, TheOthersLiveOnWhileOneIsHeldByALongRun) {
     OneProgram second(kThree[1]);
     OneProgram third(kThree[2]);
     int points = 0;
-    // The second starts, tunes and scans within the points of the first, and the third within
-    // those of the second.
+    // The second program takes its steps within the points of the first, and the third within those
+    // of the second.
     scanning.meanwhile = [&] {
         if (points < OneProgram::kSteps) second.step(points);
         ++points;

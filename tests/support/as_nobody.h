@@ -5,7 +5,7 @@
 
 namespace hmonitor::test {
 
-/// Gives up the administrator's rights for a while: permissions bind nobody else.
+/// Gives up root's rights for a while, because file permissions do not bind root.
 class AsNobody {
  public:
     AsNobody() : was_(::geteuid()) {

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// What tests call of POSIX, for their build on Windows: it is included before each of their files.
+// The POSIX functions that tests call, for the tests' build on Windows. Included before each of
+// their files.
 #if defined(_WIN32)
 
 #include <stdlib.h>
@@ -13,7 +14,7 @@
 
 using uid_t = int;
 
-/// Nobody is the administrator: rights that a test takes away are not given up and taken back.
+/// Never root, so no rights are given up and taken back.
 inline uid_t geteuid() {
     return 1;
 }

@@ -31,9 +31,9 @@ struct Memory {
 };
 std::string memoryBlock(const std::vector<Memory>& memories);
 
-/// A disk that does as it is told at each step of a rewrite.
+/// A disk that fails at the steps of a rewrite that a test names.
 struct ToldDisk final : base::RewriteWatcher {
-    /// Nothing: all goes well. Answers 0, or the `errno` value of what fails.
+    /// Empty: all goes well. Returns 0, or the `errno` value of what fails.
     std::function<int(base::RewriteStep, base::StepMoment)> told;
     int at(base::RewriteStep step, base::StepMoment moment) override {
         return told ? told(step, moment) : 0;

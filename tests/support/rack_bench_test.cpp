@@ -7,7 +7,7 @@
 namespace hmonitor::test {
 namespace {
 
-/// Hums: each reading is one dB stronger than the last.
+/// Each reading is one dB stronger than the last.
 struct GrowingUnit final : ScriptedDriver {
     std::int32_t HM_Data(Readings& out) override {
         readings.field += 1;

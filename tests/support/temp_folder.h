@@ -13,7 +13,7 @@
 
 namespace hmonitor::test {
 
-/// An empty temporary folder, deleted with all its contents at the end of the test.
+/// An empty temporary folder, deleted with its contents at the end of the test.
 class TempFolder {
  public:
     TempFolder() {
@@ -23,7 +23,7 @@ class TempFolder {
     }
     ~TempFolder() {
         std::error_code none;
-        // A test may have made it read-only.
+        // Needed if a test has made it read-only.
         std::filesystem::permissions(path_, std::filesystem::perms::owner_all, none);
         std::filesystem::remove_all(path_, none);
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The window HISTORY: what the hand does, and what is read for it.
+// The window HISTORY: the user's acts, and what is read for them.
 #include <algorithm>
 
 #include "analyses/form_d.h"

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The window HISTORY: holes and their causes, values at marks, events, last week, and what leaves
-// it.
+// The window HISTORY: holes and their causes, values at marks, events, last week, exports.
 #include <algorithm>
 
 #include "tests/trends/history_window.h"
@@ -52,8 +51,8 @@ TEST_F(History, EachPartOfTheTimeShowsHowGoodItWas) {
     open();
     choose({"pilot_level"});
     look(noon - 4800, noon);
-    // Parts of 200 seconds: nobody until the 12th, good to the 16th, low to the 18th, away to the
-    // 22nd.
+    // Parts of 200 seconds: not recorded before the 12th, good from there, low from the 16th, unit
+    // away from the 18th to the 22nd.
     EXPECT_NE(form.Part[5].colour.get(), form.Part[13].colour.get());
     EXPECT_NE(form.Part[13].colour.get(), form.Part[16].colour.get());
     EXPECT_NE(form.Part[20].colour.get(), form.Part[5].colour.get());
@@ -168,7 +167,7 @@ TEST_F(History, TheSameDayLastWeekIsASecondCurve) {
 
 TEST_F(History, LastWeekIsSevenDaysByTheClockOnTheWall) {
     const Zone europe("Europe/Madrid");
-    // Monday of the week in which the clock went forward, and the Monday before.
+    // The Monday after the clock went forward, and the Monday before.
     bench.desktop.date = {2026, 3, 30, 1, 12, 0, 0};
     bench.desktop.fromUtc = std::chrono::hours(2);
     const std::int64_t here = utc(2026, 3, 30, 10);

@@ -29,14 +29,14 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-/// The rack on 2026-05-04 at noon, UTC, over a folder in which a feed has recorded.
+/// The rack on 2026-05-04 at noon, UTC, with a folder in which a feed has recorded.
 class History : public testing::Test {
  protected:
     explicit History(int languageId = RackBench::kEnglish) : bench(languageId) {
         bench.desktop.date = {2026, 5, 4, 1, 12, 0, 0};
     }
 
-    /// Records up to some seconds before noon.
+    /// Records from so many seconds before noon on.
     std::unique_ptr<Feed> record(std::int64_t seconds) {
         auto feed = std::make_unique<Feed>(folder, noon - seconds);
         feed->tune();

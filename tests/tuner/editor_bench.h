@@ -12,7 +12,7 @@
 
 namespace hmonitor::test {
 
-/// The measuring rack and its two tuner dialogs, used as a user does.
+/// The measuring rack and its two tuner dialogs.
 struct EditorBench : RackBench {
     explicit EditorBench(int languageId = kEnglish) : RackBench(languageId) {}
 

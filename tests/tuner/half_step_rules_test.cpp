@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The rules of typed frequencies against a table that typed_frequencies.py works out on its own,
-// and another with its derivations written beside it.
+// The rules of typed frequencies, compared with a table that typed_frequencies.py calculates, and
+// with another one that has its derivations written beside it.
 #include <gtest/gtest.h>
 
 #include "core/memory_block.h"

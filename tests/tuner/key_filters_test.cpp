@@ -9,7 +9,7 @@ namespace hmonitor {
 namespace {
 
 TEST(KeyFilters, UpperCaseTurnsEveryLetterOfTheCodePage) {
-    // Each small letter of the page stands before its capital.
+    // Each small letter of the page is followed by its capital.
     const std::u32string pairs =
         U"aAzZ\u00e0\u00c0\u00e1\u00c1\u00e9\u00c9\u00ed\u00cd\u00f1\u00d1\u00f3\u00d3\u00fa\u00da"
         U"\u00fc\u00dc\u00e7\u00c7\u00fe\u00de\u0161\u0160\u0153\u0152\u017e\u017d\u00ff\u0178";
@@ -32,7 +32,7 @@ TEST(KeyFilters, UpperCaseIsTheOtherWayOfTheFoldThatFindsFiles) {
         const std::string letter = utf8FromCodePage(std::string(1, static_cast<char>(byte)));
         const std::string folded = foldedCase(letter);
         if (folded == letter) continue;
-        // `letter` is a capital: the small one must come back to it.
+        // A capital: its small letter must come back to it.
         const auto number = [](const std::string& utf8) {
             char32_t value = static_cast<unsigned char>(utf8[0]);
             if (utf8.size() == 2) value = (value & 0x1f) << 6 | (utf8[1] & 0x3f);

@@ -13,7 +13,7 @@ struct EditorFaults : testing::Test {
     EditorBench bench;
     Form_bSetMemories& editor = bench.editor;
 
-    /// Acts while nothing in the working folder can be written.
+    /// Acts while the working folder cannot be written.
     template <class Act>
     void withoutWriting(Act act) {
         namespace fs = std::filesystem;
@@ -155,7 +155,7 @@ TEST_F(EditorFaults, AFileThatCannotBeWrittenIsOneSentenceAndTheMemoryStays) {
         ASSERT_EQ(bench.desktop.boxes.size(), 1u);
         EXPECT_TRUE(bench.desktop.boxes[0].text.starts_with("halden.dat cannot be written: "));
         EXPECT_EQ(bench.read("halden.dat"), before);
-        // The handler goes on: the memory as it is, shown and tuned.
+        // The handler goes on: the memory is shown and tuned as stored.
         EXPECT_EQ(editor.Text1.text, "102.55");
         EXPECT_EQ(bench.formB.TunedFreq, 1025.5);
         EXPECT_TRUE(editor.enabled);

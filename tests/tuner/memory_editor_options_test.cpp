@@ -14,7 +14,7 @@ struct EditorOptions : testing::Test {
         bench.write("hm-16.dat", lines(settings));
         bench.openEditor();
     }
-    /// What was written after Accept with this correction.
+    /// Accepts this correction and returns the settings that were written.
     std::string settingsAfter(const std::string& correction) {
         if (editor.WidthState == 1) bench.click(editor.SSCommand19);
         bench.click(editor.SSCommand21);

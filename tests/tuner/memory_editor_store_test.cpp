@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Saving, deleting and cancelling, to the byte.
+// Saving, deleting and cancelling, byte by byte.
 #include "core/code_page.h"
 #include "core/numbers.h"
 #include "tests/tuner/editor_bench.h"
@@ -9,7 +9,7 @@
 namespace hmonitor::test {
 namespace {
 
-// A file whose every byte tells its place, with one memory that holds a station.
+// A file in which every byte depends on its place, with one memory that holds a station.
 std::string markedBlock(std::size_t size) {
     std::string bytes;
     for (std::size_t i = 0; i < size; ++i) bytes += static_cast<char>('A' + i * 7 % 57);
@@ -86,7 +86,7 @@ TEST_F(MemoryStore, AWrongFrequencyIsReportedAndNothingIsSaved) {
     EXPECT_EQ(bench.desktop.boxes[0].icon, display::BoxIcon::Critical);
     EXPECT_EQ(bench.read("halden.dat"), before);
     EXPECT_TRUE(bench.takeCalls().empty());
-    // What was typed stays for another try.
+    // What was typed stays, to be tried again.
     EXPECT_EQ(editor.Text1.text, "108.1");
     EXPECT_EQ(editor.Text2.text, "OTRA");
 }
@@ -205,7 +205,7 @@ TEST_F(MemoryStore, DeletEmptiesTheRecordAndLeavesTheNameInItsField) {
     EXPECT_EQ(editor.Text1.text, "");
     EXPECT_EQ(editor.Text2.text, "R. TRES");
     EXPECT_EQ(editor.presets[3].colour.get(), preset_look::kEmpty);
-    // The rack stays where it is.
+    // The rack is not tuned.
     EXPECT_TRUE(bench.takeCalls().empty());
     EXPECT_EQ(bench.formB.TunedFreq, 1025.5);
 }
@@ -213,7 +213,7 @@ TEST_F(MemoryStore, DeletEmptiesTheRecordAndLeavesTheNameInItsField) {
 TEST_F(MemoryStore, DeletOfAnEmptyMemoryWritesNothing) {
     bench.startInEditor();
     bench.select(7);
-    // Any write would bring back the dashes of the record.
+    // Any write would restore the record's dashes, which this file lacks.
     std::string bare = bench.read("halden.dat");
     bare.replace(112, 16, std::string(16, ' '));
     bench.write("halden.dat", bare);
@@ -249,7 +249,7 @@ TEST_F(MemoryStore, CancelBringsBackAllBytesAndTheLength) {
         fresh.takeCalls();
         fresh.click(fresh.editor.SSCommand18);
         EXPECT_EQ(fresh.read("halden.dat"), markedBlock(size));
-        // The rack stays where the last save took it.
+        // The rack stays on the station of the last save.
         EXPECT_TRUE(fresh.takeCalls().empty());
         EXPECT_EQ(fresh.formB.TunedFreq, tuned);
         EXPECT_TRUE(fresh.rackUsable());

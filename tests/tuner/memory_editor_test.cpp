@@ -134,7 +134,7 @@ TEST_F(MemoryEditor, ShowsHalfStepsAndCutsTheBlanksBehindAName) {
     EXPECT_EQ(editor.Text2.text, " X");
     bench.select(5);
     EXPECT_EQ(editor.Text1.text, "99.9");
-    // One under the smallest half step is no half step: three digits before the point.
+    // Below the smallest half step the text is no half step: three digits before the point.
     bench.select(4);
     EXPECT_EQ(editor.Text1.text, "875.4");
 }
@@ -205,7 +205,7 @@ TEST_F(MemoryEditor, OpenToStoreOnAnEmptyMemoryReportsTheWrongFrequencyFirst) {
     EXPECT_EQ(editor.Text2.text, "");
     EXPECT_EQ(bench.read("halden.dat"), before);
     EXPECT_TRUE(bench.takeCalls().empty());
-    // The user types the frequency then and saves by hand.
+    // The user then types a frequency and saves.
     bench.save("101.2", "NUEVA");
     EXPECT_EQ(bench.record(5), "-NUEVA    -1012 ");
     EXPECT_EQ(bench.formB.TunedFreq, 1012);
@@ -232,7 +232,7 @@ TEST_F(MemoryEditor, OpenToStoreOnAMemoryThatHoldsAStationShowsAndTunesIt) {
     EXPECT_EQ(editor.Text1.text, "102.55");
     EXPECT_EQ(bench.formB.TunedFreq, 1025.5);
     EXPECT_TRUE(bench.desktop.boxes.empty());
-    // The offer is over: an empty memory raises no message any more.
+    // The offer is over: an empty memory brings no message now.
     bench.select(5);
     EXPECT_TRUE(bench.desktop.boxes.empty());
 }
@@ -322,7 +322,7 @@ TEST_F(MemoryEditor, TheKeysSayWhatTheirMemoriesHold) {
     EXPECT_STREQ(editor.presets[3].tip.english,
                  "Memory 3: R. TRES, 102.55 MHz.\nSelects it and tunes it");
     EXPECT_TRUE(std::string(editor.presets[2].tip.spanish).starts_with("Memoria 2, vacía.\n"));
-    // A memory without a name has its frequency.
+    // A memory without a name shows its frequency.
     const auto drawn = editor.presets[1].revision();
     bench.save("99.9", "");
     EXPECT_STREQ(editor.presets[1].tip.english, "Memory 1: 99.9 MHz.\nSelects it and tunes it");

@@ -129,7 +129,7 @@ TEST_F(TunerKeypad, TheFrequencyThatIsTunedAlreadyIsTunedAgain) {
     EXPECT_EQ(bench.formB.OffMemory, 0);
     enter("981");
     EXPECT_EQ(bench.takeCalls().size(), 2u);
-    // The half step beside it stands at the same place of the bar.
+    // A half step has the same position on the bar.
     enter("9815");
     EXPECT_EQ(bench.takeCalls().back(), "HM_Normal(981.5, 0, 0, 0, 0)");
 }
@@ -165,7 +165,7 @@ TEST_F(TunerKeypad, EveryTypedTextOfTheTablesTunesAsTheTableSays) {
     for (const char* table : {"typed_frequencies.txt", "typed_frequencies_by_hand.txt"}) {
         for (const TypedRow& row : typedRows(table)) {
             SCOPED_TRACE("typed: \"" + row.typed + "\"");
-            // The rack is disabled: only the program moves the bar now.
+            // The rack is disabled: only the program moves the bar here.
             bench.state.HalfStep = "0";
             bench.formB.HScroll1.value = 206;
             bench.state.MemoryFreq = "none";
@@ -263,13 +263,13 @@ TEST_F(TunerKeypad, EnterSelectsTheTextSoThatTheNextTypedDigitReplacesIt) {
     EXPECT_FALSE(keypad.Text1.allSelected());
     bench.click(keypad.SSCommand10);
     EXPECT_TRUE(keypad.Text1.allSelected()) << "a wrong value too";
-    // A key of the pad appends, as ever.
+    // A key of the pad appends, as usual.
     bench.click(keypad.digits[1]);
     EXPECT_EQ(keypad.Text1.text, "981");
 }
 
 TEST(TypedBeginnings, CanBecomeTunableWhereSomeEndingMakesThem) {
-    // Against all texts of up to five digits.
+    // Compared with all texts of up to five digits.
     std::set<std::string> beginnings;
     for (int number = 1; number <= 99999; ++number) {
         const std::string text = std::to_string(number);

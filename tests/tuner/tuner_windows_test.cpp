@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What both dialogs have in common: keyboard, names, tips, and controls that keep apart.
+// What both dialogs have in common: keyboard, accessible names, tips, and controls that do not
+// touch.
 #include <algorithm>
 #include <map>
 
@@ -48,7 +49,7 @@ void checkPlaces(const Form& form) {
     }
 }
 
-/// Room of a caption in twips: B612 runs to 0.62 of its height a letter in bold.
+/// Checks that captions fit, in twips: a bold letter of B612 is up to 0.62 of its height wide.
 void checkCaptions(Form& form) {
     constexpr float kLetter = 0.62f * 120;
     for (Control* control : form.controls()) {
@@ -93,7 +94,7 @@ TEST_F(TunerWindows, TheEditorsTabOrderRunsFromThePresetsToTheOptions) {
                              "SSCommand18", "SSCommand19"}) {
         expected.emplace_back(name);
     }
-    // The narrow dialog keeps the focus out of the options that it does not show.
+    // While the dialog is narrow, the focus skips the options.
     EXPECT_EQ(tabOrderOf(editor), expected);
     bench.click(editor.SSCommand19);
     for (const char* name :
@@ -170,7 +171,7 @@ TEST_F(TunerWindows, EscapeCancelsTheEditorWhileNothingWasChanged) {
     bench.desktop.settle();
     EXPECT_FALSE(editor.loaded());
     EXPECT_TRUE(bench.rackUsable());
-    // An accepted correction would be in the settings.
+    // If the correction had been accepted, it would be here.
     EXPECT_EQ(bench.state.DbCorrection10, "0");
 }
 
@@ -187,7 +188,7 @@ TEST_F(TunerWindows, EscapeKeepsWhatWasSavedAndDeleted) {
     EXPECT_TRUE(bench.rackUsable());
     EXPECT_EQ(bench.read("halden.dat"), changed);
     EXPECT_EQ(bench.record(1), "-NUEVA    -999  ");
-    // The next time nothing was changed yet.
+    // When opened again, nothing has been changed.
     bench.openEditor();
     EXPECT_EQ(editor.cancelKey(), &editor.SSCommand18);
 }
@@ -272,7 +273,7 @@ TEST_F(TunerWindows, OpeningThemClosesWhatTheStartLeftOpenOfTheSpectrum) {
 TEST_F(TunerWindows, TheEditorOpensOnTheMemoryAlsoWhereClosingTheSpectrumRetunes) {
     bench.readings.field = 70;
     bench.start();
-    // A run that failed leaves the unit to the close of its window.
+    // A failed run returns the unit when its window is closed.
     bench.driver.superResults = {1};
     bench.click(bench.forms.formD1.Command3D1);
     bench.click(bench.forms.formNewSpectro.Command3D1);

@@ -80,7 +80,7 @@ def shown(field):
 
 
 def on_rack(frequency, half):
-    """The tuning bar takes whole steps only, halves to the even one."""
+    """The tuning bar takes whole steps only; halves are rounded to the even one."""
     bar = min(max(round(frequency - 875), 0), 206)
     return written(875 + bar + (Fraction(1, 2) if half else 0)).decode()
 

@@ -8,9 +8,9 @@
 
 namespace hm16::receiver {
 
-// The width of the channel from which figures are measured.
+// The width of the channel in which figures are measured.
 enum class ChannelWidth {
-    Wide,    // as it comes from the front end
+    Wide,    // as it leaves the front end
     Narrow,  // for a channel with a strong neighbour 200 kHz away
 };
 

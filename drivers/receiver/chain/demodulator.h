@@ -9,23 +9,23 @@
 
 namespace hm16::receiver {
 
-// Where the multiplex ends: ITU-R SM.1268 wants its peaks taken below 76 to 100 kHz.
+// The upper end of the multiplex: ITU-R SM.1268 measures peaks below a limit of 76 to 100 kHz.
 enum class PeakEdge {
-    At80,   // flat to 60 kHz, -6 dB at 80: lets in least noise
-    At100,  // flat to 100 kHz, for stations with subcarriers there
+    At80,   // flat to 60 kHz, -6 dB at 80: least noise
+    At100,  // flat to 100 kHz, for stations with subcarriers up there
 };
 
 // The low-pass of the multiplex at `rateHz`; the droop of a discriminator is taken out if asked.
 enum class Droop { None, Discriminator };
 std::vector<double> compositeTaps(double rateHz, Droop droop, PeakEdge edge);
 
-// From the channel to its instantaneous frequency, and from that to the multiplex in Hz: low-pass
-// filtered, with the droop of the discriminator, which averages over one sample, corrected.
+// From the channel to its instantaneous frequency, and from that to the multiplex in Hz. A
+// discriminator averages over one sample; the low-pass filter corrects that droop.
 class Demodulator {
  public:
     Demodulator(const Rates& rates, PeakEdge edge);
 
-    // Appends to both: frequency in Hz and envelope sample by sample at the channel's rate.
+    // Appends to both: frequency in Hz and envelope, one each for every sample of the channel.
     void discriminate(std::span<const Sample> channel, std::vector<float>& frequency,
                       std::vector<float>& envelope);
 

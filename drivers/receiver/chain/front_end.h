@@ -33,7 +33,8 @@ class FrontEnd {
 
     const ChannelShape& shape() const { return shape_; }
 
-    // The channel's samples that samples of the band reach: from the first to behind the last.
+    // The channel's samples that some samples of the band affect: from the first to one past the
+    // last.
     struct Reach {
         std::uint64_t from = 0;
         std::uint64_t to = 0;

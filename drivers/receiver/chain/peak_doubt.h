@@ -10,19 +10,19 @@
 
 namespace hm16::receiver {
 
-// How far another station may have moved the deviation that is read.
+// How far another station may have falsified the deviation.
 //
-// What comes in on one side of a carrier moves its frequency and its envelope alike: the logarithm
-// of the envelope, taken as if it were the phase, gives a twin of the error, a quarter of a turn
-// beside it. The station's own envelope does not move.
+// A signal on one side of a carrier changes frequency and envelope alike: the logarithm of the
+// envelope, treated as a phase, gives a copy of the frequency error that is a quarter of a turn
+// away. The station itself does not change the envelope.
 class PeakDoubt {
  public:
     explicit PeakDoubt(const Rates& rates, PeakEdge edge = PeakEdge::At80);
 
-    // Takes one sample more than steps are looked at.
+    // Takes one sample more than there are steps between them.
     void add(std::span<const float> envelope);
 
-    // The largest in Hz that the twin was since the last call.
+    // The largest value of that copy since the last call, in Hz.
     double takeHz();
 
  private:

@@ -14,9 +14,9 @@ namespace hm16::receiver {
 // The noise on the multiplex. Noise on the carrier is phase noise, whose deviation grows with
 // frequency; it raises the peak deviation of a slot.
 //
-// It is measured twice, and the lower result counts: in the envelope, where several rays or a
-// neighbour look like noise too, and in the multiplex around 68 kHz, where a hard limiter leaves
-// its splinters.
+// It is measured in two ways, and the lower result counts: in the envelope, where several rays or a
+// neighbour look like noise, too, and in the multiplex around 68 kHz, where a hard limiter causes
+// splatter.
 class PeakNoise {
  public:
     // `channelNoiseHz`: noise bandwidth of the channel filter.
@@ -25,7 +25,7 @@ class PeakNoise {
     void add(std::span<const float> composite);
     void endSlot();
 
-    // The slot that ends gives no result.
+    // The current slot gives no result.
     void forgetSlot();
 
     // Its rms in Hz; `roughness` is the variance of the envelope over its square.
@@ -41,10 +41,10 @@ class PeakNoise {
     std::vector<std::complex<float>> samples_;
 };
 
-// Width in Hz of the band in which white noise has as much power as behind this filter.
+// The bandwidth in Hz in which white noise has as much power as after this filter.
 double noiseBandwidthHz(const std::vector<double>& taps, double rateHz);
 
-// Mean square of the second difference, over samples `step` apart, of white noise behind this
+// Mean square of the second difference, over samples `step` apart, of white noise after this
 // filter, as a share of its variance.
 double rougheningOf(const std::vector<double>& taps, std::size_t step);
 

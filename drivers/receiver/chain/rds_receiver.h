@@ -20,13 +20,13 @@ class RdsReceiver {
 
     void add(std::span<const float> composite);
 
-    // Settles figures and data of what was added; once a slot.
+    // Updates figures and data with the samples that were added; called once a slot.
     void endSlot();
 
     const RdsBand& band() const { return band_; }
     const RdsDecoder& decoder() const { return decoder_; }
 
-    // What came to its end in the last slot.
+    // The groups that were completed in the last slot.
     std::span<const RdsGroup> groups() const { return groups_; }
 
  private:

@@ -21,13 +21,13 @@ class SoundResampler {
  public:
     explicit SoundResampler(double audioHz);
 
-    // Samples in Hz of deviation, both equally many; appends the sound.
+    // Samples in Hz of deviation, as many left as right; appends the sound.
     void process(std::span<const float> left, std::span<const float> right,
                  std::vector<StereoSample>& out);
 
  private:
-    double step_;       // audio samples for each one of the sound
-    double place_ = 0;  // of the next one, from the first held sample on
+    double step_;       // audio samples for one sample of sound
+    double place_ = 0;  // of the next one, counted from the first held sample
     std::vector<float> left_;
     std::vector<float> right_;
 };

@@ -46,8 +46,8 @@ struct ChainSettings {
 };
 
 // The whole way from the samples of a channel, or of a multiplex, to the figures of one station.
-// The figures are settled anew at the end of each slot of 50 ms. TunedStation puts a front end in
-// front of it.
+// The figures are updated at the end of each slot of 50 ms. TunedStation puts a front end before
+// it.
 class StationChain {
  public:
     // `channel`: the filter that the samples have passed.
@@ -57,32 +57,32 @@ class StationChain {
 
     void push(std::span<const Sample> channel);
 
-    // Says beforehand that the channel's samples [from, to), counted since the chain began, are
-    // missing or made up, and how many of the source that were; 0 when nobody knows how many. An
+    // Announces that the channel's samples [from, to), counted since the chain began, are missing
+    // or replaced, and how many samples of the source that were; 0 if nobody knows how many. An
     // empty stretch is a place where some are missing. What is missing because the radio was away
-    // counts as no disturbance.
+    // is no disturbance.
     void spoil(std::uint64_t from, std::uint64_t to, std::uint64_t lostSamples,
                Missing why = Missing::Lost);
 
     const Figures& figures() const { return figures_; }
 
-    // Slots measured so far, and the newest.
+    // The number of slots measured so far, and the newest slot.
     std::size_t slots() const { return slots_; }
     const StationSlot& slot() const { return slot_; }
 
     // Called at the end of each slot.
     void onSlot(std::function<void(const StationSlot&)> listener) { onSlot_ = std::move(listener); }
 
-    // Called with each group of RDS that came to its end; its time is that since the chain began.
+    // Called with each complete group of RDS; its time counts since the chain began.
     void onGroup(std::function<void(const RdsGroup&)> listener) { onGroup_ = std::move(listener); }
 
-    // Called with each stretch of audio, in Hz of deviation, de-emphasized; both equally long.
+    // Called with each stretch of audio, in Hz of deviation, de-emphasized; both are equally long.
     using SoundListener = std::function<void(std::span<const float>, std::span<const float>)>;
     void onSound(SoundListener listener) { onSound_ = std::move(listener); }
     double soundHz() const { return rates_.audio; }
 
     // Called with each stretch of the multiplex in Hz, flat to 100 kHz, at wideHz() samples a
-    // second. It is only made while somebody listens; a composite recording has none.
+    // second. It is only calculated if this is set; a composite recording has none.
     using WideListener = std::function<void(std::span<const float>)>;
     void onWide(WideListener listener) { onWide_ = std::move(listener); }
     double wideHz() const { return rates_.composite; }
@@ -141,7 +141,7 @@ class StationChain {
 
     CarrierWatch watch_;
     SpoiltSamples spoilt_;
-    SpoiltSamples away_;          // those of the spoilt ones at which the radio was away
+    SpoiltSamples away_;          // spoilt samples at which the radio was away
     std::deque<double> splices_;  // where an unknown number is missing, in the multiplex's time
     Disturbances disturbances_;
     bool inGap_ = false;

@@ -14,9 +14,9 @@ namespace hm16::receiver {
 
 // From the multiplex to left and right, de-emphasized and 15 kHz wide, in Hz of deviation.
 //
-// Sum and difference come through the same filter, the difference's moved up to 38 kHz, so nothing
-// has to be aligned. The difference waits until the pilot around it is known on both sides, and is
-// turned by the phase of a line through it.
+// Sum and difference pass the same filter (that of the difference is moved up to 38 kHz), so they
+// need no alignment. The difference is delayed until the pilot is known before and after it, and is
+// turned by the phase of a line through the pilot.
 class StereoDecoder {
  public:
     // `deemphasisUs`: 50 or 75 microseconds, 0 for none.
@@ -24,13 +24,13 @@ class StereoDecoder {
 
     void add(std::span<const float> composite);
 
-    // Time (seconds) of the oldest sample that waits.
+    // The time of the oldest waiting sample, in seconds.
     double nextSeconds() const;
 
-    // What becomes of a constant of the multiplex in left and right, as a factor.
+    // The factor by which a constant of the multiplex appears in left and right.
     double constantGain() const { return constantGain_; }
 
-    // Decodes what lies before `until` with a steady pilot's line; without one, as mono.
+    // Decodes everything before `until`, with the line of a steady pilot; without one, as mono.
     void decode(double until, const PilotLine& line, std::vector<float>& left,
                 std::vector<float>& right);
 

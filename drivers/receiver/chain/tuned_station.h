@@ -12,23 +12,23 @@
 namespace hm16::receiver {
 
 // One station of the band: the front end that picks its channel out of a source's samples, and the
-// chain behind it. The multiplex of a composite source goes to the chain as it is.
+// chain after it. The multiplex of a composite source goes to the chain directly.
 //
-// The samples are worked on in pieces of one fixed length, so that the figures do not depend, not
-// even by a rounding, on how many come at a time; up to 2.5 ms of them wait for the rest of their
-// piece.
+// Samples are processed in pieces of one fixed length, so that the figures do not depend on how
+// many come at a time, not even by rounding; up to 2.5 ms of samples wait until their piece is
+// complete.
 class TunedStation {
  public:
     explicit TunedStation(const ChainSettings& settings);
 
     void push(std::span<const Sample> samples);
 
-    // Says that samples were lost in front of those that come next: `count` of them, whose time
-    // passes all the same, or 0 when nobody knows how many. Of a long gap half a second passes;
-    // gives how many samples more there were.
+    // Announces that samples were lost before the next ones: `count` of them, whose time passes
+    // nevertheless, or 0 if nobody knows how many. Of a long gap only half a second is processed;
+    // returns how many samples were skipped.
     std::uint64_t lose(std::uint64_t count, Missing why = Missing::Lost);
 
-    // So many samples of a long gap pass.
+    // Skips so many samples of a long gap.
     std::uint64_t longestGap() const;
 
     StationChain& chain() { return chain_; }
@@ -43,8 +43,8 @@ class TunedStation {
     Domain domain_;
     Rates rates_;
     std::size_t pieceLength_;
-    std::vector<Sample> held_;  // of the piece that is not full yet
-    std::uint64_t taken_ = 0;   // samples that have come, lost ones counted
+    std::vector<Sample> held_;  // of the incomplete piece
+    std::uint64_t taken_ = 0;   // samples that have come, lost ones included
     FrontEnd frontEnd_;
     StationChain chain_;
     std::vector<Sample> channel_;

@@ -46,8 +46,8 @@ class RealDecimator {
     std::vector<float> held_;
 };
 
-// Real samples, a low-pass moved up to a band's centre: its output is the band around 0 Hz, with
-// the phase that the band has against a cosine which stood at phase 0 at input sample 0.
+// Real samples and a low-pass moved up to a band's centre: the output is the band around 0 Hz, with
+// its phase against a cosine that had phase 0 at input sample 0.
 class BandDecimator {
  public:
     // `turns`: the band's centre as a share of the input rate.

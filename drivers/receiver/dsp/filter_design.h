@@ -6,15 +6,15 @@
 
 namespace hm16::receiver {
 
-// The stop-band attenuation of the chain's filters: the rest of a rejected signal is below the
+// The stop-band attenuation of the chain's filters: what is left of a rejected signal is below the
 // smallest step of every figure.
 inline constexpr double kStopbandDb = 80;
 
 // Length (odd) of a Kaiser-windowed filter with a transition of `transitionHz` at `rateHz`.
 std::size_t tapsFor(double rateHz, double transitionHz, double stopbandDb = kStopbandDb);
 
-// Linear-phase filter whose gain is `gain(hz)`, from 0 to half the rate. A gain with a step is
-// blunted to the transition that the length allows, halfway on each side of the step.
+// Linear-phase filter whose gain is `gain(hz)`, from 0 to half the rate. A step in the gain becomes
+// a slope as wide as the length requires, half of it on each side of the step.
 std::vector<double> designFilter(double rateHz, std::size_t taps,
                                  const std::function<double(double hz)>& gain,
                                  double stopbandDb = kStopbandDb);

@@ -9,9 +9,8 @@
 
 namespace hm16::receiver {
 
-// What a cheap radio does to its samples: adds a constant, makes Q stronger than I, and lets them
-// stand at another angle than 90 degrees, which mirrors each station on the other side of the
-// centre.
+// The faults of a cheap radio's samples: a constant is added, Q is stronger than I, and they are
+// not at 90 degrees to each other, which mirrors each station to the other side of the centre.
 struct SampleFault {
     std::complex<double> constant = 0;
     double gain = 1;  // of Q against I
@@ -20,19 +19,19 @@ struct SampleFault {
     bool operator==(const SampleFault&) const = default;
 };
 
-// Finds such faults without knowing the signal, and takes them out. Over a second the samples of
-// stations off the centre have no mean, equal power in I and Q, and nothing in common between them.
-// A carrier near the centre has, but not twice alike: a fault must be the same in three seconds in
-// a row before it is believed, and then moves slowly.
+// Finds such faults without knowing the signal, and corrects them. Over a second, the samples of
+// stations off the centre have a mean of zero, equal power in I and Q, and no correlation between
+// them. A carrier near the centre does not, but never in the same way twice: a fault must be the
+// same for three seconds in a row before it is corrected, and then changes slowly.
 class SampleBalance {
  public:
     explicit SampleBalance(double rateHz);
 
-    // Takes a stretch in and gives it corrected: `samples` themselves where nothing is to be
-    // corrected, else memory that stays as it is until the next call.
+    // Measures a stretch and returns it corrected: `samples` themselves if nothing is corrected,
+    // else memory that is valid until the next call.
     std::span<const std::complex<float>> correct(std::span<const std::complex<float>> samples);
 
-    // What is taken out; a fault of 0 where there is none to speak of.
+    // What is being corrected; 0 for a fault that is negligible.
     const SampleFault& fault() const { return fault_; }
     bool corrects() const { return fault_ != SampleFault(); }
 

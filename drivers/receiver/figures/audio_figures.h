@@ -18,9 +18,9 @@ class AudioFigures {
  public:
     explicit AudioFigures(double audioHz);
 
-    // Samples in Hz of deviation, as they come; both equally many. `stereo` tells whether they were
-    // decoded from a stereo multiplex: separation has no meaning otherwise. What is `spoilt` is
-    // passed over: the figures stand.
+    // Samples in Hz of deviation; both equally many. `stereo` tells whether they were decoded from
+    // a stereo multiplex, since separation has no meaning otherwise. `spoilt` samples are skipped,
+    // and the figures stay.
     void add(std::span<const float> left, std::span<const float> right, bool stereo,
              bool spoilt = false);
 
@@ -34,7 +34,7 @@ class AudioFigures {
     const Separation& separation() const { return separation_; }
     const ToneWatch& tones() const { return tones_; }
 
-    // Looks taken at the tones so far; a response run takes one step for each.
+    // The number of looks at the tones so far; a response run takes one step for each.
     std::size_t looks() const { return looks_; }
 
  private:

@@ -20,7 +20,7 @@ struct AudioPower {
 // `left` and `right` are equally long.
 AudioPower audioPower(std::span<const float> left, std::span<const float> right);
 
-// The level of silence on the panels: the lower end of their scale.
+// The panels' level for silence: the lower end of their scale.
 inline constexpr double kSilenceDb = -64;
 
 // A mean square in Hz squared as a level; 0 dB is a sine of 67.5 kHz.

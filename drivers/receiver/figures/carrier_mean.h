@@ -8,15 +8,14 @@
 namespace hm16::receiver {
 
 // The carrier's deviation: the mean of the multiplex over one second, weighted with a raised
-// cosine, for under even weights a strong 30 Hz tone would pull the carrier about by hundreds of
-// Hz. The weight runs on within a slot: a mean of the slots' even means would beat with every tone
-// beside a multiple of the slots' rate.
+// cosine. With even weights a strong tone of 30 Hz would change it by hundreds of Hz. The weight
+// also changes within a slot: otherwise every tone near a multiple of the slots' rate would beat.
 class CarrierMean {
  public:
     // The multiplex of one slot in Hz; all slots are equally long.
     void add(std::span<const float> slot);
 
-    // Mean over what came in the last second, 0 before anything came.
+    // The mean of the last second; 0 before anything came.
     double hz() const { return hz_; }
 
  private:

@@ -10,29 +10,29 @@
 
 namespace hm16::receiver {
 
-// Looks at a channel's frequency and envelope block by block, about a millisecond at a time, and
-// tells what is a carrier and what is not.
+// Examines a channel's frequency and envelope in blocks of about a millisecond, and tells carrier
+// from noise.
 //
 // Noise makes the envelope differ from one sample to the next; fades, gain steps and the beat of a
-// fluttering aerial are slow beside that. So the roughness is taken from second differences, and a
-// level that moves is never taken for noise.
+// fluttering aerial are slow in comparison. So the roughness is calculated from second differences,
+// and a changing level is never taken for noise.
 //
 // A burst of spoilt samples, or a splice where some are missing, makes the frequency jump as no
-// multiplex does: the fourth difference passes next to nothing below 60 kHz and all of a jump. What
-// stands far out of the middle one of the blocks of the last half second is a burst. A block
+// multiplex does: the fourth difference suppresses nearly everything below 60 kHz, but no jump. A
+// block whose fourth difference is far above the median of the last half second is a burst. A block
 // without a carrier among blocks with a good one is a gap.
 class CarrierWatch {
  public:
     static constexpr std::size_t kBlock = 512;
 
-    // Samples that a look at a block needs on each side of it.
+    // The samples that are needed on each side of a block.
     static constexpr std::size_t kBeside = 2;
 
     enum class Finding { Carrier, Burst, Gap };
 
     struct Look {
         Finding finding = Finding::Carrier;
-        // The burst's samples of the block.
+        // The samples of the block that belong to the burst.
         std::size_t from = 0;
         std::size_t to = 0;
     };
@@ -41,27 +41,30 @@ class CarrierWatch {
     // the channel's filter, as a share of its variance.
     CarrierWatch(double rateHz, double roughening);
 
-    // For another filter. Beside a strong neighbour, whose beat looks like bursts, none are sought.
+    // Call this when the filter changes. Beside a strong neighbour, whose beat looks like bursts,
+    // none are looked for.
     enum class Bursts { Sought, NotSought };
     void setFilter(double roughening, Bursts bursts) {
         roughening_ = roughening;
         bursts_ = bursts;
     }
 
-    // Strong echoes take the carrier through nulls that look like bursts: then none are sought.
+    // Strong echoes take the carrier through nulls that look like bursts, so none are looked for
+    // then.
     void setEchoes(bool strong) { echoes_ = strong; }
 
-    // `frequency` and `envelope` point to a block's first sample, with kBeside more on each side.
+    // `frequency` and `envelope` point to a block's first sample, with kBeside more before and
+    // after it.
     Look look(const float* frequency, const float* envelope);
 
-    // Ends a slot; roughness() is then that of its blocks.
+    // Ends a slot; roughness() then is that of the slot's blocks.
     void endSlot();
 
-    // Variance of the envelope over its mean square, fast moves only: 0 is a clean carrier, some
-    // 0.3 noise without any. 1 where there is no power.
+    // Variance of the envelope over its mean square, fast changes only: 0 is a clean carrier, about
+    // 0.3 noise alone. 1 if there is no power.
     double roughness() const { return roughness_; }
 
-    // False after so long a time without a carrier that it is no gap any more.
+    // False if there was no carrier for longer than a gap can last.
     bool carrier() const;
 
  private:
@@ -72,7 +75,7 @@ class CarrierWatch {
         float lowest = 0;  // of the envelope
         float highest = 0;
     };
-    // What a block must not pass.
+    // The thresholds for a block.
     struct Limits {
         float spike;
         float lowest;
@@ -92,7 +95,7 @@ class CarrierWatch {
     double meanSum_ = 0;
     std::size_t blocks_ = 0;
     double roughness_ = 1;
-    std::size_t without_ = 0;  // blocks in a row without a carrier
+    std::size_t without_ = 0;  // consecutive blocks without a carrier
     // Of the last blocks; the envelope's ends as shares of its mean.
     std::vector<float> spikes_;
     std::vector<float> means_;

@@ -10,19 +10,19 @@
 
 namespace hm16::receiver {
 
-// Where the power of the channel's surroundings lies.
+// The distribution of power in the channel and around it.
 class ChannelPower {
  public:
     // `channelHz`: rate of the samples.
     explicit ChannelPower(double channelHz);
 
-    // Takes samples of the channel; half of them are looked at.
+    // Takes samples of the channel, and uses half of them.
     void add(std::span<const std::complex<float>> channel);
 
-    // Ends a slot: what was added becomes part of the mean of the last half second.
+    // Ends a slot: what was added counts in the mean of the last half second.
     void endSlot();
 
-    // Ends a slot that says nothing.
+    // Ends a slot that does not count.
     void forgetSlot();
 
     // Mean power within 100 kHz of the centre; full scale is 1.
@@ -31,9 +31,9 @@ class ChannelPower {
     // The same over the last 200 ms.
     double lately() const { return lately_.mean(); }
 
-    // Power of a strong neighbour 200 kHz away as a share of the channel's own. The sidebands of
-    // the station itself lie on both sides alike, so only what one side has more than the other
-    // counts, or what is too much for any station.
+    // Power of a strong neighbour 200 kHz away as a share of the channel's own. The station's own
+    // sidebands are equal on both sides, so only the difference between the sides counts, or what
+    // is too much for any station.
     double neighbour() const;
 
  private:

@@ -9,23 +9,23 @@
 
 namespace hm16::receiver {
 
-// The last half second of both channels and the tone in it, looked at every quarter of a second.
-// Distortion and the frequency response run both live on it.
+// The last half second of both channels and the tone in it, examined every quarter of a second.
+// Distortion and the response run use it.
 class ToneWatch {
  public:
     explicit ToneWatch(double audioHz);
 
-    // True when a new look was taken.
+    // True if a new look was taken.
     bool add(std::span<const float> left, std::span<const float> right);
 
-    // The stretch begins anew; the last look stands.
+    // Begins a new stretch; the last look stays valid.
     void forgetStretch();
 
     // The strongest tone of the louder channel; its mean square is 0 before the first look.
     const SteadyTone& tone() const { return tone_; }
 
-    // Harmonics of a tone that stands 30 dB over all else, in percent of it; 0 when there is no
-    // such tone or none of its harmonics lies in the audio band.
+    // Harmonics of a tone that is 30 dB above everything else, in percent of it; 0 if there is no
+    // such tone or none of its harmonics is in the audio band.
     double distortionPercent() const;
 
  private:

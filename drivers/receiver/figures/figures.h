@@ -9,12 +9,12 @@
 
 namespace hm16::receiver {
 
-// All that is measured of one station. A figure that is not known is 0; levels are then at
+// Everything that is measured of one station. A figure that is not known is 0; levels are then
 // kSilenceDb.
 struct Figures {
-    bool carrier = false;  // a modulated carrier is there, not only noise
-    bool stereo = false;   // a steady pilot is there
-    bool rds = false;      // data is on the 57 kHz subcarrier
+    bool carrier = false;  // there is a modulated carrier, not only noise
+    bool stereo = false;   // there is a steady pilot
+    bool rds = false;      // there is data on the 57 kHz subcarrier
 
     double peakHz = 0;
     double levelLeftDb = kSilenceDb;

@@ -7,14 +7,14 @@
 
 namespace hm16::receiver {
 
-// Whether a converter is driven too hard: its samples stand at its end. Only samples as they came
-// tell it, before anything corrects them; 1.0 is full scale. Floats that go beyond have another
-// scale, and nothing can be said of them.
+// Whether a converter is overdriven: its samples are at the end of its range. Must get the samples
+// as they came, before anything is corrected; 1.0 is full scale. Floats beyond that have another
+// scale, so nothing can be said about them.
 class InputLoad {
  public:
     void add(std::span<const std::complex<float>> samples);
 
-    // Ends a slot. True when more than a thousandth of its samples stood at the end.
+    // Ends a slot. True if more than a thousandth of its samples were at the end of the range.
     bool endSlot();
 
  private:

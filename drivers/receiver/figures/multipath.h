@@ -8,38 +8,38 @@
 
 namespace hm16::receiver {
 
-// Several rays that arrive one after the other make a channel's gain depend on the frequency, so
-// the envelope of an FM signal follows its deviation: the same deviation, the same envelope. Noise
-// makes the envelope vary too, but never twice alike. So the mean envelope is taken for each 2 kHz
-// of deviation, and its variation over them, in percent rms, is the figure.
+// Several rays with different delays make a channel's gain depend on the frequency, so the envelope
+// of an FM signal follows its deviation: equal deviation, equal envelope. Noise changes the
+// envelope, too, but at random. So the mean envelope is calculated for each 2 kHz of deviation, and
+// its variation over them, in percent rms, is the figure.
 //
-// A ray that is late by d beats with the direct one by the phase that the carrier has run through
-// in d: it is the mean deviation over the last d that the envelope follows. With programme of high
-// frequencies that is not the deviation of the moment. So the mean is taken over the one of several
-// times that leaves least unexplained; one of the others is tried in each slot.
+// A ray with a delay d beats with the direct one by the phase through which the carrier has turned
+// in d, so the envelope follows the mean deviation over the last d. In a programme of high
+// frequencies that differs from the present deviation. So means over several delays are tried, and
+// the one that leaves the least unexplained is used; another delay is tried in each slot.
 class Multipath {
  public:
     // `rateHz` of the samples.
     explicit Multipath(double rateHz);
 
-    // Equally many values of frequency in Hz and envelope; frequency n is that from sample n to the
-    // next. `reachHz`: up to where the channel filter is flat enough for a fair envelope.
+    // As many values of frequency in Hz as of envelope; frequency n is that from sample n to the
+    // next. `reachHz`: the channel filter is flat up to here.
     void add(std::span<const float> frequency, std::span<const float> envelope, double carrierHz,
              double reachHz);
 
     // Ends a slot: what was added becomes part of the last half second. A change of level from slot
-    // to slot is none of the channel's; it is taken out.
+    // to slot is not caused by the channel and is removed.
     void endSlot();
 
     double percent() const;
 
-    // Delay in seconds that explains most.
+    // The delay in seconds that explains most.
     double delaySeconds() const;
 
  private:
     static constexpr std::size_t kBins = 160;
     static constexpr double kBinHz = 2000;
-    static constexpr std::size_t kStep = 3;  // samples from look to look
+    static constexpr std::size_t kStep = 3;  // samples between looks
 
     struct Bins {
         std::array<float, kBins> count{};
@@ -71,9 +71,9 @@ class Multipath {
     Bins bestSlot_;
     Bins triedSlot_;
 
-    std::vector<float> frequency_;  // not yet looked at
+    std::vector<float> frequency_;  // not examined yet
     std::vector<float> envelope_;
-    std::vector<double> turned_;  // sums of frequency up to each look, the longest delay before
+    std::vector<double> turned_;  // sums of frequency up to each look, from the longest delay on
     std::vector<float> looks_;    // the envelope there
 };
 

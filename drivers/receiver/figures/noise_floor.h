@@ -5,9 +5,9 @@
 
 namespace hm16::receiver {
 
-// The noise of a channel as far as the gaps of the programme show it: the 5th percentile of the
-// levels of 50 ms blocks over the last 20 seconds. Never below the true noise, and above it while
-// the programme leaves no gap.
+// A channel's noise in the pauses of the programme: the 5th percentile of the levels of 50 ms
+// blocks over the last 20 seconds. Never below the true noise, but above it if the programme has no
+// pauses.
 class NoiseFloor {
  public:
     // Mean square of one block.

@@ -7,24 +7,24 @@
 
 namespace hm16::receiver {
 
-// How much noise has lifted the highest deviation of a slot.
+// How much noise has raised the highest deviation of a slot.
 //
-// That depends on how often the signal itself came near its highest: of the hundred crests of a
-// tone one is lifted by three times the noise's rms, a single crest of a programme by next to
-// nothing. What lies up to eight times the rms below the highest tells: the number of samples that
-// a signal has less than d below its own highest is taken to grow with some power of d (0 for a
-// flat top, 1/2 for crests of one height, more for crests of many heights), and power and highest
-// are chosen so that this, blurred by the noise, is likeliest to give the counts that are there.
+// This depends on how often the signal itself came near its highest value: of the hundred crests of
+// a tone one is raised by three times the noise's rms, the single crest of a programme by next to
+// nothing. The samples up to eight times the rms below the highest show it: the number of samples
+// less than d below the signal's own highest is assumed to grow with a power of d (0 for a flat
+// top, 1/2 for crests of one height, more for crests of many heights). Power and highest are chosen
+// so that this distribution, blurred by the noise, most likely gives the observed counts.
 class NoiseRise {
  public:
-    // How far below the highest samples count, in units of the noise's rms.
+    // How far below the highest samples are counted, in units of the noise's rms.
     static constexpr double kDepth = 8;
 
     // `highestHz`: the highest deviation; `noiseHz`: rms of the noise, over 0.
     NoiseRise(double highestHz, double noiseHz);
 
-    // Samples of the slot's deviation without their signs. They must lie dense enough that no crest
-    // falls between them; those far below the highest may be left out.
+    // Absolute values of the slot's deviation. They must be so dense that no crest falls between
+    // them; those far below the highest may be left out.
     void add(std::span<const float> magnitudes);
 
     // From 0 to 4.5 times the noise's rms.

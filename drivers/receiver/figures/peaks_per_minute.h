@@ -6,8 +6,8 @@
 
 namespace hm16::receiver {
 
-// How often the last minute went over 100 percent: slots over 75 kHz, neighbouring ones together
-// counted once.
+// How often the last minute exceeded 100 percent: slots over 75 kHz, of which adjacent ones count
+// once.
 class PeaksPerMinute {
  public:
     void add(double peakHz);

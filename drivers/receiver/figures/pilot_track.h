@@ -8,7 +8,7 @@ namespace hm16::receiver {
 
 // A straight line through the pilot's phase.
 struct PilotLine {
-    double phase = 0;      // radians against a 19 kHz cosine, at `time`
+    double phase = 0;      // radians relative to a 19 kHz cosine, at `time`
     double slope = 0;      // radians a second
     double time = 0;       // seconds, the middle of the stretch
     double amplitude = 0;  // of the pilot's points along the line
@@ -16,25 +16,25 @@ struct PilotLine {
 
     double errorHz() const;
     double phaseAt(double seconds) const { return phase + slope * (seconds - time); }
-    // True when this is a pilot and not what noise or programme left in its band.
+    // True if this is a pilot and not noise or programme in its band.
     bool steady() const;
 };
 
-// The pilot's points, some 500 a second, as they come out of its filter. A line fitted to their
-// phase is the best estimate that there is of a steady sine, and needs no loop that could slip.
+// The pilot's points, about 500 a second, as they come out of its filter. A line through their
+// phases is the best estimate of a steady sine, and there is no loop that could slip.
 class PilotTrack {
  public:
     // `seconds` must rise from point to point.
     void add(double seconds, std::complex<float> point);
 
-    // Says that an unknown number of samples is missing at this time: the phase jumps there. What
-    // lay before is turned to what comes behind it, so that a line goes through both.
+    // Announces that an unknown number of samples is missing at this time, so the phase jumps.
+    // Points before it are turned to match those after it, so that a line fits both.
     void splice(double seconds) { splices_.push_back(seconds); }
 
-    // The line through the points of a stretch; all zero with fewer than 8 of them.
+    // The line through the points of a stretch; all zero if there are fewer than 8.
     PilotLine fit(double from, double to) const;
 
-    // Time of the newest point, -1 without one.
+    // Time of the newest point, -1 if there is none.
     double newest() const { return points_.empty() ? -1 : points_.back().seconds; }
 
  private:
@@ -47,7 +47,7 @@ class PilotTrack {
     void join(double seconds);
 
     std::deque<Point> points_;
-    std::deque<double> splices_;  // that still have to be joined
+    std::deque<double> splices_;  // not joined yet
 };
 
 }  // namespace hm16::receiver

@@ -8,9 +8,9 @@
 namespace hm16::receiver {
 
 // RDS suppresses its carrier, so there is no line at 57 kHz to measure. Squaring the band's samples
-// takes the data's signs away and leaves a line at twice the frequency error; the line's phase
-// tells the axis on which the data lies, its strength the level with the noise taken out, for noise
-// is as strong across the axis as along it.
+// removes the data's signs and leaves a line at twice the frequency error. The line's phase gives
+// the axis on which the data lies, its strength the level without the noise, which is as strong
+// across the axis as along it.
 class RdsBand {
  public:
     // `rateHz` of the band's samples; `startSeconds`: time of the first.
@@ -19,7 +19,7 @@ class RdsBand {
     // Samples of the band around 57 kHz, in Hz of deviation.
     void add(std::span<const std::complex<float>> band);
 
-    // Settles the figures of the last second.
+    // Updates the figures with the last second.
     void update();
 
     // True when there is data on the subcarrier.
@@ -30,10 +30,10 @@ class RdsBand {
     // Peak deviation in Hz of the subcarrier: of its in-phase part, noise taken out.
     double levelHz() const;
 
-    // Mean square deviation that RDS brings to the multiplex.
+    // The mean square deviation that RDS adds to the multiplex.
     double meanSquare() const;
 
-    // Phase of the data's axis in radians, with half a turn open.
+    // Phase of the data's axis in radians; half a turn is undecided.
     double axisAt(double seconds) const;
 
  private:
@@ -53,13 +53,13 @@ class RdsBand {
     std::deque<Point> points_;
     bool present_ = false;
     double errorHz_ = 0;
-    double amplitudeSquared_ = 0;  // of the band's samples along the axis, mean
+    double amplitudeSquared_ = 0;  // along the axis, mean of the band's samples
     double linePhase_ = 0;
     double lineSlope_ = 0;
     double lineTime_ = 0;
 };
 
-// Peak of a long RDS data signal over its rms: a property of its pulse.
+// Peak over rms of a long RDS data signal, which follows from the shape of its pulse.
 double rdsCrestFactor();
 
 }  // namespace hm16::receiver

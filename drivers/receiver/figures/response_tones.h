@@ -10,7 +10,7 @@
 
 namespace hm16::receiver {
 
-// A frequency response run: the station sends eight test tones one after the other, the receiver
+// A frequency response run: the station sends eight test tones one after the other; the receiver
 // finds them in the audio and keeps their levels.
 class ResponseTones {
  public:
@@ -18,13 +18,13 @@ class ResponseTones {
 
     struct Result {
         int hz = 0;          // 0: no result
-        int tenthsOfDb = 0;  // against the tone of 1 kHz, or the first one without that
+        int tenthsOfDb = 0;  // relative to the tone of 1 kHz, or to the first tone if there is none
     };
 
     // Takes one look at the audio, four of which make a second.
     void look(const SteadyTone& tone);
 
-    // True when all tones came and the last one was heard for a second or is over, or when none has
+    // True if all tones came and the last one was heard for a second or has ended, or if none has
     // come for three seconds.
     bool ended() const { return ended_; }
 

@@ -8,7 +8,7 @@
 
 namespace hm16::receiver {
 
-// The last values of a figure, at most so many.
+// The last values of a figure, up to a number.
 class Ring {
  public:
     explicit Ring(std::size_t most) : most_(most) {}
@@ -26,7 +26,7 @@ class Ring {
         return values_.empty() ? 0 : sum / static_cast<double>(values_.size());
     }
 
-    // The value below which the given share (0 to 1) of all lies; 0 without values.
+    // The value below which the given share (0 to 1) of all values is; 0 without values.
     double percentile(double share) const {
         if (values_.empty()) return 0;
         std::vector<double> sorted(values_.begin(), values_.end());

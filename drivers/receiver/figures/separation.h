@@ -9,11 +9,11 @@
 
 namespace hm16::receiver {
 
-// How far the channels are apart, judged block by block.
+// The separation of the channels, measured block by block.
 //
-// With a tone in one channel: how much weaker the same tone is in the other one. On programme: by
-// how much one channel was louder than the other, which true separation can only exceed; of all
-// blocks of the last 20 seconds the 95th percentile, so that one odd block does not count.
+// With a tone in one channel: how much weaker the same tone is in the other one. On programme: how
+// much louder one channel was than the other, which is never more than the true separation; the
+// 95th percentile of all blocks of the last 20 seconds counts, so that one odd block does not.
 class Separation {
  public:
     // `block`: samples of a block at `audioHz`.
@@ -21,8 +21,8 @@ class Separation {
 
     void add(std::span<const float> left, std::span<const float> right);
 
-    // In dB: how far the left channel is down in the right one, and the other way; 0 while nothing
-    // can be said.
+    // In dB: how far the left channel is down in the right one, and the reverse; 0 if it is not
+    // known.
     double leftDb() const { return left_.db(); }
     double rightDb() const { return right_.db(); }
 
@@ -34,7 +34,7 @@ class Separation {
         double db() const;
     };
 
-    // Power of a tone in a block, coherent at one frequency.
+    // Power of a tone in a block, measured coherently at one frequency.
     double lineAt(std::span<const float> block, double hz) const;
     void judge(std::span<const float> loud, std::span<const float> quiet, Direction& direction,
                Direction& other);

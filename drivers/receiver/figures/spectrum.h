@@ -8,8 +8,8 @@
 
 namespace hm16::receiver {
 
-// Windowed transforms of one length. The window is the four-term Blackman-Harris: what it lets over
-// from one line to another lies 92 dB down from 4 bins on.
+// Windowed transforms of one length. The window is the four-term Blackman-Harris, whose leakage is
+// 92 dB down from 4 bins on.
 class Spectrum {
  public:
     enum class Input { Real, Complex };

@@ -11,12 +11,12 @@ namespace hm16::receiver {
 // drivers/hm16_more.h.
 enum class FigureState : std::uint8_t {
     Known = 0,
-    Settling = 1,      // not long enough measured
-    NoCarrier = 2,     // no station, or not the subcarrier that the figure is about
+    Settling = 1,      // not measured long enough
+    NoCarrier = 2,     // no station, or not the subcarrier of the figure
     TooNoisy = 3,      // noise or a neighbour hides it
     Multipath = 4,     // echoes hide it
-    NoPilot = 5,       // a figure of stereo, on a station without a pilot
-    Overload = 6,      // the samples stand at the converter's end
+    NoPilot = 5,       // a stereo figure, on a station without a pilot
+    Overload = 6,      // the samples are at the end of the converter's range
     Gap = 7,           // samples were lost or spoilt
     UnitAway = 8,      // the radio was tuned elsewhere meanwhile
     NotMeasured = 10,  // not on this programme
@@ -43,27 +43,27 @@ struct FigureStates {
     bool operator==(const FigureStates&) const = default;
 };
 
-// All states alike.
+// All of them in the same state.
 FigureStates allFigures(FigureState state);
 
-// The same states, but what was known is not any more because of `why`.
+// The same states, except that what was known is unknown because of `why`.
 FigureStates unknownBecause(const FigureStates& states, FigureState why);
 
-// From so much multipath on, in percent, echoes make a peak wrong by 3 kHz or more, and what is
-// heard of separation, noise and distortion is their own.
+// From this multipath on, in percent, echoes falsify a peak by 3 kHz or more, and dominate
+// separation, noise and distortion.
 inline constexpr double kEchoesHidePercent = 6;
 FigureStates hiddenByEchoes(const FigureStates& states);
 
-// Why samples of a stretch are not there.
+// Why samples of a stretch are missing.
 enum class Missing {
     Lost,  // by a radio or a machine
     Away,  // the radio was tuned elsewhere on purpose
 };
 
-// Samples that a radio or a machine lost or spoilt, told from the signal or by the source.
+// Samples that a radio or a machine lost or spoilt, found in the signal or reported by the source.
 struct Disturbances {
-    std::uint64_t gaps = 0;         // times that samples or the carrier were missing for a moment
-    std::uint64_t bursts = 0;       // times that samples were there but spoilt
+    std::uint64_t gaps = 0;         // how often samples or the carrier were missing for a moment
+    std::uint64_t bursts = 0;       // how often samples were there but spoilt
     std::uint64_t lostSamples = 0;  // as far as their number is known
 
     bool operator==(const Disturbances&) const = default;
@@ -73,8 +73,8 @@ struct Disturbances {
 struct StationSlot {
     std::uint64_t number = 0;  // slots since the chain began
     double endSeconds = 0;     // the signal's time since the chain began, lost samples counted
-    bool spoilt = false;       // a gap or a burst lies in it: its figures are those before
-    bool away = false;         // and the radio was tuned elsewhere
+    bool spoilt = false;  // contains a gap or a burst; its figures are those of the slot before
+    bool away = false;    // and the radio was tuned elsewhere
     Figures figures;
     FigureStates states;
 };

@@ -9,24 +9,24 @@
 
 namespace hm16::receiver {
 
-// The power of the band over frequency, averaged over a stretch of samples.
+// The band's power over frequency, averaged over a stretch of samples.
 class BandLevels {
  public:
-    // Samples that a stretch has at least.
+    // The least samples that a stretch has.
     static constexpr std::size_t kLength = 4096;
 
-    // `rateHz` and `centreHz` as they truly are.
+    // `rateHz` and `centreHz`: the true values.
     BandLevels(double rateHz, double centreHz);
 
     void setCentre(double centreHz) { centreHz_ = centreHz; }
 
-    // Looks at the whole stretch; earlier ones are forgotten.
+    // Measures the stretch; earlier ones are forgotten.
     void measure(std::span<const Sample> stretch);
 
     // Mean power within `widthHz` around `hz`; full scale is 1. 0 outside what is covered.
     double powerAt(double hz, double widthHz) const;
 
-    // True when a channel of `widthHz` around `hz` lies within the samples' band.
+    // True if a channel of `widthHz` around `hz` lies within the samples' band.
     bool covers(double hz, double widthHz) const;
 
  private:

@@ -24,11 +24,11 @@ class BandMeter {
     BandMeter(const ReceiverOptions& options, SignalReader& signal);
 
     // Power of the channel at `hz`; nothing when the signal has ended. A radio that does not cover
-    // it is tuned there and stays there.
+    // it is tuned to it and stays there.
     std::optional<float> levelAt(double hz);
 
-    // The levels of all points, each in its step's width or a channel's, whichever is less; nothing
-    // when the signal has ended, or is a composite, which has no band.
+    // The levels of all points, each in the width of a step or of a channel, whichever is less;
+    // nothing when the signal has ended, or if it is a composite signal, which has no band.
     std::optional<std::vector<float>> frame(const SweepRange& range);
 
     // True when a frame of that range needs no tuning.

@@ -9,10 +9,10 @@ namespace hm16::receiver {
 
 // The effect of a coarse analogue-to-digital converter on the measured strength of a carrier.
 //
-// Each threshold that a sine crosses adds a square wave of one step, so a sine of a few steps comes
-// out stronger or weaker than it went in, by up to 0.3 dB at four steps, depending on how near its
-// crests come to the next threshold. Noise and other stations on top of it blur the thresholds and
-// take that away.
+// Each threshold that a sine crosses adds a square wave of one step, so a sine of a few steps is
+// measured up to 0.3 dB too strong or too weak at four steps, depending on how near its crests are
+// to the next threshold. Noise and other stations on top of it blur the thresholds and remove the
+// effect.
 class CoarseConverter {
  public:
     // `step`: between two neighbouring values, full scale is 1; 0 for a converter too fine to
@@ -34,8 +34,8 @@ class CoarseConverter {
     double total_ = 0;  // mean power without the samples' mean
 };
 
-// Amplitude behind the converter of a sine around `centre` with noise of an rms of `noise` on it;
-// all in steps, a threshold lies at 0.
+// The amplitude, after the converter, of a sine around `centre` with noise of an rms of `noise`;
+// all in steps, with a threshold at 0.
 double amplitudeBehind(double amplitude, double centre, double noise);
 
 }  // namespace hm16::receiver

@@ -10,8 +10,8 @@ namespace hm16::receiver {
 // Rounds a level to steps of `stepDb`; 0 leaves it unchanged.
 double stepped(double level, double stepDb);
 
-// Figures in the units of HM_Data. `peakHz` stands for the peak: of the last slot or a mean, by
-// the detector.
+// Figures in the units of HM_Data. `peakHz` is the peak to report: of the last slot, or a mean,
+// depending on the detector.
 Readings readingsOf(const Figures& figures, double peakHz, AudioMode mode, double levelStepDb);
 
 }  // namespace hm16::receiver

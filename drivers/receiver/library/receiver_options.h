@@ -34,12 +34,12 @@ struct ReceiverOptions {
     double levelStepDb = 1;
     double compositeHzAtFullScale = 100e3;
     Scene scene = Scene::Station;
-    bool listen = false;  // the tuned station on the machine's loudspeakers
-    SoapyRequest radio;   // rate and centre stand above
+    bool listen = false;  // play the tuned station on the machine's loudspeakers
+    SoapyRequest radio;   // its rate and centre are the fields above
 };
 
-// Takes the options out of a settings file that lies in `folder`; file names in it count from
-// there. What is wrong stands in settings.faults() afterwards.
+// Reads the options from a settings file in `folder`; file names in it are relative to that folder.
+// Faults are in settings.faults() afterwards.
 ReceiverOptions readOptions(Settings& settings, const std::filesystem::path& folder);
 
 }  // namespace hm16::receiver

@@ -32,10 +32,9 @@
 
 namespace hm16::receiver {
 
-// A unit that measures samples of the band. A thread of its own reads them at the pace of the
-// settings, runs the chain, publishes readings, delivers frames and keeps files. In steps instead:
-// whoever asks for them drives the signal, so that a recording is measured without a gap as fast
-// as the machine can.
+// A unit that measures samples of the band. Its own thread reads them at the pace of the settings,
+// runs the chain, publishes readings, delivers frames and writes files. In steps, the caller drives
+// the signal instead, so that a recording is measured without a gap as fast as the machine can.
 class ReceiverUnit : public Unit {
  public:
     // Files of stations and days are written to `files`.
@@ -54,8 +53,8 @@ class ReceiverUnit : public Unit {
     const SlotRing* slots() const override { return &slots_; }
     ResponseResults response() override;
 
-    // From now on the signal goes on only with this: `slots` of 50 ms of the running measurement.
-    // False when the pace is real, nothing runs or the signal has ended.
+    // From now on the signal only advances by this: `slots` of 50 ms of the running measurement.
+    // False if the pace is real, nothing runs or the signal has ended.
     bool step(int slots);
 
     // The figures of the last measured slot.
@@ -121,12 +120,11 @@ class ReceiverUnit : public Unit {
     std::unique_ptr<TunedStation> station_;  // none where nothing can be heard
     double stationCentreHz_ = 0;             // centre of the samples that it takes
     double stationStart_ = 0;                // the signal's seconds when it was tuned
-    std::uint64_t groupsBefore_ = 0;         // that the stations before it have sent
+    std::uint64_t groupsBefore_ = 0;         // sent by the stations before it
     std::uint64_t nextGroup_ = 0;
-    std::uint64_t missed_ =
-        0;                   // samples that it has not heard, read for others, and not been told of
-    bool longAway_ = false;  // it has been told of as many as pass through it
-    StationSlot heard_;      // the last that was measured, for the report
+    std::uint64_t missed_ = 0;   // samples read for other purposes that it was not told of yet
+    bool longAway_ = false;      // it was told of as many as it processes
+    StationSlot heard_;          // the last slot, for the report
     Disturbances disturbances_;  // since the tuning
     InputLoad input_;
     std::uint64_t overloaded_ = 0;  // slots since the tuning

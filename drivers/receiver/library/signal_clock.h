@@ -8,8 +8,8 @@
 
 namespace hm16::receiver {
 
-// The signal's time: it advances with the samples that were read, at whatever speed. So logs and
-// results of a recording that is measured quickly are those of its real duration.
+// The signal's time: it advances with the samples that are read, at whatever speed. So logs and
+// results of a recording that is measured fast are those of its real duration.
 class SignalClock {
  public:
     explicit SignalClock(double rateHz) : rateHz_(rateHz), start_(Wall::now()) {}
@@ -23,7 +23,7 @@ class SignalClock {
                                         std::chrono::duration<double>(seconds())));
     }
 
-    // Nanoseconds since 1970 UTC when the signal was so many seconds old.
+    // The time, in nanoseconds since 1970 UTC, at which the signal was so many seconds old.
     std::int64_t utcNsAt(double seconds) const {
         using std::chrono::nanoseconds;
         return std::chrono::duration_cast<nanoseconds>(start_.time_since_epoch()).count() +

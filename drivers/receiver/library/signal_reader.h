@@ -32,18 +32,18 @@ class SignalReader {
     double rateHz() const { return rateHz_; }
     double centreHz() const;
 
-    // True when the channel at `hz` lies in the samples.
+    // True if the samples contain the channel at `hz`.
     bool covers(double hz) const;
 
     // Tunes the source so that `hz` is within its samples, if it can be tuned.
     bool retune(double hz) { return source_->tunable() && source_->retune(hz); }
 
-    // Called with all samples that are read, for whatever purpose, and with what was lost in them.
+    // Called with all samples that are read, for any purpose, and with the losses in them.
     using Listener = std::function<void(std::span<const Sample>, std::span<const Loss>)>;
     void onRead(Listener listener) { onRead_ = std::move(listener); }
 
-    // The next so many seconds, in memory that stays as it is until the next call; less when the
-    // signal ends in between, nothing behind its end.
+    // The next so many seconds, in memory that is valid until the next call; fewer if the signal
+    // ends meanwhile, nothing after its end.
     std::span<const Sample> read(double seconds);
 
     // How many samples that are.

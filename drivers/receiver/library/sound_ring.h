@@ -11,10 +11,10 @@
 
 namespace hm16::receiver {
 
-// The last second of the tuned station's sound, 48,000 times a second, handed from the thread that
-// measures to whoever listens: a sound card's own thread, which may never wait. One writer; any
-// number of readers, each with a place of its own; no locks. The writer never waits either: who is
-// more than a second late misses what was written over.
+// The last second of the tuned station's sound, at 48,000 samples a second, passed from the
+// measuring thread to listeners such as a sound card's thread, which may never wait. One writer,
+// any number of readers with a position each, no locks. The writer never waits either: a reader
+// that is more than a second late loses what was overwritten.
 class SoundRing {
  public:
     SoundRing() : samples_(kLength) {}
@@ -33,8 +33,8 @@ class SoundRing {
     static constexpr std::size_t kLength = 48000;
 
     std::vector<std::atomic<std::uint64_t>> samples_;  // both channels' bits
-    std::atomic<std::uint64_t> started_{0};            // behind what is being written
-    std::atomic<std::uint64_t> written_{0};            // behind what can be read
+    std::atomic<std::uint64_t> started_{0};            // end of what is being written
+    std::atomic<std::uint64_t> written_{0};            // end of what can be read
 };
 
 }  // namespace hm16::receiver

@@ -7,8 +7,8 @@
 
 namespace hm16::receiver {
 
-// A call from the program, which has exclusive use of the unit while this object exists. The unit's
-// thread holds the mutex nearly all the time while it keeps up with a radio, and would win it again
+// A call from the program, which has exclusive use of the unit while this object exists. While the
+// unit's thread keeps up with a radio it holds the mutex nearly all the time and would win it again
 // and again; so it lets waiting calls go first.
 class ReceiverUnit::Call {
  public:

@@ -16,17 +16,17 @@
 
 namespace hm16::receiver {
 
-// The state shared by the thread that keeps a radio open and those who want its samples. run() is
-// that thread's function; all else may be called from one other thread and waits a second at most,
-// whatever the radio's driver does.
+// The state shared by the thread that keeps a radio open and the users of its samples. run() is
+// that thread's function; everything else may be called from one other thread and waits a second at
+// most, whatever the radio's driver does.
 class RadioLoop {
  public:
     explicit RadioLoop(SoapyRequest request) : request_(std::move(request)) {}
     RadioLoop(const RadioLoop&) = delete;
     RadioLoop& operator=(const RadioLoop&) = delete;
 
-    // Opens the radio, reads its samples, tunes it, and opens it again when it was lost, until it
-    // is asked to close; ends at once if the radio cannot be opened the first time.
+    // Opens the radio, reads its samples, tunes it, and opens it again if it was lost, until it is
+    // asked to close. Ends at once if the radio cannot be opened the first time.
     void run();
 
     // Waits until the radio sends or cannot be opened; the sentence says why.
@@ -35,14 +35,14 @@ class RadioLoop {
     double rateHz() const;
     double centreHz() const;
 
-    // Tunes and drops what was received before; false when the radio refuses or was lost.
+    // Tunes and drops what was received before; false if the radio refuses or was lost.
     bool tune(double centreHz);
 
-    // Fills `into` and tells in front of which samples some are missing. Throws SourceError when
-    // the radio has gone or is a second late; from then on it is being opened again.
+    // Fills `into` and reports before which samples some are missing. Throws SourceError if the
+    // radio has gone or is a second late; it is then opened again.
     void read(std::span<Sample> into, std::vector<SampleSource::Loss>& losses);
 
-    // True when samples keep coming.
+    // True if samples keep coming.
     bool sends() const;
 
     // Asks run() to end; true when it has ended within the second.
@@ -70,18 +70,18 @@ class RadioLoop {
     Phase phase_ = Phase::Opening;
     bool closing_ = false;
     bool ended_ = false;
-    bool givenUp_ = false;  // by the reader: what is open is to be opened again
+    bool givenUp_ = false;  // set by the reader: the radio is to be opened again
     std::string fault_;     // why it has gone
     double rateHz_ = 0;
     double centreHz_ = 0;
     std::optional<double> wantedHz_;
     bool tuned_ = false;  // the answer to it
 
-    // The samples that wait, by the number of each since the start.
+    // Waiting samples, each numbered since the start.
     std::vector<Sample> ring_;
     std::uint64_t written_ = 0;
     std::uint64_t read_ = 0;
-    std::deque<std::uint64_t> lostAt_;  // samples are missing before the one of that number
+    std::deque<std::uint64_t> lostAt_;  // samples are missing before this number
     Clock::time_point lastRead_{};
 };
 

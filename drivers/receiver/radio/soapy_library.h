@@ -18,8 +18,8 @@ inline constexpr const char* kSoapyLibrary = "libSoapySDR.0.8.dylib";
 inline constexpr const char* kSoapyLibrary = "libSoapySDR.so.0.8";
 #endif
 
-// The functions of SoapySDR's C interface (0.8) that a receiver needs, found in the library when
-// the program runs: without it all else works. The signatures are those of its header.
+// The functions of SoapySDR's C interface (0.8) that a receiver needs, looked up at run time, so
+// that everything else works without the library. The signatures are those of its header.
 class SoapyLibrary {
  public:
     // Throws SourceError when the library or one of its functions is not there.

@@ -29,7 +29,7 @@ struct SoapyRequest {
 };
 
 // An open radio that is sending, used by one thread. Every call may take as long as its driver
-// likes: RadioLoop stands in between.
+// likes, so others use it through RadioLoop.
 class SoapyRadio {
  public:
     // Throws SourceError with the radio's own words when it is not there or refuses.
@@ -46,8 +46,8 @@ class SoapyRadio {
     bool tune(double centreHz);
 
     enum class Outcome { Samples, Nothing, Lost };
-    // Waits a short time for samples, and says how many came: none, or after Lost none whose place
-    // is known. Throws SourceError when the stream has failed.
+    // Waits a short time for samples, and returns how many came: none, or after Lost none whose
+    // position is known. Throws SourceError if the stream has failed.
     Outcome read(std::span<Sample> into, std::size_t& count);
 
  private:

@@ -13,13 +13,13 @@
 
 namespace hm16::receiver {
 
-// From the band around 57 kHz to bits. There is no loop that would have to lock again after lost
-// samples or a jump of phase: for each stretch of 10 ms the data's axis and the middles of its bits
-// are found from what lies around it, on both sides or, where something jumped, on the side that
-// the stretch belongs to. So bits come some 80 ms late.
+// From the band around 57 kHz to bits. No loop has to lock again after lost samples or a phase
+// jump: for each stretch of 10 ms the data's axis and the bit timing are found from the signal on
+// both sides of it or, next to a jump, on the side to which the stretch belongs. So bits come about
+// 80 ms late.
 class RdsBits {
  public:
-    // `strength` tells how far the bit was from being the other one; `seconds` is its time.
+    // `strength` tells how far the bit was from the other value; `seconds` is its time.
     using OnBit = std::function<void(bool bit, float strength, double seconds)>;
 
     // `rateHz` of the band's samples; `startSeconds`: time of the first.
@@ -28,11 +28,11 @@ class RdsBits {
     void add(std::span<const std::complex<float>> band);
 
  private:
-    static constexpr std::size_t kAround = 8;  // points that are looked at on each side
+    static constexpr std::size_t kAround = 8;  // points examined on each side
 
     using Phasor = std::complex<double>;
 
-    // Of the power of the matched filter's output.
+    // As a share of the power after the matched filter.
     struct Lines {
         Phasor clock;   // at the bit rate
         Phasor clock2;  // and at twice that
@@ -42,16 +42,17 @@ class RdsBits {
             clock2 += more.clock2;
             return *this;
         }
-        // How well middles of bits at these turns of the bit clock fit, and where they fit best.
+        // How well the bit timing fits at these phases of the bit clock, and the phase at which it
+        // fits best.
         double at(double turns) const;
         double middle() const;
     };
-    // What a stretch of the matched filter's output tells, sign of the data aside.
+    // What a stretch after the matched filter shows, whatever the data's sign.
     struct Point {
         Phasor squared;  // its phase is twice the axis'
         Lines lines;
     };
-    // Points from `from` up to but not including `to`.
+    // Points [from, to).
     struct Stretch {
         std::size_t from;
         std::size_t to;
@@ -77,8 +78,8 @@ class RdsBits {
     OnBit onBit_;
 
     std::vector<std::complex<float>> matched_;
-    std::uint64_t firstMatched_ = 0;  // how many were dropped before it
-    std::size_t inPoints_ = 0;        // of matched_, how many are in points
+    std::uint64_t firstMatched_ = 0;  // number of points dropped before it
+    std::size_t inPoints_ = 0;        // number of samples of matched_ that are in points
     Phasor clockTurn_ = 1;
     Point point_;
     std::size_t inPoint_ = 0;
@@ -86,8 +87,8 @@ class RdsBits {
     std::uint64_t pointsSoFar_ = 0;
     std::uint64_t decoded_ = 0;  // of them
 
-    // The squared axis turns on from point to point, by the frequency error: products of points
-    // one apart and four apart.
+    // The frequency error turns the squared axis from point to point: products of points one apart
+    // and four apart.
     Phasor turnOfOne_;
     Phasor turnOfFour_;
     double turnSize_ = 0;

@@ -11,21 +11,21 @@
 
 namespace hm16::receiver {
 
-// From bits to blocks and groups. A block with a fault is decided once the three behind it have
-// come, so that they can tell what is wrong with it: bits that changed, or bits that got lost or
-// came twice. In the first case the blocks behind it stand where they should, and a short burst in
-// it is corrected; in the second two of them stand elsewhere in the right distance, and decoding
-// goes on there. So a slip costs the block that it happened in.
+// From bits to blocks and groups. A faulty block is decided once the next three have come, which
+// show what is wrong: bits changed, or bits were lost or repeated. In the first case the next
+// blocks are where they should be, and a short burst is corrected. In the second, two of them are
+// elsewhere at the right distance, and decoding continues there. So a slip costs only the block in
+// which it happened.
 //
-// Errors further apart than a burst may look like another burst. Where blocks get lost, a
-// correction that the bits' strengths do not speak for counts only if the same information came
-// before, faultlessly or with one wrong bit: broadcasters send nearly all of it over and over.
+// Errors farther apart than a burst may look like another burst. Where blocks are lost, a
+// correction that the bits' strengths do not support counts only if the same information came
+// before, without a fault or with one wrong bit: broadcasters repeat nearly all of it.
 class RdsBlocks {
  public:
     explicit RdsBlocks(std::function<void(const RdsGroup&)> onGroup)
         : onGroup_(std::move(onGroup)) {}
 
-    // `strength`: how sure the bit is, in any unit; `seconds`: when it came.
+    // `strength`: how certain the bit is, in any unit; `seconds`: its time.
     void bit(bool value, float strength = 1, double seconds = 0);
 
     bool synchronized() const { return synchronized_; }
@@ -40,7 +40,7 @@ class RdsBlocks {
         std::uint32_t block = 0;
         float strength = 0;
         double seconds = 0;
-        std::uint8_t places = 0;  // at which they are a faultless block, one bit each
+        std::uint8_t places = 0;  // places at which they are a faultless block, one bit each
     };
     struct Alignment {
         std::uint64_t end;  // of a block, counted in bits
@@ -62,7 +62,7 @@ class RdsBlocks {
     RdsBlock faultless() const;
     RdsBlock mended();
     bool possible(RdsOffset offset) const;
-    // What the strengths of a block's bits say of a burst in it.
+    // What the strengths of a block's bits say about a burst in it.
     enum class Support { Against, None, For };
     Support supportFor(std::uint32_t burst) const;
     bool cameBefore(std::uint16_t information) const;
@@ -76,10 +76,10 @@ class RdsBlocks {
     std::uint32_t register_ = 0;
 
     bool synchronized_ = false;
-    Alignment next_{0, 0};  // the block that is decided next
+    Alignment next_{0, 0};  // the block to be decided next
     unsigned lostInRow_ = 0;
     unsigned sinceLost_ = kQuiet;  // blocks, at most kQuiet
-    std::array<std::array<std::uint16_t, kRemembered>, kRdsBlocks> seen_{};  // by their places
+    std::array<std::array<std::uint16_t, kRemembered>, kRdsBlocks> seen_{};  // sorted by place
     std::array<std::size_t, kRdsBlocks> seenCount_{};
     RdsGroup group_;
     std::uint64_t groups_ = 0;

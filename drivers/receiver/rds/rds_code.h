@@ -7,7 +7,7 @@
 namespace hm16::receiver {
 
 // The cyclic code of RDS blocks (IEC 62106): 16 bits of information and 10 check bits, to which an
-// offset word is added that tells the block's place in its group.
+// offset word is added that shows the block's place in its group.
 inline constexpr std::uint32_t kRdsGenerator = 0x5B9;
 inline constexpr int kRdsBlockBits = 26;
 
@@ -33,7 +33,7 @@ constexpr bool rdsBlockIs(std::uint32_t bits, RdsOffset offset) {
     return rdsRemainder(bits) == kRdsOffsetWords[static_cast<std::size_t>(offset)];
 }
 
-// The longest burst of errors that the code locates without doubt.
+// The longest burst of errors that the code locates unambiguously.
 inline constexpr int kRdsLongestBurst = 5;
 
 // The correction for a received block whose remainder differs by `syndrome`, if one burst of up to

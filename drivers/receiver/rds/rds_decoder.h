@@ -12,8 +12,8 @@
 
 namespace hm16::receiver {
 
-// From bits to groups, and what of them shows that the bit stream is right: block checks, programme
-// identification, station name.
+// From bits to groups, and the parts of them that prove that the bits are right: block checks,
+// programme identification, station name.
 class RdsDecoder {
  public:
     // `onGroup` sees every group, lost blocks and all.
@@ -23,7 +23,7 @@ class RdsDecoder {
     RdsDecoder(const RdsDecoder&) = delete;
     RdsDecoder& operator=(const RdsDecoder&) = delete;
 
-    // `strength`: how sure the bit is, in any unit; `seconds`: when it came.
+    // `strength`: how certain the bit is, in any unit; `seconds`: its time.
     void bit(bool value, float strength = 1, double seconds = 0) {
         blocks_.bit(value, strength, seconds);
     }
@@ -36,8 +36,8 @@ class RdsDecoder {
     // The identification that two faultless blocks in a row have given.
     std::optional<std::uint16_t> programme() const { return programme_; }
 
-    // Eight letters in the code of the broadcast, out of faultless blocks; empty until all four
-    // pairs came.
+    // Eight letters in the broadcast's code, from faultless blocks; empty until all four pairs
+    // came.
     std::string name() const;
 
  private:

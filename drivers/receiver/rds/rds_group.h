@@ -12,7 +12,7 @@ namespace hm16::receiver {
 enum class RdsBlockState : std::uint8_t {
     Lost,       // unusable
     Good,       // its check holds
-    Corrected,  // its check holds after a burst of up to five bits was turned round
+    Corrected,  // its check holds after a burst of up to five bits was corrected
 };
 
 struct RdsBlock {
@@ -26,11 +26,10 @@ struct RdsBlock {
 
 inline constexpr unsigned kRdsBlocks = 4;
 
-// One group as it came over the air, its blocks in the order of sending; what it means is told
-// elsewhere.
+// One group as received, its blocks in the order of sending; it is not interpreted here.
 struct RdsGroup {
-    std::uint64_t number = 0;  // groups since the tuning; a jump is a loss that the reader sees
-    double endSeconds = 0;     // the signal's time since the tuning at its last bit
+    std::uint64_t number = 0;  // groups since the tuning; a jump is a loss in the reader
+    double endSeconds = 0;     // the signal's time at its last bit, since the tuning
     std::array<RdsBlock, kRdsBlocks> blocks{};
 
     // True when every block can be used.

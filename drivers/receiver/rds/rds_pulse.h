@@ -10,9 +10,9 @@ inline constexpr double kRdsSubcarrierHz = 57000;
 // The pulse reaches this many bits to each side.
 inline constexpr double kRdsPulseReach = 3;
 
-// The biphase pulse of a 1 at `bits` (time in bits) from the middle of the bit: an impulse pair
-// behind the data shaping filter cos(pi f t / 4), cut to the reach above. A matched filter uses the
-// same one.
+// The biphase pulse of a 1 at `bits` (time in bits) from the middle of the bit: two impulses after
+// the data shaping filter cos(pi f t / 4), cut to the reach above. A matched filter uses the same
+// one.
 double rdsPulse(double bits);
 
 }  // namespace hm16::receiver

@@ -15,8 +15,8 @@ namespace hm16::receiver {
 
 // What is to be written.
 struct RecordingPlan {
-    // The ending tells what it becomes: .cu8, .cs8, .cs16 or .cf32 bare samples, .sigmf-meta a pair
-    // of files that tells rate, centre and format, .wav or .flac a sound file with I and Q.
+    // The ending decides the format: .cu8, .cs8, .cs16 or .cf32 bare samples, .sigmf-meta a pair of
+    // files that states rate, centre and format, .wav or .flac a sound file with I and Q.
     std::filesystem::path file;
     SampleFormat format = SampleFormat::Cs16;  // of a SigMF pair
     double rateHz = 0;
@@ -26,15 +26,15 @@ struct RecordingPlan {
 // Writes samples into a recording that openRecording() reads.
 class RecordingWriter {
  public:
-    // Throws SourceError when the ending tells nothing or the file cannot be made.
+    // Throws SourceError if the ending is unknown or the file cannot be created.
     explicit RecordingWriter(const RecordingPlan& plan);
     ~RecordingWriter();
 
-    // What goes beyond full scale is clipped but in floats. Throws SourceError when the disk is
+    // Values beyond full scale are clipped, except in floats. Throws SourceError if the disk is
     // full.
     void write(std::span<const Sample> samples);
 
-    // To be called in the end: only then is everything on the disk. Throws as write() does.
+    // Must be called at the end: only then is everything on the disk. Throws as write() does.
     void close();
 
     class Sink;

@@ -20,12 +20,12 @@ struct RecordingRequest {
     double centreHz = 0;  // 0: as the file says
 };
 
-// Sample rates that the chain takes.
+// The sample rates that the chain accepts.
 inline constexpr double kLowestBandRateHz = 200e3;
 inline constexpr double kLowestCompositeRateHz = 120e3;
 inline constexpr double kHighestRateHz = 25e6;
 
-// A recording could be had if a setting told what the file does not.
+// The recording could be opened if a setting told what the file does not.
 class MissingSetting : public SourceError {
  public:
     MissingSetting(std::string key, const std::string& sentence)

@@ -15,23 +15,23 @@ namespace hm16::receiver {
 
 // A stretch of a file that was received at one frequency.
 struct RawSegment {
-    std::uint64_t start = 0;  // the number of its first sample, headers not counted
+    std::uint64_t start = 0;  // number of its first sample, without headers
     double centreHz = 0;
-    std::uint64_t headerBytes = 0;  // in front of its first sample
+    std::uint64_t headerBytes = 0;  // header bytes before its first sample
 };
 
 // What a file of bare samples does not tell about itself.
 struct RawLayout {
     SampleFormat format = SampleFormat::Cu8;
     double rateHz = 0;
-    std::vector<RawSegment> segments;  // by their start; without any the file is one
+    std::vector<RawSegment> segments;  // sorted by start; if empty, the file is one segment
 };
 
-// A file of bare samples. What is left of a sample that was cut at the end is not read. Where
-// segments were received at several frequencies, one of them plays, and tuning chooses it.
+// A file of bare samples. An incomplete sample at the end is ignored. If segments were received at
+// several frequencies, one of them plays, and tuning chooses it.
 class RawRecording : public SampleSource {
  public:
-    // Throws SourceError when the file is missing, unreadable or holds no whole sample.
+    // Throws SourceError if the file is missing, unreadable or without a whole sample.
     RawRecording(const std::filesystem::path& file, const RawLayout& layout);
 
     Domain domain() const override;
@@ -41,7 +41,7 @@ class RawRecording : public SampleSource {
     std::size_t read(std::span<Sample> into) override;
     void rewind() override { seek(0); }
     bool tunable() const override { return parts_.size() > 1; }
-    // True when another segment plays now.
+    // True if another segment plays now.
     bool retune(double hz) override;
     std::uint64_t length() const override { return parts_[playing_].length; }
     std::uint64_t badSamples() const override { return bad_; }

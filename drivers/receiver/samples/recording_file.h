@@ -5,8 +5,8 @@
 
 namespace hm16::receiver {
 
-// Throws SourceError, with a sentence of its own for each, where `file` is a folder, a pipe or
-// another thing without an end, or empty. What is not there at all is left to whoever opens it.
+// Throws SourceError, with its own sentence for each, if `file` is a folder, a pipe or something
+// else without an end, or empty. A missing file is left to the function that opens it.
 void requireFile(const std::filesystem::path& file);
 
 }  // namespace hm16::receiver

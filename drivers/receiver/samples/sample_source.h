@@ -19,7 +19,7 @@ enum class Domain {
     Composite,  // the demodulated multiplex of one station, in the real part
 };
 
-// Why samples cannot be had: one sentence that names the file or the radio and the fault.
+// Why there are no samples: one sentence that names the file or the radio and the fault.
 class SourceError : public std::runtime_error {
  public:
     using std::runtime_error::runtime_error;
@@ -38,11 +38,11 @@ class SampleSource {
     // Samples a second as the source states them.
     virtual double rateHz() const = 0;
 
-    // Frequency that stands at 0 Hz in the samples; 0 for a composite source.
+    // Frequency that is at 0 Hz in the samples; 0 for a composite source.
     virtual double centreHz() const = 0;
 
-    // Distance between neighbouring values of the converter, 1.0 is full scale; 0 where it is not
-    // known or too small to matter.
+    // Distance between neighbouring values of the converter, 1.0 is full scale; 0 if it is unknown
+    // or too small to matter.
     virtual double converterStep() const { return 0; }
 
     // Fills `into` and gives how many samples it wrote: fewer than asked at the end of a
@@ -50,15 +50,15 @@ class SampleSource {
     // number. Throws SourceError when the source has failed for good.
     virtual std::size_t read(std::span<Sample> into) = 0;
 
-    // Samples that a radio lost in front of sample `at` of what the last read() gave, in the order
-    // of their places; `count` is 0 where it is not known.
+    // Samples that a radio lost before sample `at` of the last read(), in the order of their
+    // places; `count` is 0 if unknown.
     struct Loss {
         std::size_t at = 0;
         std::uint64_t count = 0;
     };
     virtual std::span<const Loss> losses() const { return {}; }
 
-    // Goes back to the first sample; a live radio stays where it is.
+    // Goes back to the first sample; a live radio does nothing.
     virtual void rewind() = 0;
 
     // Brings `hz` into the band that is covered. False for what cannot be tuned.
@@ -67,22 +67,22 @@ class SampleSource {
         return false;
     }
 
-    // True when tuning can bring in what the samples do not cover now.
+    // True if tuning can reach what the samples do not cover now.
     virtual bool tunable() const { return live(); }
 
-    // True when samples come at the pace of the air whatever is asked.
+    // True if samples come at the pace of the air, however fast they are read.
     virtual bool live() const { return false; }
 
-    // True when a live source that has failed gives samples again.
+    // True if a live source that has failed gives samples again.
     virtual bool back() { return false; }
 
-    // How often samples were lost so far in what a live source gave.
+    // How often a live source has lost samples so far.
     virtual std::uint64_t timesLost() const { return 0; }
 
-    // Number of samples from start to end, 0 when there is no end.
+    // Number of samples from start to end; 0 if it has no end.
     virtual std::uint64_t length() const { return 0; }
 
-    // Samples so far that were no numbers and were replaced by 0.
+    // Samples so far that were not finite numbers and were replaced by 0.
     virtual std::uint64_t badSamples() const { return 0; }
 };
 

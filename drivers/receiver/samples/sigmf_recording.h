@@ -15,7 +15,7 @@ struct SigmfDescription {
 };
 
 // Reads NAME.sigmf-meta; `file` may name either file of the pair or NAME alone. One channel only;
-// each capture is a segment. Annotations are not looked at. Throws SourceError with what is wrong.
+// each capture is a segment. Annotations are ignored. Throws SourceError with what is wrong.
 SigmfDescription describeSigmf(const std::filesystem::path& file);
 
 }  // namespace hm16::receiver

@@ -11,18 +11,18 @@
 
 namespace hm16::receiver {
 
-// Which signal a sound file holds.
+// The signal that a sound file contains.
 enum class SoundContent {
     Iq,         // two channels: I and Q
     Composite,  // the first channel is the multiplex
 };
 
-// A recording in a sound file (WAV, FLAC and what else libsndfile reads).
+// A recording in a sound file (WAV, FLAC and other formats that libsndfile reads).
 class SoundRecording : public SampleSource {
  public:
-    // Throws SourceError when the file is missing, is no sound file, holds no samples or, for I
-    // and Q, has not two channels. `rateHz` of 0 takes the file's own rate: the field of a WAV
-    // file is right in general, but some programs cannot write it above 192 kHz.
+    // Throws SourceError if the file is missing, is no sound file, has no samples or, for I and Q,
+    // has not two channels. `rateHz` of 0 takes the file's own rate: the field of a WAV file is
+    // usually right, but some programs cannot write it above 192 kHz.
     SoundRecording(const std::filesystem::path& file, SoundContent content, double rateHz,
                    double centreHz);
     ~SoundRecording() override;

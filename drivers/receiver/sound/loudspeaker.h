@@ -14,21 +14,20 @@
 
 namespace hm16::receiver {
 
-// Plays what comes into a ring of sound, on a thread of its own. It only reads the ring: who fills
-// it never waits for a sound card. Where there is none it looks again every few seconds and is
-// silent.
+// Plays a ring of sound on a thread of its own. It only reads the ring, so the writer never waits
+// for a sound card. Without a sound card it is silent and looks for one every few seconds.
 class Loudspeaker {
  public:
     using OpenCard = std::function<std::unique_ptr<SoundCard>()>;
 
-    // The ring must outlive it. A card that is not there is looked for every so often.
+    // The ring must outlive it. `lookForCard`: how often to look for a missing card.
     explicit Loudspeaker(const SoundRing& ring, OpenCard open = SoundCard::open,
                          std::chrono::milliseconds lookForCard = std::chrono::seconds(3));
     ~Loudspeaker();
     Loudspeaker(const Loudspeaker&) = delete;
     Loudspeaker& operator=(const Loudspeaker&) = delete;
 
-    // 0 to 100, where 100 leaves the sound as it is.
+    // 0 to 100; 100 leaves the sound unchanged.
     void set(int volume, bool muted);
 
     struct State {

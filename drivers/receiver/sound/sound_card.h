@@ -9,21 +9,21 @@
 
 namespace hm16::receiver {
 
-// Where sound goes out: the system's own way to a sound card, looked for when the program runs.
-// Used by one thread, which it may hold up.
+// The way to a sound card, through the system's library, which is looked up at run time. Used by
+// one thread, which it may hold up.
 class SoundCard {
  public:
     virtual ~SoundCard() = default;
 
-    // Plays the sound behind what was played before; waits until there is room for it. False when
-    // the card has gone.
+    // Plays this after what was played before; waits until there is room. False if the card has
+    // gone.
     virtual bool play(std::span<const StereoSample> sound) = 0;
 
-    // Samples that were handed over and are not heard yet.
+    // Samples that were handed over but not heard yet.
     virtual std::size_t waiting() = 0;
 
-    // The system's default card for stereo sound of 48 kHz; null where there is none, without a
-    // word.
+    // The system's default card for stereo sound of 48 kHz; null, without a message, if there is
+    // none.
     static std::unique_ptr<SoundCard> open();
 };
 

@@ -9,12 +9,12 @@
 
 namespace hm16::receiver {
 
-// Two clocks never agree: that of the signal and that of a sound card. What waits between them is
-// held where it was at first, by playing up to two thousandths slower or faster, which nobody
-// hears. As long as it stays there the sound goes through to the last bit.
+// The clocks of a signal and of a sound card never agree. The number of samples that wait between
+// them is kept as it was at first, by playing up to two thousandths slower or faster, which nobody
+// hears. As long as it stays there, the sound passes unchanged to the last bit.
 class SoundPace {
  public:
-    // Samples that wait between both, before the next ones are taken.
+    // The samples that wait between both, before the next ones are taken.
     void look(std::size_t waiting);
 
     // Appends the sound at the pace of the card.
@@ -28,7 +28,7 @@ class SoundPace {
     double target_ = 0;
     std::size_t looks_ = 0;
     double step_ = 1;
-    double place_ = 0;  // of the next sample, from the last one of the stretch before on
+    double place_ = 0;  // of the next sample, counted from the last one of the previous stretch
     StereoSample last_;
     bool begun_ = false;
 };

@@ -12,17 +12,17 @@ namespace hm16::receiver {
 struct FoundStation {
     double mhz = 0;
     double levelDbuv = 0;
-    std::string name;  // as it sends it over RDS, blanks cut; empty where it is not heard
+    std::string name;  // as sent over RDS, without blanks around it; empty if it was not received
 
     friend bool operator==(const FoundStation&, const FoundStation&) = default;
 };
 
-// The channels in which a station may stand, by the levels of a band in steps of 100 kHz from
-// `firstMhz` on: the middles of what is loudest, strongest first. A level of 0 was not received.
+// The channels in which there may be a station, from the levels of a band in steps of 100 kHz from
+// `firstMhz` on: the middles of the loudest places, strongest first. A level of 0 was not received.
 std::vector<FoundStation> loudChannels(const std::vector<float>& levels, double firstMhz);
 
-// Goes over the band once with a unit that nobody else uses: its stations, strongest first, at most
-// `most`. Each is listened to until its name is known, for four seconds of signal at most.
+// Surveys the band once with a unit that nobody else uses: returns its stations, strongest first,
+// at most `most`. Listens to each until its name is known, for four seconds of signal at most.
 std::vector<FoundStation> surveyBand(ReceiverUnit& unit, std::size_t most);
 
 }  // namespace hm16::receiver

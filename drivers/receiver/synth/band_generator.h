@@ -13,8 +13,8 @@ namespace hm16::receiver {
 
 class StationGenerator;
 
-// A source of samples whose every figure is known: stations, second rays, noise and the faults of
-// a cheap radio.
+// A source of samples whose figures are all known: stations, second rays, noise and the faults of a
+// cheap radio.
 class BandGenerator : public SampleSource {
  public:
     explicit BandGenerator(const BandPlan& plan);

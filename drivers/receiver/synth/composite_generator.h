@@ -14,15 +14,15 @@ namespace hm16::receiver {
 // The multiplex of a station: its deviation in Hz over time, sample by sample.
 class CompositeGenerator {
  public:
-    // `rateHz`: the true rate, clock error and all.
+    // `rateHz`: the true rate, including the clock's error.
     CompositeGenerator(const StationPlan& plan, double rateHz, std::uint64_t seed);
 
     // Appends `count` samples.
     void generate(std::size_t count, std::vector<double>& out);
 
  private:
-    // A sine in the sum and in the difference channel; turned on and off by an envelope if it is
-    // a note of a programme.
+    // A sine in the sum and in the difference channel; a note of a programme is turned on and off
+    // by an envelope.
     struct Voice {
         double hz = 0;
         double sum = 0;

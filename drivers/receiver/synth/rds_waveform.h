@@ -12,8 +12,8 @@ namespace hm16::receiver {
 // before differential coding.
 std::vector<bool> rdsBits(const RdsPlan& plan);
 
-// The data signal on the subcarrier, which repeats for ever; its highest value is 1. A plan without
-// data has none.
+// The data signal on the subcarrier, which repeats for ever; its highest value is 1. Without data
+// in the plan there is none.
 class RdsWaveform {
  public:
     explicit RdsWaveform(const RdsPlan& plan);

@@ -14,10 +14,10 @@ namespace hm16::receiver {
 // One station on its carrier.
 class StationGenerator {
  public:
-    // `rateHz` the true sample rate; `offsetHz` where the carrier truly stands from 0 Hz.
+    // `rateHz`: the true sample rate; `offsetHz`: the carrier's true distance from 0 Hz.
     StationGenerator(const StationPlan& plan, double rateHz, double offsetHz, std::uint64_t seed);
 
-    // Adds the station's samples to what is there.
+    // Adds the station to samples.
     void addTo(std::span<Sample> into);
 
  private:

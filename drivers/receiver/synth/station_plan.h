@@ -7,7 +7,7 @@
 
 namespace hm16::receiver {
 
-// What a synthetic station does, in true figures: what a perfect receiver would read.
+// What a synthetic station sends, in true figures: what a perfect receiver would read.
 
 // A sine in the audio. 1.0 in both channels deviates the carrier by 67.5 kHz, which is 0 dB.
 struct AudioTone {
@@ -18,7 +18,7 @@ struct AudioTone {
     bool operator==(const AudioTone&) const = default;
 };
 
-// A sine straight on the carrier, past audio and pre-emphasis.
+// A sine that modulates the carrier directly, without audio and pre-emphasis.
 struct DirectTone {
     double hz = 1000;
     double deviationHz = 75e3;
@@ -26,7 +26,7 @@ struct DirectTone {
     bool operator==(const DirectTone&) const = default;
 };
 
-// A stretch with more deviation: a direct tone that is there from start to start + length.
+// A stretch with more deviation: a direct tone from start to start + length.
 struct Burst {
     double startSeconds = 0;
     double lengthSeconds = 0.02;
@@ -56,12 +56,12 @@ struct Ray {
 
 struct RdsPlan {
     double deviationHz = 0;   // peak of the subcarrier; 0 is none
-    double phaseDegrees = 0;  // against the third harmonic of the pilot
-    double errorHz = 0;       // beside three times the pilot's frequency
+    double phaseDegrees = 0;  // relative to the third harmonic of the pilot
+    double errorHz = 0;       // away from three times the pilot's frequency
     std::uint16_t programme = 0x1234;
     std::string name = "STATION";
     std::string text = "SYNTHETIC STATION WITH KNOWN FIGURES";
-    std::vector<bool> bits;  // sent round and round instead of groups, before differential coding
+    std::vector<bool> bits;     // repeated instead of groups, before differential coding
     bool plainCarrier = false;  // an unmodulated 57 kHz sine instead of data
 
     bool operator==(const RdsPlan&) const = default;
@@ -84,7 +84,7 @@ struct StationPlan {
     bool operator==(const StationPlan&) const = default;
 };
 
-// What the receiver's radio makes of it.
+// The faults of the receiver's radio.
 struct BandPlan {
     double rateHz = 2.4e6;
     double centreHz = 98e6;

@@ -20,7 +20,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto rows = ResponseCurve::of(pairs).rows();
     FUZZ_CHECK(rows.size() <= static_cast<std::size_t>(results));
     if (rows.empty()) return 0;
-    // The last row always has its label: it is the one that was written last.
+    // The last row always has its label, because nothing is written after it.
     FUZZ_CHECK(!rows.back().label.empty());
     for (const auto& row : rows) FUZZ_CHECK(!row.data.empty());
     return 0;

@@ -25,7 +25,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         rest.erase(0, std::min(rest.find('\n'), rest.size() - 1) + 1);
         written.add(toWhole(valueOf(line)));
     }
-    // What the scanner stores of any level comes back as its size, without the sign.
+    // Whatever level the scanner stores, it is read back without its sign.
     const auto back = ScanFile::lines(written.bytes());
     FUZZ_CHECK(back.size() == lines.size());
     for (std::size_t i = 0; i < back.size(); ++i) {

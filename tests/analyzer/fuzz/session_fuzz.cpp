@@ -33,7 +33,7 @@ void shown(const SessionInfo& info) {
     FUZZ_CHECK(range.first() >= -20 && range.last() <= 800 && range.first() <= range.last());
 }
 
-/// The input can have filled no more cells than it has bytes for; all others are empty.
+/// At most so many cells can be filled as the input has bytes; all others are empty.
 void cellsShown(const Density& density, std::size_t filled, int sweeps) {
     static const Density kEmpty;
     const auto cells = density.cells();
@@ -58,7 +58,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     shown(info);
     cellsShown(density, size / sizeof(double), std::max(info.Acquisitions, 1));
 
-    // A whole session is written as it was; any other becomes a whole one that stays as it is.
+    // A whole session is written back unchanged; any other becomes a whole one, which then stays
+    // unchanged.
     const std::string written = sessionBytes(info, density);
     if (condition == SessionCondition::Whole) FUZZ_CHECK(written == bytes);
     SessionInfo again;

@@ -79,7 +79,7 @@ TEST_P(AccessibleRack, EveryPaintedFigureHasItsNameAndValue) {
     expectAccessible(rack, rack.forms().formC, kQuality);
     const std::string deviation = rack.value(
         rack.forms().form1, in({"Desviacion de portadora [KHz]", "Carrier deviation [KHz]"}));
-    // Ten seconds must pass before the mean stands: here it is on its way.
+    // The mean needs ten seconds; here it is still settling.
     EXPECT_EQ(deviation, rack.forms().form1.Label_CarrierDeviation.caption.get());
     EXPECT_NE(deviation, "");
     const std::string good =

@@ -34,7 +34,7 @@ TEST_F(CallBoxOnScreen, LetsNothingElsePassUntilAKeyIsPressed) {
                             {"Again", "Without", "End"}, [] { return false; });
     EXPECT_EQ(times("Timer1 tick"), before);
     EXPECT_EQ(pressed, 2u);
-    // Time goes on behind it.
+    // Timers go on while the box is open.
     EXPECT_TRUE(until([&] { return times("Timer1 tick") > before; }));
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Every caption of every window fits its control, measured in the font that it is painted in.
+// Every caption of every window fits its control, measured in the font in which it is painted.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -21,12 +21,12 @@
 namespace display::qt {
 namespace {
 
-/// At the natural size, one device pixel a pixel. Larger and sharper ones only round less.
+/// At the natural size, with one device pixel for each pixel; larger and sharper scales round less.
 const Scale kScale(0.1, 1);
 /// Half a pixel of rounding.
 constexpr qreal kSlack = 0.5;
 
-/// What is never to be seen: the mark that stands for the brand.
+/// Controls that are never visible: the mark that stands for the brand.
 constexpr const char* kHidden[] = {"Form_WaitLoad.Check1"};
 
 bool isHidden(const Control& control) {
@@ -34,7 +34,7 @@ bool isHidden(const Control& control) {
     return std::ranges::find(kHidden, name) != std::end(kHidden);
 }
 
-/// What does not fit on one control, as sentences.
+/// Collects what does not fit on a control, as sentences.
 class Fit final : public ControlVisitor {
  public:
     Fit(Control& control, std::vector<std::string>& faults) : control_(control), faults_(faults) {
@@ -108,7 +108,7 @@ class Fit final : public ControlVisitor {
                           "\" is " + std::to_string(qRound(needed)) + " " + way + " in " +
                           std::to_string(qRound(has)));
     }
-    /// A cap sets words smaller that are too wide; below this they are not read any more.
+    /// A key cap paints words smaller that are too wide; below this size they cannot be read.
     void expectOnCap(const QString& text) {
         constexpr qreal kSmallest = 9;
         QString shown = text;
@@ -136,7 +136,7 @@ class Measured : public testing::Test {
         static char name[] = "test_captions";
         static char* argv[] = {name, nullptr};
         qputenv("QT_QPA_PLATFORM", "offscreen");
-        // Fonts and pictures outlive whatever could delete it.
+        // Never deleted: fonts and pictures are used until the process ends.
         [[maybe_unused]] static const auto* application = new QApplication(argc, argv);
     }
 };

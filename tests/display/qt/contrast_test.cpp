@@ -17,7 +17,7 @@ constexpr Colour kUnlitGood{0x1b6013};
 struct Words {
     const char* what;
     QColor colour;
-    QColor lightest;  ///< of the ground that they stand on
+    QColor lightest;  ///< of the background below the words
 };
 
 void expectLegible(const Words& words) {

@@ -50,7 +50,7 @@ TEST_F(Controls, TextField_SelectedWhole_IsReplacedByTheNextTypedCharacter) {
     settle();
     EXPECT_EQ(sample->Text1.text, "7");
     EXPECT_EQ(line.text(), "7");
-    // Asked for once: what changes afterwards selects nothing.
+    // The selection was asked for once: a later change selects nothing.
     sample->Text1.colour = kRed;
     settle();
     EXPECT_EQ(line.selectedText(), "");

@@ -21,7 +21,7 @@ QString cupsd() {
                                            QStringLiteral("/usr/local/sbin")});
 }
 
-/// A4, with what a usual printer cannot reach at its edges.
+/// A4 with the unprintable margins of a usual printer.
 constexpr const char* kPpd = R"ppd(*PPD-Adobe: "4.3"
 *FormatVersion: "4.3"
 *FileVersion: "1.0"
@@ -101,9 +101,9 @@ JobSheets none none
 
 void printThrough(const QByteArray& server) {
     qputenv("CUPS_SERVER", server);
-    // The settings of whoever runs the test name no printer here.
+    // The tester's own settings must not name a printer here.
     for (const char* name : {"PRINTER", "LPDEST", "CUPS_USER"}) qunsetenv(name);
-    // What the library has kept of the server before.
+    // Makes the CUPS library forget the previous server.
     QLibrary cups(QStringLiteral("cups"), 2);
     using SetServer = void (*)(const char*);
     if (const auto forget = reinterpret_cast<SetServer>(cups.resolve("cupsSetServer")))
@@ -144,7 +144,7 @@ void CupsServer::writeFiles(Queue queue) {
     const QDir folder(folder_.path());
     for (const char* name : {"root/ppd", "spool/tmp", "cache", "state", "data/mime"})
         folder.mkpath(QString::fromLatin1(name));
-    // The server's helpers run as another user where it runs as root.
+    // Run by root, the server starts its helpers as another user.
     ::chmod(folder_.path().toLocal8Bit().constData(), 0755);
     write(QStringLiteral("cupsd.conf"), kServer);
     QByteArray files = kFiles;

@@ -8,15 +8,14 @@
 
 namespace display::qt {
 
-/// A print server for one test: cupsd in a folder that is deleted with it, listening on a socket in
-/// that folder, as root or any user. Its one queue, "Paper", takes PDF unchanged; the server keeps
-/// what it took.
+/// A print server for one test: cupsd in a temporary folder, listening on a socket in that folder,
+/// as root or any user. Its one queue, "Paper", takes PDF unchanged; the server keeps the jobs.
 class CupsServer {
  public:
     enum class Queue {
         None,
         Prints,
-        Refuses,  ///< takes no job
+        Refuses,  ///< refuses jobs
         Paused    ///< takes jobs and keeps them
     };
     /// Starts it, and directs all printing of this process to it.
@@ -25,7 +24,7 @@ class CupsServer {
     CupsServer(const CupsServer&) = delete;
     CupsServer& operator=(const CupsServer&) = delete;
 
-    /// False where cupsd is not installed.
+    /// False if cupsd is not installed.
     static bool installed();
     bool answers() const;
 

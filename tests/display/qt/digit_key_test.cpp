@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The row of digits by the place of its keys.
+// The row of digits, found by the place of its keys.
 #include "display/qt/windows/digit_key.h"
 
 #include <QKeyEvent>
@@ -9,7 +9,7 @@
 namespace display::qt {
 namespace {
 
-/// The event of a key, as a platform makes it.
+/// The event of a key as a platform sends it.
 std::optional<DigitKey> digitOf(const char* platform, int key, quint32 code,
                                 Qt::KeyboardModifiers held = Qt::NoModifier) {
     const QKeyEvent event(QEvent::KeyPress, key, held, code, 0, 0);

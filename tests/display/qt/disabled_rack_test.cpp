@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A window that disables the rack: where it stands, how the rack looks, what a click on it does.
+// A window that disables the rack: where it stands, how the rack looks then, and what a click on
+// the rack does.
 #include <QWindow>
 
 #include "display/qt/painting/palette.h"
@@ -9,7 +10,7 @@ namespace display::qt {
 
 namespace {
 
-/// The lightest channel of any pixel: words on a dark key.
+/// The highest channel value of any pixel: the words on a dark key.
 int lightest(const QImage& image) {
     int found = 0;
     for (int y = 0; y < image.height(); ++y) {
@@ -35,7 +36,7 @@ class DisabledRack : public RackOfTwo {
         lower.enabled = !disabled;
         settle();
     }
-    /// The sample's window, opened as by a key of the rack.
+    /// The sample's window, opened as a key of the rack opens one.
     QWidget& openSample() {
         sample->show();
         disable(true);
@@ -51,7 +52,8 @@ TEST_F(DisabledRack, OpenWindowStandsAboveItWhateverWindowAskedForIt) {
     QApplication::setActiveWindow(view(asked).window());
     ASSERT_TRUE(QTest::qWaitForWindowActive(view(asked).window()));
     openSample();
-    // The asking window may hide; the rack is what a click could bring to the front.
+    // The parent is the rack, not the opener, because the opener may hide, and a click can only
+    // raise the rack.
     EXPECT_EQ(view(*sample).window()->windowHandle()->transientParent(), rack);
     EXPECT_EQ(view(asked).window()->windowHandle()->transientParent(), rack);
 }

@@ -94,7 +94,7 @@ class ScrolledChartForm final : public Form {
     Panel View{*this, "View"};
     Chart Graph1{*this, "Graph1"};
     Label Scale1{*this, "Scale1"};
-    Label Mark1{*this, "Mark1"};  ///< goes with the chart
+    Label Mark1{*this, "Mark1"};  ///< belongs to the chart's picture
     Label Beside{*this, "Beside"};
     Line Legend1{*this, "Legend1"};
     ScrollBar HScroll1{*this, "HScroll1"};
@@ -104,11 +104,11 @@ class ScrolledChartForm final : public Form {
         width = 6000.f;
         height = 4000.f;
         place(Well, {500, 500, 3000, 2500}).surface = Surface::Well;
-        // It reaches to where the chart's ground begins, left of its plot.
+        // It ends at the chart's left edge, beside its plot.
         place(Scale1, {60, 900, 330, 200}, &Well).caption = "100";
         Scale1.align = Align::Right;
         place(View, {400, 0, 2600, 2000}, &Well);
-        // Ten rows to the left of where it begins.
+        // Scrolled by ten rows.
         place(Graph1, {-100 - 2600, 0, 5400, 2000}, &View);
         Graph1.insets = Chart::Insets{100, 100, 100, 300};
         Graph1.rowCount(20);
@@ -135,7 +135,8 @@ TEST_F(DrawingPictures, OfAScrolledChartAreTheWholeChartWithItsScaleAndLegend) {
         QByteArray::fromStdString(desktop->pictureOf(form.Graph1, PictureFormat::Png)), "PNG");
     const qreal pixels = 2 * desktop->scale().px(1);
     EXPECT_NEAR(image.width(), (3000 + 5400 - 200 - 2600) * pixels, 2);
-    // The middle of the first bar and of the last one; the plot begins where the view does.
+    // The middles of the first and the last bar; in the picture the plot begins at the view's left
+    // edge.
     const auto at = [&](float left, float top) {
         return image.pixelColor(qRound(left * pixels), qRound(top * pixels));
     };
@@ -174,7 +175,7 @@ TEST_F(DrawingPictures, AsPngAreWhatIsCopied) {
 }
 
 TEST_F(DrawingPictures, TakeTheNamedPlaceOnTheFormWithItsScales) {
-    // The well with its labels, from the left of the picture box to its end.
+    // The well with its labels, from the picture box's left edge to its right one.
     sample->PictureBox1.pictureBox = {150, 300, 6450, 1500};
     const std::string png = desktop->pictureOf(sample->PictureBox1, PictureFormat::Png);
     const QImage image = QImage::fromData(QByteArray::fromStdString(png), "PNG");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the marks of a drawing look like as pixels.
+// The marks of a drawing as pixels.
 #include <QImage>
 #include <QPainter>
 #include <algorithm>
@@ -14,7 +14,7 @@ namespace {
 
 constexpr qreal kPixelsPerTwip = 0.1;
 
-/// The largest difference of a channel.
+/// The largest difference of any colour channel.
 int largestPixelDifference(const QImage& a, const QImage& b) {
     int largest = a.size() == b.size() ? 0 : 255;
     for (int y = 0; y < a.height() && largest < 255; ++y) {
@@ -53,7 +53,7 @@ class DrawingPixels : public QtBench, public testing::WithParamInterface<double>
     PictureBox& box = sample->PictureBox1;
 };
 
-/// Boxes, strokes and texts, each over some of those before it; nothing covers the upper rows.
+/// Draws boxes, strokes and texts over one another; nothing covers the upper rows.
 template <class After>
 void drawManyOverEachOther(Drawing& drawing, After after) {
     auto pen = [&](Colour colour, int width) {
@@ -142,7 +142,7 @@ TEST_P(DrawingPixels, EachCellOfAMapStandsInItsPlaceInItsColour) {
     const auto painted = paintedDrawing(box);
     for (int row = 0; row < kGrid.rows; ++row) {
         for (int column = 0; column < kGrid.columns; ++column) {
-            // A hole in the map lets through what lies behind.
+            // Holes in the map, through which the marks below show.
             if (column % 7 == 3) continue;
             box.drawing.foreground = ofCell(column, row);
             box.drawing.cell(kGrid, column, row);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Fields below each other, with labels in front, at every scale.
+// Text fields below one another with labels in front of them, at every scale.
 #include <QImage>
 #include <cmath>
 
@@ -9,7 +9,7 @@
 namespace display::qt {
 namespace {
 
-/// Four rows at the steps and sizes of a panel, and two fields that are no column.
+/// Four rows with the steps and sizes of a panel, and two fields that form no column.
 class FieldsForm final : public Form {
  public:
     explicit FieldsForm(Desktop& desktop, float step = 258)
@@ -60,7 +60,7 @@ TEST_F(FieldColumnsOf, AColumn_HasOneStepAndOneHeightAtEveryScale) {
                 EXPECT_EQ(box, first.translated(0, i * step)) << factor << " at " << ratio;
                 const QRect alone = scale.whole(form.fields[i]->boxOnForm());
                 EXPECT_LE(std::abs(box.top() - alone.top()), scale.grid());
-                // The middles of a field and of its label keep together.
+                // The middles of a field and its label stay at the same height.
                 const Box label = form.labels[i]->boxOnForm();
                 const qreal middle = scale.snapped(scale.px(label.top)) +
                                      columns.shiftOf(*form.labels[i]) + scale.px(label.height) / 2;
@@ -82,7 +82,7 @@ TEST_F(FieldColumnsOf, WhatIsNoColumn_StaysWhereItIs) {
 }
 
 TEST_F(FieldColumnsOf, OnTheScreen_EveryRowIsTheSamePicture) {
-    // Steps as screens of other sizes make them.
+    // Steps as screens of other sizes have them.
     for (const float step : {258.f, 261.f, 263.f, 266.f, 271.f}) {
         FieldsForm shown(*desktop, step);
         shown.show();

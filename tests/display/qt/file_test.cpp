@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Files that the user asks for: the dialog that asks for their place, and what is left of one that
-// cannot be written.
+// Saving and opening by the file dialog, and what is left of a file that cannot be written.
 #include <sys/resource.h>
 
 #include <QDir>
@@ -50,7 +49,7 @@ TEST_F(WrittenFile, InAFolderThatTakesNoneSaysSoInOneSentence) {
     EXPECT_EQ(read("file"), "no folder");
 }
 
-/// No file of this process grows beyond so many bytes while it lives, as on a full disk.
+/// While it exists, no file of this process grows beyond so many bytes, as on a full disk.
 class FullDisk {
  public:
     explicit FullDisk(rlim_t bytes) {
@@ -88,7 +87,7 @@ class SaveDialog : public WrittenFile {
  protected:
     SaveDialog() {
         QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-        // A program that has ended in this process would end each dialog at once.
+        // Each test needs a running loop: one that ended before would close every dialog at once.
         QTimer::singleShot(0, qApp, &QCoreApplication::quit);
         QCoreApplication::exec();
         question.title = "Save";
@@ -97,7 +96,7 @@ class SaveDialog : public WrittenFile {
     }
     ~SaveDialog() override { QApplication::setAttribute(Qt::AA_DontUseNativeDialogs, false); }
 
-    /// Asks; `act` has the dialog in its hands as soon as it stands.
+    /// Asks for a place; `act` gets the dialog as soon as it is open.
     std::optional<std::string> ask(const std::function<void(QFileDialog&)>& act) {
         QTimer hands;
         QObject::connect(&hands, &QTimer::timeout, &hands, [&] {

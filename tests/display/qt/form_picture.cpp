@@ -39,8 +39,8 @@ QImage FormPicture::taken() {
     view_->sync();
     const QRectF whole = view_->scale().snapped(Box{0, 0, form_.width, form_.height});
     view_->resize(whole.size().toSize());
-    // A chart lays itself out when the events run that its size and its data have brought: in the
-    // idle time behind all others.
+    // A chart lays itself out in idle time, after the events that its size and its data have
+    // caused.
     constexpr int kMostRounds = 100;
     auto* const events = QAbstractEventDispatcher::instance();
     for (int round = 0; round < kMostRounds; ++round) {
@@ -59,7 +59,7 @@ QImage FormPicture::changedBy(const std::function<void()>& change,
     pixels.fill(0);
     for (int y = 0; y < pixels.height(); ++y) {
         for (int x = 0; x < pixels.width(); ++x) {
-            // A pixel that an edge covers in small part is no ink.
+            // A pixel that an edge covers only a little does not count.
             constexpr int kFaint = 40;
             const QRgb a = before.pixel(x, y), b = after.pixel(x, y);
             const int away = std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),

@@ -15,22 +15,23 @@
 namespace display::qt {
 
 /// A form of the program as the screen shows it, to be read back pixel by pixel. The program itself
-/// runs on the headless desktop. The pixels of a control are found by hiding it, so that no test
-/// has to know how anything is drawn. Positions are device pixels of the form.
+/// runs on the headless desktop. The pixels of a control are found by hiding it, so no test needs
+/// to know how it is drawn. Positions are device pixels of the form.
 class FormPicture {
  public:
     /// Shows the form, if it is hidden.
     explicit FormPicture(Form& form);
 
-    /// The form as it stands now.
+    /// The form as it is now.
     QImage taken();
 
-    /// The pixels that change while something is different; `undo` reverses it.
+    /// The pixels that `change` changes; `undo` reverses it.
     QImage changedBy(const std::function<void()>& change, const std::function<void()>& undo);
     /// The visible pixels of a control, and the box around them.
     QImage pixelsOf(Control& control);
     QRect inkOf(Control& control);
-    /// The middle of the visible pixels: for a figure of a scale, the position of its value.
+    /// The middle of the visible pixels. For a figure of a scale, this is the position of its
+    /// value.
     QPointF middleOf(Control& control);
 
     /// A control's own box, and a point in the units of its container.
@@ -43,13 +44,13 @@ class FormPicture {
     Form& form_;
 };
 
-/// The box around the pixels that are set; empty where there are none.
+/// The box around the set pixels; empty if there are none.
 QRect inkBox(const QImage& pixels);
-/// The same for the pixels of about that colour in a part of a picture.
+/// The same for the pixels of about that colour within a part of a picture.
 QRect inkBox(const QImage& picture, const QRect& within, const QColor& colour);
 bool isAbout(const QColor& one, const QColor& other);
 
-/// The value at a position, on a scale with two known figures.
+/// The value at a position of a scale, from the positions of two of its figures.
 double onScale(double place, double firstPlace, double firstValue, double lastPlace,
                double lastValue);
 

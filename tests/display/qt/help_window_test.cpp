@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The manual's window: contents, links, history, words, languages and keys; and the manual itself,
-// set as a user sees it.
+// The manual's window: contents, links, history, search, languages and keys; and each page of the
+// manual as it is shown.
 #include "display/qt/windows/help_window.h"
 
 #include <gtest/gtest.h>
@@ -228,7 +228,7 @@ TEST_F(HelpWindowTest, TheHelpKeyOpensThePageOfWhatIsMeantElseTheHelpFile) {
     EXPECT_EQ(shown(), "one") << "no file, no help";
 }
 
-/// The words of a page whose contrast to what they stand on is too low.
+/// The words of a page that have too little contrast to their background.
 QStringList faintWords(const QTextDocument& page) {
     QStringList faint;
     for (QTextBlock block = page.begin(); block.isValid(); block = block.next()) {

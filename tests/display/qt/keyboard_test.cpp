@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Where the keyboard goes, and when a control shows that it has it.
+// Where the keyboard focus goes, and when a control shows it.
 #include <QKeyEvent>
 
 #include "display/qt/painting/palette.h"
@@ -72,7 +72,7 @@ class Keyboard : public RackOfTwo {
 };
 
 TEST_F(Keyboard, TabGoesThroughThePanelsFromTheTopWhicheverCameUpLast) {
-    // The upper panel's view is built anew, behind the lower one's.
+    // Makes the upper panel's view again, so that it is newer than the lower one's.
     Unit third(*desktop, "third", 0);
     desktop->rack({&third, &upper, &lower});
     lower.hide();
@@ -190,7 +190,7 @@ TEST_F(Keyboard, BarOfAFoldedRackIsPressedByMouseAndKeyboard) {
     EXPECT_EQ(unfolds, 3);
     EXPECT_EQ(bar.accessibleName(), "Desplegar HMonitor");
     EXPECT_LE(bar.width(), 400);
-    // Its word stands on it, in the light colour of a key.
+    // The rack's name is on it, in the light colour of key captions.
     const QImage look = bar.grab().toImage();
     int light = 0;
     for (int x = 0; x < look.width(); ++x)

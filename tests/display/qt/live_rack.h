@@ -63,7 +63,8 @@ class LiveRack {
             20000);
     }
 
-    /// The accessible object of that name; a figure rather than the painted caption above it.
+    /// The accessible object of that name; if there are two, the figure and not the caption above
+    /// it.
     QAccessibleInterface* child(const display::Form& form, const QString& name) {
         QAccessibleInterface* whole = QAccessible::queryAccessibleInterface(desktop_->viewOf(form));
         QAccessibleInterface* last = nullptr;

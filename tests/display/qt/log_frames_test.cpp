@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The on-air log on the real desktop: how often it is painted, and what lies on its paper.
+// The on-air log on the real desktop: how often it is painted, and its report on paper.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -29,7 +29,7 @@ std::string dayLog(int tens) {
     return bytes;
 }
 
-/// Counts what a widget is told to paint.
+/// Counts the paint events of a widget.
 class Paints final : public QObject {
  public:
     explicit Paints(QWidget* watched) { watched->installEventFilter(this); }
@@ -60,7 +60,7 @@ class LogScreen : public testing::Test {
             static int argc = 1;
             static char name[] = "test_log_frames";
             static char* argv[] = {name, nullptr};
-            // The fonts that were loaded go with it.
+            // Never deleted: that would unload the fonts.
             [[maybe_unused]] static const auto* application = new QApplication(argc, argv);
         }
     };
@@ -94,7 +94,7 @@ TEST_F(LogScreen, AChangeOfTheDayIsOnePaintOfEachChart) {
         EXPECT_LE(plot->count, 1);
         painted += plot->count;
     }
-    // Levels, power and counts are alike on both days, the others differ.
+    // Three charts are equal on both days, the others differ.
     EXPECT_GE(painted, 3);
     EXPECT_LE(view.paints() - before, 1);
 }

@@ -17,7 +17,7 @@ namespace display::qt {
 
 namespace {
 
-/// Ten page units a pixel.
+/// At this resolution a pixel is ten page units.
 constexpr qreal kDotsPerInch = 144;
 
 int pixel(float units) {
@@ -96,7 +96,7 @@ TEST_F(PagePaint, APolylineGoesThroughItsPointsInItsColourAndWidth) {
     int wide = 0;
     for (int y = pixel(720 + 1000); y < pixel(720 + 3000); ++y)
         wide += image.pixelColor(pixel(720 + 1500), y) == QColor(Qt::red);
-    // The line slants: 70 units across it are 84 along y.
+    // The line slants: 70 units across it measure 84 along y.
     EXPECT_NEAR(wide, 84 / 10.0, 2);
 }
 
@@ -127,7 +127,7 @@ TEST_F(PagePaint, ATextOfFixedPitchIsAsWideAsItsCharacters) {
     document.text({1000, 1000}, "|" + std::string(49, ' ') + "|");
     document.font.pitch = Pitch::Proportional;
     const QRect ink = inkOf(pictureOf(document, kA4));
-    // From the middle of the first character to the middle of the last one.
+    // The middle of the text: from the middle of its first character to that of its last.
     EXPECT_NEAR(ink.left() + ink.width() / 2.0, pixel(1000 + 25.5f * fixedAdvance(10)), 1.5);
     EXPECT_NEAR(ink.width(), pixel(50 * fixedAdvance(10)), 3);
 }
@@ -205,7 +205,7 @@ TEST_F(Preview, ShowsTheSheetAtItsTrueProportionsWithItsMarks) {
     PageDocument document = withMargins();
     document.pen = {kRed, 400, PenStyle::Solid};
     const Paper paper = desktop->paper();
-    // A red cross of lines through the middle of the sheet, up to a quarter of its sides.
+    // Two red lines that cross in the middle of the sheet, up to a quarter of its sides away.
     const float x = paper.width / 2 - 720;
     const float y = paper.height / 2 - 720;
     document.line({x - paper.width / 4, y}, {x + paper.width / 4, y});

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What lines look like that a panel moves in every frame.
+// Lines that a panel moves in every frame, read back from their pixels.
 #include <QImage>
 #include <QPainter>
 #include <algorithm>
@@ -69,7 +69,7 @@ TEST_P(NeedleLook, RoundStroke_LooksAsThePainterRoundsIt) {
             }
         }
         EXPECT_GT(lit, 500);
-        // A few pixels of the edge where the ends meet the stroke.
+        // A few pixels differ where the round ends meet the stroke.
         EXPECT_LE(different, 12) << "to " << x;
     }
 }

@@ -16,8 +16,7 @@ namespace display::qt {
 class Painting : public QtBench {
  protected:
     void SetUp() override {
-        // A control under the pointer lights up and is painted once more, whenever the window
-        // system says that the pointer is there.
+        // The pointer is kept away: a control under it lights up and is painted once more.
         QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());
         showSample();
     }
@@ -144,8 +143,8 @@ TEST_F(Painting, AfterChanges_TheSurfaceEqualsOneThatIsPaintedAnew) {
         keep(*sample, "changed");
         anew.save("pictures/anew.png");
     }
-    // Paint devices round the edges of curves in their own way; what is missing, left over or in a
-    // wrong place differs by far more.
+    // Paint devices antialias curves differently; anything missing, left over or misplaced differs
+    // by far more.
     EXPECT_LE(largestDifference(shown, anew), 4);
 }
 
@@ -192,7 +191,7 @@ TEST_F(Painting, Drawing_BoxesTakeTheirLastPixelsInAndClearTakesThemAway) {
 
 TEST_F(Painting, Drawing_WhatNoBoxFilledShowsWhatLiesBehind) {
     Drawing& drawing = sample->PictureBox1.drawing;
-    // A small screen shows the window smaller: places go by the drawing's own units.
+    // On a small screen the window is smaller, so places are shares of the drawing's size.
     const QRectF box = view(*sample).scale().snapped(sample->PictureBox1.boxOnForm());
     const auto at = [&](qreal x, qreal y) {
         return (box.topLeft() + QPointF(x * box.width() / drawing.outerWidth(),
@@ -208,7 +207,7 @@ TEST_F(Painting, Drawing_WhatNoBoxFilledShowsWhatLiesBehind) {
     settle();
     EXPECT_EQ(colourAt(free), behindFree);
     EXPECT_EQ(colourAt(filled), QColor(Qt::red));
-    // Begun anew with a smaller box, nothing of the larger one stays.
+    // Cleared and drawn again with a smaller box, it shows nothing of the larger one.
     drawing.clear();
     drawing.foreground = kGreen;
     drawing.box(0, 80, 120, 100);
@@ -262,7 +261,7 @@ TEST(ScaleTest, EdgesFallOnDevicePixelsAtEveryRatio) {
 
 TEST(ScaleTest, RackStandsWholeOnSmallScreensAndGrowsOnLargeOnes) {
     const QSizeF rack(12000, 7000);
-    // A task bar of 40 pixels each.
+    // Screens with a task bar of 40 pixels each.
     const double small = Scale::fitting(rack, {1366, 728});
     EXPECT_LE(small * 7000, 728);
     EXPECT_LE(small * 12000, 1366);
@@ -281,7 +280,7 @@ class Accessible : public Painting {
             QAccessibleInterface* found = form->child(i);
             if (!found) continue;
             if (found->text(QAccessible::Name) == name) return found;
-            // A figure is said behind its name.
+            // The name of a figure is followed by its value.
             if (found->text(QAccessible::Name).startsWith(name + ": ")) return found;
             if (found->text(QAccessible::Description) == name) return found;
         }

@@ -14,7 +14,7 @@
 
 namespace display::qt {
 
-/// A sheet with one of each thing that pages have, and keys beside it.
+/// A sheet with one of each thing that pages contain, and keys beside it.
 class PaperForm final : public Form {
  public:
     explicit PaperForm(Desktop& desktop) : Form(desktop, "PaperForm") {
@@ -110,7 +110,7 @@ TEST_F(SheetPaint, ASheetStandsAloneWithWhatLiesOnIt) {
     EXPECT_NEAR(heading.left(), pixel(400), 4);
     EXPECT_GT(heading.width(), 80);
     EXPECT_EQ(image.pixelColor(pixel(4000), pixel(700)), QColor(Qt::red));
-    // The same on the whole form, beside the rest of it.
+    // The same on a print of the whole form.
     const QImage all = whole();
     EXPECT_EQ(all.pixelColor(pixel(4000 + PaperForm::kLeft), pixel(700 + PaperForm::kTop)),
               QColor(Qt::red));
@@ -157,7 +157,7 @@ TEST_F(SheetPaint, ADrawingIsItsMarksCutAtItsBox) {
     EXPECT_EQ(green.right(), pixel(400 + 3000) - 1);
     EXPECT_EQ(green.top(), pixel(1000 + 500));
     EXPECT_EQ(green.bottom(), pixel(1000 + 1500));
-    // A box of no width is one pixel of the screen wide, however fine the paper.
+    // A box of no width is as wide as a pixel of the screen, however fine the paper.
     EXPECT_EQ(image.pixelColor(pixel(400 + 200), pixel(1000 + 1000)), QColor(Qt::red));
     const qreal fine = 1;
     QImage finer(3000, 2000, QImage::Format_RGB32);
@@ -202,7 +202,7 @@ TEST_F(SheetPaint, AFieldOnPaperIsItsTextWithinItsBoxHoweverLong) {
     EXPECT_GT(ink.height(), pixel(300));
     const QRect around = boxOf(form.Comment).adjusted(-20, -20, 20, 20);
     EXPECT_EQ(pixelsOf(image, around, dark), ink);
-    // The last letter is there too: without it the picture is another.
+    // The last letter is printed too: without it the print differs.
     form.Comment.text = text;
     EXPECT_NE(sheet(), image);
 }
@@ -255,7 +255,7 @@ TEST_F(ChartOnPaperTest, BarsStandAtTheirValuesAndOthersAreNone) {
     EXPECT_NEAR(red.top(), pixel(1200 + 750), 1);
     EXPECT_NEAR(red.bottom(), pixel(2700), 2);
     EXPECT_NEAR(green.top(), pixel(1200), 1);
-    // Of a row of 1700, a bar has 0.42, and fills 0.88 of it.
+    // A bar's place is 0.42 of a row of 1700, of which it fills 0.88.
     EXPECT_NEAR(red.width(), pixel(1700 * 0.42f * 0.88f), 1);
     EXPECT_NEAR(red.center().x(), pixel(4100 + 850 - 1700 * 0.21f), 1);
     EXPECT_NEAR(green.center().x(), pixel(4100 + 850 + 1700 * 0.21f), 1);
@@ -373,7 +373,7 @@ TEST_F(PageWriter, FormsStandAsTheirModelPlacesThem) {
               QColor(Qt::red));
     const QImage alone = picture({9000, 6000}, [&](QPainter& p) { paintForm(p, below, kPixel); });
     const QImage part = image.copy(0, pixel(form.height), alone.width(), alone.height());
-    // Edges of curves are rounded in their own way; what is missing or in a wrong place is more.
+    // Antialiasing of curves may differ a little; anything missing or misplaced differs by more.
     int different = 0;
     for (int y = 0; y < alone.height(); ++y) {
         for (int x = 0; x < alone.width(); ++x)

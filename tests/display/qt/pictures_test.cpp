@@ -24,7 +24,7 @@ QImage painted(std::string_view name, const QString& caption = {}) {
     return image;
 }
 
-/// The names that the forms' sources give to pictures.
+/// The picture names that the forms' sources contain.
 std::set<std::string> namesInSources() {
     const std::regex assigned(R"re(picture\s*=\s*"([^"]+)")re");
     const std::regex bound(R"re(bindKey\([^,]+,\s*"([^"]+)",\s*"([^"]+)")re");
@@ -64,7 +64,7 @@ TEST_F(Pictures, EveryDrawing_PaintsSomething) {
     QImage blank(80, 40, QImage::Format_RGB32);
     blank.fill(Qt::magenta);
     for (const std::string_view name : pictureNames()) {
-        // A sign is the words that it is given.
+        // A sign shows only the words that it is given.
         EXPECT_NE(painted(name, name == "Sign" ? "DEMO" : ""), blank) << name;
     }
 }

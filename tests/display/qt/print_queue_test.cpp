@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Pages on a real queue: a print server of the test's own.
+// Pages sent to a real queue: a print server of the test's own.
 #include "display/qt/painting/print_queue.h"
 
 #include <gmock/gmock.h>
@@ -156,8 +156,8 @@ std::string withoutBlanks(std::string words) {
     return words;
 }
 
-/// The captions of a form that its window shows. Blanks do not count: headings are spaced out, and
-/// a reader of the page takes some of their gaps for blanks.
+/// The captions of a form that its window shows, without blanks: headings are spaced out, and a PDF
+/// reader takes some of their gaps for blanks.
 std::vector<std::string> captionsOf(const display::Form& form) {
     std::vector<std::string> captions;
     for (const display::Control* control : form.controls()) {
@@ -190,7 +190,7 @@ TEST_F(PrintQueue, TheRackArrivesWithAllItsWords) {
     }
     EXPECT_GT(seen, 60u);
 
-    // The modulation stands at 80 percent: its bar is lit at 40 and dark at 150.
+    // The modulation is 80 percent: its bar is lit at 40 and dark at 150.
     const QImage picture = pictureOf(page, 150);
     ASSERT_FALSE(picture.isNull());
     QDir().mkpath(QStringLiteral("pictures"));

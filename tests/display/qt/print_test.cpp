@@ -26,7 +26,7 @@ TEST_F(Print, WindowsGoOnOnePageAndTheClipboardStaysAsItWas) {
     const QByteArray bytes = page.readAll();
     EXPECT_TRUE(bytes.startsWith("%PDF"));
     EXPECT_EQ(bytes.count("/Type /Page\n"), 1);
-    // Words are words and lines are lines.
+    // Text is printed as text and lines as lines, not as a raster image.
     EXPECT_TRUE(bytes.contains("/FontFile"));
     EXPECT_FALSE(bytes.contains("/Subtype /Image"));
 }

@@ -8,7 +8,7 @@ namespace display::qt {
 
 namespace {
 
-/// One application for the whole run, as Qt wants it.
+/// The one QApplication of the process.
 QApplication& application() {
     static int argc = 1;
     static char name[] = "test_qt";
@@ -40,7 +40,7 @@ bool QtBench::until(const std::function<bool()>& holds) {
 }
 
 void QtBench::settle() {
-    // A change that no event brought is not looked for.
+    // Changes that no event caused are drawn only if a frame is requested.
     desktop->frameSoon();
     QTest::qWait(80);
 }

@@ -8,7 +8,7 @@
 
 namespace display::qt {
 
-/// A panel of a small rack: a handle over its whole width, and a key, a picture key and a field.
+/// A panel of a small rack: a handle over its whole width, a key, a picture key and a field.
 class Unit final : public Form {
  public:
     Unit(Desktop& desktop, std::string name, float itsTop) : Form(desktop, std::move(name)) {
@@ -50,7 +50,7 @@ class Unit final : public Form {
     float firstTop_ = 0;
 };
 
-/// Two such panels as one window.
+/// Two such panels in one window.
 class RackOfTwo : public QtBench {
  protected:
     void SetUp() override {

@@ -14,7 +14,7 @@ class RackSize : public RackOfTwo {
     RackWindow& rack() { return *desktop->rackWindow(); }
     static QRect screen() { return QGuiApplication::primaryScreen()->geometry(); }
     qreal pixelsPerTwip() { return desktop->scale().px(1); }
-    /// Wide for the real rack, which is twice as wide as these panels.
+    /// The width of the real rack, which is twice as wide as these panels.
     int wide() { return desktop->rackSize().width(); }
     void expectScaled() {
         const QRect box = desktop->scale().whole(Box{0, 0, upper.width, upper.height});
@@ -40,7 +40,7 @@ TEST_F(RackSize, IsWhatWasAskedForWithinWhatFits) {
     desktop->resizeRack(1);
     settle();
     const int smallest = wide();
-    // 960 pixels, where the screen has more than those.
+    // 960 pixels, if the screen has more.
     const qreal whole = Scale::filling(QtDesktop::kRack, screen().size()) * 12000;
     EXPECT_NEAR(smallest, whole > 960 ? 960 : 0.6 * whole, 4);
     expectScaled();
@@ -63,7 +63,7 @@ TEST_F(RackSize, F11TakesTheWholeScreenAndGivesItBack) {
     EXPECT_GT(wide(), before);
     EXPECT_TRUE(std::abs(wide() - screen().width()) < 3 ||
                 std::abs(desktop->rackSize().height() - screen().height()) < 3);
-    // The model is true there too: a dialog is placed by it.
+    // The model's places stay true, since dialogs are placed by them.
     EXPECT_EQ(desktop->screenPoint(upper.left, upper.top), rack().pos() + view(upper).pos());
     expectScaled();
     press(Qt::Key_F11);
@@ -74,7 +74,7 @@ TEST_F(RackSize, F11TakesTheWholeScreenAndGivesItBack) {
 }
 
 TEST_F(RackSize, IsDraggedByItsCorner) {
-    // Far enough from the smallest one that it can become 80 pixels narrower.
+    // Wide enough to become 80 pixels narrower.
     desktop->resizeRack(std::max(screen().width() * 0.7, 1080.0));
     settle();
     auto* grip = rack().findChild<QWidget*>("CornerGrip");
@@ -121,12 +121,12 @@ TEST_F(RackSize, TellsWhereItStandsAMomentLater) {
     told.reset();
     press(Qt::Key_F11);
     ASSERT_TRUE(until([&] { return told.has_value(); }));
-    // What it is to leave the whole screen for.
+    // The place that is remembered for when the rack leaves the full screen.
     EXPECT_EQ(*told, (RackPlace{before.left, before.top, before.width, true}));
     desktop->onRackPlaced = {};
 }
 
-/// A rack that is shown where it was remembered.
+/// A rack that is shown at the place that was remembered.
 class RememberedRack : public QtBench {
  protected:
     void show(const RackPlace& place) {
@@ -163,7 +163,7 @@ TEST_F(RememberedRack, TakesTheWholeScreenAgain) {
     EXPECT_EQ(desktop->rackPlace().left, screen.left() + 5);
 }
 
-/// A window with a graph.
+/// A window that shows a graph.
 class Graphed final : public Form {
  public:
     explicit Graphed(Desktop& desktop, bool withNumbers) : Form(desktop, "Graphed") {
@@ -197,7 +197,7 @@ TEST_F(ResizedWindow, FollowsItsEdgesAndTakesTheShapeOfItsForm) {
     QWidget& window = *view(form).window();
     const QSize first = window.size();
     EXPECT_GT(window.maximumWidth(), first.width());
-    // Wider than high: the graph fills the height.
+    // Wider than the graph's shape, so the height decides.
     window.resize(first.width() * 2, first.height() * 3 / 2);
     ASSERT_TRUE(until([&] { return std::abs(view(form).zoom() - 1.5) < 0.02; }));
     settle();
@@ -207,7 +207,7 @@ TEST_F(ResizedWindow, FollowsItsEdgesAndTakesTheShapeOfItsForm) {
     const QRect key = view(form).scale().whole(form.key.boxOnForm());
     EXPECT_EQ(widget(form.key).size(), key.size());
     EXPECT_NEAR(key.width(), desktop->scale().px(1500), 3);
-    // The rack and what comes up next keep their size.
+    // The rack, and windows opened afterwards, keep their size.
     EXPECT_NEAR(desktop->scale().px(4000), first.width(), 2);
 }
 

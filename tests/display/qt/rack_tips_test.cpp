@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The tool tips of what the rack paints, as the pointer brings them up.
+// The tool tips of what the rack paints, brought up by the pointer.
 #include <gtest/gtest.h>
 
 #include <QHelpEvent>

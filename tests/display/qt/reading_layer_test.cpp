@@ -69,7 +69,7 @@ class ReadingLayers : public QtBench {
         EXPECT_TRUE(until([&] { return view(form).isVisible() && !picture().isNull(); }));
     }
     QImage picture() { return view(form).grab().toImage().convertToFormat(QImage::Format_RGB32); }
-    /// Where a drawing's own coordinates are on the form's view.
+    /// The pixel on the form's view of a place in a drawing's own coordinates.
     QPoint pixel(const Control& drawing, double x, double y) {
         const Place place = drawing.placeOf(x, y);
         const Box box = drawing.boxOnForm();
@@ -103,7 +103,7 @@ class ReadingLayers : public QtBench {
             found += (image.pixel(x, y) & 0xffffff) == (kFocus & 0xffffff);
         return found;
     }
-    /// The same in the fullest column there: a place is rounded to a pixel on its way.
+    /// The most of any column near x, because places are rounded to pixels.
     int markedNear(const QImage& image, int x) {
         int most = 0;
         for (int near = x - 2; near <= x + 2; ++near) most = std::max(most, markedIn(image, near));
@@ -125,7 +125,7 @@ TEST_F(ReadingLayers, StandAtTheNumberUnderThePointer) {
     EXPECT_EQ(told(form.Graph1), "88.3 MHz: 60 dBµV");
     const QImage shown = picture();
     keep(form, "reading_hover");
-    // A line over the whole height, at the bar and nowhere beside it.
+    // A line over the whole height at the bar, and none beside it.
     const int height = widget(form.Graph1).height();
     EXPECT_GE(markedNear(shown, bar.x()), height - 4);
     EXPECT_EQ(markedNear(shown, bar.x() + 25), 0);

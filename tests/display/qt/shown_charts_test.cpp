@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the charts and graphs show, read back from their pixels against the figures of the scale
+// The charts and graphs, read back from their pixels and compared with the figures of the scale
 // that is painted beside them.
 #include <gtest/gtest.h>
 
@@ -20,7 +20,7 @@ using display::qt::isAbout;
 using display::qt::onScale;
 using display::qt::qColour;
 
-/// The edges of a grabbed picture lie up to a pixel beside the scale's figures.
+/// The edges of a grabbed picture may be a pixel away from the scale's figures.
 constexpr double kPixels = 1.5;
 
 class ShownScan : public testing::Test {
@@ -38,7 +38,7 @@ class ShownScan : public testing::Test {
         scanner.Graph1.column = column;
         scanner.Graph1.data(level);
     }
-    /// The pixels of the bar in a cell that are in view.
+    /// The visible pixels of a cell's bar.
     QRect barOf(int row, int column) {
         const std::string level(scanner.Graph1.dataAt(row, column));
         return inkBox(
@@ -94,7 +94,7 @@ TEST_F(ShownScan, TheLabelOfARowStandsUnderTheBarOfItsChannel) {
         display::Option& option;
         int row1Column;
     };
-    // Row 1 is labelled where the band begins, every other at its first channel.
+    // Row 1 is labelled at the band's beginning, every other row at its first channel.
     for (const Choice& choice : {Choice{scanner.Option_Impares, 3}, Choice{scanner.Option_Pares, 4},
                                  Choice{scanner.Option_250Khz, 3}, Choice{scanner.Option_All, 6}}) {
         choice.option.choose();
@@ -114,7 +114,7 @@ TEST_F(ShownScan, TheLabelOfARowStandsUnderTheBarOfItsChannel) {
     }
 }
 
-/// The response window and its points: the middle of the disc at each row.
+/// The response window and its points: the middle of the disc in each row.
 class ShownResponse : public testing::Test {
  protected:
     ShownResponse() {
@@ -124,7 +124,7 @@ class ShownResponse : public testing::Test {
         foot = picture->middleOf(window.ScaleNumber[6]).y();
     }
     void measured(const ResponsePairs& pairs) { ResponseCurve::of(pairs).show(window.Graph1); }
-    /// Where the curve passes a row's middle, dB.
+    /// The level at which the curve crosses a row's middle, in dB.
     double dbAt(int row) {
         const QImage image = picture->taken();
         const QRect chart = picture->boxOf(window.Graph1);
@@ -151,7 +151,7 @@ TEST_F(ShownResponse, EachPointStandsAtItsLevelOnTheScaleBesideIt) {
     }
 }
 
-/// How often the curve breaks off between its first and its last point, along a level line.
+/// The number of gaps in a level curve between its first and its last point.
 int gapsOf(const QImage& image, const QRect& chart, const QColor& colour, int rows) {
     const double pitch = chart.width() / double(rows);
     const int first = static_cast<int>(chart.left() + pitch / 2);
@@ -189,7 +189,7 @@ TEST_F(ShownResponse, NothingMeasuredIsADashedLineAndSaidInTheChart) {
     EXPECT_EQ(gapsOf(picture->taken(), chart, colour, 8), 0);
 }
 
-/// Dark figures that a graph prints at its left edge: the middle of the one nearest a height.
+/// The middle of the printed figure within that place.
 double printedNear(const QImage& image, const QRect& place) {
     QRect ink;
     for (int y = place.top(); y <= place.bottom(); ++y) {
@@ -217,12 +217,13 @@ TEST(ShownSpectrum, ABarBeginsAtItsLevelOnTheScaleBesideIt) {
     const QRect box = picture.boxOf(window.Picture1);
     const double perTwip = box.width() / double{window.Picture1.width};
 
-    // The figures 0 to -50 stand at the left; rows of the graph are whole units, so they are even.
+    // The figures 0 to -50 are at the left; a row of the graph is a whole number of units, so they
+    // are evenly spaced.
     const double rows = std::round((window.Picture1.height - 890) / 50);
     auto figure = [&](int tens) {
         const double y = box.top() + (400 + 10 * tens * rows - 20) * perTwip;
         const double high = 60 * perTwip;
-        // Beside the grid, which begins at 250.
+        // Left of the grid, which begins at 250.
         return printedNear(
             image, QRectF(box.left() + 10 * perTwip, y - high, 225 * perTwip, 2 * high).toRect());
     };
@@ -266,14 +267,13 @@ class ShownBandwidth : public testing::Test {
             image, QRectF(box.left() + 40 * perTwip, y - 70 * perTwip, 280 * perTwip, 140 * perTwip)
                        .toRect());
     }
-    /// Percent at the middle of the yellow line.
+    /// The percent value at the middle of the yellow line.
     double percentAt(double kHz) const {
         const QRect strip(static_cast<int>(xOf(kHz)), box.top(), 1, box.height());
         const QRect ink = inkBox(image, strip, QColor(255, 255, 16));
         return ink.isEmpty() ? -1 : onScale(QRectF(ink).center().y(), top, 100, foot, 0);
     }
-    /// Pixels of the fill that stand above the yellow line, and pixels below it that are not
-    /// filled.
+    /// The numbers of filled pixels above the yellow line, and of unfilled ones below it.
     struct Stray {
         int above = 0, below = 0;
     };
@@ -307,7 +307,7 @@ TEST_F(ShownBandwidth, TheTestPatternPassesItsCornersOnTheScaleBesideIt) {
     window.Command1.press();
     look();
     const double slack = 2 * kPixels * 100 / (foot - top);
-    // Between the lines of the grid, which lie over the level stretches.
+    // Between the grid's lines, which cover the level stretches.
     EXPECT_NEAR(percentAt(12.5), 89.5, slack) << "it begins at 99";
     EXPECT_NEAR(percentAt(62.5), 60, slack);
     EXPECT_NEAR(percentAt(87.5), 30, slack);

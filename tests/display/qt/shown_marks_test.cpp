@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A reader's marks stand where the drawing painted the number that they tell; what the band scanner
-// paints beside its bars.
+// A reader's marks are where the drawing painted the number that they state; also what the band
+// scanner paints beside its bars.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -21,10 +21,10 @@ using display::qt::inkBox;
 using display::qt::kChartShadow;
 using display::qt::qColour;
 
-/// A grabbed picture begins up to a pixel beside the control's box.
+/// A grabbed picture may begin a pixel away from the control's box.
 constexpr double kSlack = 1.6;
 
-/// Where a spot of a drawing is in the picture.
+/// The position of a drawing's spot in the picture.
 QPointF pixelOf(const FormPicture& picture, const display::Control& drawing,
                 const NumberTable::Spot& spot) {
     const QRect box = picture.boxOf(drawing);
@@ -33,7 +33,7 @@ QPointF pixelOf(const FormPicture& picture, const display::Control& drawing,
     return {box.left() + place.x * perTwip, box.top() + place.y * perTwip};
 }
 
-/// The upper end of what is painted in a colour right below and above a point.
+/// The upper end of the pixels of a colour near a point, straight above and below it.
 double topAt(const QImage& image, const QRect& box, QPointF point, const QColor& colour) {
     const QRect strip(static_cast<int>(point.x()), box.top(), 1, box.height());
     const QRect ink = inkBox(image, strip, colour);
@@ -89,7 +89,7 @@ TEST_F(MarksOfTheScan, TheEarlierLevelIsAShadowBehindTheBar) {
     EXPECT_EQ(image.pixelColor(at(52)), QColor(kChartShadow));
     EXPECT_EQ(image.pixelColor(at(48)), qColour(chart.seriesColourAt(2)));
     EXPECT_NE(image.pixelColor(at(82)), QColor(kChartShadow));
-    // A bar that is higher hides it but for its edges.
+    // A higher bar hides the shadow except for its edges.
     chart.data("90");
     image = picture->taken();
     EXPECT_EQ(image.pixelColor(at(79)), qColour(chart.seriesColourAt(2)));
@@ -191,7 +191,7 @@ TEST(MarksOfTheBandwidth, StandOnTheCurve) {
     ASSERT_EQ(table.spots.size(), table.rows.size());
     for (const NumberTable::Spot& spot : table.spots) {
         const QPointF at = pixelOf(picture, window.Picture1, spot);
-        // The grid lies over the middle of the curve's corners.
+        // The corners of the curve, since the grid covers its middle.
         const QRect near(at.toPoint() - QPoint(4, 9), QSize(9, 18));
         EXPECT_FALSE(inkBox(image, near, QColor(255, 255, 16)).isEmpty()) << spot.row;
     }

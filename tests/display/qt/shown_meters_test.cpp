@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the rack's meters show, read back from their pixels against the figures of the scale that is
+// The rack's meters, read back from their pixels and compared with the figures of the scale that is
 // painted beside them.
 #include <gtest/gtest.h>
 
@@ -70,11 +70,11 @@ class ShownAudio : public testing::Test {
         bench.start();
         picture = std::make_unique<FormPicture>(panel);
     }
-    /// Degrees from straight up, to the right.
+    /// The needle's angle in degrees, from straight up to the right.
     static double degreesOf(QPointF from, QPointF to) {
         return std::atan2(to.x() - from.x(), from.y() - to.y()) * 180 / std::numbers::pi;
     }
-    /// The pixel of the needle that lies farthest from its pivot.
+    /// The pixel of the needle that is farthest from its pivot.
     QPointF tipOf(display::Line& needle, QPointF pivot) {
         const QImage pixels = picture->pixelsOf(needle);
         QPointF tip = pivot;
@@ -120,11 +120,11 @@ TEST_F(ShownAudio, ThePowerNeedlePointsAtItsFigureOnTheDial) {
     }
 }
 
-/// The elements of a level bar as they are seen: lit, red or dark.
+/// The visible elements of a level bar: lit, red or dark.
 class ShownLevels : public ShownAudio {
  protected:
     struct Element {
-        double db = 0;  ///< on the figures of the scale
+        double db = 0;  ///< by the figures of the scale
         bool lit = false, red = false;
     };
     std::vector<Element> seen(display::Family<display::Line, LevelBar::kElements>& elements) {
@@ -135,7 +135,7 @@ class ShownLevels : public ShownAudio {
         for (std::size_t i = 0; i < elements.size(); ++i) {
             const display::Line& line = elements[i];
             const QPointF at = picture->pointIn(panel.LevelBars, line.x1, (line.y1 + line.y2) / 2);
-            // An element may be drawn a pixel beside its place.
+            // An element may be drawn a pixel away from its place.
             const QRect place = QRect(at.toPoint() - QPoint(1, 0), QSize(2, 1));
             bar.push_back({onScale(at.x(), first, -25, last, 5),
                            !inkBox(image, place, kLit).isEmpty(),
@@ -167,7 +167,7 @@ TEST_F(ShownLevels, TheHeadOfEachBarStandsAtItsLevelOnTheScale) {
     EXPECT_NEAR(headOf(seen(panel.LineAudL)), -10, 0.6);
     EXPECT_NEAR(headOf(seen(panel.LineAudR)), -20, 0.6);
     EXPECT_NEAR(markOf(seen(panel.LineAudL)), -10 + kElement, 0.6) << "the mark at the head";
-    // Dark elements behind the mark, lit ones before the head, without a gap.
+    // Elements after the mark are dark, and those before the head lit, without a gap.
     for (const Element& element : seen(panel.LineAudL)) {
         EXPECT_EQ(element.lit, element.db < -9.75) << element.db;
     }
@@ -193,8 +193,8 @@ TEST_F(ShownLevels, TheMarkStaysWhereTheBarHasBeenAndFallsHalfADbEach300ms) {
     EXPECT_NEAR(markOf(seen(panel.LineAudL)), before - 5, 0.6);
 }
 
-/// The strokes of a seven-segment digit as they are seen, from the top: top, upper left, upper
-/// right, middle, lower left, lower right, bottom.
+/// The visible strokes of a seven-segment digit, in this order: top, upper left, upper right,
+/// middle, lower left, lower right, bottom.
 class ShownDigits : public ShownAudio {
  protected:
     std::string strokesOf(const QColor& lit) {
@@ -210,7 +210,7 @@ class ShownDigits : public ShownAudio {
         }
         return strokes;
     }
-    /// Where the digit stands: around all its strokes while they are lit.
+    /// The digit's box: around all its strokes while they are lit.
     void find(SegmentDigit& digit) {
         place_ = QRect();
         for (int i = 0; i < 7; ++i) place_ |= picture->inkOf(digit.segment(i));

@@ -81,7 +81,7 @@ class ShownPages : public testing::Test {
  protected:
     ShownPages() {
         bench.start();
-        // Letters need the application that the first picture starts.
+        // Fonts need the application that the first picture starts.
         picture = std::make_unique<FormPicture>(bench.formD);
     }
     RackBench bench;
@@ -208,8 +208,7 @@ TEST_F(ShownPages, ThePageOfTheSpectrumHasTheGraphOfItsWindow) {
     EXPECT_EQ(of(page.Picture1B, window.Picture2), of(window.Picture2, window.Picture2));
 }
 
-/// A page, the door to it and the key that opens it; its pictures on screen and paper are kept to
-/// be looked at.
+/// A page, its window and the key that opens it; pictures of it on screen and paper are kept.
 class PagePictures : public testing::TestWithParam<int> {
  protected:
     PagePictures() : bench(GetParam()) {
@@ -236,7 +235,7 @@ class PagePictures : public testing::TestWithParam<int> {
         bench.desktop.duringSheet = [&](const display::Panel&) {
             const QImage printed = PaperSheet(page).taken();
             keepPicture(printed, QString(name) + "_paper_" + language);
-            // White all around, whatever stands in the middle.
+            // The margins are white, whatever the page contains.
             for (const QPoint corner :
                  {QPoint(2, 2), QPoint(printed.width() - 3, 2), QPoint(2, printed.height() - 3)})
                 EXPECT_EQ(printed.pixelColor(corner), QColor(Qt::white)) << name;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Points of digits, the power needle in its well, marks of lit keys and the signs of the rack, read
-// back from their pixels.
+// Decimal points, the power needle in its well, the marks of lit keys and the signs of the rack,
+// read back from their pixels.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -16,8 +16,7 @@ namespace {
 using display::qt::FormPicture;
 using display::qt::inkBox;
 
-/// The box of what is amber in a part of a picture: also where its edge blends with what lies
-/// behind.
+/// The box of the amber pixels in a part of a picture, blended edges included.
 QRect amberIn(const QImage& image, const QRect& where) {
     QImage pixels(image.size(), QImage::Format_Grayscale8);
     pixels.fill(0);
@@ -32,7 +31,7 @@ QRect amberIn(const QImage& image, const QRect& where) {
     return inkBox(pixels);
 }
 
-/// The brightest pixel, of 255.
+/// The highest channel value of any pixel, up to 255.
 int brightest(const QImage& image, const QRect& where) {
     int most = 0;
     for (int y = where.top(); y <= where.bottom(); ++y) {
@@ -71,16 +70,16 @@ TEST_F(ShownPanels, TheDecimalPointsAreWiderThanASegmentInTheColourOfTheirDigits
           Row{panel.PilotPoint, green, panel.pilot[1], panel.pilot[2]},
           Row{panel.DistortionPoint, red, panel.distortion[0], panel.distortion[1]}}) {
         const QRect ink = picture.inkOf(row.point);
-        // All its strokes, so that unlit ones count too.
+        // All strokes lit, so that none is missing from the picture.
         row.before.show(8, display::kWhite, display::kBlack);
         const QRect foot = picture.inkOf(row.before.segment(2));
-        // The picture is smaller than life, where a pixel more or less counts.
+        // The picture is smaller than the screen's rack, so one pixel more or less counts.
         EXPECT_GE(ink.width(), foot.height()) << row.point.name();
         EXPECT_GE(ink.height(), foot.height()) << row.point.name();
         EXPECT_GE(row.point.width, 1.5f * 15 * row.before.segment(2).thickness);
         const QImage image = picture.taken();
         EXPECT_GE(inkBox(image, ink, row.colour).width(), ink.width() - 2) << row.point.name();
-        // It stands between the digits, on the foot of the one before.
+        // The point is between the digits, at the foot of the one before.
         EXPECT_GT(ink.left(), foot.right()) << row.point.name();
         row.behind.show(8, display::kWhite, display::kBlack);
         EXPECT_LT(ink.right(), picture.inkOf(row.behind.segment(2)).left()) << row.point.name();
@@ -97,7 +96,7 @@ TEST_F(ShownPanels, TheNeedleOfTheRelativePowerStaysInItsWellUpTo100) {
         const QRect ink = picture.inkOf(panel.LinePo);
         EXPECT_TRUE(well.contains(ink)) << figure;
         EXPECT_GT(ink.height(), 5) << figure;
-        // Its tip is seen, not cut off at an edge.
+        // The tip is visible, not cut off at an edge.
         EXPECT_GT(ink.top(), well.top() + 5) << figure;
         EXPECT_LT(ink.right(), well.right() - 5) << figure;
     }
@@ -114,7 +113,7 @@ TEST_F(ShownPanels, NoNumberOfThePowerScaleIsUnderTheNeedle) {
     }
 }
 
-/// The amber on a key, as a box of pixels.
+/// The box of the amber pixels on a key.
 QRect markOn(FormPicture& picture, const display::Control& key) {
     return amberIn(picture.taken(), picture.boxOf(key));
 }

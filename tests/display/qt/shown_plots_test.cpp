@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a plot shows, read back from its pixels and compared with what its points say.
+// A plot, read back from its pixels and compared with its points.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -13,7 +13,7 @@
 
 namespace display::qt {
 
-/// A window with one plot of 1200 pixels of curves.
+/// A window with a plot whose curves are 1200 pixels wide.
 class PlotForm final : public Form {
  public:
     explicit PlotForm(Desktop& desktop) : Form(desktop, "PlotForm") {}
@@ -43,8 +43,8 @@ class ShownPlot : public testing::Test {
         plot.causes({{kAway, kAwayColour}, {kStale, kStaleColour}});
     }
 
-    /// A day of seconds: a wave with a band about it, an hour away, each hundredth second stale and
-    /// one high second.
+    /// A day of seconds: a wave with a band about it; an hour is unknown, each hundredth second
+    /// stale, and one second is high.
     static PlotSeries day() {
         PlotSeries series;
         series.each = 1;
@@ -69,12 +69,12 @@ class ShownPlot : public testing::Test {
             .curves(plot)
             .toRect();
     }
-    /// What is different without the curves.
+    /// The pixels that the curves change.
     QImage ink() {
         const auto shown = plot.series();
         return picture->changedBy([&] { plot.series({}); }, [&] { plot.series(shown); });
     }
-    /// First and last pixel of a column that is about as bright as a curve on its own.
+    /// The first and the last pixel of a column that is about as bright as a curve alone.
     struct Reach {
         int top = 0, bottom = -1;
         bool any() const { return bottom >= top; }
@@ -111,8 +111,8 @@ INSTANTIATE_TEST_SUITE_P(Ten, ShownZooms,
                                          Zoom{59820, 60180}, Zoom{43500, 43620}, Zoom{59985, 60015},
                                          Zoom{498, 508}));
 
-/// In each column of pixels: the curve from the lowest to the highest of its seconds, and none
-/// where nothing is known.
+/// In each column of pixels the curve goes from the lowest to the highest of its seconds, and there
+/// is none where nothing is known.
 TEST_P(ShownZooms, EachColumnOfPixelsShowsItsSeconds) {
     plot.series({day()});
     const auto [from, to] = GetParam();
@@ -124,7 +124,7 @@ TEST_P(ShownZooms, EachColumnOfPixelsShowsItsSeconds) {
     const double each = (to - from) / box.width();
     int read = 0, holes = 0;
     for (int x = 0; x < box.width(); ++x) {
-        // The seconds that a column shows without doubt, and those that may share its edge.
+        // The seconds that belong to the column for sure, and those that may share its edge.
         const double left = from + x * each, right = left + each;
         float low = 1000, high = -1000, lowest = 1000, highest = -1000;
         bool known = false, near = false;
@@ -146,7 +146,7 @@ TEST_P(ShownZooms, EachColumnOfPixelsShowsItsSeconds) {
         if (!known) continue;
         ++read;
         ASSERT_TRUE(reach.any()) << "no curve in column " << x;
-        // A trace is up to three pixels thick, and comes from where the column before ended.
+        // A trace is up to three pixels thick, and starts where the previous column ended.
         EXPECT_LE(reach.top, yOf(high) + 2) << "column " << x;
         EXPECT_GE(reach.bottom, yOf(low) - 3) << "column " << x;
         const PlotPoint before = pointAt(std::max(first - 1, 0));

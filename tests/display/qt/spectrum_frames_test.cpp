@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How often the screen is painted while a channel spectrum grows on it.
+// How often a channel spectrum is painted while it grows.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -30,7 +30,7 @@ class ScreenBench {
         driver.readings.field = 70;
     }
 
-    /// From the splash to the measuring rack.
+    /// Runs from the splash to the measuring rack.
     bool start() {
         constexpr int kPatience = 20000;
         desktop.rack({&forms.form1, &forms.formB, &forms.formC, &forms.formD, &forms.form3});
@@ -45,7 +45,7 @@ class ScreenBench {
         return desktop.queue().gateOpen();
     }
 
-    /// Before the desktop: what it is shown on.
+    /// Must be initialised before the desktop.
     struct Platform {
         Platform() {
             if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
@@ -76,7 +76,8 @@ TEST(QtFrames, AChannelSpectrumOf33PointsIsPaintedAtMostOnceAPoint) {
     bench.driver.superLevel = 40;
     std::vector<int> paints;
     bench.driver.duringSuper = [&](float) {
-        // As long as a unit takes; in it a display that paints on its own would paint twice.
+        // As slow as a unit; a display that paints by a timer of its own would paint twice
+        // meanwhile.
         QThread::msleep(60);
         paints.push_back(bench.desktop.viewOf(shows)->paints());
     };
@@ -89,7 +90,7 @@ TEST(QtFrames, AChannelSpectrumOf33PointsIsPaintedAtMostOnceAPoint) {
     for (std::size_t i = 1; i < paints.size(); ++i) {
         EXPECT_LE(paints[i] - paints[i - 1], 1) << "point " << i;
     }
-    // And the bars are seen to grow.
+    // And the bars grow visibly.
     EXPECT_GE(paints.back() - paints.front(), 30);
 }
 
@@ -108,7 +109,7 @@ TEST(QtFrames, AWindowThatIsHigherThanTheScreenStandsThereWholeASizeSmaller) {
     const QWidget* close = view.widgetOf(shows.Command3D2);
     ASSERT_NE(close, nullptr);
     EXPECT_LE(close->geometry().bottom(), view.height());
-    // The others keep the scale of the rack.
+    // The other windows keep the scale of the rack.
     bench.forms.formNewSpectro.show();
     EXPECT_EQ(bench.desktop.viewOf(bench.forms.formNewSpectro)->scale(), bench.desktop.scale());
 }

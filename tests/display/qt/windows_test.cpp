@@ -83,7 +83,7 @@ TEST_F(Windows, Modal_ReturnsWhenTheFormIsHiddenAndTheOthersHearNothing) {
     QTimer later;
     int looks = 0;
     QObject::connect(&later, &QTimer::timeout, &later, [&] {
-        // Before it stands modally it is painted, which takes its time on a busy machine.
+        // It is painted before it becomes modal, which may take a while on a busy machine.
         otherWasEnabled = view(*sample).isEnabled();
         if (otherWasEnabled && ++looks < 20) return;
         later.stop();
@@ -340,7 +340,7 @@ TEST_F(RackOfTwo, StandsInOneWindowOneUnitUnderTheOther) {
 }
 
 TEST_F(RackOfTwo, UnitThatIsLoadedLater_ComesWithTheRacksMove) {
-    // The bench moved nothing; the first unit's layout stands at 500, 400.
+    // The bench has moved nothing yet; the first unit's layout places it at 500, 400.
     const float across = upper.left - 500, down = upper.top - 400;
     lower.unload();
     lower.load();
@@ -396,7 +396,7 @@ TEST_F(RackOfTwo, DraggedByTheHandle_FollowsThePointerWithoutJitter) {
         QApplication::sendEvent(&view(upper), &event);
     };
     send(QEvent::MouseButtonPress, 0, Qt::LeftButton);
-    // Three moves before the window follows the first: each adds only its own difference.
+    // Three moves before the window has followed the first: each adds only its own distance.
     for (const int across : {10, 20, 30}) send(QEvent::MouseMove, across, Qt::LeftButton);
     settle();
     send(QEvent::MouseButtonRelease, 30, Qt::NoButton);
@@ -421,8 +421,8 @@ TEST_F(RackOfTwo, FoldAndUnfold_RaiseOneResizeEach) {
 TEST_F(RackOfTwo, FoldedAndActivatedBeforeTheFoldWasHeardOf_UnfoldsWhole) {
     upper.minimise();
     upper.resizes = 0;
-    // What reaches the program when a hand is quicker than the window manager's word: the window
-    // was left and is back, and nobody says that it is not folded any more.
+    // What the program sees if the user is faster than the window manager: the window was left and
+    // activated again, and nobody has reported that it is restored.
     for (const auto type : {QEvent::WindowDeactivate, QEvent::WindowActivate}) {
         QEvent event(type);
         QApplication::sendEvent(desktop->rackWindow(), &event);

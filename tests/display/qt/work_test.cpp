@@ -19,7 +19,7 @@ namespace display::qt {
 class WorkingDesktop : public QtBench {
  protected:
     WorkingDesktop() {
-        // A program that has ended in this process would end each loop at once.
+        // A loop that ended before in this process would end each later one at once.
         QTimer::singleShot(0, qApp, &QCoreApplication::quit);
         QCoreApplication::exec();
     }
@@ -131,7 +131,7 @@ TEST_F(WorkingDesktop, TellsTheWallClockInUtcAndItsZone) {
     EXPECT_GE(wall.utc.time_since_epoch().count(), before);
     EXPECT_LE(wall.utc.time_since_epoch().count(), after);
     EXPECT_FALSE(wall.zone.empty());
-    // Both clocks are one: the local date is the UTC one, that far on.
+    // Both clocks agree: the local date is that of UTC plus the zone's offset.
     const auto local =
         std::chrono::floor<std::chrono::days>(desktop->wallTime().utc + wall.fromUtc);
     const std::chrono::year_month_day day(local);

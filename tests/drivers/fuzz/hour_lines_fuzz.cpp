@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Any bytes as a day's log into which the line of an hour is put.
+// Any bytes as a day's log into which the line of an hour is inserted.
 #include <algorithm>
 #include <cstdint>
 #include <string>
@@ -14,7 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto lines = std::ranges::count(with, '\n');
     FUZZ_CHECK(lines >= 1 && lines <= 24);
     FUZZ_CHECK(with.ends_with("\r\n"));
-    // What was put in order stays so.
+    // Inserting into the result changes nothing more.
     FUZZ_CHECK(hm16::withHourLine(with, "24 none") == with);
     return 0;
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a library does wrong in its process: a question to the watch, and nothing lost.
+// Faults of a library in its process: the watch is asked, and nothing is lost.
 #include <functional>
 
 #include "tests/drivers/host/told_library.h"
@@ -12,7 +12,7 @@ using Kind = HostTrouble::Kind;
 using Next = HostWatch::Next;
 using testing::HasSubstr;
 
-// Each function that the program calls, as it calls it.
+// Each function, called as the program calls it.
 struct Called {
     const char* name;
     std::function<std::int32_t(const ToldLibrary&)> call;
@@ -91,7 +91,7 @@ TEST_P(InEachFunction, ACrashIsToldWithItsNameAndGoneWithout) {
     EXPECT_THAT(told.watch.troubles[0].journal,
                 testing::ContainsRegex(std::string(function().name) + "\\(.*did not return\n$"));
     EXPECT_FALSE(told.library().runs());
-    // Nothing crashes behind it, and nobody is asked again.
+    // Later calls do nothing, and nobody is asked again.
     told.call().parar();
     told.readings();
     EXPECT_EQ(told.watch.troubles.size(), 1u);
@@ -105,7 +105,7 @@ TEST_P(InEachFunction, ACrashThatDoesNotComeAgainLosesNothing) {
     EXPECT_EQ(told.watch.troubles.size(), 1u);
     EXPECT_EQ(told.library().runs(), !last);
     if (last) return;
-    // The call was made again, in the library that started anew.
+    // The restarted library was given the call again.
     if (std::string(function().name) != "HM_Super") {
         EXPECT_NE(result, 0);
     }
@@ -299,7 +299,7 @@ TEST(HostedFaults, AnExceptionOfTheWatchEndsTheLibrary) {
     const pid_t id = told.library().processId();
     EXPECT_THROW(told.call().normal(985, 0, 0, 0, 0), std::runtime_error);
     EXPECT_FALSE(lives(id));
-    // What unwinds calls once more.
+    // A call during unwinding does nothing.
     EXPECT_EQ(told.call().parar(), 0);
     EXPECT_EQ(told.watch.troubles.size(), 1u);
 }

@@ -174,7 +174,7 @@ TEST(HostedProcess, AHostOfAnotherBuildIsNoFaultOfTheLibrary) {
 
 TEST(HostedProcess, StartedByHandSaysThatItIsNot) {
     EXPECT_EQ(WEXITSTATUS(std::system(HM16_HOST " 2>/dev/null")), 2);
-    // Not the program's child.
+    // Started by a process that is not the program.
     EXPECT_EQ(WEXITSTATUS(std::system(HM16_HOST " 3 1 2>/dev/null")), 1);
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which files are handed to the system as a library at all.
+// Which files are given to the system as a library at all.
 #include "drivers/loader/library_file.h"
 
 #include <elf.h>
@@ -19,7 +19,7 @@ class LibraryFile : public testing::Test {
  protected:
     FileFault fault(Trust trust = Trust::Anybody) const { return checkLibraryFile(file_, trust); }
 
-    // A whole library, perhaps with other bytes in it.
+    // A whole library, in which tests change bytes.
     std::string whole() const {
         const std::filesystem::path told = HM16_TOLD;
         std::ifstream in(told, std::ios::binary);
@@ -62,7 +62,7 @@ TEST_F(LibraryFile, ThatIsAFolderIsSaid) {
 
 TEST_F(LibraryFile, ThatIsAPipeIsNotOpened) {
     ASSERT_EQ(::mkfifo(file_.c_str(), 0755), 0);
-    // Else this would wait for a writer.
+    // Opening it would wait for a writer.
     EXPECT_EQ(Library::load(folder_.path()).fileFault, FileFault::NotRegular);
 }
 
@@ -81,7 +81,7 @@ TEST_F(LibraryFile, CutAtAnyLengthIsNeverLoaded) {
     ASSERT_GT(bytes.size(), 10000u);
     for (std::size_t length = 0; length < bytes.size(); length += 1 + length / 3) {
         write(bytes.substr(0, length));
-        // Before its own header ends, the system refuses it.
+        // A shorter file is refused by the system itself.
         if (length >= sizeof(Elf64_Ehdr)) {
             EXPECT_EQ(fault(), FileFault::CutShort) << length;
         }
@@ -104,7 +104,7 @@ TEST_F(LibraryFile, OfAnotherMachineIsSaid) {
 
 TEST_F(LibraryFile, WithHeadersThatPointAnywhereIsCutShort) {
     std::string bytes = whole();
-    // The place of its segments is near the end of all numbers.
+    // An offset of the segments so large that adding to it overflows.
     for (std::size_t i = 0; i < 8; ++i) bytes[offsetof(Elf64_Ehdr, e_phoff) + i] = '\xff';
     write(bytes);
     EXPECT_EQ(fault(), FileFault::CutShort);

@@ -18,7 +18,7 @@ namespace hm16::test {
 using hmonitor::test::TempFolder;
 using testing::ElementsAre;
 
-// What went wrong, and the answers that a test gives.
+// Notes what went wrong, and gives the answers that a test sets.
 struct NotedWatch final : HostWatch {
     struct Noted {
         HostTrouble::Kind kind;
@@ -29,8 +29,8 @@ struct NotedWatch final : HostWatch {
     };
 
     std::vector<Noted> troubles;
-    std::vector<Next> answers;  // when they are used up, StartAgain
-    bool waits = false;         // a call that lasts is waited for
+    std::vector<Next> answers;  // when used up: StartAgain
+    bool waits = false;         // waits for a call that takes long
     bool leaves = false;        // by an exception
 
     std::optional<Next> decide(const HostTrouble& trouble,
@@ -50,7 +50,8 @@ struct NotedWatch final : HostWatch {
     }
 };
 
-// A folder with the library that does what it is told, which is the current folder meanwhile.
+// A folder with the library that misbehaves as told (fixtures/told.cpp). It is the current folder
+// while this object exists.
 class ToldLibrary {
  public:
     explicit ToldLibrary(const std::string& wrong = "") : before_(std::filesystem::current_path()) {
@@ -68,7 +69,7 @@ class ToldLibrary {
     ToldLibrary(const ToldLibrary&) = delete;
     ToldLibrary& operator=(const ToldLibrary&) = delete;
 
-    // Starts it; the test's watch decides.
+    // Starts the library; the test's watch decides about faults.
     void load() {
         loaded = HostedLibrary::load(HM16_HOST, folder.path(), limits);
         if (loaded.library) loaded.library->watchedBy(&watch);
@@ -76,7 +77,7 @@ class ToldLibrary {
     const HM16_Functions& call() const { return loaded.library->functions(); }
     HostedLibrary& library() const { return *loaded.library; }
 
-    // What the library was asked, a line each.
+    // The calls that the library received, a line each.
     std::vector<std::string> calls() const {
         std::vector<std::string> lines;
         std::ifstream in(folder.path() / "calls.txt");
@@ -104,7 +105,7 @@ class ToldLibrary {
     std::filesystem::path before_;
 };
 
-// Whether the system still has that process, a corpse that nobody waited for aside.
+// Whether the process still runs; a zombie does not count.
 inline bool lives(pid_t id) {
     std::ifstream in("/proc/" + std::to_string(id) + "/stat");
     std::string line;

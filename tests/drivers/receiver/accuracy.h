@@ -26,7 +26,7 @@ class Accuracy : public testing::TestWithParam<Kind> {
         return bandWith(shape, GetParam().rateHz, GetParam().eightBit);
     }
 
-    // Keeps the largest error of a row for the report.
+    // Notes the largest error of a row for the report.
     void miss(double value) {
         worst_ = std::max(worst_, std::fabs(value));
         RecordProperty("worst", std::to_string(worst_));
@@ -53,7 +53,7 @@ inline std::string nameOf(const testing::TestParamInfo<Kind>& kind) {
 
 inline void placeBursts(StationPlan& station) {
     station.direct = {{700, 20000}};
-    // Two within one slot's neighbourhood count once; four stand alone.
+    // Two that are close together count once; the other four count each.
     for (const double start : {0.41, 0.87, 1.31, 1.335, 1.83, 2.27})
         station.bursts.push_back({start, 0.012, {1000, 70000}});
 }

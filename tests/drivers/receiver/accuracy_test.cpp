@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Each figure against signals whose truth is known. The bars are those of the table in
-// docs/receiver.md, which lists what is reached.
+// Each figure against signals whose true values are known. The bounds are those of the table in
+// docs/receiver.md, which also lists the accuracy that is reached.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -49,7 +49,7 @@ TEST_P(Accuracy, PeakModulationInNoise) {
     }
 }
 
-// The highest that a station sends between two times.
+// The highest deviation that a station sends between two times.
 double sentBetween(const std::vector<double>& deviation, double rateHz, double from, double to) {
     double peak = 0;
     for (auto n = static_cast<std::size_t>(from * rateHz); n < to * rateHz; ++n)
@@ -59,7 +59,7 @@ double sentBetween(const std::vector<double>& deviation, double rateHz, double f
 
 TEST_P(Accuracy, PeaksOfAStereoProgramme) {
     constexpr double kFineHz = 2.4e6;
-    constexpr double kBeside = 2e-4;  // the chain's slots begin a little later than these
+    constexpr double kBeside = 2e-4;  // the chain's slots begin a little later than the signal's
     for (const double width : {0.3, 0.9}) {
         const auto plan = band([&](auto& s) {
             s.pilotDeviationHz = 6750;
@@ -185,7 +185,7 @@ TEST_P(Accuracy, AudioLevels) {
     for (const double db : {-40.0, -20.0, -6.0, 0.0, 3.0}) check(db, db, 400);
     check(-3, -35, 1000);
     check(-30, -6, 1000);
-    // Up to where the pre-emphasis leaves room in the channel.
+    // Up to the frequency at which pre-emphasis would fill the channel.
     for (const double hz : {50.0, 90.0, 3000.0, 8000.0, 12000.0}) check(-14, -14, hz);
 }
 
@@ -220,7 +220,7 @@ TEST_P(Accuracy, DistortionOfAKnownHarmonic) {
         s.preEmphasisUs = 0;
         s.direct = {{1000, 50000}, {2000, 500}};
     });
-    // De-emphasis weakens the harmonic against its tone.
+    // De-emphasis weakens the harmonic more than its tone.
     const auto gain = [](double hz) { return 1 / std::hypot(1.0, 2 * M_PI * hz * 50e-6); };
     const double expected = gain(2000) / gain(1000);
     const double measured = measure(plan, 0.9).distortionPercent;
@@ -263,7 +263,7 @@ TEST_P(Accuracy, MultipathRisesWithTheSecondRay) {
         });
         const double figure = measure(plan, 0.6).multipathPercent;
         EXPECT_GT(figure, before);
-        // The panel's five lamps.
+        // The five lamps of the panel.
         int lamps = 0;
         for (const double limit : {28.0, 21.0, 16.0, 11.0, 6.0}) lamps += figure < limit ? 1 : 0;
         EXPECT_LT(lamps, lampsBefore) << figure;
@@ -285,7 +285,7 @@ TEST_P(Accuracy, FieldFollowsTheCarrier) {
             s.amplitude = amplitude;
         });
         plan.noiseReference = amplitude;
-        // Eight bits add their own noise below a hundredth of full scale.
+        // Eight bits add noise of their own below a hundredth of full scale.
         const double expected = kFieldAtFullScale + 20 * std::log10(amplitude);
         const double field = measure(plan, 0.5).fieldDb;
         EXPECT_NEAR(field, expected, 0.2);

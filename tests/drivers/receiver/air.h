@@ -15,15 +15,15 @@
 
 namespace hm16::receiver {
 
-// Changes a sample on its way; `seconds` is its time.
+// Changes a sample on its way to the receiver; `seconds` is its time.
 using Way = std::function<Sample(double seconds, Sample sample)>;
 
-// Samples that a radio loses.
+// Samples that a radio loses periodically.
 struct LostSamples {
     double everySeconds = 1;
-    double atSeconds = 0.43;  // in each of them
+    double atSeconds = 0.43;  // in each period
     std::uint64_t count = 0;
-    bool told = true;  // that so many are missing
+    bool told = true;  // whether the radio reports how many are missing
 };
 
 struct Heard {
@@ -33,8 +33,8 @@ struct Heard {
     const Figures& last() const { return slots.back().figures; }
 };
 
-// The samples of a band, its stations and its noise apart. What was made last is kept: making it
-// takes far longer than listening to it, and the cases of a suite mostly share it.
+// The samples of a band, with stations and noise generated apart. The last result is kept:
+// generating takes far longer than measuring, and most cases of a suite share it.
 class BandSamples {
  public:
     BandSamples(const BandPlan& band, double seconds)
@@ -60,7 +60,7 @@ class BandSamples {
         return static_cast<std::size_t>(seconds * band.rateHz);
     }
 
-    // Each station by itself, as the generator of the whole band makes it.
+    // Adds up the stations, each generated as the generator of the whole band does it.
     static Samples stationsOf(const BandPlan& band, std::size_t count) {
         if (band.stations.size() == 1) return made(band, count);
         auto sum = std::make_shared<std::vector<Sample>>(count);
@@ -74,7 +74,7 @@ class BandSamples {
         return sum;
     }
 
-    // Of a carrier of amplitude 1, with as much noise as carrier.
+    // Noise as strong as a carrier of amplitude 1.
     static Samples noiseOf(const BandPlan& band, std::size_t count) {
         BandPlan noise = band;
         noise.stations.clear();
@@ -137,14 +137,14 @@ inline Heard hear(const BandPlan& band, double seconds, const Way& way = {},
     return heard;
 }
 
-// A way that applies a level in dB over time.
+// Changes the level over time, in dB.
 inline Way levelMoves(const std::function<double(double seconds)>& db) {
     return [=](double seconds, Sample sample) {
         return sample * static_cast<float>(std::pow(10.0, db(seconds) / 20));
     };
 }
 
-// Once a second, at 0.43 s, something else replaces the signal for that long.
+// Once a second, at 0.43 s, replaces the signal for that long.
 inline Way replaced(double lengthSeconds, const std::function<Sample()>& by) {
     return [=](double seconds, Sample sample) {
         const double in = seconds - std::floor(seconds) - 0.43;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Air that is not steady: gaps, bursts, fades, carriers off their frequency, strong neighbours. The
-// bars are those of the table in docs/receiver.md.
+// Unsteady reception: gaps, bursts, fades, carriers off their frequency, strong neighbours. The
+// bounds are those of the table in docs/receiver.md.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -15,10 +15,10 @@
 namespace hm16::receiver {
 namespace {
 
-// Slots until all has settled.
+// Slots until all figures have settled.
 constexpr std::size_t kStarting = 6;
 
-// Seconds of signal: long enough for the disturbances of each of them, under the sanitizers one.
+// Seconds of signal: long enough for several of each disturbance, and for one under the sanitizers.
 constexpr double kLong = kReduced ? 0.8 : 2.2;
 
 BandPlan programmeOnAir(double carrierToNoiseDb) {
@@ -40,7 +40,7 @@ BandPlan toneOnAir(double carrierToNoiseDb) {
     return band;
 }
 
-// The same as it left the station, so that its peaks are the truth.
+// The same as it left the station, without noise: its peaks are the true ones.
 Heard sent(BandPlan band, double seconds) {
     band.carrierToNoiseDb = 300;
     return hear(band, seconds);
@@ -49,11 +49,12 @@ Heard sent(BandPlan band, double seconds) {
 // One row of the table.
 class AirAccuracy : public testing::Test {
  protected:
-    // How far peaks are wrong: over the truth everywhere, under it where they count as known.
+    // How far peaks are off: above the truth in all slots, below it only in those where they count
+    // as known.
     struct Misses {
         double over = 0;
         double under = 0;
-        std::size_t blank = 0;  // slots in a row at the most without a figure that was there
+        std::size_t blank = 0;  // the most slots in a row without a figure that was known before
         std::size_t spoilt = 0;
     };
 
@@ -107,7 +108,7 @@ TEST_F(AirAccuracy, OneBurstOrDropoutASecondLeavesNoFalsePeakAndNothingBlankFor1
         EXPECT_EQ(heard.disturbances.bursts, gap ? 0 : times) << name;
         EXPECT_NEAR(heard.last().pilotHz, 6750, 0.005 * 6750) << name;
         EXPECT_LE(heard.last().multipathPercent, 1) << name;
-        // 20 ms are 24 bits: two blocks at the most.
+        // 20 ms are 24 bits, which reach into two blocks at most.
         EXPECT_GE(heard.last().rdsGoodBlocks + (gap ? 3 : 1) * times, truth.last().rdsGoodBlocks)
             << name;
     }
@@ -124,7 +125,7 @@ TEST_F(AirAccuracy, UpTo20BurstsASecondLeaveNoFalsePeak) {
                                                   static_cast<float>(2 * random.uniform() - 1))
                                          : sample;
         });
-        // Half a second must be known before more than three are sought.
+        // Until half a second is known, no more than three bursts are looked for.
         for (std::size_t n = 12; n < heard.slots.size(); ++n) {
             const Figures& figures = heard.slots[n].figures;
             EXPECT_LT(figures.peakHz - truth.slots.at(n).figures.peakHz, 1000) << every << " " << n;
@@ -156,11 +157,11 @@ TEST_F(AirAccuracy, LostBuffersLeaveNoFalsePeakAndNothingBlankFor150Milliseconds
     }
 }
 
-// The time of what was lost passes: data behind it stands where it should.
+// The time of lost samples passes, so data after them is where it should be.
 TEST_F(AirAccuracy, RdsKeepsItsPlaceOverLostBuffers) {
     const BandPlan band = toneOnAir(50);
     const Heard heard = hear(band, 2.2, {}, LostSamples{.count = 8192});
-    // 7 ms are 8 bits, spread over the pulse: two blocks at the most each time.
+    // 7 ms are 8 bits, and with the pulse's width they reach into two blocks at most each time.
     EXPECT_EQ(heard.last().rdsName, "STATION ");
     EXPECT_GE(heard.last().rdsGoodBlocks, 80U);
     EXPECT_LE(heard.last().rdsBadBlocks, 4U);
@@ -210,7 +211,7 @@ TEST_F(AirAccuracy, GainStepsOf10DecibelsEachSecondBlankNothing) {
     }
 }
 
-// What a fade's own noise hides is the noise's: the level goes down to 20 dB of carrier to noise.
+// The fade reaches a carrier-to-noise ratio of 20 dB, so that the noise may hide figures.
 TEST_F(AirAccuracy, AFadeIntoTheNoiseIsFollowed) {
     BandPlan band = toneOnAir(40);
     const Heard truth = sent(band, kLong);
@@ -252,7 +253,7 @@ TEST_F(AirAccuracy, AnOffsetOfTheCarrierIsInNoAudioFigure) {
     }
 }
 
-// What a carrier does that drifts by 1 kHz a minute.
+// A carrier that drifts by 1 kHz a minute.
 TEST_F(AirAccuracy, ADriftOfTheCarrierIsInNoAudioFigure) {
     BandPlan band = toneOnAir(50);
     band.stations.front().tones = {{1000, 0.5, 0}};
@@ -295,7 +296,7 @@ TEST_F(AirAccuracy, AConstantInACompositeRecordingIsInNoAudioFigure) {
     EXPECT_NEAR(f.carrierHz, 10e3, 5);
 }
 
-// A programme with another one beside it that stands `strongerDb` over it.
+// A programme and beside it another one that is `strongerDb` stronger.
 BandPlan besideProgramme(double level, double offsetHz, double strongerDb, double neighbourLevel) {
     BandPlan band = programmeOnAir(60);
     StationPlan& station = band.stations.front();
@@ -312,8 +313,8 @@ BandPlan besideProgramme(double level, double offsetHz, double strongerDb, doubl
 
 class PeakAccuracy : public AirAccuracy {
  protected:
-    // Every slot from the first half second on: known and within 3 kHz, or marked and 0. Gives the
-    // share of the known ones.
+    // Expects of every slot from the first half second on: known and within 3 kHz, or marked and 0.
+    // Returns the share of the known ones.
     double knownShare(const BandPlan& band) {
         constexpr std::size_t kFirst = 10;
         BandPlan alone = band;
@@ -364,8 +365,8 @@ TEST_F(PeakAccuracy, InNoiseBelow20DecibelsIsWithin3KilohertzOrUnknown) {
     EXPECT_EQ(knownShare(programmeOnAir(30)), 1);
 }
 
-// Tone, pilot and data make up 51.2 kHz at the most. All of it at once over a second, so that the
-// same code runs under the sanitizers, too.
+// Tone, pilot and data add up to 51.2 kHz at most. All disturbances at once in one second, so that
+// the same code runs under the sanitizers.
 TEST(Air, AStationThatIsOffItsFrequencyFadesAndLosesSamplesIsMeasuredOn) {
     BandPlan band = toneOnAir(50);
     band.stations.front().carrierErrorHz = 8200;

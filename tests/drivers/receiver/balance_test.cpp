@@ -80,7 +80,7 @@ TEST(SampleBalance, CorrectsExactly) {
     for (const Sample& sample : balance.correct(samples)) EXPECT_NEAR(std::abs(sample), 1, 0.01);
 }
 
-// The mirror of a station 20 dB stronger lies in the channel.
+// The mirror image of a station 20 dB stronger is in the channel.
 TEST(BalanceAccuracy, LetsNoMirrorIn) {
     BandPlan band = bandWith([](StationPlan& s) {
         s.amplitude = 0.07;
@@ -103,7 +103,7 @@ TEST(BalanceAccuracy, LetsNoMirrorIn) {
     TunedStation mended(settings);
     SampleBalance balance(band.rateHz);
     std::vector<Sample> samples(30000);
-    // Three seconds until it is known, and two more to forget what was before.
+    // Three seconds until the fault is known, and two more until the time before it is forgotten.
     for (int n = 0; n < 200; ++n) {
         generator.read(samples);
         spoilt.push(samples);

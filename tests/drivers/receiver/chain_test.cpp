@@ -206,7 +206,8 @@ TEST(StationChain, MeasuresAtEveryUsualRate) {
     }
 }
 
-// 256 kHz of band cut the sidebands of strong modulation; what can still be measured is.
+// A band of 256 kHz cuts the sidebands of strong modulation; the other figures are measured all the
+// same.
 TEST(StationChain, ALowRateStillGivesPilotAndCarrier) {
     BandPlan band = bandWith(
         [](StationPlan& s) {
@@ -249,7 +250,7 @@ TEST(StationChain, ACompositeRecordingHasAllButTheRadioFigures) {
     EXPECT_EQ(figures.multipathPercent, 0);
 }
 
-// Not even by a rounding.
+// No result differs, not even by rounding.
 TEST(StationChain, TheSizeOfThePiecesDoesNotMatter) {
     const auto band = bandWith([](StationPlan& s) {
         s.pilotDeviationHz = 6750;

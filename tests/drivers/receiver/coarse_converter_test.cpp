@@ -18,7 +18,7 @@ float converted(double steps) {
     return static_cast<float>((std::floor(steps) + 0.5) * kStep);
 }
 
-// A carrier of so many steps, as a converter gives it whose thresholds lie at whole steps.
+// A carrier with an amplitude of `steps` after a converter with thresholds at whole steps.
 std::vector<Sample> carrierBehind(double steps, double centre, double noise) {
     Random random(3);
     std::vector<Sample> samples;
@@ -31,7 +31,7 @@ std::vector<Sample> carrierBehind(double steps, double centre, double noise) {
     return samples;
 }
 
-// Its amplitude there, in steps.
+// The amplitude after the converter, in steps.
 double amplitudeOf(const std::vector<Sample>& samples) {
     std::complex<double> sum = 0;
     for (std::size_t n = 0; n < samples.size(); ++n)
@@ -79,7 +79,7 @@ TEST(CoarseConverter, LeavesAloneWhatItDoesNotKnow) {
     EXPECT_EQ(coarse.powerBefore(0), 0);
     EXPECT_EQ(coarse.powerBefore(0.25), 0.25);  // sixty steps
     EXPECT_EQ(coarse.powerBefore(1e-5), 1e-5);  // half a step
-    // Beside a stronger station the steps are blurred.
+    // A stronger station blurs the steps.
     coarse.look(carrierBehind(30, 0, 0));
     EXPECT_EQ(coarse.powerBefore(9e-4), 9e-4);
 }

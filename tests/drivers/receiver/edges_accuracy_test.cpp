@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What lies at the edges of steady signals: tones beside the slots' rate, subcarriers, too much
-// modulation, sudden fades, second rays.
+// Limits of steady signals: tones near multiples of the slots' rate, subcarriers, overmodulation,
+// sudden fades, second rays.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -35,7 +35,7 @@ TEST(EdgesAccuracy, TheCarrierDoesNotSwingWithAToneBesideAMultipleOf20Hz) {
     }
 }
 
-// A chain with an edge of its own, over 0.6 seconds of the band.
+// The highest peak that a chain with this edge measures in 0.6 seconds of the band.
 double peakBehind(const BandPlan& band, PeakEdge edge, std::vector<float>* wide = nullptr) {
     BandGenerator generator(band);
     ChainSettings settings;
@@ -138,7 +138,8 @@ Way withRay(const LateRay& ray) {
     };
 }
 
-// Variation of the envelope that the rays alone make, in percent rms over the last half second.
+// The variation of the envelope that the rays alone cause, in percent rms over the last half
+// second.
 double trueVariation(const BandSamples& sent, const LateRay& ray, std::size_t end) {
     double sum = 0;
     double squares = 0;
@@ -168,7 +169,7 @@ TEST(EdgesAccuracy, MultipathOnProgramme) {
             const double truth = trueVariation(sent, ray, sent.size());
             const Heard heard = hear(band, kSeconds, withRay(ray));
             const double read = heard.last().multipathPercent;
-            // The nulls of strong echoes are no bursts.
+            // The nulls of strong echoes must not count as bursts.
             EXPECT_LT(heard.disturbances.bursts, 20U) << delay << " " << amplitude;
             EXPECT_NEAR(read, truth, std::max(1.0, 0.2 * truth)) << delay << " " << amplitude;
             RecordProperty(std::to_string(delay * 1e6) + "us" + std::to_string(amplitude),
@@ -177,8 +178,8 @@ TEST(EdgesAccuracy, MultipathOnProgramme) {
     }
 }
 
-// What echoes hide is told, and what they leave alone stands: 0.2 dB of a level, the pilot, the
-// field.
+// Figures that echoes hide are marked; those that they do not affect stay: levels to 0.2 dB, the
+// pilot, the field.
 TEST(EdgesAccuracy, EchoesFrom6PercentOnHidePeakSeparationNoiseAndDistortion) {
     BandPlan band = bandWith([](auto& s) {
         s.pilotDeviationHz = 6750;

@@ -87,7 +87,7 @@ TEST(CarrierMean, HoldsStillUnderAStrongLowTone) {
     EXPECT_NEAR(carrierBesideTone(30, 20).hz(), 1000, 1);
 }
 
-// Slots that were averaged evenly would beat with these.
+// With evenly weighted slots these tones would beat.
 TEST(CarrierMean, HoldsStillUnderAToneBesideAMultipleOfTheSlotsRate) {
     for (const double hz : {1259.0, 1260.5, 61.0, 4001.0, 14999.0})
         for (std::size_t slots = 20; slots < 40; ++slots)
@@ -136,7 +136,7 @@ TEST(ProgrammeLevel, ReadsABurstOfTwentyMillisecondsNearlyWhole) {
     EXPECT_NEAR(10 * std::log10(level.meanSquare() / 100), -0.2, 0.15);
 }
 
-// The mean square of a tone's steps beats at twice its frequency.
+// The mean square of a tone in steps beats at twice the tone's frequency.
 TEST(ProgrammeLevel, StandsStillOnLowTones) {
     for (const double hz : {40.0, 47.0, 60.0, 75.0, 90.0, 190.0, 490.0, 990.0}) {
         ProgrammeLevel level;

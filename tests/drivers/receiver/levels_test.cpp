@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Single levels and frames against carriers whose strength is known.
+// Single levels and frames of carriers whose strength is known.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -86,7 +86,7 @@ TEST_P(Levels, FollowTheCarriersStrength) {
     }
 }
 
-// A stick's converter has an offset, too, which brings its thresholds elsewhere.
+// A stick's converter also has an offset, which moves its thresholds.
 TEST_P(Levels, OfFewStepsAreTrueWhereverTheThresholdsLie) {
     if (!GetParam().eightBit) return;
     for (const double steps : {2.6, 3.0, 3.3, 3.6, 3.9, 4.2, 4.5, 5.0, 7.0}) {
@@ -133,7 +133,7 @@ TEST_P(Levels, ComeInTheStepsThatAreAskedFor) {
 
 TEST_P(Levels, OfTheNoiseAreThatOfAChannelOfIt) {
     const double noise = truth(0.3) - 50;
-    // Eight bits add their own, 0.3 dB to this.
+    // Eight bits add 0.3 dB of noise to this.
     if (!GetParam().eightBit) {
         EXPECT_NEAR(levelAt(250e3), noise, 0.5);
     }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The tuned station on the loudspeakers, through the library as the program loads it, with a sound
-// card that writes what it would play into a file.
+// card that writes into a file.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -31,7 +31,7 @@ HM16_ListenState stateOf(const ReceiverLibrary& receiver) {
     return state;
 }
 
-// What a card that is a file was given.
+// What a sound card that writes into a file was given.
 class SoundFile {
  public:
     SoundFile() {
@@ -58,7 +58,7 @@ class SoundFile {
 TEST(Listen, IsOffUnlessAskedForAndTakesNothingThatMakesNoSense) {
     const SoundFile card;
     const Playback run("a.cs16", kBare);
-    EXPECT_EQ(listenOf(*run).set(50, 0), 1);  // no unit yet
+    EXPECT_EQ(listenOf(*run).set(50, 0), 1);  // the unit is not open yet
     run.record("a.cs16");
     run.start();
     EXPECT_EQ(stateOf(*run).playing, 0);
@@ -70,7 +70,7 @@ TEST(Listen, IsOffUnlessAskedForAndTakesNothingThatMakesNoSense) {
     EXPECT_EQ(listenOf(*run).state(&none), 1);
 }
 
-// The chain's own sound of a recording, from its beginning on.
+// The sound that the chain itself makes of a recording, from its beginning on.
 std::vector<StereoSample> chainSound(const std::filesystem::path& file, int slots) {
     ReceiverOptions options;
     options.source = SourceKind::Recording;
@@ -115,13 +115,13 @@ TEST(Listen, WhatIsPlayedIsTheChainsSound) {
     const auto heard = card.played();
     const auto own = chainSound(receiver.folder().path() / "a.cs16", 400);
     ASSERT_GT(heard.size(), 24000u);
-    // The last tenth of a second, in which the station has long been there.
+    // The last tenth of a second, long after the station began.
     const auto from = heard.end() - 4800;
     const auto loudest = std::max_element(
         from, heard.end(), [](const auto& a, const auto& b) { return a.left < b.left; });
     EXPECT_GT(loudest->left, 0.1F);
     EXPECT_NE(std::search(own.begin(), own.end(), from, heard.end()), own.end());
-    // A mute stops it.
+    // Muting stops it.
     EXPECT_EQ(listenOf(receiver).set(100, 1), 0);
     EXPECT_EQ(stateOf(receiver).muted, 1);
 }

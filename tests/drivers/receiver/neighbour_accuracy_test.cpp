@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What another station beside the tuned one leaves of the accuracy.
+// The accuracy that is left beside another station.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -30,8 +30,8 @@ BandPlan withNeighbour(BandPlan plan, double offsetHz, double strongerDb) {
     return plan;
 }
 
-// The highest deviation that the station sends in the last slot of 1.2 seconds: filters on the way
-// hold back less than the rest of that time.
+// The highest deviation that the station sends in the last slot of 1.2 seconds. The filters delay
+// it by less than the time that is added.
 double truePeakHz(const StationPlan& station) {
     constexpr double kFineHz = 2.4e6;
     CompositeGenerator generator(station, kFineHz, 2);
@@ -89,8 +89,8 @@ TEST_P(NeighbourAccuracy, PeaksFrom30To120PercentBesideAStrongNeighbourAt400Kilo
     }
 }
 
-// Eight bits that must hold the neighbour too leave the station 36 dB of carrier to noise. The
-// highest crest of a programme's slot comes once: what noise it meets is all that is known of it.
+// With eight bits, which must hold the neighbour too, the station has 36 dB of carrier to noise.
+// The highest crest of a programme's slot comes only once, so the noise on it cannot be averaged.
 TEST_P(NeighbourAccuracy, AProgrammesPeaksBesideAStrongNeighbourAt400Kilohertz) {
     double squares = 0;
     int slots = 0;

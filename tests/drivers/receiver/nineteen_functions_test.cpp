@@ -16,7 +16,7 @@ using testing::HasSubstr;
 const std::string kStation =
     "source = synthetic\nscene = station\npace = fast\nlevel_step_db = 0\n";
 
-// As the report has it, in hundredths.
+// As the report states it, in hundredths.
 double secondsRead(const ReceiverLibrary& receiver) {
     const std::string report = receiver.report();
     const std::string label = "signal read: ";
@@ -60,7 +60,7 @@ TEST(NineteenFunctions, ARackUsesThemOneAfterTheOther) {
 
     receiver->parar();
     receiver->parar();
-    EXPECT_EQ(receiver.readings(), now);  // the last ones stand
+    EXPECT_EQ(receiver.readings(), now);  // the last readings stay
     float level = 0;
     EXPECT_EQ(receiver->super(985, &level), 0);
     EXPECT_NEAR(level, now.field, 0.2);
@@ -75,7 +75,7 @@ TEST(NineteenFunctions, ARackUsesThemOneAfterTheOther) {
     EXPECT_EQ(receiver->tramaEspectroRecibida(), 0);
     receiver->parar();
     EXPECT_GT(receiver.swept(985), receiver.swept(980) + 30);
-    EXPECT_EQ(receiver.swept(1080), 0);  // never covered
+    EXPECT_EQ(receiver.swept(1080), 0);  // never covered by the recording
 
     receiver->demoMode();
     receiver->demoMode();
@@ -106,12 +106,12 @@ TEST(NineteenFunctions, SumModeAndAverageDetectorAreTheirs) {
     receiver.init();
     receiver.step(0);
     receiver->parar();
-    EXPECT_EQ(receiver->normal(985, 1, 1, 0, 0), 0);  // left alone at 0.7
+    EXPECT_EQ(receiver->normal(985, 1, 1, 0, 0), 0);  // the left channel alone has a tone, at 0.7
     receiver.step(26);
     EXPECT_NEAR(receiver.readings().levelFirst, 20 * std::log10(0.35), 0.1);
     EXPECT_NEAR(receiver.readings().levelSecond, 20 * std::log10(0.35), 0.1);
     EXPECT_GT(receiver.readings().separationLeft, 55);
-    EXPECT_EQ(receiver.readings().field, 90);  // whole dB as shipped
+    EXPECT_EQ(receiver.readings().field, 90);  // whole dB by default
 }
 
 TEST(NineteenFunctions, ItPlaysInRealTimeWhenLeftAlone) {
@@ -122,7 +122,7 @@ TEST(NineteenFunctions, ItPlaysInRealTimeWhenLeftAlone) {
     receiver.tune(985);
     const auto measured = [&] { return receiver.readings().pilotLevel > 8.9; };
     EXPECT_TRUE(ReceiverLibrary::eventually(measured));
-    // A stretch of 25 ms is read at once, each further one when the one before it is over.
+    // The first 25 ms are read at once, each later stretch when the time of the one before is over.
     const double signal = secondsRead(receiver) - 0.025;
     const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
     EXPECT_GT(signal, 0.03);
@@ -132,7 +132,8 @@ TEST(NineteenFunctions, ItPlaysInRealTimeWhenLeftAlone) {
     EXPECT_TRUE(receiver.frameComes());
 }
 
-// Eight tones in the multiplex of a mono station, de-emphasis apart, each a little weaker.
+// Eight tones one after the other in the multiplex of a mono station, each a little weaker;
+// pre-emphasis is taken into account.
 TEST(NineteenFunctions, AResponseRunFindsItsTones) {
     constexpr double kRateHz = 192e3;
     constexpr double kToneSeconds = 0.8;
@@ -157,8 +158,8 @@ TEST(NineteenFunctions, AResponseRunFindsItsTones) {
     int slots = 0;
     while (!showsEndMark(receiver.readings()) && slots < 150 && receiver.step(1)) ++slots;
     EXPECT_TRUE(showsEndMark(receiver.readings()));
-    EXPECT_LT(slots, 142);                            // with the last of the eight it is over
-    EXPECT_NE(receiver->normal(985, 0, 0, 0, 0), 0);  // it is measuring still
+    EXPECT_LT(slots, 142);  // the run ends with the last of the eight tones
+    EXPECT_NE(receiver->normal(985, 0, 0, 0, 0), 0);  // it is still measuring
     receiver->parar();
     const auto results = receiver.response();
     for (std::size_t n = 0; n < tones.size(); ++n) {
@@ -167,7 +168,7 @@ TEST(NineteenFunctions, AResponseRunFindsItsTones) {
     }
 }
 
-// Called outside its mode, a function does nothing and returns.
+// Called outside its mode, a function does nothing.
 TEST(NineteenFunctions, OutsideTheirModesTheyAreHarmless) {
     const ReceiverLibrary receiver(kStation);
     float level = 77;

@@ -52,7 +52,8 @@ inline void expectKnown(const Readings& now) {
     EXPECT_NEAR(now.rdsLevel, 100 * 2000 / 75e3, 0.15);
 }
 
-// A library that reads `name` from its own folder, which is filled before it opens.
+// A library that plays `name` from its own folder; the test puts files there before the unit is
+// opened.
 class Playback {
  public:
     explicit Playback(const std::string& name, const std::string& more = "")
@@ -71,7 +72,7 @@ class Playback {
         writer.close();
     }
 
-    // Opens the unit, which must go well, and tunes it before any signal runs.
+    // Opens the unit, which must succeed, and tunes it before any signal has run.
     void start(float frequency = 985) const {
         EXPECT_EQ(receiver_.init(), "");
         EXPECT_EQ(receiver_.version(), 1.8F);
@@ -83,7 +84,7 @@ class Playback {
     ReceiverLibrary receiver_;
 };
 
-// What bare samples do not tell.
+// The settings that a file of bare samples needs.
 inline const std::string kBare = "rate_hz = 600000\ncentre_mhz = 98.4\n";
 
 }  // namespace hm16::receiver

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A live radio behind SoapySDR, found when the unit opens. The radio is a plug-in of the tests;
-// SoapySDR, the library, the loader and the way in between are those of the program.
+// A live radio through SoapySDR, found when the unit is opened. The radio is a plug-in of the
+// tests; SoapySDR, the library and the loader are the real ones.
 #include <arpa/inet.h>
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -21,7 +21,7 @@ namespace {
 
 using testing::HasSubstr;
 
-// SoapySDR looks there for plug-ins, once, when its first device is asked for.
+// SoapySDR looks for plug-ins there, once, when the first device is asked for.
 const int pluginPathIsSet =
     setenv("SOAPY_SDR_PLUGIN_PATH", std::filesystem::path(HM16_RADIO).parent_path().c_str(), 1);
 
@@ -31,7 +31,7 @@ std::string radio(const std::string& arguments, const std::string& more = "") {
            more;
 }
 
-// The plug-in itself, as SoapySDR loads it too; as new, and whole again afterwards.
+// The plug-in itself, which SoapySDR loads, too. Its faults are reset before and after a test.
 class Fixture {
  public:
     Fixture() : handle_(dlopen(HM16_RADIO, RTLD_NOW | RTLD_LOCAL)) { restore(); }
@@ -93,7 +93,7 @@ TEST(Radio, ItsStationIsMeasured) {
         EXPECT_NEAR(now.field, 100 + 20 * std::log10(0.3), 0.2);
         EXPECT_NEAR(now.levelFirst, 20 * std::log10(0.5), 0.2);
         EXPECT_NEAR(now.levelSecond, 20 * std::log10(0.1), 0.2);
-        EXPECT_FALSE(receiver.step(1));  // the air cannot be hurried
+        EXPECT_FALSE(receiver.step(1));  // a radio cannot be driven step by step
     }
     EXPECT_EQ(fixture.devices(), 0);
     EXPECT_EQ(fixture.streams(), 0);
@@ -202,7 +202,8 @@ TEST(Radio, AntennaBandwidthClockBiasCorrectionAndItsOwnSettingsAreSet) {
     EXPECT_EQ(fixture.told("direct_samp"), "2");
 }
 
-// A radio that cannot be had is one sentence with file and line, no unit, and nothing left open.
+// A radio that cannot be opened gives one sentence with file and line, no unit, and nothing stays
+// open.
 void expectRefused(const std::string& settings, const std::string& reason, int line = 1) {
     const Fixture fixture;
     const ReceiverLibrary receiver(settings);
@@ -276,7 +277,7 @@ TEST_P(RadioThatGoes, LeavesNoFiguresAndASilentUnitThatStillReturns) {
     testing::internal::CaptureStderr();
     EXPECT_TRUE(silent(receiver));
     EXPECT_THAT(receiver.report(), HasSubstr("ended"));
-    // Everything goes on returning, with nothing to show.
+    // All calls still return, with nothing to show.
     receiver.tune(900);
     EXPECT_EQ(receiver.readings(), nothing());
     receiver->parar();
@@ -353,15 +354,15 @@ TEST(Radio, AStreamThatIgnoresItsTimeOutNeitherFreezesReadingsNorHoldsUpClosing)
         fixture.hold(true);
         EXPECT_TRUE(silent(receiver));
         EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr(" has stopped sending."));
-        // Closing waits a second for the driver, not for ever; the bound leaves room for a machine
-        // that has much else to do.
+        // Closing waits for the driver for a second, not for ever; the bound leaves room for a busy
+        // machine.
         const auto before = Clock::now();
         receiver->parar();
         receiver->terminate();
         EXPECT_LT(Clock::now() - before, std::chrono::seconds(10));
         EXPECT_EQ(fixture.devices(), 1);
     }
-    // The library has been unloaded as far as the program knows. Now the driver returns.
+    // For the program the library is unloaded. Now the driver's call returns.
     fixture.hold(false);
     EXPECT_TRUE(ReceiverLibrary::eventually([&] { return fixture.devices() == 0; }));
 }
@@ -380,7 +381,7 @@ TEST(Radio, AStreamThatGoesOnAfterAHoldIsBackByItself) {
     EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr(" is back.\n"));
 }
 
-// The same radio in another process, on the loopback; ended with it.
+// The same radio in another process, over the loopback network; the process ends with this object.
 class RadioServer {
  public:
     explicit RadioServer(int port) {
@@ -415,7 +416,7 @@ class RadioServer {
     pid_t process_ = 0;
 };
 
-// A radio behind the network that goes with its server and comes back with it.
+// A radio over the network disappears with its server and comes back with it.
 TEST(Radio, OneOnAnotherMachineIsMeasuredGoesAndComesBack) {
     const int port = 50000 + static_cast<int>(getpid() % 10000);
     const std::string device =

@@ -81,7 +81,7 @@ inline const std::set<RdsWords>& sentGroups() {
     return groups;
 }
 
-// The bits that a signal sends, with what goes wrong before they are sent.
+// The bits that a signal sends, with its errors already in them.
 inline std::vector<bool> spoiltBits(const RdsSignal& signal) {
     const std::vector<bool> once = rdsBits(rdsSignalPlan());
     const auto count = static_cast<std::size_t>((kRdsSignalSeconds + 2) * kRdsBitsPerSecond);
@@ -107,7 +107,7 @@ inline std::vector<bool> spoiltBits(const RdsSignal& signal) {
     return bits;
 }
 
-// Its multiplex in Hz at kRdsSignalHz, as a receiver without faults of its own demodulates it.
+// Its multiplex in Hz at kRdsSignalHz, as an ideal receiver demodulates it.
 inline std::vector<float> multiplexOf(const RdsSignal& signal) {
     BandPlan band;
     band.rateHz = 2 * kRdsSignalHz;
@@ -147,14 +147,14 @@ inline std::vector<float> multiplexOf(const RdsSignal& signal) {
         composite.resize(composite.size() - static_cast<std::size_t>(
                                                 (0.003 + 0.037 * random.uniform()) * kRdsSignalHz));
     }
-    // Decoders have what they look back on.
+    // Decoders look back, so the last bits need something after them.
     composite.resize(composite.size() + static_cast<std::size_t>(0.2 * kRdsSignalHz), 0.0F);
     return composite;
 }
 
 struct RdsCount {
-    int groups = 0;  // that were sent, whole
-    int wrong = 0;   // whole, but never sent
+    int groups = 0;  // sent and received whole
+    int wrong = 0;   // received whole, but never sent
 };
 
 inline RdsCount countGroups(const std::vector<float>& composite) {

@@ -42,7 +42,7 @@ TEST(RdsDecoder, ReadsProgrammeAndNameFromAnyBitOn) {
     }
 }
 
-// A decoder that keeps its groups.
+// Collects the groups that a decoder finds.
 struct KeptGroups {
     std::vector<RdsGroup> groups;
     RdsDecoder decoder{[this](const RdsGroup& group) { groups.push_back(group); }};
@@ -103,8 +103,7 @@ TEST(RdsDecoder, CorrectsEveryBurstOfUpToFiveBits) {
     }
 }
 
-// Errors of noise lie in weak bits. A burst that would turn round strong ones is another fault that
-// leaves the same remainder.
+// Noise flips weak bits. A burst of strong bits is another error pattern with the same remainder.
 TEST(RdsDecoder, DoesNotTurnRoundStrongBitsBesideWeakOnes) {
     auto bits = rdsBits(plan());
     const std::size_t wrong = startOf(4, 1) + 9;
@@ -118,11 +117,12 @@ TEST(RdsDecoder, DoesNotTurnRoundStrongBitsBesideWeakOnes) {
     }
 }
 
-// Two errors further apart than a burst look like another burst now and then. Where blocks get lost
-// that is likely, and only what came before is believed; without lost blocks a burst is.
+// Two errors farther apart than a burst sometimes look like another burst. Where blocks are lost
+// that is likely, so only information that came before is believed; without lost blocks the burst
+// is.
 TEST(RdsDecoder, WhereBlocksGetLostABurstCountsOnlyIfItSaysWhatCameBefore) {
     const auto once = rdsBits(plan());
-    // Of the pairs of errors in block 3 of group 4 those that look like a burst.
+    // Counts, of all pairs of errors in block 3 of group 4, the wrong corrections.
     const auto wrongAfter = [&](bool lostBefore, bool cameBefore) {
         int wrong = 0;
         for (std::size_t first = 0; first < kRdsBlockBits; ++first) {
@@ -152,7 +152,7 @@ TEST(RdsDecoder, WhereBlocksGetLostABurstCountsOnlyIfItSaysWhatCameBefore) {
     const int careless = wrongAfter(false, false);
     EXPECT_GE(careless, 40);
     EXPECT_LE(wrongAfter(true, false), careless / 20);
-    // A burst of five that says what came before is corrected there, too.
+    // A burst of five is corrected there, too, if its information came before.
     for (const bool known : {false, true}) {
         std::vector<bool> bits;
         if (known) bits = once;
@@ -168,7 +168,7 @@ TEST(RdsDecoder, WhereBlocksGetLostABurstCountsOnlyIfItSaysWhatCameBefore) {
     }
 }
 
-// Wherever in a block a bit is left out or comes twice, that block is lost and no other.
+// Wherever a bit is missing or repeated in a block, only that block is lost.
 TEST(RdsDecoder, ASlipCostsTheBlockThatItHappensIn) {
     const auto bits = rdsBits(plan());
     KeptGroups sent;
@@ -204,7 +204,7 @@ TEST(RdsDecoder, GoesOnBehindMissingBits) {
         cut.erase(from, from + static_cast<std::ptrdiff_t>(missing));
         RdsDecoder decoder;
         for (const bool bit : cut) decoder.bit(bit);
-        // The pieces of two blocks that are left, and what is needed to tell the group's place.
+        // The rests of two blocks, and the blocks that are needed to find the group's place again.
         EXPECT_LE(decoder.badBlocks(), 4U) << missing;
         EXPECT_GE(decoder.goodBlocks() + 7, cut.size() / kRdsBlockBits) << missing;
     }

@@ -16,14 +16,14 @@ class ReceiverLibrary : public LoadedLibrary {
  public:
     explicit ReceiverLibrary(std::string_view settings) : LoadedLibrary(HM16_RECEIVER, settings) {}
 
-    // Opens the unit; gives what was said on standard error.
+    // Opens the unit; returns its messages on standard error.
     std::string init() const {
         testing::internal::CaptureStderr();
         (*this)->init();
         return testing::internal::GetCapturedStderr();
     }
 
-    // Measures so many slots; false when that cannot be.
+    // Measures so many slots; false if it cannot.
     bool step(int slots) const {
         return reinterpret_cast<HM16_StepFunction>(library().extra(HM16_STEP_NAME))(slots) == 0;
     }
@@ -36,7 +36,7 @@ class ReceiverLibrary : public LoadedLibrary {
     }
 };
 
-// What is shown when nothing can be known.
+// The readings when nothing is known.
 inline hm16::Readings nothing() {
     hm16::Readings readings;
     readings.levelFirst = readings.levelSecond = static_cast<float>(hm16::receiver::kSilenceDb);
@@ -48,7 +48,7 @@ inline long lines(const std::string& text) {
     return std::count(text.begin(), text.end(), '\n');
 }
 
-// The program sees a unit of version 0, the user one sentence with file and line.
+// The program gets a unit of version 0, the user one sentence with file and line.
 inline void expectNoUnit(const ReceiverLibrary& receiver, const std::string& said, int line,
                          const std::string& reason) {
     const std::string file = (receiver.folder().path() / "hm-16.ini").string();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Recordings from the file to the readings, through the library as the program loads it: every
-// form, and what can happen to one while it is played.
+// Recordings from file to readings, through the library as the program loads it: every format, and
+// what can happen to a recording while it plays.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -74,7 +74,7 @@ std::vector<std::int16_t> knownComposite(double rateHz) {
 TEST(CompositeRecording, GivesAllButTheRadioFigures) {
     const Playback run("mpx.wav", "format = composite\n");
     run.folder().write("mpx.wav", wav(1, 192000, knownComposite(192e3)));
-    run.start(1020);  // without a centre it stands for every frequency
+    run.start(1020);  // without a centre it counts for every frequency
     EXPECT_TRUE(run->step(15));
     expectKnown(run->readings());
     EXPECT_EQ(run->readings().field, 0);
@@ -207,7 +207,7 @@ TEST(Recording, OfNothingButNoNumbersOrZerosShowsNothing) {
     }
 }
 
-// Twice full scale: what the converter cut off is distortion of the envelope, not of the phase.
+// At twice full scale, clipping distorts the envelope, but not the phase.
 TEST(Recording, ThatWasClippedStillGivesWhatIsInThePhase) {
     std::vector<Sample> samples = knownBand();
     for (Sample& sample : samples) sample *= 4;
@@ -225,7 +225,7 @@ TEST(Recording, OutsideItsBandNothingIsThere) {
     const Playback run("a.sigmf-meta");
     run.record("a.sigmf-meta");
     run.start();
-    // 98.4 MHz, 300 kHz to each side, less half a channel.
+    // 98.4 MHz and 300 kHz to each side, less half a channel.
     for (const float outside : {875.0F, 981.9F, 986.1F, 1080.0F}) {
         run->tune(outside);
         EXPECT_TRUE(run->step(4));

@@ -20,7 +20,7 @@ using testing::Not;
 
 class RunScript : public testing::Test {
  protected:
-    // Runs a line with the script's functions in the folder; what it says goes into the file said.
+    // Runs a line with the script's functions in the folder; its output goes into the file "said".
     int tryTo(const std::string& call) const {
         folder_.write("call", "set -eu\n. '" HMONITOR_SOURCE_DIR
                               "/scripts/packages.sh'\n. '" HMONITOR_SOURCE_DIR
@@ -72,7 +72,7 @@ TEST_F(RunScript, EachRecordingHasAFolderOfItsOwn) {
     EXPECT_EQ(folder_.read("out"), "racks/band\nracks/band-2\nracks/my_band\nracks/recording\n");
 }
 
-// A build whose survey finds a station, or fails as a test asks, and writes what it was asked.
+// A build whose survey finds a station, or fails if a test wants that, and notes its arguments.
 class RackScript : public RunScript {
  protected:
     RackScript() {

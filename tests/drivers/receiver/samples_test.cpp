@@ -47,7 +47,7 @@ class Recordings : public testing::Test {
         return samples;
     }
 
-    // What opening says.
+    // The fault when opening.
     static std::string fault(const RecordingRequest& request) {
         try {
             openRecording(request);
@@ -191,7 +191,7 @@ TEST_F(Recordings, EachCaptureOfASigmfRecordingIsASegmentThatTuningChooses) {
     EXPECT_EQ(source->length(), 6u);
     std::vector<Sample> samples(2);
     EXPECT_EQ(source->read(samples), 2u);
-    EXPECT_FALSE(source->retune(98.5e6));  // lies in it already
+    EXPECT_FALSE(source->retune(98.5e6));  // is in the current segment already
     EXPECT_FALSE(source->retune(90e6));    // beyond the end of the file
     EXPECT_TRUE(source->retune(103.8e6));
     EXPECT_EQ(source->centreHz(), 104e6);
@@ -202,7 +202,7 @@ TEST_F(Recordings, EachCaptureOfASigmfRecordingIsASegmentThatTuningChooses) {
     EXPECT_EQ(source->read(samples), 0u);
     source->rewind();
     EXPECT_EQ(source->read(samples), 4u);
-    // The first goes on where it was left.
+    // The first segment continues where it was left.
     EXPECT_TRUE(source->retune(98.5e6));
     EXPECT_EQ(source->read(samples), 4u);
     EXPECT_FLOAT_EQ(samples[0].real(), 0.3F);

@@ -10,8 +10,8 @@
 
 namespace hm16::receiver {
 
-// Sanitizers slow the chain down twenty-fold: with them each figure is checked once, not in every
-// kind of samples.
+// Sanitizers make the chain twenty times slower: with them each figure is checked once, not for
+// every kind of samples.
 #if defined(HMONITOR_SANITIZED_THREAD) || defined(HMONITOR_SANITIZED_ADDRESS)
 inline constexpr bool kReduced = true;
 #else

@@ -75,7 +75,7 @@ TEST(SlotPeak, FindsTheCrestBetweenTwoSamples) {
     EXPECT_NEAR(peakOf(slot), 75e3, 20);
 }
 
-// The difference channel's envelope lets a crest come once in a while, and far from any sample.
+// The envelope of the difference channel lets only few crests reach the top, far from any sample.
 TEST(SlotPeak, FindsTheCrestsOfTheDifferenceChannelBetweenItsSamples) {
     const auto slot = slotOf([](double t) {
         return 75e3 * sineSamples(38e3, t + 1.35e-6) *
@@ -93,7 +93,7 @@ TEST(SlotPeak, CountsFromTheCarrierToEitherSide) {
     const auto slot =
         slotOf([](double t) { return 400 + 50e3 * std::max(-0.5, sineSamples(1000, t)); });
     EXPECT_NEAR(peakOf(slot, 400), 50e3, 30);
-    EXPECT_NEAR(peakOf(slot, 40400), 65e3, 400);  // the corners ring
+    EXPECT_NEAR(peakOf(slot, 40400), 65e3, 400);  // the filter rings at the corners
 }
 
 TEST(SlotPeak, ACrestWhereTwoSlotsMeetIsInOneOfThem) {
@@ -116,7 +116,7 @@ class PeakInNoise : public testing::Test {
     PeakInNoise() {
         const auto taps =
             designFilter(kRateHz, 101, [](double hz) { return hz < 80e3 ? hz / 80e3 : 0.0; });
-        // The filter gives nothing until it is full.
+        // The filter has no output until it is full.
         std::vector<float> white(kSlots * kSlot + 2 * taps.size());
         Random random(7);
         for (float& value : white) value = random.noise().real();
@@ -173,7 +173,7 @@ TEST_F(PeakInNoise, OfASingleCrestIsLessThanOfMany) {
 }
 
 TEST_F(PeakInNoise, OfAFlatTopIsTaken) {
-    // What a limiter leaves.
+    // The shape that a limiter makes.
     const Misses found = over(
         [](double t) { return 60e3 * std::clamp(1.5 * sineSamples(300, t), -1.0, 1.0); }, 60e3);
     EXPECT_GT(found.uncorrected, 1500);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Why the figures of a unit's slots are not known: the radio was elsewhere, its input too strong.
+// The states of a slot's figures: the radio was elsewhere, or its input was too strong.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@ namespace {
 
 using testing::HasSubstr;
 
-// Narrow enough that other frequencies need another tuning; there is nothing there.
+// So narrow that other frequencies need another tuning; there is no signal there.
 class TunableRadio : public BandGenerator {
  public:
     using BandGenerator::BandGenerator;
@@ -81,7 +81,8 @@ class SlotStates : public testing::Test {
     const hmonitor::test::TempFolder folder_;
 };
 
-// 0.3 seconds elsewhere pass through the station, two seconds pass it by: slots come all along.
+// 0.3 seconds elsewhere pass through the station's chain, two seconds go past it; slots come in
+// both cases.
 TEST_F(SlotStates, SlotsSayThatTheRadioWasElsewhereAndNoGapIsCounted) {
     const auto pilot = static_cast<std::size_t>(placeOfFigure("pilot_level"));
     for (const int levels : {15, 100}) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// From the ring of sound to a sound card: fakes, and the system's own with nothing behind it.
+// From the ring of sound to a sound card: simulated ones, and the system's own which writes into a
+// file.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -19,7 +20,7 @@
 namespace hm16::receiver {
 namespace {
 
-// Left rises, right falls, each sample once.
+// Left rises, right falls, so that each sample is unique.
 std::vector<StereoSample> rising(std::size_t from, std::size_t count) {
     std::vector<StereoSample> sound(count);
     for (std::size_t n = 0; n < count; ++n) {
@@ -49,7 +50,7 @@ TEST(SoundPace, PlaysFasterWhereTheCardIsSlowAndSlowerWhereItIsFast) {
         std::vector<StereoSample> out;
         for (std::size_t from = 0; from < 4800; from += 480) pace.process(rising(from, 480), out);
         EXPECT_NEAR(static_cast<double>(out.size()), drift > 0 ? 4790 : 4810, 1.5);
-        // The line between the samples is kept.
+        // The samples still lie on a line.
         for (std::size_t n = 1; n < out.size(); ++n)
             EXPECT_NEAR(out[n].left - out[n - 1].left, pace.step() / 80000, 1e-6);
         for (int n = 0; n < 3000; ++n) pace.look(9600);
@@ -102,12 +103,12 @@ class LoudspeakerTest : public testing::Test {
             return deck->plugged ? std::make_unique<FakeCard>(deck) : nullptr;
         };
     }
-    // A listener who has begun to listen.
+    // A loudspeaker that has begun to play.
     std::unique_ptr<Loudspeaker> speaker(int volume = 100) {
         auto result = std::make_unique<Loudspeaker>(ring_, card(), std::chrono::milliseconds(10));
         result->set(volume, false);
         EXPECT_TRUE(comesTrue([&] { return result->state().playing; }));
-        // Some sound first, which may come before it listens.
+        // Sound that may pass before it begins to read.
         feed(9600);
         EXPECT_TRUE(comesTrue([&] {
             if (!deck_->heard().empty()) return true;
@@ -138,7 +139,7 @@ TEST_F(LoudspeakerTest, AtFullVolumeWhatComesOutIsWhatCameIn) {
     EXPECT_TRUE(hears(9600));
     const auto heard = deck_->heard();
     const auto all = rising(0, fed_);
-    // Behind the first block, over which the volume came up.
+    // After the first block, in which the volume comes up.
     const auto found = std::search(all.begin(), all.end(), heard.begin() + 480, heard.end());
     EXPECT_NE(found, all.end());
 }
@@ -180,10 +181,10 @@ TEST_F(LoudspeakerTest, ACardThatNeverReturnsHoldsUpNeitherTheSignalNorClosing) 
     deck_->stuck = true;
     feed(9600);
     std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    feed(96000);  // who fills the ring goes on
+    feed(96000);  // the writer is not held up
     speaker.reset();
     deck_->stuck = false;
-    // The abandoned thread ends by itself: it lets go of the card.
+    // The abandoned thread ends by itself and releases the card.
     EXPECT_TRUE(comesTrue([&] { return deck_.use_count() == 1; }));
 }
 
@@ -200,8 +201,7 @@ TEST_F(LoudspeakerTest, WithoutACardItIsSilentWithoutAWord) {
 }
 
 #if defined(__linux__)
-// The system's sound with a configuration of the test: its default card writes what it would play
-// into a file.
+// The system's sound with a configuration of the test: its default card writes into a file.
 class SystemSound : public testing::Test {
  protected:
     void configure(const std::string& card) const {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the chain hands on and what it mends, each piece on its own.
+// The chain's small parts, each on its own.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -36,7 +36,7 @@ TEST(SoundResampler, GivesATonesShapeFortyEightThousandTimesASecond) {
         }
         SoundResampler resampler(rate);
         std::vector<StereoSample> sound;
-        // In two parts, as it comes.
+        // In two parts, as sound arrives.
         const std::size_t part = left.size() / 3;
         resampler.process(std::span(left).first(part), std::span(right).first(part), sound);
         resampler.process(std::span(left).subspan(part), std::span(right).subspan(part), sound);
@@ -118,7 +118,7 @@ TEST(RecordRing, GivesEachReaderWhatItHasNotSeenAndForgetsTheOldest) {
     EXPECT_EQ(next, 16U);
 }
 
-// A change of width may cost no time, or pilot and data behind it lose their places.
+// A change of width must not shift the time of pilot and data.
 TEST(ChannelFilter, BothWidthsTakeEquallyLong) {
     const Rates rates = planRates(1.2e6, Domain::Band);
     ChannelFilter filter(rates);
@@ -143,7 +143,7 @@ std::vector<Sample> circle(double amplitude) {
     return samples;
 }
 
-// A circle of 1.3 cut at 1 stands there for nearly half of the time.
+// Clipped at 1, a circle of 1.3 is at full scale for nearly half of the time.
 TEST(InputLoad, IsTooHighWhereAThousandthStandsAtTheConvertersEnd) {
     InputLoad load;
     EXPECT_FALSE(load.endSlot());
@@ -154,7 +154,7 @@ TEST(InputLoad, IsTooHighWhereAThousandthStandsAtTheConvertersEnd) {
         sample = {std::clamp(sample.real(), -1.0F, 1.0F), std::clamp(sample.imag(), -1.0F, 1.0F)};
     load.add(cut);
     EXPECT_TRUE(load.endSlot());
-    EXPECT_FALSE(load.endSlot());  // of a slot without samples
+    EXPECT_FALSE(load.endSlot());  // a slot without samples
     auto rare = circle(0.5);
     for (std::size_t n = 0; n < 30; ++n) rare[n * 900] = {0, -1};
     load.add(rare);
@@ -214,7 +214,7 @@ TEST(SpoiltSamples, SpansThatTouchBecomeOneAndAreFound) {
     EXPECT_TRUE(spoilt.touches(2000, 2001));
 }
 
-// What stands 50 kHz beside a carrier at a fiftieth of it moves it by 1 kHz.
+// A carrier 50 kHz away at a fiftieth of the strength moves the deviation by 1 kHz.
 TEST(PeakDoubt, IsTheErrorThatAnotherStationMakes) {
     const Rates rates = planRates(1.2e6, Domain::Band);
     PeakDoubt doubt(rates);
@@ -226,7 +226,7 @@ TEST(PeakDoubt, IsTheErrorThatAnotherStationMakes) {
     doubt.add(envelope);
     EXPECT_NEAR(doubt.takeHz(), 1000, 60);
     EXPECT_EQ(doubt.takeHz(), 0);
-    // Its own fading is slow beside that.
+    // The carrier's own fading is slow compared with that.
     std::vector<float> fading;
     for (int n = 0; n < 20000; ++n)
         fading.push_back(1 +
@@ -240,7 +240,7 @@ class WatchedCarrier : public testing::Test {
  protected:
     static constexpr double kRate = 500e3;
 
-    // Blocks of a carrier of this envelope, in white noise of this rms on each of its parts.
+    // Blocks of a carrier with this envelope, with white noise of this rms on I and Q.
     void watch(std::size_t blocks, double noise, const std::function<double(double)>& level,
                const std::function<void(std::size_t block, std::vector<float>& frequency,
                                         std::vector<float>& envelope)>& spoil = {}) {

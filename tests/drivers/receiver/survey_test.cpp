@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The band gone over once: which stations there are, and what goes into a rack's memories.
+// One survey of the band: its stations, and the memories that are made of them.
 #include "drivers/receiver/survey/survey.h"
 
 #include <gmock/gmock.h>
@@ -89,7 +89,7 @@ TEST(Presets, TakeTheStationsAndEmptyTheRest) {
     EXPECT_EQ(withPresets("", {}).size(), 300u);
 }
 
-// A station 100 kHz above the centre, as a file with a rate of its own would have it.
+// A station 100 kHz above the centre, in samples of the given rate.
 std::vector<Sample> stationAt(double rateHz, double pilotHz, double seconds) {
     BandPlan band;
     band.rateHz = rateHz;
@@ -128,7 +128,7 @@ TEST(RateCheck, WithoutAPilotNothingIsSaid) {
     const auto samples = stationAt(1.2e6, 0, 1);
     EXPECT_EQ(seemingPilotHz(samples, 1.2e6, 100e3), std::nullopt);
     EXPECT_EQ(seemingPilotHz(std::span(samples).first(1000), 1.2e6, 100e3), std::nullopt);
-    // A steady tone is no pilot of any rate that there is.
+    // A tone that would be a pilot at no rate that radios have.
     EXPECT_EQ(rateFault("a.cu8", 2.4e6, 10e3), "");
 }
 

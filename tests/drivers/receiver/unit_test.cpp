@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The unit behind the nineteen functions, on recordings and on a radio that goes away.
+// The unit behind the nineteen functions, with recordings and with a radio that disappears.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -24,7 +24,7 @@ namespace fs = std::filesystem;
 using testing::HasSubstr;
 using testing::Not;
 
-// The first `length` samples of a band, then nothing.
+// The first `length` samples of a band, then the end.
 class Excerpt : public SampleSource {
  public:
     Excerpt(const BandPlan& plan, std::uint64_t length) : band_(plan), left_(length) {}
@@ -43,7 +43,7 @@ class Excerpt : public SampleSource {
     std::uint64_t left_;
 };
 
-// A station's multiplex with one low tone: minutes of signal at little cost.
+// A station's multiplex with one low tone: cheap to generate for minutes.
 class Hum : public SampleSource {
  public:
     Domain domain() const override { return Domain::Composite; }
@@ -115,7 +115,7 @@ TEST_F(ReceiverUnitTest, MeasuresTheTunedStationStepByStep) {
     const std::size_t count = unit->groups().copy(0, groups, next);
     ASSERT_GE(count, 10U);
     EXPECT_EQ(next, groups.at(count - 1).number + 1);
-    // The first came in its middle.
+    // The first group was received from its middle on.
     for (std::size_t n = 1; n < count; ++n) {
         EXPECT_TRUE(groups.at(n).whole());
         EXPECT_EQ(groups.at(n).blocks[0].information, 0xE123);
@@ -165,7 +165,7 @@ TEST(ReceiverOptions, TakeTheEdgeOfTheMultiplexForPeaksFromTheSettings) {
     EXPECT_EQ(edgeOf("composite_khz = 90\n"), PeakEdge::At80);
 }
 
-// A radio that loses a buffer in each half second.
+// A radio that loses a buffer every half second.
 class Losing : public BandGenerator {
  public:
     using BandGenerator::BandGenerator;
@@ -194,7 +194,7 @@ TEST_F(ReceiverUnitTest, LostSamplesAreCountedAndTheRestGoesOn) {
     EXPECT_NEAR(readings_.latest().pilotLevel, 9, 0.05);
     EXPECT_GT(readings_.latest().peakModulation, 20);
     EXPECT_THAT(unit->report(), HasSubstr("gaps: 3 with 15000 samples lost"));
-    // The slots are numbered, timed and marked where something is missing.
+    // Slots have rising numbers and times, and those with missing samples are marked.
     std::array<HM16_Slot, 40> slots{};
     std::uint64_t next = 0;
     const int count = unit->slots()->copy(0, slots.data(), sizeof(HM16_Slot), 40, &next);
@@ -282,7 +282,7 @@ TEST_F(ReceiverUnitTest, ResultsAreKeptInTheStationsFileAndCleared) {
     EXPECT_FALSE(StationResults::read(folder_, 985).separationLeft());
 }
 
-// More than a minute of signal, which takes longer than that under the thread sanitizer.
+// Needs more than a minute of signal, too slow under the thread sanitizer.
 #if !defined(HMONITOR_SANITIZED_THREAD)
 TEST_F(ReceiverUnitTest, TheDaysLogGetsItsLine) {
     {
@@ -301,7 +301,7 @@ TEST_F(ReceiverUnitTest, AResponseRunEndsWithTheMarkAndItsResults) {
     BandPlan band = sceneOf(Scene::Silence, 600e3, 98.4e6);
     StationPlan station;
     station.offsetHz = 100e3;
-    // One second of each of three tones.
+    // Three tones of a second each.
     station.preEmphasisUs = 0;
     for (const double start : {0.0, 1.0, 2.0})
         station.bursts.push_back({start,
@@ -327,7 +327,7 @@ TEST_F(ReceiverUnitTest, AResponseRunEndsWithTheMarkAndItsResults) {
     }
 }
 
-// How far a sine of 1 kHz, 48,000 times a second, is from going on as it began.
+// How far the sound deviates from a steady sine of 1 kHz at 48,000 samples a second.
 double breakIn(const std::vector<StereoSample>& sound) {
     const double twice = 2 * std::cos(2 * M_PI * 1000 / kSoundHz);
     double worst = 0;
@@ -352,7 +352,7 @@ TEST_F(ReceiverUnitTest, TheTunedStationGoesOnWhileLevelsAndASweepAreMade) {
     EXPECT_NEAR(static_cast<double>(unit->slots()->nextNumber() - slots), 0.31 / 0.05, 1);
     std::vector<StereoSample> sound(48000);
     sound.resize(unit->sound().read(place, sound));
-    // 60 ms of levels and 250 ms of frames, in whole slots.
+    // 60 ms of levels and 250 ms of frames, each in whole slots.
     EXPECT_NEAR(static_cast<double>(sound.size()), 0.31 * kSoundHz, 0.05 * kSoundHz);
     EXPECT_LT(breakIn(sound), 3e-3);
     double highest = 0;
@@ -409,7 +409,7 @@ TEST(ReceiverOptionsTest, RatesAndCentresTakeUsualWords) {
     EXPECT_EQ(options("centre_mhz = 98200000\n").centreHz, 98.2e6);
 }
 
-// The template that is shipped must be one that the unit takes.
+// The unit must accept the template that is shipped.
 TEST(ReceiverOptionsTest, TheTemplateHasNoFaults) {
     const fs::path folder = fs::path(HMONITOR_SOURCE_DIR) / "drivers/receiver";
     Settings settings = Settings::read(folder / "hm-16.ini");

@@ -17,7 +17,7 @@ TEST(Loop, ReadsTheUnitEvery30Milliseconds) {
     bench.advance(std::chrono::milliseconds(29));
     EXPECT_EQ(bench.driver.dataCalls, 0);
     bench.advance(std::chrono::milliseconds(1));
-    // The multipath meter reads once more.
+    // The multipath meter makes the second reading.
     EXPECT_EQ(bench.driver.dataCalls, 2);
     bench.beat(2);
     EXPECT_EQ(bench.driver.dataCalls, 6);
@@ -26,7 +26,7 @@ TEST(Loop, ReadsTheUnitEvery30Milliseconds) {
 TEST(Loop, HandsTheWholePartOfTheModulationOn) {
     RackBench bench;
     bench.start();
-    bench.beat();  // the first after a tuning starts the held peak anew
+    bench.beat();  // the first one after a tuning resets the held peak
     bench.readings.peakModulation = 93.9f;
     bench.beat();
     EXPECT_EQ(bench.state.DemoPeak, 93);
@@ -40,7 +40,7 @@ TEST(Loop, HandsTheWholePartOfTheModulationOn) {
 TEST(Loop, ModulationAbove160Is160) {
     RackBench bench;
     bench.start();
-    bench.beat();  // the first after a tuning starts the held peak anew
+    bench.beat();  // the first one after a tuning resets the held peak
     bench.readings.peakModulation = 161;
     bench.beat();
     EXPECT_EQ(bench.state.DemoPeak, 160);
@@ -50,7 +50,7 @@ TEST(Loop, ModulationAbove160Is160) {
 TEST(Loop, AHigherPeakStartsTheFallOfTheModulationBar) {
     RackBench bench;
     bench.start();
-    bench.beat();  // the first after a tuning starts the held peak anew
+    bench.beat();  // the first one after a tuning resets the held peak
     bench.readings.peakModulation = 80;
     bench.beat();
     bench.form1.Timer1.enabled = false;

@@ -30,7 +30,7 @@ class Memories : public testing::Test {
     void next() { bench.click(bench.formB.SSCommand1); }
     void previous() { bench.click(bench.formB.SSCommand2); }
     void moveBar(int value) { bench.set(bench.formB.HScroll1, value); }
-    /// The frequencies that the unit was tuned to since the last time.
+    /// The frequencies to which the unit was tuned since the last call.
     std::vector<std::string> tunings() {
         std::vector<std::string> all;
         for (const std::string& call : bench.takeCalls()) {
@@ -236,7 +236,7 @@ TEST_F(Memories, MissingPresetsAreOneMessageAndTheEnd) {
     EXPECT_THAT(tunings(), IsEmpty());
 }
 
-/// What a hand on the bar leaves of the memory that was tuned before: nothing.
+/// When the user moves the bar, name and number of the memory tuned before go.
 class HandOnTheBar : public Memories {
  protected:
     void expectOffMemory() {
@@ -250,7 +250,7 @@ class HandOnTheBar : public Memories {
 
 TEST_F(HandOnTheBar, AfterAStepOverAnEmptySlotTakesNameAndNumberAway) {
     start();
-    next();  // memory 2 is empty: 3 is tuned twice, the second time where the bar stands
+    next();  // memory 2 is empty: 3 is tuned twice, the second time by the bar's position
     ASSERT_EQ(bench.formB.Label_RadioName.caption, "R. TRES  ");
     expectOffMemory();
 }

@@ -31,7 +31,7 @@ struct MemoryKeys : testing::Test {
         bench.hand.digit(bench.form1, {place, shift});
         bench.settle();
     }
-    /// The frequencies that the unit was tuned to since the last time.
+    /// The frequencies to which the unit was tuned since the last call.
     std::vector<std::string> tunings() {
         std::vector<std::string> all;
         for (const std::string& call : bench.takeCalls()) {
@@ -97,10 +97,10 @@ TEST_F(MemoryKeys, ComeBackFromAFrequencyTunedByHand) {
     press(7);
     EXPECT_EQ(bench.formB.OffMemory, 0);
     EXPECT_EQ(bench.formB.Label_RadioName.caption, "R 7      ");
-    // The next memory is stepped to, not the same one shown again.
+    // The next key steps to the next memory and does not just show this one again.
     bench.click(bench.formB.SSCommand1);
     EXPECT_EQ(bench.formB.MemoryNumber, 8);
-    // The next move of the bar is the user's again.
+    // The next move of the bar counts as the user's.
     bench.set(bench.formB.HScroll1, 101);
     EXPECT_EQ(bench.formB.OffMemory, 1);
 }

@@ -83,7 +83,7 @@ TEST_F(Phase, TrailIsDrawnEveryThirdBeatBeforeItShifts) {
     beat(10);
     beat(20);
     expectNeedle(bench.formB.Line1, 20);
-    expectNeedle(bench.formB.Line2, 45);  // as designed
+    expectNeedle(bench.formB.Line2, 45);  // its place in the layout
     beat(30);
     expectNeedle(bench.formB.Line1, 30);
     expectNeedle(bench.formB.Line2, 0);

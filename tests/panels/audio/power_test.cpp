@@ -73,7 +73,7 @@ TEST(PowerFigure, NeverGoesBelowZero) {
 class Power : public testing::Test {
  protected:
     void SetUp() override { bench.start(); }
-    /// Where the needle's tip stands, degrees right of vertical.
+    /// The needle's angle in degrees, from vertical to the right.
     double needle() {
         const auto& line = bench.formB.LinePo;
         EXPECT_EQ(line.x1, 1350);
@@ -198,7 +198,7 @@ TEST(PowerNeedle, KeepsItsTipInItsWellUpToAFigureOf100) {
         EXPECT_GT(x, 100) << figure;
         EXPECT_LT(x, well.width - 100) << figure;
         EXPECT_GT(y, 100) << figure;
-        // Enough of the needle is left to be seen.
+        // Enough of the needle is visible.
         EXPECT_LT(y, well.height - 40) << figure;
     }
 }

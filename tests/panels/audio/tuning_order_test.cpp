@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a tuning does behind the unit's own tuning, in its order.
+// What a tuning does after the call that tunes the unit, in its order.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

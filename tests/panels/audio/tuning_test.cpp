@@ -161,7 +161,8 @@ TEST_F(TuningByBar, DrawsANewTagFrom1To9999) {
 TEST_F(TuningByBar, FirstTuningMakesTheBarsWhole) {
     bool checked = false;
     bench.driver.duringNormal = [&] {
-        // The spectrum that runs at the start tunes before, where the bar came up.
+        // Skips the tunings before: that of the spectrum that runs at the start, at the bar's first
+        // position.
         if (bench.formB.PanelStarted == 1 || bench.formB.TunedFreq != 981) return;
         checked = true;
         EXPECT_TRUE(bench.forms.form3.loaded());

@@ -120,7 +120,7 @@ TEST(FirstSlowTick, ShowsTheAudioModeOfTheSettings) {
                            Case{" 1 ", "LRA", "LyRN"}, Case{"LR", "LRN", "LyRA"}}) {
         RackBench bench;
         bench.start();
-        // The start itself falls back to "0".
+        // Written after the start, which itself falls back to "0".
         bench.write("hm-16.dat", lines({"1", "0", "0", "1", "0", "0", at.line7, "0"}));
         bench.advance(100ms);
         EXPECT_EQ(bench.formB.Image2.picture, at.sum) << at.line7;

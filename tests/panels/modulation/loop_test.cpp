@@ -131,8 +131,8 @@ TEST(Loop, TheSlowTickEndsWithTheQualityPanelsLastFigures) {
     bench.driver.noteData = true;
     bench.takeCalls();
     bench.advance(100ms);
-    // Field, numbers and lamp, then the five figures of the quality panel; only the last of them
-    // asks for RDS.
+    // Readings for the field, the numbers and the lamp, then for the five figures of the quality
+    // panel; only the last one asks for RDS.
     EXPECT_THAT(bench.takeCalls(),
                 testing::ElementsAre("HM_Data", "HM_Data", "HM_Data", "HM_Data", "HM_Data",
                                      "HM_Data", "HM_Data", "HM_Data", "HM_DataRDS(0)"));
@@ -178,7 +178,7 @@ TEST(DemoLoop, RunsAtHalfRateAndFeedsItsPeakBack) {
     EXPECT_EQ(bench.state.ModBar, 53);
     EXPECT_TRUE(bench.desktop.randoms.empty());
 
-    // 120 ms skips; a slow tick at 100 ms draws once.
+    // The timer of 120 ms skips this tick; the slow one of 100 ms draws one number.
     bench.desktop.randoms = {0.7, 0.1, 0.2, 0.5, 0.4};
     bench.beat(2);
     EXPECT_EQ(bench.state.DemoPeak, 66);  // (30 + 53 + 50) / 2 = 66.5

@@ -13,7 +13,7 @@ using Draw = MultipathMeter::Draw;
 const display::Colour kGoodLit{0x37ff4b};
 const display::Colour kGoodDark{0x1b6013};
 
-/// Ten samples of one figure; the next call closes the window.
+/// Adds ten samples of one figure; the next call ends the window.
 void fill(MultipathMeter& meter, int figure, float field = 60) {
     for (int i = 0; i < 10; ++i) EXPECT_EQ(meter.take(figure, field), Draw::Nothing) << i;
 }
@@ -80,7 +80,7 @@ TEST(MultipathMeter, EachElementHasItsLimit) {
     EXPECT_TRUE(MultipathMeter::bad(28));
 }
 
-/// The rack tuned, its meter as after switching on.
+/// The tuned rack with the meter in its first state.
 class MultipathRow : public testing::Test {
  protected:
     void begin(float field, std::string correction = "0") {

@@ -20,7 +20,7 @@ class ResetKeys : public Quality {
         results[21] = distortion;
         bench.write("0981.dat", lines(results));
     }
-    /// Every floor set to something that no reset gives.
+    /// Sets every floor to a value that no reset sets.
     void setFloors() {
         bench.state.FloorNoiseL = bench.state.FloorNoiseR = "-11";
         bench.state.FloorSepL = bench.state.FloorSepR = "22";
@@ -62,7 +62,7 @@ TEST_F(ResetKeys, TheClearedValuesComeBackFromTheResultsFile) {
     EXPECT_EQ(bench.state.FloorThd, "27");
 }
 
-/// A tuning that ends the program at its first file leaves the fields as the key cleared them.
+/// The tuning ends the program at its first file, so the fields are as the key cleared them.
 TEST_F(ResetKeys, ClearTheirOwnFieldsBeforeTheTuning) {
     const std::pair<display::Picture*, std::vector<std::string>> keys[] = {
         {&bench.formC.Image_Reset1, {"xx", "xx", "22", "22", "33"}},
@@ -71,7 +71,7 @@ TEST_F(ResetKeys, ClearTheirOwnFieldsBeforeTheTuning) {
     for (const auto& [key, cleared] : keys) {
         RackBench torn;
         torn.start();
-        torn.remove("Hm-res.dat");  // the tuning ends at the file that it reads first
+        torn.remove("Hm-res.dat");  // the first file that the tuning reads
         torn.desktop.boxAnswers = {"ok"};
         torn.state.FloorNoiseL = torn.state.FloorNoiseR = "-11";
         torn.state.FloorSepL = torn.state.FloorSepR = "22";

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which line elements light, by their numbers: some places are numbered backwards.
+// Which line elements are lit, by their numbers: at some places they are numbered backwards.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -12,7 +12,7 @@ namespace {
 
 class Lines : public Quality {
  protected:
-    /// Draws a figure at a place and compares the colour of its seven lines, segments 0 to 6.
+    /// Draws every figure at a place and compares the colours of its seven lines, segments 0 to 6.
     void expectLines(const std::function<void(int, int)>& draw, int place,
                      const std::vector<int>& numbers, display::Colour lit) {
         const char* const known[] = {"1111101", "0001100", "1010111", "0011111", "0101110",

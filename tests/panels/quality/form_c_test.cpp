@@ -24,7 +24,7 @@ TEST_F(Quality, RefreshesTenTimesASecondWithFiveReadingsOfItsOwn) {
     bench.readings.noiseLeft = -52;
     bench.advance(std::chrono::milliseconds(100));
     EXPECT_EQ(noise(), "5261");
-    // The labels come last: the one that the error's digit borrows is written again.
+    // The labels are written last, so the digit of the error does not change this one.
     EXPECT_EQ(bench.formC.Label_19K_FrecError.caption, "-0.6");
 }
 
@@ -161,7 +161,7 @@ TEST_F(Quality, WhileArmedTheDigitsStandOnTheValuesOfTheMomentOfArming) {
     EXPECT_EQ(error19(), "+ 12");
     EXPECT_EQ(pilot(), " 95");
 
-    // The file is read at the moment of arming alone.
+    // The file is only read when the run is armed.
     bench.write("Hm-res.dat", lines({"1", "33.3", "44.4"}));
     bench.formC.Command4();
     bench.formC.Command6();

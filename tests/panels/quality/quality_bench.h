@@ -14,7 +14,7 @@ inline constexpr display::Colour kGreen{0x00ff00};
 inline constexpr display::Colour kRed{0x2317fd};
 inline constexpr display::Colour kUnlit{0x1d1c20};
 
-/// The rack after its start, with what the quality panel shows as text.
+/// The rack after its start, and what the quality panel shows as text.
 class Quality : public testing::Test {
  protected:
     Quality() {

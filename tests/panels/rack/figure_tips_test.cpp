@@ -49,7 +49,7 @@ TEST_F(FigureTips, EveryReadoutOfEveryWindowHasATipInBothLanguages) {
             const auto* label = dynamic_cast<const display::Label*>(control);
             const bool painted = label || dynamic_cast<const display::Panel*>(control);
             const bool measured = (label && label->readout) || (painted && control->reading);
-            // A sentence that a run leaves is no figure, nor is one of a folder's trouble.
+            // Two labels show sentences: why a run was refused, and a folder's trouble.
             if (!measured || control->name() == "Refused" || control->name() == "Trouble") continue;
             ++readouts;
             const bool inWell = control->container && *control->container.get()->tip.english != 0;

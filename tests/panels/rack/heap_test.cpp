@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A program of its own, since it counts every allocation: the ticks of the live panels take no
+// A program of its own, because it counts every allocation: the ticks of the live panels take no
 // memory from the heap.
 #include <gtest/gtest.h>
 

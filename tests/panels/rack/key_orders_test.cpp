@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Retunings in every order of keys while the timers run: what must hold after each of them.
+// Tunings in every order of keys while the timers run: what must hold after each of them.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -20,7 +20,7 @@ class KeyOrders : public testing::Test {
     static constexpr int kKeys = 10;
 
     void SetUp() override {
-        // Stations in the middle of the band: each key finds another place to tune to.
+        // Stations in the middle of the band, so that each key tunes to another place.
         bench.write("halden.dat",
                     memoryBlock({{1, "UNO", "981"}, {3, "TRES", "10255"}, {16, "FIN", "9355"}}));
         bench.start();
@@ -72,7 +72,8 @@ class KeyOrders : public testing::Test {
         bench.hand.click(keypad.SSCommand12);
     }
 
-    /// The key, then three heartbeats: the slow timers stand in the middle of their rounds.
+    /// Presses the key, then waits for three heartbeats: the slow timers are in the middle of their
+    /// intervals.
     void pressAndCheck(int key) {
         SCOPED_TRACE("key " + std::to_string(key));
         bench.driver.calls.clear();
@@ -92,7 +93,7 @@ class KeyOrders : public testing::Test {
                     audio.Timer2.enabled && audio.Timer3.enabled);
         EXPECT_TRUE(bench.form1.enabled && audio.enabled && bench.formC.enabled &&
                     bench.formD.enabled);
-        // The unit stands where the panel says, the panel where the bar says.
+        // Unit, panel and bar agree on the frequency.
         const std::string frequency = shortText(audio.TunedFreq).str();
         EXPECT_EQ(bench.state.CurrentFreq, frequency);
         EXPECT_EQ(audio.Label_FrecRadio.caption, mask("0.00", audio.TunedFreq / 10).view());
@@ -139,7 +140,7 @@ class KeyOrders : public testing::Test {
     int tunings = 0;
 };
 
-/// The orders that begin with one of the five kinds: memory, bar, keypad, reset, mode.
+/// All orders that begin with one of the five kinds: memory, bar, keypad, reset, mode.
 class AllKeyOrders : public KeyOrders, public testing::WithParamInterface<int> {};
 
 TEST_P(AllKeyOrders, OfTheFiveKindsOfTuningHold) {

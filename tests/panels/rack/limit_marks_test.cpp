@@ -21,7 +21,7 @@ struct LimitMarksTest : testing::Test {
         bench.readings.carrierDeviation = 0;
         bench.readings.field = 60;
     }
-    /// Readings that never stand still for longer than the door believes.
+    /// Passes time with readings that change often enough not to count as stale.
     void pass(std::chrono::milliseconds time) {
         for (std::chrono::milliseconds gone{0}; gone < time; gone += 500ms) {
             bench.readings.relativePower += 0.01f;
@@ -109,7 +109,7 @@ TEST_F(LimitMarksTest, AnotherStationBeginsWithoutMarks) {
     bench.readings.pilotLevel = 7;
     pass(7s);
     ASSERT_NE(said(bench.formC, "pilot_level"), "");
-    // The same station again keeps them.
+    // Tuning the same station again keeps them.
     bench.formB.cambfre();
     bench.advance(500ms);
     EXPECT_NE(said(bench.formC, "pilot_level"), "");
@@ -123,7 +123,7 @@ TEST_F(LimitMarksTest, ReadingsThatStandStillChangeNothing) {
     bench.readings.pilotLevel = 7;
     pass(7s);
     ASSERT_NE(said(bench.formC, "pilot_level"), "");
-    // The library says nothing new: what it last said is not known any more.
+    // The unit has no new readings: the figure is not known now, and the mark stays.
     bench.advance(20s);
     EXPECT_NE(said(bench.formC, "pilot_level"), "");
 }

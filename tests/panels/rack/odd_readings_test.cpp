@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Readings that are no readings, and results files that are torn: the rack shows what it last knew
-// and never a figure that is none.
+// Readings that are no numbers, and results files that are cut: the rack keeps showing what it last
+// knew, and never something that is no number.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -23,7 +23,7 @@ class OddReadings : public testing::Test {
         bench.readings.rdsError = 0.4f;
         bench.readings.rdsLevel = 4.2f;
         bench.start();
-        // All timers of the panels meet every 300 ms.
+        // All timers of the panels are due together every 300 ms.
         bench.advance(milliseconds(12000 + 30));
     }
     void expectNothingMoved(const std::map<std::string, std::string>& before, float said) {
@@ -96,11 +96,11 @@ TEST_F(OddReadings, LargestOnesThatPassDrawNothingThatIsNoFigure) {
 
 class TornResults : public OddReadings {
  protected:
-    /// The five floors behind tuning 92.5 MHz, and what the limited digits show a tick later.
+    /// The five floors after tuning 92.5 MHz, and what the limited digits show a tick later.
     std::string floorsOf(const std::string& file) {
         bench.write("0925.dat", file);
         bench.set(bench.formB.HScroll1, 50);
-        bench.formB.cambfre();  // the bar may stand there already
+        bench.formB.cambfre();  // needed if the bar is there already
         bench.advance(milliseconds(100));
         return bench.state.FloorNoiseL.str() + "|" + bench.state.FloorNoiseR.str() + "|" +
                bench.state.FloorSepL.str() + "|" + bench.state.FloorSepR.str() + "|" +
@@ -110,7 +110,7 @@ class TornResults : public OddReadings {
         return view.see("noise digits") + " " + view.see("separation digits") + " " +
                view.see("distortion digits");
     }
-    /// A file of that many lines, the five results among them.
+    /// A file of that many lines, five of them the results.
     static std::string cutBehind(int count, const std::string& end = "\r\n") {
         const char* const results[] = {"-55", "-56", "62.9", "63", "1.25"};
         std::string file;
@@ -156,7 +156,7 @@ TEST_F(TornResults, AreNotMeasuredWithoutTheFile) {
     EXPECT_EQ(digits(), "6061 4041 050");
 }
 
-/// What one text does in all five lines.
+/// One text in all five lines, and the result.
 TEST_F(TornResults, WithTextOrHugeNumbersCountAsTheNumberThatTheyBeginWith) {
     struct Case {
         std::string text;
@@ -184,7 +184,7 @@ TEST_F(TornResults, WithTextOrHugeNumbersCountAsTheNumberThatTheyBeginWith) {
         EXPECT_EQ(floorsOf(file), at.floors) << at.text;
         EXPECT_EQ(digits(), at.digits) << at.text;
     }
-    // A stored result beyond two figures: the tens place does not know it and stays.
+    // Results of more than two digits: the tens place cannot show them and stays.
     std::string file;
     for (int i = 1; i <= 24; ++i) file += huge + "\r\n";
     floorsOf(file);

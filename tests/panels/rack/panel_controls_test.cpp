@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The controls that the panels' logic drives, by their run-time names, and how they come up.
+// The controls that the panels' logic drives, by their run-time names, and their state after
+// loading.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -14,7 +15,7 @@ namespace {
 
 using display::Colour;
 
-/// Names of a kind of control on a form: a stem and numbers.
+/// Expects controls of a kind with numbered names on a form.
 template <class Kind>
 void expectNumbered(const display::Form& form, const std::string& stem, int first, int last) {
     for (int number = first; number <= last; ++number) {
@@ -187,8 +188,8 @@ TEST(PanelCaptions, OfTheAudioFollowTheLanguageOfTheSystem) {
     }
 }
 
-/// Every figure of the rack has a name for the screen reader in both languages, its own on its
-/// panel, and what it reads is what it shows.
+/// Every figure of the rack has an accessible name in both languages, unique on its panel, and its
+/// accessible value is what it shows.
 TEST(PanelReadings, HaveNamesInBothLanguages) {
     RackBench bench;
     bench.start();

@@ -24,7 +24,7 @@ std::string text(const display::Label& label) {
     return std::string(label.caption.get());
 }
 
-/// A place as it is drawn, "_" for a dark one.
+/// The digit at a place, "_" for a dark one.
 std::string place(SegmentDigit& digit, Colour lit, Colour dark) {
     const std::string figure = shownFigure(digit, lit, dark);
     return figure.empty() ? "_" : figure;
@@ -41,7 +41,7 @@ std::string rounded(double value) {
     return mask("0.00", value).str();
 }
 
-/// Degrees right of vertical of a needle of that length about its start.
+/// The angle of a needle of that length, in degrees from vertical to the right.
 std::string degrees(const Line& needle, double length) {
     const double x = needle.x2 - needle.x1;
     const double y = needle.y1 - needle.y2;
@@ -49,7 +49,7 @@ std::string degrees(const Line& needle, double length) {
     return rounded(std::atan2(x, y) * 180 / std::acos(-1.0));
 }
 
-/// "50 yellow 7 red, mark 58": a bar is lit from element 0 without a gap.
+/// "50 yellow 7 red, mark 58": a bar must be lit from element 0 without a gap.
 std::string barOf(display::Family<Line, 62>& elements) {
     int yellow = 0;
     int red = 0;
@@ -67,7 +67,7 @@ std::string barOf(display::Family<Line, 62>& elements) {
             return "?";
         }
     }
-    // At the top the mark stands on the red elements and is one of them.
+    // At the top the mark is one of the red elements.
     if (mark < 0) mark = --red + 51;
     return wholeText(yellow).str() + "+" + wholeText(red).str() + "^" + wholeText(mark).str();
 }
@@ -144,7 +144,7 @@ void RackView::addPhaseAndPower() {
     places_["phase"] = [&] { return text(panel.Label_PhaseVector); };
     places_["phase needle"] = [&] { return degrees(panel.Line1, 840); };
     places_["phase trail"] = [&] {
-        // One angle on a steady reading.
+        // Lines of the trail at the same angle are listed once.
         std::string trail;
         std::string last;
         for (const Line* line :

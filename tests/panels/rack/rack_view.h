@@ -10,14 +10,14 @@
 namespace hmonitor::test {
 
 /// What the user sees at each place of the rack that shows a reading, as short texts: a label's
-/// caption, a needle's degrees right of vertical, a bar's length, the digit of lit segments.
+/// caption, a needle's angle, a bar's length, the digit of lit segments.
 class RackView {
  public:
     explicit RackView(RackBench& bench);
 
-    /// "?" for a place with an invalid drawing.
+    /// "?" if the drawing at the place is invalid.
     std::string see(const std::string& place) const;
-    /// Every place with what it shows.
+    /// The texts of all places by name.
     std::map<std::string, std::string> all() const;
 
  private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the heads of the four panels say when the figures below are not measured now.
+// The signs in the heads of the four panels while the figures below are not being measured.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -12,7 +12,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// A rack on a station whose unit says the same again and again.
+/// A rack tuned to a station whose unit sends the same readings again and again.
 class Signs : public testing::TestWithParam<int> {
  protected:
     Signs() {
@@ -25,7 +25,7 @@ class Signs : public testing::TestWithParam<int> {
     std::string noData(int seconds) const {
         return (spanish() ? "SIN DATOS " : "NO DATA ") + std::to_string(seconds) + " s";
     }
-    /// The same in all four heads; "?" where they differ.
+    /// The text of the sign; "?" if the four heads differ.
     std::string sign() {
         const std::string text = told(bench.form1.sign);
         for (PanelSign* other : {&bench.formB.sign, &bench.formC.sign, &bench.formD.sign}) {
@@ -33,7 +33,7 @@ class Signs : public testing::TestWithParam<int> {
         }
         return text;
     }
-    /// True when every veil lies on its well, false when none does.
+    /// True if every veil covers its well, false if all are hidden.
     bool dimmed() {
         int veils = 0;
         int shown = 0;
@@ -105,7 +105,7 @@ TEST_P(Signs, StartAnewWithATuningAndStayAwayWhileTheUnitDoesSomethingElse) {
     bench.set(bench.formB.HScroll1, 50);
     bench.advance(1s);
     EXPECT_EQ(sign(), "");
-    // An analysis has the unit: what is shown stands, and says nothing of a fault.
+    // While an analysis has the unit, readings that stand still are no fault.
     bench.driver.frames = {};
     bench.click(bench.formD.Image2);
     bench.click(bench.forms.formBandSCanner.Command3D1);

@@ -7,22 +7,21 @@
 
 namespace hmonitor::test {
 
-/// What places show, by their names.
+/// What is shown, by the names of the places.
 using Sights = std::map<std::string, std::string>;
 
-/// One stop of the tour: an output of the unit has a value for 13 seconds.
+/// One stop of the tour: an output of the unit keeps a value for 13 seconds.
 struct Stop {
     float said;
     Sights sights;
 };
 
-/// The two outputs of the RDS call, after the sixteen.
+/// The two outputs of HM_DataRDS, counted after the sixteen of HM_Data.
 inline constexpr int kRdsError = 17;
 inline constexpr int kRdsLevel = 18;
 
-/// Visits the stops of one output, each on a rack of its own that has shown an ordinary station for
-/// a second: the places of the stop show what it says, and every other place still shows the
-/// ordinary station.
+/// Visits the stops of one output, each on a new rack that has shown an ordinary station for a
+/// second. The places that the stop lists show what it says, all others still the ordinary station.
 void visit(int output, std::initializer_list<Stop> stops);
 
 }  // namespace hmonitor::test

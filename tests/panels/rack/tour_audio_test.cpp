@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The outputs that the audio and stereo panel shows, at their limits and a step beyond.
+// The outputs that the audio and stereo panel shows, at their limits and one step beyond.
 #include <gtest/gtest.h>
 
 #include <map>
@@ -23,7 +23,7 @@ TEST(Tour, LeftLevel) {
               {-26, {{"left bar", "1+0^1"}, {"left figure", "-26"}}},
               {-63, {{"left bar", "1+0^1"}, {"left figure", "-63"}}},
               {-64, {{"left bar", "1+0^1"}, {"left figure", "-64"}}},
-              // A window begins at the scale's own nothing.
+              // A window maximum begins at the scale's lowest value.
               {-65, {{"left bar", "1+0^1"}, {"left figure", "-64"}}},
               {10000, {{"left bar", "51+10^61"}, {"left figure", "10000 red"}}},
               {-10000, {{"left bar", "1+0^1"}, {"left figure", "-64"}}},
@@ -44,8 +44,8 @@ TEST(Tour, RightLevel) {
               {10001, {}}});
 }
 
-/// The needle, and with it its trail, stands on -90 to 90 degrees whatever the unit says; label and
-/// digits show what it said.
+/// The needle and its trail stay within -90 to 90 degrees whatever the unit says; label and digits
+/// show the reading.
 TEST(Tour, StereoPhase) {
     const char* const right = "90.00";
     const char* const left = "-90.00";
@@ -70,7 +70,7 @@ TEST(Tour, StereoPhase) {
               {100, stop("100.00", left, "100")},
               {101, stop("101.00", left, "101")},
               {199, stop("199.00", left, "199")},
-              // The hundreds place knows only a 1.
+              // The hundreds place can only show a 1.
               {234, stop("234.00", left, "134")},
               {10000, stop("10000.00", left, "100")},
               {-10000, stop("-10000.00", right, "__0")},
@@ -86,7 +86,7 @@ TEST(Tour, RelativePower) {
     visit(5, {{5, stop("50", "25.00", "50")},
               {4.96f, stop("49.6", "24.00", "50")},
               {9.9f, stop("99", "74.00", "99")},
-              // A tens figure of 10 leaves the place as it was, here the 2 of the 25.
+              // A tens digit of 10 leaves the place as it was: the 2 of the 25.
               {10, stop("100", "75.00", "20")},
               {10.1f, stop("101", "76.00", "21")},
               {10001, {}},

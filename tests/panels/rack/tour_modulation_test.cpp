@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The outputs that the modulation panel shows, at their limits and a step beyond.
+// The outputs that the modulation panel shows, at their limits and one step beyond.
 #include <gtest/gtest.h>
 
 #include "tests/panels/rack/tour.h"
@@ -16,7 +16,7 @@ TEST(Tour, PeakModulation) {
               {161, {{"percent", "161.0"}, {"kHz", "120.8"}, {"bar", "160"}}},
               {1000, {{"percent", "1000.0"}, {"kHz", "750.0"}, {"bar", "160"}}},
               {1001, {}},
-              // The hold falls below nothing and comes back to it.
+              // The held peak falls below zero and comes back to it.
               {-1, {{"percent", "0.0"}, {"kHz", "-0.8"}, {"bar", "-1"}}},
               {-1001, {}}});
 }
@@ -39,7 +39,7 @@ TEST(Tour, CarrierDeviation) {
 TEST(Tour, FieldIntensity) {
     visit(14, {{60.04f, {{"field", "60.0"}, {"tenths", "600.4"}}},
                {45, {{"field", "45.0"}, {"tenths", "450"}}},
-               // The row was drawn before; it goes dark for a field too weak to judge.
+               // The row was lit before; it goes dark when the field is too weak to judge.
                {44.9f, {{"field", "44.9"}, {"tenths", "449"}, {"multipath", "..... BAD"}}},
                {0, {{"field", "0.0"}, {"tenths", "0"}, {"multipath", "..... BAD"}}},
                {-1, {{"field", "-1.0"}, {"tenths", "-10"}, {"multipath", "..... BAD"}}},

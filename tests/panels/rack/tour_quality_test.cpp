@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The outputs that the quality panel shows, at their limits and a step beyond.
+// The outputs that the quality panel shows, at their limits and one step beyond.
 #include <gtest/gtest.h>
 
 #include "tests/panels/rack/tour.h"
@@ -19,7 +19,7 @@ TEST(Tour, PilotError) {
               {99.9f, {{"19 kHz", "+99.9"}, {"19 kHz digits", "+999"}}},
               {100, {{"19 kHz", "+100.0"}, {"19 kHz digits", "+999"}}},
               {-99.9f, {{"19 kHz", "-99.9"}, {"19 kHz digits", "-999"}}},
-              // Beyond it the sign alone changes: the digits keep the ordinary station's.
+              // Beyond that only the sign changes: the digits keep the ordinary station's.
               {-100, {{"19 kHz", "-100.0"}, {"19 kHz digits", "-_15"}}},
               {11583, {{"19 kHz", "+11583.0"}, {"19 kHz digits", "+999"}}},
               {20000, {{"19 kHz", "+20000.0"}, {"19 kHz digits", "+999"}}},
@@ -39,7 +39,7 @@ TEST(Tour, PilotLevel) {
               {9.99f, {{"pilot", "10.0"}, {"pilot digits", "_99"}}},
               {10, {{"pilot", "10.0"}, {"pilot digits", "100"}}},
               {99.9f, {{"pilot", "99.9"}, {"pilot digits", "999"}}},
-              // Four figures: the first three are shown.
+              // Of four digits the first three are shown.
               {100, {{"pilot", "100.0"}, {"pilot digits", "100"}}},
               {123.4f, {{"pilot", "123.4"}, {"pilot digits", "123"}}},
               {10000, {{"pilot", "10000.0"}, {"pilot digits", "100"}}},
@@ -98,7 +98,7 @@ TEST(Tour, HarmonicDistortion) {
                {1, {{"distortion", "1.00"}, {"distortion digits", "100"}}},
                {9.99f, {{"distortion", "9.99"}, {"distortion digits", "999"}}},
                {9.999f, {{"distortion", "10.00"}, {"distortion digits", "999"}}},
-               // Four figures: the first three are shown.
+               // Of four digits the first three are shown.
                {10, {{"distortion", "10.00"}, {"distortion digits", "100"}}},
                {12.34f, {{"distortion", "12.34"}, {"distortion digits", "123"}}},
                {10000, {{"distortion", "10000.00"}, {"distortion digits", "100"}}},

@@ -12,7 +12,7 @@ namespace {
 
 using namespace hmonitor;
 
-/// Counts what is drawn and looks at every coordinate.
+/// Counts the marks and checks every coordinate.
 class CheckedCanvas final : public display::Canvas {
  public:
     float outerWidth() const override { return 9600; }

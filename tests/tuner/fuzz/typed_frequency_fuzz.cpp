@@ -27,15 +27,15 @@ void checkEditor(const std::string& typed) {
     for (const char character : text->view()) {
         FUZZ_CHECK((character >= '0' && character <= '9') || character == '.');
     }
-    // Whatever is kept fits a record, reads back and tunes inside the band; the lower edge is
-    // what 874.01 gives.
+    // Whatever is accepted fits a record, reads back, and tunes inside the band; 874.01 becomes the
+    // lower edge.
     MemoryBlock block(std::string(MemoryBlock::kSize, ' '));
     block.store(5, "", *text);
     FUZZ_CHECK(!block.isEmpty(5));
     const StoredFrequency stored = block.frequency(5);
     FUZZ_CHECK(stored.frequency >= 874 && stored.frequency <= 1080);
     FUZZ_CHECK(megahertzText(stored).view().find('.') != std::string_view::npos);
-    // What the editor shows of it is taken again.
+    // What the editor shows of it is accepted again.
     FUZZ_CHECK(stored.frequency < 875 || recordFrequency(megahertzText(stored)).has_value());
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Any bits as those of RDS: the first byte says how strong they are, in turn.
+// Any bits as those of RDS; the bits of the first byte give their strengths, in turn.
 #include <cstdint>
 
 #include "drivers/receiver/rds/rds_decoder.h"
@@ -40,7 +40,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         }
     }
     const std::uint64_t usable = decoder.goodBlocks() + decoder.correctedBlocks();
-    // A slip may let two blocks share some bits, and no two of them more than that.
+    // After a slip two blocks may share some bits, but never more than that.
     FUZZ_CHECK(usable <= bits);
     FUZZ_CHECK(groups <= usable + decoder.badBlocks());
     FUZZ_CHECK(!decoder.programme() || decoder.goodBlocks() >= 2);
