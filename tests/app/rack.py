@@ -133,7 +133,11 @@ class Rack:
         return wait_for(lambda: self.opened(form), f"the window of {form}")
 
     def wait_closed(self, form):
+        """Until it is gone and the program has done what follows: in the moment of its going the
+        windows below take no key yet."""
         wait_for(lambda: not self.opened(form), f"the end of the window of {form}")
+        if self.window and self.program.poll() is None:
+            self.screen.x.has_come_round(self.window, 2)
 
     # Controls.
 
@@ -158,14 +162,15 @@ class Rack:
         self.screen.click(*self.point(form, control, across, down))
 
     def open_list(self, form, control):
-        """Opens a list by a click and waits until it has the keyboard: it is a window of its own."""
+        """Opens a list by a click and waits until it has the keyboard: it is a window of its own.
+        A key's tip can go at the same time, so that windows are not just counted."""
 
         def windows():
-            return len(self.screen.x.of_process(self.program.pid))
+            return set(self.screen.x.of_process(self.program.pid))
 
         closed = windows()
         self.click(form, control)
-        wait_for(lambda: windows() > closed, f"the list of {form}.{control}")
+        wait_for(lambda: windows() - closed, f"the list of {form}.{control}")
         wait_for(self.screen.x.keyboard_is_held, f"the keyboard of the list of {form}.{control}")
 
     def look(self, form, control):

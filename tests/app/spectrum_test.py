@@ -45,6 +45,7 @@ def ask_for(rack, row):
         # A click opens the list, Enter closes it: then it has the keyboard.
         rack.open_list(ASK, "Combo1")
         rack.screen.type(*["Down"] * row, "Return")
+        wait_for(lambda: not rack.screen.x.keyboard_is_held(), "the end of the list")
 
 
 @case(units=(SWEEPING, POINTS))

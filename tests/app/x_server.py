@@ -3,6 +3,8 @@
 each would cost more than the program that is tested. A window is its number as text; one that has
 gone meanwhile has no box, no name and is not visible."""
 
+import time
+
 from Xlib import X, display, error
 from Xlib.ext import xtest
 from Xlib.protocol import event
@@ -124,6 +126,30 @@ class XServer:
     def close_window(self, number):
         """Closes a window as the window manager's own key does."""
         self.tell_manager(self.window(number), "_NET_CLOSE_WINDOW", X.CurrentTime, FROM_A_PAGER)
+
+    def has_come_round(self, number, patience):
+        """Whether the program answers at its window within so many seconds (EWMH _NET_WM_PING): it
+        has then done what it was asked before."""
+        window, protocols, ping = self.window(number), self.atom("WM_PROTOCOLS"), \
+            self.atom("_NET_WM_PING")
+        self.root.change_attributes(event_mask=X.StructureNotifyMask)
+        window.send_event(event.ClientMessage(window=window, client_type=protocols,
+                                              data=(32, [ping, X.CurrentTime, window.id, 0, 0])))
+        self.display.flush()
+        end = time.monotonic() + patience
+        answered = False
+        while not answered and time.monotonic() < end:
+            if not self.display.pending_events():
+                time.sleep(0.01)
+                continue
+            heard = self.display.next_event()
+            answered = (heard.type & 0x7f) == X.ClientMessage and heard.client_type == protocols \
+                and list(heard.data[1])[0] == ping and list(heard.data[1])[2] == window.id
+        self.root.change_attributes(event_mask=X.NoEventMask)
+        self.display.sync()
+        while self.display.pending_events():
+            self.display.next_event()
+        return answered
 
     def set_one_desktop(self):
         self.tell_manager(self.root, "_NET_NUMBER_OF_DESKTOPS", 1)
