@@ -12,7 +12,7 @@ picture_packages=(xvfb xauth imagemagick x11-utils)
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev libsm-dev openbox xdotool dbus-x11 at-spi2-core
   gir1.2-atspi-2.0 python3-gi
   soapysdr-module-remote soapyremote-server cups-daemon poppler-utils locales
-  python3 python3-xlib git desktop-file-utils appstream groff-base clang libclang-rt-dev clang-format clang-tidy)
+  python3 python3-xlib git desktop-file-utils appstream groff-base clang libclang-rt-dev lld clang-format clang-tidy)
 
 say() { printf '%s\n' "$*" >&2; }
 
