@@ -121,9 +121,12 @@ std::filesystem::path QtDesktop::folder() const {
 
 std::string QtDesktop::writeFile(std::string_view path, std::string_view bytes) {
     // Written to a temporary file, which replaces the old one when all of it has reached the disk.
+    // Not through a buffer: what does not fit when that is emptied at the end, commit() does not
+    // notice.
     QSaveFile file(qText(path));
     const auto size = static_cast<qint64>(bytes.size());
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes.data(), size) == size && file.commit())
+    if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
+        file.write(bytes.data(), size) == size && file.commit())
         return {};
     const std::string name = utf8(QFileInfo(qText(path)).fileName());
     return name + (spanish() ? " no se puede escribir: " : " cannot be written: ") +

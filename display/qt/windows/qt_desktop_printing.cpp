@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QTemporaryFile>
 
 #include "display/qt/painting/page_painter.h"
 
@@ -13,9 +14,24 @@
 #include "display/qt/painting/page_writer.h"
 #include "display/qt/painting/print_paper.h"
 #include "display/qt/painting/print_queue.h"
+#include "display/qt/widgets/control_widget.h"
 #include "display/qt/windows/qt_desktop.h"
 
 namespace display::qt {
+
+namespace {
+
+/// Why a page has no room on its way to the printer, empty where it has. The print system's library
+/// takes it from a temporary file, and nobody says that this was cut short: half a page is printed.
+QString noRoomForAPage() {
+    constexpr qsizetype kLargePage = 4 << 20;
+    QTemporaryFile file;
+    const QByteArray page(kLargePage, ' ');
+    if (file.open() && file.write(page) == page.size() && file.flush()) return {};
+    return file.errorString();
+}
+
+}  // namespace
 
 std::unique_ptr<QPrinter> QtDesktop::readyPrinter(std::string& wrong) const {
     // Before Qt is asked for a printer: it would wait for a server that does not answer.
@@ -28,6 +44,12 @@ std::unique_ptr<QPrinter> QtDesktop::readyPrinter(std::string& wrong) const {
     if (chosen.isNull()) {
         wrong = spanish() ? "No hay ninguna impresora configurada en este equipo."
                           : "No printer is set up on this computer.";
+        return nullptr;
+    }
+    if (const QString reason = noRoomForAPage(); !reason.isEmpty()) {
+        wrong = (spanish() ? "No hay lugar en el disco para la página: "
+                           : "There is no room on the disk for the page: ") +
+                utf8(reason);
         return nullptr;
     }
     auto printer = std::make_unique<QPrinter>(chosen, QPrinter::HighResolution);

@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Saving and opening by the file dialog, and what is left of a file that cannot be written.
-#include <sys/resource.h>
-
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QTemporaryDir>
-#include <csignal>
+#include <algorithm>
+#include <map>
+#include <set>
 
+#include "display/number_table.h"
 #include "display/page.h"
 #include "display/save_question.h"
+#include "tests/display/qt/full_disk.h"
 #include "tests/display/qt/qt_bench.h"
 
 namespace display::qt {
@@ -49,27 +51,6 @@ TEST_F(WrittenFile, InAFolderThatTakesNoneSaysSoInOneSentence) {
     EXPECT_EQ(read("file"), "no folder");
 }
 
-/// While it exists, no file of this process grows beyond so many bytes, as on a full disk.
-class FullDisk {
- public:
-    explicit FullDisk(rlim_t bytes) {
-        ::getrlimit(RLIMIT_FSIZE, &before_);
-        signal_ = std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit full{bytes, before_.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &full);
-    }
-    ~FullDisk() {
-        ::setrlimit(RLIMIT_FSIZE, &before_);
-        std::signal(SIGXFSZ, signal_);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
- private:
-    rlimit before_{};
-    void (*signal_)(int) = nullptr;
-};
-
 TEST_F(WrittenFile, OnAFullDiskLeavesTheOldOneAndNothingBeside) {
     ASSERT_EQ(write("old.png", "the old one"), "");
     const std::string large(100000, 'x');
@@ -82,6 +63,63 @@ TEST_F(WrittenFile, OnAFullDiskLeavesTheOldOneAndNothingBeside) {
     EXPECT_EQ(read("old.png"), "the old one");
     EXPECT_EQ(write("new.png", large), "") << "there is room again";
 }
+
+/// Everything that leaves a window as a file.
+class Export : public WrittenFile, public testing::WithParamInterface<const char*> {
+ protected:
+    Export() {
+        sample->PictureBox1.numbers = [] {
+            NumberTable table{"Spectrum", "UNO 98.1 MHz", {{"Level", "dB"}}, {}};
+            for (int row = 0; row < 2000; ++row) table.rows.push_back({"-3.5"});
+            return table;
+        };
+        showSample();
+        for (const auto [format, name] : {std::pair{PictureFormat::Png, "drawing.png"},
+                                          std::pair{PictureFormat::Svg, "drawing.svg"},
+                                          std::pair{PictureFormat::Pdf, "drawing.pdf"}})
+            files[name] = desktop->pictureOf(sample->PictureBox1, format);
+        files["numbers.csv"] = csvText(sample->PictureBox1.numbers());
+        PageDocument document;
+        for (int i = 0; i < 20; ++i) {
+            document.newPage();
+            document.text({720, 720}, "a page");
+        }
+        files["pages.pdf"] = desktop->pdfOfPages(document, 1, 20);
+        files["window.pdf"] = desktop->pdfOfImage({sample.get()});
+    }
+    std::map<std::string, std::string> files;
+};
+
+TEST_P(Export, OnADiskThatIsFullAtAnyByteSaysSoAndLeavesTheOldFile) {
+    const std::string bytes = files[GetParam()];
+    ASSERT_GT(bytes.size(), 500u);
+    const QString name = QString::fromLatin1(GetParam());
+    std::set<std::size_t> limits{0, 1, bytes.size() / 2, bytes.size() - 1};
+    constexpr std::size_t kBlock = 4096;
+    for (std::size_t limit = kBlock; limit < bytes.size(); limit += kBlock) limits.insert(limit);
+    ASSERT_EQ(write(name, "the old one"), "");
+    for (const std::size_t limit : limits) {
+        SCOPED_TRACE(limit);
+        const FullDisk full(limit);
+        const std::string fault = write(name, bytes);
+        EXPECT_TRUE(fault.starts_with(GetParam() + std::string(" cannot be written: ")) ||
+                    fault.starts_with(GetParam() + std::string(" no se puede escribir: ")))
+            << fault;
+        EXPECT_EQ(read(name), "the old one");
+        EXPECT_EQ(names(), QStringList{name});
+    }
+    EXPECT_EQ(write(name, bytes), "") << "there is room again";
+    EXPECT_EQ(read(name).toStdString(), bytes);
+}
+
+INSTANTIATE_TEST_SUITE_P(EachKind, Export,
+                         testing::Values("drawing.png", "drawing.svg", "drawing.pdf", "numbers.csv",
+                                         "pages.pdf", "window.pdf"),
+                         [](const auto& kind) {
+                             std::string name = kind.param;
+                             std::ranges::replace(name, '.', '_');
+                             return name;
+                         });
 
 class SaveDialog : public WrittenFile {
  protected:

@@ -14,6 +14,7 @@
 #include "display/page.h"
 #include "display/qt/windows/qt_desktop.h"
 #include "tests/display/qt/cups_server.h"
+#include "tests/display/qt/full_disk.h"
 #include "tests/display/qt/live_rack.h"
 
 namespace hmonitor::test {
@@ -108,6 +109,19 @@ TEST_F(PrintQueue, AQueueThatRefusesIsToldInItsWords) {
     EXPECT_THAT(fault, AnyOf(StartsWith("The printer does not take the print job: "),
                              StartsWith("La impresora no acepta el trabajo de impresión: ")));
     EXPECT_THAT(fault, HasSubstr("not accepting jobs"));
+    EXPECT_TRUE(server.jobs().isEmpty());
+}
+
+TEST_F(PrintQueue, ADiskThatHasNoRoomForThePageIsToldAndNothingIsPrinted) {
+    const CupsServer server(CupsServer::Queue::Prints);
+    ASSERT_TRUE(server.answers()) << server.log().toStdString();
+    std::string fault;
+    {
+        const display::qt::FullDisk full(2000);
+        fault = desktop().printPages(onePage("never"), 1, 1);
+    }
+    EXPECT_THAT(fault, AnyOf(StartsWith("There is no room on the disk for the page: "),
+                             StartsWith("No hay lugar en el disco para la página: ")));
     EXPECT_TRUE(server.jobs().isEmpty());
 }
 
