@@ -107,6 +107,11 @@ int survey(const Options& asked) {
     auto source = openSource(options);
     if (asked.checkOnly) return 0;
     if (source->domain() == Domain::Composite) return 0;
+    // Before the band is gone over, which may take minutes. What cannot be read may hold stations
+    // that the user gave names to.
+    const auto block = base::readFile(asked.presets);
+    if (!asked.presets.empty() && !block && block.reason != ENOENT)
+        return fail(base::notRead(asked.presets.string(), block.reason) + ".");
     const std::string where = coverage(*source);
     const std::string name = nameOf(options);
     const ScratchFolder files;
@@ -123,10 +128,6 @@ int survey(const Options& asked) {
         std::cout << base::decimalText(station.mhz, 2) << ','
                   << base::decimalText(station.levelDbuv, 1) << ',' << station.name << '\n';
     if (asked.presets.empty()) return 0;
-    const auto block = base::readFile(asked.presets);
-    // What cannot be read may hold stations that the user gave names to.
-    if (!block && block.reason != ENOENT)
-        return fail(base::notRead(asked.presets.string(), block.reason) + ".");
     if (const auto fault = hm16::replaceFile(asked.presets, withPresets(block.bytes, stations)))
         return fail(*fault);
     return 0;

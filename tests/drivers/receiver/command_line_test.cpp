@@ -92,6 +92,50 @@ TEST(SurveyCommandLine, OpensAReceiverAndNoMoreWhenItIsAskedToCheck) {
     EXPECT_EQ(said.text, "");
 }
 
+// What a survey of a made-up station leaves of the memories' file, and what it says.
+class SurveyPresets : public testing::Test {
+ protected:
+    SurveyPresets() { folder.write("hm-16.ini", "source = synthetic\nscene = station\n"); }
+    Said survey(const std::filesystem::path& presets) const {
+        return shell(kSurvey + (folder.path() / "hm-16.ini").string() + " --presets " +
+                     presets.string());
+    }
+    TempFolder folder;
+};
+
+TEST_F(SurveyPresets, ThatCannotBeReadAreToldBeforeTheBandIsGoneOverAndStay) {
+    // A folder, and a file in the place of a folder, are no files for an administrator either.
+    std::filesystem::create_directory(folder.path() / "halden.dat");
+    const Said one = survey(folder.path() / "halden.dat");
+    EXPECT_EQ(one.code, 1);
+    EXPECT_EQ(one.text,
+              (folder.path() / "halden.dat").string() + " cannot be read: Is a directory.\n");
+    folder.write("file", "names of stations");
+    const Said other = survey(folder.path() / "file/halden.dat");
+    EXPECT_EQ(other.code, 1);
+    EXPECT_THAT(other.text, HasSubstr("file/halden.dat cannot be read: Not a directory.\n"));
+    EXPECT_EQ(folder.read("file"), "names of stations");
+}
+
+TEST_F(SurveyPresets, ThatCannotBeWrittenAreTold) {
+    const Said said = survey(folder.path() / "nowhere/halden.dat");
+    EXPECT_EQ(said.code, 1);
+    EXPECT_THAT(said.text, HasSubstr("mhz,level_dbuv,name\n"));
+    EXPECT_THAT(said.text,
+                HasSubstr("nowhere/halden.dat cannot be written: No such file or directory.\n"));
+    EXPECT_EQ(folder.names(), std::set<std::string>{"hm-16.ini"});
+}
+
+TEST_F(SurveyPresets, TakeTheStationAndEmptyTheRest) {
+    folder.write("halden.dat", std::string(320, 'x'));
+    EXPECT_EQ(survey(folder.path() / "halden.dat").code, 0);
+    const std::string block = folder.read("halden.dat");
+    EXPECT_EQ(block.size(), 320u);
+    EXPECT_EQ(block[16], '-');
+    EXPECT_EQ(block.substr(27, 5), "985  ");
+    EXPECT_EQ(block.substr(43, 5), "     ");
+}
+
 TEST(CommandLines, HelpNamesEveryOptionAndEndsWithNought) {
     const Said synth = shell(kSynth + "--help");
     EXPECT_EQ(synth.code, 0);
