@@ -14,8 +14,16 @@ namespace hmonitor {
 
 namespace {
 
-using base::inQuotes;
 using base::trimmed;
+
+/// What somebody wrote, without control characters: the sentence is shown.
+std::string inQuotes(std::string_view text) {
+    std::string shown(text);
+    std::ranges::replace_if(
+        shown, [](char byte) { return static_cast<unsigned char>(byte) < 0x20 || byte == 0x7f; },
+        '?');
+    return base::inQuotes(shown);
+}
 
 bool isComment(std::string_view line) {
     return line.empty() || line.front() == ';' || line.front() == '#';

@@ -199,5 +199,12 @@ TEST(LimitsFileTest, TheExampleOfThePageReadsAsItSays) {
     EXPECT_GE(faults, 4);
 }
 
+TEST(LimitsFile, AFaultNamesWhatStandsThereWithoutControlCharacters) {
+    const auto parsed = LimitsFile::parse("[a]\r\nfigure = \x1b[2Jpilot\x7f\r\n");
+    const auto* fault = std::get_if<LimitsFault>(&parsed);
+    ASSERT_NE(fault, nullptr);
+    EXPECT_EQ(fault->english, "limits.ini, line 2: \"?[2Jpilot?\" is no figure");
+}
+
 }  // namespace
 }  // namespace hmonitor
