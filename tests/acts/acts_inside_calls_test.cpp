@@ -1,18 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A table of all that can be done inside each single driver call: kind of unit by kind of run by
-// call by act. However it goes, the rack measures afterwards and every key of it answers, or the
-// program has ended in good order.
+// A table of all that can be done inside a driver call: kind of unit by kind of run by kind of call
+// by act. Two calls are of one kind that find the same windows, controls, timers and run; of each
+// kind the first two and the last are taken. However it goes, the rack measures afterwards and
+// every key of it answers, or the program has ended in good order.
 //
 // Here a part of the table is walked, drawn by a seed; scripts/acts_inside_calls walks all of it.
-// HMONITOR_ACTS_SHARE=1 takes every act, 25 one in 25, none given one in 2000; HMONITOR_ACTS_SEED
+// HMONITOR_ACTS_SHARE=1 takes every act, 25 one in 25, none given one in 300; HMONITOR_ACTS_SEED
 // draws another part.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <random>
+#include <set>
 
 #include "tests/acts/acts.h"
+#include "tests/acts/kinds_of_calls.h"
 #include "tests/acts/rack_in_order.h"
 
 namespace hmonitor::test {
@@ -54,19 +57,8 @@ std::vector<Act> actsInReach(RunBench& bench, const RunKind& run) {
     return acts;
 }
 
-/// The numbers of the calls to try. Of a long series only the first two and the last two: functions
-/// that deliver no events are called hundreds of times.
-std::vector<int> notableCalls(const std::vector<std::string>& calls) {
-    std::vector<int> notable;
-    for (std::size_t i = 0; i < calls.size(); ++i) {
-        const auto same = [&](std::size_t other) {
-            return other < calls.size() && calls[other] == calls[i];
-        };
-        const bool inside = i >= 2 && same(i - 1) && same(i - 2) && same(i + 1) && same(i + 2);
-        if (!inside) notable.push_back(static_cast<int>(i));
-    }
-    return notable;
-}
+/// Who walks so much of the table is told how far it is.
+constexpr unsigned kToldShare = 20;
 
 class ActsInsideCalls : public testing::TestWithParam<std::tuple<std::size_t, std::size_t>> {
  protected:
@@ -75,10 +67,10 @@ class ActsInsideCalls : public testing::TestWithParam<std::tuple<std::size_t, st
 
     /// Does the whole run, and calls `inside` within its call of that number.
     void goThrough(RunBench& bench, int at, const std::function<void()>& inside,
-                   std::vector<std::string>* told = nullptr) {
+                   const std::function<void(const char*)>& told = {}) {
         int number = 0;
         bench.called.inCall = [&, at](const char* call) {
-            if (told) told->push_back(call);
+            if (told) told(call);
             if (number++ == at) inside();
             // A slow unit: timers come due during the call.
             if (std::string_view(call) == "HM_Super")
@@ -100,11 +92,18 @@ class ActsInsideCalls : public testing::TestWithParam<std::tuple<std::size_t, st
         return faultOf(bench);
     }
 
-    std::vector<std::string> callsOfRun() {
+    struct Calls {
+        std::vector<std::string> functions, kinds;
+    };
+    Calls callsOfRun() {
         RunBench bench(unit);
-        std::vector<std::string> calls;
+        Calls calls;
         goThrough(
-            bench, -1, [] {}, &calls);
+            bench, -1, [] {},
+            [&](const char* function) {
+                calls.functions.emplace_back(function);
+                calls.kinds.push_back(kindOfCall(bench, function));
+            });
         EXPECT_EQ(closeAll(bench), "");
         EXPECT_EQ(faultOf(bench), "");
         return calls;
@@ -121,11 +120,12 @@ class ActsInsideCalls : public testing::TestWithParam<std::tuple<std::size_t, st
 };
 
 TEST_P(ActsInsideCalls, LeaveARackThatMeasuresAndAnswers) {
-    const unsigned share = fromEnvironment("HMONITOR_ACTS_SHARE", 2000);
+    const unsigned share = fromEnvironment("HMONITOR_ACTS_SHARE", 300);
     std::mt19937 draw(fromEnvironment("HMONITOR_ACTS_SEED", 18));
-    const auto calls = callsOfRun();
+    const Calls calls = callsOfRun();
+    const auto taken = callsOfEachKind(calls.kinds);
     int done = 0, faults = 0;
-    for (const int at : notableCalls(calls)) {
+    for (const int at : taken) {
         const auto names = actNames(at);
         ASSERT_FALSE(names.empty());
         for (std::size_t act = 0; act < names.size(); ++act) {
@@ -134,14 +134,19 @@ TEST_P(ActsInsideCalls, LeaveARackThatMeasuresAndAnswers) {
             const std::string fault = faultAfter(at, act);
             if (fault.empty()) continue;
             ADD_FAILURE() << run.name << ", " << unit.name << " unit, call " << at << " ("
-                          << calls[static_cast<std::size_t>(at)] << "), " << names[act] << ": "
-                          << fault;
+                          << calls.functions[static_cast<std::size_t>(at)] << "), " << names[act]
+                          << ": " << fault;
             constexpr int kTold = 12;
             if (++faults >= kTold) return;
         }
     }
     RecordProperty("acts", done);
-    if (share == 1) std::printf("%s, %s unit: %d acts\n", run.name, unit.name, done);
+    if (share <= kToldShare) {
+        const std::set<std::string> kinds(calls.kinds.begin(), calls.kinds.end());
+        std::printf("%s, %s unit: %zu calls of %zu kinds, %zu taken: %d acts\n", run.name,
+                    unit.name, calls.kinds.size(), kinds.size(), taken.size(), done);
+        std::fflush(stdout);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(EachRunOnEachUnit, ActsInsideCalls,
