@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Preloaded before the C library: kills the process at its n-th call that changes a file of a
 // folder, before or after the call. KILLED_FOLDER names the folder, KILLED_AT the call, from 1; 0
-// kills nothing. KILLED_CALLS names a file that gets a line for each such call.
+// kills nothing. KILLED_CALLS names a file that gets a line for each such call. Only calls of the
+// program KILLED_PROGRAM count, not those of the programs that it starts. The history is left out:
+// it is written at any time, so that the calls would have other numbers in each run.
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <signal.h>
@@ -25,9 +27,19 @@ const char* setting(const char* name) {
     return text ? text : "";
 }
 
+bool counts() {
+    static const bool its = [] {
+        char program[4096];
+        const ssize_t size = ::readlink("/proc/self/exe", program, sizeof program - 1);
+        program[size < 0 ? 0 : size] = 0;
+        return ::strcmp(program, setting("KILLED_PROGRAM")) == 0;
+    }();
+    return its;
+}
+
 bool inFolder(const char* path) {
     const char* folder = setting("KILLED_FOLDER");
-    if (!path || !*folder) return false;
+    if (!path || !*folder || !counts() || ::strstr(path, "/history")) return false;
     if (path[0] == '/') return ::strncmp(path, folder, ::strlen(folder)) == 0;
     char here[4096];
     return ::getcwd(here, sizeof here) && ::strncmp(here, folder, ::strlen(folder)) == 0;
