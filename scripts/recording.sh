@@ -121,6 +121,8 @@ lay_receiver() {
   set_key "$new/hm-16.ini" source "$source"
   set_key "$new/hm-16.ini" "$key" "$value"
   set_named "$new/hm-16.ini"
+  [ "$source" = recording ] ||
+    say "The band is gone over once, for stations to fill the memories with; a radio takes a while."
   survey "$build" "$new/hm-16.ini" --presets "$new/halden.dat" || { rm -rf "$new"; return 1; }
   mv "$new" "$folder"
 }

@@ -110,6 +110,16 @@ TEST_F(RackScript, ANewOneHasTheRecordingAndItsStations) {
     EXPECT_FALSE(is("racks/band.new"));
 }
 
+TEST_F(RackScript, ARadioIsSaidToTakeAWhile) {
+    EXPECT_EQ(tryTo("read_words; lay_receiver " HMONITOR_SOURCE_DIR
+                    " build racks/radio soapy_device driver=rtlsdr"),
+              0)
+        << said();
+    EXPECT_THAT(said(), HasSubstr("The band is gone over once, for stations"));
+    EXPECT_EQ(lay(), 0);
+    EXPECT_EQ(said(), "") << "a recording is gone over at once";
+}
+
 TEST_F(RackScript, WhatCannotBePlayedLeavesNothingBehind) {
     surveyIs("echo 'It is empty.' >&2; exit 1");
     EXPECT_NE(lay("cu8"), 0);
