@@ -11,6 +11,19 @@ bool sameBounds(const figures::Bounds& one, const figures::Bounds& other) {
     return one.lowest == other.lowest && one.highest == other.highest;
 }
 
+/// Whether the figure is of a subcarrier, pilot or RDS, that the station does not send. Its level
+/// is known then and says nothing about how well it is set.
+bool ofMissingSubcarrier(const figures::Figure& figure, const figures::Readings& readings) {
+    using figures::Readings;
+    const auto is = [&figure](const char* error, figures::Output level) {
+        const figures::Figure& its = *figures::find(error);
+        return figure.source.output == level || &figure == &its ? &its : nullptr;
+    };
+    const figures::Figure* error = is("pilot_error", &Readings::pilotLevel);
+    if (!error) error = is("rds_error", &Readings::rdsLevel);
+    return error && figures::knownWhen(*error, readings) != figures::State::Known;
+}
+
 LimitWatch::Time timeOf(double seconds) {
     return std::chrono::duration_cast<LimitWatch::Time>(std::chrono::duration<double>(seconds));
 }
@@ -47,7 +60,10 @@ void LimitWatch::take(const figures::Readings& readings,
     last_ = now;
     for (std::size_t i = 0; i < rules_.size(); ++i) {
         const figures::Figure& figure = *rules_[i].figure;
-        if (states[indexOf(figure)] != figures::State::Known) {
+        // A mono station has a pilot of 0 percent, which breaks no rule of how a pilot is to be
+        // set.
+        if (states[indexOf(figure)] != figures::State::Known ||
+            ofMissingSubcarrier(figure, readings)) {
             progress_[i].since.reset();
             continue;
         }

@@ -20,8 +20,8 @@ struct LimitAlarm {
 
 /// Watches the figures by rules. A rule is on once its figure has been beyond its bounds for the
 /// rule's time, without a break, and off again once it has been within them for the rule's release.
-/// While a figure is not known, and where readings stay away, nothing goes on or off, and times
-/// begin anew.
+/// While a figure is not known, while a station sends no pilot (for figures of the pilot) or no RDS
+/// (for those of RDS), and where readings stay away, nothing goes on or off, and times begin anew.
 class LimitWatch {
  public:
     using Time = std::chrono::milliseconds;

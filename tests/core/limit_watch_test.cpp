@@ -106,6 +106,33 @@ TEST_F(LimitTicks, AnUnknownFigureNeverReleases) {
     EXPECT_FALSE(on());
 }
 
+TEST_F(LimitTicks, AStationWithoutAPilotBreaksNoRuleOfThePilot) {
+    stand(0, seconds(10));
+    EXPECT_FALSE(on());
+    stand(0.3f, seconds(10));
+    EXPECT_FALSE(on());
+    stand(0.31f, seconds(3));
+    EXPECT_FALSE(on()) << "the time begins with the pilot";
+    stand(0.31f, kTick);
+    EXPECT_TRUE(on());
+    stand(0, seconds(10));
+    EXPECT_TRUE(on()) << "and nothing is over because it goes away";
+}
+
+TEST_F(LimitTicks, AStationWithoutRdsBreaksNoRuleOfRds) {
+    LimitRule rule;
+    rule.figure = &figureOf("rds_level");
+    rule.good.lowest = 1.3f;
+    rule.holdsFor = 0;
+    watch.watch({rule});
+    readings.rdsLevel = 0.3f;
+    watch.take(readings, states, now);
+    EXPECT_FALSE(watch.of(*rule.figure));
+    readings.rdsLevel = 0.4f;
+    watch.take(readings, states, now);
+    EXPECT_TRUE(watch.of(*rule.figure));
+}
+
 TEST_F(LimitTicks, WhatIsUnknownBreaksTheTime) {
     stand(2, milliseconds(2900));
     pilotIs(figures::State::Stale);
