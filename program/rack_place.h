@@ -14,7 +14,8 @@ void placeBesideRack(display::Form& window, const Program& program);
 /// over the rack. False where the size of the screen is unknown.
 bool hidesNothingOfTheRack(const display::Form& window, const Program& program);
 
-/// Places a window over the middle of the rack, for a dialog.
+/// Places a window over the middle of the rack, for a dialog; on the screen whole where it fits,
+/// and its upper left corner in any case.
 void placeOverRack(display::Form& window, const Program& program);
 
 }  // namespace hmonitor
