@@ -225,5 +225,99 @@ TEST(MarksOfTheSweep, StandOnTheBars) {
     EXPECT_GT(seen, 20);
 }
 
+/// The log of a day whose hours differ in each figure.
+std::string variedDay() {
+    std::string bytes;
+    for (int hour = 0; hour < 24; ++hour) {
+        const int figures[] = {
+            hour, 30 + 4 * hour, hour % 12 - 8, 4 - hour % 11, 7 * hour, 1 + hour % 4,
+            60,   12 * hour,     hour % 10,     9 - hour % 9};
+        for (const int figure : figures) bytes += wholeText(figure).str() + " ";
+        bytes += "\r\n";
+    }
+    return bytes;
+}
+
+TEST(MarksOfTheLog, StandOnTheBarsOfEachChartAndTellHourAndValue) {
+    RackBench bench;
+    bench.write("20260304.log", variedDay());
+    bench.start();
+    bench.click(bench.formD.Image4);
+    Form_D4A& charts = bench.forms.formD4A;
+    FormPicture picture(charts);
+    const QImage image = picture.taken();
+    for (std::size_t chart = 0; chart < Form_D4A::kCharts; ++chart) {
+        display::Chart& graph = charts.Graph[chart];
+        const NumberTable table = graph.numbers();
+        const QRect view = picture.boxOf(charts.View[chart]);
+        int seen = 0;
+        for (const NumberTable::Spot& spot : table.spots) {
+            const QPointF at = pixelOf(picture, graph, spot);
+            const bool inside = spot.y > double{graph.lowest} && spot.y < double{graph.highest};
+            if (!inside || !view.adjusted(3, 3, -3, -3).contains(at.toPoint())) {
+                continue;
+            }
+            const QColor colour = qColour(graph.seriesColourAt(static_cast<int>(spot.column)));
+            const QRect ink = inkBox(
+                image, QRect(static_cast<int>(at.x()), view.top(), 1, view.height()), colour);
+            ASSERT_FALSE(ink.isEmpty()) << graph.name() << " row " << spot.row;
+            EXPECT_NEAR(ink.top(), at.y(), 2) << graph.name() << " row " << spot.row;
+            EXPECT_EQ(table.rows[spot.row][0], wholeText(static_cast<int>(spot.row)).str());
+            EXPECT_EQ(valueOf(table.rows[spot.row][spot.column]), spot.y);
+            ++seen;
+        }
+        EXPECT_GT(seen, 3) << graph.name();
+    }
+}
+
+TEST(MarksOfTheMap, StandInTheCellsAndTellFrequencyAndLevel) {
+    RackBench bench;
+    bench.start();
+    frmSpectrumAnalizer& window = bench.forms.formSpectrumAnalizer;
+    window.load();
+    window.measurement.CurrentSessionFile = "Evening.3Ds";
+    window.measurement.SessionInfo.Acquisitions = 10;
+    // Between the lines of the grid, which stand at each 5 dB over the cells. At this size a cell
+    // is narrower than a pixel, so three stand side by side.
+    constexpr int kStep = 20;
+    const auto rowAt = [](int column) { return 2 + column / kStep * 5 % 65; };
+    for (int x = 10; x < Density::kColumns - 1; x += kStep) {
+        for (const int beside : {-1, 0, 1}) {
+            window.measurement.SpectralDensity.set(x + beside, rowAt(x), 1);
+        }
+    }
+    window.PictureZoom.visible = false;
+    window.Picture3d.visible = true;
+    FormPicture picture(window);
+    const QImage before = picture.taken();
+    window.ShowSpectrum_3D();
+    const QImage image = picture.taken();
+    const NumberTable table = window.Picture3d.numbers();
+    ASSERT_EQ(table.spots.size(), 120u);
+    int seen = 0;
+    for (const NumberTable::Spot& spot : table.spots) {
+        const QPointF at = pixelOf(picture, window.Picture3d, spot);
+        if (spot.row % 3 != 1 ||
+            !picture.boxOf(window.Panel3D1).adjusted(4, 4, -4, -4).contains(at.toPoint()))
+            continue;
+        // Only these cells are painted near here.
+        QRect changed;
+        for (int y = -6; y <= 6; ++y) {
+            for (int x = -4; x <= 4; ++x) {
+                const QPoint pixel = at.toPoint() + QPoint(x, y);
+                if (image.pixel(pixel) != before.pixel(pixel)) changed |= QRect(pixel, QSize(1, 1));
+            }
+        }
+        ASSERT_FALSE(changed.isEmpty()) << spot.row;
+        EXPECT_NEAR(QRectF(changed).center().x(), at.x(), kSlack) << spot.row;
+        EXPECT_NEAR(QRectF(changed).center().y(), at.y(), kSlack) << spot.row;
+        const int column = 10 + kStep * static_cast<int>(spot.row / 3);
+        EXPECT_EQ(table.rows[spot.row][0], shortText(88 + column * 0.025).str());
+        EXPECT_EQ(table.rows[spot.row][1], wholeText(30 + rowAt(column)).str());
+        ++seen;
+    }
+    EXPECT_GT(seen, 10);
+}
+
 }  // namespace
 }  // namespace hmonitor::test
