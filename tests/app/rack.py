@@ -46,6 +46,7 @@ class Rack:
         self.environment.pop("LANGUAGE", None)
         # No test may print on the tester's printer.
         self.environment["CUPS_SERVER"] = str(self.folder / "no-server")
+        self.options = []
         self.program = None
         self.window = None
 
@@ -58,7 +59,7 @@ class Rack:
         file.write_bytes(b"\r\n".join(lines))
 
     def launch(self):
-        return subprocess.Popen([str(self.folder / "hmonitor")], env=self.environment, cwd="/")
+        return subprocess.Popen([str(self.folder / "hmonitor"), *self.options], env=self.environment, cwd="/")
 
     def start(self):
         """Waits until the rack's bars move; windows that the start opens stay open."""
@@ -111,6 +112,8 @@ class Rack:
             return "Memorias" if self.spanish else "Memory Presets"
         if form == "Form_History":
             return "HISTORIAL" if self.spanish_panels else "HISTORY"
+        if form == "FormLimits":
+            return "Límites de las medidas" if self.spanish_panels else "Limits of the figures"
         if form == "frmEditMeasurement":
             return ("Información de Medición Espectral" if self.spanish_panels
                     else "Spectral Mesaurement information")

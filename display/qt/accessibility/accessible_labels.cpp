@@ -4,10 +4,16 @@
 #include <QAccessibleWidget>
 #include <QPointer>
 #include <QString>
+#include <QStringList>
+#include <QWidget>
 #include <algorithm>
 #include <string_view>
 
+#include "display/qt/widgets/chart_view.h"
 #include "display/qt/widgets/control_widget.h"
+#include "display/qt/widgets/key_widgets.h"
+#include "display/qt/widgets/picture_box_widget.h"
+#include "display/qt/widgets/plot_widget.h"
 #include "display/qt/windows/form_view.h"
 
 namespace display::qt {
@@ -100,10 +106,8 @@ class AccessibleForm final : public QAccessibleWidget {
     FormView& view() const { return static_cast<FormView&>(*widget()); }
 
     QString text(QAccessible::Text kind) const override {
-        if (kind != QAccessible::Name) return QAccessibleWidget::text(kind);
-        const Form& form = view().form();
-        return qText(form.caption.empty() ? std::string_view(form.name())
-                                          : std::string_view(form.caption.get()));
+        return kind == QAccessible::Name ? spokenName(view().form())
+                                         : QAccessibleWidget::text(kind);
     }
     int childCount() const override {
         return QAccessibleWidget::childCount() + view().accessible().count();
@@ -127,15 +131,63 @@ class AccessibleForm final : public QAccessibleWidget {
     }
 };
 
-QAccessibleInterface* makeAccessibleForm(const QString&, QObject* object) {
-    auto* view = dynamic_cast<FormView*>(object);
-    return view ? new AccessibleForm(*view) : nullptr;
+/// One of several options. Qt takes a radio button for a check box when its group is not Qt's own.
+class AccessibleOption final : public QAccessibleWidget {
+ public:
+    explicit AccessibleOption(OptionWidget& option)
+        : QAccessibleWidget(&option, QAccessible::RadioButton) {}
+
+    QString text(QAccessible::Text kind) const override {
+        const QString said = QAccessibleWidget::text(kind);
+        return kind == QAccessible::Name && said.isEmpty() ? option().text() : said;
+    }
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.checkable = true;
+        state.checked = option().isChecked();
+        return state;
+    }
+    QStringList actionNames() const override {
+        QStringList names = QAccessibleWidget::actionNames();
+        if (option().isEnabled()) names.prepend(pressAction());
+        return names;
+    }
+    void doAction(const QString& name) override {
+        if (name == pressAction()) {
+            option().click();
+        } else {
+            QAccessibleWidget::doAction(name);
+        }
+    }
+
+ private:
+    OptionWidget& option() const { return static_cast<OptionWidget&>(*widget()); }
+};
+
+QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
+    if (auto* view = dynamic_cast<FormView*>(object)) return new AccessibleForm(*view);
+    if (auto* option = dynamic_cast<OptionWidget*>(object)) return new AccessibleOption(*option);
+    const bool draws = dynamic_cast<ChartView*>(object) || dynamic_cast<PlotWidget*>(object) ||
+                       dynamic_cast<PictureBoxWidget*>(object);
+    if (draws) {
+        return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Chart);
+    }
+    return nullptr;
 }
 
 }  // namespace
 
+QString spokenName(const Form& form) {
+    if (!form.caption.empty()) return qText(form.caption.get());
+    for (const Control* control : form.controls()) {
+        const Label* label = asLabel(*control);
+        if (label && label->shown() && !label->caption.empty()) return qText(label->caption.get());
+    }
+    return QString::fromStdString(form.name());
+}
+
 void AccessibleLabels::install() {
-    QAccessible::installFactory(makeAccessibleForm);
+    QAccessible::installFactory(makeAccessible);
 }
 
 AccessibleLabels::AccessibleLabels(FormView& view) {

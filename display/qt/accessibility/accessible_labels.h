@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAccessible>
+#include <QString>
 #include <QTimer>
 #include <memory>
 #include <set>
@@ -12,6 +13,9 @@
 namespace display::qt {
 
 class FormView;
+
+/// What a form is called by assistive tools: its title, else the first words that it shows.
+QString spokenName(const Form& form);
 
 /// Exposes the painted controls of a form to assistive tools: each label, and each other control
 /// that has a reading, with its name; measured ones also with their value. Changes are announced at
@@ -33,7 +37,8 @@ class AccessibleLabels {
     /// How often changes were announced.
     int announcements() const { return announcements_; }
 
-    /// Registers the interfaces of forms with Qt. Called once, when the desktop starts.
+    /// Registers the interfaces of forms, options and drawings with Qt. Called once, when the
+    /// desktop starts.
     static void install();
 
  private:

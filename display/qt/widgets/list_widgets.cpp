@@ -47,6 +47,8 @@ void ComboBoxWidget::sync() {
         addItems(rows);
     }
     setCurrentIndex(box_.list.selected());
+    // Qt tells the chosen row as the name of a combo box, and no more.
+    if (accessibleDescription() != accessibleName()) setAccessibleDescription(accessibleName());
 }
 
 void ComboBoxWidget::keyPressEvent(QKeyEvent* event) {

@@ -91,6 +91,7 @@ void FormWindow::sync() {
     }
     const QString title = qText(form_.caption.get());
     if (windowTitle() != title) setWindowTitle(title);
+    if (title.isEmpty()) setAccessibleName(spokenName(form_));
     const QSize size = wantedSize();
     if (view_.size() != size) view_.resize(size);
     sizeFor(size);

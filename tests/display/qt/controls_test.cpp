@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QClipboard>
 #include <QComboBox>
 #include <QLineEdit>
@@ -170,6 +171,30 @@ TEST_F(Controls, TextField_ShowsWhatTheProgramAssigns) {
     sample->Text1.text = "Halden";
     settle();
     EXPECT_EQ(dynamic_cast<QLineEdit&>(widget(sample->Text1)).text(), "Halden");
+}
+
+TEST_F(Controls, ScreenReader_IsToldOptionsAsRadioButtonsAndDrawingsAsCharts) {
+    showSample();
+    const auto told = [this](Control& control) -> QAccessibleInterface& {
+        return *QAccessible::queryAccessibleInterface(&widget(control));
+    };
+    EXPECT_EQ(told(sample->Check1).role(), QAccessible::CheckBox);
+    EXPECT_EQ(told(sample->Chart1).role(), QAccessible::Chart);
+    EXPECT_EQ(told(sample->Plot1).role(), QAccessible::Chart);
+    EXPECT_EQ(told(sample->Combo1).text(QAccessible::Description).toStdString(),
+              sample->Combo1.accessibleName());
+    QAccessibleInterface& option = told(sample->Option2);
+    EXPECT_EQ(option.role(), QAccessible::RadioButton);
+    EXPECT_TRUE(option.state().checkable);
+    EXPECT_FALSE(option.state().checked);
+    EXPECT_FALSE(option.text(QAccessible::Name).isEmpty());
+    const QString press = option.actionInterface()->actionNames().value(0);
+    option.actionInterface()->doAction(press);
+    settle();
+    EXPECT_TRUE(sample->Option2.chosen);
+    EXPECT_FALSE(sample->Option1.chosen);
+    EXPECT_TRUE(option.state().checked);
+    EXPECT_FALSE(told(sample->Option1).state().checked);
 }
 
 TEST_F(Controls, CheckBoxAndOptions_FollowTheHandAndTheProgram) {
