@@ -5,7 +5,7 @@
 build_packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev
   libqcustomplot-dev libgl1-mesa-dev libfftw3-dev libsndfile1-dev
   nlohmann-json3-dev libsoapysdr-dev libasound2-dev libcli11-dev libutfcpp-dev libsqlite3-dev
-  libmd4c-dev libmd4c-html0-dev fonts-b612 qt6-qpa-plugins qt6-wayland)
+  libmd4c-dev libmd4c-html0-dev fonts-b612 qt6-qpa-plugins qt6-wayland qt6-translations-l10n)
 # A display where there is none, and the picture of it.
 picture_packages=(xvfb xauth imagemagick x11-utils)
 # What the tests need besides.

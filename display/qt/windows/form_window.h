@@ -22,7 +22,7 @@ class FormWindow final : public QWidget {
     void appear(const QWidget* over, const QWidget* above);
     /// Milliseconds since it was last shown.
     qint64 shownFor() const { return shownSince_.elapsed(); }
-    void flash() { flash_.flash(); }
+    void flash(Motion motion) { flash_.flash(motion); }
     /// All windows have another scale: where it stands is another place in the model.
     void rescaled();
     /// Reads caption, position and frame from the form after a change.

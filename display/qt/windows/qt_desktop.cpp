@@ -2,8 +2,10 @@
 #include "display/qt/windows/qt_desktop.h"
 
 #include <QClipboard>
+#include <QLibraryInfo>
 #include <QScreen>
 #include <QStyleFactory>
+#include <QStyleHints>
 #include <chrono>
 #include <cstdio>
 #include <string_view>
@@ -35,6 +37,7 @@ QtDesktop::QtDesktop(int& argc, char** argv) {
     }
     clock_.start();
     languageId_ = languageIdOfUser();
+    if (spanish()) speakSpanish();
     generator_.seed(static_cast<std::mt19937::result_type>(
         std::chrono::system_clock::now().time_since_epoch().count()));
     QApplication::setStyle(QStyleFactory::create("Fusion"));
@@ -48,6 +51,8 @@ QtDesktop::QtDesktop(int& argc, char** argv) {
     QApplication::setFont(Fonts::get().font(scale_.px(120), Weight::Normal));
     placedTimer_.setSingleShot(true);
     QObject::connect(&placedTimer_, &QTimer::timeout, &placedTimer_, [this] { onRackPlaced(); });
+    caretMs_ = QGuiApplication::styleHints()->cursorFlashTime();
+    askSessionForMotion(wakeTimer_, [this](Motion motion) { setMotion(motion); });
     wakeTimer_.setSingleShot(true);
     wakeTimer_.setTimerType(Qt::PreciseTimer);
     QObject::connect(&wakeTimer_, &QTimer::timeout, &wakeTimer_, [this] { wake(); });
@@ -57,6 +62,22 @@ QtDesktop::~QtDesktop() = default;
 
 void QtDesktop::rack(std::vector<Form*> forms) {
     rack_ = std::make_unique<RackWindow>(*this, std::move(forms));
+}
+
+void QtDesktop::setMotion(Motion motion) {
+    motion_ = motion;
+    const bool usual = motion == Motion::Usual;
+    QGuiApplication::styleHints()->setCursorFlashTime(usual ? caretMs_ : 0);
+    // Lists that roll open, tips that fade in.
+    QApplication::setEffectEnabled(Qt::UI_General, usual);
+}
+
+/// Qt's dialogs, in the words that come with Qt; without its package they stay English.
+void QtDesktop::speakSpanish() {
+    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+    if (ownWords_.load(QStringLiteral("qtbase_es"), folder)) {
+        QCoreApplication::installTranslator(&ownWords_);
+    }
 }
 
 Time QtDesktop::now() const {

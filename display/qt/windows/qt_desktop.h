@@ -6,6 +6,7 @@
 #include <QPointF>
 #include <QString>
 #include <QTimer>
+#include <QTranslator>
 #include <QWidget>
 #include <filesystem>
 #include <functional>
@@ -26,6 +27,7 @@
 #include "display/qt/accessibility/focus_keeper.h"
 #include "display/qt/accessibility/keyboard_watch.h"
 #include "display/qt/painting/scale.h"
+#include "display/qt/windows/desktop_motion.h"
 #include "display/qt/windows/worker_threads.h"
 #include "display/rack_place.h"
 
@@ -137,6 +139,10 @@ class QtDesktop : public Desktop, public CallBox {
     Hand& hand();
     /// Handles posted input now, unless a handler is running.
     void runInputNow();
+    /// How much moves beside what is measured. The desktop is asked for it at the start.
+    Motion motion() const { return motion_; }
+    void setMotion(Motion motion);
+
     /// Requests that all windows repaint their changes soon.
     void frameSoon();
 
@@ -210,6 +216,7 @@ class QtDesktop : public Desktop, public CallBox {
         Phase before_;
     };
 
+    void speakSpanish();
     void rescale(qreal factor);
     void wake();
     void runQueue();
@@ -242,6 +249,9 @@ class QtDesktop : public Desktop, public CallBox {
     QElapsedTimer clock_;
     QTimer wakeTimer_;
     QTimer placedTimer_;
+    QTranslator ownWords_;  ///< what Qt itself says, in the user's language
+    Motion motion_ = Motion::Usual;
+    int caretMs_ = 0;  ///< how long a caret takes to blink where motion is usual
     std::optional<RackPlace> wantedPlace_;
     Phase phase_ = Phase::Idle;
     std::unique_ptr<RackWindow> rack_;

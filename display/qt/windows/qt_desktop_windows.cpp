@@ -78,7 +78,7 @@ void QtDesktop::recallOpenWindow() {
     if (last->isMinimized()) last->showNormal();
     last->raise();
     last->activateWindow();
-    last->flash();
+    last->flash(motion_);
 }
 
 void QtDesktop::formHidden(Form& form) {

@@ -11,6 +11,8 @@ namespace {
 
 /// Long enough to be noticed, short enough not to be in the way.
 constexpr int kFlashMs = 350;
+/// Long enough to be found without the flash.
+constexpr int kStandsMs = 2000;
 constexpr int kFrameWidth = 4;
 
 }  // namespace
@@ -24,11 +26,11 @@ WindowFlash::WindowFlash(QWidget& window) : QWidget(&window) {
     hide();
 }
 
-void WindowFlash::flash() {
+void WindowFlash::flash(Motion motion) {
     setGeometry(parentWidget()->rect());
     show();
     raise();
-    over_.start(kFlashMs);
+    over_.start(motion == Motion::Less ? kStandsMs : kFlashMs);
 }
 
 void WindowFlash::paintEvent(QPaintEvent*) {

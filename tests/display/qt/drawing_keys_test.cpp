@@ -3,6 +3,7 @@
 #include <QClipboard>
 #include <QDir>
 #include <QImage>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QTemporaryDir>
 #include <QXmlStreamReader>

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Saving and opening by the file dialog, and what is left of a file that cannot be written.
+#include <QAbstractItemView>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QTemporaryDir>
+#include <QToolButton>
 #include <algorithm>
 #include <map>
 #include <set>
@@ -195,6 +197,34 @@ TEST_F(SaveDialog, BeginsWhereAFileWasSavedLast) {
         dialog.reject();
     });
     EXPECT_EQ(where, QDir(folder.path()).absolutePath());
+}
+
+/// The desktop of a user who speaks Spanish.
+class SpanishSaveDialog : public SaveDialog {
+ protected:
+    SpanishSaveDialog() {
+        const QByteArray before = qgetenv("LC_ALL");
+        qputenv("LC_ALL", "es_AR.UTF-8");
+        sample.reset();
+        int argc = 0;
+        desktop = std::make_unique<QtDesktop>(argc, nullptr);
+        sample = std::make_unique<test::SampleForm>(*desktop);
+        qputenv("LC_ALL", before);
+    }
+};
+
+TEST_F(SpanishSaveDialog, SpeaksSpanishDownToTheHeadsOfItsColumns) {
+    QStringList heads, tips;
+    (void)ask([&](QFileDialog& dialog) {
+        const auto* list = dialog.findChild<QAbstractItemView*>(QStringLiteral("treeView"));
+        for (int column = 0; column < list->model()->columnCount(); ++column) {
+            heads << list->model()->headerData(column, Qt::Horizontal).toString();
+        }
+        for (const auto* key : dialog.findChildren<QToolButton*>()) tips << key->toolTip();
+        dialog.reject();
+    });
+    EXPECT_EQ(heads.join(", ").toStdString(), "Nombre, Tamaño, Tipo, Última modificación");
+    EXPECT_TRUE(tips.contains("Crear nueva carpeta")) << tips.join(", ").toStdString();
 }
 
 TEST_F(SaveDialog, TimeGoesOnWhileItStands) {
