@@ -69,7 +69,7 @@ class Listener:
             assert not screen_reader.unnamed(window), screen_reader.unnamed(window)
 
 
-@case(started=False)
+@case(started=False, shared=False)
 def every_window(rack, album):
     bus = screen_reader.Bus()
     try:
@@ -91,7 +91,7 @@ def every_window(rack, album):
         bus.close()
 
 
-@case(started=False)
+@case(started=False, shared=False)
 def first_start(rack, album):
     """The card over the rack of a first start."""
     bus = screen_reader.Bus()
@@ -106,7 +106,7 @@ def first_start(rack, album):
         bus.close()
 
 
-@case(started=False, units=({"version": "0"},))
+@case(started=False, shared=False, units=({"version": "0"},))
 def without_a_unit(rack, album):
     """The offer of the demo."""
     bus = screen_reader.Bus()
