@@ -25,7 +25,9 @@ def stand_before_box(rack):
     """The box, once it has the keyboard: the only window that is neither rack nor splash."""
 
     def has_keyboard():
-        known = {rack.window, rack.find_sized("HMonitor", *SPLASH)}
+        known = {rack.window, rack.find_sized("HMonitor", *SPLASH)} - {None}
+        if not known:
+            return None  # the splash has not its size yet
         boxes = [window for window in rack.screen.windows("HMonitor") if window not in known]
         if boxes and rack.screen.x.active() in boxes:
             return boxes[0]

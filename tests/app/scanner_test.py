@@ -41,24 +41,45 @@ def chart(rack):
     return rack.look(SCANNER, "ChartView")
 
 
+def can_run(rack):
+    """Whether the key that starts a run is lit."""
+    return max(rack.colour(SCANNER, RUN, 0.1, 0.2)) > 60
+
+
 def choose(rack, option):
     """Waits until the last scan is drawn again: no run can be started before that."""
-
-    def can_run():
-        return max(rack.colour(SCANNER, RUN, 0.1, 0.2)) > 60
-
     rack.click(SCANNER, option, 0.1)
+    rack.screen.x.has_come_round(rack.opened(SCANNER), 20)
     for _ in range(100):  # it was drawn between two looks
-        if not can_run():
+        if not can_run(rack):
             break
         time.sleep(0.01)
-    wait_for(can_run, "a key that starts a run")
+    wait_for(lambda: can_run(rack), "a key that starts a run")
+
+
+def begin_run(rack):
+    """Presses the run's key until the key that closes says something else, as it does from the
+    first moment of a run: while a chart fills the key is dead, and may be painted so a moment
+    later."""
+    before = rack.look(SCANNER, CLOSE)
+
+    def began():
+        rack.click(SCANNER, RUN)
+        rack.screen.x.has_come_round(rack.opened(SCANNER), 20)
+        seen = time.monotonic() + 1
+        while time.monotonic() < seen:
+            if rack.look(SCANNER, CLOSE) != before:
+                return True
+            time.sleep(0.01)
+        return False
+
+    wait_for(began, "a run that begins")
 
 
 def start_run(rack):
     """Waits until the first levels are in the chart."""
     cleared = chart(rack)
-    rack.click(SCANNER, RUN)
+    begin_run(rack)
     wait_for(lambda: chart(rack) != cleared, "a cleared chart")
     cleared = chart(rack)
     wait_for(lambda: chart(rack) != cleared, "a chart that fills")
@@ -99,13 +120,14 @@ def whole_run(rack, album, option):
     open_scanner(rack)
     choose(rack, option)
     (rack.folder / "scan.dat").write_bytes(ONE_LEVEL)
-    rack.click(SCANNER, RUN)
+    begin_run(rack)
     wait_for(lambda: at_band_end(rack), "the chart moved to the band's end")
     stored = SWEPT[option] if sweeps(rack) else ONE_BY_ONE.get(option)
     if stored:
         wait_levels(rack, stored)
         told = levels(rack)
         assert max(told) > 60 and min(told) < 40, f"levels from {min(told)} to {max(told)}"
+    wait_for(lambda: can_run(rack), "the end of the run")
     rack.steady_look(SCANNER, "ChartView")
     album.take(rack.screen, "band_end")
     at_end = rack.look(SCANNER, "HScroll1")
@@ -150,7 +172,9 @@ def stop_and_next_run(rack, album):
     for _ in range(2):
         start_run(rack)
         album.take(rack.screen, "running")
+        waiting = rack.look(SCANNER, CLOSE)
         rack.click(SCANNER, stop)
+        wait_for(lambda: rack.look(SCANNER, CLOSE) != waiting, "the end of the run")
         rack.steady_look(SCANNER, "ChartView")
     assert (rack.folder / "scan.dat").read_bytes() == before, "a stopped run was stored"
     rack.type(SCANNER, "Escape")
@@ -189,7 +213,7 @@ def closed_while_a_choice_fills(rack, album):
 def closed_after_a_run(rack, album):
     (rack.folder / "scan.dat").write_bytes(ONE_LEVEL)
     open_scanner(rack)
-    rack.click(SCANNER, RUN)
+    begin_run(rack)
     wait_levels(rack, 103)
     close_window(rack)
     assert len(levels(rack)) == 103
@@ -200,7 +224,7 @@ def a_unit_that_fails(rack, album):
     """The run ends as if stopped: nothing is stored, and the rack is enabled."""
     before = (rack.folder / "scan.dat").read_bytes()
     open_scanner(rack)
-    rack.click(SCANNER, RUN)
+    begin_run(rack)
     rack.steady_look(SCANNER, "ChartView")
     close_window(rack)
     assert (rack.folder / "scan.dat").read_bytes() == before, "a broken run was stored"
