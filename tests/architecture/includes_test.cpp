@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
 #include <regex>
 #include <set>
 #include <string>
@@ -192,6 +193,39 @@ TEST(Includes, NameTheStandardHeadersThatAreUsed) {
         }
     }
     EXPECT_GT(seen, 1000u) << "the tree's standard names were not found";
+}
+
+/// The files that docs/writing-a-form.md has its reader write, by the path in their second line.
+std::vector<SourceFile> filesOfThePage() {
+    std::ifstream page(std::string(HMONITOR_SOURCE_DIR) + "/docs/writing-a-form.md");
+    std::vector<SourceFile> files;
+    bool inside = false;
+    for (std::string line; std::getline(page, line);) {
+        if (line.starts_with("```")) {
+            inside = line == "```cpp";
+            if (inside) files.emplace_back();
+        } else if (inside) {
+            std::vector<std::string>& lines = files.back().lines;
+            lines.push_back(line);
+            if (lines.size() == 2) files.back().path = line.substr(3, line.find(':') - 3);
+        }
+    }
+    return files;
+}
+
+TEST(Includes, NameTheStandardHeadersInTheFilesThatThePageHasWritten) {
+    const std::vector<SourceFile> files = filesOfThePage();
+    ASSERT_EQ(files.size(), 4u);
+    std::size_t seen = 0;
+    for (const SourceFile& file : files) {
+        ASSERT_TRUE(file.path.find("form_overs") != std::string::npos) << file.path;
+        for (const std::string& name : standardNamesIn(file)) {
+            ++seen;
+            EXPECT_TRUE(declares(standardHeadersFor(file), standardHeaderOf(name)))
+                << file.path << ": std::" << name << " wants <" << standardHeaderOf(name) << ">";
+        }
+    }
+    EXPECT_GE(seen, 2u);
 }
 
 // These three are precompiled for the Qt desktop with everything that they include.
