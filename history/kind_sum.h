@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 #include <utility>
@@ -66,11 +67,13 @@ class KindSum {
     static double doubled(double degrees) { return degrees * 2 * std::numbers::pi / 180; }
 
     double axis() const {
-        // Axes that cancel one another have no mean; rounding errors must not make one.
-        constexpr double kNoLength = 1e-9;
+        // Axes that cancel one another have no mean; rounding errors must not make one. Values are
+        // floats: 1,800 of them at even distances still have a vector of length 1e-8.
+        constexpr double kNoLength = 1e-4;
         if (length() < kNoLength) return 0;
         const double degrees = std::atan2(y_, x_) / 2 * 180 / std::numbers::pi;
-        return degrees < 0 ? degrees + 180 : degrees;
+        // What is below 0 by rounding alone is 0 and not 180.
+        return degrees < -1e-6 ? degrees + 180 : std::max(degrees, 0.0);
     }
 
     void hold(double value, double weight) {

@@ -29,7 +29,10 @@ std::uint64_t SpanValue::toldMs() const {
 }
 
 double nearAxis(double degrees, double mean) {
-    return degrees - 180 * std::floor((degrees - mean + 90) / 180);
+    // As far away on either side, as values of whole steps often are: then it lies below, whatever
+    // rounding made of the mean.
+    constexpr double kOpposite = 1e-3;
+    return degrees - 180 * std::floor((degrees - mean + 90 + kOpposite) / 180);
 }
 
 SpanValue spanOf(figures::Kind kind, std::span<const FigureSecond> seconds) {

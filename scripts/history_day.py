@@ -26,6 +26,8 @@ STATES = ("known", "settling", "no carrier", "too noisy", "multipath", "no pilot
           "unit away", "stale", "not measured", "out of range", "too slow")
 GAP, AWAY, NOT_MEASURED = 7, 8, 10
 PEAK, LEVEL, MEAN, ANGLE, SHARE, COUNT, STATE = range(7)
+NO_LENGTH = 1e-4  # a shorter mean vector is none: the angles cancel one another
+OPPOSITE = 1e-3  # degrees; within this an angle across from the mean counts as below it
 
 
 class Damaged(Exception):
@@ -165,9 +167,10 @@ def mean_of(kind, values):
     if kind == ANGLE:
         x = sum(known * math.cos(math.radians(2 * value)) for value, known in values)
         y = sum(known * math.sin(math.radians(2 * value)) for value, known in values)
-        if math.hypot(x, y) / weight < 1e-9:
+        if math.hypot(x, y) / weight < NO_LENGTH:
             return 0.0
-        return math.degrees(math.atan2(y, x) / 2) % 180
+        axis = math.degrees(math.atan2(y, x) / 2)
+        return axis + 180 if axis < -1e-6 else max(axis, 0.0)
     if kind == STATE:
         held = {}
         for value, known in values:
@@ -193,7 +196,7 @@ def span_of(kind, step, column):
     mean = mean_of(kind, values)
     row = [value for value, _ in values]
     if kind == ANGLE:
-        row = [value - 180 * math.floor((value - mean + 90) / 180) for value in row]
+        row = [value - 180 * math.floor((value - mean + 90 + OPPOSITE) / 180) for value in row]
     row.sort()
     return [short(row[0]), repr(mean), short(row[-1]), short(rank(row, 0.01)),
             short(rank(row, 0.99)), sum(known for _, known in values), STATES[cause]]

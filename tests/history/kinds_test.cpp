@@ -43,6 +43,20 @@ TEST(Kinds, AngleIsAnAxis) {
     EXPECT_EQ(meanOf(Kind::Angle, {{0, 1}, {90, 1}}), 0);
 }
 
+TEST(Kinds, AnglesThatCancelOneAnotherHaveNoMeanThatRoundingInvents) {
+    KindSum sum(Kind::Angle);
+    for (int i = 0; i < 1800; ++i) {
+        sum.add(static_cast<double>(static_cast<float>(i) / 10 + 0.05f), 1000);
+    }
+    EXPECT_LT(sum.length(), 1e-4);
+    EXPECT_EQ(sum.mean(), 0);
+}
+
+TEST(Kinds, AnAngleThatRoundingPutBelowZeroIsZero) {
+    EXPECT_EQ(meanOf(Kind::Angle, {{180 - 1e-9, 1}}), 0);
+    EXPECT_NEAR(meanOf(Kind::Angle, {{180 - 1e-3, 1}}), 180 - 1e-3, 1e-9);
+}
+
 TEST(Kinds, StateIsTheOneThatHeldLongest) {
     EXPECT_EQ(meanOf(Kind::State, {{7, 2}, {3, 1}, {3, 2}}), 3);
     EXPECT_EQ(meanOf(Kind::State, {{7, 2}, {3, 2}}), 3);
@@ -78,6 +92,14 @@ TEST(Spans, AnAnglesBandAboutZeroStaysNarrow) {
     EXPECT_NEAR(span.mean, 0, 0.01);
     EXPECT_EQ(span.lowest, -2);
     EXPECT_EQ(span.highest, 2);
+}
+
+TEST(Spans, AnAngleOppositeToTheMeanLiesBelowItWhateverTheMeanIsRoundedTo) {
+    for (const double rounding : {-1e-5, 0.0, 1e-5}) {
+        EXPECT_NEAR(nearAxis(121.2, 31.2 + rounding), -58.8, 1e-9);
+        EXPECT_NEAR(nearAxis(301.2, 31.2 + rounding), -58.8, 1e-9);
+        EXPECT_NEAR(nearAxis(121.1, 31.2 + rounding), 121.1, 1e-9);
+    }
 }
 
 TEST(Spans, OfNothingKnownHaveOnlyCauses) {
