@@ -87,15 +87,14 @@ std::vector<Event> DayRows::events(std::int64_t begin, std::int64_t end) const {
     return readEvents(database_, begin, end);
 }
 
-void DayRows::seconds(int station, std::int64_t begin, std::int64_t end, std::size_t index,
-                      const Take& take) const {
-    blocks(station, begin, end, index, take);
-    tail(station, begin, end, index, take);
+void DayRows::seconds(int station, std::int64_t begin, std::int64_t end,
+                      std::span<const std::size_t> figures, const Take& take) const {
+    blocks(station, begin, end, figures, take);
+    tail(station, begin, end, figures, take);
 }
 
-void DayRows::blocks(int station, std::int64_t begin, std::int64_t end, std::size_t index,
-                     const Take& take) const {
-    const FileFigure* figure = columns_.of(index);
+void DayRows::blocks(int station, std::int64_t begin, std::int64_t end,
+                     std::span<const std::size_t> figures, const Take& take) const {
     Statement rows(database_,
                    "SELECT minute,epoch,n,data,crc FROM second WHERE station=?1 AND minute>=?2 AND "
                    "minute<?3 ORDER BY minute,epoch");
@@ -106,21 +105,23 @@ void DayRows::blocks(int station, std::int64_t begin, std::int64_t end, std::siz
         const std::int64_t epoch = rows.number(1);
         if (!isPlausible(0, epoch)) continue;
         const auto block = soundBlock(rows.bytes(3), rows.number(2), rows.number(4));
-        column.fill(block ? FigureSecond{} : FigureSecond{0, 0, State::Gap});
-        if (block && figure) block->column(*figure, column);
         const int count = block ? block->size() : static_cast<int>(kMinute);
-        for (int i = 0; i < count; ++i) {
-            const std::int64_t t = minute + (block ? block->offset(i) : i);
-            if (t >= begin && t < end) {
-                take(t, static_cast<int>(epoch), column[static_cast<std::size_t>(i)]);
+        for (std::size_t which = 0; which < figures.size(); ++which) {
+            const FileFigure* figure = columns_.of(figures[which]);
+            column.fill(block ? FigureSecond{} : FigureSecond{0, 0, State::Gap});
+            if (block && figure) block->column(*figure, column);
+            for (int i = 0; i < count; ++i) {
+                const std::int64_t t = minute + (block ? block->offset(i) : i);
+                if (t >= begin && t < end) {
+                    take(t, static_cast<int>(epoch), which, column[static_cast<std::size_t>(i)]);
+                }
             }
         }
     }
 }
 
-void DayRows::tail(int station, std::int64_t begin, std::int64_t end, std::size_t index,
-                   const Take& take) const {
-    const FileFigure* figure = columns_.of(index);
+void DayRows::tail(int station, std::int64_t begin, std::int64_t end,
+                   std::span<const std::size_t> figures, const Take& take) const {
     Statement rows(database_,
                    "SELECT t,epoch,data FROM tail WHERE station=?1 AND t>=?2 AND t<?3 ORDER BY t");
     rows.bind(1, std::int64_t{station}).bind(2, begin).bind(3, end);
@@ -128,9 +129,12 @@ void DayRows::tail(int station, std::int64_t begin, std::int64_t end, std::size_
     while (rows.step()) {
         if (!isPlausible(0, rows.number(1))) continue;
         const auto block = SecondBlock::open(rows.bytes(2));
-        column[0] = block ? FigureSecond{} : FigureSecond{0, 0, State::Gap};
-        if (block && figure) block->column(*figure, column);
-        take(rows.number(0), static_cast<int>(rows.number(1)), column[0]);
+        for (std::size_t which = 0; which < figures.size(); ++which) {
+            const FileFigure* figure = columns_.of(figures[which]);
+            column[0] = block ? FigureSecond{} : FigureSecond{0, 0, State::Gap};
+            if (block && figure) block->column(*figure, column);
+            take(rows.number(0), static_cast<int>(rows.number(1)), which, column[0]);
+        }
     }
 }
 

@@ -47,11 +47,14 @@ class DayRows {
     std::vector<int> stations() const;
     std::vector<Event> events(std::int64_t begin, std::int64_t end) const;
 
-    using Take = std::function<void(std::int64_t t, int epoch, const FigureSecond&)>;
-    /// The seconds of one figure (by its index in the registry) in [begin, end). Packed seconds
-    /// come first, in the order of time, then those that are not packed yet.
-    void seconds(int station, std::int64_t begin, std::int64_t end, std::size_t index,
-                 const Take& take) const;
+    /// One of the requested figures (`which`: its index among them) in one second.
+    using Take =
+        std::function<void(std::int64_t t, int epoch, std::size_t which, const FigureSecond&)>;
+    /// The seconds of some figures (by their indices in the registry) in [begin, end); each row is
+    /// read once. Of each figure packed seconds come first, in the order of time, then those that
+    /// are not packed yet.
+    void seconds(int station, std::int64_t begin, std::int64_t end,
+                 std::span<const std::size_t> figures, const Take& take) const;
     /// The highest epoch, and the first second after everything recorded in it.
     struct Told {
         int epoch = 0;
@@ -63,10 +66,10 @@ class DayRows {
     std::vector<Second> minute(const MinuteKey& key) const;
 
  private:
-    void blocks(int station, std::int64_t begin, std::int64_t end, std::size_t index,
-                const Take& take) const;
-    void tail(int station, std::int64_t begin, std::int64_t end, std::size_t index,
-              const Take& take) const;
+    void blocks(int station, std::int64_t begin, std::int64_t end,
+                std::span<const std::size_t> figures, const Take& take) const;
+    void tail(int station, std::int64_t begin, std::int64_t end,
+              std::span<const std::size_t> figures, const Take& take) const;
 
     Database& database_;
     FigureColumns columns_;

@@ -64,8 +64,7 @@ std::optional<std::int64_t> IndexRows::last(int station, std::int64_t step) cons
 }
 
 void IndexRows::spans(int station, std::int64_t step, std::int64_t begin, std::int64_t end,
-                      std::size_t index, const Take& take) const {
-    const FileFigure* figure = columns_.of(index);
+                      std::span<const std::size_t> figures, const Take& take) const {
     Statement rows(database_,
                    "SELECT t,epoch,data,crc FROM span WHERE station=?1 AND step=?2 AND t>=?3 AND "
                    "t<?4 ORDER BY t,epoch");
@@ -74,10 +73,13 @@ void IndexRows::spans(int station, std::int64_t step, std::int64_t begin, std::i
         const std::string_view data = rows.bytes(2);
         const bool isSound = crc32Of(data) == rows.number(3);
         const auto block = isSound ? SpanBlock::open(data) : std::nullopt;
-        std::optional<SpanValue> value;
-        if (block) value = figure ? block->figure(*figure) : SpanValue{};
-        take(rows.number(0), block ? block->seconds() : step, static_cast<int>(rows.number(1)),
-             value);
+        for (std::size_t which = 0; which < figures.size(); ++which) {
+            const FileFigure* figure = columns_.of(figures[which]);
+            std::optional<SpanValue> value;
+            if (block) value = figure ? block->figure(*figure) : SpanValue{};
+            take(rows.number(0), block ? block->seconds() : step, static_cast<int>(rows.number(1)),
+                 which, value);
+        }
     }
 }
 

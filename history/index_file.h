@@ -30,11 +30,14 @@ class IndexRows {
     std::optional<std::int64_t> first(int station, std::int64_t step) const;
     std::optional<std::int64_t> last(int station, std::int64_t step) const;
 
+    /// One of the requested figures (`which`: its index among them) in one span; none for a damaged
+    /// span.
     using Take = std::function<void(std::int64_t t, std::int64_t seconds, int epoch,
-                                    const std::optional<SpanValue>&)>;
-    /// One figure of all spans of a step that begin in [begin, end); none for a damaged one.
+                                    std::size_t which, const std::optional<SpanValue>&)>;
+    /// Some figures (by their indices in the registry) of all spans of a step that begin in
+    /// [begin, end); each row is read once.
     void spans(int station, std::int64_t step, std::int64_t begin, std::int64_t end,
-               std::size_t index, const Take& take) const;
+               std::span<const std::size_t> figures, const Take& take) const;
 
  private:
     std::optional<std::int64_t> outermost(int station, std::int64_t step, const char* order) const;

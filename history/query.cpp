@@ -5,6 +5,8 @@
 #include <array>
 #include <chrono>
 #include <cstdint>
+#include <limits>
+#include <numeric>
 #include <set>
 #include <string>
 #include <utility>
@@ -30,9 +32,12 @@ class BandSum {
         if (value.knownMs == 0) return;
         sum_.add(static_cast<double>(value.mean), share * value.knownMs,
                  static_cast<double>(value.length));
-        lowest_.push_back(value.lowest - value.mean);
-        highest_.push_back(value.highest - value.mean);
-        means_.push_back(value.mean);
+        if (kind_ == figures::Kind::Angle) {
+            angles_.push_back({value.lowest, value.mean, value.highest});
+            return;
+        }
+        lowest_ = std::min(lowest_, value.lowest);
+        highest_ = std::max(highest_, value.highest);
     }
 
     Band band(double columnMs) const {
@@ -52,18 +57,14 @@ class BandSum {
         if (band.knownMs <= 0) return band;
         const double mean = sum_.mean();
         band.mean = static_cast<float>(mean);
-        double lowest = mean;
-        double highest = mean;
-        for (std::size_t i = 0; i < means_.size(); ++i) {
-            const double own = static_cast<double>(means_[i]);
-            const double placed = kind_ == figures::Kind::Angle ? nearAxis(own, mean) : own;
-            const double low = placed + static_cast<double>(lowest_[i]);
-            const double high = placed + static_cast<double>(highest_[i]);
-            lowest = i == 0 ? low : std::min(lowest, low);
-            highest = i == 0 ? high : std::max(highest, high);
+        band.lowest = lowest_;
+        band.highest = highest_;
+        for (const Angle& angle : angles_) {
+            const double own = static_cast<double>(angle.mean);
+            const auto turn = static_cast<float>(nearAxis(own, mean) - own);
+            band.lowest = std::min(band.lowest, angle.lowest + turn);
+            band.highest = std::max(band.highest, angle.highest + turn);
         }
-        band.lowest = static_cast<float>(lowest);
-        band.highest = static_cast<float>(highest);
         return band;
     }
 
@@ -72,7 +73,13 @@ class BandSum {
     KindSum sum_;
     std::array<double, kFileStates + 1> causes_{};
     double told_ = 0;
-    std::vector<float> lowest_, highest_, means_;  // of each piece; bounds beside its mean
+    float lowest_ = std::numeric_limits<float>::infinity();
+    float highest_ = -std::numeric_limits<float>::infinity();
+    /// An angle's bounds turn with the mean of the whole column.
+    struct Angle {
+        float lowest, mean, highest;
+    };
+    std::vector<Angle> angles_;
 };
 
 }  // namespace
@@ -81,13 +88,23 @@ Query::Query(std::filesystem::path folder, const char* vfs)
     : folder_(std::move(folder)), vfs_(vfs) {}
 
 std::vector<Band> Query::bands(const Asked& asked) const {
-    if (asked.columns <= 0 || asked.toMs <= asked.fromMs || asked.figure >= figureCount()) {
-        return {};
-    }
-    const figures::Kind kind = figures::all()[asked.figure].kind;
+    return bands(AskedTogether{
+                     asked.station, {asked.figure}, asked.fromMs, asked.toMs, asked.columns})
+        .front();
+}
+
+std::vector<std::vector<Band>> Query::bands(const AskedTogether& asked) const {
+    std::vector<std::vector<Band>> bands(asked.figures.size());
+    const bool areFigures = std::ranges::all_of(
+        asked.figures, [](std::size_t figure) { return figure < figureCount(); });
+    if (asked.columns <= 0 || asked.toMs <= asked.fromMs || !areFigures) return bands;
     const double columnMs =
         static_cast<double>(asked.toMs - asked.fromMs) / static_cast<double>(asked.columns);
-    std::vector<BandSum> columns(static_cast<std::size_t>(asked.columns), BandSum(kind));
+    std::vector<std::vector<BandSum>> sums;
+    for (const std::size_t figure : asked.figures) {
+        sums.emplace_back(static_cast<std::size_t>(asked.columns),
+                          BandSum(figures::all()[figure].kind));
+    }
     const auto place = [&](double ms) {
         return (ms - static_cast<double>(asked.fromMs)) / columnMs;
     };
@@ -100,36 +117,37 @@ std::vector<Band> Query::bands(const Asked& asked) const {
         for (auto i = static_cast<std::size_t>(from); static_cast<double>(i) < to; ++i) {
             const double overlap =
                 std::min(to, static_cast<double>(i + 1)) - std::max(from, static_cast<double>(i));
-            if (overlap > 1e-9) columns[i].add(piece.value, overlap / whole);
+            if (overlap > 1e-9) sums[piece.which][i].add(piece.value, overlap / whole);
         }
     };
     const auto begin = static_cast<std::int64_t>(asked.fromMs / 1000) - (asked.fromMs < 0);
-    QueryRows(folder_, vfs_, asked.station, asked.figure)
+    QueryRows(folder_, vfs_, asked.station, asked.figures)
         .gather(stepFor(columnMs / 1000), begin, (asked.toMs + 999) / 1000, add);
 
-    std::vector<Band> bands;
-    bands.reserve(columns.size());
-    for (const BandSum& column : columns) bands.push_back(column.band(columnMs));
+    for (std::size_t i = 0; i < bands.size(); ++i) {
+        bands[i].reserve(sums[i].size());
+        for (const BandSum& column : sums[i]) bands[i].push_back(column.band(columnMs));
+    }
     return bands;
 }
 
 std::vector<std::optional<MarkValue>> Query::at(int station, std::int64_t t) const {
     std::vector<std::optional<MarkValue>> values(figureCount());
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        int epoch = -1;
-        QueryRows(folder_, vfs_, station, i)
-            .gather(Step::Second, t, t + 1, [&](const Piece& piece) {
-                // Of a second that a clock had twice, the later one.
-                if (piece.epoch < epoch) return;
-                epoch = piece.epoch;
-                const std::int64_t length = piece.end - piece.begin;
-                const Step step = length == 1         ? Step::Second
-                                  : length == kMinute ? Step::Minute
-                                  : length == kHour   ? Step::Hour
-                                                      : Step::Day;
-                values[i] = MarkValue{step, piece.value};
-            });
-    }
+    std::vector<std::size_t> all(figureCount());
+    std::iota(all.begin(), all.end(), std::size_t{0});
+    std::vector<int> epochs(figureCount(), -1);
+    QueryRows(folder_, vfs_, station, all).gather(Step::Second, t, t + 1, [&](const Piece& piece) {
+        // Of a second that a clock had twice, the later one.
+        int& epoch = epochs[piece.which];
+        if (piece.epoch < epoch) return;
+        epoch = piece.epoch;
+        const std::int64_t length = piece.end - piece.begin;
+        const Step step = length == 1         ? Step::Second
+                          : length == kMinute ? Step::Minute
+                          : length == kHour   ? Step::Hour
+                                              : Step::Day;
+        values[piece.which] = MarkValue{step, piece.value};
+    });
     return values;
 }
 

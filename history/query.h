@@ -20,7 +20,16 @@ struct Band {
     State cause = kNotRecorded;  ///< why the rest is not known; Known if nothing is missing
 };
 
-/// What a plot needs: one figure of one station between two times, in that many columns.
+/// What plots over one time axis need: figures of one station, in that many columns.
+struct AskedTogether {
+    int station = 0;                   ///< kHz
+    std::vector<std::size_t> figures;  ///< their indices in the registry
+    std::int64_t fromMs = 0;
+    std::int64_t toMs = 0;  ///< since 1970, UTC; after fromMs
+    int columns = 0;
+};
+
+/// The same for one figure.
 struct Asked {
     int station = 0;         ///< kHz
     std::size_t figure = 0;  ///< its index in the registry
@@ -46,8 +55,10 @@ class Query {
     /// The earliest time recorded of any station, in seconds since 1970: the begin of its first
     /// span or, without spans, of the first day that has a file.
     std::optional<std::int64_t> begin(int station) const;
-    /// One band for each column, made of seconds, minutes, hours or days, whichever suits the
-    /// column's length; where the fine ones are gone, of the next coarser ones.
+    /// Of each figure one band for each column, made of seconds, minutes, hours or days, whichever
+    /// suits the column's length; where the fine ones are gone, of the next coarser ones. Each row
+    /// of the files is read once, for all figures.
+    std::vector<std::vector<Band>> bands(const AskedTogether& asked) const;
     std::vector<Band> bands(const Asked& asked) const;
     /// All figures of the registry in the second t, else in its minute or hour.
     std::vector<std::optional<MarkValue>> at(int station, std::int64_t t) const;

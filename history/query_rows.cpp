@@ -39,8 +39,8 @@ Step stepFor(double secondsPerColumn) {
 }
 
 QueryRows::QueryRows(const std::filesystem::path& folder, const char* vfs, int station,
-                     std::size_t figure)
-    : folder_(folder), vfs_(vfs), station_(station), figure_(figure) {
+                     std::span<const std::size_t> figures)
+    : folder_(folder), vfs_(vfs), station_(station), figures_(figures.begin(), figures.end()) {
     try {
         database_ = std::make_unique<Database>(folder_ / kIndexName, Access::Read, vfs_);
         index_ = std::make_unique<IndexRows>(*database_);
@@ -92,10 +92,11 @@ void QueryRows::readDay(const std::filesystem::path& file, std::int64_t begin, s
                         const Take& take) {
     try {
         Database database(file, Access::Read, vfs_);
-        DayRows(database).seconds(station_, begin, end, figure_,
-                                  [&](std::int64_t t, int epoch, const FigureSecond& second) {
-                                      take({t, t + 1, epoch, spanOfSecond(second)});
-                                  });
+        DayRows(database).seconds(
+            station_, begin, end, figures_,
+            [&](std::int64_t t, int epoch, std::size_t which, const FigureSecond& second) {
+                take({which, t, t + 1, epoch, spanOfSecond(second)});
+            });
     } catch (const DatabaseFault&) {
         // As above.
     }
@@ -118,10 +119,10 @@ void QueryRows::gatherSpans(Step step, std::int64_t begin, std::int64_t end, boo
     }
     if (begin >= end) return;
     const std::int64_t length = step == Step::Day ? kLongestDaySpan : stepSeconds(step);
-    index_->spans(station_, stepSeconds(step), begin - length + 1, end, figure_,
-                  [&](std::int64_t t, std::int64_t seconds, int epoch,
+    index_->spans(station_, stepSeconds(step), begin - length + 1, end, figures_,
+                  [&](std::int64_t t, std::int64_t seconds, int epoch, std::size_t which,
                       const std::optional<SpanValue>& value) {
-                      Piece piece{t, t + seconds, epoch, value.value_or(SpanValue{})};
+                      Piece piece{which, t, t + seconds, epoch, value.value_or(SpanValue{})};
                       const auto wholeMs = static_cast<std::uint32_t>(seconds * 1000);
                       const State why = value ? State::NotMeasured : State::Gap;
                       if (piece.value.toldMs() == 0) {

@@ -6,6 +6,8 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
+#include <vector>
 
 #include "history/index_file.h"
 
@@ -16,21 +18,23 @@ enum class Step { Second, Minute, Hour, Day };
 /// The coarsest step whose spans are no longer than a column of that many seconds.
 Step stepFor(double secondsPerColumn);
 
-/// The figure during a stretch of time.
+/// One figure during a stretch of time.
 struct Piece {
+    std::size_t which = 0;   ///< its index among the requested figures
     std::int64_t begin = 0;  ///< seconds since 1970
     std::int64_t end = 0;
     int epoch = 0;
     SpanValue value;
 };
 
-/// Reads one figure of one station from all files of a folder.
+/// Reads some figures of one station from all files of a folder, each row once.
 class QueryRows {
  public:
     using Take = std::function<void(const Piece&)>;
 
+    /// `figures`: their indices in the registry.
     QueryRows(const std::filesystem::path& folder, const char* vfs, int station,
-              std::size_t figure);
+              std::span<const std::size_t> figures);
     ~QueryRows();
 
     /// Everything that overlaps [begin, end), in spans of `step` or, where there are none, coarser
@@ -49,7 +53,7 @@ class QueryRows {
     std::filesystem::path folder_;
     const char* vfs_;
     int station_;
-    std::size_t figure_;
+    std::vector<std::size_t> figures_;
     std::unique_ptr<Database> database_;
     std::unique_ptr<IndexRows> index_;
 };

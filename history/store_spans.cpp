@@ -65,8 +65,9 @@ Span Store::spanOfKey(const SpanKey& key) {
     for (std::size_t i = 0; i < figureCount(); ++i) {
         column.clear();
         for (const auto& day : rows) {
-            day->seconds(key.station, key.begin, key.end, i,
-                         [&](std::int64_t, int epoch, const FigureSecond& second) {
+            // One at a time: a day of all of them would take much memory.
+            day->seconds(key.station, key.begin, key.end, std::span(&i, 1),
+                         [&](std::int64_t, int epoch, std::size_t, const FigureSecond& second) {
                              if (epoch == key.epoch) column.push_back(second);
                          });
         }

@@ -32,11 +32,12 @@ HistoryView readHistory(const HistoryQuestion& question) {
     const AskedRange& range = question.range;
     const int columns = columnsUntil(range, question.nowMs);
     const std::int64_t to = range.fromMs + columns * range.eachMs;
-    for (const std::size_t figure : question.figures) {
-        view.bands.push_back(query.bands({view.station, figure, range.fromMs, to, columns}));
-        if (question.againMs == 0) continue;
-        view.before.push_back(query.bands({view.station, figure, range.fromMs - question.againMs,
-                                           range.toMs - question.againMs, range.columns()}));
+    view.bands = query.bands(
+        history::AskedTogether{view.station, question.figures, range.fromMs, to, columns});
+    if (question.againMs != 0) {
+        view.before = query.bands(
+            history::AskedTogether{view.station, question.figures, range.fromMs - question.againMs,
+                                   range.toMs - question.againMs, range.columns()});
     }
     view.events = query.events(range.fromMs / 1000, (range.toMs + 999) / 1000);
     std::erase_if(view.events, [&](const history::Event& event) {

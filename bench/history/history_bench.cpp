@@ -67,10 +67,14 @@ const std::filesystem::path& folder() {
 void open(benchmark::State& state, std::int64_t from, std::int64_t to) {
     const Query query(folder());
     for (auto _ : state) {
-        for (const char* key : {"deviation_peak", "field", "pilot_level", "multipath"}) {
-            const auto bands =
-                query.bands({kStation, indexOf(key), from * 1000, to * 1000, kPixels});
-            if (bands[kPixels / 2].knownMs <= 0) state.SkipWithError("nothing is there");
+        const auto bands = query.bands(AskedTogether{kStation,
+                                                     {indexOf("deviation_peak"), indexOf("field"),
+                                                      indexOf("pilot_level"), indexOf("multipath")},
+                                                     from * 1000,
+                                                     to * 1000,
+                                                     kPixels});
+        for (const auto& columns : bands) {
+            if (columns[kPixels / 2].knownMs <= 0) state.SkipWithError("nothing is there");
         }
         benchmark::DoNotOptimize(query.events(from, to));
     }

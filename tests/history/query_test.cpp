@@ -168,6 +168,35 @@ TEST_F(QueryTest, WhereSecondsAreGoneMinutesAnswerAndThenHours) {
     EXPECT_NEAR(hours[30].mean, 9.295, 1e-3);
 }
 
+TEST_F(QueryTest, FiguresAskedTogetherAreAsEachAlone) {
+    {
+        Feed feed(folder, begin);
+        feed.tune();
+        feed.run(300, 60);
+        feed.stop();
+    }
+    AskedTogether asked{kStation, {}, (begin - 60) * 1000, (begin + 300) * 1000, 0};
+    for (std::size_t i = figureCount(); i > 0; --i) asked.figures.push_back(i - 1);
+    for (const int columns : {360, 6}) {
+        asked.columns = columns;
+        const auto together = Query(folder).bands(asked);
+        ASSERT_EQ(together.size(), figureCount());
+        for (std::size_t i = 0; i < together.size(); ++i) {
+            const auto alone = Query(folder).bands(
+                {kStation, asked.figures[i], asked.fromMs, asked.toMs, columns});
+            ASSERT_EQ(together[i].size(), alone.size());
+            for (std::size_t c = 0; c < alone.size(); ++c) {
+                EXPECT_EQ(together[i][c].mean, alone[c].mean) << i << " " << c;
+                EXPECT_EQ(together[i][c].highest, alone[c].highest) << i << " " << c;
+                EXPECT_EQ(together[i][c].knownMs, alone[c].knownMs) << i << " " << c;
+                EXPECT_EQ(together[i][c].cause, alone[c].cause) << i << " " << c;
+            }
+        }
+    }
+    asked.figures = {0, figureCount()};
+    EXPECT_TRUE(Query(folder).bands(asked).at(0).empty()) << "no such figure";
+}
+
 TEST_F(QueryTest, AngleBandsGoByTheDoubledAngle) {
     Feed feed(folder, begin);
     feed.series = [](std::int64_t t) {

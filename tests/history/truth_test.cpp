@@ -98,8 +98,9 @@ void Truth::compareSpans(std::int64_t step, const std::string& options) {
     const IndexRows index(database);
     std::map<std::pair<std::size_t, std::int64_t>, SpanValue> spans;
     for (std::size_t i = 0; i < figureCount(); ++i) {
-        index.spans(kStation, step, 0, INT64_MAX / 2, i,
-                    [&](std::int64_t t, std::int64_t, int, const std::optional<SpanValue>& value) {
+        index.spans(kStation, step, 0, INT64_MAX / 2, std::span(&i, 1),
+                    [&](std::int64_t t, std::int64_t, int, std::size_t,
+                        const std::optional<SpanValue>& value) {
                         ASSERT_TRUE(value);
                         spans[{i, step == kDayStep ? 0 : t}] = *value;
                     });

@@ -170,28 +170,32 @@ void Year::compareSpans(const std::filesystem::path& file, std::int64_t step, co
         } else if (CivilDay::of(t) != CivilDay::of(t + step - 1)) {
             continue;  // in two files, and the reader reads one
         }
+        // A clock that was set back over a midnight has it before it: the next day's look compares.
+        const std::int64_t over = step == kDayStep ? boundsOfDay(t).end : t + step;
+        if (over > now + stepped) continue;
         for (const std::size_t figure : {std::size_t{0}, std::size_t{1}, std::size_t{5},
                                          std::size_t{8}, std::size_t{9}, std::size_t{16}}) {
             const std::size_t at = columnOf(rows[0], figures::all()[figure].key);
             bool seen = false;
-            index.spans(
-                khz, step, t, end, figure,
-                [&](std::int64_t, std::int64_t, int of, const std::optional<SpanValue>& value) {
-                    if (of != epoch) return;
-                    seen = true;
-                    ASSERT_TRUE(value);
-                    const std::string where =
-                        file.string() + " " + row[1] + " " + figures::all()[figure].key;
-                    ASSERT_EQ(row[at + 5], std::to_string(value->knownMs)) << where;
-                    if (value->knownMs == 0) return;
-                    ASSERT_NEAR(std::stod(row[at]), value->lowest, 2e-4) << where;
-                    ASSERT_NEAR(std::stod(row[at + 1]), value->mean, 2e-4) << where;
-                    ASSERT_NEAR(std::stod(row[at + 2]), value->highest, 2e-4) << where;
-                    ASSERT_NEAR(std::stod(row[at + 3]), value->percentile1, 2e-4) << where;
-                    ASSERT_NEAR(std::stod(row[at + 4]), value->percentile99, 2e-4) << where;
-                    ++compared;
-                });
-            ASSERT_TRUE(seen) << file << " " << options << " " << row[1] << " of " << khz;
+            index.spans(khz, step, t, end, std::span(&figure, 1),
+                        [&](std::int64_t, std::int64_t, int of, std::size_t,
+                            const std::optional<SpanValue>& value) {
+                            if (of != epoch) return;
+                            seen = true;
+                            ASSERT_TRUE(value);
+                            const std::string where =
+                                file.string() + " " + row[1] + " " + figures::all()[figure].key;
+                            ASSERT_EQ(row[at + 5], std::to_string(value->knownMs)) << where;
+                            if (value->knownMs == 0) return;
+                            ASSERT_NEAR(std::stod(row[at]), value->lowest, 2e-4) << where;
+                            ASSERT_NEAR(std::stod(row[at + 1]), value->mean, 2e-4) << where;
+                            ASSERT_NEAR(std::stod(row[at + 2]), value->highest, 2e-4) << where;
+                            ASSERT_NEAR(std::stod(row[at + 3]), value->percentile1, 2e-4) << where;
+                            ASSERT_NEAR(std::stod(row[at + 4]), value->percentile99, 2e-4) << where;
+                            ++compared;
+                        });
+            ASSERT_TRUE(seen) << file << " " << options << " " << row[1] << " of " << khz
+                              << " in epoch " << epoch;
         }
     }
 }
