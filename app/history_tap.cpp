@@ -17,13 +17,21 @@ using history::Input;
 constexpr std::int64_t kAgainMs = 200;
 /// Points and frames come by the hundred: that the unit is busy is told so often.
 constexpr std::int64_t kBusyMs = 250;
+/// More slots than a library keeps: so many may come at once after the program stood still.
+constexpr double kMostSlotsDue = 700;
+/// A unit that is made to run faster than this would fill the recorder's ring.
+constexpr double kQuickest = 4;
 /// Of a frequency unit, which is 100 kHz.
 constexpr double kKhz = 100;
 
 }  // namespace
 
 HistoryTap::HistoryTap(Program& program, history::InputSink& sink, Clock clock)
-    : program_(program), sink_(sink), clock_(std::move(clock)), correction_("0") {
+    : program_(program),
+      sink_(sink),
+      clock_(std::move(clock)),
+      slotsDue_(kMostSlotsDue),
+      correction_("0") {
     program_.driver.listeners().join(*this);
 }
 
@@ -77,7 +85,21 @@ bool HistoryTap::saysNothingNew(const Input& readings) const {
            readings.value == last_.value && readings.state == last_.state;
 }
 
+/// Whether more slots came than time has passed for, four times over. What is passed over then is
+/// lost in the file too, and its number tells so; the seconds are known by the others.
+bool HistoryTap::isFasterThanLife(std::uint32_t lengthMs) {
+    const std::int64_t now = clock_().steadyMs;
+    const auto passed = static_cast<double>(now - slotsDueAt_);
+    slotsDueAt_ = now;
+    slotsDue_ += passed * kQuickest / std::max(static_cast<double>(lengthMs), 1.0);
+    slotsDue_ = std::min(slotsDue_, kMostSlotsDue);
+    if (slotsDue_ < 1) return true;
+    slotsDue_ -= 1;
+    return false;
+}
+
 void HistoryTap::slotCame(const MeasuredSlot& slot) {
+    if (isFasterThanLife(slot.lengthMs)) return;
     Input input = inputNow(Input::What::Slot);
     input.slotUtcMs = slot.utcNs / 1'000'000;
     input.number = slot.number;
@@ -85,6 +107,11 @@ void HistoryTap::slotCame(const MeasuredSlot& slot) {
     std::ranges::copy(slot.values, input.value.begin());
     std::ranges::copy(slot.states, input.state.begin());
     handOn(input);
+}
+
+void HistoryTap::silent(display::Time) {
+    handOn(inputNow(Input::What::Silent));
+    hasLast_ = false;
 }
 
 void HistoryTap::halted(display::Time) {

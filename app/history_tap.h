@@ -25,6 +25,7 @@ class HistoryTap final : public DoorListener {
     void tuned(const Tuned& to) override;
     void measured(const Measured& now) override;
     void slotCame(const MeasuredSlot& slot) override;
+    void silent(display::Time at) override;
     void halted(display::Time at) override;
     void demoBegan(display::Time at) override;
     void frameCame(const SweepFrame& frame) override;
@@ -35,6 +36,7 @@ class HistoryTap final : public DoorListener {
     void handOn(const history::Input& input) { sink_.take(input); }
     void tellBusy();
     void tellCorrection();
+    bool isFasterThanLife(std::uint32_t lengthMs);
     bool saysNothingNew(const history::Input& readings) const;
 
     Program& program_;
@@ -43,6 +45,8 @@ class HistoryTap final : public DoorListener {
     history::Input last_;  ///< the last readings that were handed on
     bool hasLast_ = false;
     std::int64_t busyAt_ = 0;
+    double slotsDue_;  ///< so many slots may come at once
+    std::int64_t slotsDueAt_ = 0;
     SmallText correction_;  ///< of the field, as it was told
 };
 

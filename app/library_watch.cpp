@@ -94,6 +94,7 @@ std::optional<hm16::HostWatch::Next> LibraryWatch::ask(const HostTrouble& troubl
     };
     const bool leaving = trouble.function == kTerminate;
     if (leaving) keys.erase(keys.begin(), keys.begin() + 2);
+    program_.driver.listeners().silent(program_.desktop.now());
     const auto pressed = box_.standWhile(
         {"HMonitor", spanish ? sentence.spanish : sentence.english, display::BoxIcon::Critical},
         keys, over);

@@ -17,10 +17,13 @@ enum class EventKind : std::uint8_t {
     ClockStepped = 7,
     Demo = 8,
     FieldCorrection = 9,
-    Away = 10,    ///< an analysis takes the unit
-    Lost = 11,    ///< seconds that could not be written
-    Damaged = 12  ///< a damaged file was set aside
+    Away = 10,     ///< an analysis takes the unit
+    Lost = 11,     ///< seconds that could not be written
+    Damaged = 12,  ///< a damaged file was set aside
+    Asleep = 13,   ///< the machine slept: nothing was recorded
+    Held = 14      ///< the program was stopped: nothing was recorded
 };
+inline constexpr EventKind kLastEventKind = EventKind::Held;
 
 struct Event {
     std::int64_t t = 0;  ///< seconds since 1970, UTC

@@ -22,7 +22,14 @@ Moment Moment::now() {
 #else
     constexpr clockid_t kSteady = CLOCK_MONOTONIC;
 #endif
-    return {clockMs(CLOCK_REALTIME), clockMs(kSteady)};
+    // A thread that is held between the clocks would see a sleep that was none.
+    constexpr std::int64_t kAtOnceMs = 50;
+    while (true) {
+        const std::int64_t awake = clockMs(CLOCK_MONOTONIC);
+        const Moment now{clockMs(CLOCK_REALTIME), clockMs(kSteady), 0};
+        if (clockMs(CLOCK_MONOTONIC) - awake > kAtOnceMs) continue;
+        return {now.utcMs, now.steadyMs, now.steadyMs - awake};
+    }
 }
 
 }  // namespace history

@@ -14,6 +14,7 @@ namespace history {
 struct Moment {
     std::int64_t utcMs = 0;     ///< since 1970
     std::int64_t steadyMs = 0;  ///< from any origin
+    std::int64_t asleepMs = 0;  ///< how long the machine has slept, from any origin
 
     /// The present time by the system's clocks.
     static Moment now();
@@ -27,6 +28,7 @@ struct Input {
         Readings,  ///< sixteen outputs and the two of RDS: value[0..17]
         Slot,      ///< a slot of a library that states its figures' states, in the registry's order
         Halted,    ///< the unit measures no station any more
+        Silent,    ///< a call to the unit has not returned in time, until any other input comes
         Busy,      ///< a point or a frame of an analysis came: the unit is in use
         Demo,      ///< the demo mode's figures begin (flag) or end
         FieldCorrection,  ///< value[0]: the field correction from now on, dB

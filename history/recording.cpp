@@ -33,6 +33,8 @@ void Recording::take(const Input& input) {
     stepTo(at);
     const std::int64_t now = at.ms;
     const bool lost = input.lostBefore != 0;
+    wakeAt(input.at.asleepMs, now);
+    if (input.what != Input::What::Tick) hear(now);
     switch (input.what) {
         case Input::What::Tuned:
             return tune(input, now);
@@ -42,6 +44,8 @@ void Recording::take(const Input& input) {
             return takeSlot(input, now);
         case Input::What::Halted:
             return halt(now);
+        case Input::What::Silent:
+            return fallSilent(now);
         case Input::What::Busy:
             return fillUpTo(now, lost);
         case Input::What::Demo:
@@ -52,6 +56,7 @@ void Recording::take(const Input& input) {
             // Of a station only its readings tell; that the unit is away is known without any.
             tellAway(now);
             if (unit_ == Unit::Away) fillUpTo(now, lost);
+            if (isSilent_) fill(now, State::Stale);
             return;
         case Input::What::Stop:
             fillUpTo(now, lost);
@@ -66,19 +71,67 @@ void Recording::take(const Input& input) {
 void Recording::stepTo(const Timeline::At& at) {
     if (at.steppedMs == 0) return;
     builder_.begin(station_, timeline_.epoch());
-    cursor_ = at.ms;
+    cursor_ = heardAt_ = at.ms;
     lastSlotAt_ = at.ms;
     event(at.ms, EventKind::ClockStepped, secondsText(at.steppedMs));
 }
 
+/// What the machine slept through nobody measured, whatever the unit did meanwhile.
+void Recording::wakeAt(std::int64_t asleepMs, std::int64_t now) {
+    const std::int64_t slept = asleepMs - asleepMs_.value_or(asleepMs);
+    asleepMs_ = asleepMs;
+    if (slept < kSleepMs) return;
+    leaveOut(now, EventKind::Asleep);
+    lastSlotAt_ += slept;
+    heardAt_ = now;
+}
+
+/// While nothing came at all nobody looked for slots: that time does not make them stale.
+void Recording::hear(std::int64_t now) {
+    const std::int64_t silent = now - heardAt_;
+    if (silent > kHoldMs && !isSilent_) lastSlotAt_ += silent;
+    heardAt_ = now;
+}
+
+/// A call lasts on: the unit is lost, until anything comes of it.
+void Recording::fallSilent(std::int64_t now) {
+    if (isDemo_ || unit_ != Unit::OnStation) return;
+    isSilent_ = true;
+    tellLost(true, now);
+    fill(now, State::Stale);
+}
+
+/// Ends that. A library that was started anew counts its slots from the start.
+void Recording::speak(std::int64_t now) {
+    if (!isSilent_) return;
+    fill(now, State::Stale);
+    isSilent_ = false;
+    nextSlot_.reset();
+    hasHeld_ = false;
+}
+
+/// Nobody recorded up to then: no seconds, but for the parts of those at both ends.
+void Recording::leaveOut(std::int64_t until, EventKind why) {
+    constexpr std::int64_t kSecondMs = 1000;
+    if (until <= cursor_) return;
+    const bool isRecording = unit_ != Unit::Nowhere && !isDemo_;
+    if (isRecording) event(until, why, secondsText(until - cursor_));
+    const std::int64_t whole = (cursor_ + kSecondMs - 1) / kSecondMs * kSecondMs;
+    if (isRecording) fill(std::min(whole, until), State::Gap);
+    if (cursor_ < until) builder_.finish();
+    cursor_ = std::max(cursor_, until / kSecondMs * kSecondMs);
+    if (isRecording) fill(until, State::Gap);
+    cursor_ = until;
+}
+
 void Recording::tune(const Input& input, std::int64_t now) {
+    speak(now);
     tellAway(now);
     fillUpTo(now, input.lostBefore != 0);
     station_ = input.khz;
     builder_.begin(station_, timeline_.epoch());
     unit_ = Unit::OnStation;
     hasHeld_ = false;
-    isLost_ = false;
     awayAt_.reset();
     // The slots between two tunings are of neither.
     nextSlot_.reset();
@@ -90,6 +143,7 @@ void Recording::tune(const Input& input, std::int64_t now) {
 }
 
 void Recording::halt(std::int64_t now) {
+    speak(now);
     fillUpTo(now, false);
     if (unit_ == Unit::OnStation) {
         unit_ = Unit::Away;
@@ -122,6 +176,9 @@ void Recording::correctField(const Input& input, std::int64_t now) {
 
 void Recording::takeReadings(const Input& input, std::int64_t now) {
     if (isDemo_ || unit_ == Unit::Nowhere) return;
+    // Where there are slots, these alone end a silence.
+    if (isSilent_ && hasSlots_) return fill(now, State::Stale);
+    speak(now);
     fillUpTo(now, input.lostBefore != 0);
     if (unit_ == Unit::Away || hasSlots_) return;
     held_ = figuresOf(input);
@@ -137,6 +194,7 @@ void Recording::takeSlot(const Input& input, std::int64_t now) {
                            input.slotUtcMs >= now - kSlotAgeMs;
     const std::int64_t end = isOwnTime ? input.slotUtcMs : now;
     const std::int64_t begin = end - input.lengthMs;
+    speak(begin);
     const bool jumped = nextSlot_ && input.number > *nextSlot_;
     if (jumped && now - lastGapEvent_ >= kGapEventsMs) {
         event(now, EventKind::Gap,
@@ -147,7 +205,10 @@ void Recording::takeSlot(const Input& input, std::int64_t now) {
     // A hole between two slots: a loss, or time with the unit away. What is shorter than a slot is
     // rounding of times, and the slot tells of it too.
     if (begin > cursor_ && (jumped || begin - cursor_ > std::int64_t{input.lengthMs})) {
-        fill(begin, holeBefore(input, jumped));
+        const State why = holeBefore(input, jumped);
+        const bool isHeld = why == State::TooSlow && input.lostBefore == 0;
+        if (isHeld && begin - cursor_ > kLongestSlowMs) leaveOut(begin, EventKind::Held);
+        fill(begin, why);
     }
     nextSlot_ = input.number + 1;
     lastSlotAt_ = now;
@@ -198,12 +259,7 @@ void Recording::fillUpTo(std::int64_t now, bool lost) {
 void Recording::fillReadings(std::int64_t now, bool lost) {
     const std::int64_t silent = now - cursor_;
     if (lost) return fill(now, State::TooSlow);
-    if (silent > kLongestSlowMs) {
-        event(now, EventKind::Gap, secondsText(silent));
-        builder_.finish();
-        cursor_ = now;
-        return;
-    }
+    if (silent > kLongestSlowMs) return leaveOut(now, EventKind::Held);
     if (silent > kHoldMs) return fill(now, State::TooSlow);
     if (!hasHeld_) return fill(now, State::Settling);
     fill(now, held_);

@@ -32,6 +32,8 @@ class Recording final : public InputSink {
     static constexpr std::int64_t kStaleMs = 3000;
     /// A slot's own time is used if it is this close to the time at which the slot came.
     static constexpr std::int64_t kSlotAgeMs = 60000;
+    /// The machine sleeps for at least this long; a shorter pause counts as a slow machine.
+    static constexpr std::int64_t kSleepMs = 1000;
     /// A unit that is halted for longer is in use elsewhere; each tuning halts it for a moment.
     static constexpr std::int64_t kTakenMs = 1000;
 
@@ -47,6 +49,11 @@ class Recording final : public InputSink {
     enum class Unit { Nowhere, OnStation, Away };
 
     void stepTo(const Timeline::At& at);
+    void wakeAt(std::int64_t asleepMs, std::int64_t now);
+    void hear(std::int64_t now);
+    void fallSilent(std::int64_t now);
+    void speak(std::int64_t now);
+    void leaveOut(std::int64_t until, EventKind why);
     void tune(const Input& input, std::int64_t now);
     void halt(std::int64_t now);
     void tellAway(std::int64_t now);
@@ -69,10 +76,13 @@ class Recording final : public InputSink {
     SecondBuilder builder_;
     Unit unit_ = Unit::Nowhere;
     bool isDemo_ = false;
-    bool isLost_ = false;  // the unit has no new readings
+    bool isLost_ = false;    // the unit has no new readings
+    bool isSilent_ = false;  // a call to it has not returned in time
     int station_ = 0;
     float fieldCorrection_ = 0;
-    std::int64_t cursor_ = 0;             // up to here everything is recorded
+    std::int64_t cursor_ = 0;   // up to here everything is recorded
+    std::int64_t heardAt_ = 0;  // the last input other than the recorder's own ticks
+    std::optional<std::int64_t> asleepMs_;
     std::optional<std::int64_t> awayAt_;  // halted then, and nobody was told yet
     bool hasHeld_ = false;                // readings since the tuning
     FigureValues held_;

@@ -123,7 +123,7 @@ std::vector<Event> readEvents(Database& database, std::int64_t begin, std::int64
     while (rows.step()) {
         const std::int64_t kind = rows.number(2);
         const std::int64_t station = rows.number(1);
-        if (kind < 1 || kind > static_cast<std::int64_t>(EventKind::Damaged)) continue;
+        if (kind < 1 || kind > static_cast<std::int64_t>(kLastEventKind)) continue;
         events.push_back(
             {rows.number(0), static_cast<int>(std::clamp<std::int64_t>(station, 0, INT32_MAX)),
              static_cast<EventKind>(kind), std::string(rows.bytes(3).substr(0, kLongestText))});

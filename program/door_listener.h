@@ -65,6 +65,9 @@ class DoorListener {
     /// Each slot of the tuned station once, before the readings with which it was asked for. A
     /// value beyond the figure's range is out of range here too.
     virtual void slotCame(const MeasuredSlot&) {}
+    /// A call to the unit does not come back, or its library crashed in it; the user is asked what
+    /// to do. The next thing that is heard ends it.
+    virtual void silent(display::Time) {}
     /// The unit does nothing until it is told otherwise.
     virtual void halted(display::Time) {}
     /// From here on the program runs without a unit, on figures that are made up. Said twice.

@@ -25,6 +25,9 @@ class DoorListeners final : public DoorListener {
     void slotCame(const MeasuredSlot& slot) override {
         for (DoorListener* one : all_) one->slotCame(slot);
     }
+    void silent(display::Time at) override {
+        for (DoorListener* one : all_) one->silent(at);
+    }
     void halted(display::Time at) override {
         for (DoorListener* one : all_) one->halted(at);
     }

@@ -103,18 +103,21 @@ std::vector<display::PlotCause> causeColours() {
 }
 
 std::string eventWords(const Event& event, Language language) {
-    constexpr std::array<Words, 12> kKinds = {{{"el registro empieza", "recording starts"},
-                                               {"el registro termina", "recording ends"},
-                                               {"sintonizada", "tuned"},
-                                               {"unidad perdida", "unit lost"},
-                                               {"unidad encontrada", "unit found"},
-                                               {"muestras perdidas", "samples lost"},
-                                               {"cambió la hora", "clock set"},
-                                               {"modo demo", "demo mode"},
-                                               {"corrección de campo", "field correction"},
-                                               {"unidad ocupada", "unit taken"},
-                                               {"segundos perdidos", "seconds lost"},
-                                               {"archivo apartado", "file set aside"}}};
+    constexpr std::array<Words, 14> kKinds = {
+        {{"el registro empieza", "recording starts"},
+         {"el registro termina", "recording ends"},
+         {"sintonizada", "tuned"},
+         {"unidad perdida", "unit lost"},
+         {"unidad encontrada", "unit found"},
+         {"muestras perdidas", "samples lost"},
+         {"cambió la hora", "clock set"},
+         {"modo demo", "demo mode"},
+         {"corrección de campo", "field correction"},
+         {"unidad ocupada", "unit taken"},
+         {"segundos perdidos", "seconds lost"},
+         {"archivo apartado", "file set aside"},
+         {"el equipo durmió", "the machine slept"},
+         {"el programa se detuvo", "the program stood still"}}};
     const auto place = static_cast<std::size_t>(event.kind) - 1;
     std::string words(place < kKinds.size() ? wordsIn(language, kKinds[place])
                                             : std::string_view());
@@ -128,6 +131,8 @@ Colour eventColour(EventKind kind) {
         case EventKind::Gap:
         case EventKind::Lost:
         case EventKind::Damaged:
+        case EventKind::Asleep:
+        case EventKind::Held:
             return {0x6060ff};
         case EventKind::ClockStepped:
         case EventKind::FieldCorrection:

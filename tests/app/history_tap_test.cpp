@@ -43,7 +43,7 @@ struct SlottedUnit final : ScriptedDriver {
         newest.fill(State::Known);
         return newest;
     }
-    std::uint64_t ended() const { return static_cast<std::uint64_t>(desktop->now().count()) / 50; }
+    std::uint64_t ended() const { return static_cast<std::uint64_t>(msOf(*desktop)) / 50; }
     std::int32_t HM_Normal(float frequency, std::int32_t average, std::int32_t audioMode,
                            std::int32_t armed, std::int32_t logFiles) override {
         number = ended();
@@ -266,6 +266,43 @@ struct CountedInputs final : history::InputSink {
     int count(history::Input::What what) const { return of[static_cast<std::size_t>(what)]; }
     std::array<int, 16> of{};
 };
+
+TEST(HistoryTap, OfAUnitThatIsAThousandTimesFasterNothingFillsTheRing) {
+    auto unit = std::make_unique<SlottedUnit>();
+    SlottedUnit& slotted = *unit;
+    RackBench bench(std::move(unit));
+    slotted.desktop = &bench.desktop;
+    CountedInputs counted;
+    const HistoryTap tap(bench.program, counted, [&bench] {
+        return history::Moment{msOf(bench.desktop), msOf(bench.desktop)};
+    });
+    bench.start();
+    bench.advance(31s);
+    const int before = counted.count(history::Input::What::Slot);
+    int looks = 0;
+    for (; looks < 2000; ++looks) {
+        // As many as a library keeps came since the last heartbeat.
+        slotted.number = slotted.ended() - 600;
+        bench.beat();
+    }
+    const int slots = counted.count(history::Input::What::Slot) - before;
+    EXPECT_LE(slots, 700 + 4 * 20 * 61) << "of a million";
+    EXPECT_GE(slots, 20 * 60);
+}
+
+TEST(HistoryTap, ABoxThatSaysThatTheUnitDoesNotAnswerIsAUnitThatIsLost) {
+    TappedRack rack;
+    rack.start();
+    rack.live(2s);
+    rack.bench.program.driver.listeners().silent(rack.bench.desktop.now());
+    for (int i = 0; i < 10; ++i) {
+        rack.bench.desktop.advance(0ms);
+        rack.recording.take(
+            history::test::Inputs::at(rack.now().utcMs + i * 500, history::Input::What::Tick));
+    }
+    EXPECT_EQ(rack.kinds().back(), EventKind::UnitLost);
+    EXPECT_EQ(rack.last("field").state, State::Stale);
+}
 
 TEST(HistoryTap, FillsAMinutesRoomWithNoMoreThanAMinute) {
     RackBench bench;

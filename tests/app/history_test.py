@@ -18,7 +18,7 @@ from screen import wait_for
 
 STATION = 98500  # kHz, the first memory
 LOST = 5  # seconds that a killed program may lose at most
-START, STOP, TUNED = 1, 2, 3
+START, STOP, TUNED, HELD = 1, 2, 3, 14
 TREE = pathlib.Path(__file__).resolve().parents[2]
 
 
@@ -90,6 +90,49 @@ def kept_through_a_kill(rack, album):
     for row, after in zip(second, second[1:]):
         assert int(after["t"]) == int(row["t"]) + 1, "a second is missing"
     expect_as_given(second)
+
+
+def stand_still(rack, seconds):
+    """Stops the program for a while, and not the process of its unit. Answers from when to when."""
+    begin = time.time()
+    rack.program.send_signal(signal.SIGSTOP)
+    time.sleep(seconds)  # it is the length of the stop that counts
+    rack.program.send_signal(signal.SIGCONT)
+    end = time.time()
+    wait_for(lambda: are_known(rack, end + 2), "measuring to go on")
+    return begin, end
+
+
+def are_known(rack, until):
+    try:
+        return any(int(row["t"]) >= until and row["field (dBµV)"] for row in rows(rack))
+    except subprocess.CalledProcessError:
+        return False
+
+
+def inside(stop, told):
+    """The rows of whole seconds of a stop, but for the half second for which a reading holds."""
+    begin, end = stop
+    return [row for row in told if int(row["t"]) > begin + 0.5 and int(row["t"]) + 1 < end]
+
+
+@case(languages=(ENGLISH,), started=False)
+def what_it_stood_still_for_is_told_and_not_made_up(rack, album):
+    # A unit without slots: nobody but the program knows its readings.
+    shutil.copy(rack.build / "tests/app/noting/hm-16.so", rack.folder / "hm-16.so")
+    rack.start()
+    wait_for(lambda: are_there(rack, 4), "the first seconds")
+    short = stand_still(rack, 4)
+    long = stand_still(rack, 12)
+    rack.program.send_signal(signal.SIGTERM)
+    rack.program.wait()
+    told = rows(rack)
+    slow = inside(short, told)
+    assert len(slow) >= 2, "a short stop has its seconds"
+    for row in slow:
+        assert row["field state"] == "too slow" and not row["field (dBµV)"], row["t"]
+    assert not inside(long, told), "nobody recorded in a long one"
+    assert HELD in events(rack), "and an event says so"
 
 
 def expect_as_given(seconds):

@@ -71,7 +71,7 @@ TEST_F(HistoryPage, TellsInWhichMinutesSomethingIsMissing) {
 
 TEST_F(HistoryPage, TellsWhatHappened) {
     const std::vector<std::string> events{"2026-05-04 12:00:00|98500|tuned|detector 0, mode 0|",
-                                          "2026-05-04 12:01:50|98500|gap|20.5 s|",
+                                          "2026-05-04 12:01:50|98500|stood still|20.5 s|",
                                           "2026-05-04 12:01:50|90000|tuned|detector 0, mode 0|",
                                           "2026-05-04 12:04:00|90000|stop||"};
     EXPECT_EQ(answer("2026-05-04.hm16day", 2, 4), events);

@@ -26,23 +26,31 @@ struct RecordingTest : testing::Test {
     /// Readings every 30 ms, as of the heartbeat.
     void beats(std::int64_t ms, float value = 5) {
         for (const std::int64_t end = now + ms; now < end; now += 30) {
-            recording.take(Inputs::readings(now, outputs(value)));
+            recording.take(readings(now, value));
         }
+    }
+    Input readings(std::int64_t at, float value) const {
+        return slept(Inputs::readings(at, outputs(value)));
+    }
+    Input slept(Input input) const {
+        input.at.asleepMs = asleep;
+        return input;
     }
     /// Slots of 50 ms with consecutive numbers.
     void slots(int count, float value = 5) {
         for (int i = 0; i < count; ++i) {
             now += 50;
-            recording.take(Inputs::slot(now, ++number, value));
+            recording.take(slept(Inputs::slot(now, ++number, value)));
         }
     }
-    void take(Input::What what) { recording.take(Inputs::at(now, what)); }
+    void take(Input::What what) { recording.take(slept(Inputs::at(now, what))); }
     std::vector<EventKind> kinds() const {
         std::vector<EventKind> kinds;
         for (const Event& event : kept.events) kinds.push_back(event.kind);
         return kinds;
     }
     std::uint64_t number = 40;
+    std::int64_t asleep = 0;  ///< how long the machine has slept
 };
 
 TEST_F(RecordingTest, BeforeTheFirstTuningNothingIsRecorded) {
@@ -107,7 +115,139 @@ TEST_F(RecordingTest, AHeldThreadIsASlowMachineAndALongSilenceNobody) {
     now += 3600000;  // the machine slept
     beats(2100);
     EXPECT_LE(kept.seconds.size(), before + 4);
-    EXPECT_EQ(kept.events.back().kind, EventKind::Gap);
+    EXPECT_EQ(kept.events.back().kind, EventKind::Held);
+}
+
+TEST_F(RecordingTest, WhatTheMachineSleptThroughNobodyRecordedAndAnEventSaysSo) {
+    tuned();
+    beats(1500);
+    const std::size_t before = kept.seconds.size();
+    now += 7200000;
+    asleep = 7200000;
+    beats(2600);
+    ASSERT_GE(kept.seconds.size(), before + 3);
+    EXPECT_EQ(kept.seconds[before].t, kBegin / 1000 + 1);
+    EXPECT_EQ(kept.figure(before, "field").state, State::Gap) << "it slept in its middle";
+    EXPECT_NEAR(kept.figure(before, "field").knownMs, 500, 60);
+    EXPECT_EQ(kept.seconds[before + 1].t, kBegin / 1000 + 7201) << "no second in between";
+    EXPECT_EQ(kept.figure(before + 1, "field").state, State::Gap) << "it woke in its middle";
+    EXPECT_EQ(kept.figure(before + 2, "field").knownMs, 1000);
+    ASSERT_EQ(kept.events.back().kind, EventKind::Asleep);
+    EXPECT_EQ(kept.events.back().text.substr(0, 4), "7200");
+}
+
+TEST_F(RecordingTest, AShortSleepIsNoneOfTheUnitsEither) {
+    tuned();
+    beats(1000);
+    now += 3000;
+    asleep = 3000;
+    beats(2000);
+    EXPECT_EQ(kept.events.back().kind, EventKind::Asleep);
+    for (const Second& second : kept.seconds) {
+        EXPECT_NE(second.figures[indexOf("field")].state, State::TooSlow) << second.t;
+    }
+}
+
+TEST_F(RecordingTest, AMachineThatSleptWithSlotsHasNeitherStaleNorSlowSeconds) {
+    tuned();
+    slots(20);
+    const std::size_t before = kept.seconds.size();
+    now += 3600000;
+    asleep = 3600000;
+    take(Input::What::Tick);
+    recording.take(readings(now, 5));
+    slots(60);
+    EXPECT_THAT(kinds(), testing::ElementsAre(EventKind::Tuned, EventKind::Asleep));
+    EXPECT_LE(kept.seconds.size(), before + 4);
+    EXPECT_EQ(kept.figure(kept.seconds.size() - 1, "field").knownMs, 1000);
+}
+
+TEST_F(RecordingTest, AMachineThatSleptWhileTheUnitWasAwayHasNoSecondsEither) {
+    tuned();
+    beats(1000);
+    take(Input::What::Halted);
+    now += 2000;
+    take(Input::What::Tick);
+    const std::size_t before = kept.seconds.size();
+    now += 3600000;
+    asleep = 3600000;
+    take(Input::What::Tick);
+    EXPECT_LE(kept.seconds.size(), before + 2);
+    EXPECT_EQ(kept.events.back().kind, EventKind::Asleep);
+}
+
+TEST_F(RecordingTest, WithSlotsThatWaitedAProgramThatStoodStillMissesNothing) {
+    tuned();
+    slots(20);
+    const std::int64_t held = now;
+    now += 20000;
+    for (int i = 1; i <= 400; ++i) {
+        Input input = Inputs::slot(now, ++number, 8);
+        input.slotUtcMs = held + i * 50;
+        recording.take(input);
+    }
+    recording.take(readings(now, 5));
+    slots(20);
+    EXPECT_THAT(kinds(), testing::ElementsAre(EventKind::Tuned));
+    ASSERT_GE(kept.seconds.size(), 21u);
+    for (std::size_t i = 1; i < 21; ++i) EXPECT_EQ(kept.figure(i, "field").knownMs, 1000) << i;
+}
+
+TEST_F(RecordingTest, WithSlotsAProgramThatStoodStillWithItsUnitRecordedNothing) {
+    tuned();
+    slots(20);
+    const std::size_t before = kept.seconds.size();
+    now += 20000;
+    recording.take(readings(now, 5));
+    slots(40);
+    EXPECT_THAT(kinds(), testing::ElementsAre(EventKind::Tuned, EventKind::Held));
+    EXPECT_LE(kept.seconds.size(), before + 4);
+}
+
+TEST_F(RecordingTest, ACallThatLastsOnIsAUnitThatIsLostUntilItMeasuresAgain) {
+    for (const bool slotted : {false, true}) {
+        kept = {};
+        tuned();
+        slotted ? slots(20) : beats(1000);
+        now += 5000;
+        take(Input::What::Silent);
+        for (int i = 0; i < 40; ++i, now += 500) take(Input::What::Tick);
+        EXPECT_GE(kept.seconds.back().t, now / 1000 - 2) << "it is told while it lasts";
+        number = 0;  // started anew
+        slotted ? slots(41) : beats(2100);
+        EXPECT_THAT(kinds(), testing::ElementsAre(EventKind::Tuned, EventKind::UnitLost,
+                                                  EventKind::UnitFound));
+        int stale = 0;
+        for (std::size_t i = 0; i < kept.seconds.size(); ++i) {
+            const FigureSecond& field = kept.figure(i, "field");
+            EXPECT_NE(field.state, State::TooSlow) << i;
+            EXPECT_NE(field.state, State::Gap) << i;
+            stale += field.state == State::Stale;
+        }
+        EXPECT_GE(stale, 24) << slotted;
+        EXPECT_EQ(kept.figure(kept.seconds.size() - 1, "field").knownMs, 1000);
+    }
+}
+
+TEST_F(RecordingTest, AUnitThatIsAwayStaysSoWhileItsCallLastsOn) {
+    tuned();
+    beats(1000);
+    take(Input::What::Halted);
+    take(Input::What::Silent);
+    now += 3000;
+    take(Input::What::Tick);
+    EXPECT_EQ(kept.seconds.back().figures[indexOf("field")].state, State::UnitAway);
+}
+
+TEST_F(RecordingTest, ATuningDoesNotFindAUnitThatIsLost) {
+    tuned();
+    beats(1000);
+    take(Input::What::Silent);
+    now += 3000;
+    tuned();
+    EXPECT_EQ(kept.events.back().kind, EventKind::Tuned);
+    beats(300);
+    EXPECT_EQ(kept.events.back().kind, EventKind::UnitFound);
 }
 
 TEST_F(RecordingTest, InputsThatWereLostAreASlowMachine) {

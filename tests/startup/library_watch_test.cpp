@@ -82,6 +82,7 @@ class WatchedRack {
         program = std::make_unique<Program>(desktop, opened->library(), itsFiles);
         program->LibraryFault = opened->fault();
         opened->watchFor(*program, box);
+        if (listener) program->driver.listeners().join(*listener);
         forms = std::make_unique<Forms>(*program);
         forms->formWaitLoad.show();
         desktop.advance(2000ms);
@@ -99,6 +100,7 @@ class WatchedRack {
     std::chrono::milliseconds patience = 20s;
     display::HeadlessDesktop desktop;
     ScriptedBox box;
+    DoorListener* listener = nullptr;  ///< at the driver door
     Files itsFiles{folder.path()};
     std::unique_ptr<OpenedDriver> opened;
     std::unique_ptr<Program> program;
@@ -148,6 +150,28 @@ TEST(LibraryWatch, ACrashWhileItMeasuresStartsAnewByAKeyAndNothingIsLost) {
     float version = 0;
     rack.opened->library().HM_getHardwareVersion(version);
     EXPECT_EQ(version, 1.8f);
+}
+
+TEST(LibraryWatch, WhoListensAtTheDoorHearsThatTheUnitIsSilentBeforeTheBoxStands) {
+    struct Ear final : DoorListener {
+        void silent(display::Time) override { ++silences; }
+        void measured(const Measured&) override { measures = true; }
+        int silences = 0;
+        bool measures = false;
+    };
+    Ear ear;
+    WatchedRack rack("crash HM_DataRDS 0\nonce");
+    rack.listener = &ear;
+    rack.box.answers = {"Start it again"};
+    rack.box.meanwhile = [&ear] {
+        EXPECT_EQ(ear.silences, 1);
+        ear.measures = false;
+    };
+    rack.start();
+    rack.desktop.advance(2000ms);
+    ASSERT_EQ(rack.box.boxes.size(), 1u);
+    EXPECT_EQ(ear.silences, 1);
+    EXPECT_TRUE(ear.measures) << "and that it measures again";
 }
 
 TEST(LibraryWatch, TheLastCallsLieBesideTheProgram) {

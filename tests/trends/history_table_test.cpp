@@ -89,7 +89,7 @@ TEST(HistoryWords, EveryCauseHasWordsAndAColourOfItsOwn) {
 }
 
 TEST(HistoryWords, EveryEventSaysWhatHappenedAndWhatItKnowsOfIt) {
-    for (int kind = 1; kind <= 12; ++kind) {
+    for (int kind = 1; kind <= static_cast<int>(history::kLastEventKind); ++kind) {
         const history::Event event{0, 0, static_cast<history::EventKind>(kind), "-3600 s"};
         const std::string words = eventWords(event, Language::English);
         EXPECT_GT(words.size(), std::string(": -3600 s").size()) << kind;
