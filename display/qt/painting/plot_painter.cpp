@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -24,7 +25,8 @@ constexpr qreal kMarkLine = 13;
 constexpr qreal kHatchStep = 65;
 constexpr qreal kFoot = 35;  ///< the mark below what is known in part
 constexpr qreal kFlag = 75;
-constexpr qreal kHead = 55;  ///< of a mark
+constexpr qreal kFlagsApart = 3;  ///< in widths of a flag
+constexpr qreal kHead = 55;       ///< of a mark
 constexpr qreal kBeside = 70;
 constexpr qreal kTitleTwips = 130;
 /// Columns on paper, whose own pixels are finer than anybody sees.
@@ -318,19 +320,41 @@ class PlotPaint {
         }
     }
 
+    /// The flags in view by their colours, the most frequent colour first, so that what is rare
+    /// lies over it; of one colour none nearer to the one before than its own width.
     void drawFlags() {
+        struct OfColour {
+            Colour colour;
+            std::size_t count = 0;
+            std::vector<qreal> places;
+        };
+        std::vector<OfColour> colours;
+        std::size_t all = 0;
+        const qreal size = kFlag * unit_;
         for (const PlotFlag& flag : plot_.flags()) {
             if (!inView(flag.x)) continue;
+            auto of = std::ranges::find(colours, flag.colour, &OfColour::colour);
+            if (of == colours.end()) of = colours.insert(of, {flag.colour, 0, {}});
             const qreal at = onPixel(xOf(flag.x));
-            const QColor colour = qColour(flag.colour);
-            fillLine(at, curves_.top(), hair(), curves_.height(), withAlpha(colour, 120));
-            const qreal size = kFlag * unit_;
-            painter_.setPen(Qt::NoPen);
-            painter_.setBrush(colour);
-            painter_.drawPolygon(QPolygonF({QPointF(at, curves_.top()),
-                                            QPointF(at + size, curves_.top() + size * 0.45),
-                                            QPointF(at, curves_.top() + size * 0.9)}));
+            ++all;
+            ++of->count;
+            if (of->places.empty() || at >= of->places.back() + size) of->places.push_back(at);
         }
+        std::ranges::stable_sort(colours, std::ranges::greater(), &OfColour::count);
+        // Each with a line through the curves, while these are seen between them.
+        const bool haveLines = static_cast<qreal>(all) * size * kFlagsApart <= curves_.width();
+        for (const OfColour& of : colours) {
+            for (const qreal at : of.places) drawFlag(at, size, qColour(of.colour), haveLines);
+        }
+    }
+
+    void drawFlag(qreal at, qreal size, const QColor& colour, bool hasLine) {
+        if (hasLine) fillLine(at, curves_.top(), hair(), curves_.height(), withAlpha(colour, 120));
+        painter_.setPen(Qt::NoPen);
+        painter_.setBrush(colour);
+        painter_.drawPolygon(
+            QPolygonF({QPointF(at, curves_.top()), QPointF(at + size, curves_.top() + size * 0.45),
+                       QPointF(at, curves_.top() + size * 0.9)}));
     }
 
     void drawMarks() {

@@ -230,6 +230,28 @@ TEST_F(ShownPlot, AMarkStandsAtItsPlaceAndTheOtherInItsOwnColour) {
     EXPECT_NEAR(QRectF(inkBox(pixels)).center().x(), box.left() + 0.25 * box.width(), 1.5);
 }
 
+TEST_F(ShownPlot, ManyFlagsHideNeitherTheCurvesNorTheOneThatIsRare) {
+    look(0, 1000);
+    const QColor common = qColour(kGreen);
+    const QColor rare = qColour(kRed);
+    std::vector<PlotFlag> flags;
+    for (int i = 0; i < 5000; ++i) flags.push_back({i / 5.0, kGreen});
+    flags.insert(flags.begin() + 2500, PlotFlag{500, kRed});
+    plot.flags(flags);
+    const QImage image = picture->taken();
+    const QRect box = curves();
+    const QRect seen = inkBox(image, box, common);
+    EXPECT_LT(seen.left(), box.left() + 3);
+    EXPECT_GT(seen.right(), box.right() - 12);
+    EXPECT_LT(seen.bottom(), box.top() + box.height() / 5) << "no line through the curves";
+    const QRect odd = inkBox(image, box, rare);
+    EXPECT_NEAR(odd.left(), box.left() + box.width() / 2, 2);
+    const auto few = [this] { plot.flags({{400, kGreen}}); };
+    few();
+    const QRect one = inkBox(picture->changedBy([this] { plot.flags({}); }, few));
+    EXPECT_GT(one.bottom(), box.bottom() - 3) << "a single one has its line";
+}
+
 TEST_F(ShownPlot, ALimitIsDashedAtItsValueAndAFlagStandsAtItsTime) {
     look(0, 1000);
     plot.limits({{75, kRed}, {140, kRed}});
