@@ -12,6 +12,7 @@
 #include "display/qt/painting/key_cap.h"
 #include "display/qt/painting/palette.h"
 #include "display/qt/painting/surfaces.h"
+#include "display/qt/widgets/view_scale.h"
 #include "display/qt/windows/qt_desktop.h"
 
 namespace display::qt {
@@ -89,7 +90,7 @@ void PictureKeyWidget::mousePressEvent(QMouseEvent* event) {
 void PictureKeyWidget::mouseMoveEvent(QMouseEvent* event) {
     // A key that is also a handle gets the pointer's moves as well.
     if (!key_.onMouseMove) return;
-    const Scale scale = desktop_.scale();
+    const Scale scale = viewScale(*this, desktop_);
     const Mouse at{static_cast<float>(scale.twips(event->position().x())),
                    static_cast<float>(scale.twips(event->position().y())),
                    event->buttons().testFlag(Qt::LeftButton)};
@@ -176,7 +177,7 @@ void KeyWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     paintPushKey(painter, rect(),
                  {text(), key_.colour, key_.lit || isDown() ? Cap::Lit : Cap::Dark,
-                  desktop_.scale().px(10), isEnabled()});
+                  viewScale(*this, desktop_).px(10), isEnabled()});
     if (hasFocus() && desktop_.keyboardUsed()) paintFocusRing(painter, rect());
 }
 
@@ -195,7 +196,7 @@ namespace {
 /// The text beside a check box is dark on a light plate.
 void dressWords(QWidget& widget, const Control& control, const QtDesktop& desktop) {
     widget.setFocusPolicy(focusPolicyOf(control));
-    widget.setFont(Fonts::get().font(desktop.scale().px(120), Weight::Normal));
+    widget.setFont(Fonts::get().font(viewScale(widget, desktop).px(120), Weight::Normal));
     QPalette colours = housePalette();
     // The style derives the edge of the box from this colour, darker: an empty box must be visible.
     colours.setColor(QPalette::Window, QColor(0xb0, 0xb8, 0xc2));

@@ -12,6 +12,7 @@
 #include "display/controls/lists.h"
 #include "display/qt/painting/fonts.h"
 #include "display/qt/widgets/key_widgets.h"
+#include "display/qt/widgets/view_scale.h"
 #include "display/qt/windows/qt_desktop.h"
 
 namespace display::qt {
@@ -38,7 +39,7 @@ ComboBoxWidget::ComboBoxWidget(QtDesktop& desktop, ComboBox& box, QWidget* paren
 
 void ComboBoxWidget::sync() {
     setFocusPolicy(focusPolicyOf(box_, Qt::ClickFocus));
-    setFont(Fonts::get().font(desktop_.scale().px(125), Weight::Normal));
+    setFont(Fonts::get().font(viewScale(*this, desktop_).px(125), Weight::Normal));
     const QStringList rows = rowsOf(box_.list);
     QStringList shown;
     for (int i = 0; i < count(); ++i) shown << itemText(i);
@@ -79,7 +80,7 @@ ListBoxWidget::ListBoxWidget(QtDesktop& desktop, ListBox& box, QWidget* parent)
 void ListBoxWidget::sync() {
     syncing_ = true;
     setFocusPolicy(focusPolicyOf(box_, Qt::ClickFocus));
-    const qreal height = desktop_.scale().px(125);
+    const qreal height = viewScale(*this, desktop_).px(125);
     setFont(box_.fixedPitch ? Fonts::get().fixedFont(height)
                             : Fonts::get().font(height, Weight::Normal));
     const QStringList rows = rowsOf(box_.list);
@@ -122,7 +123,7 @@ TabsWidget::TabsWidget(QtDesktop& desktop, Tabs& tabs, QWidget* parent)
 void TabsWidget::sync() {
     syncing_ = true;
     setFocusPolicy(focusPolicyOf(tabs_, Qt::ClickFocus));
-    setFont(Fonts::get().font(desktop_.scale().px(125), Weight::Normal));
+    setFont(Fonts::get().font(viewScale(*this, desktop_).px(125), Weight::Normal));
     const auto& pages = tabs_.pages();
     while (count() > static_cast<int>(pages.size())) removeTab(count() - 1);
     for (int i = 0; i < static_cast<int>(pages.size()); ++i) {
@@ -138,7 +139,7 @@ void TabsWidget::sync() {
 }
 
 QRect TabsWidget::within(const QRect& box) const {
-    const int strip = static_cast<int>(desktop_.scale().px(340));
+    const int strip = static_cast<int>(viewScale(*this, desktop_).px(340));
     return {box.left(), box.top(), box.width(), std::min(box.height(), strip)};
 }
 

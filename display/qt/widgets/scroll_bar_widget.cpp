@@ -13,6 +13,7 @@
 #include "display/controls/scroll_bar.h"
 #include "display/qt/painting/palette.h"
 #include "display/qt/widgets/key_widgets.h"
+#include "display/qt/widgets/view_scale.h"
 #include "display/qt/windows/qt_desktop.h"
 
 namespace display::qt {
@@ -94,7 +95,7 @@ int ScrollBarWidget::positionAt(qreal thumbStart) const {
 void ScrollBarWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const Thumb usable = isEnabled() ? Thumb::Free : Thumb::Unusable;
-    paintScrollBar(painter, bar_, size(), desktop_.scale().px(10),
+    paintScrollBar(painter, bar_, size(), viewScale(*this, desktop_).px(10),
                    gripped_ ? Thumb::Gripped : usable);
     if (hasFocus() && desktop_.keyboardUsed()) paintFocusRing(painter, rect());
 }

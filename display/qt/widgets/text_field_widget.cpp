@@ -15,6 +15,7 @@
 #include "display/qt/painting/palette.h"
 #include "display/qt/painting/surfaces.h"
 #include "display/qt/widgets/key_widgets.h"
+#include "display/qt/widgets/view_scale.h"
 #include "display/qt/windows/qt_desktop.h"
 
 namespace display::qt {
@@ -28,7 +29,8 @@ void TextFieldWidget::sync() {
     setFocusPolicy(focusPolicyOf(field_, Qt::ClickFocus));
     setReadOnly(field_.locked);
     const display::Font& font = field_.font;
-    setFont(Fonts::get().font(desktop_.scale().px(font.size), font.weight));
+    const Scale& scale = viewScale(*this, desktop_);
+    setFont(Fonts::get().font(scale.px(font.size), font.weight));
     setAlignment(field_.align == Align::Right    ? Qt::AlignRight
                  : field_.align == Align::Centre ? Qt::AlignHCenter
                                                  : Qt::AlignLeft);
@@ -40,7 +42,7 @@ void TextFieldWidget::sync() {
     colours.setColor(QPalette::Inactive, QPalette::Text, qColour(field_.colour));
     setPalette(colours);
     // The text keeps clear of the edge, as in readouts.
-    const int margin = desktop_.scale().whole(desktop_.scale().px(50));
+    const int margin = scale.whole(scale.px(50));
     setTextMargins(margin, 0, margin, 0);
     showModel();
     if (selections_ == field_.selections) return;

@@ -2,8 +2,12 @@
 // The rack made larger and smaller, over the whole screen, and put back where it stood.
 #include <QScreen>
 #include <algorithm>
+#include <array>
 
+#include "display/controls/buttons.h"
+#include "display/controls/lists.h"
 #include "display/controls/pictures.h"
+#include "display/controls/text_field.h"
 #include "display/number_table.h"
 #include "tests/display/qt/rack_of_two.h"
 
@@ -171,6 +175,10 @@ class Graphed final : public Form {
     }
     PictureBox graph{*this, "graph"};
     Key key{*this, "key"};
+    CheckBox check{*this, "check"};
+    Option option{*this, "option"};
+    ComboBox combo{*this, "combo"};
+    TextField field{*this, "field"};
 
  protected:
     void layOut() override {
@@ -179,6 +187,10 @@ class Graphed final : public Form {
         height = 3000.f;
         place(graph, {100, 100, 3800, 2200});
         place(key, {100, 2400, 1000, 400});
+        place(check, {1200, 2350, 600, 250}, "Check");
+        place(option, {1200, 2650, 600, 250}, "Option");
+        place(combo, {1900, 2400, 900, 300});
+        place(field, {2900, 2400, 900, 300});
     }
 };
 
@@ -209,6 +221,25 @@ TEST_F(ResizedWindow, FollowsItsEdgesAndTakesTheShapeOfItsForm) {
     EXPECT_NEAR(key.width(), desktop->scale().px(1500), 3);
     // The rack, and windows opened afterwards, keep their size.
     EXPECT_NEAR(desktop->scale().px(4000), first.width(), 2);
+}
+
+TEST_F(ResizedWindow, WordsGrowWithTheirWindow) {
+    Graphed form(*desktop, true);
+    show(form);
+    const std::array<QWidget*, 4> widgets{&widget(form.check), &widget(form.option),
+                                          &widget(form.combo), &widget(form.field)};
+    std::array<int, 4> sizes{};
+    for (std::size_t i = 0; i < widgets.size(); ++i) sizes[i] = widgets[i]->font().pixelSize();
+    for (const double zoom : {1.5, 0.7}) {
+        QWidget& window = *view(form).window();
+        const QSizeF natural = QSizeF(view(form).size()) / view(form).zoom();
+        window.resize((natural * zoom).toSize());
+        ASSERT_TRUE(until([&] { return std::abs(view(form).zoom() - zoom) < 0.02; }));
+        settle();
+        for (std::size_t i = 0; i < widgets.size(); ++i) {
+            EXPECT_NEAR(widgets[i]->font().pixelSize(), sizes[i] * zoom, 1) << i << " at " << zoom;
+        }
+    }
 }
 
 TEST_F(ResizedWindow, IsNotMadeSmallerThanItCanBeRead) {
