@@ -43,6 +43,10 @@ void Form_History::layOut() {
     layOutPlots();
     layOutValues();
     layOutFoot();
+    // The plots keep the keyboard: after a click + and - go on zooming.
+    for (Key& key : Command_Span) key.leavesFocus = true;
+    for (Key& key : Command_Set) key.leavesFocus = true;
+    for (Key* key : {&Command_Now, &Command_Keep, &Command_Again}) key->leavesFocus = true;
     tabOrder(Plot_Figure, Command_Span, Command_Now, Combo_Station, Check_Figure, Command_Set,
              Command_Keep, Command_Export, Command_Again, Command_Close);
     TimerLive.interval = std::chrono::seconds(1);

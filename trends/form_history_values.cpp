@@ -59,10 +59,12 @@ void Form_History::showValues() {
         const AskedRange& range = view_.asked.range;
         const std::int64_t begin = range.fromMs + static_cast<std::int64_t>(*column) * range.eachMs;
         const bool wholeDays = range.eachMs >= kDayMs;
-        const WallClock& clock = Plot_Figure[0].clock();
-        Label_Time.caption = wholeDays ? dateText(begin, clock) : clockText(begin);
+        const std::string date = dateText(begin, Plot_Figure[0].clock());
+        // The year beside the length: a whole date is wider than its place.
+        const std::size_t year = date.rfind(' ');
+        Label_Time.caption = wholeDays ? date.substr(0, year) : clockText(begin);
         Label_Date.caption =
-            (wholeDays ? std::string() : dateText(begin, clock) + " · ") + lengthText(range.eachMs);
+            (wholeDays ? date.substr(year + 1) : date) + " · " + lengthText(range.eachMs);
     } else {
         Label_Time.caption = Label_Date.caption = "";
     }

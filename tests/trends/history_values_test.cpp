@@ -96,6 +96,22 @@ TEST_F(History, AMinuteAtAMarkSaysFromWhereToWhereItWent) {
     EXPECT_THAT(form.Label_Date.caption.get(), HasSubstr(" · 1 min"));
 }
 
+TEST_F(History, AMarkAtADayHasItsDateAndTheYearBelow) {
+    recordQuarter();
+    open();
+    look(now() / 1000 - 10 * 365 * 86400LL, now() / 1000);
+    EXPECT_THAT(form.Label_Time.caption.get(), testing::EndsWith(" May"));
+    EXPECT_THAT(form.Label_Date.caption.get(), testing::StartsWith("2026 · "));
+}
+
+TEST_F(History, KeysOfTheWindowLeaveTheKeyboardToThePlots) {
+    open();
+    for (const display::Key& key : form.Command_Span) EXPECT_TRUE(key.leavesFocus);
+    EXPECT_TRUE(form.Command_Now.leavesFocus);
+    EXPECT_TRUE(form.Command_Again.leavesFocus);
+    EXPECT_FALSE(form.Command_Close.leavesFocus);
+}
+
 TEST_F(History, AMarkInAHoleSaysWhy) {
     const auto feed = record(120);
     feed->run(60);
