@@ -15,6 +15,7 @@ namespace {
 using Standing = history::StoreStatus::State;
 
 constexpr display::Time kLookEvery = std::chrono::seconds(1);
+constexpr display::Time kTellAside = std::chrono::minutes(10);
 /// What a commit may take; with less room on the disk the trouble stands.
 constexpr std::size_t kCommitBytes = 1'000'000;
 
@@ -45,11 +46,18 @@ void HistoryTroubles::measured(const Measured& now) {
     if (now.at - looked_ < kLookEvery) return;
     looked_ = now.at;
     const unsigned number = recorder_.statusNumber();
-    if (number != number_) {
+    const bool isNew = number != number_;
+    if (isNew) {
         number_ = number;
         status_ = recorder_.status();
-        program_.HistoryNotice = noticeOf(status_);
+        if (status_.setAside != aside_) asideSince_ = now.at;
+        aside_ = status_.setAside;
     }
+    // Nothing is to be done about it: told for a while, and for ever among the events.
+    const bool isOver = !aside_.empty() && now.at - asideSince_ >= kTellAside;
+    if (isOver) status_.setAside.clear();
+    if (isNew || isOver != asideOver_) program_.HistoryNotice = noticeOf(status_);
+    asideOver_ = isOver;
     // It is forgotten by whoever shows it, and stands as long as the recorder says so.
     if (status_.state != Standing::Failing || !isOfAllFiles(status_.systemError)) return;
     const std::filesystem::path folder = program_.files.folder();
@@ -65,6 +73,10 @@ hmonitor::HistoryNotice HistoryTroubles::noticeOf(const history::StoreStatus& st
     }
     if (status.state == Standing::Failing && !isOfAllFiles(status.systemError)) {
         return {"No se puede guardar " + status.file, status.file + " cannot be stored"};
+    }
+    if (!status.setAside.empty()) {
+        return {status.setAside + " estaba dañado y se apartó",
+                status.setAside + " was damaged and was set aside"};
     }
     if (status.state == Standing::Recording && status.thinning) {
         return {"Queda poco disco: se borran los segundos más antiguos",

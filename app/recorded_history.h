@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <string>
 
 #include "app/history_tap.h"
 #include "history/recorder.h"
@@ -31,6 +32,9 @@ class HistoryTroubles final : public DoorListener {
     unsigned number_ = 0;
     history::StoreStatus status_;
     display::Time looked_ = std::chrono::seconds(-1);
+    std::string aside_;  ///< the file that was set aside last
+    display::Time asideSince_{0};
+    bool asideOver_ = false;  ///< it was told for long enough
 };
 
 /// The history of what the unit measures, recorded from here on in the working folder.

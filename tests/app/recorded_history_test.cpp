@@ -106,9 +106,29 @@ TEST(RecordedHistory, BesideAnotherRecorderLooksOn) {
     EXPECT_THAT(kindsIn(folder), testing::IsEmpty());
 }
 
+TEST(RecordedHistory, OfADamagedFileTheHeadTellsForTenMinutesThatItWasSetAside) {
+    RackBench bench;
+    std::filesystem::create_directory(bench.files.folder() / "history");
+    bench.write("history/index.sqlite", std::string(20000, 'x'));
+    const RecordedHistory recorded(bench.program);
+    bench.start();
+    ASSERT_TRUE(waitForLine(bench, true));
+    EXPECT_EQ(bench.form1.Trouble.caption, "index.sqlite was damaged and was set aside");
+    bench.advance(9min);
+    EXPECT_TRUE(bench.form1.Trouble.visible);
+    bench.advance(2min);
+    EXPECT_FALSE(bench.form1.Trouble.visible);
+}
+
 TEST(RecordedHistory, TellsWhyItRecordsNothingOrLess) {
     history::StoreStatus status;
     EXPECT_EQ(HistoryTroubles::noticeOf(status).english, "");
+    status.setAside = "2026-05-04.hm16day";
+    EXPECT_EQ(HistoryTroubles::noticeOf(status).english,
+              "2026-05-04.hm16day was damaged and was set aside");
+    EXPECT_EQ(HistoryTroubles::noticeOf(status).spanish,
+              "2026-05-04.hm16day estaba dañado y se apartó");
+    status.setAside.clear();
     status.thinning = true;
     EXPECT_EQ(HistoryTroubles::noticeOf(status).english,
               "Little room on the disk: the oldest seconds are removed");
