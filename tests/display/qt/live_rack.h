@@ -45,6 +45,7 @@ class LiveRack {
         driver.readings.rdsError = -0.75f;
         driver.readings.rdsLevel = 4.2f;
         desktop_ = std::make_unique<display::qt::QtDesktop>(noArguments_, nullptr);
+        desktop_->setFolder(folder_.path());
         program_ = std::make_unique<Program>(*desktop_, driver, files_);
         forms_ = std::make_unique<Forms>(*program_);
         desktop_->rack(
@@ -83,6 +84,7 @@ class LiveRack {
         return found ? found->text(QAccessible::Value).toStdString() : "not there";
     }
     Forms& forms() { return *forms_; }
+    const std::filesystem::path& folder() const { return folder_.path(); }
     display::qt::FormView& view(const display::Form& form) { return *desktop_->viewOf(form); }
 
     ScriptedDriver driver;
