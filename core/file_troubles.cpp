@@ -7,13 +7,7 @@
 #include <system_error>
 
 #include "base/read_file.h"
-
-#if defined(_WIN32)
-#include <io.h>
-#else
-#include <fcntl.h>
-#include <unistd.h>
-#endif
+#include "core/user_access.h"
 
 namespace hmonitor {
 
@@ -38,14 +32,6 @@ FileTroubles::Why whyOf(int reason) {
         default:
             return FileTroubles::Why::Other;
     }
-}
-
-bool mayBeWritten(const fs::path& path) {
-#if defined(_WIN32)
-    return ::_waccess(path.c_str(), 2) == 0;
-#else
-    return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
-#endif
 }
 
 bool hasRoom(const fs::path& folder, std::size_t bytes) {

@@ -9,6 +9,8 @@
 #include "base/read_file.h"
 #include "base/remove_file.h"
 #include "base/rewrite_file.h"
+#include "base/utf8_path.h"
+#include "core/file_name.h"
 #include "core/numbers.h"
 #include "core/text_lines.h"
 
@@ -24,18 +26,6 @@ FileFault unreadable(std::string_view name, int reason) {
     return {FileFaultKind::Unreadable, base::notRead(name, reason)};
 }
 
-/// What no name of a file has. On Windows a colon names a disk or a file's second content.
-#if defined(_WIN32)
-constexpr std::string_view kOfPaths("/\\:\0", 4);
-#else
-constexpr std::string_view kOfPaths("/\0", 2);
-#endif
-
-bool isBareName(std::string_view name) {
-    return !name.empty() && name != "." && name != ".." &&
-           name.find_first_of(kOfPaths) == std::string_view::npos;
-}
-
 }  // namespace
 
 Files::Files(std::filesystem::path folder, base::RewriteWatcher* watcher)
@@ -45,23 +35,21 @@ Files::Files(std::filesystem::path folder, base::RewriteWatcher* watcher)
       troubles_(std::make_shared<FileTroubles>()) {}
 
 Files Files::below(std::string_view name, base::RewriteWatcher* watcher) const {
-    Files files(folder_ / name, watcher ? watcher : watcher_);
+    Files files(folder_ / base::pathOf(name), watcher ? watcher : watcher_);
     files.troubles_ = troubles_;
     return files;
 }
 
 std::optional<std::string> Files::find(std::string_view name) const {
     if (!isBareName(name)) return std::nullopt;
-    std::error_code none;
-    if (std::filesystem::exists(folder_ / name, none)) return std::string(name);
-
+    if (auto there = nameThere(folder_, name)) return there;
     return names_->find(name);
 }
 
 FileResult<std::string> Files::read(std::string_view name) const {
     const auto found = find(name);
     if (!found) return missing(name);
-    const auto file = folder_ / *found;
+    const auto file = folder_ / base::pathOf(*found);
     auto read = base::readFile(file);
     if (read.reason == ENOENT) return missing(name);
     if (!read) {
@@ -90,7 +78,7 @@ FileResult<std::vector<std::string>> Files::readLines(std::string_view name, int
 
 std::optional<FileFault> Files::rewrite(std::string_view name, std::string_view bytes) const {
     const bool isBare = isBareName(name);
-    const auto file = folder_ / (isBare ? find(name).value_or(std::string(name)) : "");
+    const auto file = folder_ / base::pathOf(isBare ? find(name).value_or(std::string(name)) : "");
     const int reason = isBare ? base::rewriteFile(file, bytes, watcher_) : EINVAL;
     if (!reason) {
         troubles_->written(file);
@@ -103,7 +91,7 @@ std::optional<FileFault> Files::rewrite(std::string_view name, std::string_view 
 std::optional<FileFault> Files::remove(std::string_view name) const {
     const auto found = find(name);
     if (!found) return std::nullopt;
-    const int reason = base::removeFile(folder_ / *found);
+    const int reason = base::removeFile(folder_ / base::pathOf(*found));
     if (reason == 0 || reason == ENOENT) return std::nullopt;
     return FileFault{FileFaultKind::NotWritten, std::string(name) + " cannot be deleted: " +
                                                     std::generic_category().message(reason)};

@@ -2,7 +2,6 @@
 // Names of sessions and the folder that they lie in.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <set>
 
@@ -85,17 +84,6 @@ struct SessionFolderTest : testing::Test {
     }
 };
 
-TEST_F(SessionFolderTest, ListsSessionsInTheOrderOfTheirFoldedNames) {
-    makeLogs();
-    for (const char* name : {"b.3Ds", "A.3Ds", "Zorro.3Ds", "ñandu.3Ds", "Ñandu.3Ds", "a.3DS"})
-        temp.write(std::string("Logs/") + name, "");
-    temp.write("Logs/b.spc", "");
-    temp.write("Logs/3Ds", "");
-    std::filesystem::create_directory(temp.path() / "Logs/x.3Ds");
-    EXPECT_THAT(folder.list(),
-                ElementsAre("A.3Ds", "a.3DS", "b.3Ds", "Zorro.3Ds", "Ñandu.3Ds", "ñandu.3Ds"));
-}
-
 TEST_F(SessionFolderTest, ListsAnEndingOfAnyCase) {
     makeLogs();
     temp.write("Logs/Other.3DS", "");
@@ -114,21 +102,14 @@ TEST_F(SessionFolderTest, IsMadeByTheFirstWrite) {
     EXPECT_EQ(*folder.read("A.3DS"), "bytes");
 }
 
-TEST_F(SessionFolderTest, IsFoundWhateverItsCase) {
-    makeLogs("LOGS");
-    EXPECT_FALSE(folder.write("a.3Ds", "bytes"));
-    EXPECT_EQ(temp.read("LOGS/a.3Ds"), "bytes");
-    EXPECT_FALSE(temp.has("Logs"));
-}
-
 TEST_F(SessionFolderTest, SaysWhyItCannotBeMade) {
-    ASSERT_EQ(::chmod(temp.path().c_str(), 0555), 0);
+    setRights(temp.path(), 0555);
     std::optional<FileFault> fault;
     {
         const AsNobody nobody;
         fault = folder.write("a.3Ds", "bytes");
     }
-    ::chmod(temp.path().c_str(), 0755);
+    setRights(temp.path(), 0755);
     ASSERT_TRUE(fault);
     EXPECT_EQ(fault->sentence, "Logs cannot be made: Permission denied");
 }

@@ -21,7 +21,7 @@ constexpr std::size_t kTooMuch = std::size_t{1} << 60;
 
 TEST(FileTroubles, StandWhileTheFolderIsReadOnly) {
     TempFolder temp;
-    std::filesystem::permissions(temp.path(), std::filesystem::perms(0555));
+    test::setRights(temp.path(), 0555);
     const AsNobody nobody;
     FileTroubles troubles;
     EXPECT_FALSE(troubles.any());
@@ -81,35 +81,13 @@ TEST(FileTroubles, AreSeenInAFolderBeforeAnybodyWrites) {
     FileTroubles troubles;
     troubles.lookAt(temp.path());
     EXPECT_FALSE(troubles.any());
-    std::filesystem::permissions(temp.path(), std::filesystem::perms(0555));
+    test::setRights(temp.path(), 0555);
     const AsNobody nobody;
     troubles.lookAt(temp.path());
     ASSERT_TRUE(troubles.any());
     EXPECT_EQ(troubles.why(), Why::ReadOnly);
     troubles.lookAgain();
     EXPECT_TRUE(troubles.any());
-}
-
-TEST(FileTroubles, OfAFileThatCannotBeReadStandUntilItCan) {
-    TempFolder temp;
-    temp.write("scan.dat", "bytes");
-    std::filesystem::permissions(temp.path(), std::filesystem::perms(0755));
-    std::filesystem::permissions(temp.path() / "scan.dat", std::filesystem::perms(0));
-    const Files files(temp.path());
-    {
-        const AsNobody nobody;
-        EXPECT_EQ(files.read("scan.dat").fault().sentence,
-                  "scan.dat cannot be read: Permission denied");
-        files.troubles().lookAgain();
-        ASSERT_TRUE(files.troubles().any());
-        EXPECT_EQ(files.troubles().why(), Why::Unreadable);
-        EXPECT_EQ(files.troubles().file(), temp.path() / "scan.dat");
-    }
-    std::filesystem::permissions(temp.path() / "scan.dat", std::filesystem::perms(0644));
-    files.troubles().lookAgain();
-    EXPECT_FALSE(files.troubles().any());
-    EXPECT_FALSE(files.read("missing.dat"));
-    EXPECT_FALSE(files.troubles().any()) << "one that is not there is no trouble";
 }
 
 TEST(FileTroubles, OfWritingOutlastAReadAndGoWithAWrite) {

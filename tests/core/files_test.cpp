@@ -2,7 +2,6 @@
 #include "core/files.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include "base/leftovers.h"
 #include "core/text_lines.h"
@@ -19,35 +18,6 @@ struct FilesTest : testing::Test {
     TempFolder temp;
     Files files{temp.path()};
 };
-
-TEST_F(FilesTest, FindsTheExactNameFirst) {
-    temp.write("HM-16.DAT", "upper");
-    temp.write("hm-16.dat", "lower");
-    EXPECT_EQ(*files.read("hm-16.dat"), "lower");
-    EXPECT_EQ(*files.read("HM-16.DAT"), "upper");
-}
-
-TEST_F(FilesTest, FindsAnotherCaseFirstInByteOrder) {
-    temp.write("Hm-Res.dat", "second");
-    temp.write("HM-RES.DAT", "first");
-    EXPECT_EQ(files.find("hm-res.dat"), "HM-RES.DAT");
-    EXPECT_EQ(*files.read("hm-res.dat"), "first");
-}
-
-TEST_F(FilesTest, FindsAccentedNamesWithoutRegardToCase) {
-    temp.write("SESI\u00d3N.3ds", "x");
-    EXPECT_EQ(files.find("sesi\u00f3n.3Ds"), "SESI\u00d3N.3ds");
-    EXPECT_FALSE(files.exists("sesion.3Ds"));
-}
-
-TEST_F(FilesTest, ANameIsBare) {
-    temp.write("a", "x");
-    for (const char* name : {"", ".", "..", "../x", "./a", "/etc/passwd"}) {
-        EXPECT_FALSE(files.exists(name)) << name;
-        EXPECT_TRUE(files.rewrite(name, "x").has_value()) << name;
-    }
-    EXPECT_FALSE(files.exists(std::string_view("a\0b", 3)));
-}
 
 TEST_F(FilesTest, AMissingFileSaysSo) {
     const auto result = files.read("hm-16.dat");
@@ -72,17 +42,10 @@ TEST_F(FilesTest, AFolderByTheNameIsUnreadable) {
               "halden.dat cannot be written: Is a directory");
 }
 
-TEST_F(FilesTest, APipeByTheNameDoesNotHoldTheProgram) {
-    ASSERT_EQ(::mkfifo((temp.path() / "normal.hm").c_str(), 0600), 0);
-    const auto result = files.read("normal.hm");
-    ASSERT_FALSE(result);
-    EXPECT_EQ(result.fault().kind, FileFaultKind::Unreadable);
-}
-
 TEST_F(FilesTest, AFileWithoutReadPermissionSaysSo) {
     temp.write("hm-16.dat", "1");
-    ASSERT_EQ(::chmod(temp.path().c_str(), 0755), 0);
-    ASSERT_EQ(::chmod((temp.path() / "hm-16.dat").c_str(), 0), 0);
+    test::setRights(temp.path(), 0755);
+    test::setRights(temp.path() / "hm-16.dat", 0);
     const AsNobody nobody;
     const auto result = files.read("hm-16.dat");
     ASSERT_FALSE(result);

@@ -208,10 +208,11 @@ TEST(FrequencyFileName, IsTheKeyWithAnEnding) {
 class DecimalComma {
  public:
     DecimalComma() {
-        if (std::setlocale(LC_ALL, "es_ES.UTF-8")) return;
+        for (const char* spanish : {"es_ES.UTF-8", "Spanish_Spain"})
+            if (std::setlocale(LC_ALL, spanish)) return;
         const std::string made = (temp_.path() / "es_ES.UTF-8").string();
         const std::string command = "localedef -i es_ES -f UTF-8 " + made + " 2>/dev/null";
-        ::setenv("LOCPATH", temp_.path().c_str(), 1);
+        ::setenv("LOCPATH", temp_.path().string().c_str(), 1);
         if (std::system(command.c_str()) == 0) std::setlocale(LC_ALL, "es_ES.UTF-8");
     }
     ~DecimalComma() {

@@ -2,7 +2,6 @@
 #include "core/panel_settings.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include "tests/support/as_nobody.h"
 #include "tests/support/temp_folder.h"
@@ -101,14 +100,14 @@ TEST_F(PanelSettingsTest, SeveralLinesChangeInOneRewrite) {
 
 TEST_F(PanelSettingsTest, AFolderThatCannotBeWrittenLeavesTheFileAndSaysWhy) {
     temp.write("hm-16.dat", kInstalled);
-    ASSERT_EQ(::chmod(temp.path().c_str(), 0555), 0);
+    test::setRights(temp.path(), 0555);
     {
         const test::AsNobody nobody;
         const auto fault = rewritePanelLine(files, PanelLine::Detector, "1");
         ASSERT_TRUE(fault);
         EXPECT_EQ(fault->sentence, "hm-16.dat cannot be written: Permission denied");
     }
-    ::chmod(temp.path().c_str(), 0755);
+    test::setRights(temp.path(), 0755);
     EXPECT_EQ(temp.read("hm-16.dat"), kInstalled);
 }
 

@@ -49,7 +49,34 @@ TEST_F(OnWindows, ANameIsBare) {
         EXPECT_FALSE(files.exists(name)) << name;
         EXPECT_TRUE(files.rewrite(name, "x").has_value()) << name;
     }
+    for (const char* name : {"a.", "a ", "a*", "?", "a<", "a>", "a|", "\"a\"", "a\n", "\xff"}) {
+        EXPECT_FALSE(files.exists(name)) << name;
+        EXPECT_EQ(files.rewrite(name, "x")->sentence,
+                  std::string(name) + " cannot be written: Invalid argument");
+    }
     EXPECT_EQ(home.names(), std::set<std::string>{"a"});
+}
+
+TEST_F(OnWindows, ADeviceIsNoFile) {
+    const Files files(home.path());
+    for (const char* name : {"CON", "con.3Ds", "nul", "NUL.dat", "Aux .3Ds", "prn.a.b", "com1.3Ds",
+                             "LPT9", "conin$", "CONOUT$"}) {
+        EXPECT_FALSE(files.exists(name)) << name;
+        EXPECT_TRUE(files.rewrite(name, "x").has_value()) << name;
+    }
+    for (const char* name : {"Concert.3Ds", "com.dat", "com10.dat", "null", "lpta"})
+        EXPECT_FALSE(files.rewrite(name, "x").has_value()) << name;
+    EXPECT_EQ(home.names().size(), 5u);
+}
+
+TEST_F(OnWindows, AFileHasTheNameThatTheFolderHas) {
+    home.write(L"SESI\u00d3N.3ds", "x");
+    const Files files(home.path());
+    EXPECT_EQ(files.find("sesi\u00f3n.3Ds"), "SESI\u00d3N.3ds");
+    EXPECT_FALSE(files.exists("sesion.3Ds"));
+    EXPECT_FALSE(files.rewrite("sesi\u00f3n.3Ds", "new"));
+    EXPECT_EQ(home.names(), std::set<std::string>{"SESI\u00d3N.3ds"});
+    EXPECT_EQ(*files.read("SESI\u00d3N.3DS"), "new");
 }
 
 TEST_F(OnWindows, AFileIsRemovedAndAFolderIsNot) {

@@ -191,8 +191,8 @@ TEST(DayTables, AFolderByThatNameAndAFileThatCannotBeReadAreDaysWithoutLines) {
     const Files files(folder.path());
     std::filesystem::create_directory(folder.path() / "20260101.log");
     folder.write("20260102.log", "5 1 2 \r\n");
-    std::filesystem::permissions(folder.path() / "20260102.log", std::filesystem::perms::none);
-    std::filesystem::permissions(folder.path(), std::filesystem::perms(0755));
+    setRights(folder.path() / "20260102.log", 0);
+    setRights(folder.path(), 0755);
     DayTables tables = tablesOf("5 1 2 3 4 5 6 7 8 9 \r\n");
     tables.read(files, "20260101");
     EXPECT_EQ(hoursOf(tables), 0);

@@ -15,12 +15,12 @@ using namespace std::chrono_literals;
 class ReadOnly {
  public:
     explicit ReadOnly(RackBench& bench) : folder_(bench.scratch.path()) {
-        std::filesystem::permissions(folder_, std::filesystem::perms(0555));
+        setRights(folder_, 0555);
         nobody_.emplace();
     }
     ~ReadOnly() {
         nobody_.reset();
-        std::filesystem::permissions(folder_, std::filesystem::perms(0755));
+        setRights(folder_, 0755);
     }
 
  private:

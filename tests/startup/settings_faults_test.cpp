@@ -121,13 +121,12 @@ TEST(SettingsFaults, InAFolderThatCannotBeWrittenTheDetectorKeySaysSoAndTunesOn)
     bench.advance(100ms);
     bench.takeCalls();
     bench.desktop.boxAnswers = {"ok"};
-    namespace fs = std::filesystem;
-    fs::permissions(bench.scratch.path(), fs::perms(0555));
+    setRights(bench.scratch.path(), 0555);
     {
         const AsNobody nobody;
         bench.press(bench.form1.Image_Average);
     }
-    fs::permissions(bench.scratch.path(), fs::perms(0755));
+    setRights(bench.scratch.path(), 0755);
     ASSERT_EQ(bench.desktop.boxes.size(), 1u);
     EXPECT_EQ(bench.desktop.boxes[0].text, "hm-16.dat cannot be written: Permission denied");
     EXPECT_EQ(bench.read(kSettings), lines({"1", "0", "0", "1", "0", "0", "0", "0"}));

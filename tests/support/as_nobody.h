@@ -3,7 +3,19 @@
 
 #include <unistd.h>
 
+#include <filesystem>
+
 namespace hmonitor::test {
+
+/// Gives a file or a folder the rights of these bits; on Windows (rights_on_windows.cpp) everybody
+/// those of the owner's bits.
+#if defined(_WIN32)
+void setRights(const std::filesystem::path& path, unsigned bits);
+#else
+inline void setRights(const std::filesystem::path& path, unsigned bits) {
+    std::filesystem::permissions(path, std::filesystem::perms(bits));
+}
+#endif
 
 /// Gives up root's rights for a while, because file permissions do not bind root.
 class AsNobody {

@@ -16,14 +16,13 @@ struct EditorFaults : testing::Test {
     /// Acts while the working folder cannot be written.
     template <class Act>
     void withoutWriting(Act act) {
-        namespace fs = std::filesystem;
-        const fs::path& folder = bench.scratch.path();
-        fs::permissions(folder, fs::perms(0555));
+        const std::filesystem::path& folder = bench.scratch.path();
+        setRights(folder, 0555);
         {
             AsNobody nobody;
             act();
         }
-        fs::permissions(folder, fs::perms(0755));
+        setRights(folder, 0755);
     }
 };
 
