@@ -112,6 +112,14 @@ std::filesystem::path fileOfCode(const void* address) {
 #endif
 }
 
+bool threadsEndFirst() {
+#if defined(_WIN32)
+    return true;
+#else
+    return false;
+#endif
+}
+
 void keepLoaded(const void* address) {
 #if defined(_WIN32)
     moduleOf(address, GET_MODULE_HANDLE_EX_FLAG_PIN);

@@ -45,4 +45,9 @@ std::filesystem::path fileOfCode(const void* address);
 /// cannot be waited for.
 void keepLoaded(const void* address);
 
+/// Whether the system ends the other threads of a process before a shared object destroys what is
+/// static in it, and lets none end while it unloads one (Windows). Whoever waits there for a thread
+/// waits forever.
+bool threadsEndFirst();
+
 }  // namespace base

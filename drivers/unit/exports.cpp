@@ -33,6 +33,11 @@ struct Session {
     PublishedReadings readings;
     std::unique_ptr<Unit> unit;
     Mode mode = Mode::Closed;
+
+    ~Session() {
+        // A process may end without HM_Terminate, and the unit waits for its thread.
+        if (base::threadsEndFirst()) static_cast<void>(unit.release());
+    }
 };
 
 Session& session() {
@@ -80,6 +85,8 @@ std::filesystem::path settingsFolder() {
 
 std::int32_t init(Session& s) {
     if (s.mode != Mode::Closed) return kRefused;
+    static const char here = 0;
+    if (base::threadsEndFirst()) base::keepLoaded(&here);
     s.mode = Mode::Idle;
     s.readings.publish({});
     s.unit = openUnit(settingsFolder(), s.readings);

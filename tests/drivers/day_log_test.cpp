@@ -96,11 +96,13 @@ TEST(DayLog, TuningTheSameStationAgainGoesOnWithTheHour) {
 }
 
 TEST(DayLog, SaysWhatCannotBeWritten) {
-    DayLog log("/no/such/folder");
+    const std::filesystem::path folder = "/no/such/folder";
+    DayLog log(folder);
     log.tune(985, at(9, 0));
     log.add(hourOnAir(90), 1, 120, at(9, 2));
-    EXPECT_EQ(log.add(hourOnAir(90), 1, 1, at(10, 0)),
-              "/no/such/folder/20260304.log cannot be written: No such file or directory.");
+    EXPECT_EQ(
+        log.add(hourOnAir(90), 1, 1, at(10, 0)),
+        (folder / "20260304.log").string() + " cannot be written: No such file or directory.");
 }
 
 TEST(DayLog, ALineThatCannotBeWrittenWaitsUntilItCan) {

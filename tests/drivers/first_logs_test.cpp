@@ -3,20 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <sstream>
 #include <string>
 #include <vector>
 
-#include "tests/support/temp_folder.h"
-
 namespace hm16 {
 namespace {
-
-using hmonitor::test::TempFolder;
 
 const std::string kTree = HMONITOR_SOURCE_DIR;
 
@@ -37,21 +31,6 @@ std::vector<std::vector<std::string>> linesOf(const std::string& day) {
         EXPECT_EQ(lines.back().size(), 10u) << day << ": " << line;
     }
     return lines;
-}
-
-/// What lay_rack puts for a unit into a folder with these files.
-TempFolder& laid(TempFolder& folder, const std::string& unit) {
-    const TempFolder build;
-    for (const char* file : {"app/hmonitor", "drivers/simulated/hm-16.so", "receiver/hm-16.so",
-                             "drivers/probe/hm16-probe", "drivers/host/hm16-host"}) {
-        std::filesystem::create_directories((build.path() / file).parent_path());
-        build.write(file, "");
-    }
-    const std::string command = "bash -euc '. \"" + kTree + "/scripts/lay_rack.sh\"; lay_rack \"" +
-                                kTree + "\" \"" + build.path().string() + "\" \"" +
-                                folder.path().string() + "\" " + unit + "'";
-    EXPECT_EQ(std::system(command.c_str()), 0) << command;
-    return folder;
 }
 
 TEST(FirstLogs, OneIsAWholeDay) {
@@ -81,24 +60,6 @@ TEST(FirstLogs, OneHasValuesBeyondTheRanges) {
             return value < range.lowest || value > range.highest;
         })) << range.field;
     }
-}
-
-TEST(FirstLogs, AreLaidBesideTheSimulatedUnitAlone) {
-    TempFolder simulated, receiver;
-    laid(simulated, "simulated");
-    laid(receiver, "receiver");
-    for (const char* day : {"20260301.log", "20260302.log", "20260303.log"}) {
-        EXPECT_TRUE(simulated.has(day)) << day;
-        EXPECT_FALSE(receiver.has(day)) << day;
-    }
-}
-
-TEST(FirstLogs, AreNotLaidWhereLogsAre) {
-    TempFolder folder;
-    folder.write("20251231.LOG", "0 1 \r\n");
-    laid(folder, "simulated");
-    EXPECT_FALSE(folder.has("20260303.log"));
-    EXPECT_EQ(folder.read("20251231.LOG"), "0 1 \r\n");
 }
 
 }  // namespace

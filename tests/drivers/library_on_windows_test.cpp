@@ -46,6 +46,19 @@ TEST_F(LibraryOnWindows, IsLoadedAndMeasures) {
     EXPECT_EQ(library.terminate(), 0);
 }
 
+TEST_F(LibraryOnWindows, MayBeLetGoWhileItMeasures) {
+    // A copy, since it is never ended: this process has to end with it.
+    {
+        const LoadResult loaded = loadWith(whole);
+        ASSERT_NE(loaded.library, nullptr) << loaded.fault;
+        ASSERT_EQ(loaded.library->functions().init(), 0);
+        ASSERT_EQ(loaded.library->functions().normal(985, 0, 0, 0, 0), 0);
+    }
+    const LoadResult again = Library::load(folder.path(), Trust::OwnerAlone);
+    ASSERT_NE(again.library, nullptr) << again.fault;
+    EXPECT_NE(again.library->functions().init(), 0) << "it is not as it was left";
+}
+
 TEST_F(LibraryOnWindows, ThatIsMissingOrAFolderIsSaid) {
     EXPECT_EQ(Library::load(folder.path()).refusal, Refusal::NoFile);
     std::filesystem::create_directory(folder.path() / libraryName());
