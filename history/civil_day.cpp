@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "history/civil_day.h"
 
-#include <time.h>
-
 #include "core/numbers.h"
 
 namespace history {
@@ -10,13 +8,6 @@ namespace history {
 namespace {
 
 constexpr std::int64_t kLongestDay = 30 * 3600;  // with room for a zone that moves
-
-::tm localTime(std::int64_t t) {
-    const auto time = static_cast<::time_t>(t);
-    ::tm parts = {};
-    ::localtime_r(&time, &parts);
-    return parts;
-}
 
 }  // namespace
 
@@ -42,11 +33,6 @@ std::optional<CivilDay> CivilDay::parse(std::string_view text) {
     return day;
 }
 
-CivilDay CivilDay::of(std::int64_t t) {
-    const ::tm parts = localTime(t);
-    return {parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday};
-}
-
 DayBounds boundsOfDay(std::int64_t t) {
     const CivilDay day = CivilDay::of(t);
     // Not by mktime: in some zones a day has no midnight.
@@ -63,15 +49,6 @@ DayBounds boundsOfDay(std::int64_t t) {
         (day < CivilDay::of(middle) ? end : last) = middle;
     }
     return {begin, end};
-}
-
-int zoneOffset(std::int64_t t) {
-    return static_cast<int>(localTime(t).tm_gmtoff);
-}
-
-std::string zoneName(std::int64_t t) {
-    const char* name = localTime(t).tm_zone;
-    return name ? name : "";
 }
 
 }  // namespace history
