@@ -14,7 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view kName = "hmonitor";
+constexpr std::string_view kOurFolder = "hmonitor";
 constexpr std::string_view kSettings = "hm-16.dat";
 
 /// Program, libraries and what only the program's own folder has stay there.
@@ -30,7 +30,7 @@ fs::path workingFolder(const std::optional<fs::path>& asked, const fs::path& pro
     if (asked) return fs::absolute(*asked, none);
     if (mayBeWritten(program)) return program;
     const auto data = userData();
-    return data ? *data / kName : program;
+    return data ? *data / kOurFolder : program;
 }
 
 Laying layFirstContents(const fs::path& folder, const fs::path& program) {
