@@ -3,7 +3,7 @@
 // 8 ms at the median.
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QImage>
 
 #include "analyses/form_band_scanner.h"
@@ -44,11 +44,3 @@ BENCHMARK(oneReplot)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggre
 
 }  // namespace
 }  // namespace hmonitor::test
-
-int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

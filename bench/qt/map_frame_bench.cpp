@@ -3,12 +3,8 @@
 // at most 6 ms.
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
-#include <QImage>
-#include <QPainter>
-
 #include "analyzer/analyzer_graphs.h"
-#include "display/qt/painting/painted.h"
+#include "bench/qt/drawing_screen.h"
 #include "spectrum/class1.h"
 #include "tests/support/rack_bench.h"
 
@@ -22,19 +18,13 @@ void mapFrame(benchmark::State& state) {
     RackBench bench;
     bench.start();
     display::PictureBox& box = bench.forms.formSpectrumAnalizer.Picture3d;
-    box.left = 0.f;
-    box.top = 0.f;
-    box.width = 16000.f;
-    box.height = 6000.f;
+    DrawingScreen screen(box, 1600, 600);
     // 800 columns on 16000 twips.
     box.drawing.scale(19, 0);
     Density density;
     for (int x = 0; x < Density::kColumns; ++x) {
         for (int row = 0; row < Density::kRows; ++row) density.set(x, row, 1 + (x * row) % 1200);
     }
-    const auto painted = display::qt::paintedDrawing(box);
-    const display::qt::Scale scale(0.1, 1);
-    QImage screen(1600, 600, QImage::Format_RGB32);
     for (auto _ : state) {
         state.PauseTiming();
         Class1 graph = densityGraph(box.drawing, 25);
@@ -46,19 +36,9 @@ void mapFrame(benchmark::State& state) {
             }
         }
         state.ResumeTiming();
-        painted->prepare(scale);
-        QPainter painter(&screen);
-        painted->paint(painter);
+        screen.frame();
     }
 }
 BENCHMARK(mapFrame)->Unit(benchmark::kMillisecond);
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

@@ -2,7 +2,6 @@
 // What moves in every frame of the live rack, as it is painted at twice the usual size.
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
 #include <QImage>
 #include <QPainter>
 #include <array>
@@ -73,11 +72,3 @@ void ChangingReadout(benchmark::State& state) {
 BENCHMARK(ChangingReadout)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

@@ -3,7 +3,6 @@
 // the median, and 1,000 for comparison.
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
 #include <QImage>
 #include <cmath>
 
@@ -70,11 +69,3 @@ BENCHMARK(onePaint)
 
 }  // namespace
 }  // namespace display::qt
-
-int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

@@ -3,11 +3,10 @@
 // 500 ms. The printer is a file, so what a print server takes to answer is not in it.
 #include <benchmark/benchmark.h>
 
-#include <QPrinter>
 #include <QTemporaryDir>
 
 #include "analyzer/session_bytes.h"
-#include "display/qt/windows/qt_desktop.h"
+#include "tests/display/qt/paper_desktop.h"
 #include "tests/support/rack_bench.h"
 
 namespace {
@@ -15,24 +14,10 @@ namespace {
 using namespace hmonitor;
 using namespace hmonitor::test;
 
-class FilePrinter final : public display::qt::QtDesktop {
- public:
-    explicit FilePrinter(int& argc) : QtDesktop(argc, nullptr) {}
-
- protected:
-    std::string preparePrinter(QPrinter& printer) const override {
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(folder_.filePath("job.pdf"));
-        return {};
-    }
-
- private:
-    QTemporaryDir folder_;
-};
-
-FilePrinter& printer() {
+display::qt::PaperDesktop& printer() {
     static int argc = 0;
-    static FilePrinter desktop(argc);
+    static const QTemporaryDir folder;
+    static display::qt::PaperDesktop desktop(argc, folder.filePath("job.pdf"));
     return desktop;
 }
 
@@ -89,11 +74,3 @@ void barsOnPaper(benchmark::State& state) {
 BENCHMARK(barsOnPaper)->Unit(benchmark::kMillisecond);
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

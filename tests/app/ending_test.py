@@ -43,6 +43,14 @@ def step_to_another_preset(rack):
     return str(rack.memory())
 
 
+def start_scan(rack):
+    rack.click("Form_D", "Image2")
+    rack.wait_open("Form_BandSCanner")
+    measured = calls(rack).count("HM_Super")
+    rack.click("Form_BandSCanner", "Command3D1")
+    wait_for(lambda: calls(rack).count("HM_Super") > measured + 1, "a level in progress")
+
+
 def expect_order(rack, preset, status=0):
     start = time.monotonic()
     wait_for(lambda: rack.program.poll() is not None, "the end of the program")
@@ -92,11 +100,7 @@ def in_a_run(rack, album):
     lay_noting_unit(rack, version="2.0", super_ms=200)
     rack.start()
     preset = step_to_another_preset(rack)
-    rack.click("Form_D", "Image2")
-    rack.wait_open("Form_BandSCanner")
-    measured = calls(rack).count("HM_Super")
-    rack.click("Form_BandSCanner", "Command3D1")
-    wait_for(lambda: calls(rack).count("HM_Super") > measured + 1, "a level in progress")
+    start_scan(rack)
     rack.program.send_signal(signal.SIGTERM)
     sent = calls(rack).count("HM_Super")
     expect_order(rack, preset)
@@ -189,11 +193,7 @@ def screen_is_lost_in_a_run(rack, album):
     lay_noting_unit(rack, version="2.0", super_ms=100)
     rack.start()
     preset = step_to_another_preset(rack)
-    rack.click("Form_D", "Image2")
-    rack.wait_open("Form_BandSCanner")
-    measured = calls(rack).count("HM_Super")
-    rack.click("Form_BandSCanner", "Command3D1")
-    wait_for(lambda: calls(rack).count("HM_Super") > measured + 1, "a level in progress")
+    start_scan(rack)
     kill_screen(rack)
     expect_order(rack, preset, status=1)
 

@@ -2,41 +2,25 @@
 // A program of its own, because it counts every allocation.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <new>
-
 #include "core/numbers.h"
 #include "core/station_state.h"
-
-namespace {
-long allocations = 0;
-}
-
-void* operator new(std::size_t size) {
-    ++allocations;
-    if (void* memory = std::malloc(size ? size : 1)) return memory;
-    throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
+#include "tests/support/counted_heap.h"
 
 namespace hmonitor {
 namespace {
 
+using test::CountedHeap;
+
 TEST(Allocations, AreCounted) {
-    const long before = allocations;
+    const long before = CountedHeap::now().taken;
     delete new StationState;
-    EXPECT_GT(allocations, before);
+    EXPECT_GT(CountedHeap::now().taken, before);
 }
 
 TEST(Numbers, FormatParseAndRoundWithoutTheHeap) {
     StationState state;
     double sum = 0;
-    const long before = allocations;
+    const long before = CountedHeap::now().taken;
     for (int i = -500; i < 500; ++i) {
         const float reading = static_cast<float>(i) * 0.37f;
         state.PowerText = shortText(reading);
@@ -48,17 +32,17 @@ TEST(Numbers, FormatParseAndRoundWithoutTheHeap) {
         state.MemoryFreq = frequencyFileName(875.5 + i, ".dat");
         sum += valueOf(state.PowerText) + toWhole(reading) + floorWhole(reading) + valueOf("1e5");
     }
-    EXPECT_EQ(allocations, before);
+    EXPECT_EQ(CountedHeap::now().taken, before);
     EXPECT_NE(sum, 0);
     EXPECT_EQ(state.RadioName, "184.6");
 }
 
 TEST(Numbers, TheLongestTextsStayOffTheHeapToo) {
-    const long before = allocations;
+    const long before = CountedHeap::now().taken;
     const SmallText longest = shortText(-1.23456789012345e-14);
     const SmallText largest = shortText(-1.7976931348623157e308);
     const double parsed = valueOf("0.3000000000000000444089209850062616169452667236328125000001");
-    EXPECT_EQ(allocations, before);
+    EXPECT_EQ(CountedHeap::now().taken, before);
     EXPECT_EQ(longest, "-0.0000000000000123456789012345");
     EXPECT_EQ(largest, "-1.79769313486232E+308");
     EXPECT_EQ(parsed, 0.3000000000000000444);

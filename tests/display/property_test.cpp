@@ -4,30 +4,14 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <new>
-
 #include "display/headless/headless_desktop.h"
 #include "tests/display/sample_form.h"
-
-namespace {
-long allocations = 0;
-}
-
-void* operator new(std::size_t size) {
-    ++allocations;
-    if (void* memory = std::malloc(size ? size : 1)) return memory;
-    throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
+#include "tests/support/counted_heap.h"
 
 namespace display::test {
 namespace {
+
+using hmonitor::test::CountedHeap;
 
 class Properties : public testing::Test {
  protected:
@@ -71,17 +55,17 @@ TEST_F(Properties, ThereAndBackIsTwoRevisions) {
 }
 
 TEST_F(Properties, ShortTextsAndFiguresNeverAllocate) {
-    const long start = allocations;
+    const long start = CountedHeap::now().taken;
     delete new int(1);
-    ASSERT_GT(allocations, start) << "allocations are not counted";
-    const long before = allocations;
+    ASSERT_GT(CountedHeap::now().taken, start) << "allocations are not counted";
+    const long before = CountedHeap::now().taken;
     for (int i = 0; i < 1000; ++i) {
         form.LabelValue.caption = i % 2 == 0 ? "100.25 %" : "-3.5 kHz";
         form.LabelValue.colour = i % 2 == 0 ? kRed : kGreen;
         form.Line1.to(static_cast<float>(i), 30);
         form.Lamp1.picture = i % 2 == 0 ? "multyon" : "multyoff";
     }
-    EXPECT_EQ(allocations, before);
+    EXPECT_EQ(CountedHeap::now().taken, before);
 }
 
 }  // namespace

@@ -13,10 +13,18 @@ std::atomic<long> taken{0};
 std::atomic<long> live{0};
 std::atomic<long> bytes{0};
 
+long sizeOf(void* memory) {
+#if defined(_WIN32)
+    return static_cast<long>(_msize(memory));
+#else
+    return static_cast<long>(malloc_usable_size(memory));
+#endif
+}
+
 void giveBack(void* memory) {
     if (!memory) return;
     live.fetch_sub(1, std::memory_order_relaxed);
-    bytes.fetch_sub(static_cast<long>(malloc_usable_size(memory)), std::memory_order_relaxed);
+    bytes.fetch_sub(sizeOf(memory), std::memory_order_relaxed);
     std::free(memory);
 }
 
@@ -27,7 +35,7 @@ void* operator new(std::size_t size) {
     if (!memory) throw std::bad_alloc();
     taken.fetch_add(1, std::memory_order_relaxed);
     live.fetch_add(1, std::memory_order_relaxed);
-    bytes.fetch_add(static_cast<long>(malloc_usable_size(memory)), std::memory_order_relaxed);
+    bytes.fetch_add(sizeOf(memory), std::memory_order_relaxed);
     return memory;
 }
 // The array operators and those that do not throw too, since a sanitizer brings its own.

@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFontMetricsF>
@@ -16,6 +15,7 @@
 #include "display/qt/painting/key_cap.h"
 #include "display/qt/painting/scale.h"
 #include "display/qt/widgets/control_widget.h"
+#include "tests/display/qt/application.h"
 #include "tests/support/rack_bench.h"
 
 namespace display::qt {
@@ -131,14 +131,7 @@ class Fit final : public ControlVisitor {
 
 class Measured : public testing::Test {
  protected:
-    Measured() {
-        static int argc = 1;
-        static char name[] = "test_captions";
-        static char* argv[] = {name, nullptr};
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        // Never deleted: fonts and pictures are used until the process ends.
-        [[maybe_unused]] static const auto* application = new QApplication(argc, argv);
-    }
+    Measured() { startApplication(); }
 };
 
 /// In the language of the parameter.

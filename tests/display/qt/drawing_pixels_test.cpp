@@ -7,25 +7,13 @@
 
 #include "display/qt/painting/fonts.h"
 #include "display/qt/painting/painted.h"
+#include "tests/display/qt/pixel_difference.h"
 #include "tests/display/qt/qt_bench.h"
 
 namespace display::qt {
 namespace {
 
 constexpr qreal kPixelsPerTwip = 0.1;
-
-/// The largest difference of any colour channel.
-int largestPixelDifference(const QImage& a, const QImage& b) {
-    int largest = a.size() == b.size() ? 0 : 255;
-    for (int y = 0; y < a.height() && largest < 255; ++y) {
-        for (int x = 0; x < a.width(); ++x) {
-            const QRgb p = a.pixel(x, y), q = b.pixel(x, y);
-            largest = std::max({largest, std::abs(qRed(p) - qRed(q)),
-                                std::abs(qGreen(p) - qGreen(q)), std::abs(qBlue(p) - qBlue(q))});
-        }
-    }
-    return largest;
-}
 
 class DrawingPixels : public QtBench, public testing::WithParamInterface<double> {
  protected:
@@ -109,10 +97,10 @@ TEST_P(DrawingPixels, Text_LooksAsThePainterSetsIt) {
     painter.drawText(QPointF(scale.snapped(50), scale.snapped(70) + QFontMetricsF(font).ascent()),
                      QString::fromUtf8("%Mod 102.5 \xc3\x81g"));
     painter.end();
-    EXPECT_LE(largestPixelDifference(ours, wanted.convertToFormat(QImage::Format_RGB32)), 2);
+    EXPECT_LE(largestDifference(ours, wanted.convertToFormat(QImage::Format_RGB32)), 2);
     QImage empty(ours.size(), QImage::Format_RGB32);
     empty.fill(Qt::white);
-    EXPECT_GT(largestPixelDifference(ours, empty), 200);
+    EXPECT_GT(largestDifference(ours, empty), 200);
 }
 
 TEST_P(DrawingPixels, TextOutsideEveryBox_LetsThroughWhatLiesBehind) {

@@ -2,30 +2,13 @@
 #include "tests/display/qt/form_picture.h"
 
 #include <QAbstractEventDispatcher>
-#include <QApplication>
 #include <QTest>
 #include <algorithm>
 #include <cstdlib>
 
+#include "tests/display/qt/application.h"
+
 namespace display::qt {
-
-namespace {
-
-/// One application for the whole run, without a screen unless the environment names one.
-void startApplication() {
-    static int argc = 1;
-    static char name[] = "test_shown";
-    static char* argv[] = {name, nullptr};
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    static const auto* app = [] {
-        QApplication::setHighDpiScaleFactorRoundingPolicy(
-            Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
-        return new QApplication(argc, argv);
-    }();
-    (void)app;
-}
-
-}  // namespace
 
 FormPicture::FormPicture(Form& form) : form_(form) {
     if (!form.visible) form.show();

@@ -2,19 +2,14 @@
 // The on-air log on the real desktop: how often it is painted, and its report on paper.
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QEvent>
 #include <QPainter>
 #include <QTest>
 
-#include "all_forms.h"
-#include "app/forms.h"
 #include "display/qt/painting/page_painter.h"
-#include "display/qt/windows/form_view.h"
-#include "display/qt/windows/qt_desktop.h"
 #include "performance/day_report.h"
 #include "performance/report_page.h"
-#include "tests/support/rack_bench.h"
+#include "tests/display/qt/paint_count.h"
+#include "tests/display/qt/program_screen.h"
 
 namespace hmonitor::test {
 namespace {
@@ -29,50 +24,12 @@ std::string dayLog(int tens) {
     return bytes;
 }
 
-/// Counts the paint events of a widget.
-class Paints final : public QObject {
- public:
-    explicit Paints(QWidget* watched) { watched->installEventFilter(this); }
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::Paint) ++count;
-        return QObject::eventFilter(watched, event);
-    }
-    int count = 0;
-};
-
-class LogScreen : public testing::Test {
+class LogScreen : public testing::Test, protected ProgramScreen {
  protected:
     LogScreen() {
-        scratch.write("hm-16.dat", lines({"1", "0", "0", "1", "0", "0", "0", "0"}));
-        scratch.write("normal.hm", lines({"100", "0", "0", "0", "1.000", "0", "0", "2", "90"}));
-        scratch.write("Hm-res.dat", lines({"0", "0", "0"}));
-        scratch.write("scan.dat", "");
-        scratch.write("halden.dat", memoryBlock({{1, "RADIO UNO", "979"}}));
         scratch.write("20260303.log", dayLog(60));
         scratch.write("20260304.log", dayLog(80));
-        desktop.rack({&forms.form1, &forms.formB, &forms.formC, &forms.formD, &forms.form3});
     }
-
-    struct Platform {
-        Platform() {
-            if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-                qputenv("QT_QPA_PLATFORM", "offscreen");
-            static int argc = 1;
-            static char name[] = "test_log_frames";
-            static char* argv[] = {name, nullptr};
-            // Never deleted: that would unload the fonts.
-            [[maybe_unused]] static const auto* application = new QApplication(argc, argv);
-        }
-    };
-
-    Platform platform;
-    int argc = 0;
-    TempFolder scratch;
-    display::qt::QtDesktop desktop{argc, nullptr};
-    ScriptedDriver driver;
-    Files files{scratch.path()};
-    Program program{desktop, driver, files};
-    Forms forms{program};
 };
 
 TEST_F(LogScreen, AChangeOfTheDayIsOnePaintOfEachChart) {
@@ -80,10 +37,7 @@ TEST_F(LogScreen, AChangeOfTheDayIsOnePaintOfEachChart) {
     charts.show();
     QTest::qWait(300);
     const display::qt::FormView& view = *desktop.viewOf(charts);
-    std::vector<std::unique_ptr<Paints>> plots;
-    for (QWidget* widget : view.window()->findChildren<QWidget*>()) {
-        if (widget->inherits("QCustomPlot")) plots.push_back(std::make_unique<Paints>(widget));
-    }
+    const auto plots = display::qt::chartPaintsOf(view);
     ASSERT_EQ(plots.size(), 6u);
     const int before = view.paints();
     desktop.hand().select(charts.Combo1, 0);

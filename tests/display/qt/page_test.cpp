@@ -197,6 +197,18 @@ class Preview : public QtBench {
         }
         return pixels;
     }
+    /// Shows the document and returns its white sheet; empty if it does not appear.
+    QRect shown(const PageDocument& document) {
+        form.ViewPro1.show(document);
+        form.ViewPro1.zoom = 30;
+        settle();
+        QRect sheet;
+        const bool appeared = until([&] {
+            sheet = pixelsOf(picture(), qRgb(255, 255, 255));
+            return sheet.height() > 100;
+        });
+        return appeared ? sheet : QRect();
+    }
 
     PagePreviewForm form{*desktop};
 };
@@ -210,14 +222,8 @@ TEST_F(Preview, ShowsTheSheetAtItsTrueProportionsWithItsMarks) {
     const float y = paper.height / 2 - 720;
     document.line({x - paper.width / 4, y}, {x + paper.width / 4, y});
     document.line({x, y - paper.height / 4}, {x, y + paper.height / 4});
-    form.ViewPro1.show(document);
-    form.ViewPro1.zoom = 30;
-    settle();
-    QRect sheet;
-    ASSERT_TRUE(until([&] {
-        sheet = pixelsOf(picture(), qRgb(255, 255, 255));
-        return sheet.height() > 100;
-    }));
+    const QRect sheet = shown(document);
+    ASSERT_FALSE(sheet.isEmpty());
     keep(form, "preview");
     EXPECT_NEAR(double(sheet.height()) / sheet.width(), paper.height / paper.width, 0.02);
     const QRect cross = pixelsOf(picture(), qRgb(255, 0, 0));
@@ -230,14 +236,8 @@ TEST_F(Preview, ShowsTheSheetAtItsTrueProportionsWithItsMarks) {
 TEST_F(Preview, APictureFillsNoMoreThanItsPlaceWhateverThePixelsOfThePaper) {
     PageDocument document = withMargins();
     document.picture("InkMarvenia", {550, -360}, 2500, 400);
-    form.ViewPro1.show(document);
-    form.ViewPro1.zoom = 30;
-    settle();
-    QRect sheet;
-    ASSERT_TRUE(until([&] {
-        sheet = pixelsOf(picture(), qRgb(255, 255, 255));
-        return sheet.height() > 100;
-    }));
+    const QRect sheet = shown(document);
+    ASSERT_FALSE(sheet.isEmpty());
     const QImage seen = picture().copy(sheet.adjusted(2, 2, -2, -2));
     const double unit = sheet.width() / double(desktop->paper().width);
     const QRect ink = inkOf(seen);

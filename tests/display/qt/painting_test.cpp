@@ -9,6 +9,7 @@
 #include <cstdlib>
 
 #include "display/qt/painting/scale.h"
+#include "tests/display/qt/pixel_difference.h"
 #include "tests/display/qt/qt_bench.h"
 
 namespace display::qt {
@@ -26,22 +27,6 @@ class Painting : public QtBench {
         return image.pixelColor((QPointF(at) * image.devicePixelRatio()).toPoint());
     }
 };
-
-namespace {
-
-int largestDifference(const QImage& a, const QImage& b) {
-    int largest = a.size() == b.size() ? 0 : 255;
-    for (int y = 0; y < a.height() && largest < 255; ++y) {
-        for (int x = 0; x < a.width(); ++x) {
-            const QRgb p = a.pixel(x, y), q = b.pixel(x, y);
-            largest = std::max({largest, std::abs(qRed(p) - qRed(q)),
-                                std::abs(qGreen(p) - qGreen(q)), std::abs(qBlue(p) - qBlue(q))});
-        }
-    }
-    return largest;
-}
-
-}  // namespace
 
 TEST_F(Painting, NothingChanged_NothingIsPainted) {
     QTest::qWait(100);

@@ -13,6 +13,7 @@
 
 #include "display/page.h"
 #include "display/qt/windows/qt_desktop.h"
+#include "tests/display/qt/application.h"
 #include "tests/display/qt/cups_server.h"
 #include "tests/display/qt/full_disk.h"
 #include "tests/display/qt/live_rack.h"
@@ -58,7 +59,7 @@ display::PageDocument onePage(const char* words) {
 
 class PrintQueue : public testing::Test {
  protected:
-    PrintQueue() { startApplication(); }
+    PrintQueue() { display::qt::startApplication(); }
     void SetUp() override { ASSERT_TRUE(CupsServer::installed()) << "cupsd is not installed"; }
     QtDesktop& desktop() {
         if (!desktop_) desktop_ = std::make_unique<QtDesktop>(noArguments_, nullptr);

@@ -4,30 +4,12 @@
 #include <QDir>
 #include <algorithm>
 
+#include "tests/display/qt/application.h"
+
 namespace display::qt {
 
-namespace {
-
-/// The one QApplication of the process.
-QApplication& application() {
-    static int argc = 1;
-    static char name[] = "test_qt";
-    static char* argv[] = {name, nullptr};
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && qEnvironmentVariableIsEmpty("DISPLAY")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    static auto* app = [] {
-        QApplication::setHighDpiScaleFactorRoundingPolicy(
-            Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
-        return new QApplication(argc, argv);
-    }();
-    return *app;
-}
-
-}  // namespace
-
 QtBench::QtBench() {
-    application();
+    startApplication();
     int argc = 0;
     desktop = std::make_unique<QtDesktop>(argc, nullptr);
     sample = std::make_unique<test::SampleForm>(*desktop);

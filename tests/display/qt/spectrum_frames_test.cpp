@@ -3,29 +3,20 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QTest>
 #include <QThread>
 #include <QTimer>
 
-#include "all_forms.h"
-#include "app/forms.h"
 #include "display/qt/windows/form_view.h"
-#include "display/qt/windows/qt_desktop.h"
-#include "tests/support/rack_bench.h"
+#include "tests/display/qt/program_screen.h"
 
 namespace hmonitor::test {
 namespace {
 
 /// The program on the real desktop with a scripted unit of points on 97.9 MHz.
-class ScreenBench {
+class ScreenBench : public ProgramScreen {
  public:
     ScreenBench() {
-        scratch.write("hm-16.dat", lines({"1", "0", "0", "1", "0", "0", "0", "0"}));
-        scratch.write("normal.hm", lines({"100", "0", "0", "0", "1.000", "0", "0", "2", "90"}));
-        scratch.write("Hm-res.dat", lines({"0", "0", "0"}));
-        scratch.write("scan.dat", "");
-        scratch.write("halden.dat", memoryBlock({{1, "RADIO UNO", "979"}}));
         driver.hardwareVersion = 1.5f;
         driver.readings.field = 70;
     }
@@ -33,7 +24,6 @@ class ScreenBench {
     /// Runs from the splash to the measuring rack.
     bool start() {
         constexpr int kPatience = 20000;
-        desktop.rack({&forms.form1, &forms.formB, &forms.formC, &forms.formD, &forms.form3});
         QTimer ready;
         QObject::connect(&ready, &QTimer::timeout, [this] {
             // Not quit(), which would close the windows.
@@ -44,23 +34,6 @@ class ScreenBench {
         desktop.run([this] { forms.formWaitLoad.show(); });
         return desktop.queue().gateOpen();
     }
-
-    /// Must be initialised before the desktop.
-    struct Platform {
-        Platform() {
-            if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-                qputenv("QT_QPA_PLATFORM", "offscreen");
-        }
-    };
-
-    Platform platform;
-    int argc = 0;
-    TempFolder scratch;
-    display::qt::QtDesktop desktop{argc, nullptr};
-    ScriptedDriver driver;
-    Files files{scratch.path()};
-    Program program{desktop, driver, files};
-    Forms forms{program};
 };
 
 TEST(QtFrames, AChannelSpectrumOf33PointsIsPaintedAtMostOnceAPoint) {

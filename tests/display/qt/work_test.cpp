@@ -23,6 +23,24 @@ class WorkingDesktop : public QtBench {
         QTimer::singleShot(0, qApp, &QCoreApplication::quit);
         QCoreApplication::exec();
     }
+    void askForSlowWork() {
+        desktop->work(
+            [this] {
+                std::this_thread::sleep_for(std::chrono::milliseconds(100));
+                worked_ = true;
+                return 0;
+            },
+            [this](int) { taken_ = true; });
+    }
+    void expectDoneAndNotTaken() {
+        EXPECT_TRUE(worked_);
+        QTest::qWait(20);
+        EXPECT_FALSE(taken_);
+    }
+
+ private:
+    std::atomic<bool> worked_ = false;
+    bool taken_ = false;
 };
 
 TEST_F(WorkingDesktop, WorksOnAThreadOfItsOwnAndIsTakenOnTheProgramsOne) {
@@ -92,36 +110,16 @@ TEST_F(WorkingDesktop, TakesEachOfManyOnce) {
 }
 
 TEST_F(WorkingDesktop, WaitsForItsWorkAtTheEndAndTakesNothing) {
-    std::atomic<bool> worked = false;
-    bool taken = false;
-    desktop->work(
-        [&worked] {
-            std::this_thread::sleep_for(std::chrono::milliseconds(100));
-            worked = true;
-            return 0;
-        },
-        [&taken](int) { taken = true; });
+    askForSlowWork();
     EXPECT_THROW(desktop->end(), ProgramEnded);
-    EXPECT_TRUE(worked);
-    QTest::qWait(20);
-    EXPECT_FALSE(taken);
+    expectDoneAndNotTaken();
 }
 
 TEST_F(WorkingDesktop, ThatGoesAwayWaitsForItsWork) {
-    std::atomic<bool> worked = false;
-    bool taken = false;
-    desktop->work(
-        [&worked] {
-            std::this_thread::sleep_for(std::chrono::milliseconds(100));
-            worked = true;
-            return 0;
-        },
-        [&taken](int) { taken = true; });
+    askForSlowWork();
     sample.reset();
     desktop.reset();
-    EXPECT_TRUE(worked);
-    QTest::qWait(20);
-    EXPECT_FALSE(taken);
+    expectDoneAndNotTaken();
 }
 
 TEST_F(WorkingDesktop, TellsTheWallClockInUtcAndItsZone) {

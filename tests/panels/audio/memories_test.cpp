@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/panels/audio/shown_digit.h"
+#include "tests/panels/audio/tunings.h"
 #include "tests/support/rack_bench.h"
 
 namespace hmonitor::test {
@@ -30,14 +31,7 @@ class Memories : public testing::Test {
     void next() { bench.click(bench.formB.SSCommand1); }
     void previous() { bench.click(bench.formB.SSCommand2); }
     void moveBar(int value) { bench.set(bench.formB.HScroll1, value); }
-    /// The frequencies to which the unit was tuned since the last call.
-    std::vector<std::string> tunings() {
-        std::vector<std::string> all;
-        for (const std::string& call : bench.takeCalls()) {
-            if (call.starts_with("HM_Normal(")) all.push_back(call.substr(10, call.find(',') - 10));
-        }
-        return all;
-    }
+    std::vector<std::string> tunings() { return tuningsOf(bench); }
     std::string digits() {
         EXPECT_EQ(bench.formB.Line45.colour.get(), bench.formB.Line46.colour.get());
         return (bench.formB.Line46.colour == kLitMemory ? "1" : "") +

@@ -5,7 +5,7 @@
 
 #include "panels/audio/form_b.h"
 #include "panels/modulation/form1.h"
-#include "tests/support/rack_bench.h"
+#include "tests/panels/audio/tunings.h"
 #include "tuner/form_b_tuner.h"
 
 namespace hmonitor::test {
@@ -31,14 +31,7 @@ struct MemoryKeys : testing::Test {
         bench.hand.digit(bench.form1, {place, shift});
         bench.settle();
     }
-    /// The frequencies to which the unit was tuned since the last call.
-    std::vector<std::string> tunings() {
-        std::vector<std::string> all;
-        for (const std::string& call : bench.takeCalls()) {
-            if (call.starts_with("HM_Normal(")) all.push_back(call.substr(10, call.find(',') - 10));
-        }
-        return all;
-    }
+    std::vector<std::string> tunings() { return tuningsOf(bench); }
 
     RackBench bench;
 };

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <array>
 #include <string>
+#include <string_view>
 
 #include "program/segment_digit.h"
 
@@ -21,14 +23,16 @@ inline std::string litSegments(SegmentDigit& digit, display::Colour lit, display
     return segments;
 }
 
+/// The lit segments of the digits 0 to 9.
+inline constexpr std::array<std::string_view, 10> kFigureSegments{
+    "012346", "34", "02456", "23456", "1345", "12356", "012356", "1346", "0123456", "123456"};
+
 /// The figure that a place shows: "7", "" when it is dark, "?" when it is no figure.
 inline std::string shownFigure(SegmentDigit& digit, display::Colour lit, display::Colour dark) {
-    const char* const figures[] = {"012346", "34",     "02456", "23456",   "1345",
-                                   "12356",  "012356", "1346",  "0123456", "123456"};
     const std::string segments = litSegments(digit, lit, dark);
     if (segments.empty()) return "";
-    for (int i = 0; i < 10; ++i) {
-        if (segments == figures[i]) return std::to_string(i);
+    for (std::size_t i = 0; i < kFigureSegments.size(); ++i) {
+        if (segments == kFigureSegments[i]) return std::to_string(i);
     }
     return "?";
 }

@@ -15,15 +15,15 @@ class Lines : public Quality {
     /// Draws every figure at a place and compares the colours of its seven lines, segments 0 to 6.
     void expectLines(const std::function<void(int, int)>& draw, int place,
                      const std::vector<int>& numbers, display::Colour lit) {
-        const char* const known[] = {"1111101", "0001100", "1010111", "0011111", "0101110",
-                                     "0111011", "1111011", "0101101", "1111111", "0111111"};
         for (int digit = 0; digit < 10; ++digit) {
             draw(place, digit);
+            const std::string_view segments = kFigureSegments.at(static_cast<std::size_t>(digit));
             for (std::size_t i = 0; i < 7; ++i) {
                 const std::string name = "Line" + std::to_string(numbers[i]);
                 auto* line = dynamic_cast<display::Line*>(bench.formC.find(name));
                 ASSERT_NE(line, nullptr) << name;
-                EXPECT_EQ(line->colour, known[digit][i] == '1' ? lit : kUnlit)
+                EXPECT_EQ(line->colour,
+                          segments.find(static_cast<char>('0' + i)) != segments.npos ? lit : kUnlit)
                     << name << " of " << digit;
             }
         }

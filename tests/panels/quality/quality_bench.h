@@ -6,6 +6,7 @@
 #include <chrono>
 #include <string>
 
+#include "tests/panels/audio/shown_digit.h"
 #include "tests/support/rack_bench.h"
 
 namespace hmonitor::test {
@@ -25,20 +26,10 @@ class Quality : public testing::Test {
     /// The digits of some places; a dark place is a blank, an invalid one "?".
     template <std::size_t Places>
     static std::string figures(std::array<SegmentDigit, Places>& places, display::Colour lit) {
-        const char* const known[] = {"1111101", "0001100", "1010111", "0011111", "0101110",
-                                     "0111011", "1111011", "0101101", "1111111", "0111111"};
         std::string text;
         for (SegmentDigit& place : places) {
-            std::string segments;
-            for (int i = 0; i < 7; ++i) {
-                const display::Colour colour = place.segment(i).colour;
-                segments += colour == lit ? '1' : colour == kUnlit ? '0' : '?';
-            }
-            char shown = segments == "0000000" ? ' ' : '?';
-            for (int digit = 0; digit < 10; ++digit) {
-                if (segments == known[digit]) shown = static_cast<char>('0' + digit);
-            }
-            text += shown;
+            const std::string shown = shownFigure(place, lit, kUnlit);
+            text += shown.empty() ? " " : shown;
         }
         return text;
     }
