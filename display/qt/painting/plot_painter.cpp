@@ -73,8 +73,8 @@ class PlotPaint {
             columns.push_back(columnsOf(series, plot_.x, columns_));
         for (const auto& seen : columns) hatchHoles(seen);
         if (plot_.reference()) drawReference(*plot_.reference());
+        drawLimits();  // a dash would hide the curve that is judged by it
         for (std::size_t i = 0; i < columns.size(); ++i) drawSeries(plot_.series()[i], columns[i]);
-        drawLimits();
         drawFlags();
         drawMarks();
         writeNote();
