@@ -35,6 +35,9 @@ Form15::Form15(Program& itsProgram)
 void Form15::onLoad() {
     language = panelLanguage(desktop().userLanguageId());
     placeOverRack(*this, program);
+    std::string station = stationOfLog(program, {});
+    while (station.ends_with(' ')) station.pop_back();
+    Station.caption = station;
     Leer();
 }
 

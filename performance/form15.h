@@ -24,6 +24,7 @@ class Form15 final : public ProgramForm {
     display::Panel SSPanel1{*this, "SSPanel1"};    ///< moves the window
     display::Panel SSPanel2{*this, "SSPanel2"};    ///< "Text Mode"
     display::Panel SSPanel22{*this, "SSPanel22"};  ///< the day in brackets
+    display::Label Station{*this, "Station"};      ///< whose day it is
     display::Tabs SSTab1{*this, "SSTab1"};
     display::Panel Page1{*this, "Page1"};
     display::Panel Page2{*this, "Page2"};

@@ -43,6 +43,7 @@ void Form15::layOut() {
     layStrip(SSPanel1);
     place(SSPanel2, {240, 80, 1500, 320}, &SSPanel1, "Text Mode");
     place(SSPanel22, {kWidth - 2400, 80, 2100, 320}, &SSPanel1);
+    place(Station, {kWidth - 5900, 140, 3300, 240}, &SSPanel1, look::kTitleText.in(kCyan).right());
 
     place(SSTab1, {look::kMargin, 560, kWidth - 2 * look::kMargin, 5560},
           Says{"Cifras del día", "Figures of the day"});

@@ -45,6 +45,12 @@ TEST(TextWindow, OpensFromTextModeInPlaceOfTheCharts) {
     for (const display::Form* panel : bench.program.rack) EXPECT_FALSE(panel->enabled);
 }
 
+TEST(TextWindow, NamesTheStationBesideTheDay) {
+    LogBench bench;
+    bench.openText();
+    EXPECT_EQ(bench.text.Station.caption, "RADIO UNO 98.1 MHz");
+}
+
 TEST(TextWindow, StandsWithItsWords) {
     LogBench bench;
     bench.openText();
