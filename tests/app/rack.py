@@ -4,6 +4,7 @@
 import pathlib
 import subprocess
 import tempfile
+import time
 
 from screen import wait_for
 
@@ -165,16 +166,18 @@ class Rack:
         self.screen.click(*self.point(form, control, across, down))
 
     def open_list(self, form, control):
-        """Opens a list by a click and waits until it has the keyboard: it is a window of its own.
-        A key's tip can go at the same time, so that windows are not just counted."""
+        """Opens a list by a click and waits until it has the keyboard. A release that the program
+        sees long after the press chooses from the list and closes it: then it is opened again."""
+        x = self.screen.x
 
-        def windows():
-            return set(self.screen.x.of_process(self.program.pid))
+        def stands():
+            self.click(form, control)
+            end = time.monotonic() + 3
+            while not x.keyboard_is_held() and time.monotonic() < end:
+                time.sleep(0.02)
+            return x.has_come_round(self.window, 20) and x.keyboard_is_held()
 
-        closed = windows()
-        self.click(form, control)
-        wait_for(lambda: windows() - closed, f"the list of {form}.{control}")
-        wait_for(self.screen.x.keyboard_is_held, f"the keyboard of the list of {form}.{control}")
+        wait_for(stands, f"the list of {form}.{control}")
 
     def look(self, form, control):
         """The pixels of a control."""
