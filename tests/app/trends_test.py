@@ -62,6 +62,7 @@ def a_day_is_shown_and_zoomed_and_stays_beside_the_rack(rack, album):
     rack.screen.drag(corner, (corner[0] - wide // 5, corner[1] - high // 5))
     wait_for(lambda: abs(rack.screen.box(rack.wait_open(HISTORY))[2] - 0.8 * wide) < 0.03 * wide,
              "a smaller window")
+    rack.steady_look(HISTORY, ".")
     wait_for(lambda: curve(rack, "Plot_Figure(0)") > 0.8, "the curve in the smaller window")
     album.take(rack.screen, "history_smaller")
     rack.type(HISTORY, "Escape")
