@@ -99,6 +99,8 @@ std::optional<RdsBlocks::Alignment> RdsBlocks::elsewhere() const {
     for (std::uint64_t end = next_.end + 1; end <= bits_; ++end) {
         const auto found = pairEndingAt(end);
         if (!found || found->end + kBlockLength <= next_.end) continue;
+        // What the group's second block rules out would be ruled out there again, for ever.
+        if (found->place == next_.place && !possible(faultlessAt(*found).offset)) continue;
         if (!first || found->end < first->end) first = found;
     }
     return first;
@@ -106,8 +108,8 @@ std::optional<RdsBlocks::Alignment> RdsBlocks::elsewhere() const {
 
 // False when more bits must come first.
 bool RdsBlocks::decide() {
-    if (fits(next_.end, next_.place) && possible(faultless().offset)) {
-        deliver(faultless());
+    if (fits(next_.end, next_.place) && possible(faultlessAt(next_).offset)) {
+        deliver(faultlessAt(next_));
         return true;
     }
     if (bits_ < next_.end + kAhead * kBlockLength) return false;
@@ -127,9 +129,9 @@ void RdsBlocks::slipTo(const Alignment& to) {
     next_ = to;
 }
 
-RdsBlock RdsBlocks::faultless() const {
-    const std::uint32_t block = at(next_.end).block;
-    const auto& offsets = kOffsetsOf[next_.place];
+RdsBlock RdsBlocks::faultlessAt(const Alignment& where) const {
+    const std::uint32_t block = at(where.end).block;
+    const auto& offsets = kOffsetsOf[where.place];
     return {RdsBlockState::Good, informationOf(block), 0,
             rdsBlockIs(block, offsets[0]) ? offsets[0] : offsets[1]};
 }

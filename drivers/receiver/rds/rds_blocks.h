@@ -59,7 +59,7 @@ class RdsBlocks {
     void search();
     bool decide();
     void slipTo(const Alignment& to);
-    RdsBlock faultless() const;
+    RdsBlock faultlessAt(const Alignment& where) const;
     RdsBlock mended();
     bool possible(RdsOffset offset) const;
     // What the strengths of a block's bits say about a burst in it.

@@ -196,6 +196,27 @@ TEST(RdsDecoder, ASlipCostsTheBlockThatItHappensIn) {
     }
 }
 
+// Faultless by itself and with the fourth behind it, and yet ruled out by the second: it cannot be
+// slipped to, where the decoder stands already.
+TEST(RdsDecoder, AThirdBlockOfTheOtherVersionIsNotTakenAsItIsAndCostsNoMore) {
+    const auto bits = rdsBits(plan());
+    KeptGroups sent;
+    sent.add(bits);
+    auto other = bits;
+    const bool versionB = (sent.groups[5].blocks[1].information >> 11 & 1) != 0;
+    const std::uint32_t block =
+        rdsBlock(sent.groups[5].blocks[2].information, versionB ? RdsOffset::C : RdsOffset::CPrime);
+    for (std::size_t bit = 0; bit < kRdsBlockBits; ++bit) {
+        other[startOf(5, 2) + bit] = (block >> (kRdsBlockBits - 1 - bit) & 1) != 0;
+    }
+    KeptGroups kept;
+    kept.add(other);
+    ASSERT_EQ(kept.groups.size(), sent.groups.size());
+    EXPECT_NE(kept.groups[5].blocks[2].state, RdsBlockState::Good);
+    kept.groups[5].blocks[2] = sent.groups[5].blocks[2];
+    EXPECT_EQ(kept.groups, sent.groups);
+}
+
 TEST(RdsDecoder, GoesOnBehindMissingBits) {
     const auto bits = rdsBits(plan());
     for (std::size_t missing = 1; missing < 3 * kGroupBits; missing += 5) {
