@@ -17,8 +17,10 @@ namespace {
 // Neither follows a link of that name nor waits for a pipe.
 void removeLeftover(const std::filesystem::path& path) {
     const Descriptor file(::open(path.c_str(), O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-    if (!file || !takeWritingLock(file.get()) || isDeleted(file.get())) return;
-    ::unlink(path.c_str());
+    if (!file || !takeWritingLock(file.get())) return;
+    // Its writer may have renamed it before the lock was taken, and the next one have taken its
+    // name.
+    if (isStillNamed(file.get(), path)) ::unlink(path.c_str());
 }
 
 }  // namespace
@@ -27,9 +29,11 @@ bool takeWritingLock(int fd) {
     return ::flock(fd, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 }
 
-bool isDeleted(int fd) {
-    struct stat status = {};
-    return ::fstat(fd, &status) == 0 && status.st_nlink == 0;
+bool isStillNamed(int fd, const std::filesystem::path& path) {
+    struct stat open = {};
+    struct stat named = {};
+    return ::fstat(fd, &open) == 0 && ::lstat(path.c_str(), &named) == 0 &&
+           open.st_dev == named.st_dev && open.st_ino == named.st_ino;
 }
 
 void removeLeftovers(const std::filesystem::path& folder) {

@@ -27,8 +27,9 @@ void removeLeftovers(const std::filesystem::path& folder);
 /// releases it when its holder dies. On a disk without locks nobody has one.
 bool takeWritingLock(int fd);
 
-/// Whether an open file was deleted.
-bool isDeleted(int fd);
+/// Whether `path` itself, not what a link of that name leads to, still names the open file: it was
+/// neither deleted nor renamed, and no other file has taken its name.
+bool isStillNamed(int fd, const std::filesystem::path& path);
 
 #endif
 

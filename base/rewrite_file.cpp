@@ -50,7 +50,7 @@ class FileBeside {
             if (!file_) return errno;
             // Another process that removes left-overs may have deleted the file between the two
             // calls.
-            if (takeWritingLock(file_.get()) && !isDeleted(file_.get())) return holdLock();
+            if (takeWritingLock(file_.get()) && isStillNamed(file_.get(), path_)) return holdLock();
         }
         return EEXIST;
     }

@@ -17,6 +17,7 @@
 #include <random>
 #include <thread>
 
+#include "base/descriptor.h"
 #include "base/leftovers.h"
 #include "base/read_file.h"
 #include "tests/support/as_nobody.h"
@@ -310,6 +311,27 @@ TEST_F(RewriteFile, ThreeHundredKillsAlwaysLeaveAWholeOldOrNewFile) {
         ASSERT_EQ(temp.names().size(), 1u);
     }
     EXPECT_GT(killedInTheMiddle, 0) << "no kill hit a rewrite, so the test showed nothing";
+}
+
+TEST(Leftovers, AnOpenFileIsStillNamedUntilItsNameIsGoneOrAnothers) {
+    TempFolder temp;
+    const auto path = temp.path() / leftoverName(1, 0);
+    const auto open = [&] {
+        return Descriptor(::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666));
+    };
+    const Descriptor first = open();
+    EXPECT_TRUE(isStillNamed(first.get(), path));
+
+    std::filesystem::rename(path, temp.path() / "a");
+    EXPECT_FALSE(isStillNamed(first.get(), path));
+    const Descriptor next = open();
+    EXPECT_FALSE(isStillNamed(first.get(), path)) << "the next writer's file has its name";
+    EXPECT_TRUE(isStillNamed(next.get(), path));
+
+    std::filesystem::remove(path);
+    EXPECT_FALSE(isStillNamed(next.get(), path));
+    std::filesystem::create_symlink(temp.path() / "a", path);
+    EXPECT_FALSE(isStillNamed(first.get(), path)) << "a link is not the file";
 }
 
 TEST(Leftovers, MatchNoPatternOfTheProgramsFiles) {
