@@ -55,15 +55,22 @@ void frmSpectrumAnalizerSpan::run() {
         unload();
         return;
     }
+    // A step under 1 kHz is refused: the graph uses whole kHz. A box tells it, and before anything
+    // is done: the unit must not stand halted behind a box, and the dialog closes as after a run.
+    const double step = valueOf(Text2.text);
+    if (step < 1) tellLeastStep();
     driver.HM_Parar();
     driver.HM_getHardwareVersion(program.words.gHardwareVersion);
-    // A step under 1 kHz is refused: the graph uses whole kHz.
-    const double step = valueOf(Text2.text);
     if (step >= 1) measure(step);
     program.tuner->retune();
     if (program.frmSpectrumAnalizer->measurement.ScanRunning == -1)
         program.frmSpectrumAnalizer->ToggleScan();
     unload();
+}
+
+void frmSpectrumAnalizerSpan::tellLeastStep() {
+    desktop().messageBox(
+        {caption.get(), std::string(wordsIn(language, kLeastStep)), display::BoxIcon::Information});
 }
 
 void frmSpectrumAnalizerSpan::measure(double step) {

@@ -40,6 +40,7 @@ class frmSpectrumAnalizerSpan final : public ProgramForm {
  private:
     void takeStep();
     void run();
+    void tellLeastStep();
     void measure(double step);
     std::string measurePoints(double step, int count, double first);
 

@@ -10,6 +10,7 @@
 #include "spectrum/channel_graph.h"
 #include "spectrum/form_d1.h"
 #include "spectrum/span_choice.h"
+#include "spectrum/span_dialog.h"
 
 namespace hmonitor {
 
@@ -82,8 +83,7 @@ void Form_NewSpectro::run() {
     // A step under 1 kHz is refused: the graph and its labels use whole kHz.
     const double step = valueOf(Text_Step.text);
     if (step < 1) {
-        Refused.caption =
-            wordsIn(language, {"El paso mínimo es 1 kHz.", "The least step is 1 kHz."});
+        Refused.caption = wordsIn(language, kLeastStep);
         Text_Step.takeFocus();
         Text_Step.selectAll();
         lease.letGo();

@@ -7,6 +7,9 @@
 
 namespace hmonitor {
 
+/// Why no run begins with a step under 1 kHz.
+inline constexpr display::Words kLeastStep{"El paso mínimo es 1 kHz.", "The least step is 1 kHz."};
+
 /// The common part of the dialogs that ask for span and step of a run, starting at that distance
 /// from the top; their texts differ.
 template <class Dialog>

@@ -2,6 +2,9 @@
 // The span dialog, which nothing in the program opens.
 #include <gmock/gmock.h>
 
+#include <string>
+#include <vector>
+
 #include "tests/analyzer/analyzer_bench.h"
 
 namespace hmonitor::test {
@@ -11,7 +14,8 @@ using testing::ElementsAre;
 
 class SpanDialog : public AnalyzerBench {
  protected:
-    SpanDialog() {
+    explicit SpanDialog(int languageId = RackBench::kEnglish) : AnalyzerBench(languageId) {
+        bench.desktop.answerEveryBox = true;
         store("a.3Ds", 2, "of a");
         bench.driver.superLevel = 40;
         open(1.5f);
@@ -19,6 +23,11 @@ class SpanDialog : public AnalyzerBench {
         bench.takeCalls();
     }
     frmSpectrumAnalizerSpan& span{bench.forms.formSpectrumAnalizerSpan};
+};
+
+class SpanishSpanDialog : public SpanDialog {
+ protected:
+    SpanishSpanDialog() : SpanDialog(RackBench::kSpanish) {}
 };
 
 TEST_F(SpanDialog, HasOneStep) {
@@ -78,14 +87,44 @@ TEST_F(SpanDialog, AStepOf10Is100) {
     EXPECT_EQ(span.Text2.text, "100");
 }
 
-TEST_F(SpanDialog, WithoutAStepMeasuresNothing) {
-    for (const char* step : {"", "0", "x"}) {
+TEST_F(SpanDialog, WithoutAStepMeasuresNothingAndSaysWhy) {
+    for (const char* step : {"", "0", "x", "0.9", "-25"}) {
+        SCOPED_TRACE(step);
         span.show();
         bench.hand.edit(span.Text2, step);
+        bench.desktop.boxes.clear();
+        bench.takeCalls();
         click(span.Command3D1);
-        EXPECT_EQ(callsOf("HM_Super"), 0) << step;
+        EXPECT_THAT(bench.takeCalls(), ElementsAre("HM_Parar", "HM_getHardwareVersion", "HM_Parar",
+                                                   testing::StartsWith("HM_Normal(981")));
+        ASSERT_EQ(bench.desktop.boxes.size(), 1u);
+        EXPECT_EQ(bench.desktop.boxes[0].title, "Spectrum");
+        EXPECT_EQ(bench.desktop.boxes[0].text, "The least step is 1 kHz.");
         EXPECT_FALSE(span.loaded());
+        EXPECT_FALSE(bench.desktop.queue().running());
     }
+}
+
+TEST_F(SpanDialog, TheUnitMeasuresOnWhileTheWordAboutTheStepStands) {
+    bench.hand.edit(span.Text2, "0");
+    std::vector<std::string> before{"no box stood"};
+    bench.desktop.duringBox = [&] { before = bench.takeCalls(); };
+    click(span.Command3D1);
+    EXPECT_THAT(before, testing::IsEmpty());
+}
+
+TEST_F(SpanishSpanDialog, SaysInSpanishWhyNothingWasMeasured) {
+    bench.hand.edit(span.Text2, "");
+    click(span.Command3D1);
+    ASSERT_EQ(bench.desktop.boxes.size(), 1u);
+    EXPECT_EQ(bench.desktop.boxes[0].text, "El paso mínimo es 1 kHz.");
+}
+
+TEST_F(SpanDialog, AStepOf1KhzIsMeasuredWithoutAWord) {
+    bench.hand.edit(span.Text2, "1");
+    click(span.Command3D1);
+    EXPECT_EQ(callsOf("HM_Super(930)"), 1);
+    EXPECT_TRUE(bench.desktop.boxes.empty());
 }
 
 TEST_F(SpanDialog, InDemoModeShowsTheAnalyzer) {
