@@ -2,9 +2,11 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """packaging_test.py BUILD CMAKE SUITE: what an installed system has of the program."""
 import configparser
+import json
 import os
 import pathlib
 import re
+import signal
 import stat
 import struct
 import subprocess
@@ -215,6 +217,58 @@ class Started(unittest.TestCase):
             self.assertEqual(self.start("hmonitor-radio")[0], "radio")
             self.assertFalse((self.home / ".local/share/hmonitor-radio").exists())
             self.assertFalse((self.home / ".local/share/hmonitor-radio.new").exists())
+
+
+class Hardened(unittest.TestCase):
+    """What ./run and the package are built with, seen on a program with a hole."""
+
+    HOLE = """#include <cstdio>
+#include <cstring>
+int main(int, char** words) {
+    char room[16];
+    std::strcpy(room, words[1]);
+    std::puts(room);
+}
+"""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.folder = tempfile.TemporaryDirectory()
+        tree = pathlib.Path(cls.folder.name)
+        (tree / "hole.cpp").write_text(cls.HOLE)
+        (tree / "CMakeLists.txt").write_text(
+            "cmake_minimum_required(VERSION 3.16)\nproject(hole LANGUAGES CXX)\n"
+            f'include("{PACKAGING}/hardening.cmake")\nadd_executable(hole hole.cpp)\n')
+        for words in (["-S", tree, "-B", tree / "built", "-DCMAKE_BUILD_TYPE=Release"],
+                      ["--build", tree / "built"]):
+            code, said = said_by(cmake, *words)
+            assert code == 0, said
+        cls.hole = tree / "built/hole"
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.folder.cleanup()
+
+    def test_an_overflow_ends_the_program(self):
+        self.assertEqual(said_by(self.hole, "fits"), (0, "fits\n"))
+        code, said = said_by("env", "LC_ALL=C", self.hole, "x" * 100)
+        self.assertEqual(code, -signal.SIGABRT)
+        self.assertIn("buffer overflow detected", said)
+
+    def test_stack_relocations_and_address_are_guarded(self):
+        code, said = said_by("env", "LC_ALL=C", "readelf", "--file-header", "--segments", "--dynamic", "--syms", "--wide", self.hole)
+        self.assertEqual(code, 0, said)
+        for guard in (r"Type:\s+DYN", r"GNU_RELRO", r"BIND_NOW|FLAGS_1.*NOW", r"__stack_chk_fail",
+                      r"__strcpy_chk"):
+            self.assertRegex(said, guard)
+
+    def test_what_is_started_and_packed_is_built_so(self):
+        presets = json.loads((TOP / "CMakePresets.json").read_text())["configurePresets"]
+        run = next(preset for preset in presets if preset["name"] == "run")["cacheVariables"]
+        self.assertEqual(run["HMONITOR_HARDENED"], "ON")
+        self.assertEqual(run["CMAKE_BUILD_TYPE"], "Release")
+        for name in ("run", "scripts/package"):
+            self.assertIn("build_run", (TOP / name).read_text(), name)
 
 
 class Built(unittest.TestCase):
