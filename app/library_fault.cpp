@@ -86,4 +86,32 @@ LibraryFault libraryFault(const hm16::LoadResult& loaded) {
     return {};
 }
 
+LibraryFault absenceFault(const UnitAbsence& absence) {
+    using Cause = UnitAbsence::Cause;
+    const auto& [cause, what, words] = absence;
+    switch (cause) {
+        case Cause::NoRadio:
+            return {"No se encuentra la radio \"" + what +
+                        "\". Compruebe que está conectada, que ningún otro programa la usa y que "
+                        "está instalado su módulo de SoapySDR.",
+                    "The radio \"" + what +
+                        "\" was not found. Check that it is plugged in, that no other program uses "
+                        "it and that its SoapySDR module is installed."};
+        case Cause::NoSoapy:
+            return {"La radio \"" + what + "\" necesita SoapySDR, que no se puede cargar: " + words,
+                    "The radio \"" + what + "\" needs SoapySDR. " + words};
+        case Cause::BadRadio:
+            return {"La radio no se puede usar como lo pide hm-16.ini: " + words,
+                    "The radio cannot be used as hm-16.ini asks: " + words};
+        case Cause::BadSetting:
+            return {"Hay un ajuste equivocado: " + words, "A setting is wrong: " + words};
+        case Cause::BadRecording:
+            return {"La grabación no se puede medir: " + words,
+                    "The recording cannot be measured: " + words};
+        case Cause::NotTold:
+            break;
+    }
+    return {};
+}
+
 }  // namespace hmonitor

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "app/library_fault.h"
-#include "program/loaded_driver.h"
 
 namespace hmonitor {
 
@@ -26,9 +25,22 @@ void OpenedDriver::openInside(const std::filesystem::path& folder) {
         tell(inside_);
         return;
     }
-    driver_ = std::make_unique<LoadedDriver>(
-        inside_.library->functions(),
+    use(inside_.library->functions(),
         reinterpret_cast<HM16_ExtensionFunction>(inside_.library->extra(HM16_EXTENSION_NAME)));
+}
+
+void OpenedDriver::use(const HM16_Functions& functions, HM16_ExtensionFunction extension) {
+    auto loaded = std::make_unique<LoadedDriver>(functions, extension);
+    loaded_ = loaded.get();
+    driver_ = std::move(loaded);
+}
+
+void OpenedDriver::tellAbsenceTo(Program& program) const {
+    if (!loaded_) return;
+    loaded_->onAbsence = [&program](const UnitAbsence& absence) {
+        // What a crash or a silence has to say says more.
+        if (program.LibraryFault.english.empty()) program.LibraryFault = absenceFault(absence);
+    };
 }
 
 #if defined(HMONITOR_HOSTED_LIBRARY)
@@ -49,11 +61,12 @@ bool OpenedDriver::openHosted(const std::filesystem::path& folder,
         return true;
     }
     hosted_ = std::move(load.library);
-    driver_ = std::make_unique<LoadedDriver>(hosted_->functions(), hosted_->extension());
+    use(hosted_->functions(), hosted_->extension());
     return true;
 }
 
 void OpenedDriver::watchFor(Program& program, display::CallBox& box) {
+    tellAbsenceTo(program);
     if (!hosted_) return;
     watch_ = std::make_unique<LibraryWatch>(program, box);
     hosted_->watchedBy(watch_.get());
@@ -65,7 +78,9 @@ bool OpenedDriver::openHosted(const std::filesystem::path&, std::chrono::millise
     return false;
 }
 
-void OpenedDriver::watchFor(Program&, display::CallBox&) {}
+void OpenedDriver::watchFor(Program& program, display::CallBox&) {
+    tellAbsenceTo(program);
+}
 
 #endif
 

@@ -8,6 +8,7 @@
 #include "display/call_box.h"
 #include "drivers/loader/library.h"
 #include "program/driver.h"
+#include "program/loaded_driver.h"
 #include "program/program.h"
 
 #if defined(HMONITOR_HOSTED_LIBRARY)
@@ -31,13 +32,16 @@ class OpenedDriver {
 
     DriverLibrary& library() { return *driver_; }
     const LibraryFault& fault() const { return fault_; }
-    /// From here on the user is asked, by this box, when the library crashes or hangs.
+    /// From here on the program knows why no unit answers, where the library says it, and the user
+    /// is asked, by this box, when the library crashes or hangs.
     void watchFor(Program& program, display::CallBox& box);
 
  private:
     bool openHosted(const std::filesystem::path& folder, std::chrono::milliseconds patience);
     void openInside(const std::filesystem::path& folder);
     void tell(const hm16::LoadResult& result);
+    void use(const HM16_Functions& functions, HM16_ExtensionFunction extension);
+    void tellAbsenceTo(Program& program) const;
 
     hm16::LoadResult inside_;
 #if defined(HMONITOR_HOSTED_LIBRARY)
@@ -45,6 +49,7 @@ class OpenedDriver {
     std::unique_ptr<LibraryWatch> watch_;
 #endif
     std::unique_ptr<DriverLibrary> driver_;
+    LoadedDriver* loaded_ = nullptr;  ///< the same, where there is a library
     LibraryFault fault_;
 };
 

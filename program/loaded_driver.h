@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 
 #include "drivers/hm16.h"
@@ -9,6 +10,7 @@
 #include "drivers/loader/read_data.h"
 #include "program/driver.h"
 #include "program/slot_states.h"
+#include "program/unit_absence.h"
 
 namespace hmonitor {
 
@@ -21,10 +23,14 @@ class LoadedDriver final : public DriverLibrary {
         : call_(functions) {
         if (!extension) return;
         listen_ = static_cast<const HM16_ListenV1*>(extension(HM16_LISTEN));
+        absence_ = static_cast<const HM16_AbsenceV1*>(extension(HM16_ABSENCE));
         if (const void* figures = extension(HM16_FIGURES)) {
             slots_.emplace(*static_cast<const HM16_FiguresV1*>(figures));
         }
     }
+
+    /// Told why no unit answers, each time that none does and the library says why.
+    std::function<void(const UnitAbsence&)> onAbsence;
 
     std::int32_t HM_Init() override {
         if (slots_) slots_->forget();
@@ -62,7 +68,9 @@ class LoadedDriver final : public DriverLibrary {
     }
     std::int32_t HM_setSintoMode(std::int32_t mode) override { return call_.setSintoMode(mode); }
     std::int32_t HM_getHardwareVersion(float& version) override {
-        return call_.getHardwareVersion(&version);
+        const std::int32_t result = call_.getHardwareVersion(&version);
+        if (!(version > 0)) tellAbsence();
+        return result;
     }
     std::int32_t HM_getDriverVersion(float& version) override {
         return call_.getDriverVersion(&version);
@@ -84,8 +92,17 @@ class LoadedDriver final : public DriverLibrary {
     }
 
  private:
+    void tellAbsence() const {
+        HM16_AbsenceInfo info{};
+        info.size = sizeof info;
+        if (!onAbsence || !absence_ || absence_->why(&info) != 0) return;
+        const UnitAbsence absence = unitAbsence(info);
+        if (absence.cause != UnitAbsence::Cause::NotTold) onAbsence(absence);
+    }
+
     const HM16_Functions& call_;
     const HM16_ListenV1* listen_ = nullptr;
+    const HM16_AbsenceV1* absence_ = nullptr;
     std::optional<SlotStates> slots_;
 };
 

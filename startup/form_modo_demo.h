@@ -20,7 +20,7 @@ class FormModoDemo final : public ProgramForm {
     display::Panel Faceplate{*this, "Faceplate"};
     display::Label Label1{*this, "Label1"};    ///< the Spanish words
     display::Label Label2{*this, "Label2"};    ///< the English words
-    display::Label Reason{*this, "Reason"};    ///< why no driver library was loaded
+    display::Label Reason{*this, "Reason"};    ///< why there is no driver library or no unit
     display::Key Command1{*this, "Command1"};  ///< demo mode
     display::Key Command2{*this, "Command2"};  ///< exit
 

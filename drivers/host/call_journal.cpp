@@ -20,6 +20,7 @@ bool isReading(Call call) {
         case Call::FiguresDescribe:
         case Call::FiguresSlots:
         case Call::ListenState:
+        case Call::AbsenceWhy:
             return true;
         default:
             return false;

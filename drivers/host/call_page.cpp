@@ -6,7 +6,7 @@
 namespace hm16 {
 
 const char* nameOf(Call call) {
-    static constexpr std::array<const char*, 27> kNames = {"HM_Init",
+    static constexpr std::array<const char*, 28> kNames = {"HM_Init",
                                                            "HM_Terminate",
                                                            "HM_DemoMode",
                                                            "HM_Directorio",
@@ -30,6 +30,7 @@ const char* nameOf(Call call) {
                                                            "figures.slots",
                                                            "listen.set",
                                                            "listen.state",
+                                                           "absence.why",
                                                            "loading",
                                                            "unloading",
                                                            ""};

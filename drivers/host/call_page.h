@@ -6,6 +6,7 @@
 #include <type_traits>
 
 #include "drivers/hm16.h"
+#include "drivers/hm16_absence.h"
 #include "drivers/hm16_more.h"
 #include "drivers/host/bell.h"
 
@@ -38,6 +39,7 @@ enum class Call : std::int32_t {
     FiguresSlots,
     ListenSet,
     ListenState,
+    AbsenceWhy,
     Load,  // load the library from the current folder's `text`
     Quit,  // unload it and end
     None,
@@ -79,14 +81,16 @@ struct CallPage {
 
     CallValues values;
     char text[4096] = {};          // Load: the folder, then why not; Directorio: the folder
-    std::uint32_t extensions = 0;  // Load: kHasFigures, kHasListen, kHasExtension
+    std::uint32_t extensions = 0;  // Load: kHasFigures, kHasListen, kHasAbsence
     std::uint32_t optional = 0;    // Load: which of the three optional functions there are
     HM16_Slot slots[kSlotsOnPage];
+    HM16_AbsenceInfo absence{};
 };
 static_assert(std::is_standard_layout_v<CallPage>);
 
 inline constexpr std::uint32_t kHasFigures = 1;
 inline constexpr std::uint32_t kHasListen = 2;
+inline constexpr std::uint32_t kHasAbsence = 4;
 
 inline constexpr std::uint32_t kHasDirectorio = 1;
 inline constexpr std::uint32_t kHasSetClient = 2;

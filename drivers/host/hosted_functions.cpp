@@ -174,15 +174,26 @@ std::int32_t HM16_CALL listenStateHosted(HM16_ListenState* state) {
     return result;
 }
 
+std::int32_t HM16_CALL absenceHosted(HM16_AbsenceInfo* info) {
+    const std::size_t room = std::min<std::size_t>(info->size, sizeof *info);
+    if (inUse == nullptr || plain(Call::AbsenceWhy) != 0) return 1;
+    HM16_AbsenceInfo told = inUse->page().absence;
+    told.size = static_cast<std::uint32_t>(room);
+    std::memcpy(info, &told, room);
+    return 0;
+}
+
 constexpr HM16_FiguresV1 kFigures = {sizeof(HM16_FiguresV1), hostedPlain<Call::FiguresCount>,
                                      describeHosted, slotsHosted};
 constexpr HM16_ListenV1 kListen = {sizeof(HM16_ListenV1), listenHosted, listenStateHosted};
+constexpr HM16_AbsenceV1 kAbsence = {sizeof(HM16_AbsenceV1), absenceHosted};
 
 const void* HM16_CALL hostedExtensionById(const char* id) {
     if (inUse == nullptr) return nullptr;
     const std::string_view name = id;
     if (name == HM16_FIGURES && inUse->hasFigures()) return &kFigures;
     if (name == HM16_LISTEN && inUse->hasListen()) return &kListen;
+    if (name == HM16_ABSENCE && inUse->hasAbsence()) return &kAbsence;
     return nullptr;
 }
 

@@ -30,6 +30,7 @@ std::int32_t withoutLibrary(Call call) {
         case Call::FiguresDescribe:
         case Call::ListenSet:
         case Call::ListenState:
+        case Call::AbsenceWhy:
             return 1;
         case Call::FiguresSlots:
             return -1;

@@ -59,6 +59,7 @@ class HostedLibrary {
     const std::filesystem::path& file() const { return file_; }
     bool hasFigures() const { return (extensions_ & kHasFigures) != 0; }
     bool hasListen() const { return (extensions_ & kHasListen) != 0; }
+    bool hasAbsence() const { return (extensions_ & kHasAbsence) != 0; }
     // False once the program goes on without it.
     bool runs() const { return process_ != nullptr; }
     // The library's process, 0 for none; for tests.

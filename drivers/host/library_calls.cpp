@@ -85,6 +85,9 @@ void LibraryCalls::make() {
         case Call::ListenState:
             callListen(values);
             break;
+        case Call::AbsenceWhy:
+            callAbsence(values);
+            break;
         default:
             if (!loaded_.library) return;
             values.result = callNineteen(loaded_.library->functions(), values, page_.text);
@@ -104,8 +107,10 @@ void LibraryCalls::load() {
         reinterpret_cast<HM16_ExtensionFunction>(loaded_.library->extra(HM16_EXTENSION_NAME));
     figures_ = extension ? wholeOf<HM16_FiguresV1>(extension(HM16_FIGURES)) : nullptr;
     listen_ = extension ? wholeOf<HM16_ListenV1>(extension(HM16_LISTEN)) : nullptr;
-    page_.extensions =
-        (figures_ != nullptr ? kHasFigures : 0) | (listen_ != nullptr ? kHasListen : 0);
+    absence_ = extension ? wholeOf<HM16_AbsenceV1>(extension(HM16_ABSENCE)) : nullptr;
+    page_.extensions = (figures_ != nullptr ? kHasFigures : 0) |
+                       (listen_ != nullptr ? kHasListen : 0) |
+                       (absence_ != nullptr ? kHasAbsence : 0);
 }
 
 void LibraryCalls::callFigures(CallValues& values) {
@@ -134,6 +139,13 @@ void LibraryCalls::callListen(CallValues& values) {
     } else {
         values.result = listen_->state(&values.listen);
     }
+}
+
+void LibraryCalls::callAbsence(CallValues& values) {
+    HM16_AbsenceInfo info{};
+    info.size = sizeof info;
+    values.result = absence_ != nullptr ? absence_->why(&info) : 1;
+    page_.absence = info;
 }
 
 }  // namespace hm16

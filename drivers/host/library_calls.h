@@ -20,11 +20,13 @@ class LibraryCalls {
     void load();
     void callFigures(CallValues& values);
     void callListen(CallValues& values);
+    void callAbsence(CallValues& values);
 
     CallPage& page_;
     LoadResult loaded_;
     const HM16_FiguresV1* figures_ = nullptr;
     const HM16_ListenV1* listen_ = nullptr;
+    const HM16_AbsenceV1* absence_ = nullptr;
 };
 
 // A refusal as it crosses the page, and back: kind, kind of file fault, and the words.

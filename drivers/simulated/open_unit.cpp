@@ -5,6 +5,7 @@
 
 #include "drivers/simulated/options.h"
 #include "drivers/simulated/simulated_unit.h"
+#include "drivers/unit/absence.h"
 #include "drivers/unit/settings.h"
 #include "drivers/unit/standard_error.h"
 #include "drivers/unit/unit.h"
@@ -16,6 +17,7 @@ std::unique_ptr<Unit> openUnit(const std::filesystem::path& folder, PublishedRea
     const simulated::Options options = simulated::readOptions(settings);
     const auto faults = settings.faults();
     for (const auto& fault : faults) sayOnStandardError(fault);
+    if (!faults.empty()) tellAbsence(HM16_BAD_SETTING, "hm-16.ini", faults.front());
     if (!faults.empty() || options.version <= 0) return nullptr;
     // The program may change its folder later; the files stay where it was at the start.
     return std::make_unique<simulated::SimulatedUnit>(options, readings,

@@ -13,7 +13,9 @@
 
 #include "base/shared_object.h"
 #include "drivers/hm16.h"
+#include "drivers/hm16_absence.h"
 #include "drivers/hm16_more.h"
+#include "drivers/unit/absence.h"
 #include "drivers/unit/standard_error.h"
 #include "drivers/unit/unit.h"
 
@@ -89,6 +91,7 @@ std::int32_t init(Session& s) {
     if (base::threadsEndFirst()) base::keepLoaded(&here);
     s.mode = Mode::Idle;
     s.readings.publish({});
+    forgetAbsence();
     s.unit = openUnit(settingsFolder(), s.readings);
     return s.unit ? kDone : kFailed;
 }
@@ -306,5 +309,7 @@ int32_t HM16_CALL HM_getDriverVersion(float* version) {
 const void* HM16_CALL HM16_Extension(const char* id) {
     if (id == nullptr) return nullptr;
     const std::string_view name(id);
-    return name == HM16_FIGURES ? &hm16::kFigures : hm16::libraryExtension(name);
+    if (name == HM16_FIGURES) return &hm16::kFigures;
+    if (name == HM16_ABSENCE) return &hm16::absenceExtension();
+    return hm16::libraryExtension(name);
 }

@@ -79,8 +79,8 @@ class Unit {
 
 // Opens the unit. `folder` is the library's own folder, where its settings file lies; the files of
 // stations and days go into the current folder. The unit publishes into `readings`, which outlives
-// it. Null when no unit answers or a setting is wrong, after saying so on standard error: the
-// program then sees hardware version 0.
+// it. Null when no unit answers or a setting is wrong, after saying so on standard error and by
+// tellAbsence(): the program then sees hardware version 0.
 std::unique_ptr<Unit> openUnit(const std::filesystem::path& folder, PublishedReadings& readings);
 
 // The library's own version.

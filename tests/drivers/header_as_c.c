@@ -1,6 +1,7 @@
 /* SPDX-License-Identifier: GPL-3.0-or-later */
 /* The interface as a C11 compiler takes it: whoever writes a library may write it in C. */
 #include "drivers/hm16.h"
+#include "drivers/hm16_absence.h"
 #include "drivers/hm16_more.h"
 #include "drivers/hm16_report.h"
 

@@ -183,6 +183,41 @@ TEST_F(LoadedDriverTest, TheLoudspeakersAreThoseOfTheExtension) {
     EXPECT_EQ(other.sound(), std::nullopt);
 }
 
+HM16_AbsenceInfo whyNoUnit{};
+int absenceAsked = 0;
+const HM16_AbsenceV1 kAbsence{sizeof(HM16_AbsenceV1), [](HM16_AbsenceInfo* info) -> int32_t {
+                                  ++absenceAsked;
+                                  *info = whyNoUnit;
+                                  return 0;
+                              }};
+
+TEST_F(LoadedDriverTest, WhyNoUnitAnswersIsToldWhenNoneDoes) {
+    static float version = 0;
+    HM16_Functions silent = functions;
+    silent.getHardwareVersion = [](float* out) -> int32_t {
+        *out = version;
+        return 0;
+    };
+    LoadedDriver absent(silent, [](const char* id) -> const void* {
+        return std::string(id) == HM16_ABSENCE ? &kAbsence : nullptr;
+    });
+    std::vector<UnitAbsence::Cause> causes;
+    absent.onAbsence = [&](const UnitAbsence& absence) { causes.push_back(absence.cause); };
+    whyNoUnit.cause = HM16_NO_RADIO;
+    version = 1.8f;
+    float level = 0;
+    absent.HM_getHardwareVersion(level);
+    EXPECT_EQ(absenceAsked, 0) << "a unit answers";
+    version = 0;
+    absent.HM_getHardwareVersion(level);
+    EXPECT_THAT(causes, ElementsAre(UnitAbsence::Cause::NoRadio));
+    whyNoUnit.cause = HM16_NOT_TOLD;
+    absent.HM_getHardwareVersion(level);
+    EXPECT_EQ(causes.size(), 1u) << "the library does not know";
+    driver.HM_getHardwareVersion(level);  // a library without the extension
+    EXPECT_EQ(absenceAsked, 2);
+}
+
 /// A library with slots of three figures, one of which the registry lacks.
 struct Slots {
     std::vector<HM16_Slot> kept;

@@ -14,7 +14,10 @@
 #include "drivers/receiver/library/open_source.h"
 #include "drivers/receiver/library/receiver_options.h"
 #include "drivers/receiver/library/receiver_unit.h"
+#include "drivers/receiver/radio/soapy_library.h"
+#include "drivers/receiver/radio/soapy_radio.h"
 #include "drivers/receiver/sound/loudspeaker.h"
+#include "drivers/unit/absence.h"
 #include "drivers/unit/settings.h"
 #include "drivers/unit/standard_error.h"
 #include "drivers/unit/unit.h"
@@ -70,6 +73,22 @@ std::int32_t HM16_CALL listening(HM16_ListenState* told) {
 
 constexpr HM16_ListenV1 kListen{sizeof(HM16_ListenV1), setListening, listening};
 
+// What the source is that cannot be used.
+std::int32_t causeOf(const receiver::ReceiverOptions& options, const receiver::SourceError& error) {
+    using receiver::SourceKind;
+    if (options.source == SourceKind::Recording) return HM16_BAD_RECORDING;
+    if (options.source == SourceKind::Synthetic) return HM16_BAD_SETTING;
+    if (dynamic_cast<const receiver::NoSoapy*>(&error) != nullptr) return HM16_NO_SOAPY;
+    if (dynamic_cast<const receiver::RadioAbsent*>(&error) != nullptr) return HM16_NO_RADIO;
+    return HM16_BAD_RADIO;
+}
+
+std::string settingOf(const receiver::ReceiverOptions& options) {
+    if (options.source == receiver::SourceKind::Soapy) return options.radio.device;
+    return options.source == receiver::SourceKind::Recording ? options.recording.file.string()
+                                                             : "hm-16.ini";
+}
+
 }  // namespace
 
 std::unique_ptr<Unit> openUnit(const std::filesystem::path& folder, PublishedReadings& readings) {
@@ -77,6 +96,7 @@ std::unique_ptr<Unit> openUnit(const std::filesystem::path& folder, PublishedRea
     const receiver::ReceiverOptions options = receiver::readOptions(settings, folder);
     const auto faults = settings.faults();
     for (const auto& fault : faults) sayOnStandardError(fault);
+    if (!faults.empty()) tellAbsence(HM16_BAD_SETTING, "hm-16.ini", faults.front());
     if (!faults.empty() || options.version <= 0) return nullptr;
     try {
         auto source = receiver::openSource(options);
@@ -85,6 +105,7 @@ std::unique_ptr<Unit> openUnit(const std::filesystem::path& folder, PublishedRea
         const char* key = options.source == receiver::SourceKind::Recording ? "file" : "source";
         settings.addFault(key, std::string("cannot be used: ") + error.what());
         sayOnStandardError(settings.faults().back());
+        tellAbsence(causeOf(options, error), settingOf(options), error.what());
     }
     return nullptr;
 }

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <exception>
 #include <thread>
 
 namespace hm16::receiver {
@@ -76,6 +75,7 @@ void RadioLoop::gone(const std::string& fault) {
     const std::lock_guard lock(mutex_);
     // A radio that stays away is told of once, by what was first seen.
     if (phase_ != Phase::Gone) fault_ = fault;
+    if (!thrown_) thrown_ = std::current_exception();
     phase_ = Phase::Gone;
     changed_.notify_all();
 }
@@ -130,11 +130,12 @@ void RadioLoop::answerTuning(SoapyRadio& radio, std::span<Sample> room) {
     changed_.notify_all();
 }
 
-std::optional<std::string> RadioLoop::opened() {
+std::exception_ptr RadioLoop::opened() {
     std::unique_lock lock(mutex_);
     changed_.wait_for(lock, kOpening, [&] { return phase_ != Phase::Opening; });
-    if (phase_ == Phase::Sending) return std::nullopt;
-    return phase_ == Phase::Gone ? fault_ : radioName(request_) + " does not answer.";
+    if (phase_ == Phase::Sending) return nullptr;
+    if (phase_ == Phase::Gone) return thrown_;
+    return std::make_exception_ptr(SourceError(radioName(request_) + " does not answer."));
 }
 
 double RadioLoop::rateHz() const {

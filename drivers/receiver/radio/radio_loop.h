@@ -5,6 +5,7 @@
 #include <condition_variable>
 #include <cstdint>
 #include <deque>
+#include <exception>
 #include <mutex>
 #include <optional>
 #include <span>
@@ -29,8 +30,9 @@ class RadioLoop {
     // asked to close. Ends at once if the radio cannot be opened the first time.
     void run();
 
-    // Waits until the radio sends or cannot be opened; the sentence says why.
-    std::optional<std::string> opened();
+    // Waits until the radio sends or cannot be opened; then what was thrown, whose sentence says
+    // why. Null when it sends.
+    std::exception_ptr opened();
 
     double rateHz() const;
     double centreHz() const;
@@ -70,8 +72,9 @@ class RadioLoop {
     Phase phase_ = Phase::Opening;
     bool closing_ = false;
     bool ended_ = false;
-    bool givenUp_ = false;  // set by the reader: the radio is to be opened again
-    std::string fault_;     // why it has gone
+    bool givenUp_ = false;       // set by the reader: the radio is to be opened again
+    std::string fault_;          // why it has gone
+    std::exception_ptr thrown_;  // likewise, the first time
     double rateHz_ = 0;
     double centreHz_ = 0;
     std::optional<double> wantedHz_;

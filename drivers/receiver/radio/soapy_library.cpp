@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drivers/receiver/radio/soapy_library.h"
 
-#include "drivers/receiver/samples/sample_source.h"
-
 namespace hm16::receiver {
 namespace {
 
 base::SharedObject opened(const std::string& file) {
     std::string reason;
     base::SharedObject object = base::SharedObject::open(file, reason);
-    if (!object) throw SourceError("SoapySDR cannot be loaded: " + reason + ".");
+    if (!object) throw NoSoapy("SoapySDR cannot be loaded: " + reason + ".");
     return object;
 }
 
@@ -18,7 +16,7 @@ base::SharedObject opened(const std::string& file) {
 SoapyLibrary::SoapyLibrary(const std::string& file) : object_(opened(file)) {
     const auto take = [&](const char* name, auto& function) {
         if (!object_.take(name, function))
-            throw SourceError(file + " has no function " + name + "; SoapySDR 0.8 is needed.");
+            throw NoSoapy(file + " has no function " + name + "; SoapySDR 0.8 is needed.");
     };
     take("SoapySDRDevice_makeStrArgs", make);
     take("SoapySDRDevice_unmake", unmake);

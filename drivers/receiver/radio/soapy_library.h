@@ -6,6 +6,7 @@
 #include <string>
 
 #include "base/shared_object.h"
+#include "drivers/receiver/samples/sample_source.h"
 
 namespace hm16::receiver {
 
@@ -18,11 +19,17 @@ inline constexpr const char* kSoapyLibrary = "libSoapySDR.0.8.dylib";
 inline constexpr const char* kSoapyLibrary = "libSoapySDR.so.0.8";
 #endif
 
+// SoapySDR cannot be loaded.
+class NoSoapy : public SourceError {
+ public:
+    using SourceError::SourceError;
+};
+
 // The functions of SoapySDR's C interface (0.8) that a receiver needs, looked up at run time, so
 // that everything else works without the library. The signatures are those of its header.
 class SoapyLibrary {
  public:
-    // Throws SourceError when the library or one of its functions is not there.
+    // Throws NoSoapy when the library or one of its functions is not there.
     explicit SoapyLibrary(const std::string& file);
 
     // Returned texts belong to the caller, who frees them with release().

@@ -31,7 +31,7 @@ std::string radioName(const SoapyRequest& request) {
 SoapyRadio::SoapyRadio(const SoapyLibrary& library, const SoapyRequest& request)
     : library_(library), name_(radioName(request)) {
     device_ = library_.make(request.device.c_str());
-    if (!device_) throw SourceError(name_ + " cannot be opened: " + library_.lastError() + ".");
+    if (!device_) throw RadioAbsent(name_ + " cannot be opened: " + library_.lastError() + ".");
     try {
         set(request);
         setNamed(request);

@@ -28,11 +28,18 @@ struct SoapyRequest {
     std::vector<std::pair<std::string, std::string>> settings;  // the driver's own
 };
 
+// No such radio is plugged in, or another program has it.
+class RadioAbsent : public SourceError {
+ public:
+    using SourceError::SourceError;
+};
+
 // An open radio that is sending, used by one thread. Every call may take as long as its driver
 // likes, so others use it through RadioLoop.
 class SoapyRadio {
  public:
-    // Throws SourceError with the radio's own words when it is not there or refuses.
+    // Throws SourceError with the radio's own words when it refuses, RadioAbsent when it is not
+    // there.
     SoapyRadio(const SoapyLibrary& library, const SoapyRequest& request);
     ~SoapyRadio();
     SoapyRadio(const SoapyRadio&) = delete;

@@ -2,6 +2,7 @@
 #include "drivers/receiver/radio/soapy_source.h"
 
 #include <cmath>
+#include <exception>
 #include <span>
 
 #include "base/shared_object.h"
@@ -12,7 +13,7 @@ SoapySource::SoapySource(const SoapyRequest& request)
     : loop_(std::make_shared<RadioLoop>(request)), thread_([loop = loop_] { loop->run(); }) {
     if (const auto fault = loop_->opened()) {
         close();
-        throw SourceError(*fault);
+        std::rethrow_exception(fault);
     }
 }
 

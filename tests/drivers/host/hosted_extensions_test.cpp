@@ -105,6 +105,26 @@ TEST_F(HostedUnit, LaysSlotsWhereACallerOfAnotherAgeWantsThem) {
     EXPECT_EQ(room[kWider - 1], 0xee);
 }
 
+TEST_F(HostedUnit, SaysWhyNoUnitAnswers) {
+    const auto* absence =
+        static_cast<const HM16_AbsenceV1*>(loaded_.library->extension()(HM16_ABSENCE));
+    ASSERT_NE(absence, nullptr);
+    HM16_AbsenceInfo info{};
+    info.size = sizeof info;
+    EXPECT_EQ(absence->why(&info), 0);
+    EXPECT_EQ(info.cause, HM16_NOT_TOLD);
+    loaded_.library->functions().terminate();
+    folder_.write("hm-16.ini", "pace = quick\n");
+    loaded_.library->functions().init();
+    std::memset(&info, 'x', sizeof info);
+    info.size = offsetof(HM16_AbsenceInfo, words) + 6;
+    EXPECT_EQ(absence->why(&info), 0);
+    EXPECT_EQ(info.size, offsetof(HM16_AbsenceInfo, words) + 6);
+    EXPECT_EQ(info.cause, HM16_BAD_SETTING);
+    EXPECT_STREQ(info.what, "hm-16.ini");
+    EXPECT_EQ(std::string(info.words, 7).back(), 'x');
+}
+
 TEST_F(HostedUnit, HasNoExtensionThatTheLibraryLacks) {
     EXPECT_EQ(loaded_.library->extension()("hm16.unheard_of.1"), nullptr);
     const LoadResult inside = Library::load(folder_.path());

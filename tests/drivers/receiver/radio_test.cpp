@@ -15,6 +15,8 @@
 #include <csignal>
 #include <cstdlib>
 
+#include "drivers/hm16_absence.h"
+#include "drivers/hm16_more.h"
 #include "tests/drivers/receiver/receiver_library.h"
 
 namespace {
@@ -221,6 +223,35 @@ TEST(Radio, WithoutSoapySdrThereIsNoUnit) {
                   "source cannot be used: SoapySDR cannot be loaded: libNotThere.so");
     expectRefused("source = soapy\nsoapy_library = " HM16_RECEIVER "\n",
                   "has no function SoapySDRDevice_makeStrArgs; SoapySDR 0.8 is needed.");
+}
+
+// Why no unit answers, as the library says it to the program.
+HM16_AbsenceInfo absenceWith(const std::string& settings) {
+    const Fixture fixture;
+    const ReceiverLibrary receiver(settings);
+    receiver.init();
+    const auto extension =
+        reinterpret_cast<HM16_ExtensionFunction>(receiver.library().extra(HM16_EXTENSION_NAME));
+    HM16_AbsenceInfo info{};
+    info.size = sizeof info;
+    EXPECT_EQ(static_cast<const HM16_AbsenceV1*>(extension(HM16_ABSENCE))->why(&info), 0);
+    return info;
+}
+
+TEST(Radio, WhyItIsNotThereIsSaidToTheProgram) {
+    const auto missing = absenceWith("source = soapy\nsoapy_device = driver=other\n");
+    EXPECT_EQ(missing.cause, HM16_NO_RADIO);
+    EXPECT_STREQ(missing.what, "driver=other");
+    const auto unreached = absenceWith("source = soapy\nsoapy_library = libNotThere.so\n");
+    EXPECT_EQ(unreached.cause, HM16_NO_SOAPY);
+    const auto strange = absenceWith("source = soapy\nsoapy_library = " HM16_RECEIVER "\n");
+    EXPECT_EQ(strange.cause, HM16_NO_SOAPY);
+    const auto refusing = absenceWith(radio("refuse=rate"));
+    EXPECT_EQ(refusing.cause, HM16_BAD_RADIO);
+    EXPECT_THAT(refusing.words, HasSubstr("refuses the sample rate: sample rate out of range."));
+    EXPECT_EQ(absenceWith(radio("", "gain_db = loud\n")).cause, HM16_BAD_SETTING);
+    EXPECT_EQ(absenceWith("source = recording\nfile = nowhere.cu8\n").cause, HM16_BAD_RECORDING);
+    EXPECT_EQ(absenceWith(radio("")).cause, HM16_NOT_TOLD);
 }
 
 TEST(Radio, WhatItRefusesIsSaid) {
