@@ -122,5 +122,37 @@ TEST(Numbers, CallsAreToldFromComments) {
     EXPECT_FALSE(formatsOnItsOwn("around(y); Stroke::Round(2);"));
 }
 
+bool createsAFile(const std::string& line) {
+    static const std::regex kCreates(
+        R"(\bofstream\b|\bO_CREAT\b|\bCREATE_(NEW|ALWAYS)\b|\bfopen\([^)]*"[wa]|\bQ(Save|Temporary)File\b)");
+    return std::regex_search(withoutComment(line), kCreates);
+}
+
+// Files of the working folder change by the one rewrite alone, which follows no link that somebody
+// else laid, and leaves the old file or the new one.
+TEST(Files, AreWrittenByTheOneRewriteOnly) {
+    const std::set<std::string> theRewrite = {"base/rewrite_file.cpp", "base/files_windows.cpp"};
+    // What a person names: an export, a recording on a command line, the manual's pages.
+    const std::set<std::string> whereAsked = {
+        "display/qt/windows/qt_desktop_files.cpp", "display/qt/windows/qt_desktop_printing.cpp",
+        "drivers/receiver/record/recording_writer.cpp", "manual/main.cpp"};
+    for (const SourceFile& file : sourceFiles()) {
+        if (file.isUnder("tests") || file.isUnder("bench")) continue;
+        if (theRewrite.contains(file.path) || whereAsked.contains(file.path)) continue;
+        for (std::size_t i = 0; i < file.lines.size(); ++i) {
+            EXPECT_FALSE(createsAFile(file.lines[i])) << file.at(i) << ": " << file.lines[i];
+        }
+    }
+}
+
+TEST(Files, ThatAreReadAreToldFromThoseThatAreWritten) {
+    EXPECT_TRUE(createsAFile("std::ofstream out(path);"));
+    EXPECT_TRUE(createsAFile("::open(path, O_WRONLY | O_CREAT, 0666);"));
+    EXPECT_TRUE(createsAFile("std::fopen(path, \"wb\");"));
+    EXPECT_TRUE(createsAFile("QSaveFile file(path);"));
+    EXPECT_FALSE(createsAFile("std::fopen(path, \"rb\");"));
+    EXPECT_FALSE(createsAFile("std::ifstream in(path);  // never std::ofstream"));
+}
+
 }  // namespace
 }  // namespace hmonitor::test

@@ -53,6 +53,21 @@ class Installed(unittest.TestCase):
         for name in COMMANDS + TOOLS:
             self.assertEqual(self.mode(f"usr/bin/{name}"), 0o755, name)
 
+    def test_nothing_installed_reaches_for_a_network(self):
+        looked = 0
+        for name in sorted(self.files):
+            if (self.root / name).read_bytes()[:4] != b"\x7fELF":
+                continue
+            code, said = said_by("nm", "--dynamic", "--undefined-only", self.root / name)
+            self.assertEqual(code, 0, said)
+            calls = {line.split()[-1].split("@")[0] for line in said.splitlines()}
+            self.assertFalse(calls & {"socket", "connect", "bind", "listen", "getaddrinfo", "gethostbyname"},
+                             name)
+            libraries = said_by("readelf", "--dynamic", "--wide", self.root / name)[1]
+            self.assertNotRegex(libraries, r"Qt6Network|libcurl|libssl", name)
+            looked += 1
+        self.assertGreaterEqual(looked, 7)
+
     def test_each_unit_has_program_library_help_and_first_contents(self):
         first = {path.name for path in (TOP / "install").glob("*") if path.is_file()} - {"hm-16.ini"}
         self.assertEqual(first, {"Hm-res.dat", "halden.dat", "hm-16.dat", "hm-16.hlp", "normal.hm",
