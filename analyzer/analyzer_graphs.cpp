@@ -68,6 +68,10 @@ int densityEntry(double counted, std::int32_t acquisitions) {
     return share < 1.0 ? kNotSeen : toWhole(share);
 }
 
+int weightOf(int entry) {
+    return entry < toWhole(kMostCommon) ? entry : 0;
+}
+
 double madeUpLevel(int i, double random) {
     constexpr int kPeakEvery = 100;
     constexpr int kPeakWidth = 10;

@@ -24,6 +24,9 @@ inline constexpr int kNotSeen = -1;
 /// The entry of the colour table for a cell's count: the count's share of the sweeps in 5280ths,
 /// halves to even. kNotSeen below one 5280th. `sweeps` is not 0.
 int densityEntry(double counted, std::int32_t acquisitions);
+/// How a cell of that entry stands against others in the same pixel: the more common is shown, but
+/// the black of the last entry gives way to all colours, so that none is lost in a narrow window.
+int weightOf(int entry);
 
 /// Level i (from 1) of the simulated spectrum of a session without one: a noise floor with a peak
 /// every 100 steps. `random` from 0 up to 1.

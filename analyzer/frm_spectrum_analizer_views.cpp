@@ -58,6 +58,7 @@ void frmSpectrumAnalizer::UpdateSpectrogram() {
             const int entry = densityEntry(measurement.SpectralDensity.at(x, row), sweeps);
             if (entry == kNotSeen) continue;
             const display::Colour colour = kColors[static_cast<std::size_t>(entry)];
+            map_->Canvas->cellWeight = weightOf(entry);
             map_->GraphPixel(x + 1, Density::kRows - 2 - row,
                              static_cast<std::int32_t>(colour.bgr));
         }

@@ -51,8 +51,9 @@ void SparseLabels::print(std::string_view text) {
 }
 
 void SparseLabels::cell(const display::CellGrid& grid, int column, int row) {
-    // Cells, of which there are tens of thousands, need only the colour.
+    // Cells, of which there are tens of thousands, need only these two.
     drawing_.foreground = foreground;
+    drawing_.cellWeight = cellWeight;
     drawing_.cell(grid, column, row);
 }
 

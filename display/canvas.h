@@ -44,6 +44,8 @@ class Canvas {
     virtual void print(std::string_view text) = 0;
 
     Colour foreground = kBlack;
+    /// Of cells that share a pixel where a map has more cells than pixels, the heaviest is shown.
+    int cellWeight = 0;
     float textX = 0;
     float textY = 0;
     bool bold = false;

@@ -6,13 +6,33 @@
 
 namespace display {
 
-void CellMap::draw(int column, int row, Colour colour) {
+void CellMap::draw(int column, int row, Colour colour, int weight) {
     constexpr std::uint32_t kOpaque = 0xff000000;
-    std::uint32_t& cell = cells[static_cast<std::size_t>(row * grid.columns + column)];
+    const auto at = static_cast<std::size_t>(row * grid.columns + column);
+    std::uint32_t& cell = cells[at];
+    weights[at] = weight;
     drawn_ += cell == 0;
     cell = kOpaque | static_cast<std::uint32_t>(colour.red()) << 16 |
            static_cast<std::uint32_t>(colour.green()) << 8 |
            static_cast<std::uint32_t>(colour.blue());
+}
+
+std::vector<std::uint32_t> CellMap::shrunk(int columns, int rows) const {
+    const auto places = static_cast<std::size_t>(columns * rows);
+    std::vector<std::uint32_t> shown(places);
+    std::vector<int> heaviest(places);
+    std::size_t at = 0;
+    for (int row = 0; row < grid.rows; ++row) {
+        const int line = row * rows / grid.rows * columns;
+        for (int column = 0; column < grid.columns; ++column, ++at) {
+            if (cells[at] == 0) continue;
+            const auto place = static_cast<std::size_t>(line + column * columns / grid.columns);
+            if (shown[place] != 0 && heaviest[place] > weights[at]) continue;
+            shown[place] = cells[at];
+            heaviest[place] = weights[at];
+        }
+    }
+    return shown;
 }
 
 bool CellMap::eraseWithin(float x1, float y1, float x2, float y2) {

@@ -131,7 +131,7 @@ void Drawing::cell(const CellGrid& grid, int column, int row) {
     }
     // The screen looks for new marks only at the end of the list.
     if (map != &marks_.back()) ++rebuilt_;
-    map->map->draw(column, row, foreground);
+    map->map->draw(column, row, foreground, cellWeight);
     map->number = next_++;
     owner_.touch();
 }
@@ -213,6 +213,7 @@ void Drawing::scale(float unit, float frame) {
 void Drawing::reset() {
     clear();
     foreground = kBlack;
+    cellWeight = 0;
     textX = 0;
     textY = 0;
     bold = false;

@@ -3,7 +3,10 @@
 // boxes.
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <optional>
+#include <vector>
 
 #include "analyzer/analyzer_graphs.h"
 #include "analyzer/sparse_labels.h"
@@ -47,6 +50,12 @@ TEST(SparseLabels, LeaveOutWhatWouldTouchTheTextBefore) {
     for (const display::Mark& mark : box.drawing.marks()) texts.push_back(mark.text);
     EXPECT_THAT(texts, testing::ElementsAre("88.0 ", "89.0 ", "on another line"));
     EXPECT_EQ(box.drawing.marks()[0].points, 6);
+}
+
+TEST(DensityEntry, WeighsMoreTheMoreCommonItIsButBlackLeast) {
+    EXPECT_GT(weightOf(1), weightOf(1280)) << "black on black would hide the rarest level";
+    EXPECT_GT(weightOf(2), weightOf(1));
+    EXPECT_GT(weightOf(1279), weightOf(1278));
 }
 
 class AnalyzerMap : public AnalyzerBench {
@@ -109,6 +118,37 @@ TEST_F(AnalyzerMap, StandsAtItsPlaceWithItsColours) {
     // The stored session has column 5 at 35 dB in every sweep.
     EXPECT_EQ(shown(5, 35), display::kBlack);
     EXPECT_EQ(shown(5, 36), std::nullopt);
+}
+
+TEST_F(AnalyzerMap, ShrunkShowsTheMostCommonColourOfEachPlaceAndBlackOnlyWhereNoneStands) {
+    store("a.3Ds", 5280);
+    open();
+    const auto count = [this](int x, double sweeps) {
+        measurement.SpectralDensity.set(x, 20, sweeps);
+    };
+    form.ClearDensity();
+    measurement.SessionInfo.Acquisitions = 5280;
+    // Each of these pairs comes to stand in one of 400 places.
+    count(8, 5280), count(9, 1);
+    count(18, 700), count(19, 300);
+    count(29, 5280);
+    form.ShowSpectrum_3D();
+    ASSERT_NE(map(), nullptr);
+    constexpr int kWide = 400, kRow = 49;
+    const std::vector<std::uint32_t> shrunk = map()->shrunk(kWide, map()->grid.rows);
+    const auto at = [&](int place) {
+        return shrunk[static_cast<std::size_t>(kRow * kWide + place)];
+    };
+    const auto pixelOf = [](std::size_t entry) {
+        const display::Colour colour = buildPalette()[entry];
+        return 0xff000000 | static_cast<std::uint32_t>(colour.red()) << 16 |
+               static_cast<std::uint32_t>(colour.green()) << 8 |
+               static_cast<std::uint32_t>(colour.blue());
+    };
+    EXPECT_EQ(at(4), pixelOf(1));
+    EXPECT_EQ(at(9), pixelOf(700));
+    EXPECT_EQ(at(14), pixelOf(1280));
+    EXPECT_EQ(std::ranges::count(shrunk, 0u), 70 * kWide - 3);
 }
 
 TEST_F(AnalyzerMap, HasTheColourOfEachCellsShareAndNoneOfColumn800AndRow70) {

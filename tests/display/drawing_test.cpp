@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/drawing.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <cstdint>
 
 #include "display/headless/headless_desktop.h"
 #include "tests/display/sample_form.h"
@@ -218,6 +221,23 @@ TEST_F(Drawings, TheCellsOfAMapAreOneMark) {
     EXPECT_EQ(map.y1, 20);
     EXPECT_EQ(map.y2, 95);
     EXPECT_EQ(cellAt(map, 7, 9), 0xff070009u) << "red first: what a screen takes";
+}
+
+TEST_F(Drawings, AMapThatIsShrunkShowsTheHeaviestCellOfEachPlaceAndOfEqualsTheLast) {
+    constexpr CellGrid kRow{0, 0, 1, 1, 7, 2};
+    CellMap map(kRow);
+    constexpr std::uint32_t kRedPixel = 0xffff0000, kGreenPixel = 0xff00ff00,
+                            kCyanPixel = 0xff00ffff;
+    map.draw(0, 0, kRed, 2);
+    map.draw(1, 0, kGreen, 1);
+    map.draw(2, 0, kCyan, 2);
+    map.draw(6, 1, kGreen, -5);
+    // Columns 0 to 2 are one place, 3 and 4 the second, 5 and 6 the third.
+    EXPECT_THAT(map.shrunk(3, 1), testing::ElementsAre(kCyanPixel, 0, kGreenPixel));
+    EXPECT_THAT(map.shrunk(1, 2), testing::ElementsAre(kCyanPixel, kGreenPixel));
+    map.draw(0, 0, kRed, 3);
+    EXPECT_THAT(map.shrunk(3, 1), testing::ElementsAre(kRedPixel, 0, kGreenPixel));
+    EXPECT_EQ(map.shrunk(7, 2), map.cells);
 }
 
 TEST_F(Drawings, ACellOutsideItsMapIsABoxLikeOnAnyCanvas) {

@@ -6,6 +6,8 @@
 #include <QString>
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <vector>
 
 #include "display/qt/painting/fonts.h"
 #include "display/qt/painting/palette.h"
@@ -89,10 +91,20 @@ void MarkPainter::print(QPainter& painter, const Mark& mark) {
 
 void MarkPainter::cells(QPainter& painter, const Mark& mark) const {
     const CellMap& map = *mark.map;
-    const QImage pixels(reinterpret_cast<const uchar*>(map.cells.data()), map.grid.columns,
-                        map.grid.rows, QImage::Format_ARGB32_Premultiplied);
-    painter.drawImage(QRectF(QPointF(at(mark.x1), at(mark.y1)), QPointF(at(mark.x2), at(mark.y2))),
-                      pixels);
+    const QRectF place(QPointF(at(mark.x1), at(mark.y1)), QPointF(at(mark.x2), at(mark.y2)));
+    // Stretched, every cell has a pixel; a picture that was squeezed would leave cells out.
+    const auto fitting = [this](qreal side, int cells) {
+        return std::clamp(static_cast<int>(std::lround(side * ratio_)), 1, cells);
+    };
+    const int columns = fitting(place.width(), map.grid.columns);
+    const int rows = fitting(place.height(), map.grid.rows);
+    const bool allFit = columns == map.grid.columns && rows == map.grid.rows;
+    const std::vector<std::uint32_t> shrunk =
+        allFit ? std::vector<std::uint32_t>() : map.shrunk(columns, rows);
+    const QImage pixels(reinterpret_cast<const uchar*>((allFit ? map.cells : shrunk).data()),
+                        columns, rows, columns * static_cast<int>(sizeof(std::uint32_t)),
+                        QImage::Format_ARGB32_Premultiplied);
+    painter.drawImage(place, pixels);
 }
 
 }  // namespace display::qt

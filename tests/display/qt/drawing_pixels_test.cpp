@@ -3,6 +3,7 @@
 #include <QImage>
 #include <QPainter>
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 #include "display/qt/painting/fonts.h"
@@ -168,6 +169,63 @@ TEST_P(DrawingPixels, ACellBelowALaterMarkChangesOnTheScreenToo) {
               QColor(Qt::green));
     EXPECT_EQ(image.pixelColor(static_cast<int>(1000 * pixel), static_cast<int>(1000 * pixel)),
               QColor(Qt::white));
+}
+
+/// As many columns as the map of a whole band, on less than half as many pixels.
+constexpr CellGrid kSqueezed{200, 300, 4, 4, 801, 600};
+
+TEST_P(DrawingPixels, NoCellOfAMapWithMoreCellsThanPixelsIsLost) {
+    const auto painted = paintedDrawing(box);
+    const auto columnOf = [](int i) { return 11 * i; };
+    const auto rowOf = [](int i) { return 7 * i; };
+    constexpr int kCells = 72;
+    for (int i = 0; i < kCells; ++i) {
+        box.drawing.foreground = ofCell(columnOf(i), rowOf(i));
+        box.drawing.cell(kSqueezed, columnOf(i), rowOf(i));
+    }
+    const QImage image = shown(*painted);
+    const auto placed = [](float from, float pitch, int cell) {
+        return static_cast<int>((from + pitch * (static_cast<float>(cell) + 0.5f)) *
+                                kPixelsPerTwip * GetParam());
+    };
+    for (int i = 0; i < kCells; ++i) {
+        const Colour colour = ofCell(columnOf(i), rowOf(i));
+        const QColor wanted(colour.red(), colour.green(), colour.blue());
+        const int x = placed(kSqueezed.left, kSqueezed.pitchX, columnOf(i));
+        const int y = placed(kSqueezed.top, kSqueezed.pitchY, rowOf(i));
+        int found = 0;
+        for (int j = 0; j < 9; ++j)
+            found += image.pixelColor(x - 1 + j % 3, y - 1 + j / 3) == wanted;
+        EXPECT_EQ(found, 1) << i;
+    }
+    int lit = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            lit += image.pixelColor(x, y) != QColor(Qt::darkCyan);
+    }
+    EXPECT_EQ(lit, kCells);
+}
+
+TEST_P(DrawingPixels, OfTheCellsInAPixelTheHeaviestIsShown) {
+    const auto painted = paintedDrawing(box);
+    box.drawing.cellWeight = 1;
+    box.drawing.foreground = kRed;
+    for (int i = 0; i <= 20; ++i) box.drawing.cell(kSqueezed, 40 * i, 300);
+    box.drawing.cellWeight = 0;
+    box.drawing.foreground = kBlack;
+    for (int column = 0; column < kSqueezed.columns; ++column) {
+        if (column % 40 != 0) box.drawing.cell(kSqueezed, column, 300);
+    }
+    const QImage image = shown(*painted);
+    int red = 0, black = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            red += image.pixelColor(x, y) == QColor(Qt::red);
+            black += image.pixelColor(x, y) == QColor(Qt::black);
+        }
+    }
+    EXPECT_EQ(red, 21);
+    EXPECT_EQ(red + black, std::lround(801 * 4 * kPixelsPerTwip * GetParam()));
 }
 
 INSTANTIATE_TEST_SUITE_P(AtEachRatio, DrawingPixels, testing::Values(1, 1.25, 1.5, 2));
