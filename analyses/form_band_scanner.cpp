@@ -175,9 +175,14 @@ std::string Form_BandSCanner::tellStrongest() const {
     ScanCell strongest;
     double highest = -1;
     for (const auto& [cell, channel, level] : shownLevels()) {
-        if (level > highest) highest = level, strongest = cell;
+        // The levels of a file that was found may not tell where they were measured.
+        const bool known = channel.what == ScannedChannels::What::Channel;
+        if (known && level > highest) highest = level, strongest = cell;
     }
-    if (highest < 0) return std::string(wordsIn(language, {"sin medir", "not measured"}));
+    if (highest < 0) {
+        return std::string(
+            wordsIn(language, {"sin barrido desde el inicio", "no scan since the start"}));
+    }
     return std::string(wordsIn(language, {"El más fuerte: ", "The strongest: "})) +
            tellCell(strongest.row, strongest.column);
 }

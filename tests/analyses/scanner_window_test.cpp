@@ -242,10 +242,24 @@ TEST_F(ScannerWindow, AFoundFileTellsItsChannelsAsFarAsItCan) {
     }
 }
 
+TEST_F(ScannerWindow, BeforeAScanAScreenReaderIsToldOfNone) {
+    // Nothing; and a file whose channels are not known, as the one that the program brings.
+    for (const int count : {0, 103}) {
+        bench.write("scan.dat", lines(std::vector<std::string>(count, "44")));
+        for (const auto& [language, words] :
+             {std::pair{display::Language::English, "no scan since the start"},
+              std::pair{display::Language::Spanish, "sin barrido desde el inicio"}}) {
+            open(1.8f);
+            scanner.language = language;
+            EXPECT_EQ(scanner.Graph1.reading(), words) << count;
+            click(scanner.CommandClose);
+        }
+    }
+}
+
 TEST_F(ScannerWindow, AScreenReaderIsToldTheStrongestChannel) {
     bench.write("scan.dat", "");
     open(1.8f);
-    EXPECT_EQ(scanner.Graph1.reading(), "not measured");
     bench.driver.spectrum[982.f] = 97;
     choose(ScanSpacing::All);
     EXPECT_EQ(scanner.Graph1.reading(), "The strongest: 98.2 MHz: 97 dB");
