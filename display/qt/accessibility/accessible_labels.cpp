@@ -15,6 +15,7 @@
 #include "display/qt/widgets/picture_box_widget.h"
 #include "display/qt/widgets/plot_widget.h"
 #include "display/qt/windows/form_view.h"
+#include "display/qt/windows/rack_window.h"
 
 namespace display::qt {
 
@@ -33,6 +34,17 @@ bool isAccessible(const Control& control) {
 bool isMeasured(const Control& control) {
     const Label* label = asLabel(control);
     return control.reading || (label && label->readout);
+}
+
+/// Whether it is the caption beside a figure that goes by the same name: the figure is told with
+/// its name, so the caption would only be told twice.
+bool captionsFigure(const Control& control) {
+    const Label* label = asLabel(control);
+    if (!label || isMeasured(control)) return false;
+    return std::ranges::any_of(control.form().controls(), [&](const Control* other) {
+        return other != &control && isAccessible(*other) && isMeasured(*other) && other->shown() &&
+               other->accessibleName() == label->caption.get();
+    });
 }
 
 /// One painted label, or another painted control with a reading.
@@ -72,7 +84,7 @@ class AccessibleLabel final : public QAccessibleInterface {
     QAccessible::State state() const override {
         QAccessible::State state;
         state.readOnly = true;
-        state.invisible = !view_ || !control_.shown();
+        state.invisible = !view_ || !control_.shown() || saysNothing();
         return state;
     }
 
@@ -91,7 +103,15 @@ class AccessibleLabel final : public QAccessibleInterface {
     }
     QString caption() const {
         const Label* label = asLabel(control_);
-        return label ? qText(label->caption.get()) : QString();
+        if (!label) return {};
+        // Where a path may be broken is nothing to say.
+        constexpr QChar kMayBreak(0x200b);
+        return qText(label->caption.get()).remove(kMayBreak);
+    }
+    /// A message that does not stand, told by its name alone, would be taken for one that does.
+    bool saysNothing() const {
+        return isMeasured(control_) ? value().isEmpty()
+                                    : caption().isEmpty() || captionsFigure(control_);
     }
 
     QPointer<FormView> view_;
@@ -106,8 +126,7 @@ class AccessibleForm final : public QAccessibleWidget {
     FormView& view() const { return static_cast<FormView&>(*widget()); }
 
     QString text(QAccessible::Text kind) const override {
-        return kind == QAccessible::Name ? spokenName(view().form())
-                                         : QAccessibleWidget::text(kind);
+        return kind == QAccessible::Name ? name() : QAccessibleWidget::text(kind);
     }
     int childCount() const override {
         return QAccessibleWidget::childCount() + view().accessible().count();
@@ -129,6 +148,15 @@ class AccessibleForm final : public QAccessibleWidget {
         }
         return QAccessibleWidget::childAt(x, y);
     }
+
+ private:
+    /// The panels of the rack all have the title of the program; their headings tell them apart.
+    QString name() const {
+        const Form& form = view().form();
+        const bool inRack = dynamic_cast<const RackWindow*>(view().window());
+        const auto* heading = dynamic_cast<const Label*>(inRack ? form.find("Heading") : nullptr);
+        return heading ? qText(heading->caption.get()) : spokenName(form);
+    }
 };
 
 /// One of several options. Qt takes a radio button for a check box when its group is not Qt's own.
@@ -139,7 +167,10 @@ class AccessibleOption final : public QAccessibleWidget {
 
     QString text(QAccessible::Text kind) const override {
         const QString said = QAccessibleWidget::text(kind);
-        return kind == QAccessible::Name && said.isEmpty() ? option().text() : said;
+        if (kind == QAccessible::Name && said.isEmpty()) return option().text();
+        // Its own name again.
+        if (kind == QAccessible::Description && said == option().accessibleName()) return {};
+        return said;
     }
     QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();

@@ -98,6 +98,51 @@ TEST_P(AccessibleRack, HiddenLampsAreInvisible) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return !bad->state().invisible; }, 5000));
 }
 
+TEST_P(AccessibleRack, PanelsAreToldApartByTheirHeadings) {
+    LiveRack rack(GetParam());
+    ASSERT_TRUE(rack.measures());
+    const std::pair<const Form*, display::Words> panels[] = {
+        {&rack.forms().form1, {"RF / MODULACION", "RF / MODULATION"}},
+        {&rack.forms().formB, {"AUDIO / STEREO", "AUDIO / STEREO"}},
+        {&rack.forms().formC, {"CALIDAD", "QUALITY"}},
+        {&rack.forms().formD, {"ANALISIS", "ANALYSES"}}};
+    for (const auto& [form, heading] : panels) {
+        QAccessibleInterface* panel = QAccessible::queryAccessibleInterface(&rack.view(*form));
+        EXPECT_EQ(panel->text(QAccessible::Name).toStdString(), in(heading));
+    }
+}
+
+TEST_P(AccessibleRack, ACaptionBesideAFigureOfItsNameIsNotToldBesides) {
+    LiveRack rack(GetParam());
+    ASSERT_TRUE(rack.measures());
+    const QString name = in({"Picos por Minuto", "Peaks per Minute"});
+    QAccessibleInterface* panel =
+        QAccessible::queryAccessibleInterface(&rack.view(rack.forms().form1));
+    QStringList heard;
+    for (int i = 0; i < panel->childCount(); ++i) {
+        QAccessibleInterface* found = panel->child(i);
+        const QString said = found->text(QAccessible::Name);
+        if (said.startsWith(name) && !found->state().invisible) heard << said;
+    }
+    EXPECT_EQ(heard, QStringList(name + ": 7"));
+}
+
+TEST_P(AccessibleRack, AMessageThatDoesNotStandIsNotTold) {
+    LiveRack rack(GetParam());
+    ASSERT_TRUE(rack.measures());
+    Form_BandSCanner& scanner = rack.forms().formBandSCanner;
+    scanner.show();
+    QAccessibleInterface* refused =
+        rack.child(scanner, in({"Corrida rechazada por la unidad", "Run that the unit refused"}));
+    ASSERT_NE(refused, nullptr);
+    EXPECT_TRUE(refused->state().invisible);
+    scanner.Refused.caption = "The unit refused 88.1 MHz: the run ended there.";
+    EXPECT_FALSE(refused->state().invisible);
+    scanner.Refused.caption = "";
+    EXPECT_TRUE(refused->state().invisible);
+    scanner.unload();
+}
+
 TEST_P(AccessibleRack, KeysAndTuningBarAreThereByTheirNames) {
     LiveRack rack(GetParam());
     ASSERT_TRUE(rack.measures());
