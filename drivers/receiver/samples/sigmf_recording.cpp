@@ -2,6 +2,7 @@
 #include "drivers/receiver/samples/sigmf_recording.h"
 
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <fstream>
 #include <nlohmann/json.hpp>
@@ -9,6 +10,7 @@
 #include <vector>
 
 #include "drivers/receiver/samples/recording_file.h"
+#include "drivers/unit/standard_error.h"
 
 namespace hm16::receiver {
 namespace {
@@ -40,7 +42,9 @@ SampleFormat formatOf(const std::string& type, const std::string& name) {
     if (type == "cf32_le") return SampleFormat::Cf32;
     if (type == "ri16_le") return SampleFormat::Rs16;
     if (type == "rf32_le") return SampleFormat::Rf32;
-    throw SourceError(name + " has samples of type \"" + type +
+    // Metadata may hold any text, also one that orders a terminal or never ends.
+    constexpr std::size_t kShown = 40;
+    throw SourceError(name + " has samples of type \"" + printable(type.substr(0, kShown)) +
                       "\"; cu8, ci8, ci16_le, cf32_le, ri16_le and rf32_le can be read.");
 }
 

@@ -298,6 +298,10 @@ TEST_F(Recordings, SigmfThatIsDamagedSaysHow) {
     EXPECT_THAT(said("{}"), HasSubstr("no \"global\""));
     EXPECT_THAT(said(R"({"global": {}})"), HasSubstr("core:datatype"));
     EXPECT_THAT(said(R"({"global": {"core:datatype": "cf32_be"}})"), HasSubstr("cf32_be"));
+    EXPECT_THAT(said("{\"global\": {\"core:datatype\": \"a\\u001b[2J\x7f\"}}"),
+                HasSubstr(R"(of type "a\x1b[2J\x7f";)"));
+    EXPECT_THAT(said("{\"global\": {\"core:datatype\": \"" + std::string(5000, 'y') + "\"}}"),
+                HasSubstr("of type \"" + std::string(40, 'y') + "\";"));
     EXPECT_THAT(said(R"({"global": {"core:datatype": "cu8"}})"), HasSubstr("rate_hz"));
     for (std::size_t length = 0; length < std::strlen(kMeta); ++length)
         EXPECT_NE(said(std::string(kMeta, length)), "");
