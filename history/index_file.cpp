@@ -136,6 +136,14 @@ void IndexFile::removeBefore(std::int64_t step, std::int64_t t) {
     database_.run("PRAGMA incremental_vacuum");
 }
 
+bool IndexFile::hasAllDays() {
+    return database_.number("SELECT count(*) FROM about WHERE key='all days'") > 0;
+}
+
+void IndexFile::tellAllDays() {
+    setAbout(database_, "all days", "yes");
+}
+
 int IndexFile::lastEpoch() {
     return static_cast<int>(std::clamp<std::int64_t>(
         database_.number("SELECT coalesce(max(epoch),0) FROM span WHERE step=86400"), 0,

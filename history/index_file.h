@@ -66,6 +66,11 @@ class IndexFile {
     /// The highest epoch of a whole day.
     int lastEpoch();
 
+    /// Whether everything is in it that the files of the days had when it was made. A program that
+    /// was ended while it made an index left one without it.
+    bool hasAllDays();
+    void tellAllDays();
+
  private:
     std::filesystem::path path_;
     Database database_;

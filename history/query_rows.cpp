@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <string>
+#include <system_error>
 
 #include "history/retention.h"
 
@@ -79,7 +80,9 @@ void QueryRows::gatherSeconds(std::int64_t begin, std::int64_t end, bool onlyFil
     while (begin < end) {
         const std::int64_t dayEnd = std::min(end, boundsOfDay(begin).end);
         const auto file = folder_ / (CivilDay::of(begin).text() + std::string(kDayEnding));
-        if (std::filesystem::exists(file)) {
+        std::error_code unknown;
+        const auto there = std::filesystem::status(file, unknown).type();
+        if (there != std::filesystem::file_type::not_found) {
             readDay(file, begin, dayEnd, take);
         } else if (!onlyFiles) {
             gatherSpans(Step::Minute, begin, dayEnd, true, take);

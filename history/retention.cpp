@@ -20,16 +20,22 @@ std::uint64_t freeIn(const fs::path& folder, const Retention& retention) {
     return error ? retention.leastFreeBytes : space.available;
 }
 
+/// What can be read of a folder: a range for would throw where the disk fails.
+std::vector<fs::path> pathsIn(const fs::path& folder) {
+    std::vector<fs::path> paths;
+    std::error_code error;
+    for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
+        paths.push_back(at->path());
+    }
+    return paths;
+}
+
 /// A day's file with all that carries its date: journals, damaged ones.
 void removeDay(const fs::path& folder, const CivilDay& day) {
-    std::error_code error;
-    std::vector<fs::path> doomed;
-    for (const auto& entry : fs::directory_iterator(folder, error)) {
-        if (entry.path().filename().string().starts_with(day.text() + ".")) {
-            doomed.push_back(entry.path());
-        }
+    for (const fs::path& path : pathsIn(folder)) {
+        std::error_code error;
+        if (path.filename().string().starts_with(day.text() + ".")) fs::remove(path, error);
     }
-    for (const fs::path& path : doomed) fs::remove(path, error);
 }
 
 void removeMinutes(const fs::path& folder, const Retention& retention, std::int64_t now,
@@ -46,10 +52,9 @@ void removeMinutes(const fs::path& folder, const Retention& retention, std::int6
 
 std::vector<CivilDay> daysIn(const fs::path& folder) {
     std::vector<CivilDay> days;
-    std::error_code error;
-    for (const auto& entry : fs::directory_iterator(folder, error)) {
-        if (entry.path().extension() != kDayEnding) continue;
-        if (const auto day = CivilDay::parse(entry.path().stem().string())) days.push_back(*day);
+    for (const fs::path& path : pathsIn(folder)) {
+        if (path.extension() != kDayEnding) continue;
+        if (const auto day = CivilDay::parse(path.stem().string())) days.push_back(*day);
     }
     std::ranges::sort(days);
     return days;
@@ -57,10 +62,9 @@ std::vector<CivilDay> daysIn(const fs::path& folder) {
 
 std::uint64_t bytesIn(const fs::path& folder) {
     std::uint64_t bytes = 0;
-    std::error_code error;
-    for (const auto& entry : fs::directory_iterator(folder, error)) {
+    for (const fs::path& path : pathsIn(folder)) {
         std::error_code none;
-        const auto size = entry.file_size(none);
+        const auto size = fs::file_size(path, none);
         if (!none) bytes += size;
     }
     return bytes;

@@ -29,13 +29,13 @@ void Store::open(std::int64_t now) {
 /// False while the folder cannot be used; then it is tried again with each commit.
 bool Store::bringUp(std::int64_t now) {
     if (!lock_ && !openFolder()) return false;
-    if (!index_) openIndex(now);
-    // Once more where a damaged one was set aside.
-    if (!index_ && status_.state == StoreStatus::State::Recording) openIndex(now);
-    if (!index_) return false;
-    if (!isUp_) repair(now);
-    isUp_ = true;
-    return status_.state != StoreStatus::State::Newer;
+    // Once more where a damaged index was set aside.
+    for (int tries = 0; tries < 2 && !isUp_; ++tries) {
+        if (!index_) openIndex(now);
+        isUp_ = index_ && repair(now);
+        if (status_.state != StoreStatus::State::Recording) break;
+    }
+    return isUp_ && status_.state != StoreStatus::State::Newer;
 }
 
 int Store::epochFor(std::int64_t now) const {

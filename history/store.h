@@ -97,9 +97,9 @@ class Store final : public RecordingSink {
     bool guarded(const std::filesystem::path& file, std::int64_t now, Work work);
 
     // store_spans.cpp
-    void repair(std::int64_t now);
-    void repairDay(const CivilDay& day, std::int64_t now, bool isToday);
-    void tellMissing(DayRows& rows);
+    bool repair(std::int64_t now);
+    bool repairDay(const CivilDay& day, std::int64_t now);
+    std::vector<MinuteKey> withoutSpans(const std::vector<MinuteKey>& minutes);
     void noteSpans(const MinuteKey& key);
     void writeSpans(std::int64_t now);
     Span spanOfKey(const SpanKey& key);
@@ -113,7 +113,8 @@ class Store final : public RecordingSink {
     StoreStatus status_;
     std::unique_ptr<hmonitor::FolderLock> lock_;
     std::unique_ptr<IndexFile> index_;
-    bool isUp_ = false;  // what the last run left is repaired
+    bool isUp_ = false;        // what the last run left is repaired
+    bool isRemaking_ = false;  // the index has all days as soon as all spans are written
     std::unique_ptr<DayFile> day_;
     CivilDay dayOpen_;
     std::set<MinuteKey> openMinutes_;

@@ -84,13 +84,17 @@ void Store::setAside(const std::filesystem::path& path, std::int64_t now) {
     if (name == kIndexName) {
         index_.reset();
         isUp_ = false;
+        // The days have them too, from which it is made anew.
+        unsummed_.clear();
+        unindexed_.clear();
     }
     for (int number = 1; number < 1000; ++number) {
         const std::string aside =
             path.stem().string() + "." + hmonitor::wholeText(number).str() + ".damaged";
         const auto target = settings_.folder / aside;
-        if (std::filesystem::exists(target)) continue;
         std::error_code error;
+        const auto there = std::filesystem::symlink_status(target, error).type();
+        if (there != std::filesystem::file_type::not_found) continue;
         std::filesystem::rename(path, target, error);
         if (error) return fail(name, error.message(), error.value());
         // What SQLite keeps beside a file belongs to it.

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <span>
+#include <system_error>
 #include <vector>
 
 #include "history/store.h"
@@ -57,7 +58,9 @@ Span Store::spanOfKey(const SpanKey& key) {
     std::vector<std::unique_ptr<Database>> others;
     std::vector<std::unique_ptr<DayRows>> rows;
     for (const CivilDay& day : days) {
-        if (!std::filesystem::exists(pathOf(day))) continue;
+        std::error_code unknown;
+        const auto there = std::filesystem::status(pathOf(day), unknown).type();
+        if (there == std::filesystem::file_type::not_found) continue;
         others.push_back(std::make_unique<Database>(pathOf(day), Access::Read, settings_.vfs));
         others.back()->keepLittle();
         rows.push_back(std::make_unique<DayRows>(*others.back()));
@@ -110,43 +113,75 @@ void Store::writeSpans(std::int64_t now) {
         }
         key = pendingSpans_.erase(key);
     }
+    if (!isRemaking_) return;
+    isRemaking_ = !guarded(path, now, [&] { index_->tellAllDays(); });
 }
 
 /// What a run that was ended left: seconds that are not packed, minutes, hours, days and events
-/// that the index does not have. All days of it where the index is new.
-void Store::repair(std::int64_t now) {
+/// that the index does not have; all days where it was not made to its end. False to be tried
+/// again.
+bool Store::repair(std::int64_t now) {
+    const bool isRead = guarded(settings_.folder / kIndexName, now, [&] {
+        told_ = {index_->lastEpoch(), INT64_MIN};
+        isRemaking_ = !index_->hasAllDays();
+    });
+    if (!isRead) return false;
     const std::vector<CivilDay> all = days();
-    const bool isNew = index_->database().number("SELECT count(*) FROM station") == 0;
+    const std::size_t last =
+        isRemaking_ ? all.size() : std::min<std::size_t>(all.size(), kRepairedDays);
     std::set<CivilDay> some{CivilDay::of(now), CivilDay::of(now - kDayStep)};
-    const std::size_t last = isNew ? all.size() : std::min<std::size_t>(all.size(), kRepairedDays);
     some.insert(all.end() - static_cast<std::ptrdiff_t>(last), all.end());
-    told_ = {index_->lastEpoch(), INT64_MIN};
     for (const CivilDay& day : some) {
         if (!std::ranges::binary_search(all, day)) continue;
-        repairDay(day, now, day == CivilDay::of(now));
-        if (!index_ || status_.state == StoreStatus::State::Newer) return;
+        if (!repairDay(day, now)) isRemaking_ = false;
+        if (!index_) return false;
+        if (status_.state == StoreStatus::State::Newer) break;
     }
+    return true;
 }
 
-void Store::repairDay(const CivilDay& day, std::int64_t now, bool isToday) {
-    guarded(pathOf(day), now, [&] {
-        DayFile& file = openDay(day);
-        const std::vector<MinuteKey> left = file.openMinutes();
-        if (!left.empty()) file.keep({}, {}, left);
+/// What is wrong with the index is no fault of the day's.
+bool Store::repairDay(const CivilDay& day, std::int64_t now) {
+    const auto file = pathOf(day);
+    const auto index = settings_.folder / kIndexName;
+    std::vector<MinuteKey> minutes;
+    std::vector<Event> events;
+    const auto readDay = [&] {
+        DayFile& open = openDay(day);
+        const std::vector<MinuteKey> left = open.openMinutes();
+        if (!left.empty()) open.keep({}, {}, left);
         openMinutes_.clear();
-        told_ = std::max(told_, file.rows().lastTold());
-        tellMissing(file.rows());
-        if (!isToday) finishDay();
-    });
+        told_ = std::max(told_, open.rows().lastTold());
+        minutes = open.rows().minutes(INT64_MIN / 2, INT64_MAX / 2);
+        events = open.rows().events(INT64_MIN / 2, INT64_MAX / 2);
+    };
+    if (!guarded(file, now, readDay)) return false;
+    if (!guarded(index, now, [&] { minutes = withoutSpans(minutes); })) return false;
+    std::vector<IndexFile::StepSpan> spans;
+    const auto sumUp = [&] {
+        for (const MinuteKey& key : minutes) {
+            spans.push_back({kMinute, minuteSpan({key, openDay(day).rows().minute(key)})});
+        }
+    };
+    if (!guarded(file, now, sumUp)) return false;
+    const auto keepAll = [&] {
+        if (!spans.empty()) index_->keep(spans, {});
+        index_->keepMissing(events);
+    };
+    if (!guarded(index, now, keepAll)) return false;
+    if (day != CivilDay::of(now)) finishDay();
+    return true;
 }
 
-void Store::tellMissing(DayRows& rows) {
-    std::vector<IndexFile::StepSpan> spans;
-    for (const MinuteKey& key : rows.minutes(INT64_MIN / 2, INT64_MAX / 2)) {
+/// Those of which the index has no span. Their hours and days are to be summed up where it lacks
+/// these.
+std::vector<MinuteKey> Store::withoutSpans(const std::vector<MinuteKey>& minutes) {
+    std::vector<MinuteKey> missing;
+    for (const MinuteKey& key : minutes) {
         const std::int64_t hour = hourOf(key.minute);
         const DayBounds day = boundsOfDay(key.minute);
         if (!index_->rows().has(key.station, kMinute, key.minute, key.epoch)) {
-            spans.push_back({kMinute, minuteSpan({key, rows.minute(key)})});
+            missing.push_back(key);
         }
         if (!index_->rows().has(key.station, kHour, hour, key.epoch)) {
             pendingSpans_.insert({key.station, kHour, hour, hour + kHour, key.epoch});
@@ -155,8 +190,7 @@ void Store::tellMissing(DayRows& rows) {
             pendingSpans_.insert({key.station, kDayStep, day.begin, day.end, key.epoch});
         }
     }
-    if (!spans.empty()) index_->keep(spans, {});
-    index_->keepMissing(rows.events(INT64_MIN / 2, INT64_MAX / 2));
+    return missing;
 }
 
 }  // namespace history

@@ -245,6 +245,14 @@ TEST_F(QueryTest, EventsStandInTheOrderOfTime) {
     EXPECT_TRUE(Query(folder).events(begin + 1, begin + 2).empty());
 }
 
+TEST_F(QueryTest, ADayThatCannotBeLookedForIsAHole) {
+    std::filesystem::create_directories(folder);
+    std::filesystem::create_symlink("2026-05-04.hm16day", folder / "2026-05-04.hm16day");
+    const auto some = bands("field", begin, begin + 10, 10);
+    EXPECT_EQ(some.at(0).knownMs, 0);
+    EXPECT_EQ(some.at(0).cause, kNotRecorded);
+}
+
 TEST_F(QueryTest, AFolderWithoutHistoryTellsNothing) {
     EXPECT_TRUE(Query(folder).stations().empty());
     EXPECT_TRUE(Query(folder).events(0, begin).empty());

@@ -207,6 +207,59 @@ TEST_F(StoreFaults, AnIndexThatIsDamagedWhileItIsWrittenIsMadeAnewToo) {
     for (const Band& band : minutes) EXPECT_EQ(band.knownMs, 60000);
 }
 
+TEST_F(StoreFaults, AnIndexThatIsDamagedInTheMiddleIsMadeAnewAtOnceAndCostsNoDay) {
+    for (const char* table : {"span", "station", "event"}) {
+        folder = temp.path() / table;
+        const std::int64_t between = 4 * 86400;
+        for (int day = 0; day < 3; ++day) {
+            Feed feed(folder, begin + day * between);
+            feed.tune();
+            feed.run(120, 60);
+            feed.stop();
+        }
+        std::int64_t rooted = 0;
+        {
+            Database index(folder / "index.sqlite", Access::Write);
+            rooted = index.number("SELECT rootpage FROM sqlite_schema WHERE name='" +
+                                  std::string(table) + "'");
+            index.run("PRAGMA journal_mode=DELETE");
+        }
+        spoil("index.sqlite", (rooted - 1) * 4096, 4096);
+        Feed feed(folder, begin + 2 * between + 240);
+        EXPECT_GT(feed.store.epochFor(begin + 2 * between), 0) << table << ": told already";
+        feed.tune();
+        feed.run(130);
+        feed.stop();
+        EXPECT_EQ(feed.store.status().setAside, "index.sqlite") << table;
+        EXPECT_EQ(daysIn(folder).size(), 3u) << table;
+        Database index(folder / "index.sqlite", Access::Read);
+        EXPECT_EQ(index.number("SELECT count(*) FROM span WHERE step=60"), 8) << table;
+        EXPECT_EQ(index.number("SELECT count(*) FROM span WHERE step=86400"), 2) << table;
+        EXPECT_EQ(index.number("SELECT count(*)-(SELECT count(*) FROM (SELECT DISTINCT * FROM "
+                               "event)) FROM event"),
+                  0)
+            << table << ": no event twice";
+    }
+}
+
+TEST_F(StoreFaults, ADayThatCannotBeLookedForDelaysItsHourAndEndsNothing) {
+    begin = utc(2026, 5, 4, 12, 59);
+    Feed feed(folder, begin);
+    feed.tune();
+    feed.run(30);
+    const auto day = folder / "2026-05-04.hm16day";
+    std::filesystem::rename(day, folder / "kept");
+    std::filesystem::create_symlink(day.filename(), day);
+    feed.run(60);
+    EXPECT_EQ(feed.store.status().state, State_::Failing);
+    std::filesystem::remove(day);
+    std::filesystem::rename(folder / "kept", day);
+    feed.run(60);
+    EXPECT_EQ(feed.store.status().state, State_::Recording);
+    Database index(folder / "index.sqlite", Access::Read);
+    EXPECT_EQ(index.number("SELECT count(*) FROM span WHERE step=3600"), 1);
+}
+
 TEST_F(StoreFaults, AFileFromANewerVersionIsLeftAsItIs) {
     for (const char* name : {"2026-05-04.hm16day", "index.sqlite"}) {
         folder = temp.path() / name;

@@ -214,6 +214,28 @@ TEST_F(StoreTest, AnIndexThatIsLostIsMadeAnewFromTheDays) {
     EXPECT_EQ(indexRows(), before);
 }
 
+TEST_F(StoreTest, AnIndexWhoseMakingAnewWasCutShortIsMadeToItsEnd) {
+    constexpr std::int64_t kBetween = 4 * 86400;
+    for (int day = 0; day < 4; ++day) {
+        Feed feed(folder, begin + day * kBetween);
+        feed.tune();
+        feed.run(120, 60);
+        feed.stop();
+    }
+    std::filesystem::remove(folder / "index.sqlite");
+    const std::int64_t later = begin + 4 * kBetween;
+    {
+        Store ended(Feed::settingsFor(folder, nullptr));
+        ended.open(later);
+    }
+    Store store(Feed::settingsFor(folder, nullptr));
+    store.open(later);
+    store.commit(later);
+    EXPECT_EQ(inIndex("SELECT count(*) FROM span WHERE step=60"), 8);
+    EXPECT_EQ(inIndex("SELECT count(*) FROM span WHERE step=3600"), 4);
+    EXPECT_EQ(inIndex("SELECT count(*) FROM span WHERE step=86400"), 4);
+}
+
 TEST_F(StoreTest, MinutesThatTheIndexMissesAreMadeAtTheNextStart) {
     {
         Feed feed(folder, begin);
