@@ -93,6 +93,9 @@ LimitsFile::Parsed LimitsFile::read(const Files& files) {
         const std::string name(kFileName);
         return LimitsFault{name + " no se puede leer", bytes.fault().sentence};
     }
+    // With such a mark some editors say that a text is UTF-8.
+    constexpr std::string_view kMark = "\xef\xbb\xbf";
+    if (bytes->starts_with(kMark)) return parse(std::string_view(*bytes).substr(kMark.size()));
     return parse(utf8FromCodePage(*bytes));
 }
 

@@ -41,8 +41,6 @@ std::optional<double> boundIn(std::string_view text) {
 }  // namespace
 
 LimitsFile::Parsed LimitsReader::read(std::string_view text) {
-    constexpr std::string_view kMarkOfEditors = "\xef\xbb\xbf";
-    if (text.starts_with(kMarkOfEditors)) text.remove_prefix(kMarkOfEditors.size());
     TextLines lines(text);
     while (!fault_) {
         const auto next = lines.next();

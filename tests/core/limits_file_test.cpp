@@ -172,8 +172,15 @@ TEST(LimitsFileTest, NamesAreInTheCodePage) {
     EXPECT_EQ(std::get<LimitsFile>(parsed).rules[0].name, "desviación");
 }
 
-TEST(LimitsFileTest, AMarkBeforeTheFirstLineIsNoFault) {
-    EXPECT_EQ(parsedLimits("\xef\xbb\xbf[a]\nfigure = field\nbelow = 4\n").rules.size(), 1u);
+TEST(LimitsFileTest, AMarkThatAnEditorPutsBeforeTheFirstLineIsNoFault) {
+    const test::TempFolder temp;
+    temp.write("limits.ini", "\xef\xbb\xbf[señal]\nfigure = field\nbelow = 4\n");
+    const auto parsed = LimitsFile::read(Files(temp.path()));
+    ASSERT_TRUE(std::holds_alternative<LimitsFile>(parsed))
+        << std::get<LimitsFault>(parsed).english;
+    const auto& rules = std::get<LimitsFile>(parsed).rules;
+    ASSERT_EQ(rules.size(), 1u);
+    EXPECT_EQ(rules[0].name, "señal") << "the mark says that the text is UTF-8";
 }
 
 TEST(LimitsFileTest, TheExampleOfThePageReadsAsItSays) {
