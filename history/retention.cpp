@@ -2,6 +2,9 @@
 #include "history/retention.h"
 
 #include <algorithm>
+#include <chrono>
+#include <set>
+#include <string>
 #include <system_error>
 
 namespace history {
@@ -48,6 +51,33 @@ void removeMinutes(const fs::path& folder, const Retention& retention, std::int6
     }
 }
 
+constexpr std::string_view kAside = ".damaged";
+
+/// The days that have a file of ours, oldest first: also those of which only a damaged one is left.
+std::set<CivilDay> datedDays(const fs::path& folder) {
+    std::set<CivilDay> days;
+    for (const fs::path& path : pathsIn(folder)) {
+        const std::string name = path.filename().string();
+        const std::string_view dated = std::string_view(name).substr(0, name.find('.'));
+        const bool isOurs = path.extension() == kDayEnding || name.find(kAside) != name.npos;
+        if (const auto day = CivilDay::parse(dated); day && isOurs) days.insert(*day);
+    }
+    return days;
+}
+
+/// An index has no day: it goes when it has lain there for as long as a day is kept.
+void removeOldIndexes(const fs::path& folder, std::int64_t until) {
+    using namespace std::chrono;
+    const auto last = file_clock::from_sys(sys_seconds(seconds(until)));
+    for (const fs::path& path : pathsIn(folder)) {
+        const std::string name = path.filename().string();
+        if (!name.starts_with("index.") || name.find(kAside) == name.npos) continue;
+        std::error_code unknown;
+        const auto written = fs::last_write_time(path, unknown);
+        if (!unknown && written < last) fs::remove(path, unknown);
+    }
+}
+
 }  // namespace
 
 std::vector<CivilDay> daysIn(const fs::path& folder) {
@@ -75,7 +105,8 @@ bool thinOut(const fs::path& folder, const Retention& retention, std::int64_t no
     const CivilDay today = CivilDay::of(now);
     const CivilDay yesterday = CivilDay::of(now - kDaySeconds);
     const CivilDay first = CivilDay::of(now - retention.secondsDays * kDaySeconds);
-    for (const CivilDay& day : daysIn(folder)) {
+    removeOldIndexes(folder, now - retention.secondsDays * kDaySeconds);
+    for (const CivilDay& day : datedDays(folder)) {
         const bool isOld = day < first;
         const bool isTooMuch = day < today && bytesIn(folder) > retention.budgetBytes;
         const bool isInTheWay =

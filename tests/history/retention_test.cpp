@@ -38,6 +38,33 @@ TEST_F(RetentionTest, SecondsStayForThirtyFiveDays) {
     EXPECT_THAT(temp.names(), ElementsAre("2026-05-11.hm16day", "2026-06-15.hm16day", "notes.txt"));
 }
 
+TEST_F(RetentionTest, WhatWasSetAsideGoesWithItsDayThoughNothingElseIsLeftOfIt) {
+    file("2026-05-10.1.damaged");
+    file("2026-05-10.1.damaged-wal");
+    file("2026-05-11.1.damaged");
+    file("2026-05-09.txt");
+    thin();
+    EXPECT_THAT(temp.names(), ElementsAre("2026-05-09.txt", "2026-05-11.1.damaged"));
+    file("2026-06-15.hm16day");
+    retention.budgetBytes = 2000;
+    thin();
+    EXPECT_THAT(temp.names(), ElementsAre("2026-05-09.txt", "2026-06-15.hm16day"));
+}
+
+TEST_F(RetentionTest, AnIndexThatWasSetAsideGoesAfterThirtyFiveDays) {
+    const auto written = [&](const char* name, int days) {
+        file(name);
+        const auto at = std::chrono::sys_seconds(std::chrono::seconds(now - days * 86400));
+        std::filesystem::last_write_time(temp.path() / name, std::chrono::file_clock::from_sys(at));
+    };
+    written("index.1.damaged", 36);
+    written("index.1.damaged-wal", 36);
+    written("index.2.damaged", 34);
+    written("index.sqlite", 36);
+    thin();
+    EXPECT_THAT(temp.names(), ElementsAre("index.2.damaged", "index.sqlite"));
+}
+
 TEST_F(RetentionTest, ABudgetIsObeyedBeforeADateAndTodayStays) {
     retention.budgetBytes = 2500;
     for (const char* day : {"2026-06-12", "2026-06-13", "2026-06-14", "2026-06-15"}) {
