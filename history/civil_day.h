@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "core/zone_offset.h"
+
 namespace history {
 
 /// A calendar day in the machine's time zone; it has 23, 24 or 25 hours.
@@ -30,8 +32,7 @@ struct DayBounds {
 };
 DayBounds boundsOfDay(std::int64_t t);
 
-/// How far the zone's clock is ahead of UTC at `t`, in seconds.
-int zoneOffset(std::int64_t t);
+using hmonitor::zoneOffset;
 /// The zone's short name at `t`, as "-03" or "CET".
 std::string zoneName(std::int64_t t);
 

@@ -22,10 +22,6 @@ CivilDay CivilDay::of(std::int64_t t) {
     return {parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday};
 }
 
-int zoneOffset(std::int64_t t) {
-    return static_cast<int>(localTime(t).tm_gmtoff);
-}
-
 std::string zoneName(std::int64_t t) {
     const char* name = localTime(t).tm_zone;
     return name ? name : "";

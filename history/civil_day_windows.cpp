@@ -25,11 +25,6 @@ CivilDay CivilDay::of(std::int64_t t) {
     return {parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday};
 }
 
-int zoneOffset(std::int64_t t) {
-    ::tm parts = localTime(t);
-    return static_cast<int>(::_mkgmtime64(&parts) - t);
-}
-
 std::string zoneName(std::int64_t t) {
     const int minutes = zoneOffset(t) / 60;
     std::string name(minutes < 0 ? "-" : "+");

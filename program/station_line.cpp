@@ -7,6 +7,7 @@
 
 #include "core/files.h"
 #include "core/numbers.h"
+#include "core/zone_offset.h"
 #include "program/tuner.h"
 
 namespace hmonitor {
@@ -60,8 +61,9 @@ std::optional<display::Date> writtenAt(const Program& program, std::string_view 
     std::error_code failed;
     const auto written = std::filesystem::last_write_time(program.files.folder() / *found, failed);
     if (failed) return std::nullopt;
-    const auto utc = file_clock::to_sys(written);
-    const auto local = floor<seconds>(utc) + program.desktop.wallTime().fromUtc;
+    const auto utc = floor<seconds>(file_clock::to_sys(written));
+    // The clock may have been changed for summer or winter since.
+    const auto local = utc + seconds(zoneOffset(utc.time_since_epoch().count()));
     const auto day = floor<days>(local);
     const year_month_day date(day);
     const hh_mm_ss time(local - day);

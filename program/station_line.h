@@ -20,7 +20,7 @@ std::string stationLine(const Program& program);
 /// What stands in the head of a window: the tuned station and, where the run is known, its time:
 /// "RADIO UNO 98.1 MHz · 2026-05-04 18:05".
 std::string stationHead(const Program& program, const std::optional<display::Date>& run);
-/// When a file of results was last written, in the local time of the wall clock; none without it.
+/// When a file of results was last written, as the clock on the wall read it then; none without it.
 std::optional<display::Date> writtenAt(const Program& program, std::string_view fileName);
 
 /// A table for the tuned station, without columns and rows yet.

@@ -6,6 +6,7 @@
 
 #include "program/station_line.h"
 #include "tests/analyses/scanner_bench.h"
+#include "tests/history/zone.h"
 #include "tests/spectrum/spectrum_bench.h"
 
 namespace hmonitor::test {
@@ -31,6 +32,7 @@ TEST(StationHead, IsTheTunedStationAndTheTimeOfItsRun) {
 }
 
 TEST(StationHead, TellsOfAFileWhenItWasWrittenByTheWallClockOfTheUser) {
+    const history::test::Zone zone("UTC");
     RackBench bench;
     bench.start();
     bench.write("0981.res", "0\r\n");
@@ -39,13 +41,25 @@ TEST(StationHead, TellsOfAFileWhenItWasWrittenByTheWallClockOfTheUser) {
     ASSERT_TRUE(utc);
     EXPECT_EQ(stationHead(bench.program, utc), "RADIO UNO 98.1 MHz · 2025-12-31 23:05");
     EXPECT_EQ(utc->weekday, 3) << "a Wednesday";
-    bench.desktop.fromUtc = std::chrono::hours(2);
-    EXPECT_EQ(stationHead(bench.program, writtenAt(bench.program, "0981.res")),
-              "RADIO UNO 98.1 MHz · 2026-01-01 01:05");
     EXPECT_EQ(writtenAt(bench.program, "0982.res"), std::nullopt);
 }
 
-class HeadOfTheScan : public ScannerBench {};
+TEST(StationHead, TellsOfAFileOfSummerAndOfWinterWhatTheClockReadThen) {
+    const history::test::Zone zone("CET-1CEST,M3.5.0,M10.5.0/3");
+    RackBench bench;
+    bench.start();
+    bench.write("0981.res", "0\r\n");
+    datedFile(bench, "0981.res", kNewYearsEve);
+    EXPECT_EQ(stationHead(bench.program, writtenAt(bench.program, "0981.res")),
+              "RADIO UNO 98.1 MHz · 2026-01-01 00:05");
+    datedFile(bench, "0981.res", kNewYearsEve - std::chrono::days(184));
+    EXPECT_EQ(stationHead(bench.program, writtenAt(bench.program, "0981.res")),
+              "RADIO UNO 98.1 MHz · 2025-07-01 01:05");
+}
+
+class HeadOfTheScan : public ScannerBench {
+    history::test::Zone zone_{"UTC"};
+};
 
 TEST_F(HeadOfTheScan, IsTheStationThatWasPickedAndTheTimeOfTheShownRun) {
     datedFile(bench, "scan.dat", kNewYearsEve);
@@ -60,6 +74,7 @@ TEST_F(HeadOfTheScan, IsTheStationThatWasPickedAndTheTimeOfTheShownRun) {
 }
 
 TEST(HeadOfTheChannelSpectrum, IsTheStationOfTheShownOne) {
+    const history::test::Zone zone("UTC");
     SpectrumBench bench;
     bench.write("0979.spc", lines({"3", "50", "97.8", "12", "0", "7", ""}));
     datedFile(bench, "0979.spc", kNewYearsEve);
@@ -84,6 +99,7 @@ TEST(HeadOfTheBandwidth, TellsTheTimeFromTheRunOn) {
 }
 
 TEST(HeadOfTheResponse, IsTheStationOfTheShownCurve) {
+    const history::test::Zone zone("UTC");
     RackBench bench;
     bench.write("0981.res", lines({"-30", "-12", "-5", "0", "0", "1", "15", "20", "15000", "12000",
                                    "8000", "4000", "1000", "400", "125", "30"}));
