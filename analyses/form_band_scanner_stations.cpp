@@ -6,7 +6,6 @@
 #include "core/memory_block.h"
 #include "core/numbers.h"
 #include "program/language.h"
-#include "program/report_fault.h"
 #include "program/station_line.h"
 #include "program/tuner.h"
 
@@ -36,7 +35,9 @@ void Form_BandSCanner::bindStations() {
 }
 
 void Form_BandSCanner::readPresets() {
-    list_.name(require(desktop(), MemoryBlock::read(program.files)));
+    // The names are a convenience: without their file a scan goes on as it did.
+    const auto presets = MemoryBlock::read(program.files);
+    list_.name(presets ? *presets : MemoryBlock({}));
     // What the rack is tuned to is found at once.
     chosen_ = tunedHundredths(program);
 }

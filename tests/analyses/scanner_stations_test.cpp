@@ -52,6 +52,16 @@ TEST_F(ScannerStations, AreListedByFrequencyWithLevelAndPreset) {
     EXPECT_FALSE(scanner.KeyByLevel.lit);
 }
 
+TEST_F(ScannerStations, WithoutTheFileOfThePresetsHaveNoNames) {
+    std::filesystem::remove(bench.files.folder() / "halden.dat");
+    open(1.8f);
+    ASSERT_FALSE(bench.desktop.ended());
+    click(scanner.Command3D1);
+    frames(11);
+    ASSERT_EQ(rows().size(), 103u);
+    EXPECT_EQ(rows()[53], " 98.1    " + std::to_string(levelAt(9810)));
+}
+
 TEST_F(ScannerStations, AreSortedByEitherColumnAndTheChosenOneStaysChosen) {
     open(1.8f);
     bench.driver.spectrum[1025.f] = 99;
