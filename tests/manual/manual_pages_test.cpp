@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <regex>
 #include <set>
 
@@ -63,6 +65,23 @@ TEST(Manual, HasAPageForEachFigureThatNamesItItsUnitAndItsStandard) {
             const auto parts = matches(text, "\n## ([^\n]*)");
             EXPECT_EQ(parts.size(), 4u)
                 << figure.key << ": what it is, how it is measured, its limits, what to do";
+        }
+    }
+}
+
+TEST(Manual, ItsPageOfFilesHasEachFileThatThePageOfFormatsHas) {
+    std::ifstream formats(HMONITOR_SOURCE_DIR "/docs/formats.md");
+    const std::string text((std::istreambuf_iterator<char>(formats)), {});
+    // Of a heading: "limits.ini", and the ending alone of what is named by a station or a day.
+    const auto names = matches(text, "\n## (?:[^\n]*: )?([\\w./-]+\\.\\w+)[^\n]*");
+    EXPECT_GE(names.size(), 12u);
+    for (const std::string& name : names) {
+        if (name == "Save.csv") continue;  // stands where the user wants it
+        const bool isExample = std::regex_search(name, std::regex("[0-9]{4}|/"));
+        const std::string wanted =
+            isExample ? name.substr(name.rfind('.')) + "`" : "`" + name + "`";
+        for (const Language language : kBothLanguages) {
+            EXPECT_THAT(sourceManual().markdown("files", language), HasSubstr(wanted));
         }
     }
 }

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The window HISTORY: the user's acts, and what is read for them.
 #include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <utility>
 
 #include "analyses/form_d.h"
 #include "tests/trends/history_window.h"
@@ -85,6 +88,19 @@ TEST_F(History, KeysShowHourDayWeekMonthAndYear) {
         EXPECT_EQ(form.Plot_Figure[0].x.get().highest, static_cast<double>(now()));
         EXPECT_TRUE(form.Command_Span[i].lit);
         EXPECT_FALSE(form.Command_Span[(i + 1) % 5].lit);
+    }
+}
+
+TEST_F(History, TheArrowsMoveByWhatTheManualSays) {
+    open();
+    Plot& plot = form.Plot_Figure[0];
+    const double before = plot.x.get().lowest;
+    plot.press(PlotKey::Left);
+    EXPECT_NEAR(before - plot.x.get().lowest, plot.x.get().span() / 8, 1);
+    for (const auto& [page, share] : {std::pair("en", "| an eighth of the view earlier"),
+                                      std::pair("es", "| un octavo de la vista antes")}) {
+        std::ifstream file(HMONITOR_SOURCE_DIR "/manual/" + std::string(page) + "/history.md");
+        EXPECT_THAT(std::string((std::istreambuf_iterator<char>(file)), {}), HasSubstr(share));
     }
 }
 
