@@ -137,8 +137,8 @@ std::string Form1::troubleText() const {
 /// What is to be said while everything can be stored.
 std::string Form1::noticeText() const {
     const bool spanish = language == display::Language::Spanish;
-    if (const auto& limits = program.limits.fault()) {
-        return spanish ? limits->spanish : limits->english;
+    if (const auto& fault = program.limits.fault()) {
+        return spanish ? fault->spanish : fault->english;
     }
     const HistoryNotice& notice = program.HistoryNotice;
     return spanish ? notice.spanish : notice.english;
