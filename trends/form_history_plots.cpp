@@ -24,8 +24,6 @@ namespace {
 constexpr std::array<Colour, FigureChoice::kMost> kSeriesColours = {
     kCyan, Colour{0x44ff33}, Colour{0x44bbff}, Colour{0xff8cd0}};
 constexpr Colour kBeforeColour{0xb4acA4};
-/// What was measured in the last seconds is not on the disk yet.
-constexpr std::int64_t kNotWrittenYet = 10'000;
 
 PlotPoint pointOf(double x, const Band& band) {
     const auto cause = static_cast<std::uint8_t>(band.cause);
@@ -43,13 +41,8 @@ PlotSeries seriesOf(const AskedRange& range, const std::vector<Band>& bands, std
     series.colour = colour;
     for (std::size_t i = 0; i < bands.size(); ++i) {
         const std::int64_t begin = range.fromMs + static_cast<std::int64_t>(i) * range.eachMs;
-        const bool fresh = begin + range.eachMs > nowMs - kNotWrittenYet;
-        Band band = bands[i];
-        if (fresh && band.cause == history::kNotRecorded) {
-            if (band.knownMs <= 0) break;
-            band.cause = history::State::Known;
-        }
-        series.points.push_back(pointOf(static_cast<double>(begin), band));
+        if (mayBeOnItsWay(bands[i], begin + range.eachMs, nowMs)) break;
+        series.points.push_back(pointOf(static_cast<double>(begin), bands[i]));
     }
     series.from = static_cast<double>(range.fromMs);
     series.to = series.from + static_cast<double>(series.points.size()) * series.each;
@@ -180,9 +173,7 @@ void Form_History::showCauses() {
             if (begin + view_.asked.range.eachMs <= fromMs_ || begin >= toMs_) continue;
             const auto cause = static_cast<std::size_t>(bands[i].cause);
             if (cause == 0 || cause >= lengths.size()) continue;
-            // The last seconds are on their way to the disk.
-            if (bands[i].cause == history::kNotRecorded &&
-                begin + view_.asked.range.eachMs > view_.asked.nowMs - kNotWrittenYet)
+            if (mayBeOnItsWay(bands[i], begin + view_.asked.range.eachMs, view_.asked.nowMs))
                 continue;
             lengths[cause] += static_cast<double>(view_.asked.range.eachMs) - bands[i].knownMs;
         }

@@ -20,8 +20,11 @@ double HistoryView::knownShare(std::int64_t fromMs, std::int64_t toMs) const {
                 static_cast<double>(std::min(end, toMs) - std::max(begin, fromMs));
             const double share =
                 std::min(1.0, columns[i].knownMs / static_cast<double>(end - begin));
-            whole += inside;
             known += inside * share;
+            const bool isFresh = mayBeOnItsWay(columns[i], end, asked.nowMs);
+            const double missing = inside * (1 - share);
+            const double coming = isFresh ? double{kNotWrittenYetMs} : 0;
+            whole += inside - std::min(missing, coming);
         }
     }
     return whole > 0 ? known / whole : 0;

@@ -22,6 +22,13 @@ struct HistoryQuestion {
     std::int64_t nowMs = 0;    ///< what lies behind it cannot have been recorded yet
 };
 
+/// What was measured so shortly ago may not be written yet: that it is missing is no hole.
+inline constexpr std::int64_t kNotWrittenYetMs = 10'000;
+/// Whether that may be so of what is missing in a column which ends at `endMs`.
+inline bool mayBeOnItsWay(const history::Band& band, std::int64_t endMs, std::int64_t nowMs) {
+    return band.cause == history::kNotRecorded && endMs > nowMs - kNotWrittenYetMs;
+}
+
 /// What there is of it. Bands have one element for each column of the range.
 struct HistoryView {
     HistoryQuestion asked;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -22,6 +23,16 @@ int columnsUntil(const AskedRange& range, std::int64_t nowMs) {
     return static_cast<int>(std::clamp<std::int64_t>(until, 0, range.columns()));
 }
 
+/// Of a column that is not over nobody can know more than there is.
+void takeForWhole(std::vector<history::Band>& bands, const AskedRange& range, std::int64_t nowMs) {
+    for (std::size_t i = 0; i < bands.size(); ++i) {
+        const std::int64_t end = range.fromMs + static_cast<std::int64_t>(i + 1) * range.eachMs;
+        if (bands[i].knownMs > 0 && mayBeOnItsWay(bands[i], end, nowMs)) {
+            bands[i].cause = history::State::Known;
+        }
+    }
+}
+
 }  // namespace
 
 HistoryView readHistory(const HistoryQuestion& question) {
@@ -35,6 +46,7 @@ HistoryView readHistory(const HistoryQuestion& question) {
     const std::int64_t to = range.fromMs + columns * range.eachMs;
     view.bands = query.bands(
         history::AskedTogether{view.station, question.figures, range.fromMs, to, columns});
+    for (auto& bands : view.bands) takeForWhole(bands, range, question.nowMs);
     if (question.againMs != 0) {
         view.before = query.bands(
             history::AskedTogether{view.station, question.figures, range.fromMs - question.againMs,

@@ -15,6 +15,29 @@ TEST_F(History, TheLastSecondsAreNoHole) {
     EXPECT_EQ(series(2).points.back().cause, 0);
 }
 
+TEST_F(History, TheLastSecondsAreNotCountedAsUnknown) {
+    recordQuarter();
+    open();
+    bench.advance(std::chrono::seconds(3));
+    look(noon - 7, noon + 3);
+    EXPECT_EQ(form.Label_Known.caption, "known 100.0 %");
+    bench.advance(std::chrono::minutes(1));
+    look(noon - 7, noon + 3);
+    EXPECT_EQ(form.Label_Known.caption, "known 70.0 %") << "of these nothing comes any more";
+}
+
+TEST_F(History, TheMinuteThatIsNotOverIsNotCalledUnrecorded) {
+    const auto feed = record(900);
+    feed->run(900 + 30);
+    open();
+    bench.advance(std::chrono::seconds(33));
+    bench.click(form.Command_Span[1]);
+    EXPECT_EQ(form.Label_Time.caption, "12:00:00");
+    EXPECT_EQ(form.Label_Date.caption, "4 May 2026 · 1 min");
+    EXPECT_EQ(form.Label_Value[2].caption, "9.14") << "of 29 seconds: the 30th is not over";
+    EXPECT_EQ(form.Label_Step[2].caption, "") << "what is left of it is still to come";
+}
+
 TEST_F(History, UnknownTimeHasItsCauseAndIsNamedBeside) {
     const auto feed = record(900);
     feed->run(300);
