@@ -57,7 +57,7 @@ void Form_D::layOutDoors() {
     place(Image4, keyAt(1, 2), "LogN",
           SaysAndTip{"Abrir la performance On-Air", "Open the on-air performance"});
     place(KeyHistory, namedKeyAt(0), "HistoryN", Caption{"HISTORIAL", "HISTORY"},
-          SaysAndTip{"Abrir el historial de todas las figuras (F3)",
+          SaysAndTip{"Abrir el historial de todas las cifras (F3)",
                      "Open the history of all figures (F3)"})
         .shortcut = "F3";
     place(KeyLimits, namedKeyAt(2), "MinN", Caption{"LIMITES", "LIMITS"},

@@ -77,7 +77,7 @@ void Form_History::layOutHead() {
 
 void Form_History::layOutFigures() {
     constexpr float kStep = 256;
-    place(Label_Figures, {kEdge, 560, 1800, 180}, look::kPlainText, Words{"Figuras", "Figures"});
+    place(Label_Figures, {kEdge, 560, 1800, 180}, look::kPlainText, Words{"Cifras", "Figures"});
     for (std::size_t i = 0; i < figures::kCount; ++i) {
         const float y = 790 + kStep * static_cast<float>(i);
         const figures::Figure& figure = figures::all()[i];
@@ -90,10 +90,10 @@ void Form_History::layOutFigures() {
     for (std::size_t i = 0; i < FigureChoice::kSets; ++i) {
         constexpr const char* kNumbers[] = {"1", "2", "3", "4"};
         place(Command_Set[i], {kEdge + 320 * static_cast<float>(i), 6190, 300, 300}, kNumbers[i],
-              SaysAndTip{"Muestra las figuras de este conjunto", "Shows the figures of this set"});
+              SaysAndTip{"Muestra las cifras de este conjunto", "Shows the figures of this set"});
     }
     place(Command_Keep, {kEdge + 1320, 6190, 860, 300}, Words{"Guardar", "Keep"},
-          SaysAndTip{"Guarda las figuras mostradas en el conjunto que se pulse después",
+          SaysAndTip{"Guarda las cifras mostradas en el conjunto que se pulse después",
                      "Keeps the figures shown in the set that is pressed next"});
 }
 

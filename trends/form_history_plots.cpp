@@ -152,7 +152,7 @@ void Form_History::showPlot(std::size_t which) {
 void Form_History::showNote() {
     Plot& first = Plot_Figure[0];
     if (choice_.shown().empty()) {
-        first.note = in({"Elija una figura a la izquierda", "Choose a figure at the left"});
+        first.note = in({"Elija una cifra a la izquierda", "Choose a figure at the left"});
     } else if (answered_ && view_.station == 0) {
         first.note =
             in({"Todavía no se registró nada. Se registra por sí solo mientras la unidad "
