@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cstdint>
 #include <iterator>
+#include <limits>
 #include <optional>
 #include <system_error>
 
@@ -86,8 +87,15 @@ std::optional<Decimal> decimalOf(std::string_view cell) {
     return number;
 }
 
-void widen(Decimal& number, int places) {
-    for (; number.places < places; ++number.places) number.digits *= 10;
+/// False where that many places leave no room for the digits before them.
+bool widen(Decimal& number, int places) {
+    // Half of it, so that a difference of two fits.
+    constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max() / 2;
+    for (; number.places < places; ++number.places) {
+        if (number.digits > kMost / 10 || number.digits < -kMost / 10) return false;
+        number.digits *= 10;
+    }
+    return true;
 }
 
 std::string signedText(const Decimal& number) {
@@ -103,14 +111,13 @@ std::string signedText(const Decimal& number) {
     return (number.digits < 0 ? '-' : '+') + text;
 }
 
-/// Empty where one of the two is no number.
+/// Empty where one of the two is no number, or where they are too far apart for one text.
 std::string differenceOf(std::string_view from, std::string_view to) {
     auto first = decimalOf(from);
     auto second = decimalOf(to);
     if (!first || !second) return {};
     const int places = std::max(first->places, second->places);
-    widen(*first, places);
-    widen(*second, places);
+    if (!widen(*first, places) || !widen(*second, places)) return {};
     return signedText({second->digits - first->digits, places});
 }
 

@@ -69,6 +69,19 @@ TEST(DifferenceText, IsExactInTheDecimalsOfTheTable) {
     EXPECT_EQ(differenceText({}, {0, 1, 0, 0}, {1, 1, 0, 0}), "");
 }
 
+TEST(DifferenceText, NumbersThatNoCommonNumberOfPlacesHoldsHaveNone) {
+    const NumberTable table{"Levels",
+                            "",
+                            {{"Frequency", "MHz"}, {"Level", "dB"}},
+                            {{"100000000000000", "0.00000000000001"}, {"0.5", "-9999"}}};
+    EXPECT_EQ(differenceText(table, {0, 1, 0, 0}, {1, 1, 0, 0}),
+              "-99999999999999.5 MHz: -9999.00000000000001 dB");
+    EXPECT_EQ(differenceText(
+                  {"", "", table.columns, {{"100000000000000", "1"}, {"0.00000000000001", "2"}}},
+                  {0, 1, 0, 0}, {1, 1, 0, 0}),
+              "-: +1 dB");
+}
+
 TEST(FileStem, NamesStationFrequencyDayAndWhatIsShown) {
     EXPECT_EQ(fileStem("RADIO UNO 98.1 MHz 2026-05-04", "Band Scanner"),
               "RADIO UNO 98.1 MHz 2026-05-04 Band Scanner");
