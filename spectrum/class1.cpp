@@ -34,8 +34,8 @@ void Class1::takeGeometry() {
     XPixels = toWhole(width / static_cast<float>(XColumns));
 }
 
-display::Place Class1::topOfBar(int x, int y) const {
-    const int rows = std::min(std::abs(y), int{YUnits});
+display::Place Class1::topOfBar(int x, Int16 y) const {
+    const int rows = std::min(std::abs(int{y}), int{YUnits});
     const int twice = (2 * x - 1) * XPixels + BarGap + 2 * LeftMargin;
     return {static_cast<float>(twice) / 2, static_cast<float>(YPixels * rows + TopMargin)};
 }

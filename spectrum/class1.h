@@ -30,7 +30,7 @@ class Class1 {
     /// Only reads it, for who asks where something stands that was drawn before.
     void takeGeometry();
     /// The middle of the upper end of the bar of GraphLine(x, y), in units of the canvas.
-    display::Place topOfBar(int x, int y) const;
+    display::Place topOfBar(int x, Int16 y) const;
     /// The middle of the cell of GraphPixel(x, y).
     display::Place middleOfCell(int x, int y) const;
     /// Draws the empty graph at the size read by GraphInit.

@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "spectrum/channel_graph.h"
 #include "tests/spectrum/graphs.h"
 #include "tests/spectrum/text_canvas.h"
@@ -45,6 +47,15 @@ TEST(GraphLine, RowBeyondTheLastDrawsAtTheLastAndTheCallerHoldsIt) {
         graph.GraphLine(3, y);
         EXPECT_EQ(y, 50) << beyond;
         EXPECT_EQ(canvas.marks.back(), "box 00c000 1570.00 5800.00 1905.00 5810.00") << beyond;
+    }
+}
+
+TEST(TopOfBar, IsThatOfTheBarWhateverRowADamagedFileHolds) {
+    TextCanvas canvas(kWidth, kHeight);
+    Class1 graph = channelGraph(canvas, 17, 25);
+    graph.GraphInit();
+    for (const int row : {std::numeric_limits<int>::min(), -70000, 70000}) {
+        EXPECT_EQ(graph.topOfBar(3, row), graph.topOfBar(3, graph.YUnits)) << row;
     }
 }
 
