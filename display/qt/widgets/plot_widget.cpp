@@ -122,11 +122,21 @@ void PlotWidget::mouseMoveEvent(QMouseEvent* event) {
 
 void PlotWidget::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton || !pressed_) return;
-    pressed_ = false;
-    unsetCursor();
+    letGo();
     if (dragged_) return;
     const bool other = event->modifiers().testFlag(Qt::ShiftModifier);
     desktop_.hand().point(plot_, other ? 1 : 0, shareAt(event->position().x()));
+}
+
+void PlotWidget::letGo() {
+    pressed_ = false;
+    unsetCursor();
+}
+
+/// No release follows to a widget that has gone under the pointer.
+void PlotWidget::hideEvent(QHideEvent* event) {
+    letGo();
+    QWidget::hideEvent(event);
 }
 
 void PlotWidget::keyPressEvent(QKeyEvent* event) {

@@ -24,12 +24,14 @@ class PlotWidget final : public QWidget, public ControlWidget {
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool event(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
  private:
+    void letGo();
     PlotPlace place() const;
     double shareAt(qreal x) const;
     bool onCurves(const QPointF& at) const;

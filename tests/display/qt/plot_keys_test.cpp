@@ -71,6 +71,23 @@ TEST_F(PlotKeys, ADragMovesTheRangeAndPutsNoMark) {
     EXPECT_FALSE(plot.mark(0));
 }
 
+TEST_F(PlotKeys, AWindowThatClosesInTheMiddleOfADragLetsGo) {
+    QTest::mousePress(&widget(plot), Qt::LeftButton, {}, at(0.75));
+    QTest::mouseMove(&widget(plot), at(0.5));
+    EXPECT_EQ(widget(plot).cursor().shape(), Qt::ClosedHandCursor);
+    sample->hide();
+    settle();
+    sample->show();
+    settle();
+    EXPECT_EQ(widget(plot).cursor().shape(), Qt::ArrowCursor);
+    const double lowest = plot.x.get().lowest;
+    QTest::mouseMove(&widget(plot), at(0.25));
+    QTest::mouseRelease(&widget(plot), Qt::LeftButton, {}, at(0.25));
+    settle();
+    EXPECT_EQ(plot.x.get().lowest, lowest);
+    EXPECT_FALSE(plot.mark(0));
+}
+
 TEST_F(PlotKeys, AClickPutsTheFirstMarkAndWithShiftTheSecond) {
     QTest::mouseClick(&widget(plot), Qt::LeftButton, {}, at(0.25));
     QTest::mouseClick(&widget(plot), Qt::LeftButton, Qt::ShiftModifier, at(0.75));
