@@ -50,7 +50,7 @@ QtDesktop::QtDesktop(int& argc, char** argv) {
                    QGuiApplication::primaryScreen()->devicePixelRatio());
     QApplication::setFont(Fonts::get().font(scale_.px(120), Weight::Normal));
     placedTimer_.setSingleShot(true);
-    QObject::connect(&placedTimer_, &QTimer::timeout, &placedTimer_, [this] { onRackPlaced(); });
+    QObject::connect(&placedTimer_, &QTimer::timeout, &placedTimer_, [this] { tellPlaced(); });
     caretMs_ = QGuiApplication::styleHints()->cursorFlashTime();
     askSessionForMotion(wakeTimer_, [this](Motion motion) { setMotion(motion); });
     wakeTimer_.setSingleShot(true);

@@ -73,7 +73,7 @@ class QtDesktop : public Desktop, public CallBox {
     /// Where the rack is to stand at its first show, and how large; must be called before it.
     void placeRack(const RackPlace& place);
     RackPlace rackPlace() const;
-    /// Called a moment after the user has moved or resized the rack.
+    /// Called a moment after the user has moved or resized the rack, and before the program ends.
     std::function<void()> onRackPlaced;
 
     /// Calls `start`, then handles events until the program ends or, without a rack, until the last
@@ -218,6 +218,7 @@ class QtDesktop : public Desktop, public CallBox {
 
     void speakSpanish();
     void rescale(qreal factor);
+    void tellPlaced();
     void wake();
     void runQueue();
     void arm();

@@ -257,6 +257,7 @@ std::optional<std::size_t> QtDesktop::standCallBox(const MessageBox& box,
 }
 
 void QtDesktop::ending() {
+    if (placedTimer_.isActive()) tellPlaced();
     if (displayLost_) return;
     wakeTimer_.stop();
     if (hourglass_) QApplication::restoreOverrideCursor();

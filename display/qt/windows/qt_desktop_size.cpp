@@ -74,4 +74,9 @@ void QtDesktop::rackPlaced() {
     if (onRackPlaced) placedTimer_.start(kPlaced);
 }
 
+void QtDesktop::tellPlaced() {
+    placedTimer_.stop();
+    if (onRackPlaced) onRackPlaced();
+}
+
 }  // namespace display::qt

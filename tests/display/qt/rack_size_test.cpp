@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The rack made larger and smaller, over the whole screen, and put back where it stood.
 #include <QScreen>
+#include <QTimer>
 #include <algorithm>
 #include <array>
+#include <optional>
+#include <vector>
 
 #include "display/controls/buttons.h"
 #include "display/controls/lists.h"
@@ -128,6 +131,22 @@ TEST_F(RackSize, TellsWhereItStandsAMomentLater) {
     // The place that is remembered for when the rack leaves the full screen.
     EXPECT_EQ(*told, (RackPlace{before.left, before.top, before.width, true}));
     desktop->onRackPlaced = {};
+}
+
+TEST_F(RackSize, TellsWhereItStandsBeforeTheProgramEnds) {
+    std::vector<RackPlace> told;
+    desktop->onRackPlaced = [&] { told.push_back(desktop->rackPlace()); };
+    rack().move(rack().pos() + QPoint(12, 9));
+    settle();
+    const QPoint corner = rack().pos();
+    EXPECT_TRUE(told.empty());
+    EXPECT_THROW(desktop->end(), ProgramEnded);
+    ASSERT_EQ(told.size(), 1u);
+    EXPECT_EQ(QPoint(told[0].left, told[0].top), corner);
+    desktop->onRackPlaced = {};
+    // The order to leave the application's loop is for a loop: else the next test's boxes obey it.
+    QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+    QApplication::exec();
 }
 
 /// A rack that is shown at the place that was remembered.
