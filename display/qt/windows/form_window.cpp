@@ -34,7 +34,10 @@ FormWindow::FormWindow(QtDesktop& desktop, Form& form)
     resizable_ = hasDrawings(form);
     settled_.setSingleShot(true);
     settled_.setInterval(kLetGoMs);
-    connect(&settled_, &QTimer::timeout, this, [this] { resize(wantedSize()); });
+    connect(&settled_, &QTimer::timeout, this, [this] {
+        answered_ = size();
+        resize(wantedSize());
+    });
     setWindowFlags(wantedFlags());
 }
 
@@ -126,7 +129,8 @@ void FormWindow::resizeEvent(QResizeEvent* event) {
     view_.zoom(std::clamp(std::min(event->size().width() / natural.width(),
                                    event->size().height() / natural.height()),
                           kSmallestZoom, kLargestZoom));
-    settled_.start();
+    // A window manager that gives this size once more insists on it.
+    if (event->size() != answered_) settled_.start();
     desktop_.frameSoon();
 }
 

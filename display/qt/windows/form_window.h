@@ -47,6 +47,7 @@ class FormWindow final : public QWidget {
     bool placing_ = false;
     bool resizable_ = false;  ///< it shows charts or graphs
     QSize sized_;             ///< the size that the form asked for last
+    QSize answered_;          ///< the size of before, when the form took its shape back
     QTimer settled_;          ///< the user has let go of its edge
     QElapsedTimer shownSince_;
 };

@@ -271,6 +271,19 @@ TEST_F(ResizedWindow, IsNotMadeSmallerThanItCanBeRead) {
     EXPECT_NEAR(window.width(), first.width() * 0.6, 3);
 }
 
+TEST_F(ResizedWindow, DoesNotQuarrelWithAWindowManagerThatKeepsItsSize) {
+    Graphed form(*desktop, true);
+    show(form);
+    QWidget& window = *view(form).window();
+    const QSize kept(window.width() * 2, window.height() * 3 / 2);
+    window.resize(kept);
+    ASSERT_TRUE(until([&] { return window.size() != kept; })) << "it took its form's shape";
+    window.resize(kept);
+    QTest::qWait(700);
+    EXPECT_EQ(window.size(), kept);
+    EXPECT_NEAR(view(form).zoom(), 1.5, 0.02);
+}
+
 TEST_F(ResizedWindow, WithoutAGraphHasItsOwnSize) {
     Graphed form(*desktop, false);
     show(form);
