@@ -112,17 +112,26 @@ void HelpPage::setPage() {
 
 void HelpPage::zoom(int steps) {
     steps_ = steps == 0 ? 0 : std::clamp(steps_ + steps, -4, 8);
-    setPage();
+    setPageInSight();
 }
 
-void HelpPage::resizeEvent(QResizeEvent* event) {
-    QTextBrowser::resizeEvent(event);
-    if (page_.isEmpty() || column() == shownColumn_) return;
-    // Where one reads stays in sight.
+void HelpPage::speak(Language language) {
+    language_ = language;
+    forgetFound();
+    setPageInSight();
+}
+
+/// Where one reads stays in sight.
+void HelpPage::setPageInSight() {
     const QScrollBar* bar = verticalScrollBar();
     const double share = bar->maximum() > 0 ? double(bar->value()) / bar->maximum() : 0;
     setPage();
     verticalScrollBar()->setValue(qRound(share * verticalScrollBar()->maximum()));
+}
+
+void HelpPage::resizeEvent(QResizeEvent* event) {
+    QTextBrowser::resizeEvent(event);
+    if (!page_.isEmpty() && column() != shownColumn_) setPageInSight();
 }
 
 void HelpPage::doSetSource(const QUrl& url, QTextDocument::ResourceType) {

@@ -18,6 +18,8 @@ class HelpPage final : public QTextBrowser {
 
     /// Shows a page; false when the book has none of that name.
     bool showPage(const QString& name, Language language);
+    /// Shows the same page in that language, about where one reads.
+    void speak(Language language);
     /// Letters and pictures larger or smaller by that many steps of a tenth.
     void zoom(int steps);
     /// Marks each place where the words stand and goes to the next one from where the last one was;
@@ -39,6 +41,7 @@ class HelpPage final : public QTextBrowser {
 
  private:
     void setPage();
+    void setPageInSight();
     QString style() const;
     int column() const;
     qreal pixels() const;

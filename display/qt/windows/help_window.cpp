@@ -171,7 +171,11 @@ bool HelpWindow::open(const QString& page, Language language) {
         // The language that was chosen since stays.
         follow(page);
     }
-    show();
+    if (isMinimized()) {
+        showNormal();
+    } else {
+        show();
+    }
     raise();
     activateWindow();
     text_->setFocus(Qt::OtherFocusReason);
@@ -209,7 +213,9 @@ void HelpWindow::turnPage(int by) {
 void HelpWindow::turnLanguage() {
     const Language wanted = language() == Language::Spanish ? Language::English : Language::Spanish;
     for (Visit& visit : pages_) visit.language = wanted;
-    go(at_);
+    text_->speak(wanted);
+    found_->clear();
+    showState();
 }
 
 void HelpWindow::search(bool backwards) {

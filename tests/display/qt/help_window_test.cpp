@@ -45,7 +45,8 @@ class TestBook final : public HelpBook {
         const std::map<std::string_view, std::string> pages = {
             {"one", "<h1>One</h1><p>Here is a <a href=\"two.md\">link</a>.</p>"},
             {"two", "<h1>Two</h1><p>pilot, pilot</p><p><img src=\"wide.png\"></p>"},
-            {"three", "<h1>Three</h1><p>A <b>pilot</b> and a carrier.</p>"}};
+            {"three", "<h1>Three</h1><p>A <b>pilot</b> and a carrier.</p>"},
+            {"long", longPage()}};
         const auto found = pages.find(name);
         if (found == pages.end()) return {};
         return language == Language::Spanish ? "<p>En español</p>" + found->second : found->second;
@@ -54,6 +55,13 @@ class TestBook final : public HelpBook {
         return topic == "Sample" ? "two" : "";
     }
     std::string picture(std::string_view) const override { return widePicture(); }
+
+ private:
+    static std::string longPage() {
+        std::string page;
+        for (int i = 0; i < 300; ++i) page += "<p>A line of a page that is read slowly.</p>";
+        return page;
+    }
 };
 
 class HelpWindowTest : public QtBench {
@@ -84,6 +92,13 @@ TEST_F(HelpWindowTest, ShowsThePageBesideItsContents) {
     contents().setCurrentRow(2);
     EXPECT_EQ(window.page(), "three");
     EXPECT_TRUE(text().toPlainText().contains("carrier"));
+}
+
+TEST_F(HelpWindowTest, ComesBackFromTheTaskBarWhenAPageIsAskedFor) {
+    window.showMinimized();
+    ASSERT_TRUE(window.isMinimized());
+    EXPECT_TRUE(window.open("one", Language::English));
+    EXPECT_FALSE(window.isMinimized());
 }
 
 TEST_F(HelpWindowTest, APageThatIsNotThereChangesNothing) {
@@ -203,6 +218,23 @@ TEST_F(HelpWindowTest, LettersGrowAndShrinkByKeys) {
     EXPECT_GT(text().document()->size().height(), before);
     press(Qt::Key_0, Qt::ControlModifier);
     EXPECT_EQ(text().document()->size().height(), before);
+}
+
+TEST_F(HelpWindowTest, WhereOneReadsStaysInSightInOtherLettersAndTheOtherLanguage) {
+    window.open("long", Language::English);
+    ASSERT_TRUE(active());
+    QScrollBar& bar = *text().verticalScrollBar();
+    ASSERT_TRUE(until([&] { return bar.maximum() > 2000; }));
+    bar.setValue(bar.maximum() / 2);
+    const auto share = [&bar] { return double(bar.value()) / bar.maximum(); };
+    press(Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_NEAR(share(), 0.5, 0.05);
+    press(Qt::Key_0, Qt::ControlModifier);
+    EXPECT_NEAR(share(), 0.5, 0.05);
+    for (QToolButton* key : window.findChildren<QToolButton*>()) {
+        if (key->text() == "Español") key->click();
+    }
+    EXPECT_NEAR(share(), 0.5, 0.05);
 }
 
 TEST_F(HelpWindowTest, TheHelpKeyOpensThePageOfWhatIsMeantElseTheHelpFile) {
