@@ -29,8 +29,8 @@ constexpr qreal kFlagsApart = 3;  ///< in widths of a flag
 constexpr qreal kHead = 55;       ///< of a mark
 constexpr qreal kBeside = 70;
 constexpr qreal kTitleTwips = 130;
-/// Columns on paper, whose own pixels are finer than anybody sees.
-constexpr qreal kNarrowest = 4;
+/// A column on paper, whose own pixels are finer than anybody sees.
+constexpr qreal kNarrowest = 0.8;
 /// Points that are farther apart than so many columns are joined by a smooth line.
 constexpr double kApart = 2;
 constexpr int kBandAlpha = 88;
@@ -57,8 +57,7 @@ class PlotPaint {
           unit_(place.twip),
           pixel_(1 / place.devicePixels),
           ink_(ChartInk::of(plot)) {
-        const qreal finest = std::max(pixel_, kNarrowest * unit_ / 10 * 2);
-        const qreal each = pixel_ < kNarrowest * unit_ ? std::max(pixel_, finest) : pixel_;
+        const qreal each = std::max(pixel_, kNarrowest * unit_);
         columns_ = std::max(static_cast<int>(std::ceil(curves_.width() / each - 1e-6)), 1);
         step_ = curves_.width() / columns_;
     }
