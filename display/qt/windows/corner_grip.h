@@ -9,7 +9,7 @@ namespace display::qt {
 /// The corner by which a window without a frame is made larger and smaller.
 class CornerGrip final : public QWidget {
  public:
-    /// `drag` is told how far the pointer is from where it was pressed, `end` that it was released.
+    /// `begin` and `drag` are told where the pointer is on the screen, `end` that it was released.
     CornerGrip(QWidget* parent, std::function<void(QPoint)> begin, std::function<void(QPoint)> drag,
                std::function<void()> end);
 
