@@ -34,6 +34,8 @@ class ReadingMarks {
     /// Takes the moving mark away; the fixed one stays.
     void leave() { at_.reset(); }
     void clear();
+    /// Whether a mark was put, even if its number is gone by now.
+    bool placed() const { return at_ || fixed_; }
 
     /// The places of the marks; none without a mark, or if its number is gone.
     std::optional<Place> at();

@@ -51,7 +51,9 @@ std::optional<ReadingMarks::Step> stepOf(int key) {
 
 ReadingLayer::ReadingLayer(Control& drawing, QWidget* over)
     : QWidget(over), drawing_(drawing), below_(*over), marks_(drawing) {
+    setObjectName("ReadingLayer");
     setAttribute(Qt::WA_TransparentForMouseEvents);
+    over->installEventFilter(this);
     hide();
 }
 
@@ -111,15 +113,28 @@ bool ReadingLayer::key(const QKeyEvent& event) {
 
 void ReadingLayer::sync() {
     setGeometry(below_.rect());
-    if (!isHidden()) moved();
+    if (marks_.placed()) moved();
+}
+
+/// A window that was closed opens again without marks.
+bool ReadingLayer::eventFilter(QObject* below, QEvent* event) {
+    const bool closed = below == &below_ && event->type() == QEvent::Hide &&
+                        !event->spontaneous() && !below_.window()->isVisible();
+    if (closed && marks_.placed()) {
+        marks_.clear();
+        moved();
+    }
+    return false;
 }
 
 void ReadingLayer::moved() {
-    const bool shown = marks_.at() || marks_.fixedAt();
-    setVisible(shown);
+    const bool placed = marks_.placed();
+    setVisible(placed && (marks_.at() || marks_.fixedAt()));
     update();
     QStringList lines;
-    for (const std::string& line : marks_.lines()) lines << QString::fromStdString(line);
+    if (placed) {
+        for (const std::string& line : marks_.lines()) lines << QString::fromStdString(line);
+    }
     const QString told =
         lines.isEmpty() ? below_.accessibleName() : lines.join(QLatin1String(". "));
     if (below_.accessibleDescription() != told) below_.setAccessibleDescription(told);

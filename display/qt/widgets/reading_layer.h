@@ -38,6 +38,7 @@ class ReadingLayer final : public QWidget {
     void sync();
 
  protected:
+    bool eventFilter(QObject* below, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
  private:

@@ -17,7 +17,7 @@ class ReadForm final : public Form {
     explicit ReadForm(Desktop& desktop) : Form(desktop, "ReadForm") {
         Graph1.numbers = [this] {
             NumberTable table{"Levels", "", {{"Frequency", "MHz"}, {"Level", "dBuV"}}, {}};
-            for (int row = 1; row <= 4; ++row) {
+            for (int row = 1; row <= Graph1.rowCount(); ++row) {
                 const auto value = Graph1.valueAt(row, 1);
                 table.spots.push_back({table.rows.size(), 1, static_cast<double>(row), *value});
                 table.rows.push_back({"88." + std::string(1, static_cast<char>('0' + row)),
@@ -217,6 +217,37 @@ TEST_F(ReadingLayers, LetUpAndDownLeadOutOfTheDrawing) {
     key(form.Graph1, Qt::Key_Right);
     key(form.Graph1, Qt::Key_Down);
     EXPECT_TRUE(widget(form.Key1).hasFocus());
+}
+
+TEST_F(ReadingLayers, ComeBackWithTheNumbersOfADrawingThatWasCleared) {
+    widget(form.Graph1).setFocus();
+    key(form.Graph1, Qt::Key_Right);
+    key(form.Graph1, Qt::Key_Space);
+    key(form.Graph1, Qt::Key_Right);
+    const std::string before = told(form.Graph1);
+    form.Graph1.rowCount(0);
+    settle();
+    const QWidget& layer = *widget(form.Graph1).findChild<QWidget*>("ReadingLayer");
+    EXPECT_FALSE(layer.isVisible());
+    EXPECT_EQ(told(form.Graph1), "Levels");
+    form.Graph1.rowCount(4);
+    settle();
+    EXPECT_EQ(told(form.Graph1), before);
+    EXPECT_TRUE(layer.isVisible());
+}
+
+TEST_F(ReadingLayers, GoWithTheirWindow) {
+    click(form.Picture1, pixel(form.Picture1, 60, 10), Qt::RightButton);
+    hover(form.Graph1, pixel(form.Graph1, 2, 10));
+    form.hide();
+    settle();
+    form.show();
+    ASSERT_TRUE(until([&] { return view(form).isVisible(); }));
+    settle();
+    EXPECT_EQ(told(form.Graph1), "Levels");
+    EXPECT_EQ(told(form.Picture1), "Curve");
+    EXPECT_FALSE(widget(form.Picture1).findChild<QWidget*>("ReadingLayer")->isVisible());
+    EXPECT_FALSE(widget(form.Graph1).findChild<QWidget*>("ReadingLayer")->isVisible());
 }
 
 TEST_F(ReadingLayers, ThePlateStaysInsideTheDrawing) {
