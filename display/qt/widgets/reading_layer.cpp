@@ -47,6 +47,23 @@ std::optional<ReadingMarks::Step> stepOf(int key) {
     }
 }
 
+/// A plate beside a mark, on the side that has room for it; where neither has, above or below the
+/// mark, which it would hide else.
+QRectF besideMark(QSizeF size, QPointF mark, const QRectF& room, qreal away) {
+    QRectF plate(QPointF(), size);
+    const bool right = mark.x() + away + size.width() <= room.right();
+    plate.moveLeft(right ? mark.x() + away : mark.x() - away - size.width());
+    plate.moveTop(mark.y() - size.height() / 2);
+    if (plate.left() < room.left()) {
+        plate.moveLeft(room.left());
+        const bool below = room.bottom() - mark.y() > mark.y() - room.top();
+        plate.moveTop(below ? mark.y() + away : mark.y() - away - size.height());
+    }
+    plate.moveTop(std::clamp(plate.top(), room.top() + 2,
+                             std::max(room.top() + 2, room.bottom() - size.height() - 2)));
+    return plate;
+}
+
 }  // namespace
 
 ReadingLayer::ReadingLayer(Control& drawing, QWidget* over)
@@ -185,17 +202,8 @@ void ReadingLayer::paintPlate(QPainter& painter, Place at) {
         size.setHeight(size.height() + metrics.height());
     }
     const qreal edge = 7 * unit;
-    const qreal away = 12 * unit;
-    QRectF plate(QPointF(), size + QSizeF(2 * edge, 2 * edge));
-    // Beside the mark, on the side that has room for it, and never over the mark itself.
-    const QRectF room = seen();
-    const QPointF mark = pixels(at);
-    const bool right = mark.x() + away + plate.width() <= room.right();
-    plate.moveLeft(right ? mark.x() + away : mark.x() - away - plate.width());
-    plate.moveTop(mark.y() - plate.height() / 2);
-    plate.moveLeft(std::max(plate.left(), room.left()));
-    plate.moveTop(std::clamp(plate.top(), room.top() + 2,
-                             std::max(room.top() + 2, room.bottom() - plate.height() - 2)));
+    const QRectF plate =
+        besideMark(size + QSizeF(2 * edge, 2 * edge), pixels(at), seen(), 12 * unit);
 
     painter.setRenderHint(QPainter::Antialiasing, true);
     painter.setPen(QPen(QColor(kFaceplateEdge), 1));

@@ -250,6 +250,25 @@ TEST_F(ReadingLayers, GoWithTheirWindow) {
     EXPECT_FALSE(widget(form.Graph1).findChild<QWidget*>("ReadingLayer")->isVisible());
 }
 
+TEST_F(ReadingLayers, ThePlateLeavesTheMarkInSightWhereNeitherSideHasRoomForIt) {
+    form.Graph1.picks = {"", "Click: tune the station of this channel at once"};
+    for (const double level : {20., 70.}) {
+        form.Graph1.row = 2;
+        form.Graph1.data(std::to_string(static_cast<int>(level)));
+        settle();
+        const QPoint mark = pixel(form.Graph1, 2, level);
+        hover(form.Graph1, mark);
+        const QImage shown = picture();
+        keep(form, "reading_narrow_" + QString::number(level));
+        int ring = 0;
+        for (int x = mark.x() - 8; x <= mark.x() + 8; ++x) {
+            for (int y = mark.y() - 8; y <= mark.y() + 8; ++y)
+                ring += shown.valid(x, y) && (shown.pixel(x, y) & 0xffffff) == (kFocus & 0xffffff);
+        }
+        EXPECT_GT(ring, 12) << level;
+    }
+}
+
 TEST_F(ReadingLayers, ThePlateStaysInsideTheDrawing) {
     for (const double row : {1., 4.}) {
         hover(form.Graph1, pixel(form.Graph1, row, 80));
