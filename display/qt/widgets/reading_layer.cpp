@@ -48,14 +48,15 @@ std::optional<ReadingMarks::Step> stepOf(int key) {
 }
 
 /// A plate beside a mark, on the side that has room for it; where neither has, above or below the
-/// mark, which it would hide else.
+/// mark, which it would hide else. Always in the room, even if the mark is not.
 QRectF besideMark(QSizeF size, QPointF mark, const QRectF& room, qreal away) {
     QRectF plate(QPointF(), size);
     const bool right = mark.x() + away + size.width() <= room.right();
     plate.moveLeft(right ? mark.x() + away : mark.x() - away - size.width());
     plate.moveTop(mark.y() - size.height() / 2);
-    if (plate.left() < room.left()) {
-        plate.moveLeft(room.left());
+    const qreal last = std::max(room.left(), room.right() - size.width());
+    if (plate.left() < room.left() || plate.left() > last) {
+        plate.moveLeft(std::clamp(plate.left(), room.left(), last));
         const bool below = room.bottom() - mark.y() > mark.y() - room.top();
         plate.moveTop(below ? mark.y() + away : mark.y() - away - size.height());
     }

@@ -34,6 +34,7 @@ class ReadForm final : public Form {
             return table;
         };
     }
+    Panel View{*this, "View"};
     Chart Graph1{*this, "Graph1"};
     PictureBox Picture1{*this, "Picture1"};
     Key Key1{*this, "Key1"};
@@ -44,7 +45,8 @@ class ReadForm final : public Form {
         width = 9000.f;
         height = 4000.f;
         caption = "Read";
-        place(Graph1, {100, 100, 4000, 3000}, Says{"Niveles", "Levels"});
+        place(View, {100, 100, 4000, 3000});
+        place(Graph1, {0, 0, 4000, 3000}, &View, Says{"Niveles", "Levels"});
         Graph1.insets = Chart::Insets{0, 0, 0, 0};
         Graph1.rowCount(4);
         Graph1.columnCount(1);
@@ -266,6 +268,27 @@ TEST_F(ReadingLayers, ThePlateLeavesTheMarkInSightWhereNeitherSideHasRoomForIt) 
                 ring += shown.valid(x, y) && (shown.pixel(x, y) & 0xffffff) == (kFocus & 0xffffff);
         }
         EXPECT_GT(ring, 12) << level;
+    }
+}
+
+TEST_F(ReadingLayers, ThePlateIsReadWhereTheKeyboardGoesBeyondWhatIsSeen) {
+    form.Graph1.width = 9000.f;
+    settle();
+    widget(form.Graph1).setFocus();
+    for (const auto& [key, left] :
+         {std::pair(Qt::Key_End, 0.f), std::pair(Qt::Key_Home, -5000.f)}) {
+        form.Graph1.left = left;
+        settle();
+        QTest::keyClick(&widget(form.Graph1), key);
+        settle();
+        const QImage shown = picture();
+        const QRect seen = view(form).scale().whole(form.View.boxOnForm());
+        int plate = 0;
+        for (int y = seen.top(); y <= seen.bottom(); ++y) {
+            for (int x = seen.left(); x <= seen.right(); ++x)
+                plate += (shown.pixel(x, y) & 0xffffff) == (kFaceplateTop & 0xffffff);
+        }
+        EXPECT_GT(plate, 1500) << told(form.Graph1);
     }
 }
 
