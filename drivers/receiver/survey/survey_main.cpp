@@ -23,6 +23,7 @@
 #include "drivers/receiver/survey/survey.h"
 #include "drivers/unit/command_line.h"
 #include "drivers/unit/replace_file.h"
+#include "drivers/unit/standard_error.h"
 
 namespace {
 
@@ -45,8 +46,9 @@ int fail(const std::string& sentence, int code = kFailed) {
 
 int listThem(const std::string& driver) {
     const auto radios = listRadios(kSoapyLibrary, driver);
+    // A radio says of itself what it likes.
     for (const ListedRadio& radio : radios)
-        std::cout << radio.device << '\t' << radio.label << '\n';
+        std::cout << hm16::printable(radio.device) << '\t' << hm16::printable(radio.label) << '\n';
     return radios.empty() ? kFailed : 0;
 }
 

@@ -136,6 +136,17 @@ TEST_F(SurveyPresets, TakeTheStationAndEmptyTheRest) {
     EXPECT_EQ(block.substr(43, 5), "     ");
 }
 
+TEST(SurveyCommandLine, ListsRadiosALineEachWhateverTheySayOfThemselves) {
+    const std::string plugins = std::filesystem::path(HM16_RADIO).parent_path().string();
+    // What plug-ins of the machine say is theirs.
+    const std::string list =
+        "SOAPY_SDR_PLUGIN_PATH=" + plugins + " " + kSurvey + "--radios fixture 2>/dev/null; }";
+    EXPECT_EQ(shell("{ " + list).text, "driver=fixture,serial=7\tTest radio 7\n");
+    const Said said = shell("{ HM16_RADIO_LABEL=$(printf 'a\\033[2J\\nb\\tc') " + list);
+    EXPECT_EQ(said.code, 0);
+    EXPECT_EQ(said.text, "driver=fixture,serial=7\ta\\x1b[2J\\x0ab\\x09c\n");
+}
+
 TEST(CommandLines, HelpNamesEveryOptionAndEndsWithNought) {
     const Said synth = shell(kSynth + "--help");
     EXPECT_EQ(synth.code, 0);
