@@ -68,6 +68,7 @@ void Store::commit(std::int64_t now) {
         waitingEvents_.clear();
         return;
     }
+    leaveWhatWasRemoved();
     if (!bringUp(now)) return;
     while (writeGroup(now)) {
     }

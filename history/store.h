@@ -85,6 +85,8 @@ class Store final : public RecordingSink {
     std::filesystem::path pathOf(const CivilDay& day) const;
     std::vector<CivilDay> days() const;
     bool openFolder();
+    void leaveWhatWasRemoved();
+    void leaveIndex();
     bool bringUp(std::int64_t now);
     void openIndex(std::int64_t now);
     DayFile& openDay(const CivilDay& day);

@@ -15,6 +15,16 @@
 
 namespace history {
 
+namespace {
+
+bool isMissing(const std::filesystem::path& path) {
+    std::error_code unknown;
+    const auto is = std::filesystem::status(path, unknown).type();
+    return is == std::filesystem::file_type::not_found;
+}
+
+}  // namespace
+
 std::filesystem::path Store::pathOf(const CivilDay& day) const {
     return settings_.folder / (day.text() + std::string(kDayEnding));
 }
@@ -46,6 +56,23 @@ bool Store::openFolder() {
     }
     lock_ = std::move(lock);
     return true;
+}
+
+/// Somebody may remove a file, or the folder, that is being written: SQLite would go on in what has
+/// no name any more.
+void Store::leaveWhatWasRemoved() {
+    if (!lock_) return;
+    if (day_ && isMissing(pathOf(dayOpen_))) closeDay();
+    if (index_ && isMissing(settings_.folder / kIndexName)) leaveIndex();
+    if (isMissing(settings_.folder)) lock_.reset();
+}
+
+/// It is made anew from the days, which also have what it was to get next.
+void Store::leaveIndex() {
+    index_.reset();
+    isUp_ = false;
+    unsummed_.clear();
+    unindexed_.clear();
 }
 
 void Store::openIndex(std::int64_t now) {
@@ -81,13 +108,7 @@ void Store::closeDay() {
 
 void Store::setAside(const std::filesystem::path& path, std::int64_t now) {
     const std::string name = path.filename().string();
-    if (name == kIndexName) {
-        index_.reset();
-        isUp_ = false;
-        // The days have them too, from which it is made anew.
-        unsummed_.clear();
-        unindexed_.clear();
-    }
+    if (name == kIndexName) leaveIndex();
     for (int number = 1; number < 1000; ++number) {
         const std::string aside =
             path.stem().string() + "." + hmonitor::wholeText(number).str() + ".damaged";

@@ -158,6 +158,32 @@ TEST_F(StoreFaults, ADayThatIsDamagedInTheMiddleIsSetAsideAndANewOneBegun) {
     EXPECT_TRUE(told);
 }
 
+TEST_F(StoreFaults, ADayThatIsRemovedWhileItIsWrittenIsBegunAnew) {
+    Feed feed(folder, begin);
+    feed.tune();
+    feed.run(60);
+    for (const char* beside : {"", "-wal", "-shm"}) {
+        std::filesystem::remove(folder / (std::string("2026-05-04.hm16day") + beside));
+    }
+    feed.run(60);
+    EXPECT_EQ(feed.store.status().state, State_::Recording);
+    EXPECT_EQ(knownSeconds(begin + 60, 59), 59);
+}
+
+TEST_F(StoreFaults, AFolderThatIsRemovedWhileItIsWrittenIsMadeAnew) {
+    Feed feed(folder, begin);
+    feed.tune();
+    feed.run(60);
+    std::filesystem::remove_all(folder);
+    feed.run(120);
+    EXPECT_EQ(feed.store.status().state, State_::Recording);
+    EXPECT_EQ(knownSeconds(begin + 60, 119), 119);
+    Database index(folder / "index.sqlite", Access::Read);
+    EXPECT_GE(index.number("SELECT count(*) FROM span WHERE step=60"), 1);
+    Feed second(folder, begin + 180);
+    EXPECT_EQ(second.store.status().state, State_::LookingOn) << "the new one is locked too";
+}
+
 TEST_F(StoreFaults, ABlockThatIsDamagedIsAGapAndTheOthersStand) {
     {
         Feed feed(folder, begin);
