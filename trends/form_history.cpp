@@ -286,10 +286,12 @@ void Form_History::take(HistoryView view) {
 NumberTable Form_History::table() const {
     constexpr double kKhzPerMhz = 1000;
     const bool tuned = view_.station == view_.asked.tuned;
-    return historyTable(view_, fromMs_, toMs_,
-                        stationLine(tuned ? StationState.RadioName.view() : std::string_view(),
-                                    view_.station / kKhzPerMhz, localStamp(fromMs_).substr(0, 10)),
-                        language);
+    const std::string day = localStamp(fromMs_).substr(0, 10);
+    const std::string station =
+        view_.station == 0 ? day
+                           : stationLine(tuned ? StationState.RadioName.view() : std::string_view(),
+                                         view_.station / kKhzPerMhz, day);
+    return historyTable(view_, fromMs_, toMs_, station, language);
 }
 
 // What is kept from one time to the next.

@@ -59,7 +59,9 @@ void Form_History::showValues() {
         const AskedRange& range = view_.asked.range;
         const std::int64_t begin = range.fromMs + static_cast<std::int64_t>(*column) * range.eachMs;
         const bool wholeDays = range.eachMs >= kDayMs;
-        const std::string date = dateText(begin, Plot_Figure[0].clock());
+        // Days begin by UTC: its noon is in the day that the first one mostly is here.
+        const std::string date =
+            dateText(wholeDays ? begin + kDayMs / 2 : begin, Plot_Figure[0].clock());
         // The year beside the length: a whole date is wider than its place.
         const std::size_t year = date.rfind(' ');
         Label_Time.caption = wholeDays ? date.substr(0, year) : clockText(begin);

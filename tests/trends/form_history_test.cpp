@@ -38,6 +38,8 @@ TEST_F(History, WithNothingRecordedSaysSoCalmly) {
     EXPECT_THAT(causes(), IsEmpty());
     EXPECT_EQ(form.Label_Known.caption, "");
     EXPECT_FALSE(std::filesystem::exists(folder)) << "looking makes no folder";
+    EXPECT_THAT(exported("/there/a.csv"), testing::EndsWith(": state,2026-05-03\r\n"))
+        << "of no station";
 }
 
 TEST_F(History, ShowsLowestMeanAndHighestOfEachColumn) {

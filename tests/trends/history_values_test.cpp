@@ -127,6 +127,14 @@ TEST_F(History, AMarkAtADayHasItsDateAndTheYearBelow) {
     EXPECT_THAT(form.Label_Date.caption.get(), testing::StartsWith("2026 · "));
 }
 
+TEST_F(History, AColumnOfADayHasTheDateOfTheDayThatItMostlyIs) {
+    recordQuarter();
+    const Zone west("<-03>3");
+    open();
+    look(noon - 4 * 365 * 86400LL, noon);
+    EXPECT_EQ(form.Label_Time.caption, "4 May") << "by UTC, it begins on the 3rd at nine there";
+}
+
 TEST_F(History, KeysOfTheWindowLeaveTheKeyboardToThePlots) {
     open();
     for (const display::Key& key : form.Command_Span) EXPECT_TRUE(key.leavesFocus);
