@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "analyzer/session_names.h"
+#include "base/utf8_path.h"
 #include "core/code_page.h"
 
 namespace hmonitor {
@@ -22,7 +23,7 @@ std::set<std::string> foldedNames(const std::filesystem::path& folder) {
     std::error_code none;
     for (std::filesystem::directory_iterator at(folder, none), end; !none && at != end;
          at.increment(none)) {
-        names.insert(foldedCase(at->path().filename().string()));
+        names.insert(foldedCase(base::utf8Of(at->path().filename())));
     }
     return names;
 }
@@ -49,7 +50,7 @@ std::vector<std::string> SessionFolder::list() const {
     std::error_code none;
     for (std::filesystem::directory_iterator at(files().folder(), none), end; !none && at != end;
          at.increment(none)) {
-        std::string name = at->path().filename().string();
+        std::string name = base::utf8Of(at->path().filename());
         std::error_code unknown;
         if (!isSessionName(name) || at->is_directory(unknown)) continue;
         std::string folded = foldedCase(name);

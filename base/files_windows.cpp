@@ -13,6 +13,7 @@
 #include "base/read_file.h"
 #include "base/remove_file.h"
 #include "base/rewrite_file.h"
+#include "base/utf8_path.h"
 
 namespace base {
 
@@ -121,7 +122,7 @@ void removeLeftovers(const fs::path& folder) {
     std::error_code none;
     std::vector<fs::path> leftovers;
     for (fs::directory_iterator at(folder, none), end; !none && at != end; at.increment(none)) {
-        if (isLeftover(at->path().filename().string())) leftovers.push_back(at->path());
+        if (isLeftover(utf8Of(at->path().filename()))) leftovers.push_back(at->path());
     }
     for (const auto& leftover : leftovers) DeleteFileW(leftover.c_str());
 }

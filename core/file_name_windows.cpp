@@ -52,7 +52,7 @@ std::optional<std::string> nameThere(const std::filesystem::path& folder, std::s
     const HANDLE search = FindFirstFileW((folder / base::pathOf(name)).c_str(), &found);
     if (search == INVALID_HANDLE_VALUE) return std::nullopt;
     FindClose(search);
-    return std::filesystem::path(found.cFileName).string();
+    return base::utf8Of(found.cFileName);
 }
 
 }  // namespace hmonitor

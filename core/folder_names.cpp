@@ -8,6 +8,7 @@
 #include <system_error>
 #include <utility>
 
+#include "base/utf8_path.h"
 #include "core/code_page.h"
 
 #if defined(__linux__)
@@ -67,7 +68,7 @@ void FolderNames::readAll() {
     std::error_code none;
     for (std::filesystem::directory_iterator at(folder_, none), end; !none && at != end;
          at.increment(none)) {
-        add(at->path().filename().string());
+        add(base::utf8Of(at->path().filename()));
     }
 }
 

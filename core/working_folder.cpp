@@ -5,6 +5,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "base/utf8_path.h"
 #include "core/code_page.h"
 #include "core/user_access.h"
 
@@ -42,7 +43,7 @@ Laying layFirstContents(const fs::path& folder, const fs::path& program) {
     const bool first = !to.exists(kSettings);
     bool laid = false;
     for (fs::directory_iterator at(program, fault), end; !fault && at != end; at.increment(fault)) {
-        const std::string name = at->path().filename().string();
+        const std::string name = base::utf8Of(at->path().filename());
         std::error_code unknown;
         if (!isFirstContent(name) || !at->is_regular_file(unknown) || to.exists(name)) continue;
         const auto bytes = from.read(name);

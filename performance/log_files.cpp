@@ -6,6 +6,7 @@
 #include <system_error>
 #include <utility>
 
+#include "base/utf8_path.h"
 #include "core/code_page.h"
 #include "core/numbers.h"
 
@@ -32,7 +33,7 @@ std::vector<std::string> logFiles(const Files& files) {
     std::error_code fault;
     for (std::filesystem::directory_iterator at(files.folder(), fault), end; !fault && at != end;
          at.increment(fault)) {
-        std::string name = at->path().filename().string();
+        std::string name = base::utf8Of(at->path().filename());
         std::string folded = foldedCase(name);
         std::error_code unknown;
         if (folded.ends_with(kEnding) && at->is_regular_file(unknown))

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "startup/form_card.h"
 
+#include "base/utf8_path.h"
 #include "program/look.h"
 #include "program/make_form.h"
 
@@ -16,7 +17,8 @@ FormCard::FormCard(Program& itsProgram) : ProgramForm(itsProgram, "FormCard") {
 
 std::string FormCard::folderText() const {
     const bool spanish = language == display::Language::Spanish;
-    return (spanish ? "Archivos: están en " : "Files: they are in ") + desktop().folder().string();
+    return (spanish ? "Archivos: están en " : "Files: they are in ") +
+           base::utf8Of(desktop().folder());
 }
 
 void FormCard::layOut() {

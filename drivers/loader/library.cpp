@@ -4,6 +4,7 @@
 #include <system_error>
 #include <utility>
 
+#include "base/utf8_path.h"
 #include "drivers/loader/symbols.h"
 
 namespace hm16 {
@@ -54,7 +55,7 @@ LoadResult refused(LoadResult result, Refusal refusal) {
 }  // namespace
 
 std::string refusalSentence(const LoadResult& result) {
-    const std::string file = result.file.string();
+    const std::string file = base::utf8Of(result.file);
     const std::string cannot = file + " cannot be loaded as a driver library: ";
     switch (result.refusal) {
         case Refusal::None:

@@ -7,6 +7,7 @@
 #include <system_error>
 #include <vector>
 
+#include "base/utf8_path.h"
 #include "drivers/hm16_report.h"
 #include "drivers/loader/library.h"
 #include "drivers/probe/probe_figures.h"
@@ -56,7 +57,7 @@ int probe(const Options& options) {
     const auto folder = std::filesystem::absolute(options.library);
     std::error_code error;
     std::filesystem::current_path(options.files, error);
-    if (error) return fail(options.files.string() + " is no folder: " + error.message() + ".");
+    if (error) return fail(base::utf8Of(options.files) + " is no folder: " + error.message() + ".");
     const auto loaded = hm16::Library::load(folder);
     if (!loaded.library) return fail(loaded.fault);
     const HM16_Functions& driver = loaded.library->functions();

@@ -8,6 +8,7 @@
 
 #include "base/number_in_text.h"
 #include "base/read_file.h"
+#include "base/utf8_path.h"
 #include "drivers/unit/replace_file.h"
 
 namespace hm16 {
@@ -117,7 +118,7 @@ std::optional<std::string> DayLog::write(const std::string& file, const std::str
     const auto path = folder_ / file;
     const auto log = base::readFile(path);
     // What cannot be read may hold a day: it is no empty one.
-    if (!log && log.reason != ENOENT) return base::notRead(path.string(), log.reason) + ".";
+    if (!log && log.reason != ENOENT) return base::notRead(base::utf8Of(path), log.reason) + ".";
     return replaceFile(path, withHourLine(log.bytes, line));
 }
 

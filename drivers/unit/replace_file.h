@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "base/rewrite_file.h"
+#include "base/utf8_path.h"
 
 namespace hm16 {
 
@@ -16,7 +17,7 @@ inline std::optional<std::string> replaceFile(const std::filesystem::path& file,
                                               std::string_view bytes) {
     const int reason = base::rewriteFile(file, bytes);
     if (reason == 0) return std::nullopt;
-    return base::notWritten(file.string(), reason) + ".";
+    return base::notWritten(base::utf8Of(file), reason) + ".";
 }
 
 }  // namespace hm16

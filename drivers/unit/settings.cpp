@@ -10,6 +10,7 @@
 #include "base/number_text.h"
 #include "base/plain_text.h"
 #include "base/read_file.h"
+#include "base/utf8_path.h"
 #include "drivers/unit/standard_error.h"
 
 namespace hm16 {
@@ -28,10 +29,11 @@ std::string lowered(std::string_view text) {
 
 Settings Settings::read(const std::filesystem::path& file) {
     std::error_code error;
-    if (!std::filesystem::exists(file, error) && !error) return parse("", file.string());
+    if (!std::filesystem::exists(file, error) && !error) return parse("", base::utf8Of(file));
     const auto read = base::readFile(file);
-    Settings settings = parse(read.bytes, file.string());
-    if (!read) settings.faults_.push_back(file.string() + ": the settings file cannot be read.");
+    Settings settings = parse(read.bytes, base::utf8Of(file));
+    if (!read)
+        settings.faults_.push_back(base::utf8Of(file) + ": the settings file cannot be read.");
     return settings;
 }
 

@@ -10,6 +10,7 @@
 #include "base/number_text.h"
 #include "base/plain_text.h"
 #include "base/read_file.h"
+#include "base/utf8_path.h"
 #include "drivers/unit/replace_file.h"
 
 namespace hm16 {
@@ -188,7 +189,8 @@ std::optional<std::string> StationResults::write(const std::filesystem::path& fo
     if (unread_) {
         const auto file = fileOf(folder, frequency_);
         const auto read = base::readFile(file);
-        if (!read && read.reason != ENOENT) return base::notRead(file.string(), read.reason) + ".";
+        if (!read && read.reason != ENOENT)
+            return base::notRead(base::utf8Of(file), read.reason) + ".";
         join(parse(frequency_, read.bytes));
         unread_ = false;
     }

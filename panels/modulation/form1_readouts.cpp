@@ -4,6 +4,7 @@
 #include <string>
 
 #include "analyses/form_d.h"
+#include "base/utf8_path.h"
 #include "core/files.h"
 #include "core/numbers.h"
 #include "panels/audio/form_b.h"
@@ -112,7 +113,7 @@ void Form1::showSigns() {
 std::string Form1::troubleText() const {
     const FileTroubles& troubles = program.files.troubles();
     if (!troubles.any()) return noticeText();
-    const std::string name = troubles.file().filename().string();
+    const std::string name = base::utf8Of(troubles.file().filename());
     const bool spanish = language == display::Language::Spanish;
     if (troubles.why() == FileTroubles::Why::Unreadable)
         return spanish ? "No se puede leer " + name : name + " cannot be read";

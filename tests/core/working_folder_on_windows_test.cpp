@@ -79,6 +79,17 @@ TEST_F(OnWindows, AFileHasTheNameThatTheFolderHas) {
     EXPECT_EQ(*files.read("SESI\u00d3N.3DS"), "new");
 }
 
+TEST_F(OnWindows, LettersOutsideTheCodePageStay) {
+    home.write(L"\u03a9\u0416 \U0001F4FB.3ds", "x");
+    const Files files(home.path());
+    const std::string name = "\u03a9\u0416 \U0001F4FB.3ds";
+    EXPECT_EQ(files.find("\u03a9\u0416 \U0001F4FB.3DS"), name);
+    EXPECT_EQ(*files.read(name), "x");
+    EXPECT_FALSE(files.rewrite(name, "new"));
+    EXPECT_EQ(home.names(), std::set<std::string>{name});
+    EXPECT_EQ(*files.read(name), "new");
+}
+
 TEST_F(OnWindows, AFileIsRemovedAndAFolderIsNot) {
     const Files files(home.path());
     home.write("a", "x");
