@@ -34,14 +34,14 @@ FileTroubles::Why whyOf(int reason) {
     }
 }
 
-bool hasRoom(const fs::path& folder, std::size_t bytes) {
+bool hasRoom(const fs::path& folder, std::uintmax_t bytes) {
     std::error_code unknown;
     const fs::space_info space = fs::space(folder, unknown);
     // Who does not know tries again.
     return unknown || space.available >= bytes + kSpare;
 }
 
-bool holds(const fs::path& file, FileTroubles::Why why, std::size_t bytes) {
+bool holds(const fs::path& file, FileTroubles::Why why, std::uintmax_t bytes) {
     const fs::path folder = file.parent_path();
     std::error_code none;
     switch (why) {
@@ -61,7 +61,7 @@ bool holds(const fs::path& file, FileTroubles::Why why, std::size_t bytes) {
 
 }  // namespace
 
-std::shared_ptr<bool> FileTroubles::failed(const fs::path& file, int reason, std::size_t bytes) {
+std::shared_ptr<bool> FileTroubles::failed(const fs::path& file, int reason, std::uintmax_t bytes) {
     const Why why = whyOf(reason);
     standing_[file] = {why, bytes};
     std::shared_ptr<bool>& told = told_[why];

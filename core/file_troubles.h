@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <map>
 #include <memory>
@@ -17,7 +17,8 @@ class FileTroubles {
 
     /// A file was not written, for that `errno`. Answers whether somebody was told of such a
     /// trouble since it holds: true from whoever tells it on.
-    std::shared_ptr<bool> failed(const std::filesystem::path& file, int reason, std::size_t bytes);
+    std::shared_ptr<bool> failed(const std::filesystem::path& file, int reason,
+                                 std::uintmax_t bytes);
 
     /// A file that is there was not read.
     void unreadable(const std::filesystem::path& file) { standing_[file] = {Why::Unreadable, 0}; }
@@ -38,7 +39,7 @@ class FileTroubles {
  private:
     struct Trouble {
         Why why;
-        std::size_t bytes;
+        std::uintmax_t bytes;
     };
     void forgetWhatWasTold();
 

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <cstdint>
 
 #include "core/files.h"
 #include "tests/support/as_nobody.h"
@@ -17,7 +18,7 @@ using test::TempFolder;
 using Why = FileTroubles::Why;
 
 /// More than any disk has.
-constexpr std::size_t kTooMuch = std::size_t{1} << 60;
+constexpr std::uintmax_t kTooMuch = std::uintmax_t{1} << 60;
 
 TEST(FileTroubles, StandWhileTheFolderIsReadOnly) {
     TempFolder temp;

@@ -28,59 +28,78 @@ std::int32_t tell(const char* name, std::int32_t result, Arguments... arguments)
     return result;
 }
 
+/// A lambda as a function of a library: a lambda alone has the compiler's own way of being called,
+/// and that is another one where libraries have 32 bits.
+template <class Lambda>
+struct OfALibrary {
+    explicit OfALibrary(Lambda) {}
+    template <class Result, class... Arguments>
+    static Result HM16_CALL call(Arguments... arguments) {
+        return Lambda{}(arguments...);
+    }
+    template <class Result, class... Arguments>
+    using Function = Result(HM16_CALL*)(Arguments...);
+    template <class Result, class... Arguments>
+    operator Function<Result, Arguments...>() const {
+        return &call<Result, Arguments...>;
+    }
+};
+
 /// A library in which every function returns its own number and notes its arguments.
 HM16_Functions noting() {
     HM16_Functions f = {};
-    f.init = []() { return tell("init", 1); };
-    f.terminate = []() { return tell("terminate", 2); };
-    f.demoMode = []() { return tell("demoMode", 3); };
-    f.normal = [](float frequency, int32_t average, int32_t audioMode, int32_t response,
-                  int32_t logFiles) {
+    f.init = OfALibrary{[]() { return tell("init", 1); }};
+    f.terminate = OfALibrary{[]() { return tell("terminate", 2); }};
+    f.demoMode = OfALibrary{[]() { return tell("demoMode", 3); }};
+    f.normal = OfALibrary{[](float frequency, int32_t average, int32_t audioMode, int32_t response,
+                             int32_t logFiles) {
         return tell("normal", 4, int(frequency), average, audioMode, response, logFiles);
-    };
-    f.parar = []() { return tell("parar", 5); };
-    f.reset = [](int32_t what) { return tell("reset", 6, what); };
-    f.data = [](float* a, float* b, float* c, float* d, float* e, float* f6, float* g, float* h,
-                float* i, float* j, float* k, float* l, float* m, float* n, float* o, float* p) {
+    }};
+    f.parar = OfALibrary{[]() { return tell("parar", 5); }};
+    f.reset = OfALibrary{[](int32_t what) { return tell("reset", 6, what); }};
+    f.data = OfALibrary{[](float* a, float* b, float* c, float* d, float* e, float* f6, float* g,
+                           float* h, float* i, float* j, float* k, float* l, float* m, float* n,
+                           float* o, float* p) {
         float number = 0;
         for (float* output : {a, b, c, d, e, f6, g, h, i, j, k, l, m, n, o, p}) *output = ++number;
         return tell("data", 7);
-    };
-    f.dataRds = [](float* error, float* level) {
+    }};
+    f.dataRds = OfALibrary{[](float* error, float* level) {
         const int before = int(*level);
         *error = 57;
         *level = 3;
         return tell("dataRds", 8, before);
-    };
-    f.super = [](float frequency, float* level) {
+    }};
+    f.super = OfALibrary{[](float frequency, float* level) {
         *level = 61;
         return tell("super", 9, int(frequency));
-    };
-    f.startEspectro = [](float start, float stop, int32_t step) {
+    }};
+    f.startEspectro = OfALibrary{[](float start, float stop, int32_t step) {
         return tell("startEspectro", 10, int(start), int(stop), step);
-    };
-    f.tramaEspectroRecibida = []() { return tell("tramaEspectroRecibida", 11); };
-    f.getEspectro = [](float frequency, float* level) {
+    }};
+    f.tramaEspectroRecibida = OfALibrary{[]() { return tell("tramaEspectroRecibida", 11); }};
+    f.getEspectro = OfALibrary{[](float frequency, float* level) {
         *level = 62;
         return tell("getEspectro", 12, int(frequency));
-    };
-    f.respFrecuencia = [](int32_t* a, int32_t* b, int32_t* c, int32_t* d, int32_t* e, int32_t* f6,
-                          int32_t* g, int32_t* h, int32_t* i, int32_t* j, int32_t* k, int32_t* l,
-                          int32_t* m, int32_t* n, int32_t* o, int32_t* p) {
-        int32_t number = 0;
-        for (int32_t* out : {a, b, c, d, e, f6, g, h, i, j, k, l, m, n, o, p}) *out = ++number;
-        return tell("respFrecuencia", 13);
-    };
-    f.setSintoMode = [](int32_t mode) { return tell("setSintoMode", 14, mode); };
-    f.getHardwareVersion = [](float* version) {
+    }};
+    f.respFrecuencia =
+        OfALibrary{[](int32_t* a, int32_t* b, int32_t* c, int32_t* d, int32_t* e, int32_t* f6,
+                      int32_t* g, int32_t* h, int32_t* i, int32_t* j, int32_t* k, int32_t* l,
+                      int32_t* m, int32_t* n, int32_t* o, int32_t* p) {
+            int32_t number = 0;
+            for (int32_t* out : {a, b, c, d, e, f6, g, h, i, j, k, l, m, n, o, p}) *out = ++number;
+            return tell("respFrecuencia", 13);
+        }};
+    f.setSintoMode = OfALibrary{[](int32_t mode) { return tell("setSintoMode", 14, mode); }};
+    f.getHardwareVersion = OfALibrary{[](float* version) {
         *version = 1.8f;
         return tell("getHardwareVersion", 15);
-    };
-    f.getDriverVersion = [](float* version) {
+    }};
+    f.getDriverVersion = OfALibrary{[](float* version) {
         const int before = int(*version);
         *version = 4.2f;
         return tell("getDriverVersion", 16, before);
-    };
+    }};
     return f;
 }
 
@@ -157,21 +176,20 @@ TEST_F(LoadedDriverTest, LevelsAndVersionsComeBackInTheirOutputs) {
 
 /// Loudspeakers that keep their settings.
 HM16_ListenState loudspeakers{sizeof(HM16_ListenState), 1, 40, 0};
-const HM16_ListenV1 kListen{sizeof(HM16_ListenV1),
-                            [](int32_t volume, int32_t muted) {
+const HM16_ListenV1 kListen{sizeof(HM16_ListenV1), OfALibrary{[](int32_t volume, int32_t muted) {
                                 loudspeakers.volume = volume;
                                 loudspeakers.muted = muted;
                                 return 0;
-                            },
-                            [](HM16_ListenState* state) {
+                            }},
+                            OfALibrary{[](HM16_ListenState* state) {
                                 *state = loudspeakers;
                                 return 0;
-                            }};
+                            }}};
 
 TEST_F(LoadedDriverTest, TheLoudspeakersAreThoseOfTheExtension) {
-    const auto extension = [](const char* id) -> const void* {
+    const OfALibrary extension{[](const char* id) -> const void* {
         return std::string(id) == HM16_LISTEN ? &kListen : nullptr;
-    };
+    }};
     LoadedDriver playing(functions, extension);
     EXPECT_EQ(playing.sound(), (Sound{true, 40, false}));
     playing.setSound(65, true);
@@ -179,7 +197,7 @@ TEST_F(LoadedDriverTest, TheLoudspeakersAreThoseOfTheExtension) {
     EXPECT_EQ(driver.sound(), std::nullopt);
     driver.setSound(1, false);
     EXPECT_EQ(loudspeakers.volume, 65);
-    LoadedDriver other(functions, [](const char*) -> const void* { return nullptr; });
+    LoadedDriver other(functions, OfALibrary{[](const char*) -> const void* { return nullptr; }});
     EXPECT_EQ(other.sound(), std::nullopt);
 }
 
@@ -225,25 +243,26 @@ struct Slots {
     int copies = 0;
 };
 Slots slotLibrary;
-const HM16_FiguresV1 kSlots{sizeof(HM16_FiguresV1), []() -> int32_t { return slotLibrary.figures; },
-                            [](int32_t index, HM16_FigureInfo* info) -> int32_t {
-                                const char* const keys[] = {"loudness", "field", "pilot_error"};
-                                std::strncpy(info->key, keys[index], sizeof info->key);
-                                return 0;
-                            },
-                            [](int32_t station, uint64_t from, HM16_Slot* out, uint32_t slotSize,
-                               int32_t room, uint64_t* next) -> int32_t {
-                                EXPECT_EQ(station, 0);
-                                EXPECT_EQ(slotSize, sizeof(HM16_Slot));
-                                int32_t copied = 0;
-                                for (const HM16_Slot& slot : slotLibrary.kept) {
-                                    if (slot.number < from || copied == room) continue;
-                                    out[copied++] = slot;
-                                    *next = slot.number + 1;
-                                }
-                                slotLibrary.copies += copied;
-                                return copied;
-                            }};
+const HM16_FiguresV1 kSlots{
+    sizeof(HM16_FiguresV1), OfALibrary{[]() -> int32_t { return slotLibrary.figures; }},
+    OfALibrary{[](int32_t index, HM16_FigureInfo* info) -> int32_t {
+        const char* const keys[] = {"loudness", "field", "pilot_error"};
+        std::strncpy(info->key, keys[index], sizeof info->key);
+        return 0;
+    }},
+    OfALibrary{[](int32_t station, uint64_t from, HM16_Slot* out, uint32_t slotSize, int32_t room,
+                  uint64_t* next) -> int32_t {
+        EXPECT_EQ(station, 0);
+        EXPECT_EQ(slotSize, sizeof(HM16_Slot));
+        int32_t copied = 0;
+        for (const HM16_Slot& slot : slotLibrary.kept) {
+            if (slot.number < from || copied == room) continue;
+            out[copied++] = slot;
+            *next = slot.number + 1;
+        }
+        slotLibrary.copies += copied;
+        return copied;
+    }}};
 
 HM16_Slot slotSaying(uint64_t number, std::initializer_list<uint8_t> states) {
     HM16_Slot slot{};
@@ -268,9 +287,9 @@ struct LoadedSlots : testing::Test {
         return driver.states();
     }
     const HM16_Functions functions = noting();
-    LoadedDriver driver{functions, [](const char* id) -> const void* {
+    LoadedDriver driver{functions, OfALibrary{[](const char* id) -> const void* {
                             return std::string(id) == HM16_FIGURES ? &kSlots : nullptr;
-                        }};
+                        }}};
 };
 
 TEST_F(LoadedSlots, SayNothingBeforeTheFirstOne) {
@@ -365,7 +384,7 @@ TEST_F(LoadedSlots, OfTheStationBeforeAreHandedToNobody) {
 TEST_F(LoadedSlots, AreThereWhereAUnitIs) {
     EXPECT_TRUE(driver.hasSlots());
     slotLibrary.figures = 0;
-    LoadedDriver without(functions, [](const char*) -> const void* { return &kSlots; });
+    LoadedDriver without(functions, OfALibrary{[](const char*) -> const void* { return &kSlots; }});
     EXPECT_FALSE(without.hasSlots());
     EXPECT_FALSE(LoadedDriver(functions).hasSlots());
 }
