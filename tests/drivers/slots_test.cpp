@@ -96,7 +96,8 @@ TEST(SimulatedFigures, DescribeFillsAsMuchAsTheCallerHasRoomFor) {
 }
 
 TEST(SimulatedFigures, SlotsOfAStationComeEvery50MsWithoutALoss) {
-    const SimulatedSlots unit;
+    // Forty slots at once are made up for: the unit's thread may be half a second late.
+    const SimulatedSlots unit("pace = 4\n");
     unit->init();
     const auto slots = unit.measured(985, 40);
     ASSERT_GE(slots.size(), 40u);
@@ -139,7 +140,7 @@ TEST(SimulatedFigures, AMonoStationHasNoFiguresOfStereoAndOneWithoutRdsNoError) 
 }
 
 TEST(SimulatedFigures, NothingComesWhileTheUnitIsIdleOrSilent) {
-    const SimulatedSlots unit("pace = 20\nsilent_after = 1\n");
+    const SimulatedSlots unit("pace = 20\nsilent_after = 10\n");
     unit->init();
     unit.measured(985, 5);
     EXPECT_TRUE(unit.eventually([&] {

@@ -22,9 +22,21 @@ std::vector<std::string> linesOf(const std::string& text) {
     return lines;
 }
 
+constexpr std::chrono::milliseconds kSeconds{60};
+
+// Measures a station at least as long, until the unit has told something of the time after: on a
+// busy machine its thread may have had no turn before.
 void measureForSeconds(const SimulatedLibrary& unit, float frequency, int logFiles = 0) {
     unit.tune(frequency, 0, 0, logFiles);
-    std::this_thread::sleep_for(std::chrono::milliseconds(60));
+    std::this_thread::sleep_for(kSeconds);
+    const hm16::Readings before = unit.readings();
+    EXPECT_TRUE(unit.eventually([&] { return unit.readings() != before; }));
+    unit->parar();
+}
+
+void passOver(const SimulatedLibrary& unit, float frequency) {
+    unit.tune(frequency);
+    std::this_thread::sleep_for(kSeconds);
     unit->parar();
 }
 
@@ -55,14 +67,14 @@ TEST(UnitFiles, BetweenStationsNoFileComesIntoBeing) {
     const SimulatedLibrary unit("pace = 100\n");
     unit->init();
     const std::size_t before = unit.folder().names().size();
-    measureForSeconds(unit, 990);
+    passOver(unit, 990);
     EXPECT_EQ(unit.folder().names().size(), before);
 }
 
 TEST(UnitFiles, PassingOverAStationLeavesNoFile) {
     const SimulatedLibrary unit("pace = 0.1\n");
     unit->init();
-    measureForSeconds(unit, 985);
+    passOver(unit, 985);
     EXPECT_FALSE(unit.folder().has("0985.dat"));
 }
 
