@@ -30,8 +30,8 @@ void Form_D::layOut() {
     // Fifty rows of twenty twips; the width divides evenly by seventeen columns.
     place(GraphWell, {6330, 150, 2590, 1080}, Surface::Well);
     place(PictureGraph1, {80, 40, 2430, 1000}, &GraphWell,
-          SaysAndTip{"Espectro del canal sintonizado; doble clic para abrirlo",
-                     "Spectrum of the tuned channel; double click to open it"})
+          SaysAndTip{"Espectro del canal sintonizado; doble clic o Intro lo abre",
+                     "Spectrum of the tuned channel; double click or Enter opens it"})
         .drawing.scale(1, 0);
     layOutFigures();
     placeSign(sign, 45, {});

@@ -2,6 +2,7 @@
 #include "panels/audio/form_b.h"
 
 #include <cmath>
+#include <string>
 
 #include "core/numbers.h"
 #include "program/make_form.h"
@@ -41,6 +42,7 @@ void Form_B::bindReadings() {
         const char* const hundreds = Line120.colour == SegmentOnColour ? "1" : "";
         return hundreds + figuresOf({&phaseTens, &phaseUnits});
     };
+    HScroll1.reading = [this] { return std::string(Label_FrecRadio.caption.get()); };
     MemoryWell.reading = [this] {
         const char* const tens = Line46.colour == SegmentOnColour ? "1" : "";
         return tens + figuresOf({&memoryUnits});

@@ -112,7 +112,9 @@ void Form1::layOutKeys() {
     key(Image7, "MinN", "FOLD", {"Plegar el rack", "Fold the rack"});
     key(Image_Power, "PowerN", "POWER", {"Apagar y salir", "Power off and leave"});
     // A small key above the one that prints the same page.
-    place(KeyPdf, {Image9.left, 1345, 590, 185}, "MinN", Caption{kPdfCaption}, SaysAndTip{kPdfTip});
+    // Heard far from its neighbour "Print", it says of what it makes a file.
+    place(KeyPdf, {Image9.left, 1345, 590, 185}, "MinN", Caption{kPdfCaption},
+          Says{"Guardar el rack como archivo PDF", "Save the rack as a PDF file"}, Tip{kPdfTip});
     tabOrder(Image_Average, Image6, SSbAMmode, Image9, Image7, Image_Power, KeyPdf);
 }
 

@@ -5,15 +5,19 @@
 #include <QPointer>
 #include <QString>
 #include <QStringList>
+#include <QVariant>
 #include <QWidget>
 #include <algorithm>
+#include <array>
 #include <string_view>
+#include <utility>
 
 #include "display/qt/widgets/chart_view.h"
 #include "display/qt/widgets/control_widget.h"
 #include "display/qt/widgets/key_widgets.h"
 #include "display/qt/widgets/picture_box_widget.h"
 #include "display/qt/widgets/plot_widget.h"
+#include "display/qt/widgets/scroll_bar_widget.h"
 #include "display/qt/windows/form_view.h"
 #include "display/qt/windows/rack_window.h"
 
@@ -195,15 +199,128 @@ class AccessibleOption final : public QAccessibleWidget {
     OptionWidget& option() const { return static_cast<OptionWidget&>(*widget()); }
 };
 
+/// What stands at the mark of a drawing, as an item of it that can have the focus.
+class AccessibleMark final : public QAccessibleInterface {
+ public:
+    explicit AccessibleMark(QWidget& drawing) : drawing_(&drawing) {}
+
+    bool isValid() const override { return !drawing_.isNull(); }
+    QObject* object() const override { return nullptr; }
+    QWindow* window() const override {
+        return drawing_ ? drawing_->window()->windowHandle() : nullptr;
+    }
+    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+    QAccessibleInterface* parent() const override {
+        return drawing_ ? QAccessible::queryAccessibleInterface(drawing_) : nullptr;
+    }
+    QAccessibleInterface* child(int) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+    void setText(QAccessible::Text, const QString&) override {}
+    QAccessible::Role role() const override { return QAccessible::ListItem; }
+    QString text(QAccessible::Text kind) const override {
+        return drawing_ && kind == QAccessible::Name ? drawing_->accessibleDescription()
+                                                     : QString();
+    }
+    QRect rect() const override {
+        return drawing_ ? QRect(drawing_->mapToGlobal(QPoint()), drawing_->size()) : QRect();
+    }
+    QAccessible::State state() const override {
+        QAccessible::State state;
+        state.focusable = true;
+        state.focused = stands && drawing_ && drawing_->hasFocus();
+        state.invisible = !stands || !drawing_ || !drawing_->isVisible();
+        return state;
+    }
+
+    bool stands = false;  ///< it is the one that was told last
+
+ private:
+    QPointer<QWidget> drawing_;
+};
+
+/// A drawing. Its description is what stands at its mark, and its own name again before there is
+/// one. A screen reader says the item that gets the focus, but not one that has it and changes: so
+/// there are two, and a mark that moves goes from one to the other.
+class AccessibleDrawing final : public QAccessibleWidget {
+ public:
+    explicit AccessibleDrawing(QWidget& drawing) : QAccessibleWidget(&drawing, QAccessible::Chart) {
+        for (std::size_t i = 0; i < marks_.size(); ++i) {
+            // Qt owns a registered interface until it is deleted by its id.
+            // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
+            marks_[i] = new AccessibleMark(drawing);
+            ids_[i] = QAccessible::registerAccessibleInterface(marks_[i]);
+        }
+    }
+    ~AccessibleDrawing() override {
+        for (const QAccessible::Id id : ids_) QAccessible::deleteAccessibleInterface(id);
+    }
+    AccessibleDrawing(const AccessibleDrawing&) = delete;
+    AccessibleDrawing& operator=(const AccessibleDrawing&) = delete;
+
+    QString text(QAccessible::Text kind) const override {
+        const QString said = QAccessibleWidget::text(kind);
+        const bool again = kind == QAccessible::Description && said == widget()->accessibleName();
+        return again ? QString() : said;
+    }
+    int childCount() const override { return static_cast<int>(marks_.size()); }
+    QAccessibleInterface* child(int index) const override {
+        return index < 0 || index >= childCount() ? nullptr
+                                                  : marks_[static_cast<std::size_t>(index)];
+    }
+    int indexOfChild(const QAccessibleInterface* child) const override {
+        for (int i = 0; i < childCount(); ++i) {
+            if (this->child(i) == child) return i;
+        }
+        return -1;
+    }
+    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+
+    void tellMark() {
+        std::swap(marks_[0], marks_[1]);
+        marks_[0]->stands = true;
+        marks_[1]->stands = false;
+        QAccessibleEvent event(marks_[0], QAccessible::Focus);
+        QAccessible::updateAccessibility(&event);
+    }
+
+ private:
+    std::array<AccessibleMark*, 2> marks_{};  ///< the one that stands first
+    std::array<QAccessible::Id, 2> ids_{};
+};
+
+/// A bar whose position stands for a number of its own, as the frequency that it tunes: that number
+/// is told, not the position. Its keys move it.
+class AccessibleBar final : public QAccessibleWidget, public QAccessibleValueInterface {
+ public:
+    explicit AccessibleBar(ScrollBarWidget& bar)
+        : QAccessibleWidget(&bar, QAccessible::Slider), bar_(bar) {}
+
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        return type == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface*>(this)
+                                                   : QAccessibleWidget::interface_cast(type);
+    }
+    QVariant currentValue() const override {
+        return QString::fromStdString(bar_.bar().reading()).toDouble();
+    }
+    void setCurrentValue(const QVariant&) override {}
+    QVariant maximumValue() const override { return {}; }
+    QVariant minimumValue() const override { return {}; }
+    /// By which a screen reader knows how many decimals to say.
+    QVariant minimumStepSize() const override { return 0.01; }
+
+ private:
+    ScrollBarWidget& bar_;
+};
+
 QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
     if (auto* view = dynamic_cast<FormView*>(object)) return new AccessibleForm(*view);
     if (auto* option = dynamic_cast<OptionWidget*>(object)) return new AccessibleOption(*option);
     const bool draws = dynamic_cast<ChartView*>(object) || dynamic_cast<PlotWidget*>(object) ||
                        dynamic_cast<PictureBoxWidget*>(object);
-    if (draws) {
-        return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Chart);
-    }
-    return nullptr;
+    if (draws) return new AccessibleDrawing(*static_cast<QWidget*>(object));
+    auto* bar = dynamic_cast<ScrollBarWidget*>(object);
+    return bar && bar->bar().reading ? new AccessibleBar(*bar) : nullptr;
 }
 
 }  // namespace
@@ -215,6 +332,11 @@ QString spokenName(const Form& form) {
         if (label && label->shown() && !label->caption.empty()) return qText(label->caption.get());
     }
     return QString::fromStdString(form.name());
+}
+
+void tellMark(QWidget& drawing) {
+    QAccessibleInterface* its = QAccessible::queryAccessibleInterface(&drawing);
+    if (auto* told = dynamic_cast<AccessibleDrawing*>(its)) told->tellMark();
 }
 
 void AccessibleLabels::install() {

@@ -4,6 +4,7 @@
 #include <QAccessible>
 #include <QString>
 #include <QTimer>
+#include <QWidget>
 #include <memory>
 #include <set>
 #include <vector>
@@ -16,6 +17,10 @@ class FormView;
 
 /// What a form is called by assistive tools: its title, else the first words that it shows.
 QString spokenName(const Form& form);
+
+/// Lets a screen reader say what stands at the mark of a drawing, which its description tells: the
+/// keyboard has moved it.
+void tellMark(QWidget& drawing);
 
 /// Exposes the painted controls of a form to assistive tools: each label, and each other control
 /// that has a reading, with its name; measured ones also with their value. Changes are announced at

@@ -11,6 +11,7 @@
 #include <string>
 
 #include "display/form.h"
+#include "display/qt/accessibility/accessible_labels.h"
 #include "display/qt/painting/fonts.h"
 #include "display/qt/painting/palette.h"
 #include "display/qt/widgets/control_widget.h"
@@ -104,8 +105,10 @@ void ReadingLayer::begin(const std::optional<Place>& at) {
     } else {
         marks_.step(ReadingMarks::Step::First);
     }
-    byKeys_ = true;
+    // What stands there is told with the drawing, which has just got the focus.
+    byKeys_ = false;
     moved();
+    byKeys_ = true;
 }
 
 void ReadingLayer::fix() {
@@ -155,7 +158,9 @@ void ReadingLayer::moved() {
     }
     const QString told =
         lines.isEmpty() ? below_.accessibleName() : lines.join(QLatin1String(". "));
-    if (below_.accessibleDescription() != told) below_.setAccessibleDescription(told);
+    if (below_.accessibleDescription() == told) return;
+    below_.setAccessibleDescription(told);
+    if (byKeys_ && !lines.isEmpty() && below_.hasFocus()) tellMark(below_);
 }
 
 void ReadingLayer::paintMark(QPainter& painter, Place at, Qt::PenStyle style) const {

@@ -25,6 +25,7 @@ class ScrollBarWidget final : public QAbstractSlider, public ControlWidget {
     QWidget& widget() override { return *this; }
     void sync() override;
 
+    const ScrollBar& bar() const { return bar_; }
     /// The thumb, in the widget's pixels.
     QRectF thumb() const { return thumbOf(bar_, size()); }
 

@@ -127,6 +127,28 @@ TEST_P(AccessibleRack, ACaptionBesideAFigureOfItsNameIsNotToldBesides) {
     EXPECT_EQ(heard, QStringList(name + ": 7"));
 }
 
+TEST_P(AccessibleRack, TheTuningBarTellsItsFrequencyAndNotItsPosition) {
+    LiveRack rack(GetParam());
+    ASSERT_TRUE(rack.measures());
+    QAccessibleInterface* bar = rack.child(rack.forms().formB, in({"Sintonía", "Tuning"}));
+    ASSERT_NE(bar, nullptr);
+    EXPECT_EQ(bar->role(), QAccessible::Slider);
+    ASSERT_NE(bar->valueInterface(), nullptr);
+    EXPECT_NEAR(bar->valueInterface()->currentValue().toDouble(), 98.1, 1e-9);
+    rack.forms().formB.HScroll1.value = 1025 - 875;
+    EXPECT_NEAR(bar->valueInterface()->currentValue().toDouble(), 102.5, 1e-9);
+}
+
+TEST_P(AccessibleRack, ADrawingSaysItsNameOnce) {
+    LiveRack rack(GetParam());
+    ASSERT_TRUE(rack.measures());
+    QAccessibleInterface* drawing = rack.child(
+        rack.forms().formD, in({"Espectro del canal sintonizado; doble clic o Intro lo abre",
+                                "Spectrum of the tuned channel; double click or Enter opens it"}));
+    ASSERT_NE(drawing, nullptr);
+    EXPECT_EQ(drawing->text(QAccessible::Description), "");
+}
+
 TEST_P(AccessibleRack, AMessageThatDoesNotStandIsNotTold) {
     LiveRack rack(GetParam());
     ASSERT_TRUE(rack.measures());

@@ -5,6 +5,8 @@
 #include <QAccessible>
 #include <QImage>
 #include <algorithm>
+#include <string>
+#include <vector>
 
 #include "display/qt/painting/palette.h"
 #include "tests/display/qt/qt_bench.h"
@@ -147,6 +149,29 @@ TEST_F(ReadingLayers, GoWithThePointerAndLeaveTheDrawingAsItWas) {
     settle();
     EXPECT_EQ(picture(), before);
     EXPECT_EQ(told(form.Graph1), "Levels");
+}
+
+TEST_F(ReadingLayers, EachStepByKeysIsAnotherItemWithTheFocusOfAScreenReader) {
+    QAccessibleInterface* drawing = QAccessible::queryAccessibleInterface(&widget(form.Graph1));
+    ASSERT_EQ(drawing->childCount(), 2);
+    EXPECT_TRUE(drawing->child(0)->state().invisible) << "no mark yet";
+    EXPECT_TRUE(drawing->child(1)->state().invisible);
+    widget(form.Graph1).setFocus();
+    ASSERT_TRUE(until([&] { return widget(form.Graph1).hasFocus(); }));
+    key(form.Graph1, Qt::Key_Right);
+    const QAccessibleInterface* last = nullptr;
+    for (const char* told : {"88.2 MHz: 40 dBµV", "88.3 MHz: 60 dBµV", "88.4 MHz: 80 dBµV"}) {
+        key(form.Graph1, Qt::Key_Right);
+        QAccessibleInterface* now = drawing->child(0);
+        EXPECT_NE(now, last) << "one that has the focus already is not told again";
+        EXPECT_EQ(now->text(QAccessible::Name).toStdString(), told);
+        EXPECT_TRUE(now->state().focused);
+        EXPECT_FALSE(now->state().invisible);
+        EXPECT_EQ(now->parent(), drawing);
+        EXPECT_TRUE(drawing->child(1)->state().invisible) << "only the last one stands";
+        EXPECT_EQ(drawing->indexOfChild(drawing->child(1)), 1);
+        last = now;
+    }
 }
 
 TEST_F(ReadingLayers, AreMovedByTheArrowKeysAndSpaceFixesOne) {
