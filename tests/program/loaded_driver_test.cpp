@@ -203,22 +203,23 @@ TEST_F(LoadedDriverTest, TheLoudspeakersAreThoseOfTheExtension) {
 
 HM16_AbsenceInfo whyNoUnit{};
 int absenceAsked = 0;
-const HM16_AbsenceV1 kAbsence{sizeof(HM16_AbsenceV1), [](HM16_AbsenceInfo* info) -> int32_t {
+const HM16_AbsenceV1 kAbsence{sizeof(HM16_AbsenceV1),
+                              OfALibrary{[](HM16_AbsenceInfo* info) -> int32_t {
                                   ++absenceAsked;
                                   *info = whyNoUnit;
                                   return 0;
-                              }};
+                              }}};
 
 TEST_F(LoadedDriverTest, WhyNoUnitAnswersIsToldWhenNoneDoes) {
     static float version = 0;
     HM16_Functions silent = functions;
-    silent.getHardwareVersion = [](float* out) -> int32_t {
+    silent.getHardwareVersion = OfALibrary{[](float* out) -> int32_t {
         *out = version;
         return 0;
-    };
-    LoadedDriver absent(silent, [](const char* id) -> const void* {
-        return std::string(id) == HM16_ABSENCE ? &kAbsence : nullptr;
-    });
+    }};
+    LoadedDriver absent(silent, OfALibrary{[](const char* id) -> const void* {
+                            return std::string(id) == HM16_ABSENCE ? &kAbsence : nullptr;
+                        }});
     std::vector<UnitAbsence::Cause> causes;
     absent.onAbsence = [&](const UnitAbsence& absence) { causes.push_back(absence.cause); };
     whyNoUnit.cause = HM16_NO_RADIO;
