@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/arguments.h"
 
-#include <CLI/CLI.hpp>
-#include <utility>
+#include <algorithm>
+#include <string>
+#include <string_view>
 #include <vector>
+
+#include "base/command_line.h"
 
 namespace hmonitor {
 
@@ -23,31 +26,14 @@ holds one rack; several may run side by side.
 }  // namespace
 
 Arguments readArguments(int count, const char* const* words) {
-    std::string folder;
-    CLI::App app(kAbout, "hmonitor");
-    app.footer(kFurther);
-    app.set_version_flag("--version", "hmonitor " HMONITOR_VERSION, "Print the version and exit");
-    const CLI::Option* const named =
-        app.add_option("--folder", folder, "work in this folder")
-            ->option_text("PATH")
-            ->take_last()
-            ->check([](const std::string& path) {
-                return path.empty() ? std::string("the path is empty") : std::string();
-            });
-    try {
-        // Read from its end.
-        std::vector<std::string> behind;
-        for (int i = count - 1; i > 0; --i) behind.emplace_back(words[i]);
-        app.parse(std::move(behind));
-    } catch (const CLI::CallForHelp&) {
-        return {{}, app.help(), {}};
-    } catch (const CLI::CallForVersion& version) {
-        return {{}, std::string(version.what()) + "\n", {}};
-    } catch (const CLI::ParseError& error) {
-        return {{}, {}, std::string(error.what()) + "; --help tells more."};
-    }
-    if (named->count() == 0) return {};
-    return {std::filesystem::path(folder), {}, {}};
+    Arguments arguments;
+    base::CommandLine line(kAbout, "hmonitor", kFurther);
+    line.version("hmonitor " HMONITOR_VERSION);
+    line.maybePath("--folder", arguments.folder, "work in this folder");
+    const std::vector<std::string_view> behind(words + std::min(count, 1), words + count);
+    const auto end = line.read(behind);
+    if (!end) return arguments;
+    return {{}, end->help ? end->text : "", end->help ? "" : end->text};
 }
 
 }  // namespace hmonitor

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "drivers/unit/command_line.h"
+#include "base/command_line.h"
 
 namespace hm16::probe {
 
@@ -32,9 +32,9 @@ constexpr const char* kWhatTheyAre = R"(WHAT:
 Parsed parseArguments(std::span<const std::string_view> arguments) {
     Options options;
     std::string what = kWhats.front();
-    CommandLine line(kAbout, "hm16-probe", kWhatTheyAre);
+    base::CommandLine line(kAbout, "hm16-probe", kWhatTheyAre);
     line.path("FOLDER", options.library, "where the driver library is",
-              CommandLine::Need::Required);
+              base::CommandLine::Need::Required);
     line.oneOf("WHAT", what, kWhats, "what to measure");
     line.number("--frequency", options.frequency, 60, 130, "tune here, MHz");
     line.number("--seconds", options.seconds, 0, 1000000,

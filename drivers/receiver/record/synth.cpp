@@ -8,10 +8,10 @@
 #include <string_view>
 #include <vector>
 
+#include "base/command_line.h"
 #include "drivers/receiver/library/scenes.h"
 #include "drivers/receiver/record/recording_writer.h"
 #include "drivers/receiver/synth/band_generator.h"
-#include "drivers/unit/command_line.h"
 
 namespace {
 
@@ -39,12 +39,12 @@ int fail(const std::string& sentence) {
 }
 
 // What the command line asks for, or why the program ends at once.
-std::optional<hm16::CommandLineEnd> read(std::span<const std::string_view> words,
+std::optional<base::CommandLineEnd> read(std::span<const std::string_view> words,
                                          Options& options) {
     std::string scene;
     std::string format;
-    using Need = hm16::CommandLine::Need;
-    hm16::CommandLine line(kAbout, "hm16-synth");
+    using Need = base::CommandLine::Need;
+    base::CommandLine line(kAbout, "hm16-synth");
     line.oneOf("SCENE", scene, kScenes, "", Need::Required);
     line.path("FILE", options.plan.file, "", Need::Required);
     line.number("--seconds", options.seconds, 0.1, 3600, "length");

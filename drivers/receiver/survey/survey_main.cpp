@@ -13,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/command_line.h"
 #include "base/number_text.h"
 #include "base/read_file.h"
 #include "drivers/receiver/library/open_source.h"
@@ -21,7 +22,6 @@
 #include "drivers/receiver/survey/presets.h"
 #include "drivers/receiver/survey/rate_check.h"
 #include "drivers/receiver/survey/survey.h"
-#include "drivers/unit/command_line.h"
 #include "drivers/unit/replace_file.h"
 #include "drivers/unit/standard_error.h"
 
@@ -138,7 +138,7 @@ int survey(const Options& asked) {
 int answer(std::span<const std::string_view> words) {
     Options options;
     std::optional<std::string> radiosOf;
-    hm16::CommandLine line(kAbout, "hm16-survey");
+    base::CommandLine line(kAbout, "hm16-survey");
     line.path("INI", options.ini, "the settings file of a receiver");
     line.flag("--check", options.checkOnly, "opens the receiver and no more");
     line.path("--presets", options.presets,

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "drivers/unit/command_line.h"
+#include "base/command_line.h"
 
 #include <CLI/CLI.hpp>
 #include <functional>
@@ -8,16 +8,16 @@
 #include "base/number_text.h"
 #include "base/plain_text.h"
 
-namespace hm16 {
+namespace base {
 
 namespace {
 
 CLI::Validator numberWithin(double low, double high) {
-    const std::string range = base::decimalText(low, 3) + " to " + base::decimalText(high, 3);
+    const std::string range = decimalText(low, 3) + " to " + decimalText(high, 3);
     const auto faultOf = [low, high, range](const std::string& text) -> std::string {
-        const auto number = base::numberIn(text);
+        const auto number = numberIn(text);
         if (number && *number >= low && *number <= high) return "";
-        return base::inQuotes(text) + " is no number from " + range;
+        return inQuotes(text) + " is no number from " + range;
     };
     return CLI::Validator(faultOf, range);
 }
@@ -44,6 +44,10 @@ CommandLine::CommandLine(const std::string& about, const std::string& program,
 
 CommandLine::~CommandLine() = default;
 
+void CommandLine::version(const std::string& text) {
+    parser_->app.set_version_flag("--version", text, "Print the version and exit");
+}
+
 void CommandLine::flag(const std::string& name, bool& into, const std::string& about) {
     parser_->app.add_flag(name, into, about);
 }
@@ -53,6 +57,18 @@ void CommandLine::path(const std::string& name, std::filesystem::path& into,
     parser_->app.add_option(name, into, about)
         ->required(need == Need::Required)
         ->capture_default_str();
+}
+
+void CommandLine::maybePath(const std::string& name, std::optional<std::filesystem::path>& into,
+                            const std::string& about) {
+    const std::function<void(const std::string&)> keep = [&into](const std::string& path) {
+        into = path;
+    };
+    parser_->app.add_option_function(name, keep, about)
+        ->option_text("PATH")
+        ->check([](const std::string& path) {
+            return path.empty() ? std::string("the path is empty") : std::string();
+        });
 }
 
 void CommandLine::oneOf(const std::string& name, std::string& into,
@@ -95,10 +111,12 @@ std::optional<CommandLineEnd> CommandLine::read(std::span<const std::string_view
         app.parse(std::vector<std::string>(words.rbegin(), words.rend()));
     } catch (const CLI::CallForHelp&) {
         return CommandLineEnd{true, app.help()};
+    } catch (const CLI::CallForVersion& version) {
+        return CommandLineEnd{true, std::string(version.what()) + "\n"};
     } catch (const CLI::ParseError& error) {
         return CommandLineEnd{false, std::string(error.what()) + "; --help tells more."};
     }
     return std::nullopt;
 }
 
-}  // namespace hm16
+}  // namespace base

@@ -9,11 +9,11 @@
 #include <string_view>
 #include <vector>
 
-namespace hm16 {
+namespace base {
 
 // What a command line asks of the program before its own work begins.
 struct CommandLineEnd {
-    bool help = false;  // `text` is the help that was asked for, no fault
+    bool help = false;  // `text` is the help or version that was asked for, no fault
     std::string text;   // else a sentence that says what is wrong
 };
 
@@ -33,9 +33,14 @@ class CommandLine {
 
     enum class Need { Optional, Required };
 
+    // --version answers with `text` and a new line.
+    void version(const std::string& text);
     void flag(const std::string& name, bool& into, const std::string& about);
     void path(const std::string& name, std::filesystem::path& into, const std::string& about,
               Need need = Need::Optional);
+    // Is empty where the option was not given; an empty path is a fault.
+    void maybePath(const std::string& name, std::optional<std::filesystem::path>& into,
+                   const std::string& about);
     void oneOf(const std::string& name, std::string& into, const std::vector<std::string>& words,
                const std::string& about, Need need = Need::Optional);
     // From `low` to `high`, written as in our files: no exponent, no words, never a locale.
@@ -58,4 +63,4 @@ class CommandLine {
     std::unique_ptr<Parser> parser_;
 };
 
-}  // namespace hm16
+}  // namespace base
