@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/qt/widgets/list_widgets.h"
 
+#include <QAbstractItemView>
+#include <QEvent>
+#include <QKeyEvent>
+#include <QPainter>
 #include <QString>
 #include <QWidget>
 #include <algorithm>
 #include <string>
-
-#include <QKeyEvent>
-#include <QPainter>
+#include <utility>
 
 #include "display/controls/lists.h"
 #include "display/qt/painting/fonts.h"
@@ -29,12 +31,17 @@ bool leavesToForm(const QKeyEvent& event) {
     return event.key() == Qt::Key_Escape || event.key() == Qt::Key_F1;
 }
 
+bool isEnter(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
 }  // namespace
 
 ComboBoxWidget::ComboBoxWidget(QtDesktop& desktop, ComboBox& box, QWidget* parent)
     : QComboBox(parent), desktop_(desktop), box_(box) {
     connect(this, &QComboBox::activated, this,
             [this](int row) { desktop_.hand().select(box_, row); });
+    view()->installEventFilter(this);
 }
 
 void ComboBoxWidget::sync() {
@@ -53,11 +60,23 @@ void ComboBoxWidget::sync() {
 }
 
 void ComboBoxWidget::keyPressEvent(QKeyEvent* event) {
-    if (leavesToForm(*event) || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    if (isEnter(*event) && std::exchange(choseAt_, std::nullopt) == event->timestamp()) return;
+    if (leavesToForm(*event) || isEnter(*event)) {
         event->ignore();
     } else {
         QComboBox::keyPressEvent(event);
     }
+}
+
+/// The open list chooses by the announcement of Enter and is gone when the key itself comes. That
+/// one arrives here where the list could not grab the keyboard, and must not press the form's own
+/// key.
+bool ComboBoxWidget::eventFilter(QObject* list, QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && view()->isVisible()) {
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        if (isEnter(key)) choseAt_ = key.timestamp();
+    }
+    return QComboBox::eventFilter(list, event);
 }
 
 void ComboBoxWidget::paintEvent(QPaintEvent* event) {
@@ -100,7 +119,7 @@ void ListBoxWidget::sync() {
 void ListBoxWidget::keyPressEvent(QKeyEvent* event) {
     if (leavesToForm(*event)) {
         event->ignore();
-    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    } else if (isEnter(*event)) {
         if (box_.onDoubleClick) {
             desktop_.hand().doubleClick(box_);
         } else {

@@ -5,6 +5,7 @@
 #include <QListWidget>
 #include <QTabBar>
 #include <QWidget>
+#include <optional>
 
 #include "display/controls/containers.h"
 #include "display/controls/lists.h"
@@ -21,10 +22,12 @@ class ComboBoxWidget final : public QComboBox, public ControlWidget {
  protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* list, QEvent* event) override;
 
  private:
     QtDesktop& desktop_;
     ComboBox& box_;
+    std::optional<quint64> choseAt_;  ///< the timestamp of the Enter that chose from the open list
 };
 
 class ListBoxWidget final : public QListWidget, public ControlWidget {

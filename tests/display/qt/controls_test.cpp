@@ -225,6 +225,26 @@ TEST_F(Controls, ComboBox_KeyboardSelectsARow) {
     EXPECT_EQ(dynamic_cast<QComboBox&>(widget(sample->Combo1)).currentText(), "RMS");
 }
 
+TEST_F(Controls, ComboBox_EnterInItsOpenListChoosesAndPressesNoKeyOfTheForm) {
+    auto& box = dynamic_cast<QComboBox&>(widget(sample->Combo1));
+    box.setFocus();
+    box.showPopup();
+    ASSERT_TRUE(box.view()->isVisible());
+    // Where the list could not grab the keyboard, its keys arrive at the window below.
+    QWindow* window = box.window()->windowHandle();
+    sample->heard.clear();
+    QTest::keyClick(window, Qt::Key_Down);
+    QTest::keyClick(window, Qt::Key_Return);
+    settle();
+    EXPECT_FALSE(box.view()->isVisible());
+    EXPECT_EQ(sample->Combo1.list.selected(), 1);
+    EXPECT_EQ(std::ranges::count(sample->heard, "KeyDefault click"), 0);
+
+    QTest::keyClick(window, Qt::Key_Return);
+    settle();
+    EXPECT_EQ(std::ranges::count(sample->heard, "KeyDefault click"), 1);
+}
+
 TEST_F(Controls, ListBox_ClickSelectsAndDoubleClickActs) {
     auto& list = dynamic_cast<QListWidget&>(widget(sample->List1));
     const QPoint second = list.visualItemRect(list.item(1)).center();
