@@ -69,7 +69,7 @@ def saves_by_mouse(rack, album):
     """A new record, to the byte; the rack tunes it; accept keeps it."""
     before = block(rack)
     open_editor(rack)
-    assert shown_memory(rack) == 1
+    wait_for(lambda: shown_memory(rack) == 1, "the digits of memory 1")
     empty, stored = colour_of_key(rack, 4 + 5), colour_of_key(rack, 1)
     assert empty != stored, "an empty memory looks like one that holds a station"
     select(rack, 9)

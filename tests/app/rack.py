@@ -166,16 +166,16 @@ class Rack:
         self.screen.click(*self.point(form, control, across, down))
 
     def open_list(self, form, control):
-        """Opens a list by a click and waits until it has the keyboard. A release that the program
-        sees long after the press chooses from the list and closes it: then it is opened again."""
+        """Opens a list by a click and waits until it stands. A release that the program sees long
+        after the press chooses from the list and closes it: then it is opened again."""
         x = self.screen.x
 
         def stands():
             self.click(form, control)
             end = time.monotonic() + 3
-            while not x.keyboard_is_held() and time.monotonic() < end:
+            while not x.popups() and time.monotonic() < end:
                 time.sleep(0.02)
-            return x.has_come_round(self.window, 20) and x.keyboard_is_held()
+            return x.has_come_round(self.window, 20) and x.popups()
 
         wait_for(stands, f"the list of {form}.{control}")
 

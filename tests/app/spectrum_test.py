@@ -42,13 +42,9 @@ def ask_for(rack, row):
     rack.click(SHOWN, NEW)
     rack.screen.activate(rack.wait_open(ASK))
     if row:
-        # A click opens the list, and Enter closes it. Now and then it closes by itself meanwhile:
-        # then the field has taken the arrows, and Enter would start the run already.
         rack.open_list(ASK, "Combo1")
-        rack.screen.type(*["Down"] * row)
-        if rack.screen.x.keyboard_is_held():
-            rack.screen.type("Return")
-        wait_for(lambda: not rack.screen.x.keyboard_is_held(), "the end of the list")
+        rack.screen.type(*["Down"] * row, "Return")
+        wait_for(lambda: not rack.screen.x.popups(), "the end of the list")
 
 
 @case(units=(SWEEPING, POINTS))

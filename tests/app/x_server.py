@@ -70,6 +70,13 @@ class XServer:
         numbers = {int(number) for number in self.managed()} | {top.id for top in tops}
         return [window for window in map(self.window, sorted(numbers)) if self.is_visible(window)]
 
+    def popups(self):
+        """Open lists and menus: visible windows of programs that no window manager has framed."""
+        tops = unless_gone(lambda: self.root.query_tree().children, [])
+        managed = set(self.managed())
+        return [str(top.id) for top in tops if str(top.id) not in managed and
+                self.values(top, "_NET_WM_PID") and self.is_visible(top)]
+
     def named(self, title):
         return [str(window.id) for window in self.visible() if self.name(window) == title]
 
@@ -109,14 +116,6 @@ class XServer:
 
     def activate(self, number):
         self.tell_manager(self.window(number), "_NET_ACTIVE_WINDOW", FROM_A_PAGER, X.CurrentTime)
-
-    def keyboard_is_held(self):
-        """Whether a program has grabbed the keyboard, as for an open list."""
-        answer = self.root.grab_keyboard(False, X.GrabModeAsync, X.GrabModeAsync, X.CurrentTime)
-        if answer == X.GrabSuccess:
-            self.display.ungrab_keyboard(X.CurrentTime)
-            self.display.sync()
-        return answer == X.AlreadyGrabbed
 
     def focus(self, number):
         """Sets the focus itself, for screens without a window manager."""
