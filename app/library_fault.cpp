@@ -89,17 +89,19 @@ LibraryFault libraryFault(const hm16::LoadResult& loaded) {
 LibraryFault absenceFault(const UnitAbsence& absence) {
     using Cause = UnitAbsence::Cause;
     const auto& [cause, what, words] = absence;
+    // Without a name the first radio that there is was meant.
+    const std::string name = what.empty() ? "" : " \"" + what + "\"";
     switch (cause) {
         case Cause::NoRadio:
-            return {"No se encuentra la radio \"" + what +
-                        "\". Compruebe que está conectada, que ningún otro programa la usa y que "
+            return {"No se encuentra la radio" + name +
+                        ". Compruebe que está conectada, que ningún otro programa la usa y que "
                         "está instalado su módulo de SoapySDR.",
-                    "The radio \"" + what +
-                        "\" was not found. Check that it is plugged in, that no other program uses "
+                    "The radio" + name +
+                        " was not found. Check that it is plugged in, that no other program uses "
                         "it and that its SoapySDR module is installed."};
         case Cause::NoSoapy:
-            return {"La radio \"" + what + "\" necesita SoapySDR, que no se puede cargar: " + words,
-                    "The radio \"" + what + "\" needs SoapySDR. " + words};
+            return {"La radio" + name + " necesita SoapySDR, que no se puede cargar: " + words,
+                    "The radio" + name + " needs SoapySDR. " + words};
         case Cause::BadRadio:
             return {"La radio no se puede usar como lo pide hm-16.ini: " + words,
                     "The radio cannot be used as hm-16.ini asks: " + words};

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "app/forms.h"
+#include "app/library_fault.h"
 #include "app/opened_driver.h"
 #include "core/files.h"
 #include "display/headless/headless_desktop.h"
@@ -126,6 +127,18 @@ TEST(Absence, AWrongSettingIsNamedInTheOffer) {
 TEST(Absence, AUnitThatSaysNothingOfItselfLeavesTheOfferAsItWas) {
     EXPECT_EQ(offered(HM16_SIMULATED, "version = 0\n"), "");
     EXPECT_EQ(offered(HM16_SIMULATED, ""), "no offer");
+}
+
+TEST(AbsenceFault, OfARadioWithoutANameShowsNoEmptyName) {
+    for (const auto cause : {UnitAbsence::Cause::NoSoapy, UnitAbsence::Cause::NoRadio}) {
+        const LibraryFault fault = absenceFault({cause, "", "It is not there."});
+        EXPECT_THAT(fault.spanish, StartsWith(cause == UnitAbsence::Cause::NoSoapy
+                                                  ? "La radio necesita SoapySDR"
+                                                  : "No se encuentra la radio. Compruebe"));
+        EXPECT_THAT(fault.english, StartsWith(cause == UnitAbsence::Cause::NoSoapy
+                                                  ? "The radio needs SoapySDR."
+                                                  : "The radio was not found. Check"));
+    }
 }
 
 }  // namespace
