@@ -154,4 +154,16 @@ class Feed {
     Recording recording{store};
 };
 
+/// Two minutes of a station on each of `days` days that lie `apart` seconds apart, each by a start
+/// of its own.
+inline void recordDaysApart(const std::filesystem::path& folder, std::int64_t begin, int days,
+                            std::int64_t apart) {
+    for (int day = 0; day < days; ++day) {
+        Feed feed(folder, begin + day * apart);
+        feed.tune();
+        feed.run(120, 60);
+        feed.stop();
+    }
+}
+
 }  // namespace history::test

@@ -237,12 +237,7 @@ TEST_F(StoreFaults, AnIndexThatIsDamagedInTheMiddleIsMadeAnewAtOnceAndCostsNoDay
     for (const char* table : {"span", "station", "event"}) {
         folder = temp.path() / table;
         const std::int64_t between = 4 * 86400;
-        for (int day = 0; day < 3; ++day) {
-            Feed feed(folder, begin + day * between);
-            feed.tune();
-            feed.run(120, 60);
-            feed.stop();
-        }
+        recordDaysApart(folder, begin, 3, between);
         std::int64_t rooted = 0;
         {
             Database index(folder / "index.sqlite", Access::Write);

@@ -216,12 +216,7 @@ TEST_F(StoreTest, AnIndexThatIsLostIsMadeAnewFromTheDays) {
 
 TEST_F(StoreTest, AnIndexWhoseMakingAnewWasCutShortIsMadeToItsEnd) {
     constexpr std::int64_t kBetween = 4 * 86400;
-    for (int day = 0; day < 4; ++day) {
-        Feed feed(folder, begin + day * kBetween);
-        feed.tune();
-        feed.run(120, 60);
-        feed.stop();
-    }
+    recordDaysApart(folder, begin, 4, kBetween);
     std::filesystem::remove(folder / "index.sqlite");
     const std::int64_t later = begin + 4 * kBetween;
     {
