@@ -6,6 +6,7 @@
 
 writes each key that was pressed into FILE and, below it, what was said then."""
 
+import contextlib
 import os
 import pathlib
 import queue
@@ -52,7 +53,9 @@ class Orca:
 
     def read(self):
         """Orca stands still while nobody reads."""
-        with open(self.ours, encoding="utf-8", errors="replace") as log:
+        # A terminal whose other end has gone ends by an error.
+        with open(self.ours, encoding="utf-8", errors="replace") as log, \
+                contextlib.suppress(OSError):
             for line in log:
                 self.lines.put(line)
 
